@@ -1,0 +1,51 @@
+// dynamic_cast down a single-inheritance chain: to the object's own class, to a class between, and to a sibling class
+// that the object is not. The compilers know nothing of the object that a pointer leads to.
+#include "bench.h"
+
+namespace {
+
+struct shape {
+  int value;
+  explicit shape(int v) : value(v) {}
+  virtual ~shape() {}
+};
+struct polygon : shape {
+  explicit polygon(int v) : shape(v) {}
+};
+struct rectangle : polygon {
+  explicit rectangle(int v) : polygon(v) {}
+};
+struct square : rectangle {
+  explicit square(int v) : rectangle(v) {}
+};
+struct ellipse : shape {
+  explicit ellipse(int v) : shape(v) {}
+};
+
+template <class target>
+BENCH_NOINLINE target* cast(shape* object) {
+  return dynamic_cast<target*>(object);
+}
+
+template <class target>
+unsigned long cast_loop(unsigned long iterations) {
+  square object(7);
+  unsigned long sum = 0;
+  for (unsigned long i = 0; i < iterations; ++i) {
+    shape* pointer = &object;
+    BENCH_OPAQUE(pointer);
+    target* found = cast<target>(pointer);
+    sum += found != 0 ? found->value : 1;
+  }
+  return sum;
+}
+
+const bench_case cases[] = {
+    {"dynamic_cast to the object's class", 1, 1, cast_loop<square>},
+    {"dynamic_cast to a class between", 1, 1, cast_loop<polygon>},
+    {"dynamic_cast that fails", 1, 1, cast_loop<ellipse>},
+};
+
+}  // namespace
+
+BENCH_MAIN(cases)

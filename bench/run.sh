@@ -1,0 +1,231 @@
+#!/bin/bash
+# Measures plx against its peers, the host's C++ library under g++ and under clang++: times of every case, then what
+# exception handling costs in instructions where nothing is thrown, then sizes, start-up and relocations of a hello.
+#
+#   bench/run.sh [NAME...]     NAME: a program (exceptions), part of a case's name ("append"), `instructions` or `size`
+#
+# PLX_PREFIX is the build tree or installed prefix to measure; without it only the peers run. BENCH_ROUNDS (7) runs of
+# every case are interleaved build by build, so that a machine that slows down slows all, and the medians compared.
+# A ratio is the better peer's time divided by ours: above 1 we are faster. Exits 1 when something could not be built
+# or run, or when builds of one case computed different results; never because of a time.
+set -u
+export LC_ALL=C
+source_dir=$(cd "$(dirname "$0")" && pwd)
+rounds=${BENCH_ROUNDS:-7}
+prefix=${PLX_PREFIX:-}
+work=$(mktemp -d "${TMPDIR:-/tmp}/plx-bench.XXXXXX")
+trap 'rm -rf "$work"' EXIT
+trap 'exit 130' INT TERM
+failures=0
+
+fail() {
+  echo "bench: $*" >&2
+  failures=$((failures + 1))
+}
+
+# The builds that take part; plx comes first when it is there.
+builds=()
+[ -n "$prefix" ] && builds+=(plx)
+command -v g++ > "$work/log" 2>&1 && builds+=(gcc)
+command -v clang++ > "$work/log" 2>&1 && builds+=(clang)
+if [ ${#builds[@]} -eq 0 ]; then
+  echo "bench: nothing to measure: no PLX_PREFIX, and neither g++ nor clang++ is installed" >&2
+  exit 1
+fi
+[ -z "$prefix" ] && echo "PLX_PREFIX is not set: only the peers are measured"
+
+# compile BUILD SOURCE OUTPUT: one program, with the same options everywhere.
+compile() {
+  local build=$1 source=$2 output=$3 compiler
+  case $build:$source in
+    plx:*.c) compiler=("$prefix/bin/plx-cc" -O2) ;;
+    plx:*) compiler=("$prefix/bin/plx-c++" -O2 -std=gnu++98) ;;
+    gcc:*) compiler=(g++ -m32 -O2 -std=gnu++98) ;;
+    clang:*) compiler=(clang++ -m32 -O2 -std=gnu++98) ;;
+  esac
+  "${compiler[@]}" "$source" -o "$output" 2> "$work/log" && return
+  fail "$source does not build with ${compiler[0]##*/}:"
+  head -5 "$work/log" >&2
+  return 1
+}
+
+# wanted NAME...: does one of these names meet the filter? Everything does when there is none.
+filter=("$@")
+wanted() {
+  [ ${#filter[@]} -eq 0 ] && return
+  local pattern name
+  for pattern in "${filter[@]}"; do
+    for name in "$@"; do [[ $name == *"$pattern"* ]] && return; done
+  done
+  return 1
+}
+
+# ---- Times ---------------------------------------------------------------------------------------------------------
+
+# program_of SOURCE -> its name; peer_source SOURCE -> what the peers build in its place.
+program_of() { local name=${1##*/}; echo "${name%.c*}"; }
+peer_source() { case $1 in *.c) echo "${1%.c}.peer.cpp" ;; *) echo "$1" ;; esac; }
+
+# Builds a program's source with each build, when the filter wants any of its cases.
+# Appends "program<TAB>case<TAB>target" to the plan.
+prepare() {
+  local source=$1 program build listed=
+  program=$(program_of "$source")
+  if [ ${#filter[@]} -gt 0 ] && ! wanted "$program"; then
+    # Only a case's name can still match: names stand in the source as string literals.
+    local literal found=
+    while read -r literal; do wanted "$literal" && found=1; done < <(grep -o '^ *{"[^,].*", [0-9]' "$source")
+    [ -z "$found" ] && return
+  fi
+  for build in "${builds[@]}"; do
+    local input=$source
+    [ "$build" != plx ] && input=$(peer_source "$source")
+    compile "$build" "$input" "$work/$program.$build" || continue
+    [ -z "$listed" ] && listed=$("$work/$program.$build" list)
+  done
+  local name target
+  while IFS=$'\t' read -r name target; do
+    [ -n "$name" ] && wanted "$program" "$name" && printf '%s\t%s\t%s\n' "$program" "$name" "$target" >> "$work/plan"
+  done <<< "$listed"
+}
+
+# Runs one case in every build, interleaved; appends "case<TAB>build<TAB>ns<TAB>checksum" lines to the results.
+measure() {
+  local program=$1 name=$2 round build line
+  for ((round = 0; round < rounds; ++round)); do
+    for build in "${builds[@]}"; do
+      [ -x "$work/$program.$build" ] || continue
+      if line=$(timeout 120 "$work/$program.$build" time "$name" 2> "$work/log"); then
+        printf '%s\t%s\t%s\n' "$name" "$build" "$line" >> "$work/results"
+      else
+        fail "$program, \"$name\": the $build build fails"
+        rm -f "$work/$program.$build"
+      fi
+    done
+  done
+}
+
+# One line of the table: medians, ratio, target; exit status 3 when the checksums differ.
+report_case() {
+  awk -F '\t' -v name="$1" -v target="$2" -v ratios="$work/ratios" '
+    $1 == name { values[$2] = values[$2] " " $3; if (sums != "" && sums != $4) differ = 1; sums = $4 }
+    function median(list,   v, n, i, k, t) {
+      n = split(list, v, " ")
+      for (i = 2; i <= n; ++i) for (k = i; k > 1 && v[k] + 0 < v[k - 1] + 0; --k) { t = v[k]; v[k] = v[k - 1]; v[k - 1] = t }
+      return n ? v[int((n + 1) / 2)] + 0 : -1
+    }
+    function shown(ns) { return ns < 0 ? "-" : sprintf(ns < 100 ? "%.2f" : "%.0f", ns) }
+    END {
+      ours = median(values["plx"]); gcc = median(values["gcc"]); clang = median(values["clang"])
+      best = gcc < 0 || (clang >= 0 && clang < gcc) ? clang : gcc
+      ratio = ours > 0 && best > 0 ? best / ours : 0
+      if (ratio) print ratio, ratio < target >> ratios
+      printf "%-50s %10s %10s %10s %8s %7s  %s\n", name, shown(ours), shown(gcc), shown(clang),
+             ratio ? sprintf("%.2f", ratio) : "-", target, ratio && ratio < target ? "behind" : ""
+      exit differ ? 3 : 0
+    }' "$work/results"
+}
+
+run_times() {
+  local source program name target current=
+  : > "$work/plan"; : > "$work/results"; : > "$work/ratios"
+  for source in "$source_dir"/*.cpp "$source_dir"/*.c; do
+    case $source in *.peer.cpp) ;; *) prepare "$source" ;; esac
+  done
+  [ -s "$work/plan" ] || return
+  printf '%-50s %10s %10s %10s %8s %7s\n' "ns per operation, median of $rounds" plx g++ clang++ ratio target
+  while IFS=$'\t' read -r program name target; do
+    [ "$program" != "$current" ] && echo "$program" && current=$program
+    measure "$program" "$name"
+    report_case "$name" "$target" || fail "$program, \"$name\": the builds computed different results"
+  done < "$work/plan"
+  awk '{ sum += log($1); behind += $2 } END { if (NR)
+    printf "geometric mean of %d ratios: %.2f; behind their target: %d\n", NR, exp(sum / NR), behind }' "$work/ratios"
+  echo
+}
+
+# ---- Instructions where nothing is thrown ---------------------------------------------------------------------------
+
+# instructions PROGRAM CASE N: what valgrind counts for N iterations.
+instructions() {
+  valgrind --tool=callgrind --callgrind-out-file=/dev/null "$1" repeat "$2" "$3" 2>&1 | awk '/Collected/ { print $4 }'
+}
+
+run_instructions() {
+  wanted instructions || return
+  if ! command -v valgrind > "$work/log" 2>&1; then
+    echo "instructions per call: skipped, valgrind is not installed"
+    return
+  fi
+  local build name few many
+  for build in "${builds[@]}"; do
+    [ -x "$work/frames.$build" ] || compile "$build" "$source_dir/frames.cpp" "$work/frames.$build"
+  done
+  printf '%-50s' "instructions per call"
+  printf ' %10s' "${builds[@]}"
+  echo
+  "$work/frames.${builds[-1]}" list | while IFS=$'\t' read -r name _; do
+    printf '%-50s' "$name"
+    for build in "${builds[@]}"; do
+      few=$(instructions "$work/frames.$build" "$name" 1000)
+      many=$(instructions "$work/frames.$build" "$name" 11000)
+      printf ' %10s' "$(awk -v few="$few" -v many="$many" 'BEGIN { if (few) printf "%.1f", (many - few) / 10000; else print "-" }')"
+    done
+    echo
+  done
+  echo
+}
+
+# ---- Sizes, start-up, relocations -----------------------------------------------------------------------------------
+
+# libraries PROGRAM: the C++ run-time libraries that it loads; the C library is common to all.
+libraries() { ldd "$1" | awk '$3 ~ /lib(plx|stdc\+\+|gcc_s|m)\.so/ { print $3 }'; }
+
+stripped_size() {
+  local file total=0
+  for file in "$@"; do
+    strip -o "$work/stripped" "$file" && total=$((total + $(wc -c < "$work/stripped")))
+  done
+  echo "$total"
+}
+
+relocations() {
+  local file
+  for file in "$@"; do readelf -rW "$file"; done | grep -c ' R_386_'
+}
+
+run_size() {
+  wanted size || return
+  local build files=() row
+  for build in "${builds[@]}"; do
+    compile "$build" "$source_dir/startup/hello.cpp" "$work/hello.$build" || return
+    strip "$work/hello.$build"
+    files+=("$work/hello.$build")
+  done
+  printf '%-50s' "a hello that throws, and its libraries"
+  printf ' %10s' "${builds[@]}"
+  echo
+  for row in "stripped libraries, bytes" "stripped hello, bytes" "relocations of the libraries" "relocations of hello"; do
+    printf '%-50s' "$row"
+    for build in "${builds[@]}"; do
+      case $row in
+        "stripped libraries, bytes") printf ' %10s' "$(stripped_size $(libraries "$work/hello.$build"))" ;;
+        "stripped hello, bytes") printf ' %10s' "$(wc -c < "$work/hello.$build")" ;;
+        "relocations of the libraries") printf ' %10s' "$(relocations $(libraries "$work/hello.$build"))" ;;
+        "relocations of hello") printf ' %10s' "$(relocations "$work/hello.$build")" ;;
+      esac
+    done
+    echo
+  done
+  "${CC:-cc}" -O2 "$source_dir/startup/spawn.c" -o "$work/spawn" || { fail "startup/spawn.c does not build"; return; }
+  printf '%-50s' "from fork to exit, microseconds (median of 400)"
+  "$work/spawn" 400 "${files[@]}" > "$work/startup" || fail "a hello fails"
+  printf ' %10s' $(cat "$work/startup")
+  echo
+}
+
+run_times
+run_instructions
+run_size
+[ "$failures" -eq 0 ] || echo "bench: $failures of the measurements failed" >&2
+[ "$failures" -eq 0 ]
