@@ -18,6 +18,7 @@ extern "C" {
 #endif
 
 #if defined(__GNUC__)
+#pragma GCC visibility push(default)
 #define PLX_NORETURN __attribute__((__noreturn__))
 #else
 #define PLX_NORETURN
@@ -485,6 +486,10 @@ PLX_DECLARE_TYPE(St9bad_alloc);
 PLX_DECLARE_TYPE(St8bad_cast);
 PLX_DECLARE_TYPE(St10bad_typeid);
 PLX_DECLARE_TYPE(St13bad_exception);
+
+#if defined(__GNUC__)
+#pragma GCC visibility pop
+#endif
 
 #ifdef __cplusplus
 }

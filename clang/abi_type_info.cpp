@@ -1,0 +1,54 @@
+// The classes of a compiler's type records. Their destructors are what makes the compiler emit the virtual tables that
+// every record points to, and here also the records of the fundamental types.
+
+#include "abi_type_info.h"
+
+#include "base_search.h"
+
+namespace __cxxabiv1 {
+
+abi_type_info::~abi_type_info() {}
+__fundamental_type_info::~__fundamental_type_info() {}
+__array_type_info::~__array_type_info() {}
+__function_type_info::~__function_type_info() {}
+__enum_type_info::~__enum_type_info() {}
+__class_type_info::~__class_type_info() {}
+__si_class_type_info::~__si_class_type_info() {}
+__vmi_class_type_info::~__vmi_class_type_info() {}
+__pbase_type_info::~__pbase_type_info() {}
+__pointer_type_info::~__pointer_type_info() {}
+__pointer_to_member_type_info::~__pointer_to_member_type_info() {}
+
+const __class_type_info *abi_type_info::as_class() const { return nullptr; }
+const __pbase_type_info *abi_type_info::as_any_pointer() const { return nullptr; }
+bool abi_type_info::is_function() const { return false; }
+
+bool __function_type_info::is_function() const { return true; }
+const __class_type_info *__class_type_info::as_class() const { return this; }
+const __pbase_type_info *__pbase_type_info::as_any_pointer() const { return this; }
+const abi_type_info *__pbase_type_info::member_of() const { return nullptr; }
+const abi_type_info *__pointer_to_member_type_info::member_of() const { return __context; }
+
+void __class_type_info::visit(a_base_search &search, char *object, bool is_public) const {
+  search.reached(this, object, is_public);
+}
+
+void __si_class_type_info::visit(a_base_search &search, char *object, bool is_public) const {
+  search.reached(this, object, is_public);
+  __base_type->visit(search, object, is_public);
+}
+
+void __vmi_class_type_info::visit(a_base_search &search, char *object, bool is_public) const {
+  search.reached(this, object, is_public);
+  for (unsigned int i = 0; i < __base_count; ++i) {
+    const __base_class_type_info &base = __base_info[i];
+    const long offset = base.__offset_flags >> __base_class_type_info::__offset_shift;
+    char *place = object + offset;
+    if (base.__offset_flags & __base_class_type_info::__virtual_mask)
+      place = search.virtual_base(object, offset, base.__base_type);
+    base.__base_type->visit(search, place,
+                            is_public && (base.__offset_flags & __base_class_type_info::__public_mask));
+  }
+}
+
+}  // namespace __cxxabiv1

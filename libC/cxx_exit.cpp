@@ -1,0 +1,6 @@
+// The exit(int) of C++ linkage. The C library's function of the same name is not in sight here.
+
+#include <plx/runtime.h>
+
+PLX_NORETURN __attribute__((__visibility__("default"))) void exit(int status);
+void exit(int status) { __pliv_exit(status); }

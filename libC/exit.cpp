@@ -1,0 +1,36 @@
+// Start-up and exit as generated code sees them.
+
+#include "eh_state.h"
+
+// The C library's own: in <stdlib.h> these names lead back to this file and to the needed-destruction list.
+extern "C" {
+[[noreturn]] void c_library_exit(int status) __asm__("exit");
+int c_library_atexit(void (*function)()) __asm__("atexit");
+[[noreturn]] void abort();
+}
+
+int __dtor_processing_scheduled;
+
+void __call_dtors() { __process_needed_destructions(); }
+
+// Constructors are run by the platform; this only makes sure of the destructors.
+void __call_ctors() {
+  if (!__dtor_processing_scheduled) __dtor_processing_scheduled = c_library_atexit(__call_dtors) == 0;
+}
+
+void _main() {
+  static bool main_called;
+  if (main_called) __main_called_more_than_once();
+  main_called = true;
+  __call_ctors();
+}
+
+void __main_called_more_than_once() { abort(); }
+
+void __pure_virtual_called() { abort(); }
+
+void __pliv_exit(int status) {
+  __eh_exit_processing();
+  __call_dtors();
+  c_library_exit(status);
+}

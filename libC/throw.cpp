@@ -1,0 +1,196 @@
+// A throw: search for a handler, unwind to it, jump. The search changes nothing but the throw's own state, so a
+// handler is known before the first destructor runs.
+//
+//   __curr_eh_stack_entry -> marker -> ... inner entries ... -> H -> ...       before
+//   __curr_eh_stack_entry -> marker -> H -> ...                                when H is reached
+//
+// The marker's link moves on before each entry is unwound, never back: cleanups of foreign frames run on the frame's
+// own stack and free what lies below, so no link may lead through entries that are done with.
+
+#include <setjmp.h>
+
+#include "foreign.h"
+
+using namespace __zor;
+
+namespace {
+
+// What clauses of generated code compare: described once, also for a foreign type.
+void describe(a_throw_stack_entry *thrown) {
+  if (!thrown->type) foreign_describe(state_of(thrown).native, &thrown->type, &thrown->flags);
+}
+
+void *thrown_value(a_throw_stack_entry *thrown) {
+  return thrown->flags & PLX_TYPE_POINTER ? *static_cast<void **>(thrown->object) : thrown->object;
+}
+
+int match_list(const an_exception_type_specification *list, a_throw_stack_entry *thrown, void **object) {
+  return match_specification(list, thrown->type, thrown->flags, thrown->qualifier_string, thrown->access_value,
+                             object);
+}
+
+// The exception would escape from code that must not be left: terminate on the stack as it stands.
+[[noreturn]] void stop_at(an_eh_stack_entry *entry, a_throw_stack_entry *thrown) {
+  __curr_eh_stack_entry = entry;
+  thrown->handled = 1;
+  if (entry->kind == PLX_EH_IN_PROGRESS) __exception_caught();
+  __call_terminate();
+}
+
+void search(a_throw_stack_entry *thrown) {
+  a_throw_state &state = state_of(thrown);
+  state.handler = nullptr;
+  for (an_eh_stack_entry *entry = thrown->marker.next; entry; entry = entry->next) {
+    switch (entry->kind) {
+      case eh_foreign_frame:
+        if (state.handler) break;
+        if (foreign_frame_search(entry, thrown)) {
+          state.handler = entry;
+          return;
+        }
+        break;
+      case PLX_EH_TRY_BLOCK: {
+        if (entry->body.try_block.handled_exception) break;
+        const an_exception_type_specification *list = entry->body.try_block.clause_list;
+        describe(thrown);
+        void *value = thrown_value(thrown);
+        int clause = list ? match_list(list, thrown, &value) : 1;
+        if (!clause) break;
+        if (!state.handler) {
+          state.handler = entry;
+          state.selector = clause;
+          state.adjusted = value;
+        }
+        // A try without a list keeps its match, but the search goes on.
+        if (list) return;
+        break;
+      }
+      case PLX_EH_SPECIFICATION: {
+        // After a try without a list the search could not end here; generated code never makes such a stack.
+        if (state.handler) assertion_failed(1003);
+        const an_exception_type_specification *list = entry->body.specification.allowed_list;
+        describe(thrown);
+        if (list && match_list(list, thrown, nullptr)) break;
+        state.handler = entry;
+        return;
+      }
+      case eh_unexpected_guard:
+        if (state.handler || !foreign_guard_stops(entry, thrown)) break;
+        state.handler = entry;
+        return;
+      case PLX_EH_IN_PROGRESS:
+        if (state.handler) assertion_failed(1003);
+        stop_at(entry, thrown);
+      case eh_terminate_barrier:
+        stop_at(entry, thrown);
+      case PLX_EH_FUNCTION:
+      case PLX_EH_ARRAY:
+        break;
+      default:
+        assertion_failed(1003);
+    }
+  }
+}
+
+void unwind_entry(an_eh_stack_entry *entry, a_throw_stack_entry *thrown) {
+  switch (entry->kind) {
+    case eh_foreign_frame:
+      foreign_frame_clean_up(entry, thrown);
+      break;
+    case PLX_EH_FUNCTION:
+      clean_up_regions(entry, __eh_curr_region, PLX_NO_REGION);
+      __eh_curr_region = entry->body.function.saved_region;
+      break;
+    case PLX_EH_ARRAY:
+      __cleanup_vec_new_or_delete(entry);
+      break;
+    case PLX_EH_TRY_BLOCK:
+      // The exception leaves a handler: what was caught there ends now, before the locals of that handler's function.
+      if (entry->body.try_block.handled_exception) release(entry->body.try_block.handled_exception);
+      break;
+    case PLX_EH_SPECIFICATION:
+    case PLX_EH_IN_PROGRESS:
+    case eh_unexpected_guard:
+      break;
+    default:
+      assertion_failed(1055);
+  }
+}
+
+[[noreturn]] void handle_in_try(an_eh_stack_entry *entry, a_throw_stack_entry *thrown) {
+  const a_throw_state &state = state_of(thrown);
+  const unsigned short region = entry->body.try_block.try_region;
+  if (__eh_curr_region != region) {
+    an_eh_stack_entry *function = entry->next;
+    while (function && function->kind != PLX_EH_FUNCTION) function = function->next;
+    if (function) clean_up_regions(function, __eh_curr_region, region);
+    __eh_curr_region = region;
+  }
+  if (__curr_eh_stack_entry != &thrown->marker) assertion_failed(1099);
+  thrown->handled = 1;
+  __catch_clause_number = state.selector;
+  if (thrown->flags & PLX_TYPE_POINTER) {
+    thrown->pointer_slot = state.adjusted;
+    __caught_object_address = &thrown->pointer_slot;
+  } else {
+    __caught_object_address = state.adjusted;
+  }
+  entry->body.try_block.handled_exception = thrown;
+  _longjmp(entry->body.try_block.jump_buffer, 1);
+}
+
+[[noreturn]] void enter_handler(an_eh_stack_entry *entry, a_throw_stack_entry *thrown) {
+  if (entry->kind == PLX_EH_TRY_BLOCK) handle_in_try(entry, thrown);
+  if (__curr_eh_stack_entry != &thrown->marker) assertion_failed(1099);
+  thrown->handled = 1;
+  if (entry->kind == eh_foreign_frame) foreign_frame_handle(entry, thrown);
+  __curr_eh_stack_entry = entry->next;
+  if (entry->kind == eh_unexpected_guard) foreign_guard_replace(entry, thrown);
+  begin_wait(thrown, a_pending_step::unexpected, entry->next);
+  __call_unexpected();
+}
+
+}  // namespace
+
+void __zor::resume_unwinding(a_throw_stack_entry *thrown) {
+  an_eh_stack_entry *handler = state_of(thrown).handler;
+  while (an_eh_stack_entry *entry = thrown->marker.next) {
+    if (pending_throws) end_waits_at(entry);
+    if (entry == handler) enter_handler(entry, thrown);
+    thrown->marker.next = entry->next;
+    unwind_entry(entry, thrown);
+  }
+  thrown->handled = 1;
+  __exception_caught();
+  __call_terminate();
+}
+
+void __zor::throw_exception(a_throw_stack_entry *thrown) {
+  if (!thrown->started) start(thrown);
+  thrown->thrown = 1;
+  if (__curr_eh_stack_entry != &thrown->marker) assertion_failed(916);
+  search(thrown);
+  resume_unwinding(thrown);
+}
+
+int __throw() {
+  a_throw_stack_entry *thrown = curr_throw_stack_entry;
+  if (!thrown) assertion_failed(916);
+  end_wait(thrown);
+  throw_exception(thrown);
+}
+
+void __rethrow() {
+  a_throw_stack_entry *source = exception_to_rethrow();
+  if (!source) __call_terminate();
+  throw_exception(push_rethrow(source));
+}
+
+void __internal_rethrow() {
+  __exception_caught();
+  __rethrow();
+}
+
+void __eh_exit_processing() { __curr_eh_stack_entry = nullptr; }
+
+void __suppress_optim_on_vars_in_try() { assertion_failed(1449); }

@@ -1,0 +1,18 @@
+// What a program that dies of an uncaught exception says.
+#pragma once
+
+#include "eh_state.h"
+
+namespace __zor {
+
+// Prints one line about the exception that was thrown last, if there is one, to standard error.
+void report_uncaught_exception();
+
+// The what() of an object of the given type, or null when the type is not derived from std::exception. Defined with
+// the exception classes, which stand above.
+const char *message_of(void *object, const a_type_info_impl *type);
+
+// Writes a foreign type's name as in source to `text`, or as the compiler encoded it when that is beyond it.
+void foreign_readable_name(const a_type_info_impl *native, char *text, size_t size);
+
+}  // namespace __zor
