@@ -50,8 +50,9 @@ bool inner_levels_convert(const abi_type_info *to, const abi_type_info *from, bo
                               outer_const && (to_pointer->__flags & __pbase_type_info::__const_mask));
 }
 
+// `handler` may be null: a handler of something else.
 bool catches_pointer(const __pbase_type_info *handler, const __pbase_type_info *thrown, void **pointer) {
-  if (!same_members_class(handler, thrown) || !qualification_adds(handler, thrown)) return false;
+  if (!handler || !same_members_class(handler, thrown) || !qualification_adds(handler, thrown)) return false;
   if (same_pointee(handler, thrown)) return true;
   const abi_type_info *to = handler->__pointee, *from = thrown->__pointee;
   if (!handler->member_of()) {
@@ -80,17 +81,17 @@ bool catches_null(const __pbase_type_info *handler, void **value) {
 }  // namespace
 
 bool catches(const abi_type_info *handler, const abi_type_info *thrown, void **value) {
-  if (const __pbase_type_info *thrown_pointer = thrown->as_any_pointer()) {
-    const bool is_member = thrown_pointer->member_of();
-    const __pbase_type_info *pointer = handler->as_any_pointer();
-    if (!pointer) return false;
-    // Handlers of pointers read the value itself, those of pointers to members the object.
-    void *result = is_member ? *value : *static_cast<void **>(*value);
-    if (handler != thrown && !catches_pointer(pointer, thrown_pointer, &result)) return false;
-    *value = result;
+  // Handlers of pointers read the value itself, all others the object. The encoded name tells fastest.
+  if (thrown->encoded_name()[0] == 'P') {
+    void *pointer = *static_cast<void **>(*value);
+    if (handler != thrown && !catches_pointer(handler->as_any_pointer(), thrown->as_any_pointer(), &pointer))
+      return false;
+    *value = pointer;
     return true;
   }
   if (same_record(handler, thrown)) return true;
+  if (const __pbase_type_info *member = thrown->as_any_pointer())
+    return catches_pointer(handler->as_any_pointer(), member, value);
   const __class_type_info *derived = thrown->as_class();
   if (const __class_type_info *base = derived ? handler->as_class() : nullptr)
     return convert_to_base(derived, [base](const __class_type_info *type) { return same_record(type, base); }, value);

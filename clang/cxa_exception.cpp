@@ -4,6 +4,7 @@
 #include <plx/config.h>
 
 #include "../libC/foreign.h"
+#include "../libC/throw_stack.h"
 #include "frame.h"
 
 using namespace __zor;
@@ -23,14 +24,6 @@ a_throw_stack_entry *unthrown(const void *object) {
   while (thrown && (thrown->object != object || thrown->thrown)) thrown = thrown->next;
   if (!thrown) assertion_failed(916);
   return thrown;
-}
-
-// Takes the marker from below the frame that was landed in.
-void unlink_marker(a_throw_stack_entry *thrown) {
-  a_throw_state &state = state_of(thrown);
-  if (!state.landed) return;
-  state.landed->next = thrown->marker.next;
-  state.landed = nullptr;
 }
 
 }  // namespace

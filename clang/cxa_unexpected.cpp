@@ -7,6 +7,7 @@
 #include <plx/config.h>
 
 #include "../libC/foreign.h"
+#include "../libC/throw_stack.h"
 #include "foreign_match.h"
 #include "frame.h"
 
@@ -65,10 +66,7 @@ extern "C" __attribute__((__visibility__("default"), __noreturn__)) void __cxa_c
   guard.entry.kind = eh_unexpected_guard;
   guard.allowed = state.filter;
   guard.types = state.filter_types;
-  if (state.landed) {
-    state.landed->next = thrown->marker.next;
-    state.landed = nullptr;
-  }
+  unlink_marker(thrown);
   guard.entry.next = __curr_eh_stack_entry;
   __curr_eh_stack_entry = &guard.entry;
   begin_wait(thrown, a_pending_step::unexpected, &guard.entry);

@@ -18,7 +18,7 @@ const abi_type_info *abi_record(const void *type) {
 
 }  // namespace
 
-bool catch_clause_matches(const void *clause, a_throw_stack_entry *thrown, void **adjusted) {
+bool catch_clause_matches_by_rules(const void *clause, a_throw_stack_entry *thrown, void **adjusted) {
   const a_type_info_impl *native = state_of(thrown).native;
   void *value = thrown->object;
   if (native) {

@@ -32,7 +32,7 @@ namespace {
 const int no_cleanup = -1;
 
 // Frame and stack pointer change under the compiler's feet, so the jump is one instruction sequence.
-[[noreturn]] void jump_to(a_function_context *context) {
+[[noreturn]] inline __attribute__((__always_inline__)) void jump_to(a_function_context *context) {
 #ifdef PLX_ADDRESS_SANITIZER
   __asan_handle_no_return();
 #endif
@@ -45,7 +45,7 @@ const int no_cleanup = -1;
   __builtin_unreachable();
 }
 
-[[noreturn]] void land(a_function_context *context, a_throw_stack_entry *thrown, int landing_pad, int selector) {
+[[noreturn]] inline __attribute__((__always_inline__)) void land(a_function_context *context, a_throw_stack_entry *thrown, int landing_pad, int selector) {
   auto *entry = reinterpret_cast<an_eh_stack_entry *>(&context->next);
   thrown->marker.next = context->next;
   context->next = &thrown->marker;

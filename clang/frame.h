@@ -48,4 +48,12 @@ inline void *exception_pointer(a_throw_stack_entry *thrown) {
   return static_cast<char *>(thrown->object) - exception_header;
 }
 
+// Takes the marker from below the frame that was landed in: the handler begins.
+inline void unlink_marker(a_throw_stack_entry *thrown) {
+  a_throw_state &state = state_of(thrown);
+  if (!state.landed) return;
+  state.landed->next = thrown->marker.next;
+  state.landed = nullptr;
+}
+
 }  // namespace __zor

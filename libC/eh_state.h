@@ -50,29 +50,10 @@ inline a_throw_state &state_of(a_throw_stack_entry *thrown) {
   return *reinterpret_cast<a_throw_state *>(&thrown->marker.body);
 }
 
-extern a_throw_stack_entry *curr_throw_stack_entry;
-extern a_throw_stack_entry *pending_throws;  // entries with a wait, newest first
 extern int terminate_called;
 
 // Prints the runtime's assertion message with the line number that the contract gives the condition, and aborts.
 [[noreturn]] void assertion_failed(int line);
-
-// Exception memory; see eh_memory.cpp.
-void *eh_alloc_on_stack(unsigned int bytes);
-void eh_free_on_stack(void *piece);
-
-// The throw stack; see throw_stack.cpp.
-a_throw_stack_entry *push_throw(const a_type_info_impl *type, a_destructor destructor, unsigned char flags,
-                                void *object);
-a_throw_stack_entry *push_rethrow(a_throw_stack_entry *source);
-a_throw_stack_entry *exception_to_rethrow();  // null: none is being handled
-void start(a_throw_stack_entry *thrown);
-void release(a_throw_stack_entry *thrown);
-void abandon(a_throw_stack_entry *thrown);
-void free_finished_throws();
-void begin_wait(a_throw_stack_entry *thrown, a_pending_step step, an_eh_stack_entry *base);
-void end_wait(a_throw_stack_entry *thrown);
-void end_waits_at(an_eh_stack_entry *reached);  // unwinding has reached this entry
 
 // Searches, unwinds and jumps; see throw.cpp. `resume_unwinding` goes on after a foreign frame's cleanup.
 [[noreturn]] void throw_exception(a_throw_stack_entry *thrown);

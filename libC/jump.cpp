@@ -6,7 +6,7 @@
 
 #include <plx/config.h>
 
-#include "eh_state.h"
+#include "throw_stack.h"
 
 using namespace __zor;
 

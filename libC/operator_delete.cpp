@@ -10,5 +10,5 @@ void operator delete(void *block, const std::nothrow_t &) PLX_NOTHROW { operator
 void operator delete[](void *block, const std::nothrow_t &) PLX_NOTHROW { operator delete[](block); }
 
 // Called by code of gnu++14 and later; a program that replaces the plain form gets these through it.
-PLX_API void operator delete(void *block, size_t) PLX_NOTHROW { operator delete(block); }
-PLX_API void operator delete[](void *block, size_t) PLX_NOTHROW { operator delete[](block); }
+void operator delete(void *block, size_t) PLX_NOTHROW { operator delete(block); }
+void operator delete[](void *block, size_t) PLX_NOTHROW { operator delete[](block); }

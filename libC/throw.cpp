@@ -10,6 +10,7 @@
 #include <setjmp.h>
 
 #include "foreign.h"
+#include "throw_stack.h"
 
 using namespace __zor;
 
@@ -41,14 +42,13 @@ void search(a_throw_stack_entry *thrown) {
   a_throw_state &state = state_of(thrown);
   state.handler = nullptr;
   for (an_eh_stack_entry *entry = thrown->marker.next; entry; entry = entry->next) {
+    // Before the switch: most entries of C++ programs are of this kind.
+    if (entry->kind == eh_foreign_frame) {
+      if (state.handler || !foreign_frame_search(entry, thrown)) continue;
+      state.handler = entry;
+      return;
+    }
     switch (entry->kind) {
-      case eh_foreign_frame:
-        if (state.handler) break;
-        if (foreign_frame_search(entry, thrown)) {
-          state.handler = entry;
-          return;
-        }
-        break;
       case PLX_EH_TRY_BLOCK: {
         if (entry->body.try_block.handled_exception) break;
         const an_exception_type_specification *list = entry->body.try_block.clause_list;
@@ -92,11 +92,8 @@ void search(a_throw_stack_entry *thrown) {
   }
 }
 
-void unwind_entry(an_eh_stack_entry *entry, a_throw_stack_entry *thrown) {
+void unwind_entry(an_eh_stack_entry *entry) {
   switch (entry->kind) {
-    case eh_foreign_frame:
-      foreign_frame_clean_up(entry, thrown);
-      break;
     case PLX_EH_FUNCTION:
       clean_up_regions(entry, __eh_curr_region, PLX_NO_REGION);
       __eh_curr_region = entry->body.function.saved_region;
@@ -125,9 +122,8 @@ void unwind_entry(an_eh_stack_entry *entry, a_throw_stack_entry *thrown) {
     while (function && function->kind != PLX_EH_FUNCTION) function = function->next;
     if (function) clean_up_regions(function, __eh_curr_region, region);
     __eh_curr_region = region;
+    if (__curr_eh_stack_entry != &thrown->marker) assertion_failed(1099);
   }
-  if (__curr_eh_stack_entry != &thrown->marker) assertion_failed(1099);
-  thrown->handled = 1;
   __catch_clause_number = state.selector;
   if (thrown->flags & PLX_TYPE_POINTER) {
     thrown->pointer_slot = state.adjusted;
@@ -140,10 +136,10 @@ void unwind_entry(an_eh_stack_entry *entry, a_throw_stack_entry *thrown) {
 }
 
 [[noreturn]] void enter_handler(an_eh_stack_entry *entry, a_throw_stack_entry *thrown) {
-  if (entry->kind == PLX_EH_TRY_BLOCK) handle_in_try(entry, thrown);
   if (__curr_eh_stack_entry != &thrown->marker) assertion_failed(1099);
   thrown->handled = 1;
   if (entry->kind == eh_foreign_frame) foreign_frame_handle(entry, thrown);
+  if (entry->kind == PLX_EH_TRY_BLOCK) handle_in_try(entry, thrown);
   __curr_eh_stack_entry = entry->next;
   if (entry->kind == eh_unexpected_guard) foreign_guard_replace(entry, thrown);
   begin_wait(thrown, a_pending_step::unexpected, entry->next);
@@ -158,7 +154,10 @@ void __zor::resume_unwinding(a_throw_stack_entry *thrown) {
     if (pending_throws) end_waits_at(entry);
     if (entry == handler) enter_handler(entry, thrown);
     thrown->marker.next = entry->next;
-    unwind_entry(entry, thrown);
+    if (entry->kind == eh_foreign_frame)
+      foreign_frame_clean_up(entry, thrown);
+    else
+      unwind_entry(entry);
   }
   thrown->handled = 1;
   __exception_caught();

@@ -1,13 +1,6 @@
-// The throw stack: one entry for each exception object that exists, whether under construction, in flight, being
-// handled or thrown again. Entries are pushed by the setup calls and by rethrows, give up their reference when their
-// handler ends, and are freed once they are on top.
-//
-// Code that runs on behalf of an entry (the construction of its object, the unexpected handler, its destructor) can be
-// left by a newer exception. Each such entry waits at the head that the eh stack had then; unwinding that reaches this
-// point ends the wait. Comparing positions while unwinding, not addresses of try blocks later, is what makes it safe:
-// a later call may well put another try block at the same stack address.
+// The rarer operations of the throw stack, and the entry points of generated code that work on it.
 
-#include "eh_state.h"
+#include "throw_stack.h"
 
 namespace __zor {
 
@@ -30,9 +23,10 @@ void end_wait(a_throw_stack_entry *thrown) {
 }
 
 void end_waits_at(an_eh_stack_entry *reached) {
-  while (pending_throws && state_of(pending_throws).base == reached) {
-    a_throw_stack_entry *thrown = pending_throws;
-    a_pending_step step = state_of(thrown).step;
+  for (a_throw_stack_entry *thrown = pending_throws, *next; thrown; thrown = next) {
+    next = state_of(thrown).next_pending;
+    if (state_of(thrown).base != reached) continue;
+    const a_pending_step step = state_of(thrown).step;
     end_wait(thrown);
     if (step == a_pending_step::construction) abandon(thrown);
     if (step == a_pending_step::unexpected) release(thrown);
@@ -47,36 +41,10 @@ an_eh_stack_entry *innermost_idle_try() {
   return entry;
 }
 
-a_throw_stack_entry *push(const a_type_info_impl *type, a_destructor destructor, unsigned char flags, void *object) {
-  auto *thrown = static_cast<a_throw_stack_entry *>(eh_alloc_on_stack(sizeof(a_throw_stack_entry)));
-  thrown->next = curr_throw_stack_entry;
-  thrown->type = type;
-  thrown->destructor = destructor;
-  thrown->flags = flags;
-  thrown->qualifier_string = nullptr;
-  thrown->object = object;
-  thrown->pointer_slot = nullptr;
-  thrown->catch_context = nullptr;
-  thrown->source = nullptr;
-  thrown->reference_count = 1;
-  thrown->is_rethrow = thrown->released = thrown->destroyed = thrown->handled = thrown->started = thrown->thrown = 0;
-  thrown->access_value = 0;
-  thrown->marker.next = nullptr;
-  thrown->marker.kind = PLX_EH_IN_PROGRESS;
-  a_throw_state &state = state_of(thrown);
-  state.handler = nullptr;
-  state.step = a_pending_step::none;
-  state.caught = false;
-  state.native = nullptr;
-  state.landed = nullptr;
-  curr_throw_stack_entry = thrown;
-  return thrown;
-}
-
 void *set_up(const a_type_info_impl *type, int size, unsigned char flags, a_destructor destructor) {
   // A negative size is no size; as an unsigned one it is refused.
   void *object = eh_alloc_on_stack(static_cast<unsigned int>(size));
-  a_throw_stack_entry *thrown = push(type, destructor, flags, object);
+  a_throw_stack_entry *thrown = push_throw(type, destructor, flags, object);
   thrown->catch_context = innermost_idle_try();
   begin_wait(thrown, a_pending_step::construction, __curr_eh_stack_entry);
   return object;
@@ -84,13 +52,8 @@ void *set_up(const a_type_info_impl *type, int size, unsigned char flags, a_dest
 
 }  // namespace
 
-a_throw_stack_entry *push_throw(const a_type_info_impl *type, a_destructor destructor, unsigned char flags,
-                                void *object) {
-  return push(type, destructor, flags, object);
-}
-
 a_throw_stack_entry *push_rethrow(a_throw_stack_entry *source) {
-  a_throw_stack_entry *thrown = push(source->type, source->destructor, source->flags, source->object);
+  a_throw_stack_entry *thrown = push_throw(source->type, source->destructor, source->flags, source->object);
   thrown->qualifier_string = source->qualifier_string;
   thrown->access_value = source->access_value;
   thrown->catch_context = innermost_idle_try();
@@ -108,21 +71,9 @@ a_throw_stack_entry *exception_to_rethrow() {
   return thrown;
 }
 
-void start(a_throw_stack_entry *thrown) {
-  thrown->marker.next = __curr_eh_stack_entry;
-  __curr_eh_stack_entry = &thrown->marker;
-  thrown->started = 1;
-}
-
-void release(a_throw_stack_entry *thrown) {
-  if (thrown->released) return;
-  thrown->released = 1;
-  a_throw_stack_entry *owner = thrown->is_rethrow ? thrown->source : thrown;
-  if (--owner->reference_count != 0 || owner->destroyed) return;
-  owner->destroyed = 1;
-  if (!owner->thrown || (owner->flags & PLX_TYPE_POINTER) || !owner->destructor) return;
-  // The destructor may throw and handle an exception of its own, whose end frees what is finished above the first
-  // entry that waits. Waiting keeps the object that is being destroyed.
+// The destructor may throw and handle an exception of its own, whose end frees what is finished down to the first entry
+// that waits. Waiting keeps the object that is being destroyed.
+void destroy_object(a_throw_stack_entry *owner) {
   begin_wait(owner, a_pending_step::destruction, __curr_eh_stack_entry);
   owner->destructor(owner->object, 2);
   end_wait(owner);
@@ -131,18 +82,6 @@ void release(a_throw_stack_entry *thrown) {
 void abandon(a_throw_stack_entry *thrown) {
   thrown->released = thrown->destroyed = 1;
   thrown->reference_count = 0;
-}
-
-void free_finished_throws() {
-  while (a_throw_stack_entry *thrown = curr_throw_stack_entry) {
-    if (!thrown->released || state_of(thrown).step != a_pending_step::none) break;
-    if (!thrown->is_rethrow && !thrown->destroyed) assertion_failed(1399);
-    curr_throw_stack_entry = thrown->next;
-    bool owns_object = !thrown->is_rethrow;
-    void *object = thrown->object;
-    eh_free_on_stack(thrown);
-    if (owns_object) eh_free_on_stack(object);
-  }
 }
 
 }  // namespace __zor

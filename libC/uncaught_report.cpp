@@ -7,6 +7,7 @@
 #include <unistd.h>
 
 #include "foreign.h"
+#include "throw_stack.h"
 
 namespace __zor {
 namespace {

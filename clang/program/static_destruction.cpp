@@ -32,7 +32,6 @@ extern "C" __attribute__((__visibility__("hidden"))) int __cxa_atexit(void (*des
                                                                        void *) {
   a_needed_destruction *record = new_record();
   if (!record) return -1;
-  __call_ctors();
   record->object = object;
   record->destructor = reinterpret_cast<a_destructor>(destructor);
   __record_needed_destruction(record);

@@ -1,0 +1,84 @@
+// The throw stack: one entry for each exception object that exists, whether under construction, in flight, being
+// handled or thrown again. Entries are pushed by the setup calls and by rethrows, give up their reference when their
+// handler ends, and are freed once they are on top.
+//
+// Code that runs on behalf of an entry (the construction of its object, the unexpected handler, its destructor) can be
+// left by a newer exception. Each such entry waits at the head that the eh stack had then; unwinding that reaches this
+// point ends the wait. Comparing positions while unwinding, not addresses of try blocks later, is what makes it safe:
+// a later call may well put another try block at the same stack address.
+//
+// What every throw does is inline.
+#pragma once
+
+#include "eh_memory.h"
+#include "eh_state.h"
+
+namespace __zor {
+
+extern a_throw_stack_entry *curr_throw_stack_entry;
+extern a_throw_stack_entry *pending_throws;  // entries with a wait, newest first
+
+a_throw_stack_entry *push_rethrow(a_throw_stack_entry *source);
+a_throw_stack_entry *exception_to_rethrow();  // null: none is being handled
+void abandon(a_throw_stack_entry *thrown);
+void begin_wait(a_throw_stack_entry *thrown, a_pending_step step, an_eh_stack_entry *base);
+void end_wait(a_throw_stack_entry *thrown);
+void end_waits_at(an_eh_stack_entry *reached);  // unwinding has reached this entry
+void destroy_object(a_throw_stack_entry *owner);
+
+inline a_throw_stack_entry *push_throw(const a_type_info_impl *type, a_destructor destructor, unsigned char flags,
+                                       void *object) {
+  auto *thrown = static_cast<a_throw_stack_entry *>(eh_alloc_on_stack(sizeof(a_throw_stack_entry)));
+  thrown->next = curr_throw_stack_entry;
+  thrown->type = type;
+  thrown->destructor = destructor;
+  thrown->flags = flags;
+  thrown->qualifier_string = nullptr;
+  thrown->object = object;
+  thrown->pointer_slot = nullptr;
+  thrown->catch_context = nullptr;
+  thrown->source = nullptr;
+  thrown->reference_count = 1;
+  thrown->is_rethrow = thrown->released = thrown->destroyed = thrown->handled = 0;
+  thrown->started = thrown->thrown = thrown->access_value = 0;
+  thrown->marker.next = nullptr;
+  thrown->marker.kind = PLX_EH_IN_PROGRESS;
+  a_throw_state &state = state_of(thrown);
+  state.step = a_pending_step::none;
+  state.caught = false;
+  state.native = nullptr;
+  state.landed = nullptr;
+  curr_throw_stack_entry = thrown;
+  return thrown;
+}
+
+inline void start(a_throw_stack_entry *thrown) {
+  thrown->marker.next = __curr_eh_stack_entry;
+  __curr_eh_stack_entry = &thrown->marker;
+  thrown->started = 1;
+}
+
+// The entry gives up its reference; the last one takes the object with it.
+inline void release(a_throw_stack_entry *thrown) {
+  if (thrown->released) return;
+  thrown->released = 1;
+  a_throw_stack_entry *owner = thrown->is_rethrow ? thrown->source : thrown;
+  if (--owner->reference_count != 0 || owner->destroyed) return;
+  owner->destroyed = 1;
+  if (owner->thrown && owner->destructor && !(owner->flags & PLX_TYPE_POINTER)) destroy_object(owner);
+}
+
+// Frees what is finished, from the top down to the first entry that is not.
+inline void free_finished_throws() {
+  while (a_throw_stack_entry *thrown = curr_throw_stack_entry) {
+    if (!thrown->released || state_of(thrown).step != a_pending_step::none) break;
+    const bool owns_object = !thrown->is_rethrow;
+    if (owns_object && !thrown->destroyed) assertion_failed(1399);
+    void *object = thrown->object;
+    curr_throw_stack_entry = thrown->next;
+    eh_free_on_stack(thrown);
+    if (owns_object) eh_free_on_stack(object);
+  }
+}
+
+}  // namespace __zor
