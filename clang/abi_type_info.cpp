@@ -3,8 +3,6 @@
 
 #include "abi_type_info.h"
 
-#include "base_search.h"
-
 namespace __cxxabiv1 {
 
 abi_type_info::~abi_type_info() {}
@@ -28,27 +26,5 @@ const __class_type_info *__class_type_info::as_class() const { return this; }
 const __pbase_type_info *__pbase_type_info::as_any_pointer() const { return this; }
 const abi_type_info *__pbase_type_info::member_of() const { return nullptr; }
 const abi_type_info *__pointer_to_member_type_info::member_of() const { return __context; }
-
-void __class_type_info::visit(a_base_search &search, char *object, bool is_public) const {
-  search.reached(this, object, is_public);
-}
-
-void __si_class_type_info::visit(a_base_search &search, char *object, bool is_public) const {
-  search.reached(this, object, is_public);
-  __base_type->visit(search, object, is_public);
-}
-
-void __vmi_class_type_info::visit(a_base_search &search, char *object, bool is_public) const {
-  search.reached(this, object, is_public);
-  for (unsigned int i = 0; i < __base_count; ++i) {
-    const __base_class_type_info &base = __base_info[i];
-    const long offset = base.__offset_flags >> __base_class_type_info::__offset_shift;
-    char *place = object + offset;
-    if (base.__offset_flags & __base_class_type_info::__virtual_mask)
-      place = search.virtual_base(object, offset, base.__base_type);
-    base.__base_type->visit(search, place,
-                            is_public && (base.__offset_flags & __base_class_type_info::__public_mask));
-  }
-}
 
 }  // namespace __cxxabiv1

@@ -41,24 +41,17 @@ public:
   ~__enum_type_info() override;
 };
 
-// What a search for base classes gathers; see base_search.cpp.
-struct a_base_search;
-
-// A class without bases.
+// A class without bases. base_search.h walks over the bases of the other two.
 class PLX_API __class_type_info : public abi_type_info {
 public:
   ~__class_type_info() override;
   const __class_type_info *as_class() const override;
-
-  // Reports every base subobject, this one first. `object` may be null: then addresses are not computed.
-  virtual void visit(a_base_search &search, char *object, bool is_public) const;
 };
 
 // A class with one base: public, not virtual, at offset 0.
 class PLX_API __si_class_type_info : public __class_type_info {
 public:
   ~__si_class_type_info() override;
-  void visit(a_base_search &search, char *object, bool is_public) const override;
 
   const __class_type_info *__base_type;
 };
@@ -73,7 +66,6 @@ struct __base_class_type_info {
 class PLX_API __vmi_class_type_info : public __class_type_info {
 public:
   ~__vmi_class_type_info() override;
-  void visit(a_base_search &search, char *object, bool is_public) const override;
 
   unsigned int __flags;
   unsigned int __base_count;

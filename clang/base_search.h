@@ -1,41 +1,58 @@
 // Walks over the base classes that a compiler's record describes. A walk reports every path to every subobject; who
-// walks decides what it looks for.
+// walks decides what it looks for. Used by catching, in the shared object, and by dynamic_cast, in the program.
 #pragma once
 
 #include "abi_type_info.h"
 
+extern "C" __attribute__((__visibility__("default"))) const void *const _ZTVN10__cxxabiv120__si_class_type_infoE[];
+extern "C" __attribute__((__visibility__("default"))) const void *const _ZTVN10__cxxabiv121__vmi_class_type_infoE[];
+
 namespace __cxxabiv1 {
 
-struct a_base_search {
-  // Without an object a walk still tells subobjects apart: it counts offsets from a made-up address, and a virtual
-  // base, which there is only one of, stands at the address of its own record.
-  explicit a_base_search(const void *object) : has_object_(object != nullptr) {}
-
-  virtual void reached(const __class_type_info *type, char *object, bool is_public) = 0;
-
-  char *virtual_base(char *object, long offset_in_table, const __class_type_info *base) const {
-    if (!has_object_) return reinterpret_cast<char *>(const_cast<__class_type_info *>(base));
-    const char *table = *reinterpret_cast<const char **>(object);
-    return object + *reinterpret_cast<const long *>(table + offset_in_table);
-  }
-
-protected:
-  ~a_base_search() = default;
-
-private:
-  bool has_object_;
-};
+// The virtual table of a record, which tells its class without a call.
+inline const void *const *table_of(const void *record) { return *static_cast<const void *const *const *>(record) - 2; }
 
 // Whether two records of a compiler are of one type. Name objects are unique in a program.
 inline bool same_record(const abi_type_info *left, const abi_type_info *right) {
   return left == right || left->encoded_name() == right->encoded_name();
 }
 
-// Finds the one base that `Target` recognises: public, and not ambiguous.
-template <class Target> struct a_conversion_search : a_base_search {
-  a_conversion_search(Target target, void *object) : a_base_search(object), target_(target) {}
+// Calls search.reached(class, address, whether public) for the class and for each of its base subobjects, on every
+// path. Without an object it still tells subobjects apart: it counts offsets from a made-up address, and a virtual
+// base, which there is only one of, stands at the address of its own record.
+template <class Search>
+void visit_bases(const __class_type_info *type, char *object, bool has_object, bool is_public, Search &search) {
+  for (;;) {
+    search.reached(type, object, is_public);
+    const void *const *table = table_of(type);
+    if (table == _ZTVN10__cxxabiv120__si_class_type_infoE) {
+      type = static_cast<const __si_class_type_info *>(type)->__base_type;
+      continue;
+    }
+    if (table != _ZTVN10__cxxabiv121__vmi_class_type_infoE) return;
+    const auto *derived = static_cast<const __vmi_class_type_info *>(type);
+    for (unsigned int i = 0; i < derived->__base_count; ++i) {
+      const __base_class_type_info &base = derived->__base_info[i];
+      long offset = base.__offset_flags >> __base_class_type_info::__offset_shift;
+      char *place = object + offset;
+      if (base.__offset_flags & __base_class_type_info::__virtual_mask) {
+        if (has_object)
+          place = object + *reinterpret_cast<const long *>(*reinterpret_cast<const char **>(object) + offset);
+        else
+          place = reinterpret_cast<char *>(const_cast<__class_type_info *>(base.__base_type));
+      }
+      visit_bases(base.__base_type, place, has_object,
+                  is_public && (base.__offset_flags & __base_class_type_info::__public_mask), search);
+    }
+    return;
+  }
+}
 
-  void reached(const __class_type_info *type, char *object, bool is_public) override {
+// Finds the one base that `Target` recognises: public, and not ambiguous.
+template <class Target> struct a_conversion_search {
+  explicit a_conversion_search(Target target) : target_(target) {}
+
+  void reached(const __class_type_info *type, char *object, bool is_public) {
     if (!target_(type)) return;
     if (found_ && found_ != object) is_ambiguous_ = true;
     found_ = object;
@@ -52,10 +69,10 @@ template <class Target> struct a_conversion_search : a_base_search {
 
 // Converts *object, which may be null, to the base; leaves it alone on failure.
 template <class Target> bool convert_to_base(const __class_type_info *from, Target target, void **object) {
-  a_conversion_search<Target> search(target, *object);
+  a_conversion_search<Target> search(target);
   char *start = static_cast<char *>(*object);
   if (!start) start = reinterpret_cast<char *>(const_cast<__class_type_info *>(from));
-  from->visit(search, start, true);
+  visit_bases(from, start, *object != nullptr, true, search);
   if (!search.succeeded()) return false;
   if (*object) *object = search.found_;
   return true;

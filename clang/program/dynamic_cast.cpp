@@ -11,12 +11,8 @@ using namespace __cxxabiv1;
 extern "C" void *__zor_dynamic_cast(void *object, const a_virtual_table_slot *slot, const a_type_info_impl *target);
 
 extern "C" const void *const _ZTVN10__cxxabiv117__class_type_infoE[];
-extern "C" const void *const _ZTVN10__cxxabiv120__si_class_type_infoE[];
-extern "C" const void *const _ZTVN10__cxxabiv121__vmi_class_type_infoE[];
 
 namespace {
-
-const void *const *table_of(const void *record) { return *static_cast<const void *const *const *>(record) - 2; }
 
 // Generated code passes a slot where C++ passes a class's record; a slot begins with a small number.
 bool is_class_record(const void *record) {
@@ -25,55 +21,52 @@ bool is_class_record(const void *record) {
          table == _ZTVN10__cxxabiv121__vmi_class_type_infoE;
 }
 
+// Whether, and how, an object of some class has the source as a base.
+struct a_source_search {
+  void reached(const __class_type_info *type, const char *object, bool is_public) {
+    if (object != source_object || !same_record(type, source)) return;
+    found = true;
+    found_publicly |= is_public;
+  }
+
+  const __class_type_info *source;
+  const char *source_object;
+  bool found;
+  bool found_publicly;
+};
+
 // The 1998 rules (5.2.7): if the source is a public base of exactly one target object, that object; else, if the
 // source is a public base of the complete object and the target an unambiguous public base of it, that base.
-struct a_cast : a_base_search {
-  a_cast(const __class_type_info *source, const char *source_object, const __class_type_info *target)
-      : a_base_search(source_object), source_(source), source_object_(source_object), target_(target) {}
-
-  void reached(const __class_type_info *type, char *object, bool is_public) override {
-    if (same_record(type, source_) && object == source_object_) source_is_public_ |= is_public;
-    if (!same_record(type, target_)) return;
-    if (target_object_ && target_object_ != object) target_is_ambiguous_ = true;
-    if (target_object_ != object) look_below(type, object);
-    target_object_ = object;
-    target_is_public_ |= is_public;
+struct a_cast {
+  void reached(const __class_type_info *type, char *object, bool is_public) {
+    whole.reached(type, object, is_public);
+    if (!same_record(type, target)) return;
+    if (object != target_object) {
+      target_is_ambiguous |= target_object != nullptr;
+      a_source_search below = {whole.source, whole.source_object, false, false};
+      visit_bases(type, object, true, true, below);
+      if (below.found) {
+        several_contain |= containing && containing != object;
+        containing = object;
+        contained_publicly |= below.found_publicly;
+      }
+    }
+    target_object = object;
+    target_is_public |= is_public;
   }
 
   void *result() const {
-    if (containing_ && !several_contain_ && contained_publicly_) return containing_;
-    if (source_is_public_ && target_object_ && !target_is_ambiguous_ && target_is_public_) return target_object_;
+    if (containing && !several_contain && contained_publicly) return containing;
+    if (whole.found_publicly && target_object && !target_is_ambiguous && target_is_public) return target_object;
     return nullptr;
   }
 
-private:
-  // Whether the source is a base of this target object.
-  void look_below(const __class_type_info *type, char *object) {
-    struct a_look : a_base_search {
-      a_look(const a_cast &cast) : a_base_search(cast.source_object_), cast_(cast) {}
-      void reached(const __class_type_info *below, char *place, bool is_public) override {
-        if (!same_record(below, cast_.source_) || place != cast_.source_object_) return;
-        found_ = true;
-        is_public_ |= is_public;
-      }
-      const a_cast &cast_;
-      bool found_ = false, is_public_ = false;
-    } look(*this);
-    type->visit(look, object, true);
-    if (!look.found_) return;
-    if (containing_ && containing_ != object) several_contain_ = true;
-    containing_ = object;
-    contained_publicly_ |= look.is_public_;
-  }
-
-  const __class_type_info *source_;
-  const char *source_object_;
-  const __class_type_info *target_;
-  bool source_is_public_ = false;
-  char *target_object_ = nullptr;
-  bool target_is_public_ = false, target_is_ambiguous_ = false;
-  char *containing_ = nullptr;
-  bool several_contain_ = false, contained_publicly_ = false;
+  a_source_search whole;  // the source in the complete object
+  const __class_type_info *target;
+  char *target_object;
+  bool target_is_public, target_is_ambiguous;
+  char *containing;
+  bool several_contain, contained_publicly;
 };
 
 // With single inheritance all the way every subobject has one address, and the answer is in the chain: the target
@@ -117,7 +110,7 @@ extern "C" __attribute__((__visibility__("hidden"))) void *__dynamic_cast(const 
 
   void *result;
   if (complete == place && cast_along_chain(dynamic, source, target, complete, &result)) return result;
-  a_cast cast(source, place, target);
-  dynamic->visit(cast, complete, true);
+  a_cast cast = {{source, place, false, false}, target, nullptr, false, false, nullptr, false, false};
+  visit_bases(dynamic, complete, true, true, cast);
   return cast.result();
 }
