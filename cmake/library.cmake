@@ -1,0 +1,40 @@
+# libplx.so.3: every source of the library's folders, in one shared object that stands on the C library only.
+
+set(PLX_FOLDERS libC exceptions string containers locale iostream clang)
+list(TRANSFORM PLX_FOLDERS APPEND /*.cpp OUTPUT_VARIABLE PLX_GLOBS)
+file(GLOB PLX_SOURCES CONFIGURE_DEPENDS RELATIVE ${CMAKE_SOURCE_DIR} ${PLX_GLOBS})
+file(GLOB_RECURSE PLX_HEADERS CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/include/*)
+
+# The processor that everything may count on; whatever needs more asks the processor at run time.
+set(PLX_TARGET_FLAGS -m32 -march=i686 -mtune=generic)
+set(PLX_CXX_FLAGS -fno-exceptions -fvisibility=hidden -fvisibility-inlines-hidden -fno-threadsafe-statics
+    -nostdinc++ -ffunction-sections -fdata-sections)
+set(PLX_WARNINGS -Wall -Wextra -Werror -Wundef -Wvla -Wpointer-arith -Wnon-virtual-dtor)
+
+add_library(plx SHARED ${PLX_SOURCES})
+target_compile_features(plx PRIVATE cxx_std_17)
+target_include_directories(plx PRIVATE include)
+target_compile_options(plx PRIVATE ${PLX_TARGET_FLAGS} ${PLX_CXX_FLAGS} ${PLX_WARNINGS} ${PLX_PROGRAM_FLAGS})
+
+# These folders read frames and records that code of other compilers wrote, through types of their own.
+foreach(source IN LISTS PLX_SOURCES)
+  if(source MATCHES "^(libC|clang)/")
+    set_source_files_properties(${source} PROPERTIES COMPILE_OPTIONS -fno-strict-aliasing)
+  endif()
+endforeach()
+
+# Linked as C: the compiler then adds the C library and nothing of the host's C++ library.
+set(CMAKE_CXX_IMPLICIT_LINK_LIBRARIES "")
+set_target_properties(plx PROPERTIES
+  LINKER_LANGUAGE C
+  VERSION ${PROJECT_VERSION}
+  SOVERSION ${PROJECT_VERSION_MAJOR}
+  CXX_EXTENSIONS OFF
+  POSITION_INDEPENDENT_CODE ON
+  LIBRARY_OUTPUT_DIRECTORY ${PLX_LIB})
+target_link_options(plx PRIVATE -m32 -static-libgcc ${PLX_PROGRAM_FLAGS}
+  LINKER:-O1,--hash-style=gnu,--as-needed,--gc-sections,-z,text,-z,relro,-z,noexecstack)
+if(NOT PLX_SANITIZE)
+  # The sanitizer's own entry points come from the program.
+  target_link_options(plx PRIVATE LINKER:-z,defs)
+endif()
