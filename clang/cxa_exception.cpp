@@ -19,7 +19,7 @@ a_throw_stack_entry *in_flight(const void *exception) {
   return thrown;
 }
 
-a_throw_stack_entry *unthrown(const void *object) {
+inline a_throw_stack_entry *unthrown(const void *object) {
   a_throw_stack_entry *thrown = curr_throw_stack_entry;
   while (thrown && (thrown->object != object || thrown->thrown)) thrown = thrown->next;
   if (!thrown) assertion_failed(916);

@@ -8,26 +8,19 @@
 
 namespace __zor {
 
+// Both readers take the one-byte case inline: it is nearly every number in these tables.
+unsigned int read_long_uleb(const unsigned char *&at);
+int read_long_sleb(const unsigned char *&at);
+
 inline unsigned int read_uleb(const unsigned char *&at) {
-  unsigned int value = *at++;
-  if (value < 0x80) return value;
-  value &= 0x7F;
-  for (unsigned int shift = 7;; shift += 7) {
-    const unsigned int byte = *at++;
-    value |= (byte & 0x7F) << shift;
-    if (byte < 0x80) return value;
-  }
+  if (__builtin_expect(*at >= 0x80, 0)) return read_long_uleb(at);
+  return *at++;
 }
 
 inline int read_sleb(const unsigned char *&at) {
-  unsigned int value = 0, shift = 0, byte;
-  do {
-    byte = *at++;
-    value |= (byte & 0x7F) << shift;
-    shift += 7;
-  } while (byte & 0x80);
-  if (shift < 32 && (byte & 0x40)) value |= ~0u << shift;
-  return static_cast<int>(value);
+  if (__builtin_expect(*at >= 0x80, 0)) return read_long_sleb(at);
+  const int byte = *at++;
+  return byte < 0x40 ? byte : byte - 0x80;
 }
 
 struct an_exception_table {

@@ -39,7 +39,6 @@ void alloc_new_mem_block(unsigned int bytes) {
 
 void leave_empty_mem_block() {
   a_mem_block_descr *block = curr_mem_block_descr;
-  if (!block->next) return;
   curr_mem_block_descr = block->next;
   if (block->from_heap) free(block->base);
   free_in_mem_block(block);

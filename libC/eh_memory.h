@@ -73,7 +73,7 @@ inline void free_in_mem_block(void *piece) {
 // `piece` must be the newest one.
 inline void eh_free_on_stack(void *piece) {
   free_in_mem_block(piece);
-  if (__builtin_expect(curr_mem_block_descr->used == 0, 0)) leave_empty_mem_block();
+  if (curr_mem_block_descr->used == 0 && curr_mem_block_descr->next) leave_empty_mem_block();
 }
 
 }  // namespace __zor

@@ -38,7 +38,7 @@ int match_list(const an_exception_type_specification *list, a_throw_stack_entry 
   __call_terminate();
 }
 
-void search(a_throw_stack_entry *thrown) {
+inline __attribute__((__always_inline__)) void search(a_throw_stack_entry *thrown) {
   a_throw_state &state = state_of(thrown);
   state.handler = nullptr;
   for (an_eh_stack_entry *entry = thrown->marker.next; entry; entry = entry->next) {

@@ -69,7 +69,7 @@ inline void release(a_throw_stack_entry *thrown) {
 }
 
 // Frees what is finished, from the top down to the first entry that is not.
-inline void free_finished_throws() {
+inline __attribute__((__always_inline__)) void free_finished_throws() {
   while (a_throw_stack_entry *thrown = curr_throw_stack_entry) {
     if (!thrown->released || state_of(thrown).step != a_pending_step::none) break;
     const bool owns_object = !thrown->is_rethrow;
