@@ -13,7 +13,7 @@ foreach(source IN LISTS PLX_ARCHIVE_SOURCES)
   file(MAKE_DIRECTORY ${folder})
   set(flags ${PLX_TARGET_FLAGS} -fno-pic -O2 -I ${CMAKE_SOURCE_DIR}/include ${PLX_PROGRAM_FLAGS})
   if(source MATCHES "\\.cpp$")
-    list(APPEND flags -std=c++17 -fno-strict-aliasing ${PLX_CXX_FLAGS} ${PLX_WARNINGS})
+    list(APPEND flags -std=c++17 ${PLX_CXX_FLAGS} ${PLX_WARNINGS})
   endif()
   add_custom_command(
     OUTPUT ${object}

@@ -7,7 +7,8 @@ file(GLOB_RECURSE PLX_HEADERS CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/include/*)
 
 # The processor that everything may count on; whatever needs more asks the processor at run time.
 set(PLX_TARGET_FLAGS -m32 -march=i686 -mtune=generic)
-set(PLX_CXX_FLAGS -fno-exceptions -fvisibility=hidden -fvisibility-inlines-hidden -fno-threadsafe-statics
+# No aliasing rules: the runtime reads frames and records that other compilers' code wrote, through its own types.
+set(PLX_CXX_FLAGS -fno-exceptions -fno-strict-aliasing -fvisibility=hidden -fvisibility-inlines-hidden -fno-threadsafe-statics
     -nostdinc++ -ffunction-sections -fdata-sections)
 set(PLX_WARNINGS -Wall -Wextra -Werror -Wundef -Wvla -Wpointer-arith -Wnon-virtual-dtor)
 
@@ -16,12 +17,6 @@ target_compile_features(plx PRIVATE cxx_std_17)
 target_include_directories(plx PRIVATE include)
 target_compile_options(plx PRIVATE ${PLX_TARGET_FLAGS} ${PLX_CXX_FLAGS} ${PLX_WARNINGS} ${PLX_PROGRAM_FLAGS})
 
-# These folders read frames and records that code of other compilers wrote, through types of their own.
-foreach(source IN LISTS PLX_SOURCES)
-  if(source MATCHES "^(libC|clang)/")
-    set_source_files_properties(${source} PROPERTIES COMPILE_OPTIONS -fno-strict-aliasing)
-  endif()
-endforeach()
 
 # Linked as C: the compiler then adds the C library and nothing of the host's C++ library.
 set(CMAKE_CXX_IMPLICIT_LINK_LIBRARIES "")
