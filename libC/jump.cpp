@@ -42,7 +42,7 @@ void end_throws_down_to(a_throw_stack_entry *newest) {
 
 extern "C" {
 
-PLX_API __jmp_buf_tag *__zor_mark_jump(__jmp_buf_tag *buffer) {
+PLX_API __jmp_buf_tag *__zor_mark_jump(__jmp_buf_tag *buffer) PLX_NOTHROW {
   *record_in(buffer) = {__curr_eh_stack_entry, curr_throw_stack_entry, __eh_curr_region};
   return buffer;
 }
