@@ -19,11 +19,16 @@ a_throw_stack_entry *in_flight(const void *exception) {
   return thrown;
 }
 
-inline a_throw_stack_entry *unthrown(const void *object) {
+a_throw_stack_entry *older_unthrown(const void *object) {
   a_throw_stack_entry *thrown = curr_throw_stack_entry;
   while (thrown && (thrown->object != object || thrown->thrown)) thrown = thrown->next;
   if (!thrown) assertion_failed(916);
   return thrown;
+}
+
+inline a_throw_stack_entry *unthrown(const void *object) {
+  a_throw_stack_entry *newest = curr_throw_stack_entry;
+  return newest && newest->object == object && !newest->thrown ? newest : older_unthrown(object);
 }
 
 }  // namespace
@@ -33,9 +38,7 @@ extern "C" {
 // Storage for an object of `bytes` bytes. The entry is pushed already, as for generated code; the frame itself gives
 // the object up when its construction throws.
 PLX_API void *__cxa_allocate_exception(size_t bytes) PLX_NOTHROW {
-  void *object = eh_alloc_on_stack(bytes);
-  push_throw(nullptr, nullptr, 0, object);
-  return object;
+  return push_throw(nullptr, bytes, nullptr, 0)->object;
 }
 
 // The object's construction threw. What it threw lies above it in exception memory, so this only marks the entry.

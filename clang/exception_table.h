@@ -8,19 +8,28 @@
 
 namespace __zor {
 
-// Both readers take the one-byte case inline: it is nearly every number in these tables.
-unsigned int read_long_uleb(const unsigned char *&at);
-int read_long_sleb(const unsigned char *&at);
+// The readers take the one-byte case inline: it is nearly every number in these tables. The others get a copy of the
+// position, so that the position itself stays in a register.
+unsigned int read_long_uleb(const unsigned char **at);
+int read_long_sleb(const unsigned char **at);
 
 inline unsigned int read_uleb(const unsigned char *&at) {
-  if (__builtin_expect(*at >= 0x80, 0)) return read_long_uleb(at);
-  return *at++;
+  if (__builtin_expect(*at < 0x80, 1)) return *at++;
+  const unsigned char *copy = at;
+  const unsigned int value = read_long_uleb(&copy);
+  at = copy;
+  return value;
 }
 
 inline int read_sleb(const unsigned char *&at) {
-  if (__builtin_expect(*at >= 0x80, 0)) return read_long_sleb(at);
-  const int byte = *at++;
-  return byte < 0x40 ? byte : byte - 0x80;
+  if (__builtin_expect(*at < 0x80, 1)) {
+    const int byte = *at++;
+    return byte < 0x40 ? byte : byte - 0x80;
+  }
+  const unsigned char *copy = at;
+  const int value = read_long_sleb(&copy);
+  at = copy;
+  return value;
 }
 
 struct an_exception_table {

@@ -59,7 +59,7 @@ const int no_cleanup = -1;
 
 }  // namespace
 
-bool foreign_frame_search(an_eh_stack_entry *entry, a_throw_stack_entry *thrown) {
+EH_FAST bool foreign_frame_search(an_eh_stack_entry *entry, a_throw_stack_entry *thrown) {
   a_function_context *context = context_of(entry);
   context->selector = no_cleanup;
   int call_site = context->call_site;
@@ -89,8 +89,10 @@ bool foreign_frame_search(an_eh_stack_entry *entry, a_throw_stack_entry *thrown)
                           : !allowed_by(table.allowed_list(filter), table.types, thrown)) {
       state.selector = filter;
       state.landing_pad = landing_pad;
-      state.filter = filter < 0 ? table.allowed_list(filter) : nullptr;
-      state.filter_types = table.types;
+      if (filter < 0) {
+        state.filter = table.allowed_list(filter);
+        state.filter_types = table.types;
+      }
       return true;
     }
     if (displacement == 0) return false;
@@ -98,12 +100,12 @@ bool foreign_frame_search(an_eh_stack_entry *entry, a_throw_stack_entry *thrown)
   }
 }
 
-void foreign_frame_clean_up(an_eh_stack_entry *entry, a_throw_stack_entry *thrown) {
+EH_FAST void foreign_frame_clean_up(an_eh_stack_entry *entry, a_throw_stack_entry *thrown) {
   a_function_context *context = context_of(entry);
   if (context->selector != no_cleanup) land(context, thrown, context->selector, 0);
 }
 
-void foreign_frame_handle(an_eh_stack_entry *entry, a_throw_stack_entry *thrown) {
+EH_FAST void foreign_frame_handle(an_eh_stack_entry *entry, a_throw_stack_entry *thrown) {
   const a_throw_state &state = state_of(thrown);
   land(context_of(entry), thrown, state.landing_pad, state.selector);
 }

@@ -4,6 +4,9 @@
 
 #include <plx/runtime.h>
 
+// Functions on the way of every throw take their arguments in registers.
+#define EH_FAST __attribute__((__regparm__(3)))
+
 namespace __zor {
 
 // Kinds of eh stack entry that generated code never makes. Their numbers are far from the contract's.
@@ -56,8 +59,8 @@ extern int terminate_called;
 [[noreturn]] void assertion_failed(int line);
 
 // Searches, unwinds and jumps; see throw.cpp. `resume_unwinding` goes on after a foreign frame's cleanup.
-[[noreturn]] void throw_exception(a_throw_stack_entry *thrown);
-[[noreturn]] void resume_unwinding(a_throw_stack_entry *thrown);
+[[noreturn]] EH_FAST void throw_exception(a_throw_stack_entry *thrown);
+[[noreturn]] EH_FAST void resume_unwinding(a_throw_stack_entry *thrown);
 
 // Matching; see match.cpp. Returns the 1-based index of the first element that matches, or 0. When `object` is given
 // and a conversion to a base matches, *object becomes the base's address.

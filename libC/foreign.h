@@ -21,13 +21,13 @@ void foreign_describe(const a_type_info_impl *native, const a_type_info_impl **t
 
 // Looks for a handler of `thrown` in a foreign frame; fills the throw's state when there is one, else notes in the
 // frame whether it has a cleanup.
-bool foreign_frame_search(an_eh_stack_entry *entry, a_throw_stack_entry *thrown);
+EH_FAST bool foreign_frame_search(an_eh_stack_entry *entry, a_throw_stack_entry *thrown);
 
 // Enters the frame's cleanup, which comes back by resume_unwinding; returns when there is none.
-void foreign_frame_clean_up(an_eh_stack_entry *entry, a_throw_stack_entry *thrown);
+EH_FAST void foreign_frame_clean_up(an_eh_stack_entry *entry, a_throw_stack_entry *thrown);
 
 // Enters the chosen handler.
-[[noreturn]] void foreign_frame_handle(an_eh_stack_entry *entry, a_throw_stack_entry *thrown);
+[[noreturn]] EH_FAST void foreign_frame_handle(an_eh_stack_entry *entry, a_throw_stack_entry *thrown);
 
 // Whether an exception that leaves an unexpected handler must stop at its guard, and what becomes of it then.
 bool foreign_guard_stops(an_eh_stack_entry *guard, a_throw_stack_entry *thrown);

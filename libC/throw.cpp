@@ -148,7 +148,7 @@ void unwind_entry(an_eh_stack_entry *entry) {
 
 }  // namespace
 
-void __zor::resume_unwinding(a_throw_stack_entry *thrown) {
+EH_FAST void __zor::resume_unwinding(a_throw_stack_entry *thrown) {
   an_eh_stack_entry *handler = state_of(thrown).handler;
   while (an_eh_stack_entry *entry = thrown->marker.next) {
     if (pending_throws) end_waits_at(entry);
@@ -164,7 +164,7 @@ void __zor::resume_unwinding(a_throw_stack_entry *thrown) {
   __call_terminate();
 }
 
-void __zor::throw_exception(a_throw_stack_entry *thrown) {
+EH_FAST void __zor::throw_exception(a_throw_stack_entry *thrown) {
   if (!thrown->started) start(thrown);
   thrown->thrown = 1;
   if (__curr_eh_stack_entry != &thrown->marker) assertion_failed(916);

@@ -7,19 +7,10 @@ namespace __zor {
 a_throw_stack_entry *curr_throw_stack_entry;
 a_throw_stack_entry *pending_throws;
 
-void begin_wait(a_throw_stack_entry *thrown, a_pending_step step, an_eh_stack_entry *base) {
-  a_throw_state &state = state_of(thrown);
-  state.step = step;
-  state.base = base;
-  state.next_pending = pending_throws;
-  pending_throws = thrown;
-}
-
-void end_wait(a_throw_stack_entry *thrown) {
+void end_older_wait(a_throw_stack_entry *thrown) {
   a_throw_stack_entry **link = &pending_throws;
   while (*link && *link != thrown) link = &state_of(*link).next_pending;
   if (*link) *link = state_of(thrown).next_pending;
-  state_of(thrown).step = a_pending_step::none;
 }
 
 void end_waits_at(an_eh_stack_entry *reached) {
@@ -43,17 +34,17 @@ an_eh_stack_entry *innermost_idle_try() {
 
 void *set_up(const a_type_info_impl *type, int size, unsigned char flags, a_destructor destructor) {
   // A negative size is no size; as an unsigned one it is refused.
-  void *object = eh_alloc_on_stack(static_cast<unsigned int>(size));
-  a_throw_stack_entry *thrown = push_throw(type, destructor, flags, object);
+  a_throw_stack_entry *thrown = push_throw(type, static_cast<unsigned int>(size), destructor, flags);
   thrown->catch_context = innermost_idle_try();
   begin_wait(thrown, a_pending_step::construction, __curr_eh_stack_entry);
-  return object;
+  return thrown->object;
 }
 
 }  // namespace
 
 a_throw_stack_entry *push_rethrow(a_throw_stack_entry *source) {
-  a_throw_stack_entry *thrown = push_throw(source->type, source->destructor, source->flags, source->object);
+  auto *thrown = static_cast<a_throw_stack_entry *>(eh_alloc_on_stack(sizeof(a_throw_stack_entry)));
+  push_entry(thrown, source->type, source->destructor, source->flags, source->object);
   thrown->qualifier_string = source->qualifier_string;
   thrown->access_value = source->access_value;
   thrown->catch_context = innermost_idle_try();

@@ -21,14 +21,28 @@ extern a_throw_stack_entry *pending_throws;  // entries with a wait, newest firs
 a_throw_stack_entry *push_rethrow(a_throw_stack_entry *source);
 a_throw_stack_entry *exception_to_rethrow();  // null: none is being handled
 void abandon(a_throw_stack_entry *thrown);
-void begin_wait(a_throw_stack_entry *thrown, a_pending_step step, an_eh_stack_entry *base);
-void end_wait(a_throw_stack_entry *thrown);
+void end_older_wait(a_throw_stack_entry *thrown);
 void end_waits_at(an_eh_stack_entry *reached);  // unwinding has reached this entry
 void destroy_object(a_throw_stack_entry *owner);
 
-inline a_throw_stack_entry *push_throw(const a_type_info_impl *type, a_destructor destructor, unsigned char flags,
-                                       void *object) {
-  auto *thrown = static_cast<a_throw_stack_entry *>(eh_alloc_on_stack(sizeof(a_throw_stack_entry)));
+inline void begin_wait(a_throw_stack_entry *thrown, a_pending_step step, an_eh_stack_entry *base) {
+  a_throw_state &state = state_of(thrown);
+  state.step = step;
+  state.base = base;
+  state.next_pending = pending_throws;
+  pending_throws = thrown;
+}
+
+inline void end_wait(a_throw_stack_entry *thrown) {
+  state_of(thrown).step = a_pending_step::none;
+  if (__builtin_expect(pending_throws == thrown, 1))
+    pending_throws = state_of(thrown).next_pending;
+  else
+    end_older_wait(thrown);
+}
+
+inline void push_entry(a_throw_stack_entry *thrown, const a_type_info_impl *type, a_destructor destructor,
+                       unsigned char flags, void *object) {
   thrown->next = curr_throw_stack_entry;
   thrown->type = type;
   thrown->destructor = destructor;
@@ -49,6 +63,15 @@ inline a_throw_stack_entry *push_throw(const a_type_info_impl *type, a_destructo
   state.native = nullptr;
   state.landed = nullptr;
   curr_throw_stack_entry = thrown;
+}
+
+// Pushes a throw with storage for its object.
+inline a_throw_stack_entry *push_throw(const a_type_info_impl *type, unsigned int bytes, a_destructor destructor,
+                                       unsigned char flags) {
+  void *entry;
+  void *object = eh_alloc_two_on_stack(bytes, sizeof(a_throw_stack_entry), &entry);
+  auto *thrown = static_cast<a_throw_stack_entry *>(entry);
+  push_entry(thrown, type, destructor, flags, object);
   return thrown;
 }
 
@@ -72,12 +95,13 @@ inline void release(a_throw_stack_entry *thrown) {
 inline __attribute__((__always_inline__)) void free_finished_throws() {
   while (a_throw_stack_entry *thrown = curr_throw_stack_entry) {
     if (!thrown->released || state_of(thrown).step != a_pending_step::none) break;
-    const bool owns_object = !thrown->is_rethrow;
-    if (owns_object && !thrown->destroyed) assertion_failed(1399);
-    void *object = thrown->object;
     curr_throw_stack_entry = thrown->next;
-    eh_free_on_stack(thrown);
-    if (owns_object) eh_free_on_stack(object);
+    if (thrown->is_rethrow) {
+      eh_free_on_stack(thrown);
+    } else {
+      if (!thrown->destroyed) assertion_failed(1399);
+      eh_free_two_on_stack(thrown->object, thrown);
+    }
   }
 }
 
