@@ -1,4 +1,4 @@
-// operator new and its array form (1998, 18.4.1). Only the handler may throw, so the specification is entered when
+// operator new (1998, 18.4.1). Only the handler may throw, so the specification is entered when
 // memory has run out, and the usual case is one call of malloc.
 
 #include <new>
@@ -29,5 +29,3 @@ void *operator new(size_t bytes) {
   if (void *block = malloc(bytes)) return block;
   return ask_the_handler(bytes);
 }
-
-void *operator new[](size_t bytes) { return operator new(bytes); }

@@ -16,12 +16,3 @@ void *operator new(size_t bytes, std::align_val_t alignment) {
     __zor::current_new_handler()();
   }
 }
-
-void *operator new[](size_t bytes, std::align_val_t alignment) { return operator new(bytes, alignment); }
-
-void operator delete(void *block, std::align_val_t) PLX_NOTHROW { free(block); }
-void operator delete[](void *block, std::align_val_t alignment) PLX_NOTHROW { operator delete(block, alignment); }
-void operator delete(void *block, size_t, std::align_val_t alignment) PLX_NOTHROW { operator delete(block, alignment); }
-void operator delete[](void *block, size_t, std::align_val_t alignment) PLX_NOTHROW {
-  operator delete[](block, alignment);
-}

@@ -1,4 +1,4 @@
-// The nothrow forms of operator new (1998, 18.4.1): null where the others throw bad_alloc.
+// The nothrow form of operator new (1998, 18.4.1): null where the other throws bad_alloc.
 
 #include <new>
 
@@ -33,5 +33,3 @@ void *operator new(size_t bytes, const std::nothrow_t &) PLX_NOTHROW {
   if (void *block = malloc(bytes)) return block;
   return ask_the_handler(bytes);
 }
-
-void *operator new[](size_t bytes, const std::nothrow_t &which) PLX_NOTHROW { return operator new(bytes, which); }

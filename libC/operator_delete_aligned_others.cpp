@@ -1,0 +1,9 @@
+// The forms of operator delete for over-aligned types that lead to the plain one.
+
+#include <new>
+
+void operator delete[](void *block, std::align_val_t alignment) PLX_NOTHROW { operator delete(block, alignment); }
+void operator delete(void *block, size_t, std::align_val_t alignment) PLX_NOTHROW { operator delete(block, alignment); }
+void operator delete[](void *block, size_t, std::align_val_t alignment) PLX_NOTHROW {
+  operator delete[](block, alignment);
+}

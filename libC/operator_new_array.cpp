@@ -1,0 +1,6 @@
+// The array form of operator new (1998, 18.4.1). In a file of its own, so that it calls the program's operator new when
+// there is one.
+
+#include <new>
+
+void *operator new[](size_t bytes) { return operator new(bytes); }
