@@ -49,7 +49,7 @@ extern "C" void inspect_line(const char* text, int number) {
   if (line.size() > longest) throw std::length_error(place + ("is too long: " + line.substr(0, 40)) + "...");
   for (std::string::size_type i = 0; i < line.size(); ++i) {
     unsigned char character = line[i];
-    if (character < ' ' || character > '~') throw strange_line(place + std::string("has a character that is not plain"));
+    if (character < ' ' || character > '~') throw strange_line(place + std::string("has a tab or another character that is not plain"));
   }
 }
 
