@@ -1,0 +1,58 @@
+// std::exception: an owned message on the heap, or none.
+
+#include <exception>
+
+#include <stdio.h>
+
+#include <string>
+
+#include "../libC/eh_tools.h"
+
+using __zor::eh_local;
+
+namespace {
+
+// The text is built first, where unwinding finds it; what follows leaks nothing when memory runs out.
+template <class Source> std::string *heap_string(const Source &source) {
+  eh_local<std::string> text(source);
+  std::string *owned = new std::string;
+  owned->swap(text.get());
+  return owned;
+}
+
+}  // namespace
+
+namespace std {
+
+exception::exception(const char *text) : message_(heap_string(text)), has_message_(true) {}
+
+exception::exception(const string &text) : message_(heap_string(text)), has_message_(true) {}
+
+exception::exception(const exception &other) : message_(nullptr), has_message_(other.has_message_) {
+  if (has_message_) message_ = heap_string(other.what());
+}
+
+exception &exception::operator=(const exception &other) {
+  if (this == &other) return *this;
+  string *copied = other.has_message_ ? heap_string(other.what()) : nullptr;
+  if (has_message_) delete message_;
+  message_ = copied;
+  has_message_ = copied != nullptr;
+  return *this;
+}
+
+exception::~exception() PLX_NOTHROW {
+  if (has_message_) delete message_;
+}
+
+const char *exception::what() const PLX_NOTHROW { return has_message_ ? message_->c_str() : ""; }
+
+void exception::__issue_msg_to_stderr(const char *text) {
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wformat-security"
+#pragma GCC diagnostic ignored "-Wformat-nonliteral"
+  fprintf(stderr, text);
+#pragma GCC diagnostic pop
+}
+
+}  // namespace std

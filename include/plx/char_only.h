@@ -1,0 +1,16 @@
+// The refusal of character types other than char, as one readable compile-time error.
+#ifndef PLX_CHAR_ONLY_H
+#define PLX_CHAR_ONLY_H
+
+namespace __zor {
+
+// Defined for char alone; every template over a character type names `type` of it.
+template <class C> struct plx_supports_only_char_as_character_type;
+template <> struct plx_supports_only_char_as_character_type<char> { typedef char type; };
+
+// The same for a string's allocator.
+template <class A> struct plx_strings_use_only_the_standard_allocator;
+
+}  // namespace __zor
+
+#endif

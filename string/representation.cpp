@@ -1,0 +1,112 @@
+// The life of a representation: making it from text, sharing the empty one, giving it up, and making it private before
+// a reference into its characters is handed out.
+
+#include "representation.h"
+
+namespace __zor {
+
+namespace {
+
+char null_buffer[33];
+
+// More than any block can hold: operator new then reports the failure its own way.
+constexpr unsigned largest_capacity = 0x7FFFFF00;
+
+[[noreturn]] PLX_COLD void out_of_memory() {
+  for (;;) operator delete(operator new(no_limit));
+}
+
+}  // namespace
+
+// Nobody writes into it, so reserving only raises the capacity that it reports.
+b_str_ref null_representation = {{}, 0, null_buffer, 0, 32, sizeof null_buffer, 0};
+
+b_str_ref *make_large_representation(unsigned capacity, unsigned room) {
+  if (capacity - 1u >= largest_capacity) out_of_memory();
+  const unsigned wanted = capacity < room && room < largest_capacity ? room : capacity + 1;
+  return make_in_block(in_steps(wanted + sizeof(b_str_ref)), capacity);
+}
+
+b_str_ref *string_make(const char *text, unsigned n) {
+  if (__builtin_expect(n == string_npos, false)) string_out_of_range();
+  b_str_ref *rep = make_representation(capacity_for(n));
+  if (text)
+    copy_characters(rep->data, text, n);
+  else
+    fill_characters(rep->data, n, 0);
+  set_length(rep, n);
+  return rep;
+}
+
+b_str_ref *string_make_filled(unsigned n, char c) {
+  if (n == string_npos) string_out_of_range();
+  b_str_ref *rep = make_representation(capacity_for(n));
+  fill_characters(rep->data, n, c);
+  set_length(rep, n);
+  return rep;
+}
+
+b_str_ref *string_join(const char *left, unsigned left_n, const char *right, unsigned right_n) {
+  if (right_n >= ~left_n) string_length_error();
+  const unsigned n = left_n + right_n;
+  b_str_ref *rep = make_representation(capacity_for(n));
+  copy_characters(rep->data, left, left_n);
+  copy_characters(rep->data + left_n, right, right_n);
+  set_length(rep, n);
+  return rep;
+}
+
+b_str_ref *string_part(b_str_ref *rep, unsigned pos, unsigned n) {
+  const unsigned length = rep->length;
+  if (pos == 0 && n >= length && !string_is_unshareable(rep)) {
+    ++rep->count;
+    return rep;
+  }
+  if (pos > length) string_out_of_range();
+  return string_make(rep->data + pos, n < length - pos ? n : length - pos);
+}
+
+void string_make_null(b_str_ref *&nullbuf) PLX_NOTHROW {
+  ++null_representation.count;
+  nullbuf = &null_representation;
+}
+
+void string_free(b_str_ref *rep) PLX_NOTHROW { free_representation(rep); }
+
+void string_expose(b_str_ref *&rep) {
+  if (!string_is_private(rep)) {
+    b_str_ref *made = string_make(rep->data, rep->length);
+    --rep->count;
+    rep = made;
+  }
+  rep->count = string_npos;
+}
+
+// Changes the block for all that share it: the characters stay the same.
+void string_reserve(b_str_ref *&rep, unsigned n) {
+  if (n == string_npos) string_length_error();
+  if (rep->capacity >= n) return;
+  const unsigned capacity = capacity_for(n);
+  if (capacity - 1u >= largest_capacity) out_of_memory();
+  if (rep == &null_representation || capacity < rep->room) {
+    rep->capacity = capacity;
+  } else if (string_is_private(rep)) {
+    b_str_ref *made = make_representation(capacity);
+    memcpy(made->data, rep->data, rep->length + 1);
+    made->length = rep->length;
+    made->count = rep->count;
+    free_representation(rep);
+    rep = made;
+  } else {
+    // The others hold the address of this representation, so only its buffer moves.
+    const unsigned bytes = in_steps(capacity + 1);
+    char *buffer = static_cast<char *>(pool_take(bytes));
+    memcpy(buffer, rep->data, rep->length + 1);
+    free_buffer(rep);
+    rep->data = buffer;
+    rep->room = bytes;
+    rep->capacity = capacity;
+  }
+}
+
+}  // namespace __zor
