@@ -4,11 +4,11 @@
 
 #include "throw_object.h"
 
-#define DEFINE_ERROR(class_name, base, type)                                                              \
-  class_name::class_name(const string &text) : base(text) {}                                              \
-  class_name::class_name(const class_name &other) = default;                                              \
-  class_name &class_name::operator=(const class_name &other) = default;                                   \
-  class_name::~class_name() PLX_NOTHROW {}                                                                \
+#define DEFINE_ERROR(class_name, base, type)                            \
+  class_name::class_name(const string &text) : base(text) {}            \
+  class_name::class_name(const class_name &other) = default;            \
+  class_name &class_name::operator=(const class_name &other) = default; \
+  class_name::~class_name() PLX_NOTHROW {}                              \
   void class_name::__throw(const char *text) { __zor::throw_with_text<class_name>(__TI_##type, text); }
 
 namespace std {

@@ -6,9 +6,9 @@
   const char __TID_##encoded = 0; \
   const a_type_info_impl __TI_##encoded = {PLX_TYPE_INFO_VTABLE, name, &__TID_##encoded, nullptr};
 
-#define DERIVED(encoded, name, base)                                                                                \
-  static const a_base_class_spec base_of_##encoded[] = {{&__TI_##base, 0, PLX_BASE_PUBLIC | PLX_BASE_LAST}};       \
-  const char __TID_##encoded = 0;                                                                                   \
+#define DERIVED(encoded, name, base)                                                                         \
+  static const a_base_class_spec base_of_##encoded[] = {{&__TI_##base, 0, PLX_BASE_PUBLIC | PLX_BASE_LAST}}; \
+  const char __TID_##encoded = 0;                                                                            \
   const a_type_info_impl __TI_##encoded = {PLX_TYPE_INFO_VTABLE, name, &__TID_##encoded, base_of_##encoded};
 
 ROOT(St9exception, "std::exception")

@@ -121,8 +121,7 @@ template <class Source> void insert(b_str_ref *&rep, unsigned pos, Source source
 }
 
 // Replacing is inserting, then erasing; where nothing is to be inserted only the erasing is left.
-template <class Source>
-void replace(b_str_ref *&rep, unsigned pos, unsigned n1, Source source, unsigned n2) {
+template <class Source> void replace(b_str_ref *&rep, unsigned pos, unsigned n1, Source source, unsigned n2) {
   const unsigned length = rep->length;
   if (pos > length) string_out_of_range();
   const unsigned xlen = n1 < length - pos ? n1 : length - pos;

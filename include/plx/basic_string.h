@@ -15,7 +15,7 @@
 
 namespace __zor {
 
-template <> struct plx_strings_use_only_the_standard_allocator<std::allocator<char> > { typedef int type; };
+template <> struct plx_strings_use_only_the_standard_allocator<std::allocator<char>> { typedef int type; };
 
 // A range as contiguous characters: those of pointers and of string iterators as they are. Of any other range a string
 // is made first, since its iterators may throw, or look into the string that is about to change.
@@ -34,8 +34,8 @@ private:
 
 template <class String> class string_range<String, const char *> {
 public:
-  string_range(const char *first, const char *last) PLX_NOTHROW
-      : first_(first), size_(static_cast<unsigned int>(last - first)) {}
+  string_range(const char *first, const char *last) PLX_NOTHROW : first_(first),
+                                                                  size_(static_cast<unsigned int>(last - first)) {}
   const char *data() const PLX_NOTHROW { return first_; }
   unsigned int size() const PLX_NOTHROW { return size_; }
   String text() const { return String(first_, size_); }
@@ -50,8 +50,8 @@ public:
   string_range(char *first, char *last) PLX_NOTHROW : string_range<String, const char *>(first, last) {}
 };
 
-template <class String, class C>
-class string_range<String, pointer_iterator<C> > : public string_range<String, const char *> {
+template <class String, class C> class string_range<String, pointer_iterator<C>>
+    : public string_range<String, const char *> {
 public:
   string_range(pointer_iterator<C> first, pointer_iterator<C> last) PLX_NOTHROW
       : string_range<String, const char *>(first.base(), last.base()) {}
@@ -337,8 +337,12 @@ public:
   size_type find(const basic_string &other, size_type pos = 0) const PLX_NOTHROW {
     return search::find(rep_, other.rep_->data, pos, other.rep_->length);
   }
-  size_type find(const C *text, size_type pos, size_type n) const PLX_NOTHROW { return search::find(rep_, text, pos, n); }
-  size_type find(const C *text, size_type pos = 0) const PLX_NOTHROW { return search::find(rep_, text, pos, T::length(text)); }
+  size_type find(const C *text, size_type pos, size_type n) const PLX_NOTHROW {
+    return search::find(rep_, text, pos, n);
+  }
+  size_type find(const C *text, size_type pos = 0) const PLX_NOTHROW {
+    return search::find(rep_, text, pos, T::length(text));
+  }
   size_type find(C c, size_type pos = 0) const PLX_NOTHROW {
     if (pos >= rep_->length) return npos;
     const C *found = T::find(rep_->data + pos, rep_->length - pos, c);
@@ -348,7 +352,9 @@ public:
   size_type rfind(const basic_string &other, size_type pos = npos) const PLX_NOTHROW {
     return search::rfind(rep_, other.rep_->data, pos, other.rep_->length);
   }
-  size_type rfind(const C *text, size_type pos, size_type n) const PLX_NOTHROW { return search::rfind(rep_, text, pos, n); }
+  size_type rfind(const C *text, size_type pos, size_type n) const PLX_NOTHROW {
+    return search::rfind(rep_, text, pos, n);
+  }
   size_type rfind(const C *text, size_type pos = npos) const PLX_NOTHROW {
     return search::rfind(rep_, text, pos, T::length(text));
   }
@@ -385,7 +391,9 @@ public:
   size_type find_first_not_of(const C *set, size_type pos = 0) const PLX_NOTHROW {
     return search::find_first_not_of(rep_, set, pos, T::length(set));
   }
-  size_type find_first_not_of(C c, size_type pos = 0) const PLX_NOTHROW { return search::find_first_not_of(rep_, &c, pos, 1); }
+  size_type find_first_not_of(C c, size_type pos = 0) const PLX_NOTHROW {
+    return search::find_first_not_of(rep_, &c, pos, 1);
+  }
 
   size_type find_last_not_of(const basic_string &set, size_type pos = npos) const PLX_NOTHROW {
     return search::find_last_not_of(rep_, set.rep_->data, pos, set.rep_->length);
@@ -396,7 +404,9 @@ public:
   size_type find_last_not_of(const C *set, size_type pos = npos) const PLX_NOTHROW {
     return search::find_last_not_of(rep_, set, pos, T::length(set));
   }
-  size_type find_last_not_of(C c, size_type pos = npos) const PLX_NOTHROW { return search::find_last_not_of(rep_, &c, pos, 1); }
+  size_type find_last_not_of(C c, size_type pos = npos) const PLX_NOTHROW {
+    return search::find_last_not_of(rep_, &c, pos, 1);
+  }
 
   basic_string substr(size_type pos = 0, size_type n = npos) const { return basic_string(*this, pos, n); }
 
@@ -567,10 +577,12 @@ template <class C, class T, class A>
 inline bool operator==(const basic_string<C, T, A> &left, const basic_string<C, T, A> &right) PLX_NOTHROW {
   return left.size() == right.size() && T::compare(left.data(), right.data(), left.size()) == 0;
 }
-template <class C, class T, class A> inline bool operator==(const C *left, const basic_string<C, T, A> &right) PLX_NOTHROW {
+template <class C, class T, class A>
+inline bool operator==(const C *left, const basic_string<C, T, A> &right) PLX_NOTHROW {
   return right == left;
 }
-template <class C, class T, class A> inline bool operator==(const basic_string<C, T, A> &left, const C *right) PLX_NOTHROW {
+template <class C, class T, class A>
+inline bool operator==(const basic_string<C, T, A> &left, const C *right) PLX_NOTHROW {
   const typename basic_string<C, T, A>::size_type n = T::length(right);
   return left.size() == n && T::compare(left.data(), right, n) == 0;
 }
@@ -579,10 +591,12 @@ template <class C, class T, class A>
 inline bool operator!=(const basic_string<C, T, A> &left, const basic_string<C, T, A> &right) PLX_NOTHROW {
   return !(left == right);
 }
-template <class C, class T, class A> inline bool operator!=(const C *left, const basic_string<C, T, A> &right) PLX_NOTHROW {
+template <class C, class T, class A>
+inline bool operator!=(const C *left, const basic_string<C, T, A> &right) PLX_NOTHROW {
   return !(right == left);
 }
-template <class C, class T, class A> inline bool operator!=(const basic_string<C, T, A> &left, const C *right) PLX_NOTHROW {
+template <class C, class T, class A>
+inline bool operator!=(const basic_string<C, T, A> &left, const C *right) PLX_NOTHROW {
   return !(left == right);
 }
 
@@ -590,10 +604,12 @@ template <class C, class T, class A>
 inline bool operator<(const basic_string<C, T, A> &left, const basic_string<C, T, A> &right) PLX_NOTHROW {
   return left.compare(right) < 0;
 }
-template <class C, class T, class A> inline bool operator<(const C *left, const basic_string<C, T, A> &right) PLX_NOTHROW {
+template <class C, class T, class A>
+inline bool operator<(const C *left, const basic_string<C, T, A> &right) PLX_NOTHROW {
   return right.compare(left) > 0;
 }
-template <class C, class T, class A> inline bool operator<(const basic_string<C, T, A> &left, const C *right) PLX_NOTHROW {
+template <class C, class T, class A>
+inline bool operator<(const basic_string<C, T, A> &left, const C *right) PLX_NOTHROW {
   return left.compare(right) < 0;
 }
 
@@ -601,10 +617,12 @@ template <class C, class T, class A>
 inline bool operator>(const basic_string<C, T, A> &left, const basic_string<C, T, A> &right) PLX_NOTHROW {
   return left.compare(right) > 0;
 }
-template <class C, class T, class A> inline bool operator>(const C *left, const basic_string<C, T, A> &right) PLX_NOTHROW {
+template <class C, class T, class A>
+inline bool operator>(const C *left, const basic_string<C, T, A> &right) PLX_NOTHROW {
   return right.compare(left) < 0;
 }
-template <class C, class T, class A> inline bool operator>(const basic_string<C, T, A> &left, const C *right) PLX_NOTHROW {
+template <class C, class T, class A>
+inline bool operator>(const basic_string<C, T, A> &left, const C *right) PLX_NOTHROW {
   return left.compare(right) > 0;
 }
 
@@ -612,10 +630,12 @@ template <class C, class T, class A>
 inline bool operator<=(const basic_string<C, T, A> &left, const basic_string<C, T, A> &right) PLX_NOTHROW {
   return left.compare(right) <= 0;
 }
-template <class C, class T, class A> inline bool operator<=(const C *left, const basic_string<C, T, A> &right) PLX_NOTHROW {
+template <class C, class T, class A>
+inline bool operator<=(const C *left, const basic_string<C, T, A> &right) PLX_NOTHROW {
   return right.compare(left) >= 0;
 }
-template <class C, class T, class A> inline bool operator<=(const basic_string<C, T, A> &left, const C *right) PLX_NOTHROW {
+template <class C, class T, class A>
+inline bool operator<=(const basic_string<C, T, A> &left, const C *right) PLX_NOTHROW {
   return left.compare(right) <= 0;
 }
 
@@ -623,10 +643,12 @@ template <class C, class T, class A>
 inline bool operator>=(const basic_string<C, T, A> &left, const basic_string<C, T, A> &right) PLX_NOTHROW {
   return left.compare(right) >= 0;
 }
-template <class C, class T, class A> inline bool operator>=(const C *left, const basic_string<C, T, A> &right) PLX_NOTHROW {
+template <class C, class T, class A>
+inline bool operator>=(const C *left, const basic_string<C, T, A> &right) PLX_NOTHROW {
   return right.compare(left) <= 0;
 }
-template <class C, class T, class A> inline bool operator>=(const basic_string<C, T, A> &left, const C *right) PLX_NOTHROW {
+template <class C, class T, class A>
+inline bool operator>=(const basic_string<C, T, A> &left, const C *right) PLX_NOTHROW {
   return left.compare(right) >= 0;
 }
 
@@ -635,7 +657,7 @@ inline void swap(basic_string<C, T, A> &left, basic_string<C, T, A> &right) PLX_
   left.swap(right);
 }
 
-__extension__ extern template class PLX_API basic_string<char, char_traits<char>, allocator<char> >;
+__extension__ extern template class PLX_API basic_string<char, char_traits<char>, allocator<char>>;
 
 }  // namespace std
 

@@ -55,8 +55,7 @@ template <class T> struct iterator_traits<const T *> {
 
 namespace __zor {
 
-template <class Iterator, class Distance>
-inline void advance(Iterator &at, Distance n, std::input_iterator_tag) {
+template <class Iterator, class Distance> inline void advance(Iterator &at, Distance n, std::input_iterator_tag) {
   for (; n > 0; --n) ++at;
 }
 
@@ -99,12 +98,11 @@ inline typename iterator_traits<Iterator>::difference_type distance(Iterator fir
 }
 
 // Walks backward: it refers to the element before the one its base refers to.
-template <class Iterator>
-class reverse_iterator
+template <class Iterator> class reverse_iterator
     : public iterator<typename iterator_traits<Iterator>::iterator_category,
                       typename iterator_traits<Iterator>::value_type,
-                      typename iterator_traits<Iterator>::difference_type,
-                      typename iterator_traits<Iterator>::pointer, typename iterator_traits<Iterator>::reference> {
+                      typename iterator_traits<Iterator>::difference_type, typename iterator_traits<Iterator>::pointer,
+                      typename iterator_traits<Iterator>::reference> {
 public:
   typedef Iterator iterator_type;
   typedef typename iterator_traits<Iterator>::difference_type difference_type;
@@ -156,28 +154,22 @@ protected:
   Iterator current;
 };
 
-template <class A, class B>
-inline bool operator==(const reverse_iterator<A> &left, const reverse_iterator<B> &right) {
+template <class A, class B> inline bool operator==(const reverse_iterator<A> &left, const reverse_iterator<B> &right) {
   return left.base() == right.base();
 }
-template <class A, class B>
-inline bool operator!=(const reverse_iterator<A> &left, const reverse_iterator<B> &right) {
+template <class A, class B> inline bool operator!=(const reverse_iterator<A> &left, const reverse_iterator<B> &right) {
   return left.base() != right.base();
 }
-template <class A, class B>
-inline bool operator<(const reverse_iterator<A> &left, const reverse_iterator<B> &right) {
+template <class A, class B> inline bool operator<(const reverse_iterator<A> &left, const reverse_iterator<B> &right) {
   return right.base() < left.base();
 }
-template <class A, class B>
-inline bool operator>(const reverse_iterator<A> &left, const reverse_iterator<B> &right) {
+template <class A, class B> inline bool operator>(const reverse_iterator<A> &left, const reverse_iterator<B> &right) {
   return left.base() < right.base();
 }
-template <class A, class B>
-inline bool operator<=(const reverse_iterator<A> &left, const reverse_iterator<B> &right) {
+template <class A, class B> inline bool operator<=(const reverse_iterator<A> &left, const reverse_iterator<B> &right) {
   return !(left.base() < right.base());
 }
-template <class A, class B>
-inline bool operator>=(const reverse_iterator<A> &left, const reverse_iterator<B> &right) {
+template <class A, class B> inline bool operator>=(const reverse_iterator<A> &left, const reverse_iterator<B> &right) {
   return !(right.base() < left.base());
 }
 template <class A, class B>

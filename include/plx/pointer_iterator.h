@@ -21,8 +21,7 @@ public:
 
   pointer_iterator() PLX_NOTHROW : at_(0) {}
   explicit pointer_iterator(T *at) PLX_NOTHROW : at_(at) {}
-  template <class U>
-  pointer_iterator(const pointer_iterator<U> &other, typename adds_const<T, U>::type = 0) PLX_NOTHROW
+  template <class U> pointer_iterator(const pointer_iterator<U> &other, typename adds_const<T, U>::type = 0) PLX_NOTHROW
       : at_(other.base()) {}
 
   T *base() const PLX_NOTHROW { return at_; }
@@ -83,8 +82,7 @@ template <class T, class U>
 inline std::ptrdiff_t operator-(const pointer_iterator<T> &left, const pointer_iterator<U> &right) PLX_NOTHROW {
   return left.base() - right.base();
 }
-template <class T>
-inline pointer_iterator<T> operator+(std::ptrdiff_t n, const pointer_iterator<T> &at) PLX_NOTHROW {
+template <class T> inline pointer_iterator<T> operator+(std::ptrdiff_t n, const pointer_iterator<T> &at) PLX_NOTHROW {
   return at + n;
 }
 

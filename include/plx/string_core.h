@@ -21,8 +21,8 @@ namespace __zor {
 
 struct PLX_API b_str_ref {
   std::allocator<char> allocator;
-  unsigned int count;     // strings that share this representation, or 0xFFFFFFFF
-  char *data;             // the characters, and a null character after them
+  unsigned int count;  // strings that share this representation, or 0xFFFFFFFF
+  char *data;          // the characters, and a null character after them
   unsigned int length;
   unsigned int capacity;  // a multiple of 32; length <= capacity
   unsigned int room;      // bytes at `data`; capacity < room
