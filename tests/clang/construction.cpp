@@ -163,7 +163,7 @@ void operator delete[](void *p, arena &a) {
 struct lost_arena {
   int taken;
 };
-void *operator new(size_t size, lost_arena &a) {  // no operator delete matches: nothing is called
+void *operator new(size_t, lost_arena &a) {  // no operator delete matches: nothing is called
   ++a.taken;
   static double room[16];
   return room;

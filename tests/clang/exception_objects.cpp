@@ -336,9 +336,9 @@ static void one_round(int i) {
 }
 static void nothing_is_lost() {
   for (int i = 0; i < 20; ++i) one_round(i);
-  unsigned before = mallinfo().uordblks;
+  unsigned before = mallinfo2().uordblks;
   for (int i = 0; i < 5000; ++i) one_round(i);
-  unsigned after = mallinfo().uordblks;
+  unsigned after = mallinfo2().uordblks;
   CHECK_INT(after - before, 0);
   CHECK_TRACE("");
 }

@@ -3,6 +3,8 @@
 // test-variants: -O0 | -O2 | -O1 -std=gnu++17
 #include "../harness.h"
 
+#pragma clang diagnostic ignored "-Winfinite-recursion"  // it ends in the initialisation
+
 struct noisy {
   int n;
   explicit noisy(int k) : n(k) { trace("+%d", n); }

@@ -174,7 +174,10 @@ static void handler_of_terminate_throws() {
     puts("caught");
   }
 }
-static void terminate_handler_returns() { puts("returning"); }
+static void terminate_handler_returns() { 
+  puts("returning");
+  fflush(stdout);
+}
 static void handler_of_terminate_returns() {
   std::set_terminate(terminate_handler_returns);
   throw 1;

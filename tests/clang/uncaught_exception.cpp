@@ -120,7 +120,12 @@ int main() {
   stages();
   nested();
   in_unexpected();
+  // Once termination has begun plx answers true; others say that the exception counts as handled then.
+#ifdef PLX_CONFIG_H
   CHECK_ENDS(uncaught, 4, "terminate:1");
+#else
+  CHECK_ENDS(uncaught, 4, "terminate:");
+#endif
   CHECK_ENDS(call_terminate_directly, 4, "terminate:");
   return TEST_RESULT();
 }

@@ -1,0 +1,563 @@
+// Writes a random C++98 program about exceptions to standard output: generate SEED. The program prints a trace of
+// everything that happens: constructions, destructions, copies, handlers, values of locals (of each round its start and a
+// checksum of all). The same seed gives the same
+// program, and every correct compiler and library gives the program the same trace: nothing in it depends on the order of
+// evaluation, on elided copies, or on what std::terminate does.
+//
+// A program has classes of exceptions in a random hierarchy (virtual, private and ambiguous bases), classes of objects with
+// members and constructors that fail, and functions that call each other with decreasing fuel.
+#include <cstdarg>
+#include <cstdio>
+#include <cstdlib>
+
+static unsigned long long state;
+
+static unsigned next_random() {
+  state = state * 6364136223846793005ULL + 1442695040888963407ULL;
+  return (unsigned)(state >> 33);
+}
+static int below(int n) { return (int)(next_random() % (unsigned)n); }
+static bool chance(int percent) { return below(100) < percent; }
+static int between(int low, int high) { return low + below(high - low + 1); }
+
+static int depth;  // of indentation
+
+static void line(const char *format, ...) {
+  for (int i = 0; i < depth; ++i) std::fputs("  ", stdout);
+  va_list arguments;
+  va_start(arguments, format);
+  std::vprintf(format, arguments);
+  va_end(arguments);
+  std::putchar('\n');
+}
+static void open(const char *format, ...) {
+  for (int i = 0; i < depth; ++i) std::fputs("  ", stdout);
+  va_list arguments;
+  va_start(arguments, format);
+  std::vprintf(format, arguments);
+  va_end(arguments);
+  std::fputs(" {\n", stdout);
+  ++depth;
+}
+static void close(const char *after = "") {
+  --depth;
+  line("}%s", after);
+}
+static void close_open(const char *format, ...) {
+  --depth;
+  for (int i = 0; i < depth; ++i) std::fputs("  ", stdout);
+  std::fputs("} ", stdout);
+  va_list arguments;
+  va_start(arguments, format);
+  std::vprintf(format, arguments);
+  va_end(arguments);
+  std::fputs(" {\n", stdout);
+  ++depth;
+}
+
+enum { max_exceptions = 8, max_objects = 5, max_functions = 9 };
+static int exceptions, objects, functions;
+
+// Where a statement stands.
+struct context {
+  int nesting;         // of blocks
+  bool in_handler;     // lexically: throw; may stand here
+  bool in_loop;        // break and continue may stand here
+  bool in_destructor;  // nothing may leave
+  bool returns;        // return may stand here, with a value
+  int locals;          // v0 to v<locals - 1> may be named
+  int highest_object;  // objects o of these classes may be constructed: below this number
+};
+
+static int labels;  // numbers for trace points and names
+
+static void statements(context c, int count);
+
+static void trace_point(const context &c) {
+  if (c.locals && chance(50)) {
+    line("T(\"t%d:%%d\", v%d);", labels++, below(c.locals));
+  } else if (chance(30)) {
+    line("T(\"t%d:u%%d\", (int)std::uncaught_exception());", labels++);
+  } else {
+    line("T(\"t%d\");", labels++);
+  }
+}
+
+static void throw_something() {
+  switch (below(8)) {
+    case 0: line("throw %d;", below(100)); break;
+    case 1: line("throw (const char *)\"s%d\";", below(100)); break;
+    case 2: line("throw &g%d;", below(exceptions)); break;
+    case 3: line("throw g%d;", below(exceptions)); break;
+    case 4: line("throw (const X%d *)&h%d;", exceptions - 1, exceptions - 1); break;
+    default: line("throw X%d(R(1000));", below(exceptions)); break;
+  }
+}
+
+static void handler_head(char *text, bool *last) {
+  int k = below(exceptions);
+  *last = false;
+  switch (below(12)) {
+    case 0: std::sprintf(text, "catch (int n)"); break;
+    case 1: std::sprintf(text, "catch (const char *s)"); break;
+    case 2: std::sprintf(text, "catch (X%d e)", k); break;
+    case 3: std::sprintf(text, "catch (X%d *e)", k); break;
+    case 4: std::sprintf(text, "catch (const X%d *e)", k); break;
+    case 5:
+      std::sprintf(text, "catch (...)");
+      *last = true;
+      break;
+    case 6: std::sprintf(text, "catch (std::bad_exception &)"); break;
+    case 7: std::sprintf(text, "catch (const X%d &e)", k); break;
+    default: std::sprintf(text, "catch (X%d &e)", k); break;
+  }
+}
+
+// What a handler can tell of its parameter, by the text of its head.
+static void handler_report(const char *head) {
+  int k;
+  if (std::sscanf(head, "catch (X%d *e)", &k) == 1 || std::sscanf(head, "catch (const X%d *e)", &k) == 1 ||
+      std::sscanf(head, "catch (X%d &e)", &k) == 1 || std::sscanf(head, "catch (const X%d &e)", &k) == 1 ||
+      std::sscanf(head, "catch (X%d e)", &k) == 1) {
+    bool pointer = false, constant = false;
+    for (const char *p = head; *p; ++p) pointer |= *p == '*';
+    constant = head[7] == 'c';
+    line("T(\"h%d:%%d\", e%sX%d::tag);", labels++, pointer ? "->" : ".", k);
+    if (!pointer && !constant && chance(40)) line("e.X%d::tag += %d;", k, between(1, 9) * 1000);
+  } else if (std::sscanf(head, "catch (int %d", &k) == 0 && head[7] == 'i') {
+    line("T(\"h%d:%%d\", n);", labels++);
+  } else if (head[7] == 'c' && head[13] == 'c') {
+    line("T(\"h%d:%%s\", s);", labels++);
+  } else {
+    line("T(\"h%d\");", labels++);
+  }
+}
+
+static void handlers(context c, bool catch_all) {
+  int count = catch_all ? below(3) : between(1, 3);
+  c.in_handler = true;
+  bool last = false;
+  for (int i = 0; i < count && !last; ++i) {
+    char head[60];
+    handler_head(head, &last);
+    close_open("%s", head);
+    handler_report(head);
+    statements(c, below(3));
+  }
+  if (catch_all && !last) {
+    close_open("catch (...)");
+    trace_point(c);
+    statements(c, below(2));
+  }
+  close();
+}
+
+static void try_block(context c, bool catch_all) {
+  context body = c;
+  body.in_handler = false;  // throw; in the body would be legal too, but rarely says more
+  if (c.in_handler && chance(30)) body.in_handler = true;
+  open("try");
+  statements(body, between(1, 3));
+  handlers(c, catch_all);
+}
+
+static void call_function() { line("T(\"r%d:%%d\", F%s(f%d)(d - 1));", labels++, chance(30) ? "" : "0", below(functions)); }
+
+static void statement(context c) {
+  bool deep = c.nesting >= 4;
+  ++c.nesting;
+  switch (below(deep ? 9 : 22)) {
+    case 0:
+    case 1: trace_point(c); break;
+    case 2:
+    case 3:
+      // What leaves a destructor ends the program, so calls there stand in try blocks only.
+      if (c.in_destructor) trace_point(c);
+      else call_function();
+      break;
+    case 4:
+      if (c.in_destructor) trace_point(c);
+      else if (chance(50)) throw_something();
+      else {
+        open("if (R(%d) == 0)", between(2, 5));
+        throw_something();
+        close();
+      }
+      break;
+    case 5:
+      if (c.in_handler && !c.in_destructor) line("if (R(2)) throw;");
+      else if (c.in_handler) line("sort_out();");
+      else trace_point(c);
+      break;
+    case 6:
+      if (c.in_handler) line("sort_out();");
+      else if (c.in_loop && chance(50)) line("if (R(3) == 0) break;");
+      else if (c.in_loop) line("if (R(3) == 0) continue;");
+      else trace_point(c);
+      break;
+    case 7:
+      if (c.locals) line("v%d = v%d * 3 + R(%d);", below(c.locals), below(c.locals), between(2, 50));
+      else trace_point(c);
+      break;
+    case 8:
+      if (c.returns) line("if (R(4) == 0) return %d;", below(1000));
+      else trace_point(c);
+      break;
+    case 9:
+      open("if (R(%d))", between(2, 4));
+      statements(c, between(1, 3));
+      if (chance(50)) {
+        close_open("else");
+        statements(c, between(1, 3));
+      }
+      close();
+      break;
+    case 10:
+      open("for (int i%d = 0; i%d < %d; ++i%d)", labels, labels, between(2, 3), labels);
+      ++labels;
+      c.in_loop = true;
+      statements(c, between(1, 3));
+      close();
+      break;
+    case 11:
+    case 12:
+      if (c.in_destructor || c.highest_object == 0) {
+        open("");
+        line("N n%d(%d);", labels, labels);
+        ++labels;
+        statements(c, between(1, 3));
+        close();
+      } else {
+        open("");
+        line("O%d o%d(d - 1);", below(c.highest_object), labels++);
+        statements(c, between(1, 3));
+        close();
+      }
+      break;
+    case 13:
+      open("");
+      line("N n%d(%d), m%d(%d);", labels, labels, labels + 1, labels + 1);
+      labels += 2;
+      statements(c, between(1, 4));
+      close();
+      break;
+    case 14:
+      if (c.in_destructor || c.highest_object == 0) {
+        trace_point(c);
+      } else {
+        int k = below(c.highest_object);
+        if (chance(50)) line("delete new O%d(d - 1);", k);
+        else line("delete[] new O%d[%d];", k, between(1, 4));
+      }
+      break;
+    case 15:
+      if (c.in_destructor || c.highest_object == 0) {
+        trace_point(c);
+      } else {
+        open("");
+        line("O%d a%d[%d];", below(c.highest_object), labels++, between(1, 3));
+        statements(c, between(1, 2));
+        close();
+      }
+      break;
+    case 16: {
+      open("");
+      int name = labels++;
+      line("char w%d[R(60) + 1];", name);
+      line("std::memset(w%d, %d, sizeof w%d);", name, between(1, 100), name);
+      statements(c, between(1, 3));
+      line("T(\"w%d:%%d:%%d\", (int)sizeof w%d, w%d[sizeof w%d - 1]);", name, name, name, name);
+      close();
+      break;
+    }
+    case 17: {
+      open("switch (R(4))");
+      int cases = between(1, 3);
+      context inner = c;
+      inner.in_loop = false;
+      for (int i = 0; i < cases; ++i) {
+        open("case %d:", i);
+        statements(inner, between(1, 2));
+        close();
+        if (chance(70)) line("break;");
+      }
+      close();
+      break;
+    }
+    default: try_block(c, c.in_destructor || chance(25)); break;
+  }
+}
+
+// A try block in a destructor holds everything in; its handlers must not let out either.
+static void contained(context c) {
+  open("try");
+  context body = c;
+  body.in_destructor = false;
+  body.in_handler = false;
+  body.returns = false;
+  body.in_loop = false;
+  statements(body, between(1, 3));
+  close_open("catch (...)");
+  line("T(\"c%d\");", labels++);
+  if (chance(40)) line("sort_out();");
+  close();
+}
+
+static void statements(context c, int count) {
+  if (c.nesting > 7) {
+    line("T(\"deep\");");
+    return;
+  }
+  for (int i = 0; i < count; ++i) statement(c);
+}
+
+// ---- The parts of a program
+
+static void prologue(int seed) {
+  std::printf("// Generated with seed %d.\n", seed);
+  std::fputs(
+      "#include <cstdarg>\n"
+      "#include <cstdio>\n"
+      "#include <cstring>\n"
+      "#include <exception>\n\n"
+      "static unsigned long long rs;\n"
+      "static int R(int n) {\n"
+      "  rs = rs * 6364136223846793005ULL + 1442695040888963407ULL;\n"
+      "  return (int)((unsigned)(rs >> 33) % (unsigned)n);\n"
+      "}\n"
+      "static int live, calls, lines;\n"
+      "static unsigned sum;\n"
+      "static void T(const char *format, ...) {\n"
+      "  char text[200];\n"
+      "  va_list a;\n"
+      "  va_start(a, format);\n"
+      "  std::vsnprintf(text, sizeof text, format, a);\n"
+      "  va_end(a);\n"
+      "  for (const char *p = text; *p; ++p) sum = sum * 31 + (unsigned char)*p;\n"
+      "  if (++lines < 1000) std::puts(text);\n"
+      "}\n"
+      "#define CALL_LIMIT 200\n"
+      "#define F0(f) f\n"
+      "typedef int (*function)(int);\n"
+      "static function hide(function f) { function volatile g = f; return g; }\n"
+      "#define F(f) hide(f)\n"
+      "struct N {\n"
+      "  int n;\n"
+      "  explicit N(int k) : n(k) { ++live; }\n"
+      "  ~N() { --live; T(\"~n%d:u%d\", n, (int)std::uncaught_exception()); }\n"
+      "private:\n"
+      "  N(const N &);\n"
+      "};\n\n",
+      stdout);
+}
+
+static void exception_classes() {
+  exceptions = between(3, max_exceptions);
+  for (int k = 0; k < exceptions; ++k) {
+    char bases[200];
+    int used = 0;
+    for (int b = 0; b < k; ++b) {
+      if (used > 120 || !chance(45)) continue;
+      // A private virtual base could not be destroyed by the most derived class.
+      const char *kind = chance(40) ? "public virtual" : chance(15) ? "private" : "public";
+      used += std::sprintf(bases + used, "%s%s X%d", used ? ", " : " : ", kind, b);
+    }
+    bases[used] = 0;
+    open("struct X%d%s", k, bases);
+    line("int tag;");
+    if (chance(30)) line("char room%d[%d];", k, between(1, 300));
+    line("explicit X%d(int n = %d) : tag(n * 10 + %d) { ++live; T(\"+x%d:%%d\", n); }", k, k, k, k);
+    // The copy of a class with virtual bases names the bases by default constructors, so every subobject is counted.
+    line("X%d(const X%d &o) : tag(o.tag + 1) { ++live; T(\"c%d:%%d\", tag); }", k, k, k);
+    line("%s~X%d() { --live; T(\"~x%d:%%d:u%%d\", tag, (int)std::uncaught_exception()); }", chance(50) ? "virtual " : "", k,
+         k);
+    close(";");
+  }
+  for (int k = 0; k < exceptions; ++k) line("static X%d g%d(%d);\nstatic const X%d h%d(%d);", k, k, k + 500, k, k, k + 600);
+  std::putchar('\n');
+  open("static void sort_out()");
+  open("try");
+  line("throw;");
+  for (int k = exceptions - 1; k >= 0; --k) {
+    if (chance(40)) {
+      close_open("catch (X%d &e)", k);
+      line("T(\"sort%d:%%d\", e.X%d::tag);", k, k);
+    }
+  }
+  close_open("catch (int n)");
+  line("T(\"sort:%%d\", n);");
+  close_open("catch (...)");
+  line("T(\"sort\");");
+  close();
+  close();
+}
+
+static void object_classes() {
+  objects = between(2, max_objects);
+  for (int k = 0; k < functions; ++k) line("static int f%d(int d);", k);
+  for (int k = 0; k < objects; ++k) {
+    context c = context();
+    c.highest_object = k;
+    int base = k && chance(35) ? below(k) : -1;
+    int member = k && chance(50) ? below(k) : -1;
+    bool handler = chance(25);
+    if (base >= 0) open("struct O%d : %sO%d", k, chance(30) ? "virtual " : "", base);
+    else open("struct O%d", k);
+    line("N n%d_a;", k);
+    if (member >= 0) line("O%d m%d[%d];", member, k, between(1, 2));
+    line("N n%d_b;", k);
+    char initialisers[100];
+    int used = 0;
+    if (base >= 0) used = std::sprintf(initialisers, "O%d(d - 1), ", base);
+    std::sprintf(initialisers + used, "n%d_a(%d), n%d_b(%d)", k, 10000 + k * 10, k, 10001 + k * 10);
+    if (handler) {
+      open("explicit O%d(int d = 2) try : %s", k, initialisers);
+    } else {
+      open("explicit O%d(int d = 2) : %s", k, initialisers);
+    }
+    line("++live;");
+    line("if (d <= 0) { T(\"+o%d\"); return; }", k);
+    line("++calls;");
+    line("try {");
+    ++depth;
+    statements(c, between(1, 3));
+    --depth;
+    line("} catch (...) { --live; throw; }");
+    line("T(\"+o%d\");", k);
+    if (handler) {
+      close_open("catch (X%d &e)", below(exceptions));
+      line("T(\"ctor%d\");", k);
+      line("(void)e;");
+      close_open("catch (int)");
+      line("T(\"ctor%d:int\");", k);
+      if (chance(50)) throw_something();
+      close();
+    } else {
+      close();
+    }
+    open("~O%d()", k);
+    line("--live;");
+    line("T(\"~o%d:u%%d\", (int)std::uncaught_exception());", k);
+    if (chance(40)) {
+      line("if (calls++ > CALL_LIMIT) return;");
+      line("int d = 2;");
+      c.in_destructor = true;
+      c.highest_object = k;
+      contained(c);
+    }
+    close();
+    depth--;
+    std::fputs(" private:\n", stdout);
+    depth++;
+    line("O%d(const O%d &);", k, k);
+    close(";");
+  }
+}
+
+static void function_definitions() {
+  for (int k = 0; k < functions; ++k) {
+    context c = context();
+    c.returns = true;
+    c.highest_object = objects;
+    bool specified = chance(25), function_try = !specified && chance(10), nothing = !specified && chance(8);
+    if (specified) {
+      // bad_exception in every list: whatever the unexpected handler throws leads somewhere. Not inlined, because compilers
+      // may report one violation for two specifications that they merged.
+      char list[120];
+      int used = std::sprintf(list, "std::bad_exception");
+      if (chance(40)) used += std::sprintf(list + used, ", int");
+      if (chance(20)) used += std::sprintf(list + used, ", const char *");
+      if (chance(50)) used += std::sprintf(list + used, ", X%d", below(exceptions));
+      if (chance(30)) used += std::sprintf(list + used, ", const X%d *", below(exceptions));
+      line("static int s%d(int d) throw(%s) __attribute__((__noinline__));", k, list);
+      open("static int s%d(int d) throw(%s)", k, list);
+    } else if (nothing) {
+      line("static int s%d(int d) throw() __attribute__((__noinline__));", k);
+      open("static int s%d(int d) throw()", k);
+    } else if (function_try) {
+      open("static int f%d(int d) try", k);
+    } else {
+      open("static int f%d(int d)", k);
+    }
+    line("if (d <= 0 || ++calls > CALL_LIMIT) return 0;");
+    line("T(\"f%d\");", k);
+    c.locals = below(4);
+    for (int i = 0; i < c.locals; ++i) line("%s v%d = R(100);", chance(50) ? "unsigned" : "short", i);
+    if (nothing) {
+      c.returns = false;
+      contained(c);
+    } else {
+      statements(c, between(2, 4));
+    }
+    for (int i = 0; i < c.locals; ++i) line("T(\"v%d:%%d\", v%d);", i, i);
+    line("return %d;", k);
+    if (function_try) {
+      close_open("catch (X%d &e)", below(exceptions));
+      line("T(\"function%d\");", k);
+      line("(void)e;");
+      line("return %d;", -k);
+      close();
+    } else {
+      close();
+    }
+    if (specified || nothing) line("static int f%d(int d) { return s%d(d); }", k, k);
+  }
+}
+
+static void unexpected_handler() {
+  open("static void handle_unexpected()");
+  line("T(\"unexpected:u%%d\", (int)std::uncaught_exception());");
+  if (chance(50)) line("sort_out();");
+  open("switch (R(5))");
+  line("case 0: throw;");
+  line("case 1: throw std::bad_exception();");
+  line("case 2: throw 7;");
+  line("case 3: throw X%d(9);", below(exceptions));
+  line("default: throw (const char *)\"unexpected\";");
+  close();
+  close();
+}
+
+static void main_function(int seed) {
+  open("int main()");
+  line("std::set_unexpected(handle_unexpected);");
+  line("static char buffer[1 << 16];");
+  line("std::setvbuf(stdout, buffer, _IOFBF, sizeof buffer);");
+  line("int at_start = live;");
+  open("for (int round = 0; round < 40; ++round)");
+  line("rs = %uU + round * 977;", (unsigned)seed * 2654435761u);
+  line("calls = lines = 0;");
+  line("T(\"round %%d\", round);");
+  open("try");
+  line("function const all[] = {");
+  for (int k = 0; k < functions; ++k) line("  f%d,", k);
+  line("};");
+  line("T(\"=%%d\", all[R(%d)](6));", functions);
+  for (int k = exceptions - 1; k >= 0; --k)
+    if (chance(30)) {
+      close_open("catch (X%d &e)", k);
+      line("T(\"top%d:%%d\", e.X%d::tag);", k, k);
+    }
+  close_open("catch (...)");
+  line("T(\"top\");");
+  close();
+  line("lines = 0;");
+  line("T(\"live %%d u%%d sum %%u\", live - at_start, (int)std::uncaught_exception(), sum);");
+  close();
+  line("return 0;");
+  close();
+}
+
+int main(int argc, char **argv) {
+  int seed = argc > 1 ? std::atoi(argv[1]) : 1;
+  state = (unsigned long long)seed * 0x9E3779B97F4A7C15ULL + 12345;
+  for (int i = 0; i < 10; ++i) next_random();
+  functions = between(4, max_functions);
+  prologue(seed);
+  exception_classes();
+  object_classes();
+  function_definitions();
+  unexpected_handler();
+  main_function(seed);
+  return 0;
+}
