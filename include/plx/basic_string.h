@@ -15,7 +15,7 @@
 
 namespace __zor {
 
-template <> struct plx_strings_use_only_the_standard_allocator<std::allocator<char>> { typedef int type; };
+template <> struct plx_strings_use_only_the_standard_allocator<std::allocator<char> > { typedef int type; };
 
 // A range as contiguous characters: those of pointers and of string iterators as they are. Of any other range a string
 // is made first, since its iterators may throw, or look into the string that is about to change.
@@ -50,7 +50,7 @@ public:
   string_range(char *first, char *last) PLX_NOTHROW : string_range<String, const char *>(first, last) {}
 };
 
-template <class String, class C> class string_range<String, pointer_iterator<C>>
+template <class String, class C> class string_range<String, pointer_iterator<C> >
     : public string_range<String, const char *> {
 public:
   string_range(pointer_iterator<C> first, pointer_iterator<C> last) PLX_NOTHROW
@@ -657,7 +657,7 @@ inline void swap(basic_string<C, T, A> &left, basic_string<C, T, A> &right) PLX_
   left.swap(right);
 }
 
-__extension__ extern template class PLX_API basic_string<char, char_traits<char>, allocator<char>>;
+__extension__ extern template class PLX_API basic_string<char, char_traits<char>, allocator<char> >;
 
 }  // namespace std
 

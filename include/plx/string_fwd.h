@@ -6,10 +6,10 @@ namespace std {
 
 template <class C> struct char_traits;
 template <class T> class allocator;
-template <class C, class T = char_traits<C>, class A = allocator<C>> class basic_string;
+template <class C, class T = char_traits<C>, class A = allocator<C> > class basic_string;
 
-typedef basic_string<char, char_traits<char>, allocator<char>> string;
-typedef basic_string<wchar_t, char_traits<wchar_t>, allocator<wchar_t>> wstring;  // using it is refused
+typedef basic_string<char, char_traits<char>, allocator<char> > string;
+typedef basic_string<wchar_t, char_traits<wchar_t>, allocator<wchar_t> > wstring;  // using it is refused
 
 }  // namespace std
 

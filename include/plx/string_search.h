@@ -54,7 +54,7 @@ template <class T> struct string_search {
   }
 };
 
-template <> struct string_search<std::char_traits<char>> {
+template <> struct string_search<std::char_traits<char> > {
   typedef unsigned int position;
 
   PLX_STRING_CALL static position find(const b_str_ref *rep, const char *s, position pos, position n) PLX_NOTHROW;
