@@ -68,7 +68,10 @@ OWNING_FRAME(frame_18, frame_17)
 OWNING_FRAME(frame_19, frame_18)
 OWNING_FRAME(frame_20, frame_19)
 
-/* for each i: try { body(i); } catch (int value) { sum += value; } */
+/* for each i: try { body(i); } catch (int value) { sum += value; }
+ *
+ * _setjmp, because the setjmp of <setjmp.h> also notes the eh stack in the buffer for a longjmp of the program's own;
+ * the runtime, which jumps here, has no use for it. */
 #define TRY_LOOP(name, body_statement)                                  \
   static unsigned long name(unsigned long iterations) {                 \
     volatile unsigned long sum = 0;                                     \
@@ -82,7 +85,7 @@ OWNING_FRAME(frame_20, frame_19)
       entry.body.try_block.handled_exception = 0;                       \
       entry.body.try_block.try_region = __eh_curr_region;               \
       __curr_eh_stack_entry = &entry;                                   \
-      if (setjmp(entry.body.try_block.jump_buffer) == 0) {              \
+      if (_setjmp(entry.body.try_block.jump_buffer) == 0) {             \
         body_statement                                                  \
       } else {                                                          \
         int value = *(int *)__caught_object_address;                    \
