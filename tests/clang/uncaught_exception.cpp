@@ -41,6 +41,16 @@ static void stages() {
   CHECK_TRACE("make:0 copy:1 handler:0 gone:0 gone:0");
   try {
     try {
+      throw error();
+    } catch (error &) {
+      throw 1;  // the first exception ends while the second flies
+    }
+  } catch (int) {
+    trace("handler:%d", now());
+  }
+  CHECK_TRACE("make:0 gone:1 handler:0");
+  try {
+    try {
       throw 1;
     } catch (int) {
       looks local("leaving");

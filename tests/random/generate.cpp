@@ -331,7 +331,7 @@ static void prologue(int seed) {
       "  char text[200];\n"
       "  va_list a;\n"
       "  va_start(a, format);\n"
-      "  std::vsnprintf(text, sizeof text, format, a);\n"
+      "  vsnprintf(text, sizeof text, format, a);\n"
       "  va_end(a);\n"
       "  for (const char *p = text; *p; ++p) sum = sum * 31 + (unsigned char)*p;\n"
       "  if (++lines < 1000) std::puts(text);\n"
@@ -369,8 +369,7 @@ static void exception_classes() {
     line("explicit X%d(int n = %d) : tag(n * 10 + %d) { ++live; T(\"+x%d:%%d\", n); }", k, k, k, k);
     // The copy of a class with virtual bases names the bases by default constructors, so every subobject is counted.
     line("X%d(const X%d &o) : tag(o.tag + 1) { ++live; T(\"c%d:%%d\", tag); }", k, k, k);
-    line("%s~X%d() { --live; T(\"~x%d:%%d:u%%d\", tag, (int)std::uncaught_exception()); }", chance(50) ? "virtual " : "", k,
-         k);
+    line("%s~X%d() { --live; T(\"~x%d:%%d\", tag); }", chance(50) ? "virtual " : "", k, k);
     close(";");
   }
   for (int k = 0; k < exceptions; ++k) line("static X%d g%d(%d);\nstatic const X%d h%d(%d);", k, k, k + 500, k, k, k + 600);
@@ -504,15 +503,16 @@ static void function_definitions() {
   }
 }
 
+// It throws nothing that traces its destruction, and exceptions do not trace whether another is in flight: when exactly a
+// violating exception and one that is replaced by bad_exception end, systems see differently.
 static void unexpected_handler() {
   open("static void handle_unexpected()");
   line("T(\"unexpected:u%%d\", (int)std::uncaught_exception());");
   if (chance(50)) line("sort_out();");
-  open("switch (R(5))");
+  open("switch (R(4))");
   line("case 0: throw;");
   line("case 1: throw std::bad_exception();");
   line("case 2: throw 7;");
-  line("case 3: throw X%d(9);", below(exceptions));
   line("default: throw (const char *)\"unexpected\";");
   close();
   close();
@@ -544,6 +544,8 @@ static void main_function(int seed) {
   line("lines = 0;");
   line("T(\"live %%d u%%d sum %%u\", live - at_start, (int)std::uncaught_exception(), sum);");
   close();
+  line("lines = 0;");
+  line("T(\"main ends\");");
   line("return 0;");
   close();
 }
