@@ -7,8 +7,8 @@
 # PLX_PREFIX is the build tree or installed prefix to measure; without it only the peers run. BENCH_ROUNDS (7) runs of
 # every case are interleaved build by build, so that a machine that slows down slows all, and the medians compared.
 # A ratio is the better peer's time divided by ours: above 1 we are faster. "behind" marks a case that is more than 3 %
-# below its target; less is noise. Exits 1 when something could not be built
-# or run, or when builds of one case computed different results; never because of a time.
+# below its target; less is noise. Exits 1 when something could not be built or run, or when builds of one case computed
+# different results; never because of a time.
 set -u
 export LC_ALL=C
 source_dir=$(cd "$(dirname "$0")" && pwd)
@@ -24,16 +24,24 @@ fail() {
   failures=$((failures + 1))
 }
 
-# The builds that take part; plx comes first when it is there.
+# The builds that take part; plx comes first when it is there. The peers are what this machine can build: clang as plx
+# uses it, and both for 32 bits.
+gcc=g++
+clang=$(command -v clang++-14) || clang="clang++"
+takes_part() {
+  echo '#include <string>
+    int main(int argc, char **argv) { return std::string(argv[0]).size() == argc; }' > "$work/probe.cpp"
+  "$2" -m32 "$work/probe.cpp" -o "$work/probe" > "$work/log" 2>&1 && builds+=("$1") && return
+  echo "without $1: it does not build 32-bit C++ programs on this machine"
+}
 builds=()
-[ -n "$prefix" ] && builds+=(plx)
-command -v g++ > "$work/log" 2>&1 && builds+=(gcc)
-command -v clang++ > "$work/log" 2>&1 && builds+=(clang)
+if [ -n "$prefix" ]; then builds+=(plx); else echo "PLX_PREFIX is not set: only the peers are measured"; fi
+takes_part gcc "$gcc"
+takes_part clang "$clang"
 if [ ${#builds[@]} -eq 0 ]; then
-  echo "bench: nothing to measure: no PLX_PREFIX, and neither g++ nor clang++ is installed" >&2
+  echo "bench: nothing to measure" >&2
   exit 1
 fi
-[ -z "$prefix" ] && echo "PLX_PREFIX is not set: only the peers are measured"
 
 # compile BUILD SOURCE OUTPUT: one program, with the same options everywhere. The peers are built for a fixed address
 # too, because position-independent code on this processor pays for itself at every call.
@@ -42,8 +50,8 @@ compile() {
   case $build:$source in
     plx:*.c) compiler=("$prefix/bin/plx-cc" -O2) ;;
     plx:*) compiler=("$prefix/bin/plx-c++" -O2 -std=gnu++98) ;;
-    gcc:*) compiler=(g++ -m32 -O2 -std=gnu++98 -fno-pic -no-pie) ;;
-    clang:*) compiler=(clang++ -m32 -O2 -std=gnu++98 -fno-pic -no-pie) ;;
+    gcc:*) compiler=("$gcc" -m32 -O2 -std=gnu++98 -fno-pic -no-pie) ;;
+    clang:*) compiler=("$clang" -m32 -O2 -std=gnu++98 -fno-pic -no-pie) ;;
   esac
   "${compiler[@]}" "$source" -o "$output" 2> "$work/log" && return
   fail "$source does not build with ${compiler[0]##*/}:"
@@ -182,11 +190,12 @@ run_instructions() {
 # ---- Sizes, start-up, relocations -----------------------------------------------------------------------------------
 
 # libraries PROGRAM: the C++ run-time libraries that it loads; the C library is common to all.
-libraries() { ldd "$1" | awk '$3 ~ /lib(plx|stdc\+\+|gcc_s|m)\.so/ { print $3 }'; }
+libraries() { ldd "$1" | sed -nE 's/^.*lib(plx|stdc\+\+|gcc_s|m)\.so[^ ]* => (.*) \(0x[0-9a-f]+\)$/\2/p'; }
 
+# Both take names of files from standard input, one a line.
 stripped_size() {
   local file total=0
-  for file in "$@"; do
+  while IFS= read -r file; do
     strip -o "$work/stripped" "$file" && total=$((total + $(wc -c < "$work/stripped")))
   done
   echo "$total"
@@ -194,7 +203,7 @@ stripped_size() {
 
 relocations() {
   local file
-  for file in "$@"; do readelf -rW "$file"; done | grep -c ' R_386_'
+  while IFS= read -r file; do readelf -rW "$file"; done | grep -c ' R_386_'
 }
 
 run_size() {
@@ -212,10 +221,10 @@ run_size() {
     printf '%-50s' "$row"
     for build in "${builds[@]}"; do
       case $row in
-        "stripped libraries, bytes") printf ' %10s' "$(stripped_size $(libraries "$work/hello.$build"))" ;;
+        "stripped libraries, bytes") printf ' %10s' "$(libraries "$work/hello.$build" | stripped_size)" ;;
         "stripped hello, bytes") printf ' %10s' "$(wc -c < "$work/hello.$build")" ;;
-        "relocations of the libraries") printf ' %10s' "$(relocations $(libraries "$work/hello.$build"))" ;;
-        "relocations of hello") printf ' %10s' "$(relocations "$work/hello.$build")" ;;
+        "relocations of the libraries") printf ' %10s' "$(libraries "$work/hello.$build" | relocations)" ;;
+        "relocations of hello") printf ' %10s' "$(echo "$work/hello.$build" | relocations)" ;;
       esac
     done
     echo
@@ -223,7 +232,7 @@ run_size() {
   "${CC:-cc}" -O2 "$source_dir/startup/spawn.c" -o "$work/spawn" || { fail "startup/spawn.c does not build"; return; }
   printf '%-50s' "from fork to exit, microseconds (median of 400)"
   "$work/spawn" 400 "${files[@]}" > "$work/startup" || fail "a hello fails"
-  printf ' %10s' $(cat "$work/startup")
+  while read -r row; do printf ' %10s' "$row"; done < "$work/startup"
   echo
 }
 
