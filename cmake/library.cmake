@@ -3,7 +3,7 @@
 set(PLX_FOLDERS libC exceptions string containers locale iostream clang)
 list(TRANSFORM PLX_FOLDERS APPEND /*.cpp OUTPUT_VARIABLE PLX_GLOBS)
 file(GLOB PLX_SOURCES CONFIGURE_DEPENDS RELATIVE ${CMAKE_SOURCE_DIR} ${PLX_GLOBS})
-file(GLOB_RECURSE PLX_HEADERS CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/include/*)
+file(GLOB_RECURSE PLX_HEADERS CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/include/[a-z]*)
 
 # The processor that everything may count on; whatever needs more asks the processor at run time.
 set(PLX_TARGET_FLAGS -m32 -march=i686 -mtune=generic)

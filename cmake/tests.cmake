@@ -113,7 +113,7 @@ file(WRITE ${CMAKE_BINARY_DIR}/tests/targets "${test_targets}\n")
 
 # Each public header, and C's own in our include path. They do not depend on what built the library: once is enough.
 if(CMAKE_CXX_COMPILER_ID STREQUAL Clang AND NOT PLX_SANITIZE)
-  file(GLOB headers CONFIGURE_DEPENDS RELATIVE ${CMAKE_SOURCE_DIR}/include include/* include/plx/*)
+  file(GLOB headers CONFIGURE_DEPENDS RELATIVE ${CMAKE_SOURCE_DIR}/include include/[a-z]* include/plx/*.h)
   list(FILTER headers EXCLUDE REGEX "^plx$")
   list(APPEND headers assert.h ctype.h errno.h float.h iso646.h limits.h locale.h signal.h stdarg.h stddef.h stdio.h
        string.h time.h wchar.h wctype.h)

@@ -8,6 +8,10 @@
 
 #include "eh_state.h"
 
+// operator new[] by its symbol. Under its own name compilers take it for granted that it never returns null, which the
+// program's version may do all the same.
+extern "C" void *allocate_array(size_t bytes) __asm__("_Znaj");
+
 namespace {
 
 using an_allocation = void *(*)(size_t);
@@ -78,7 +82,7 @@ void *array_new_general(const a_construction &how) {
   const bool allocated = !array;
   if (allocated) {
     const size_t bytes = block_size(how.count, how.size);
-    void *block = how.allocation ? reinterpret_cast<an_allocation>(how.allocation)(bytes) : operator new[](bytes);
+    void *block = how.allocation ? reinterpret_cast<an_allocation>(how.allocation)(bytes) : allocate_array(bytes);
     if (!block) return nullptr;
     array = static_cast<an_array_cookie *>(block) + 1;
   }
