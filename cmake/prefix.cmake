@@ -16,5 +16,5 @@ file(CREATE_LINK ${CMAKE_SOURCE_DIR}/driver/canary ${CMAKE_BINARY_DIR}/share/plx
 install(TARGETS plx LIBRARY DESTINATION lib)
 install(FILES ${PLX_ARCHIVE} DESTINATION lib)
 install(PROGRAMS ${PLX_DRIVERS} DESTINATION bin)
-install(DIRECTORY include/ DESTINATION include/plx-3)
+install(DIRECTORY include/ DESTINATION include/plx-3 PATTERN ".clang-format" EXCLUDE)
 install(DIRECTORY driver/canary DESTINATION share/plx-3)
