@@ -38,6 +38,9 @@ void *carve(unsigned bytes) {
 
 }  // namespace
 
+void *large_take(unsigned bytes) { return operator new(bytes); }
+void large_give(void *memory) PLX_NOTHROW { operator delete(memory); }
+
 PLX_COLD void *pool_refill(unsigned bytes) {
   if (!string_pool.asked) {
     string_pool.bypassed = is_replaced();

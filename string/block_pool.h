@@ -5,6 +5,10 @@
 
 #include <new>
 
+// A compiler must see on the declaration that a symbol is the library's own, or it goes through the GOT pointer.
+#define PLX_STRING_HIDDEN_DATA __attribute__((__visibility__("hidden")))
+#define PLX_STRING_HIDDEN __attribute__((__visibility__("hidden"), __noinline__, __regparm__(3)))
+
 namespace __zor {
 
 struct free_block {
@@ -22,13 +26,17 @@ struct block_pool {
   bool bypassed;  // it did
 };
 
-extern block_pool string_pool;
+extern PLX_STRING_HIDDEN_DATA block_pool string_pool;
 
 // The slow case of pool_take. Throws bad_alloc and changes nothing then.
-void *pool_refill(unsigned bytes);
+PLX_STRING_HIDDEN void *pool_refill(unsigned bytes);
+
+// operator new and operator delete.
+PLX_STRING_HIDDEN void *large_take(unsigned bytes);
+PLX_STRING_HIDDEN void large_give(void *memory) PLX_NOTHROW;
 
 // A block of `bytes`, a multiple of 32.
-inline void *pool_take(unsigned bytes) {
+[[gnu::always_inline]] inline void *pool_take(unsigned bytes) {
   if (__builtin_expect(bytes <= block_pool::largest, true)) {
     free_block *&head = string_pool.free[bytes / block_pool::step];
     if (free_block *block = head) {
@@ -37,17 +45,17 @@ inline void *pool_take(unsigned bytes) {
     }
     return pool_refill(bytes);
   }
-  return operator new(bytes);
+  return large_take(bytes);
 }
 
-inline void pool_give(void *memory, unsigned bytes) PLX_NOTHROW {
+[[gnu::always_inline]] inline void pool_give(void *memory, unsigned bytes) PLX_NOTHROW {
   if (__builtin_expect(bytes <= block_pool::largest && !string_pool.bypassed, true)) {
     free_block *block = static_cast<free_block *>(memory);
     free_block *&head = string_pool.free[bytes / block_pool::step];
     block->next = head;
     head = block;
   } else {
-    operator delete(memory);
+    large_give(memory);
   }
 }
 

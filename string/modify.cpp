@@ -40,7 +40,7 @@ void write_moved(char *gap, text_source source, unsigned n, bool inside) {
 void write_moved(char *gap, fill_source source, unsigned n, bool) { source.write(gap, n); }
 
 template <class Source> void assign(b_str_ref *&rep, Source source, unsigned n) {
-  if (n == string_npos) string_length_error();
+  if (n == string_npos) fail_length();
   if (string_is_private(rep)) {
     const unsigned capacity = rep->capacity <= n ? capacity_for(n) : rep->capacity;
     if (has_room(rep, n, capacity)) {
@@ -59,7 +59,7 @@ template <class Source> void assign(b_str_ref *&rep, Source source, unsigned n) 
 
 template <class Source> void append(b_str_ref *&rep, Source source, unsigned n) {
   const unsigned length = rep->length;
-  if (n >= ~length) string_length_error();
+  if (n >= ~length) fail_length();
   const unsigned new_length = length + n;
   unsigned room = 0;
   if (string_is_private(rep)) {
@@ -73,7 +73,8 @@ template <class Source> void append(b_str_ref *&rep, Source source, unsigned n) 
     }
     room = grown_room(rep);
   }
-  b_str_ref *made = make_representation(capacity_for(new_length), room);
+  b_str_ref *made =
+      room ? make_roomy_representation(capacity_for(new_length), room) : make_representation(capacity_for(new_length));
   copy_characters(made->data, rep->data, length);
   source.write(made->data + length, n);
   set_length(made, new_length);
@@ -106,7 +107,7 @@ template <class Source> void exchange(b_str_ref *&rep, unsigned pos, unsigned xl
     }
     room = grown_room(rep);
   }
-  b_str_ref *made = make_representation(capacity, room);
+  b_str_ref *made = room ? make_roomy_representation(capacity, room) : make_representation(capacity);
   copy_characters(made->data, rep->data, pos);
   source.write(made->data + pos, n);
   copy_characters(made->data + pos + n, rep->data + pos + xlen, tail);
@@ -115,19 +116,38 @@ template <class Source> void exchange(b_str_ref *&rep, unsigned pos, unsigned xl
 }
 
 template <class Source> void insert(b_str_ref *&rep, unsigned pos, Source source, unsigned n) {
-  if (pos > rep->length) string_out_of_range();
-  if (n >= ~rep->length) string_length_error();
+  if (pos > rep->length) fail_out_of_range();
+  if (n >= ~rep->length) fail_length();
   exchange(rep, pos, 0, source, n);
+}
+
+void erase(b_str_ref *&rep, unsigned pos, unsigned n) {
+  const unsigned length = rep->length;
+  if (pos > length) fail_out_of_range();
+  if (n > length - pos) n = length - pos;
+  if (n == 0) return;
+  const unsigned tail = length - pos - n;
+  if (string_is_private(rep)) {
+    move_characters(rep->data + pos, rep->data + pos + n, tail);
+    set_length(rep, length - n);
+    rep->count = 1;
+  } else {
+    b_str_ref *made = make_representation(rep->capacity);
+    copy_characters(made->data, rep->data, pos);
+    copy_characters(made->data + pos, rep->data + pos + n, tail);
+    set_length(made, length - n);
+    take_over(rep, made);
+  }
 }
 
 // Replacing is inserting, then erasing; where nothing is to be inserted only the erasing is left.
 template <class Source> void replace(b_str_ref *&rep, unsigned pos, unsigned n1, Source source, unsigned n2) {
   const unsigned length = rep->length;
-  if (pos > length) string_out_of_range();
+  if (pos > length) fail_out_of_range();
   const unsigned xlen = n1 < length - pos ? n1 : length - pos;
-  if (~n2 <= length - xlen || n2 >= ~length) string_length_error();
+  if (~n2 <= length - xlen || n2 >= ~length) fail_length();
   if (n2 == 0)
-    string_erase(rep, pos, xlen);
+    erase(rep, pos, xlen);
   else
     exchange(rep, pos, xlen, source, n2);
 }
@@ -155,29 +175,12 @@ void string_replace_filled(b_str_ref *&rep, unsigned pos, unsigned n1, unsigned 
   replace(rep, pos, n1, fill_source{c}, n2);
 }
 
-void string_erase(b_str_ref *&rep, unsigned pos, unsigned n) {
-  const unsigned length = rep->length;
-  if (pos > length) string_out_of_range();
-  if (n > length - pos) n = length - pos;
-  if (n == 0) return;
-  const unsigned tail = length - pos - n;
-  if (string_is_private(rep)) {
-    move_characters(rep->data + pos, rep->data + pos + n, tail);
-    set_length(rep, length - n);
-    rep->count = 1;
-  } else {
-    b_str_ref *made = make_representation(rep->capacity);
-    copy_characters(made->data, rep->data, pos);
-    copy_characters(made->data + pos, rep->data + pos + n, tail);
-    set_length(made, length - n);
-    take_over(rep, made);
-  }
-}
+void string_erase(b_str_ref *&rep, unsigned pos, unsigned n) { erase(rep, pos, n); }
 
 void string_resize(b_str_ref *&rep, unsigned n, char c) {
   const unsigned length = rep->length;
   if (n == length) return;
-  if (n == string_npos) string_length_error();
+  if (n == string_npos) fail_length();
   const unsigned kept = n < length ? n : length;
   unsigned room = 0;
   if (string_is_private(rep)) {
@@ -191,7 +194,7 @@ void string_resize(b_str_ref *&rep, unsigned n, char c) {
     }
     room = grown_room(rep);
   }
-  b_str_ref *made = make_representation(capacity_for(n), room);
+  b_str_ref *made = room ? make_roomy_representation(capacity_for(n), room) : make_representation(capacity_for(n));
   copy_characters(made->data, rep->data, kept);
   fill_characters(made->data + kept, n - kept, c);
   set_length(made, n);

@@ -16,43 +16,45 @@ constexpr unsigned largest_capacity = 0x7FFFFF00;
   for (;;) operator delete(operator new(no_limit));
 }
 
-}  // namespace
-
-// Nobody writes into it, so reserving only raises the capacity that it reports.
-b_str_ref null_representation = {{}, 0, null_buffer, 0, 32, sizeof null_buffer, 0};
-
-b_str_ref *make_large_representation(unsigned capacity, unsigned room) {
-  if (capacity - 1u >= largest_capacity) out_of_memory();
-  const unsigned wanted = capacity < room && room < largest_capacity ? room : capacity + 1;
-  return make_in_block(in_steps(wanted + sizeof(b_str_ref)), capacity);
-}
-
-b_str_ref *string_make(const char *text, unsigned n) {
-  if (__builtin_expect(n == string_npos, false)) string_out_of_range();
-  b_str_ref *rep = make_representation(capacity_for(n));
-  if (text)
-    copy_characters(rep->data, text, n);
-  else
-    fill_characters(rep->data, n, 0);
-  set_length(rep, n);
-  return rep;
-}
-
-b_str_ref *string_make_filled(unsigned n, char c) {
-  if (n == string_npos) string_out_of_range();
+b_str_ref *make_filled(unsigned n, char c) {
   b_str_ref *rep = make_representation(capacity_for(n));
   fill_characters(rep->data, n, c);
   set_length(rep, n);
   return rep;
 }
 
+}  // namespace
+
+// Nobody writes into it, so reserving only raises the capacity that it reports.
+b_str_ref null_representation = {{}, 0, null_buffer, 0, 32, sizeof null_buffer, 0};
+
+b_str_ref *make_roomy_representation(unsigned capacity, unsigned room) {
+  if (capacity - 1u >= largest_capacity) out_of_memory();
+  const unsigned wanted = capacity < room && room < largest_capacity ? room : capacity + 1;
+  const unsigned bytes = in_steps(wanted + sizeof(b_str_ref));
+  return describe_block(pool_take(bytes), bytes, capacity);
+}
+
+b_str_ref *string_make(const char *text, unsigned n) {
+  if (__builtin_expect(n == string_npos, false)) fail_out_of_range();
+  if (__builtin_expect(!text, false)) return make_filled(n, 0);
+  return make_text(text, n);
+}
+
+b_str_ref *string_make_filled(unsigned n, char c) {
+  if (n == string_npos) fail_out_of_range();
+  return make_filled(n, c);
+}
+
 b_str_ref *string_join(const char *left, unsigned left_n, const char *right, unsigned right_n) {
-  if (right_n >= ~left_n) string_length_error();
+  if (right_n >= ~left_n) fail_length();
   const unsigned n = left_n + right_n;
   b_str_ref *rep = make_representation(capacity_for(n));
-  copy_characters(rep->data, left, left_n);
-  copy_characters(rep->data + left_n, right, right_n);
-  set_length(rep, n);
+  char *data = own_buffer(rep);
+  rep->length = n;
+  data[n] = 0;
+  copy_characters(data, left, left_n);
+  copy_characters(data + left_n, right, right_n);
   return rep;
 }
 
@@ -62,8 +64,8 @@ b_str_ref *string_part(b_str_ref *rep, unsigned pos, unsigned n) {
     ++rep->count;
     return rep;
   }
-  if (pos > length) string_out_of_range();
-  return string_make(rep->data + pos, n < length - pos ? n : length - pos);
+  if (pos > length) fail_out_of_range();
+  return make_text(rep->data + pos, n < length - pos ? n : length - pos);
 }
 
 void string_make_null(b_str_ref *&nullbuf) PLX_NOTHROW {
@@ -75,16 +77,22 @@ void string_free(b_str_ref *rep) PLX_NOTHROW { free_representation(rep); }
 
 void string_expose(b_str_ref *&rep) {
   if (!string_is_private(rep)) {
-    b_str_ref *made = string_make(rep->data, rep->length);
+    b_str_ref *made = make_text(rep->data, rep->length);
     --rep->count;
     rep = made;
   }
   rep->count = string_npos;
 }
 
+char *string_reference(b_str_ref *&rep, unsigned pos) {
+  if (pos > rep->length) fail_out_of_range();
+  string_expose(rep);
+  return rep->data + pos;
+}
+
 // Changes the block for all that share it: the characters stay the same.
 void string_reserve(b_str_ref *&rep, unsigned n) {
-  if (n == string_npos) string_length_error();
+  if (n == string_npos) fail_length();
   if (rep->capacity >= n) return;
   const unsigned capacity = capacity_for(n);
   if (capacity - 1u >= largest_capacity) out_of_memory();

@@ -17,21 +17,70 @@ inline unsigned capacity_for(unsigned n) { return (n & ~31u) + 32; }
 
 inline char *own_buffer(b_str_ref *rep) { return reinterpret_cast<char *>(rep + 1); }
 
-// Copying and filling that also take null pointers for nothing.
+// Calls of the C library and of exported functions need the GOT pointer, and short strings are too short for that. So
+// the paths of short strings are free of such calls, and the long and the failing ones stand behind hidden functions.
+PLX_STRING_HIDDEN void copy_long(char *to, const char *from, unsigned n);
+PLX_STRING_HIDDEN void move_long(char *to, const char *from, unsigned n);
+PLX_STRING_HIDDEN void fill_long(char *to, unsigned n, char c);
+[[noreturn]] PLX_STRING_HIDDEN void fail_out_of_range();
+[[noreturn]] PLX_STRING_HIDDEN void fail_length();
+
+constexpr unsigned short_copy = 32;
+
+struct four_bytes {
+  unsigned value;
+} __attribute__((__packed__, __may_alias__));
+inline four_bytes *words(char *at) { return reinterpret_cast<four_bytes *>(at); }
+inline const four_bytes *words(const char *at) { return reinterpret_cast<const four_bytes *>(at); }
+
+// Copying and filling. Nothing is nothing: the pointers may be null then. The regions of a copy do not overlap.
 inline void copy_characters(char *to, const char *from, unsigned n) {
-  if (n) memcpy(to, from, n);
+  if (__builtin_expect(n > short_copy, false)) return copy_long(to, from, n);
+  if (n >= 4) {
+    const four_bytes end = *words(from + n - 4);
+    unsigned i = 0;
+    do {
+      *words(to + i) = *words(from + i);
+      i += 4;
+    } while (i + 4 <= n);
+    *words(to + n - 4) = end;
+  } else if (n != 0) {
+    to[0] = from[0];
+    if (n > 1) {
+      to[n / 2] = from[n / 2];
+      to[n - 1] = from[n - 1];
+    }
+  }
 }
+// The regions may overlap: all is read before anything is written.
 inline void move_characters(char *to, const char *from, unsigned n) {
-  if (n) memmove(to, from, n);
+  if (__builtin_expect(n > 16, false)) return move_long(to, from, n);
+  if (n >= 8) {
+    const four_bytes a = *words(from), b = *words(from + 4), c = *words(from + n - 8), d = *words(from + n - 4);
+    *words(to) = a;
+    *words(to + 4) = b;
+    *words(to + n - 8) = c;
+    *words(to + n - 4) = d;
+  } else if (n >= 4) {
+    const four_bytes a = *words(from), b = *words(from + n - 4);
+    *words(to) = a;
+    *words(to + n - 4) = b;
+  } else if (n != 0) {
+    const char a = from[0], b = from[n / 2], c = from[n - 1];
+    to[0] = a;
+    to[n / 2] = b;
+    to[n - 1] = c;
+  }
 }
 inline void fill_characters(char *to, unsigned n, char c) {
-  if (n) memset(to, c, n);
+  if (__builtin_expect(n > 4, true)) return fill_long(to, n, c);
+  for (unsigned i = 0; i < n; ++i) to[i] = c;
 }
 
 inline unsigned in_steps(unsigned bytes) { return (bytes + block_pool::step - 1) & ~(block_pool::step - 1); }
 
-inline b_str_ref *make_in_block(unsigned bytes, unsigned capacity) {
-  b_str_ref *rep = static_cast<b_str_ref *>(pool_take(bytes));
+[[gnu::always_inline]] inline b_str_ref *describe_block(void *memory, unsigned bytes, unsigned capacity) {
+  b_str_ref *rep = static_cast<b_str_ref *>(memory);
   rep->count = 1;
   rep->data = own_buffer(rep);
   rep->capacity = capacity;
@@ -42,12 +91,12 @@ inline b_str_ref *make_in_block(unsigned bytes, unsigned capacity) {
 
 // An empty representation with this capacity, one owner, and at least `room` bytes where that is more than the capacity
 // needs. Its characters are not set. Throws bad_alloc.
-b_str_ref *make_large_representation(unsigned capacity, unsigned room);
-inline b_str_ref *make_representation(unsigned capacity, unsigned room = 0) {
-  const unsigned wanted = capacity < room ? room : capacity + 1;
-  if (__builtin_expect(capacity - 1u >= 0x1000 || wanted >= 0x2000, false))
-    return make_large_representation(capacity, room);
-  return make_in_block(in_steps(wanted + sizeof(b_str_ref)), capacity);
+PLX_STRING_HIDDEN b_str_ref *make_roomy_representation(unsigned capacity, unsigned room);
+[[gnu::always_inline]] inline b_str_ref *make_representation(unsigned capacity) {
+  static_assert(sizeof(b_str_ref) < block_pool::step, "one step holds the fields and the terminator");
+  if (__builtin_expect(capacity - 1u >= block_pool::largest - block_pool::step, false))
+    return make_roomy_representation(capacity, 0);
+  return describe_block(pool_take(capacity + block_pool::step), capacity + block_pool::step, capacity);
 }
 
 inline void set_length(b_str_ref *rep, unsigned length) {
@@ -79,12 +128,21 @@ inline unsigned grown_room(const b_str_ref *rep) {
   return rep->room < 0x30000000 ? 2 * rep->room : rep->room + rep->room / 8;
 }
 
+[[gnu::always_inline]] inline b_str_ref *make_text(const char *text, unsigned n) {
+  b_str_ref *rep = make_representation(capacity_for(n));
+  char *data = own_buffer(rep);
+  rep->length = n;
+  data[n] = 0;
+  copy_characters(data, text, n);
+  return rep;
+}
+
 // A private representation can hold n characters at this capacity without a new block.
 inline bool has_room(const b_str_ref *rep, unsigned n, unsigned capacity) {
   return n < rep->room && capacity < rep->room;
 }
 
 // The representation that all empty strings share; static, never freed.
-extern b_str_ref null_representation;
+extern PLX_STRING_HIDDEN_DATA b_str_ref null_representation;
 
 }  // namespace __zor

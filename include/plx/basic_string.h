@@ -159,8 +159,8 @@ public:
 
   const_reference operator[](size_type pos) const PLX_NOTHROW { return rep_->data[pos]; }
   reference operator[](size_type pos) {
-    if (pos > rep_->length) __zor::string_out_of_range();
-    return exposed()[pos];
+    if (__zor::string_is_unshareable(rep_) && pos <= rep_->length) return rep_->data[pos];
+    return *__zor::string_reference(rep_, pos);
   }
   const_reference at(size_type pos) const {
     if (pos >= rep_->length) __zor::string_out_of_range();
@@ -203,12 +203,12 @@ public:
   }
   void push_back(C c) {
     b_str_ref *rep = rep_;
-    const size_type at = rep->length;
-    if (rep->count == 1 && at + 1 < rep->capacity) {
-      C *place = rep->data + at;
-      rep->length = at + 1;
-      place[0] = c;
-      place[1] = C();
+    const size_type n = rep->length + 1;
+    if (rep->count == 1 && (n < rep->capacity || __zor::string_widen(rep, n))) {
+      C *place = rep->data + n;
+      rep->length = n;
+      place[-1] = c;
+      place[0] = C();
     } else {
       __zor::string_append_one(rep_, c);
     }

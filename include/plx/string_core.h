@@ -43,6 +43,14 @@ inline bool string_is_unshareable(const b_str_ref *rep) PLX_NOTHROW { return rep
 // One owner, or unshareable: counts 1 and 0xFFFFFFFF.
 inline bool string_is_private(const b_str_ref *rep) PLX_NOTHROW { return rep->count + 1u <= 2u; }
 
+// Raises the capacity to what n characters need, if the block already has the room.
+inline bool string_widen(b_str_ref *rep, unsigned int n) PLX_NOTHROW {
+  const unsigned int capacity = (n & ~31u) + 32u;
+  if (capacity >= rep->room) return false;
+  rep->capacity = capacity;
+  return true;
+}
+
 // New representations with one owner. A null `text` gives null characters. The length npos is out of range.
 PLX_STRING_CALL b_str_ref *string_make(const char *text, unsigned int n);
 PLX_STRING_CALL b_str_ref *string_make_filled(unsigned int n, char c);
@@ -57,6 +65,9 @@ PLX_STRING_CALL void string_free(b_str_ref *rep) PLX_NOTHROW;
 
 // Makes the representation private and unshareable, because a reference into its characters is about to be handed out.
 PLX_STRING_CALL void string_expose(b_str_ref *&rep);
+
+// The same for one character: pos may be the length, anything beyond is out of range.
+PLX_STRING_CALL char *string_reference(b_str_ref *&rep, unsigned int pos);
 
 // The modifiers. They change the string that owns `rep` alone; the source may lie in the string itself.
 PLX_STRING_CALL void string_assign(b_str_ref *&rep, const char *text, unsigned int n);
