@@ -1,0 +1,221 @@
+// The C headers as C++ wants them: names in std are functions, const-correct forms, forms for each arithmetic type.
+// What a header promises by types is checked by types.
+// test-variants: -O0 -std=gnu++98 | -O2 -std=gnu++98 -D_FORTIFY_SOURCE=2 | -O2 -std=c++98 | -O1 -std=gnu++11 | -O2 -std=gnu++17 | -O0 -std=gnu++20
+#include <cassert>
+#include <cctype>
+#include <cerrno>
+#include <cfloat>
+#include <ciso646>
+#include <climits>
+#include <clocale>
+#include <cmath>
+#include <csetjmp>
+#include <csignal>
+#include <cstdarg>
+#include <cstddef>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <ctime>
+#include <cwchar>
+#include <cwctype>
+
+#include "harness.h"
+
+// What an expression's type is, as a letter.
+static char type_of(int) { return 'i'; }
+static char type_of(long) { return 'l'; }
+static char type_of(float) { return 'f'; }
+static char type_of(double) { return 'd'; }
+static char type_of(long double) { return 'e'; }
+static char type_of(char *) { return 'p'; }
+static char type_of(const char *) { return 'c'; }
+static char type_of(void *) { return 'v'; }
+static char type_of(const void *) { return 'w'; }
+static char type_of(div_t) { return '2'; }
+static char type_of(ldiv_t) { return '3'; }
+
+// A macro in place of any of these would not compile.
+static void test_functions_have_addresses() {
+  int (*classify)(int) = &std::isalpha;
+  CHECK(classify('a'));
+  int (*lower)(int) = std::tolower;
+  CHECK_INT(lower('Q'), 'q');
+  int (*get)(std::FILE *) = &std::getc;
+  int (*put)(int, std::FILE *) = &std::putc;
+  CHECK(get != 0 && put != 0);
+  double (*root)(double) = &std::sqrt;
+  float (*root_of_float)(float) = &std::sqrt;
+  CHECK(root(4.0) == 2.0 && root_of_float(9.0f) == 3.0f);
+  void (*leave)(int) = &std::exit;
+  int (*at)(void (*)()) = &std::atexit;
+  void (*jump)(std::jmp_buf, int) = 0;
+  jump = &std::longjmp;
+  CHECK(leave != 0 && at != 0 && jump != 0);
+  std::size_t (*length)(const char *) = &std::strlen;
+  CHECK_INT(length("four"), 4);
+}
+
+static void test_const_correct_searches() {
+  char text[] = "abc";
+  const char *fixed = text;
+  void *block = text;
+  const void *fixed_block = text;
+  CHECK_INT(type_of(std::strchr(text, 'b')), 'p');
+  CHECK_INT(type_of(std::strchr(fixed, 'b')), 'c');
+  CHECK_INT(type_of(std::strrchr(text, 'b')), 'p');
+  CHECK_INT(type_of(std::strrchr(fixed, 'b')), 'c');
+  CHECK_INT(type_of(std::strpbrk(text, "b")), 'p');
+  CHECK_INT(type_of(std::strpbrk(fixed, "b")), 'c');
+  CHECK_INT(type_of(std::strstr(text, "b")), 'p');
+  CHECK_INT(type_of(std::strstr(fixed, "b")), 'c');
+  CHECK_INT(type_of(std::memchr(block, 'b', 3)), 'v');
+  CHECK_INT(type_of(std::memchr(fixed_block, 'b', 3)), 'w');
+  CHECK_INT(type_of(strchr(fixed, 'b')), 'c');
+}
+
+static void test_arithmetic_forms() {
+  const float f = 2.25f;
+  const double d = 2.25;
+  const long double e = 2.25L;
+  CHECK_INT(type_of(std::sqrt(f)), 'f');
+  CHECK_INT(type_of(std::sqrt(d)), 'd');
+  CHECK_INT(type_of(std::sqrt(e)), 'e');
+  CHECK_INT(type_of(std::sqrt(4)), 'd');
+  CHECK_INT(type_of(sqrt(4L)), 'd');
+  CHECK(std::sqrt(4u) == 2.0 && std::sqrt(f) == 1.5f && std::sqrt(e) == 1.5L && std::floor(short(3)) == 3.0);
+  CHECK_INT(type_of(std::pow(f, f)), 'f');
+  CHECK_INT(type_of(std::pow(d, 2)), 'd');
+  CHECK_INT(type_of(std::pow(e, 2)), 'e');
+  CHECK_INT(type_of(std::pow(f, d)), 'd');
+  CHECK_INT(type_of(std::pow(2, f)), 'd');
+  CHECK_INT(type_of(std::pow(2, e)), 'e');
+  CHECK_INT(type_of(std::pow(2, 10)), 'd');
+  CHECK_INT(type_of(pow(2, 0.5)), 'd');
+#if __cplusplus < 201103L
+  CHECK_INT(type_of(std::pow(f, 2)), 'f');
+#else
+  CHECK_INT(type_of(std::pow(f, 2)), 'd');
+#endif
+  CHECK(std::pow(2, 10) == 1024.0 && std::pow(f, 2) == 5.0625f && std::pow(10.0, -2) == 0.01);
+  CHECK_INT(type_of(std::fmod(e, d)), 'e');
+  CHECK(std::fmod(7, 4) == 3.0 && std::atan2(0.0f, f) == 0.0f);
+  CHECK_INT(type_of(std::abs(-f)), 'f');
+  CHECK_INT(type_of(std::abs(-d)), 'd');
+  CHECK_INT(type_of(std::abs(-e)), 'e');
+  CHECK_INT(type_of(std::abs(-2)), 'i');
+  CHECK_INT(type_of(std::abs(-2L)), 'l');
+  CHECK_INT(type_of(abs(-2.5)), 'd');
+  CHECK(abs(-2.5) == 2.5 && std::abs(-2L) == 2 && std::abs(-0.5f) == 0.5f);
+  CHECK_INT(type_of(std::div(7, 2)), '2');
+  CHECK_INT(type_of(std::div(7L, 2L)), '3');
+  CHECK_INT(std::div(-7L, 2L).rem, -1);
+  int exponent = 0;
+  float whole = 0;
+  CHECK(std::frexp(8.0f, &exponent) == 0.5f && exponent == 4);
+  CHECK(std::frexp(8, &exponent) == 0.5 && exponent == 4);
+  CHECK(std::ldexp(e, 1) == 4.5L && std::ldexp(3, 2) == 12.0);
+  CHECK(std::modf(f, &whole) == 0.25f && whole == 2.0f);
+  CHECK_INT(type_of(std::modf(f, &whole)), 'f');
+}
+
+static const char *joined(const char *format, ...) {
+  static char text[32];
+  std::va_list arguments;
+  va_start(arguments, format);
+  std::vsprintf(text, format, arguments);
+  va_end(arguments);
+  return text;
+}
+
+struct with_member {
+  char first;
+  int second;
+};
+
+static void test_the_rest_is_in_std() {
+  CHECK_TEXT(joined("%d-%s", 3, "x"), "3-x");
+  CHECK_INT(offsetof(with_member, second), 4);
+  std::ptrdiff_t distance = 3;
+  CHECK_INT(distance, 3);
+  CHECK_INT(CHAR_BIT, 8);
+  CHECK_INT(DBL_DIG, 15);
+  errno = 0;
+  CHECK(std::strtol("99999999999", 0, 10) == LONG_MAX and errno == ERANGE);
+  std::time_t start = 0;
+  const std::tm *broken = std::gmtime(&start);
+  CHECK_INT(broken->tm_year, 70);
+  CHECK_TEXT(std::setlocale(LC_ALL, 0), "C");
+  CHECK_TEXT(std::localeconv()->decimal_point, ".");
+  CHECK(std::signal(SIGUSR1, SIG_IGN) == SIG_DFL);
+  CHECK_INT(std::raise(SIGUSR1), 0);
+  CHECK_INT(std::wcslen(L"wide"), 4);
+  CHECK(std::iswalpha(L'w'));
+}
+
+static std::jmp_buf place;
+static volatile int visits;
+
+static void jump_back() { std::longjmp(place, visits == 1 ? 0 : 7); }
+
+// A function of the user's with a try block is left by the jump; the next exception must find its handler.
+static void leave_a_try() {
+  try {
+    jump_back();
+  } catch (int) {
+    CHECK(!"a handler of a frame that is gone");
+  }
+}
+
+static void test_jumps() {
+  int got = setjmp(place);
+  ++visits;
+  if (visits == 1) leave_a_try();
+  if (visits == 2) {
+    CHECK_INT(got, 1); // a value of 0 becomes 1
+    leave_a_try();
+  }
+  CHECK_INT(got, 7);
+  CHECK_INT(visits, 3);
+  try {
+    throw 3;
+  } catch (int k) {
+    CHECK_INT(k, 3);
+  }
+}
+
+static void say(const char *word) {
+  std::fputs(word, stdout);
+  std::fflush(stdout);
+}
+static void first_function() { say("first "); }
+static void second_function() { say("second "); }
+struct announced {
+  const char *name;
+  explicit announced(const char *n) : name(n) {}
+  ~announced() { say(name); }
+};
+
+// Functions and static objects end in one order, newest first.
+static void exits() {
+  std::atexit(first_function);
+  static announced object("object ");
+  atexit(second_function);
+  static announced late("late ");
+  try {
+    std::exit(3);
+  } catch (...) {
+    say("caught ");
+  }
+}
+static void test_exit() { CHECK_ENDS(exits, 3, "late second object first "); }
+
+int main() {
+  test_functions_have_addresses();
+  test_const_correct_searches();
+  test_arithmetic_forms();
+  test_the_rest_is_in_std();
+  test_jumps();
+  test_exit();
+  return TEST_RESULT();
+}

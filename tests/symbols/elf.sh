@@ -1,0 +1,37 @@
+#!/bin/sh
+# What libplx.so is to the dynamic linker: its name, what it needs, no relocations in code, no executable stack; and what
+# libplx_clang.a is to the linker of programs.
+set -u
+library=$PLX_PREFIX/lib/libplx.so.3
+failures=0
+wrong() {
+  echo "wrong: $*"
+  failures=$((failures + 1))
+}
+
+dynamic=$(readelf -dW "$library") || exit 1
+echo "$dynamic" | grep -q 'SONAME.*\[libplx.so.3\]' || wrong "the soname"
+needed=$(echo "$dynamic" | sed -n 's/.*NEEDED.*\[\(.*\)\]/\1/p' | sort | tr '\n' ' ')
+if [ -z "$PLX_SANITIZE" ]; then
+  [ "$needed" = "libc.so.6 " ] || wrong "it needs $needed"
+fi
+case $needed in *stdc++* | *c++* | *gcc_s*) wrong "it needs the host's C++ library: $needed" ;; esac
+echo "$dynamic" | grep -q TEXTREL && wrong "there are relocations in code"
+echo "$dynamic" | grep -Eq 'RPATH|RUNPATH' && wrong "it carries a search path"
+echo "$dynamic" | grep -q 'GNU_HASH' || wrong "there is no GNU hash table"
+readelf -lW "$library" | grep GNU_STACK | grep -q 'RWE' && wrong "the stack is executable"
+readelf -hW "$library" | grep -q 'Class: *ELF32' || wrong "it is no 32-bit object"
+
+# Nothing in it, and nothing in the archive, asks for the table-driven unwinder.
+nm -D --undefined-only "$library" | grep -E '_Unwind_|__gxx_personality|__register_frame' && wrong "it asks for the unwinder"
+[ "$(readlink "$PLX_PREFIX/lib/libplx.so")" = libplx.so.3 ] || wrong "libplx.so does not lead to libplx.so.3"
+case $(readlink "$PLX_PREFIX/lib/libplx.so.3") in
+  libplx.so.3.[0-9]*.[0-9]*) ;;
+  *) wrong "libplx.so.3 does not lead to a version" ;;
+esac
+
+# The archive is code for a fixed address: it must not bring in the table that position-independent code needs.
+readelf -rW "$PLX_PREFIX/lib/libplx_clang.a" | grep -E 'R_386_(GOT|PLT|GOTPC|GOTOFF)' &&
+  wrong "libplx_clang.a is position-independent"
+readelf -SW "$PLX_PREFIX/lib/libplx_clang.a" | grep 'GNU-stack' | grep ' X ' && wrong "libplx_clang.a: executable stack"
+[ "$failures" -eq 0 ]
