@@ -35,7 +35,13 @@ seed=$first
 while [ "$seed" -lt $((first + seeds)) ]; do
   program=$work/random.cpp
   "$work/generate" "$seed" > "$program"
-  $host -m32 -std=gnu++98 -w -O1 "$program" -o "$work/host" || exit 1
+  if ! $host -m32 -std=gnu++98 -w -O1 "$program" -o "$work/host" 2> "$work/build"; then
+    echo "seed $seed: the program is no test: it does not build with $host"
+    head -n 5 "$work/build"
+    failed=$((failed + 1))
+    seed=$((seed + 1))
+    continue
+  fi
   run "$work/host" "$work/host.trace"
   if ! grep -qx 'main ends' "$work/host.trace" || grep -q '^ended with' "$work/host.trace"; then
     echo "seed $seed: the program is no test: it does not end properly with $host"

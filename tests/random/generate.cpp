@@ -213,7 +213,7 @@ static void statement(context c) {
       close();
       break;
     case 10:
-      open("for (int i%d = 0; i%d < %d; ++i%d)", labels, labels, between(2, 3), labels);
+      open("for (int loop%d = 0; loop%d < %d; ++loop%d)", labels, labels, between(2, 3), labels);
       ++labels;
       c.in_loop = true;
       statements(c, between(1, 3));
@@ -458,7 +458,7 @@ static void function_definitions() {
     context c = context();
     c.returns = true;
     c.highest_object = objects;
-    bool specified = chance(25), function_try = !specified && chance(10), nothing = !specified && chance(8);
+    bool specified = chance(25), nothing = !specified && chance(8), function_try = !specified && !nothing && chance(10);
     if (specified) {
       // bad_exception in every list: whatever the unexpected handler throws leads somewhere. Not inlined, because compilers
       // may report one violation for two specifications that they merged.
