@@ -41,11 +41,15 @@ static void element_destroy(void *object, int flags) {
 }
 
 /* One block at a time, so that every form can be checked for what it asked and gave back. */
-static double pool[64];
+static union {
+  an_array_cookie cookie;
+  double room[64];
+} block;
+#define POOL ((void *)&block)
 static int refuse;
 static void *allocate(size_t bytes, const char *name) {
   trace("%s(%u)", name, (unsigned)bytes);
-  return refuse ? 0 : pool;
+  return refuse ? 0 : POOL;
 }
 static void *allocate_mine(size_t bytes) { return allocate(bytes, "mine"); }
 static void *allocate_failing(size_t bytes) {
@@ -53,19 +57,17 @@ static void *allocate_failing(size_t bytes) {
   throw_int(77);
   return 0;
 }
-static void free_mine(void *block) { trace(block == pool ? "free" : "free-wrong"); }
-static void free_sized(void *block, size_t bytes) {
-  trace(block == pool ? "free(%u)" : "free-wrong(%u)", (unsigned)bytes);
+static void free_mine(void *freed) { trace(freed == POOL ? "free" : "free-wrong"); }
+static void free_sized(void *freed, size_t bytes) {
+  trace(freed == POOL ? "free(%u)" : "free-wrong(%u)", (unsigned)bytes);
 }
 void *_Znaj(unsigned int bytes) { return allocate(bytes, "new[]"); }
-void _ZdaPv(void *block) { trace(block == pool ? "delete[]" : "delete[]-wrong"); }
+void _ZdaPv(void *freed) { trace(freed == POOL ? "delete[]" : "delete[]-wrong"); }
 
-#define ELEMENTS ((element *)((char *)pool + 8))
-static const an_array_cookie *cookie(void) { return (const an_array_cookie *)pool; }
+#define ELEMENTS ((element *)((char *)POOL + 8))
 static void write_cookie(unsigned count, unsigned size) {
-  an_array_cookie *written = (an_array_cookie *)pool;
-  written->total = count * size;
-  written->inverted_count = ~count;
+  block.cookie.total = count * size;
+  block.cookie.inverted_count = ~count;
 }
 
 /* Calls `body` with the failure at `index`; the trace ends with what was caught. */
@@ -136,8 +138,8 @@ static void constructed(void) {
   failing_at(-1, vec_new);
   CHECK_TRACE("new[](56) +0 +1 +2 +3");
   CHECK(result == ELEMENTS);
-  CHECK_INT(cookie()->total, COUNT * SIZE);
-  CHECK_INT(cookie()->inverted_count, ~(unsigned)COUNT);
+  CHECK_INT(block.cookie.total, COUNT * SIZE);
+  CHECK_INT(block.cookie.inverted_count, ~(unsigned)COUNT);
   failing_at(-1, vec_new_eh_here);
   CHECK_TRACE("+0 +1 +2 +3");
   failing_at(-1, vec_cctor_here);
@@ -146,22 +148,22 @@ static void constructed(void) {
   CHECK_TRACE("+0 +1 +2 +3");
   CHECK(result == in_place);
 
-  memset(pool, 0, sizeof pool);
+  memset(&block, 0, sizeof block);
   failing_at(-1, array_new_sized);
   CHECK_TRACE("mine(56) +0 +1 +2 +3");
   CHECK(result == ELEMENTS);
-  CHECK_INT(cookie()->total, COUNT * SIZE);
-  CHECK_INT(cookie()->inverted_count, ~(unsigned)COUNT);
+  CHECK_INT(block.cookie.total, COUNT * SIZE);
+  CHECK_INT(block.cookie.inverted_count, ~(unsigned)COUNT);
   failing_at(-1, array_new_empty);
   CHECK_TRACE("mine(8)");
   CHECK(result == ELEMENTS);
-  CHECK_INT(cookie()->total, 0);
-  CHECK_INT(cookie()->inverted_count, -1);
-  memset(pool, 0, sizeof pool);
+  CHECK_INT(block.cookie.total, 0);
+  CHECK_INT(block.cookie.inverted_count, -1);
+  memset(&block, 0, sizeof block);
   failing_at(-1, placement);
   CHECK_TRACE("+0 +1 +2 +3");
   CHECK(result == ELEMENTS);
-  CHECK_INT(cookie()->total, COUNT * SIZE);
+  CHECK_INT(block.cookie.total, COUNT * SIZE);
 
   CHECK(__vec_cctor(in_place, COUNT, SIZE, 0, source) == in_place);
   CHECK(__vec_new_eh(in_place, COUNT, SIZE, 0, element_destroy) == in_place);
@@ -333,7 +335,7 @@ static void whole(void *array, unsigned count) { trace("whole(%d,%u)", array == 
 static void one_call(void) {
   CHECK(__zor_fast_vec_new(0, COUNT, SIZE, (a_routine)whole) == ELEMENTS);
   CHECK_TRACE("new[](56) whole(1,4)");
-  CHECK_INT(cookie()->total, COUNT * SIZE);
+  CHECK_INT(block.cookie.total, COUNT * SIZE);
   CHECK(__zor_fast_vec_new(ELEMENTS, COUNT, SIZE, (a_routine)whole) == ELEMENTS);
   CHECK_TRACE("whole(1,4)");
   __zor_fast_vec_delete(ELEMENTS, COUNT, SIZE, (a_routine)whole, 1);
@@ -385,12 +387,12 @@ static void cleanup_fails(void) {
 
 static void bad_total(void) {
   write_cookie(COUNT, SIZE);
-  ++((an_array_cookie *)pool)->total;
+  ++block.cookie.total;
   vec_delete_cookie();
 }
 static void bad_count(void) {
   write_cookie(COUNT, SIZE);
-  ((an_array_cookie *)pool)->inverted_count = COUNT;
+  block.cookie.inverted_count = COUNT;
   array_delete_cookie();
 }
 static void other_size(void) {

@@ -9,10 +9,11 @@
 static const a_base_class_spec exhausted_bases[] = {{&__TI_St9bad_alloc, 0, PLX_BASE_PUBLIC | PLX_BASE_LAST}};
 EMIT_CLASS(exhausted, "exhausted", exhausted_bases);
 
-static void *plain(unsigned bytes) { return _Znwj(bytes); }
-static void *plain_array(unsigned bytes) { return _Znaj(bytes); }
-static void *nothrow(unsigned bytes) { return _ZnwjRKSt9nothrow_t(bytes, 0); }
-static void *nothrow_array(unsigned bytes) { return _ZnajRKSt9nothrow_t(bytes, 0); }
+/* Not inlined: a compiler may take an allocation away together with its release where it sees both. */
+static NOINLINE void *plain(unsigned bytes) { return _Znwj(bytes); }
+static NOINLINE void *plain_array(unsigned bytes) { return _Znaj(bytes); }
+static NOINLINE void *nothrow(unsigned bytes) { return _ZnwjRKSt9nothrow_t(bytes, 0); }
+static NOINLINE void *nothrow_array(unsigned bytes) { return _ZnajRKSt9nothrow_t(bytes, 0); }
 
 /* The clause of what comes out: 1 exhausted, 2 std::bad_alloc, 3 int, 0 nothing. */
 static NOINLINE int outcome(void *(*form)(unsigned), void **block) {
@@ -80,7 +81,7 @@ static void check_form(void *(*form)(unsigned), int throws) {
 }
 
 static void small_requests(void) {
-  void *a = _Znwj(0), *b = _Znwj(0), *c = _Znaj(0), *d = nothrow(0), *e = nothrow_array(100);
+  void *a = plain(0), *b = plain(0), *c = plain_array(0), *d = nothrow(0), *e = nothrow_array(100);
   char bytes[8];
   CHECK(a && b && c && d && e && a != b);
   _ZdlPv(a);
@@ -107,7 +108,7 @@ static void retried(void) {
   calls = 0;
   _ZSt15set_new_handlerPFvvE(finds_memory);
   heap_fails_at = 0;
-  block = _Znwj(16);
+  block = plain(16);
   CHECK(block != 0 && calls == 2);
   _ZdlPv(block);
   calls = 0;
