@@ -11,15 +11,14 @@ set(PLX_TARGET_FLAGS -m32 -march=i686 -mtune=generic)
 set(PLX_CXX_FLAGS -fno-exceptions -fno-strict-aliasing -fvisibility=hidden -fvisibility-inlines-hidden -fno-threadsafe-statics
     -nostdinc++ -ffunction-sections -fdata-sections)
 set(PLX_WARNINGS -Wall -Wextra -Werror -Wundef -Wvla -Wpointer-arith -Wnon-virtual-dtor)
-if(CMAKE_CXX_COMPILER_ID STREQUAL GNU)
-  # Each form of operator delete has a file of its own, so that programs can replace just one.
-  list(APPEND PLX_WARNINGS -Wno-sized-deallocation)
-endif()
-
 add_library(plx SHARED ${PLX_SOURCES})
 target_compile_features(plx PRIVATE cxx_std_17)
 target_include_directories(plx PRIVATE include)
 target_compile_options(plx PRIVATE ${PLX_TARGET_FLAGS} ${PLX_CXX_FLAGS} ${PLX_WARNINGS} ${PLX_PROGRAM_FLAGS})
+if(CMAKE_CXX_COMPILER_ID STREQUAL GNU)
+  # Each form of operator delete has a file of its own, so that programs can replace just one.
+  target_compile_options(plx PRIVATE -Wno-sized-deallocation)
+endif()
 
 # Linked as C: the compiler then adds the C library and nothing of the host's C++ library.
 set(CMAKE_CXX_IMPLICIT_LINK_LIBRARIES "")

@@ -2,4 +2,4 @@
 
 #include <string>
 
-template class PLX_API std::basic_string<char, std::char_traits<char>, std::allocator<char>>;
+template class std::basic_string<char, std::char_traits<char>, std::allocator<char>>;
