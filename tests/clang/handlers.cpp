@@ -204,7 +204,24 @@ static void replace(int depth) {
     throw_anew(e.code + 2);
   }
 }
+// A long way to the handler, with something to destroy in every frame.
+static int destroyed_on_the_way;
+struct counted {
+  ~counted() { ++destroyed_on_the_way; }
+};
+static int far_away(int depth) {
+  counted c;
+  if (depth == 0) throw error(depth);
+  return far_away(depth - 1) + 1;
+}
+static int (*volatile far_away_pointer)(int) = far_away;
 static void deep() {
+  try {
+    far_away_pointer(20000);
+  } catch (error &) {
+  }
+  CHECK_INT(destroyed_on_the_way, 20001);
+  CHECK_TRACE("!0");
   handled_levels = 0;
   try {
     pass_on(2000);

@@ -107,6 +107,50 @@ static void fundamental_types() {
   carry<long double>(1.0l / 3, 1e4000l);
 }
 
+// Compilers expect the library to hold the records of every fundamental type, and of pointers to it and to const.
+template <class T> static void pointers_to(int *reached) {
+  static T object = T();
+  try {
+    throw &object;
+  } catch (T *p) {
+    *reached += p == &object;
+  }
+  try {
+    throw static_cast<const T *>(&object);
+  } catch (T *) {
+    *reached = -1000;
+  } catch (const T *p) {
+    *reached += p == &object;
+  }
+}
+static void pointers_to_fundamental_types() {
+  int reached = 0;
+  pointers_to<bool>(&reached);
+  pointers_to<char>(&reached);
+  pointers_to<signed char>(&reached);
+  pointers_to<unsigned char>(&reached);
+  pointers_to<wchar_t>(&reached);
+  pointers_to<short>(&reached);
+  pointers_to<unsigned short>(&reached);
+  pointers_to<int>(&reached);
+  pointers_to<unsigned>(&reached);
+  pointers_to<long>(&reached);
+  pointers_to<unsigned long>(&reached);
+  pointers_to<long long>(&reached);
+  pointers_to<unsigned long long>(&reached);
+  pointers_to<float>(&reached);
+  pointers_to<double>(&reached);
+  pointers_to<long double>(&reached);
+  CHECK_INT(reached, 32);
+#if __cplusplus >= 201103L
+  reached = 0;
+  pointers_to<char16_t>(&reached);
+  pointers_to<char32_t>(&reached);
+  pointers_to<decltype(nullptr)>(&reached);
+  CHECK_INT(reached, 6);
+#endif
+}
+
 // The exception object of every fundamental type must be usable as the type: aligned, and not shared with another.
 static void two_live_objects() {
   try {
@@ -411,6 +455,7 @@ static void throw_positions() {
 
 int main() {
   fundamental_types();
+  pointers_to_fundamental_types();
   two_live_objects();
   user_types();
   local_classes();
