@@ -95,10 +95,49 @@ static void in_a_loop(void) {
   CHECK_QUIET();
 }
 
+/* Out of handlers and of a throw expression: their exceptions end, those of the handlers outside go on. */
+static NOINLINE void two_handlers(void) {
+  an_eh_stack_entry outer, inner;
+  EMIT_TRY(outer, catch_fault) {
+    EMIT_TRY(inner, catch_fault) { throw_fault(2); }
+    EMIT_HANDLERS {
+      __exception_caught();
+      __rethrow();
+    }
+  }
+  EMIT_HANDLERS {
+    __exception_caught();
+    EMIT_TRY(inner, catch_fault) { throw_fault(3); }
+    EMIT_HANDLERS {
+      __exception_caught();
+      __throw_setup_dtor(&type_fault, sizeof(fault), 0, fault_destroy);
+      leave(1);
+    }
+  }
+}
+static NOINLINE void out_of_handlers(void) {
+  an_eh_stack_entry entry;
+  volatile int i;
+  for (i = 0; i < 2; ++i) {
+    EMIT_TRY(entry, catch_fault) { throw_fault(1); }
+    EMIT_HANDLERS {
+      __exception_caught();
+      if (setjmp(back) == 0) two_handlers();
+      trace("back");
+      CHECK(!_ZSt18uncaught_exceptionv());
+      __free_thrown_object();
+    }
+    EMIT_END_TRY(entry);
+    CHECK_TRACE("~e3 ~e2 back ~e1");
+  }
+  CHECK_QUIET();
+}
+
 int main(void) {
   over_entries();
   into_a_function();
   inside_a_handler();
   in_a_loop();
+  out_of_handlers();
   return TEST_RESULT();
 }

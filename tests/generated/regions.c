@@ -243,16 +243,19 @@ static NOINLINE void handler_in_the_same_function(void) {
   EMIT_LEAVE_FUNCTION(entry);
 }
 
-/* Three functions, each with a local, and a handler in the outermost. */
+/* Functions inside each other, each with a local and at a region of its own number when the exception passes. */
 static NOINLINE void nested(int depth) {
-  static const a_region_record regions[] = {{DESTRUCTOR(local_destroy), 0, PLX_NO_REGION, 0}};
+  static const a_region_record regions[] = {{DESTRUCTOR(local_destroy), 0, PLX_NO_REGION, 0},
+                                            {DESTRUCTOR(local_destroy), 0, PLX_NO_REGION, 0},
+                                            {DESTRUCTOR(local_destroy), 0, PLX_NO_REGION, 0},
+                                            {DESTRUCTOR(local_destroy), 0, PLX_NO_REGION, 0}};
   local a;
   void *addresses[1];
   an_eh_stack_entry entry;
   EMIT_FUNCTION(entry, regions, addresses, 0);
   addresses[0] = &a;
   local_construct(&a, depth);
-  __eh_curr_region = 0;
+  __eh_curr_region = (unsigned short)depth;
   if (depth < 3)
     nested(depth + 1);
   else

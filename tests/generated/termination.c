@@ -6,7 +6,11 @@ static void say(const char *text) {
   fputs(text, stdout);
   fflush(stdout);
 }
+/* The marker of the exception that began the termination is gone. */
 static void terminated(void) {
+  const an_eh_stack_entry *entry;
+  for (entry = __curr_eh_stack_entry; entry; entry = entry->next)
+    if (entry->kind == PLX_EH_IN_PROGRESS) say("marker ");
   printf("terminated [%s] uncaught=%d", test_trace, _ZSt18uncaught_exceptionv());
   fflush(stdout);
   _exit(3);
@@ -255,6 +259,13 @@ static void uncaught_with_handler(void) {
   throw_failure_of(&failure);
 }
 
+static void check_terminated(void (*body)(void), const char *text, int line) {
+  const test_child child = test_run_child(body);
+  test_report_int(child.status, 3, __FILE__, line, "runs the terminate handler");
+  test_report_text(child.text, text, __FILE__, line, "what the handler saw");
+}
+#define CHECK_TERMINATES(body, text) check_terminated(body, text, __LINE__)
+
 static void check_whole_text(void (*body)(void), const char *text, int line) {
   const test_child child = test_run_child(body);
   test_report_int(child.status, -SIGABRT, __FILE__, line, "aborts");
@@ -263,18 +274,18 @@ static void check_whole_text(void (*body)(void), const char *text, int line) {
 #define CHECK_ABORTS_WITH(body, text) check_whole_text(body, text, __LINE__)
 
 int main(void) {
-  CHECK_ENDS(no_handler, 3, "terminated [~21/2 ~20/2 ~2 ~1] uncaught=1");
-  CHECK_ENDS(no_matching_handler, 3, "terminated [~21/2 ~20/2 ~2 ~1] uncaught=1");
-  CHECK_ENDS(no_handler_from_handler, 3, "terminated [~e1] uncaught=1");
-  CHECK_ENDS(destructor_throws, 3, "terminated [~2] uncaught=1");
-  CHECK_ENDS(destructor_throws_past_a_local, 3, "terminated [] uncaught=1");
-  CHECK_ENDS(exception_destructor_throws, 3, "terminated [~e1] uncaught=1");
+  CHECK_TERMINATES(no_handler, "terminated [~21/2 ~20/2 ~2 ~1] uncaught=1");
+  CHECK_TERMINATES(no_matching_handler, "terminated [~21/2 ~20/2 ~2 ~1] uncaught=1");
+  CHECK_TERMINATES(no_handler_from_handler, "terminated [~e1] uncaught=1");
+  CHECK_TERMINATES(destructor_throws, "terminated [~2] uncaught=1");
+  CHECK_TERMINATES(destructor_throws_past_a_local, "terminated [] uncaught=1");
+  CHECK_TERMINATES(exception_destructor_throws, "terminated [~e1] uncaught=1");
 
   CHECK_ABORTS_WITH(handler_returns, "returned;");
   CHECK_ABORTS_WITH(no_terminate_handler, "plx: uncaught exception of type int\n");
   CHECK_ABORTS(null_and_called_directly, "");
-  CHECK_ENDS(called_directly, 3, "terminated [] uncaught=0");
-  CHECK_ENDS(called_by_the_runtime, 3, "terminated [] uncaught=1");
+  CHECK_TERMINATES(called_directly, "terminated [] uncaught=0");
+  CHECK_TERMINATES(called_by_the_runtime, "terminated [] uncaught=1");
   CHECK_ABORTS_WITH(handler_throws, "handler;");
   CHECK_ABORTS_WITH(handler_throws_while_unwinding, "handler;");
   CHECK_ABORTS_WITH(handler_rethrows, "handler;");
