@@ -92,9 +92,7 @@ static element in_place[COUNT + 2], source[COUNT];
 
 static void vec_new_here(void) { result = __vec_new(in_place, COUNT, SIZE, element_construct); }
 static void vec_new(void) { result = __vec_new(0, COUNT, SIZE, element_construct); }
-static void vec_new_eh_here(void) {
-  result = __vec_new_eh(in_place, COUNT, SIZE, element_construct, element_destroy);
-}
+static void vec_new_eh_here(void) { result = __vec_new_eh(in_place, COUNT, SIZE, element_construct, element_destroy); }
 static void vec_new_eh(void) { result = __vec_new_eh(0, COUNT, SIZE, element_construct, element_destroy); }
 static void vec_cctor_here(void) { result = __vec_cctor(in_place, COUNT, SIZE, element_copy, source); }
 static void vec_cctor_eh_here(void) {
@@ -102,19 +100,17 @@ static void vec_cctor_eh_here(void) {
 }
 static void vec_cctor_eh(void) { result = __vec_cctor_eh(0, COUNT, SIZE, element_copy, source, element_destroy); }
 static void array_new(void) {
-  result = __array_new(COUNT, SIZE, element_construct, element_destroy, (a_routine)allocate_mine,
-                       (a_routine)free_mine, 0);
+  result =
+      __array_new(COUNT, SIZE, element_construct, element_destroy, (a_routine)allocate_mine, (a_routine)free_mine, 0);
 }
 static void array_new_sized(void) {
-  result = __array_new(COUNT, SIZE, element_construct, element_destroy, (a_routine)allocate_mine,
-                       (a_routine)free_sized, 1);
+  result =
+      __array_new(COUNT, SIZE, element_construct, element_destroy, (a_routine)allocate_mine, (a_routine)free_sized, 1);
 }
 static void array_new_plain(void) {
   result = __array_new(COUNT, SIZE, element_construct, 0, (a_routine)allocate_mine, (a_routine)free_sized, 1);
 }
-static void array_new_default(void) {
-  result = __array_new(COUNT, SIZE, element_construct, element_destroy, 0, 0, 0);
-}
+static void array_new_default(void) { result = __array_new(COUNT, SIZE, element_construct, element_destroy, 0, 0, 0); }
 static void array_new_refused(void) {
   result = __array_new(COUNT, SIZE, element_construct, element_destroy, (a_routine)allocate_failing,
                        (a_routine)free_sized, 1);
@@ -214,12 +210,8 @@ static void construction_fails(void) {
 
 static void vec_delete_here(void) { __vec_delete(ELEMENTS, COUNT, SIZE, element_destroy, 0); }
 static void vec_delete(void) { __vec_delete(ELEMENTS, COUNT, SIZE, element_destroy, 1); }
-static void vec_delete_cookie(void) {
-  __vec_delete(ELEMENTS, PLX_COUNT_FROM_COOKIE, SIZE, element_destroy, 1);
-}
-static void array_delete(void) {
-  __array_delete(ELEMENTS, COUNT, SIZE, element_destroy, (a_routine)free_mine, 0);
-}
+static void vec_delete_cookie(void) { __vec_delete(ELEMENTS, PLX_COUNT_FROM_COOKIE, SIZE, element_destroy, 1); }
+static void array_delete(void) { __array_delete(ELEMENTS, COUNT, SIZE, element_destroy, (a_routine)free_mine, 0); }
 static void array_delete_sized(void) {
   __array_delete(ELEMENTS, COUNT, SIZE, element_destroy, (a_routine)free_sized, 1);
 }

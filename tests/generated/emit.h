@@ -18,32 +18,32 @@
 #endif
 
 /* try { ... } HANDLERS { ... } END_TRY. */
-#define EMIT_TRY(entry, clauses)                                                           \
-  ((entry).next = __curr_eh_stack_entry, (entry).kind = PLX_EH_TRY_BLOCK,                  \
+#define EMIT_TRY(entry, clauses)                                                                 \
+  ((entry).next = __curr_eh_stack_entry, (entry).kind = PLX_EH_TRY_BLOCK,                        \
    (entry).body.try_block.clause_list = (clauses), (entry).body.try_block.handled_exception = 0, \
-   (entry).body.try_block.try_region = __eh_curr_region, __curr_eh_stack_entry = &(entry)); \
+   (entry).body.try_block.try_region = __eh_curr_region, __curr_eh_stack_entry = &(entry));      \
   if (setjmp((entry).body.try_block.jump_buffer) == 0)
 #define EMIT_HANDLERS else
 #define EMIT_END_TRY(entry) (__curr_eh_stack_entry = (entry).next)
 
 /* Entry to and exit from a function that owns objects. */
-#define EMIT_FUNCTION(entry, regions, addresses, arrays)                                              \
-  ((entry).next = __curr_eh_stack_entry, (entry).kind = PLX_EH_FUNCTION,                              \
+#define EMIT_FUNCTION(entry, regions, addresses, arrays)                                                 \
+  ((entry).next = __curr_eh_stack_entry, (entry).kind = PLX_EH_FUNCTION,                                 \
    (entry).body.function.region_table = (regions), (entry).body.function.object_addresses = (addresses), \
-   (entry).body.function.array_table = (arrays), (entry).body.function.saved_region = __eh_curr_region, \
+   (entry).body.function.array_table = (arrays), (entry).body.function.saved_region = __eh_curr_region,  \
    __curr_eh_stack_entry = &(entry), __eh_curr_region = PLX_NO_REGION)
 #define EMIT_LEAVE_FUNCTION(entry) \
   (__eh_curr_region = (entry).body.function.saved_region, __curr_eh_stack_entry = (entry).next)
 
 /* Entry to and exit from a function with an exception specification. */
-#define EMIT_SPECIFICATION(entry, allowed)                                      \
-  ((entry).next = __curr_eh_stack_entry, (entry).kind = PLX_EH_SPECIFICATION,   \
+#define EMIT_SPECIFICATION(entry, allowed)                                    \
+  ((entry).next = __curr_eh_stack_entry, (entry).kind = PLX_EH_SPECIFICATION, \
    (entry).body.specification.allowed_list = (allowed), __curr_eh_stack_entry = &(entry))
 #define EMIT_LEAVE_SPECIFICATION(entry) (__curr_eh_stack_entry = (entry).next)
 
 /* The descriptor and identity of a class. */
-#define EMIT_CLASS(type, text, base_list)     \
-  static const char type##_identity = 0;      \
+#define EMIT_CLASS(type, text, base_list) \
+  static const char type##_identity = 0;  \
   static const a_type_info_impl type TEST_UNUSED = {PLX_TYPE_INFO_VTABLE, text, &type##_identity, base_list}
 
 /* A region's routine. */
@@ -112,7 +112,7 @@ static TEST_UNUSED const an_exception_type_specification catch_fault[] = {{&type
 
 /* Both stacks are empty and the region is the one the process started with. */
 static TEST_UNUSED void free_without_exception(void) { __free_thrown_object(); }
-#define CHECK_QUIET()                                    \
+#define CHECK_QUIET()                                                 \
   (CHECK(__curr_eh_stack_entry == 0), CHECK_INT(__eh_curr_region, 0), \
    CHECK_ABORTS(free_without_exception, "Assertion failed in file \"libC/throw\", line 1387\n"))
 

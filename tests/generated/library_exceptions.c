@@ -101,7 +101,8 @@ static void caught_twice(const a_type_info_impl *type) {
 #if HEAP_IS_COUNTED
 /* The helpers with every allocation failing in turn: std::bad_alloc comes instead, and nothing stays behind. */
 static void without_memory(void) {
-  static const an_exception_type_specification clauses[] = {{&__TI_St9bad_alloc, 0}, {&__TI_St9exception, PLX_TYPE_LAST}};
+  static const an_exception_type_specification clauses[] = {{&__TI_St9bad_alloc, 0},
+                                                            {&__TI_St9exception, PLX_TYPE_LAST}};
   volatile unsigned i;
   volatile int n;
   for (i = 0; i < sizeof cases / sizeof *cases; ++i) {
@@ -110,7 +111,9 @@ static void without_memory(void) {
       const int live = heap_live;
       an_eh_stack_entry entry;
       heap_fails_at = n;
-      EMIT_TRY(entry, clauses) { cases[i].thrower("a text that is too long to be kept in any small buffer of a string"); }
+      EMIT_TRY(entry, clauses) {
+        cases[i].thrower("a text that is too long to be kept in any small buffer of a string");
+      }
       EMIT_HANDLERS {
         heap_fails_at = -1;
         clause = __catch_clause_number;

@@ -49,8 +49,7 @@ static const a_type_info_impl void_again = {PLX_TYPE_INFO_VTABLE, "void", &__TID
 /* Throws 64 bytes of type `type`, or a pointer to such, at a try block with `clauses`. Returns the clause, 0 for none,
  * and in `moved` how far from the object the handler found it. The pointer at offset 4 leads 32 bytes ahead. */
 static int moved;
-static NOINLINE int thrown_at(const an_exception_type_specification *clauses, const a_type_info_impl *type,
-                              int flags) {
+static NOINLINE int thrown_at(const an_exception_type_specification *clauses, const a_type_info_impl *type, int flags) {
   static char target[64];
   an_eh_stack_entry outer, entry;
   char *volatile base;

@@ -159,10 +159,9 @@ static NOINLINE void deallocate_sized(void) {
 
 /* An array of objects dies last element first; so does one behind a pointer. A null address is no array. */
 static NOINLINE void arrays(void) {
-  static const a_region_record regions[] = {
-      {DESTRUCTOR(local_destroy), 0, PLX_NO_REGION, PLX_REGION_ARRAY},
-      {DESTRUCTOR(local_destroy), 1, 0, PLX_REGION_ARRAY | PLX_REGION_INDIRECT},
-      {DESTRUCTOR(local_destroy), 2, 1, PLX_REGION_ARRAY}};
+  static const a_region_record regions[] = {{DESTRUCTOR(local_destroy), 0, PLX_NO_REGION, PLX_REGION_ARRAY},
+                                            {DESTRUCTOR(local_destroy), 1, 0, PLX_REGION_ARRAY | PLX_REGION_INDIRECT},
+                                            {DESTRUCTOR(local_destroy), 2, 1, PLX_REGION_ARRAY}};
   static const an_array_record table[] = {{2, sizeof(local), 3}, {0, 2 * sizeof(local), 2}, {1, sizeof(local), 9}};
   local a[3], b[4];
   local *volatile pointer = b;

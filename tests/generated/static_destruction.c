@@ -246,7 +246,7 @@ static void ranges(void) {
   fill();
   __process_shared_object_destruction(0, 0, 0, 0);
   __process_shared_object_destruction(data, 0, data, 0);
-  __process_shared_object_destruction(data, 16, data, 16); /* ends before the object */
+  __process_shared_object_destruction(data, 16, data, 16);            /* ends before the object */
   __process_shared_object_destruction(in_data, sizeof in_data, 0, 0); /* records count in the second range only */
   list("none");
   fill();

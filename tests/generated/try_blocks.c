@@ -26,9 +26,7 @@ static void body_without_throw(void) {
 static void clause_and_object(void) {
   static const an_exception_type_specification clauses[] = {
       {&__TI_d, 0}, {&type_fault, 0}, {&__TI_i, 0}, {0, PLX_TYPE_ELLIPSIS | PLX_TYPE_LAST}};
-  static const struct {
-    int thrown, clause;
-  } cases[] = {{0, 1}, {1, 2}, {2, 3}, {3, 4}};
+  static const struct { int thrown, clause; } cases[] = {{0, 1}, {1, 2}, {2, 3}, {3, 4}};
   volatile unsigned i;
   for (i = 0; i < sizeof cases / sizeof *cases; ++i) {
     an_eh_stack_entry entry;
