@@ -90,6 +90,11 @@ bool catches(const abi_type_info *handler, const abi_type_info *thrown, void **v
     return true;
   }
   if (same_record(handler, thrown)) return true;
+  // A chain of single bases: all stand at the object's own address, and none can come twice.
+  for (const abi_type_info *type = thrown; table_of(type) == _ZTVN10__cxxabiv120__si_class_type_infoE;) {
+    type = static_cast<const __si_class_type_info *>(type)->__base_type;
+    if (type == handler) return true;
+  }
   if (const __pbase_type_info *member = thrown->as_any_pointer())
     return catches_pointer(handler->as_any_pointer(), member, value);
   const __class_type_info *derived = thrown->as_class();

@@ -9,17 +9,10 @@
 #include "frame.h"
 
 #include "../libC/foreign.h"
+#include "../libC/i386/jump_buffer.h"
 #include "abi_match.h"
 #include "exception_table.h"
 #include "foreign_match.h"
-
-#if defined(__SANITIZE_ADDRESS__)
-#define PLX_ADDRESS_SANITIZER
-#elif defined(__has_feature)
-#if __has_feature(address_sanitizer)
-#define PLX_ADDRESS_SANITIZER
-#endif
-#endif
 
 #ifdef PLX_ADDRESS_SANITIZER
 // Frames that a jump leaves stay poisoned unless the sanitizer is told.

@@ -7,9 +7,8 @@
 // The marker's link moves on before each entry is unwound, never back: cleanups of foreign frames run on the frame's
 // own stack and free what lies below, so no link may lead through entries that are done with.
 
-#include <setjmp.h>
-
 #include "foreign.h"
+#include "i386/jump_buffer.h"
 #include "throw_stack.h"
 
 using namespace __zor;
@@ -26,6 +25,8 @@ void *thrown_value(a_throw_stack_entry *thrown) {
 }
 
 int match_list(const an_exception_type_specification *list, a_throw_stack_entry *thrown, void **object) {
+  // The usual case first: the list's first type is the very one thrown, and no pointer.
+  if (list->type == thrown->type && !((list->flags | thrown->flags) & PLX_TYPE_POINTER)) return 1;
   return match_specification(list, thrown->type, thrown->flags, thrown->qualifier_string, thrown->access_value,
                              object);
 }
@@ -132,10 +133,10 @@ void unwind_entry(an_eh_stack_entry *entry) {
     __caught_object_address = state.adjusted;
   }
   entry->body.try_block.handled_exception = thrown;
-  _longjmp(entry->body.try_block.jump_buffer, 1);
+  jump_to_buffer(entry->body.try_block.jump_buffer);
 }
 
-[[noreturn]] void enter_handler(an_eh_stack_entry *entry, a_throw_stack_entry *thrown) {
+[[noreturn]] inline void enter_handler(an_eh_stack_entry *entry, a_throw_stack_entry *thrown) {
   if (__curr_eh_stack_entry != &thrown->marker) assertion_failed(1099);
   thrown->handled = 1;
   if (entry->kind == eh_foreign_frame) foreign_frame_handle(entry, thrown);
@@ -146,9 +147,7 @@ void unwind_entry(an_eh_stack_entry *entry) {
   __call_unexpected();
 }
 
-}  // namespace
-
-EH_FAST void __zor::resume_unwinding(a_throw_stack_entry *thrown) {
+[[noreturn]] inline __attribute__((__always_inline__)) void unwind(a_throw_stack_entry *thrown) {
   an_eh_stack_entry *handler = state_of(thrown).handler;
   while (an_eh_stack_entry *entry = thrown->marker.next) {
     if (pending_throws) end_waits_at(entry);
@@ -164,12 +163,16 @@ EH_FAST void __zor::resume_unwinding(a_throw_stack_entry *thrown) {
   __call_terminate();
 }
 
+}  // namespace
+
+EH_FAST void __zor::resume_unwinding(a_throw_stack_entry *thrown) { unwind(thrown); }
+
 EH_FAST void __zor::throw_exception(a_throw_stack_entry *thrown) {
   if (!thrown->started) start(thrown);
   thrown->thrown = 1;
   if (__curr_eh_stack_entry != &thrown->marker) assertion_failed(916);
   search(thrown);
-  resume_unwinding(thrown);
+  unwind(thrown);
 }
 
 int __throw() {

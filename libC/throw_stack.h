@@ -66,7 +66,7 @@ inline void push_entry(a_throw_stack_entry *thrown, const a_type_info_impl *type
 }
 
 // Pushes a throw with storage for its object.
-inline a_throw_stack_entry *push_throw(const a_type_info_impl *type, unsigned int bytes, a_destructor destructor,
+inline __attribute__((__always_inline__)) a_throw_stack_entry *push_throw(const a_type_info_impl *type, unsigned int bytes, a_destructor destructor,
                                        unsigned char flags) {
   void *entry;
   void *object = eh_alloc_two_on_stack(bytes, sizeof(a_throw_stack_entry), &entry);
