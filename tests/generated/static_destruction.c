@@ -3,6 +3,7 @@
  *
  * Each case is a process of its own, since most of them end it. */
 #include "emit.h"
+#include "heap.h"
 
 /* At most one of these is registered at a time under each name. */
 static void destroy(void *object, int flags) {
@@ -59,6 +60,28 @@ static void without_object(void) {
   __record_needed_destruction(&nothing); /* neither object nor destructor */
   exit(0);
 }
+
+#if HEAP_IS_COUNTED
+/* Without memory for its record a function is refused, and the others still run. */
+static void atexit_without_memory(void) {
+  _main();
+  __zor_std_atexit(at_exit_f);
+  heap_fails_at = 0;
+  if (__zor_std_atexit(at_exit_g) != -1) say("accepted ");
+  heap_fails_at = -1;
+  exit(0);
+}
+/* The record of a function is freed once it has run. */
+static void records_are_freed(void) {
+  int live;
+  setvbuf(stdout, 0, _IONBF, 0);
+  live = heap_live;
+  __zor_std_atexit(at_exit_f);
+  __zor_std_atexit(at_exit_g);
+  __process_needed_destructions();
+  say(heap_live == live ? "freed" : "leaked");
+}
+#endif
 
 /* The link tells whether a record is registered, also that of the oldest one. */
 static void link_field(void) {
@@ -306,6 +329,10 @@ int main(void) {
   CHECK_CASE(by_pliv_exit, 7, "~a ");
   CHECK_CASE(with_the_c_library, 0, "plain ~a ");
   CHECK_CASE(without_object, 0, "no-object ~a ");
+#if HEAP_IS_COUNTED
+  CHECK_CASE(atexit_without_memory, 0, "f ");
+  CHECK_CASE(records_are_freed, 0, "g f freed");
+#endif
   CHECK_CASE(link_field, 0, "~b ~a ~b ");
   CHECK_CASE(registered_while_processing, 0, "~phoenix ~phoenix ~phoenix ~registering f ~c ~a ");
 
