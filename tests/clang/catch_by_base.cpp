@@ -1,6 +1,9 @@
 // Which bases catch an exception of class type, and at which address: single, multiple, virtual and repeated bases,
-// private and ambiguous ones, empty ones, bases far from the start of the object, and classes without virtual functions.
+// private and ambiguous ones, empty ones, bases far from the start of the object, and classes without virtual
+// functions.
 // test-variants: -O0 | -O2 | -O3 | -O1 -std=gnu++14
+#include <exception>
+
 #include "../harness.h"
 
 #pragma clang diagnostic ignored "-Winaccessible-base"  // ambiguous bases are what is tested
@@ -109,6 +112,26 @@ struct virtually_private : private virtual first {};
 struct both_ways : virtually_private, virtually_public {};
 struct both_ways_reversed : virtually_public, virtually_private {};
 struct only_private_ways : virtually_private, private virtually_public {};
+
+// One shared base with a private path beside a public one, deeper: still a public base. Hosts get this wrong, so the
+// compiler is the witness: each conversion below is one that it accepts.
+struct shares : virtual first, second {};
+struct hides : virtual second, private shares {};
+struct shares_and_hides : virtual second, shares, hides {};
+struct plain_and_shared : third, virtual shares {};
+struct shared_again : third, virtual shares, virtual plain_and_shared {};
+struct deep_and_private : third, plain_and_shared, private shared_again {};
+first *witness_1(shares_and_hides *p) { return p; }
+shares *witness_2(deep_and_private *p) { return p; }
+static void private_path_beside_a_public_one() {
+#ifdef PLX_CONFIG_H
+  CHECK_INT((tag_seen<shares_and_hides, first>()), 1);
+  CHECK((caught_by<deep_and_private, shares &>()));
+  CHECK_INT((tag_seen<deep_and_private, first>()), 1);
+#endif
+  CHECK((!caught_by<shares_and_hides, shares &>()));  // there twice
+  CHECK((!caught_by<deep_and_private, shared_again &>()));
+}
 
 static void access() {
   CHECK((!caught_by<private_base, first &>()));
@@ -282,6 +305,7 @@ int main() {
   plain_bases();
   clause_order();
   access();
+  private_path_beside_a_public_one();
   ambiguity();
   virtual_bases();
   odd_offsets();

@@ -164,8 +164,8 @@ static void void_clause_value() {
   CHECK_INT(reached, 3);
 }
 
-// By reference: the handler sees a pointer that it may change. An exact match names the exception object, so a change is
-// seen by the next handler.
+// By reference: the handler sees a pointer that it may change. An exact match names the exception object, so a change
+// is seen by the next handler.
 static void pointers_by_reference() {
   static derived d;
   static int other;

@@ -1,5 +1,5 @@
-// Ways into and out of try blocks and handlers: loops, switch, goto, return of every kind of value, recursion, calls through
-// pointers and virtual functions, inlining, and variables that change between the try and its handler.
+// Ways into and out of try blocks and handlers: loops, switch, goto, return of every kind of value, recursion, calls
+// through pointers and virtual functions, inlining, and variables that change between the try and its handler.
 // test-variants: -O0 | -O1 | -O2 | -O3 | -Os | -O2 -fomit-frame-pointer
 #include "../harness.h"
 

@@ -1,6 +1,6 @@
-// The life of an exception object: how often it is copied, when it is destroyed, that a handler by reference sees the one
-// object, what happens when its copy constructor throws, and that objects of every size and many at once are possible
-// without losing memory.
+// The life of an exception object: how often it is copied, when it is destroyed, that a handler by reference sees the
+// one object, what happens when its copy constructor throws, and that objects of every size and many at once are
+// possible without losing memory.
 // test-variants: -O0 | -O1 | -O3 | -Os | -O2 -std=gnu++11
 #include <exception>
 #include <malloc.h>
@@ -194,7 +194,8 @@ static void copy_that_catches() {
   CHECK_TRACE("+70 inner -70 +70 inner -70 outer");
 }
 
-// The constructor of the object to be thrown throws and catches; or it fails, and nothing is destroyed that was not built.
+// The constructor of the object to be thrown throws and catches; or it fails, and nothing is destroyed that was not
+// built.
 struct made_with_trouble {
   tracked part;
   explicit made_with_trouble(bool fails) : part(80) {
@@ -343,7 +344,8 @@ static void nothing_is_lost() {
   CHECK_TRACE("");
 }
 
-// A class whose copies are made by a non-trivial assignment-free path: the handler's by-value base part of a larger object.
+// A class whose copies are made by a non-trivial assignment-free path: the handler's by-value base part of a larger
+// object.
 struct root {
   tracked t;
   root() : t(200) {}

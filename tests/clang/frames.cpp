@@ -1,5 +1,5 @@
-// Frames of unusual shape that catch: variable length arrays, alloca, over-aligned locals, large frames, frames with many
-// arguments, struct returns, variable arguments, register pressure, other calling conventions.
+// Frames of unusual shape that catch: variable length arrays, alloca, over-aligned locals, large frames, frames with
+// many arguments, struct returns, variable arguments, register pressure, other calling conventions.
 // test-variants: -O0 | -O2 | -O3 | -O2 -fomit-frame-pointer | -O2 -msse2 -mfpmath=sse
 #include <alloca.h>
 #include <stdint.h>

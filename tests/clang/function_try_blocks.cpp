@@ -1,5 +1,5 @@
-// Function-try-blocks: of functions, of constructors (the handler cannot swallow the exception, bases and members are gone
-// when it runs, parameters are not) and of destructors.
+// Function-try-blocks: of functions, of constructors (the handler cannot swallow the exception, bases and members are
+// gone when it runs, parameters are not) and of destructors.
 // test-variants: -O0 | -O2 | -Os | -O2 -std=gnu++17
 #include "../harness.h"
 

@@ -1,6 +1,6 @@
-// What later dialects bring to exceptions: noexcept, lambdas, range-for, move construction of the exception object, nullptr
-// and char16_t as exceptions, destructors that are noexcept by themselves, constexpr, delegating constructors, structured
-// local types as template arguments.
+// What later dialects bring to exceptions: noexcept, lambdas, range-for, move construction of the exception object,
+// nullptr and char16_t as exceptions, destructors that are noexcept by themselves, constexpr, delegating
+// constructors, structured local types as template arguments.
 // test-variants: -O1 -std=gnu++11 | -O0 -std=gnu++14 | -O2 -std=gnu++17 | -O3 -std=gnu++20
 #include <exception>
 #include <new>

@@ -1,5 +1,6 @@
-// Local static objects: initialised once, tried again after an initialiser that threw, destroyed at exit in reverse order
-// of completion and only if they were completed; recursion into an initialisation that is under way ends the program.
+// Local static objects: initialised once, tried again after an initialiser that threw, destroyed at exit in reverse
+// order of completion and only if they were completed; recursion into an initialisation that is under way ends the
+// program.
 // test-variants: -O0 | -O2 | -O1 -std=gnu++17
 #include "../harness.h"
 

@@ -1,5 +1,6 @@
-// Allocation failure and the new handler (1998, 18.4.2): std::bad_alloc, the nothrow forms, a handler that makes room, gives
-// up, or throws; sizes that cannot be had; what is left behind when an object's memory cannot be had in the middle of things.
+// Allocation failure and the new handler (1998, 18.4.2): std::bad_alloc, the nothrow forms, a handler that makes
+// room, gives up, or throws; sizes that cannot be had; what is left behind when an object's memory cannot be had in
+// the middle of things.
 // test-variants: -O0 | -O2 | -O1 -std=gnu++17
 #include <malloc.h>
 #include <new>

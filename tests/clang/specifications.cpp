@@ -1,6 +1,6 @@
-// Exception specifications (1998, 15.4 and 18.6.2): what passes, and what std::unexpected may do: return, throw something
-// allowed, rethrow, throw something else with or without std::bad_exception in the list. Nested specifications, and what
-// has been destroyed when the handler runs.
+// Exception specifications (1998, 15.4 and 18.6.2): what passes, and what std::unexpected may do: return, throw
+// something allowed, rethrow, throw something else with or without std::bad_exception in the list. Nested
+// specifications, and what has been destroyed when the handler runs.
 // test-variants: -O0 | -O1 | -O2 | -Os
 #include <exception>
 #include <typeinfo>
@@ -25,8 +25,8 @@ struct hidden : private error {
   hidden() : error(0) {}
 };
 
-// The pointer is volatile so that the compiler cannot merge the frames of nested specifications: inlined ones it reports
-// once.
+// The pointer is volatile so that the compiler cannot merge the frames of nested specifications: inlined ones it
+// reports once.
 static void fail_now(int kind) {
   noisy n("fail");
   switch (kind) {

@@ -1,6 +1,6 @@
-/* What a compiler would spell out in every function of generated C, as macros, for the C halves of the mixed tests: function
- * entries with their regions, try blocks with a clause list, specifications, throw expressions. In C as in what they
- * expand to, blocks must nest: what a macro opens its END closes.
+/* What a compiler would spell out in every function of generated C, as macros, for the C halves of the mixed tests:
+ * function entries with their regions, try blocks with a clause list, specifications, throw expressions. What a macro
+ * opens its END closes.
  */
 #ifndef TESTS_MIXED_GENERATED_H
 #define TESTS_MIXED_GENERATED_H
@@ -27,8 +27,8 @@
     __curr_eh_stack_entry = function_entry.next;                  \
   }
 
-/* TRY(clauses) body HANDLERS handlers END_TRY; in the handlers, clause and caught tell which and what. Between PARAMETER
- * and HANDLER the parameter is initialised: an exception from there terminates. */
+/* TRY(clauses) body HANDLERS handlers END_TRY; in the handlers, `clause` and `caught` tell which and what. Between
+ * PARAMETER and HANDLER the parameter is initialised: an exception from there terminates. */
 #define TRY(clauses)                                              \
   {                                                               \
     an_eh_stack_entry try_entry;                                  \

@@ -1,5 +1,5 @@
-// longjmp between the worlds, over frames of both that have nothing to destroy: afterwards no dead try block of either may
-// catch anything.
+// longjmp between the worlds, over frames of both that have nothing to destroy: afterwards no dead try block of
+// either may catch anything.
 // test-variants: -O0 | -O2 | -O2 -fomit-frame-pointer
 #include "jumps.h"
 

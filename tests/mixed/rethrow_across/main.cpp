@@ -1,6 +1,6 @@
-// Rethrowing and exception specifications across the worlds: an exception object stays one object, destroyed once, however
-// often and by whom it is rethrown; specifications of either world are violated by throws of the other, with unexpected
-// handlers of both; what nobody catches names its type.
+// Rethrowing and exception specifications across the worlds: an exception object stays one object, destroyed once,
+// however often and by whom it is rethrown; specifications of either world are violated by throws of the other, with
+// unexpected handlers of both; what nobody catches names its type.
 // test-variants: -O0 | -O2 | -Os
 #include "worlds.h"
 

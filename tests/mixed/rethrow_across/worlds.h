@@ -22,14 +22,14 @@ void c_rethrows(callback next, int code);
 void c_rethrow_now(void);
 /* C: catches anything, calls `in_handler`, and lets what that throws out. */
 void c_calls_in_handler(callback next, int code, void (*in_handler)(void));
-/* C: rethrows and catches the exception being handled; the handler calls cpp_ladder, until `depth` handlers are nested. */
+/* C: rethrows and catches the exception being handled; the handler calls cpp_ladder, until `depth` handlers nest. */
 void c_ladder(int depth);
 void cpp_ladder(int depth);
 
 /* C: functions with exception specifications that call `next`. */
 void c_specified_int(callback next, int code);     /* throw (int, c_error) */
 void c_specified_nothing(callback next, int code); /* throw () */
-void c_install_unexpected(int what);               /* a handler in C that throws: 1 an int, 2 a c_error, 3 the same again */
+void c_install_unexpected(int what);               /* that throws: 1 an int, 2 a c_error, 3 the same again */
 
 void c_passes(callback next, int code); /* an object with a destructor around the call */
 #ifdef __cplusplus

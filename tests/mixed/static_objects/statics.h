@@ -1,4 +1,4 @@
-/* The objects with static storage duration of three C++ files and one C file tell of their construction and destruction here.
+/* The static objects of three C++ files and one C file tell of their construction and destruction here.
  */
 #ifndef STATICS_H
 #define STATICS_H

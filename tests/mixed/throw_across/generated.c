@@ -1,5 +1,5 @@
-/* Generated C that throws C++ classes, catches what C++ and the library throw, and stands with objects and arrays between
- * C++ frames.
+/* Generated C that throws C++ classes, catches what C++ and the library throw, and stands with objects and arrays
+ * between C++ frames.
  */
 #include "worlds.h"
 
@@ -131,7 +131,7 @@ void c_with_objects(callback next, int argument) {
   END_FUNCTION
 }
 
-/* An array as a region, and below it an array whose construction calls the next function: a kind-4 entry stands between. */
+/* An array as a region, and below it an array whose construction calls the next function: a kind-4 entry between. */
 static callback array_next;
 static int array_argument, array_number;
 

@@ -1,5 +1,6 @@
-// Exceptions across the worlds: thrown by generated C and caught by C++ and the other way round, thrown by the library and
-// caught by both, with objects and arrays of both worlds between throw and catch, destroyed in true nesting order.
+// Exceptions across the worlds: thrown by generated C and caught by C++ and the other way round, thrown by the
+// library and caught by both, with objects and arrays of both worlds between throw and catch, destroyed in true
+// nesting order.
 // test-variants: -O0 | -O2 | -O3 -fomit-frame-pointer
 #include "worlds.h"
 

@@ -1,6 +1,6 @@
-// One type in two C++ files: types made of a class that a file knows by name only are those of the file that defines it,
-// instantiations and local classes of inline functions are one type, while classes of unnamed namespaces stay two types
-// whatever they are called.
+// One type in two C++ files: types made of a class that a file knows by name only are those of the file that defines
+// it, instantiations and local classes of inline functions are one type, while classes of unnamed namespaces stay two
+// types whatever they are called.
 // test-variants: -O0 | -O2
 #include "shared.h"
 
