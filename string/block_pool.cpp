@@ -3,6 +3,7 @@
 #include "block_pool.h"
 
 #include <stdint.h>
+#include <stdlib.h>
 
 // The first and the last byte of this shared object, set by the linker.
 extern "C" __attribute__((__visibility__("hidden"))) const char __ehdr_start[], _end[];
@@ -29,6 +30,14 @@ bool is_replaced() {
   return !is_ours(reinterpret_cast<uintptr_t>(allocate)) || !is_ours(reinterpret_cast<uintptr_t>(deallocate));
 }
 
+bool is_bypassed() {
+  if (!string_pool.asked) {
+    string_pool.bypassed = is_replaced();
+    string_pool.asked = true;
+  }
+  return string_pool.bypassed;
+}
+
 void *carve(unsigned bytes) {
   void *block = string_pool.fresh;
   string_pool.fresh += bytes;
@@ -41,12 +50,10 @@ void *carve(unsigned bytes) {
 void *large_take(unsigned bytes) { return operator new(bytes); }
 void large_give(void *memory) PLX_NOTHROW { operator delete(memory); }
 
+void *large_extend(void *memory, unsigned bytes) { return is_bypassed() ? nullptr : realloc(memory, bytes); }
+
 PLX_COLD void *pool_refill(unsigned bytes) {
-  if (!string_pool.asked) {
-    string_pool.bypassed = is_replaced();
-    string_pool.asked = true;
-  }
-  if (string_pool.bypassed) return operator new(bytes);
+  if (is_bypassed()) return operator new(bytes);
   if (string_pool.fresh_bytes >= bytes) return carve(bytes);
 
   char *chunk = static_cast<char *>(operator new(next_chunk));

@@ -35,6 +35,10 @@ PLX_STRING_HIDDEN void *pool_refill(unsigned bytes);
 PLX_STRING_HIDDEN void *large_take(unsigned bytes);
 PLX_STRING_HIDDEN void large_give(void *memory) PLX_NOTHROW;
 
+// A block of more than `largest` bytes, made larger where the C library can do that without copying all of it. Null
+// where it cannot, or where the program replaced the allocation functions; then the block is as it was.
+PLX_STRING_HIDDEN void *large_extend(void *memory, unsigned bytes);
+
 // A block of `bytes`, a multiple of 32.
 [[gnu::always_inline]] inline void *pool_take(unsigned bytes) {
   if (__builtin_expect(bytes <= block_pool::largest, true)) {

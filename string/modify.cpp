@@ -72,6 +72,13 @@ template <class Source> void append(b_str_ref *&rep, Source source, unsigned n) 
       return;
     }
     room = grown_room(rep);
+    b_str_ref *extended = source.lies_in(rep) ? nullptr : extend_representation(rep, capacity_for(new_length), room);
+    if (extended) {
+      rep = extended;
+      source.write(rep->data + length, n);
+      set_length(rep, new_length);
+      return;
+    }
   }
   b_str_ref *made =
       room ? make_roomy_representation(capacity_for(new_length), room) : make_representation(capacity_for(new_length));

@@ -12,6 +12,10 @@ char null_buffer[33];
 // More than any block can hold: operator new then reports the failure its own way.
 constexpr unsigned largest_capacity = 0x7FFFFF00;
 
+unsigned block_bytes(unsigned capacity, unsigned room) {
+  return in_steps((capacity < room && room < largest_capacity ? room : capacity + 1) + sizeof(b_str_ref));
+}
+
 [[noreturn]] PLX_COLD void out_of_memory() {
   for (;;) operator delete(operator new(no_limit));
 }
@@ -30,9 +34,16 @@ b_str_ref null_representation = {{}, 0, null_buffer, 0, 32, sizeof null_buffer, 
 
 b_str_ref *make_roomy_representation(unsigned capacity, unsigned room) {
   if (capacity - 1u >= largest_capacity) out_of_memory();
-  const unsigned wanted = capacity < room && room < largest_capacity ? room : capacity + 1;
-  const unsigned bytes = in_steps(wanted + sizeof(b_str_ref));
+  const unsigned bytes = block_bytes(capacity, room);
   return describe_block(pool_take(bytes), bytes, capacity);
+}
+
+b_str_ref *extend_representation(b_str_ref *rep, unsigned capacity, unsigned room) {
+  if (rep->block <= block_pool::largest || rep->data != own_buffer(rep) || capacity - 1u >= largest_capacity)
+    return nullptr;
+  const unsigned bytes = block_bytes(capacity, room);
+  void *block = large_extend(rep, bytes);
+  return block ? describe_block(block, bytes, capacity) : nullptr;
 }
 
 b_str_ref *string_make(const char *text, unsigned n) {

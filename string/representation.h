@@ -99,6 +99,10 @@ PLX_STRING_HIDDEN b_str_ref *make_roomy_representation(unsigned capacity, unsign
   return describe_block(pool_take(capacity + block_pool::step), capacity + block_pool::step, capacity);
 }
 
+// Gives a private representation this capacity and room in a larger block; its other fields and characters stay. Null
+// where that is no gain over copying: then nothing was changed.
+PLX_STRING_HIDDEN b_str_ref *extend_representation(b_str_ref *rep, unsigned capacity, unsigned room);
+
 inline void set_length(b_str_ref *rep, unsigned length) {
   rep->length = length;
   rep->data[length] = 0;

@@ -4,6 +4,8 @@
 
 #include <plx/string_search.h>
 
+#include "find_pattern.h"
+
 namespace __zor {
 
 namespace {
@@ -42,7 +44,9 @@ typedef string_search<std::char_traits<char>> search;
 unsigned search::find(const b_str_ref *rep, const char *s, unsigned pos, unsigned n) PLX_NOTHROW {
   const unsigned length = rep->length;
   if (n == 0 || pos > length || n > length - pos) return string_npos;
-  const char *found = static_cast<const char *>(memmem(rep->data + pos, length - pos, s, n));
+  const char *text = rep->data + pos, *const end = rep->data + length;
+  const char *found = n == 1 ? static_cast<const char *>(memchr(text, *s, static_cast<unsigned>(end - text)))
+                             : find_pattern(text, end, s, n);
   return found ? static_cast<unsigned>(found - rep->data) : string_npos;
 }
 
