@@ -150,7 +150,11 @@ static void exhausted(void) {
 }
 #endif
 
+/* A size that no block can have. */
+static void too_big(void) { __throw_setup(&big, 0x7FFFFFF0, 0); }
+
 int main(void) {
+  nested(3, 0);
   nested(200, 100);
   nested(50, 9000);
   nested(2, 70000);
@@ -161,6 +165,7 @@ int main(void) {
   deep();
   exhausted();
 #endif
+  CHECK_ABORTS(too_big, "");
   CHECK_QUIET();
   return TEST_RESULT();
 }

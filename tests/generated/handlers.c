@@ -386,6 +386,45 @@ static NOINLINE void destructor_fails_at_end(void) {
   EMIT_END_TRY(entry);
 }
 
+/* A destructor that unwinding runs throws again what is handled: not what that unwinding has already ended. */
+static void rethrowing_destroy(void *object, int flags) {
+  an_eh_stack_entry entry;
+  (void)object;
+  (void)flags;
+  EMIT_TRY(entry, catch_fault) { __rethrow(); }
+  EMIT_HANDLERS {
+    __exception_caught();
+    trace("again-%d", caught_fault_id());
+    __free_thrown_object();
+  }
+  EMIT_END_TRY(entry);
+}
+static NOINLINE void left_with_rethrowing_local(void) {
+  static const a_region_record regions[] = {{DESTRUCTOR(rethrowing_destroy), 0, PLX_NO_REGION, 0}};
+  void *addresses[1];
+  an_eh_stack_entry function, entry;
+  EMIT_FUNCTION(function, regions, addresses, 0);
+  addresses[0] = 0;
+  __eh_curr_region = 0;
+  EMIT_TRY(entry, catch_fault) { throw_fault(1); }
+  EMIT_HANDLERS {
+    __exception_caught();
+    throw_fault(2);
+  }
+  EMIT_END_TRY(entry);
+  EMIT_LEAVE_FUNCTION(function);
+}
+static NOINLINE void rethrow_while_unwinding(void) {
+  an_eh_stack_entry entry;
+  EMIT_TRY(entry, catch_fault) { throw_fault(7); }
+  EMIT_HANDLERS {
+    __exception_caught();
+    caught(left_with_rethrowing_local);
+    __free_thrown_object();
+  }
+  EMIT_END_TRY(entry);
+}
+
 /* A thrown pointer has no destructor to run, even when one is given. */
 static NOINLINE void pointer_with_destructor(void) {
   static fault object;
@@ -423,6 +462,17 @@ static void parameter_copy_fails(void) {
     __eh_curr_region = 0;
     EMIT_TRY(entry, catch_fault) { throw_fault(1); }
     EMIT_HANDLERS { throw_int(5); }
+  }
+  EMIT_HANDLERS { printf("caught"); }
+}
+
+/* throw; before the parameter is initialised leaves the handler with the marker still there. */
+static void rethrow_too_early(void) {
+  an_eh_stack_entry outer, entry;
+  _ZSt13set_terminatePFvvE(terminated);
+  EMIT_TRY(outer, catch_all) {
+    EMIT_TRY(entry, catch_int) { throw_int(1); }
+    EMIT_HANDLERS { __rethrow(); }
   }
   EMIT_HANDLERS { printf("caught"); }
 }
@@ -491,11 +541,14 @@ int main(void) {
   CHECK_TRACE("end ~e1 caught-9 ~e9");
   CHECK_QUIET();
 
+  rethrow_while_unwinding();
+  CHECK_TRACE("~e1 again-7 caught-2 ~e2 ~e7");
   pointer_with_destructor();
   CHECK_TRACE("");
   CHECK_QUIET();
 
   CHECK_ENDS(parameter_copy_fails, 3, "terminated uncaught=1");
+  CHECK_ENDS(rethrow_too_early, 3, "terminated uncaught=1");
   CHECK_ENDS(rethrow_of_nothing, 3, "terminated uncaught=1");
   CHECK_ENDS(rethrow_too_late, 3, "terminated uncaught=1");
   return TEST_RESULT();
