@@ -5,6 +5,8 @@
 #include <stdint.h>
 #include <stdlib.h>
 
+#include <plx/string_core.h>
+
 // The first and the last byte of this shared object, set by the linker.
 extern "C" __attribute__((__visibility__("hidden"))) const char __ehdr_start[], _end[];
 
@@ -58,8 +60,11 @@ PLX_COLD void *pool_refill(unsigned bytes) {
 
   char *chunk = static_cast<char *>(operator new(next_chunk));
   if (string_pool.fresh_bytes >= block_pool::step) pool_give(string_pool.fresh, string_pool.fresh_bytes);
-  string_pool.fresh = chunk;
-  string_pool.fresh_bytes = next_chunk;
+  // The characters, which start one representation after the block, shall be aligned.
+  const unsigned aligned = block_pool::step - reinterpret_cast<uintptr_t>(chunk) % block_pool::step;
+  const unsigned skipped = aligned + block_pool::step - sizeof(b_str_ref);
+  string_pool.fresh = chunk + skipped;
+  string_pool.fresh_bytes = (next_chunk - skipped) & ~(block_pool::step - 1);
   if (next_chunk < largest_chunk) next_chunk *= 2;
   return carve(bytes);
 }
