@@ -1,11 +1,10 @@
-// Where the pool's blocks come from: chunks of operator new that grow with use and are kept for good.
+// Where blocks come from when their free list is empty: chunks of operator new that grow with use and are kept for
+// good, or operator new itself.
 
 #include "block_pool.h"
 
 #include <stdint.h>
 #include <stdlib.h>
-
-#include <plx/string_core.h>
 
 // The first and the last byte of this shared object, set by the linker.
 extern "C" __attribute__((__visibility__("hidden"))) const char __ehdr_start[], _end[];
@@ -18,6 +17,10 @@ namespace {
 
 constexpr unsigned first_chunk = 4096;
 constexpr unsigned largest_chunk = 65536;
+
+// Characters start one representation after their block. What the C library returns is aligned for anything, so that
+// they are too when the block starts this much later.
+constexpr unsigned shift = block_step - sizeof(b_str_ref);
 
 unsigned next_chunk = first_chunk;
 
@@ -40,33 +43,63 @@ bool is_bypassed() {
   return string_pool.bypassed;
 }
 
-void *carve(unsigned bytes) {
+b_str_ref *describe(void *memory, unsigned bytes, unsigned special) {
+  b_str_ref *rep = static_cast<b_str_ref *>(memory);
+  rep->data = own_buffer(rep);
+  rep->room = bytes - static_cast<unsigned>(sizeof *rep);
+  rep->block = bytes | special;
+  return rep;
+}
+
+b_str_ref *carve(unsigned bytes) {
   void *block = string_pool.fresh;
   string_pool.fresh += bytes;
   string_pool.fresh_bytes -= bytes;
-  return block;
+  return describe(block, bytes, 0);
+}
+
+void put(void *memory, unsigned bytes) {
+  describe(memory, bytes, 0);
+  free_block *block = static_cast<free_block *>(memory);
+  free_block *&head = string_pool.free[bytes / block_step];
+  block->next = head;
+  head = block;
 }
 
 }  // namespace
 
-void *large_take(unsigned bytes) { return operator new(bytes); }
-void large_give(void *memory) PLX_NOTHROW { operator delete(memory); }
-
-void *large_extend(void *memory, unsigned bytes) { return is_bypassed() ? nullptr : realloc(memory, bytes); }
-
-PLX_COLD void *pool_refill(unsigned bytes) {
-  if (is_bypassed()) return operator new(bytes);
+b_str_ref *take_block(unsigned bytes) {
+  if (bytes > largest_pooled || is_bypassed())
+    return describe(static_cast<char *>(operator new(bytes + shift)) + shift, bytes, block_is_special);
+  free_block *&head = string_pool.free[bytes / block_step];
+  if (free_block *block = head) {
+    head = block->next;
+    return reinterpret_cast<b_str_ref *>(block);
+  }
   if (string_pool.fresh_bytes >= bytes) return carve(bytes);
 
   char *chunk = static_cast<char *>(operator new(next_chunk));
-  if (string_pool.fresh_bytes >= block_pool::step) pool_give(string_pool.fresh, string_pool.fresh_bytes);
-  // The characters, which start one representation after the block, shall be aligned.
-  const unsigned aligned = block_pool::step - reinterpret_cast<uintptr_t>(chunk) % block_pool::step;
-  const unsigned skipped = aligned + block_pool::step - sizeof(b_str_ref);
+  if (string_pool.fresh_bytes > block_step) put(string_pool.fresh, string_pool.fresh_bytes);
+  const unsigned aligned = block_step - reinterpret_cast<uintptr_t>(chunk) % block_step;
+  const unsigned skipped = aligned + shift;
   string_pool.fresh = chunk + skipped;
-  string_pool.fresh_bytes = (next_chunk - skipped) & ~(block_pool::step - 1);
+  string_pool.fresh_bytes = (next_chunk - skipped) & ~(block_step - 1);
   if (next_chunk < largest_chunk) next_chunk *= 2;
   return carve(bytes);
+}
+
+void give_block(void *memory, unsigned bytes) PLX_NOTHROW {
+  if (bytes > largest_pooled || is_bypassed())
+    operator delete(static_cast<char *>(memory) - shift);
+  else
+    put(memory, bytes);
+}
+
+b_str_ref *extend_block(b_str_ref *rep, unsigned bytes) {
+  if ((rep->block & ~block_is_special) <= largest_pooled || rep->data != own_buffer(rep) || is_bypassed())
+    return nullptr;
+  void *memory = realloc(reinterpret_cast<char *>(rep) - shift, bytes + shift);
+  return memory ? describe(static_cast<char *>(memory) + shift, bytes, block_is_special) : nullptr;
 }
 
 }  // namespace __zor

@@ -1,9 +1,14 @@
-// Small blocks for string representations, in classes of 32 bytes, from free lists. Blocks of 64 to 1,024 bytes are
-// pooled, larger ones come from operator new. A program that replaced operator new or operator delete sees every
-// allocation: then nothing is pooled.
+// Blocks for string representations. Those of up to 1,024 bytes, in classes of 32 bytes, come from free lists, larger
+// ones from operator new. A program that replaced operator new or operator delete sees every allocation: then nothing
+// is pooled.
+//
+// A block in a free list was a representation and still is one but for its first word: what depends on its size alone
+// stays written, so taking it again is a matter of a few instructions.
 #pragma once
 
 #include <new>
+
+#include <plx/string_core.h>
 
 // A compiler must see on the declaration that a symbol is the library's own, or it goes through the GOT pointer.
 #define PLX_STRING_HIDDEN_DATA __attribute__((__visibility__("hidden")))
@@ -11,16 +16,19 @@
 
 namespace __zor {
 
+constexpr unsigned block_step = 32;
+constexpr unsigned largest_pooled = 1024;
+
+// In b_str_ref::block beside the size, a multiple of 32: freeing takes more than putting the block into its list.
+constexpr unsigned block_is_special = 1;
+
 struct free_block {
   free_block *next;
 };
 
 struct block_pool {
-  static constexpr unsigned step = 32;
-  static constexpr unsigned largest = 1024;
-
-  free_block *free[largest / step + 1];  // by size; all empty when nothing is pooled
-  char *fresh;                           // the part of the last chunk that was never handed out
+  free_block *free[largest_pooled / block_step + 1];  // by size; all empty when nothing is pooled
+  char *fresh;                                        // the part of the last chunk that was never handed out
   unsigned fresh_bytes;
   bool asked;     // whether the program replaced the allocation functions was found out
   bool bypassed;  // it did
@@ -28,39 +36,17 @@ struct block_pool {
 
 extern PLX_STRING_HIDDEN_DATA block_pool string_pool;
 
-// The slow case of pool_take. Throws bad_alloc and changes nothing then.
-PLX_STRING_HIDDEN void *pool_refill(unsigned bytes);
+inline char *own_buffer(b_str_ref *rep) { return reinterpret_cast<char *>(rep + 1); }
 
-// operator new and operator delete.
-PLX_STRING_HIDDEN void *large_take(unsigned bytes);
-PLX_STRING_HIDDEN void large_give(void *memory) PLX_NOTHROW;
+// A representation in a block of this size, with what depends on the size written. Throws bad_alloc.
+PLX_STRING_HIDDEN b_str_ref *take_block(unsigned bytes);
 
-// A block of more than `largest` bytes, made larger where the C library can do that without copying all of it. Null
-// where it cannot, or where the program replaced the allocation functions; then the block is as it was.
-PLX_STRING_HIDDEN void *large_extend(void *memory, unsigned bytes);
+// The same for a block of another use: it becomes a representation when it goes into a free list.
+PLX_STRING_HIDDEN void give_block(void *memory, unsigned bytes) PLX_NOTHROW;
 
-// A block of `bytes`, a multiple of 32.
-[[gnu::always_inline]] inline void *pool_take(unsigned bytes) {
-  if (__builtin_expect(bytes <= block_pool::largest, true)) {
-    free_block *&head = string_pool.free[bytes / block_pool::step];
-    if (free_block *block = head) {
-      head = block->next;
-      return block;
-    }
-    return pool_refill(bytes);
-  }
-  return large_take(bytes);
-}
-
-[[gnu::always_inline]] inline void pool_give(void *memory, unsigned bytes) PLX_NOTHROW {
-  if (__builtin_expect(bytes <= block_pool::largest && !string_pool.bypassed, true)) {
-    free_block *block = static_cast<free_block *>(memory);
-    free_block *&head = string_pool.free[bytes / block_pool::step];
-    block->next = head;
-    head = block;
-  } else {
-    large_give(memory);
-  }
-}
+// Makes the block of a representation larger where the C library can do that without copying all of it; capacity,
+// length and count stay. Null where it cannot, or where the program replaced the allocation functions: then the block
+// is as it was.
+PLX_STRING_HIDDEN b_str_ref *extend_block(b_str_ref *rep, unsigned bytes);
 
 }  // namespace __zor

@@ -20,11 +20,16 @@ unsigned block_bytes(unsigned capacity, unsigned room) {
   for (;;) operator delete(operator new(no_limit));
 }
 
-b_str_ref *make_filled(unsigned n, char c) {
+[[gnu::noinline]] b_str_ref *make_filled(unsigned n, char c) {
   b_str_ref *rep = make_representation(capacity_for(n));
   fill_characters(rep->data, n, c);
   set_length(rep, n);
   return rep;
+}
+
+[[gnu::noinline]] b_str_ref *make_other(const char *text, unsigned n) {
+  if (n == string_npos) fail_out_of_range();
+  return text ? make_text(text, n) : make_filled(n, 0);
 }
 
 }  // namespace
@@ -34,21 +39,28 @@ b_str_ref null_representation = {{}, 0, null_buffer, 0, 32, sizeof null_buffer, 
 
 b_str_ref *make_roomy_representation(unsigned capacity, unsigned room) {
   if (capacity - 1u >= largest_capacity) out_of_memory();
-  const unsigned bytes = block_bytes(capacity, room);
-  return describe_block(pool_take(bytes), bytes, capacity);
+  b_str_ref *rep = take_block(block_bytes(capacity, room));
+  rep->count = 1;
+  rep->capacity = capacity;
+  return rep;
 }
 
 b_str_ref *extend_representation(b_str_ref *rep, unsigned capacity, unsigned room) {
-  if (rep->block <= block_pool::largest || rep->data != own_buffer(rep) || capacity - 1u >= largest_capacity)
-    return nullptr;
-  const unsigned bytes = block_bytes(capacity, room);
-  void *block = large_extend(rep, bytes);
-  return block ? describe_block(block, bytes, capacity) : nullptr;
+  if (capacity - 1u >= largest_capacity) return nullptr;
+  b_str_ref *extended = extend_block(rep, block_bytes(capacity, room));
+  if (!extended) return nullptr;
+  extended->count = 1;
+  extended->capacity = capacity;
+  return extended;
+}
+
+void free_special_representation(b_str_ref *rep) PLX_NOTHROW {
+  if (rep->data != own_buffer(rep)) give_block(rep->data, rep->room);
+  give_block(rep, rep->block & ~block_is_special);
 }
 
 b_str_ref *string_make(const char *text, unsigned n) {
-  if (__builtin_expect(n == string_npos, false)) fail_out_of_range();
-  if (__builtin_expect(!text, false)) return make_filled(n, 0);
+  if (__builtin_expect(!text || n > short_copy, false)) return make_other(text, n);
   return make_text(text, n);
 }
 
@@ -119,9 +131,10 @@ void string_reserve(b_str_ref *&rep, unsigned n) {
   } else {
     // The others hold the address of this representation, so only its buffer moves.
     const unsigned bytes = in_steps(capacity + 1);
-    char *buffer = static_cast<char *>(pool_take(bytes));
+    char *buffer = reinterpret_cast<char *>(take_block(bytes));
     memcpy(buffer, rep->data, rep->length + 1);
-    free_buffer(rep);
+    if (rep->data != own_buffer(rep)) give_block(rep->data, rep->room);
+    rep->block |= block_is_special;
     rep->data = buffer;
     rep->room = bytes;
     rep->capacity = capacity;

@@ -15,8 +15,6 @@ constexpr unsigned no_limit = 0xFFFFFFFFu;
 // The capacity for n characters: the next multiple of 32 above n, and 0 where that is no 32-bit number.
 inline unsigned capacity_for(unsigned n) { return (n & ~31u) + 32; }
 
-inline char *own_buffer(b_str_ref *rep) { return reinterpret_cast<char *>(rep + 1); }
-
 // Calls of the C library and of exported functions need the GOT pointer, and short strings are too short for that. So
 // the paths of short strings are free of such calls, and the long and the failing ones stand behind hidden functions.
 PLX_STRING_HIDDEN void copy_long(char *to, const char *from, unsigned n);
@@ -36,20 +34,23 @@ inline const four_bytes *words(const char *at) { return reinterpret_cast<const f
 // Copying and filling. Nothing is nothing: the pointers may be null then. The regions of a copy do not overlap.
 inline void copy_characters(char *to, const char *from, unsigned n) {
   if (__builtin_expect(n > short_copy, false)) return copy_long(to, from, n);
-  if (n >= 4) {
-    const four_bytes end = *words(from + n - 4);
+  if (n >= 8) {
+    const four_bytes c = *words(from + n - 8), d = *words(from + n - 4);
     unsigned i = 0;
     do {
       *words(to + i) = *words(from + i);
-      i += 4;
-    } while (i + 4 <= n);
-    *words(to + n - 4) = end;
+      *words(to + i + 4) = *words(from + i + 4);
+      i += 8;
+    } while (i + 8 < n);
+    *words(to + n - 8) = c;
+    *words(to + n - 4) = d;
+  } else if (n >= 4) {
+    *words(to) = *words(from);
+    *words(to + n - 4) = *words(from + n - 4);
   } else if (n != 0) {
     to[0] = from[0];
-    if (n > 1) {
-      to[n / 2] = from[n / 2];
-      to[n - 1] = from[n - 1];
-    }
+    to[n / 2] = from[n / 2];
+    to[n - 1] = from[n - 1];
   }
 }
 // The regions may overlap: all is read before anything is written.
@@ -77,26 +78,24 @@ inline void fill_characters(char *to, unsigned n, char c) {
   for (unsigned i = 0; i < n; ++i) to[i] = c;
 }
 
-inline unsigned in_steps(unsigned bytes) { return (bytes + block_pool::step - 1) & ~(block_pool::step - 1); }
-
-[[gnu::always_inline]] inline b_str_ref *describe_block(void *memory, unsigned bytes, unsigned capacity) {
-  b_str_ref *rep = static_cast<b_str_ref *>(memory);
-  rep->count = 1;
-  rep->data = own_buffer(rep);
-  rep->capacity = capacity;
-  rep->room = bytes - sizeof(b_str_ref);
-  rep->block = bytes;
-  return rep;
-}
+inline unsigned in_steps(unsigned bytes) { return (bytes + block_step - 1) & ~(block_step - 1); }
 
 // An empty representation with this capacity, one owner, and at least `room` bytes where that is more than the capacity
 // needs. Its characters are not set. Throws bad_alloc.
 PLX_STRING_HIDDEN b_str_ref *make_roomy_representation(unsigned capacity, unsigned room);
 [[gnu::always_inline]] inline b_str_ref *make_representation(unsigned capacity) {
-  static_assert(sizeof(b_str_ref) < block_pool::step, "one step holds the fields and the terminator");
-  if (__builtin_expect(capacity - 1u >= block_pool::largest - block_pool::step, false))
-    return make_roomy_representation(capacity, 0);
-  return describe_block(pool_take(capacity + block_pool::step), capacity + block_pool::step, capacity);
+  static_assert(sizeof(b_str_ref) < block_step, "one step holds the fields and the terminator");
+  if (__builtin_expect(capacity <= largest_pooled - block_step, true)) {
+    free_block *&head = string_pool.free[capacity / block_step + 1];  // never filled where the capacity is 0
+    if (__builtin_expect(head != nullptr, true)) {
+      b_str_ref *rep = reinterpret_cast<b_str_ref *>(head);
+      head = head->next;
+      rep->count = 1;
+      rep->capacity = capacity;
+      return rep;
+    }
+  }
+  return make_roomy_representation(capacity, 0);
 }
 
 // Gives a private representation this capacity and room in a larger block; its other fields and characters stay. Null
@@ -108,14 +107,14 @@ inline void set_length(b_str_ref *rep, unsigned length) {
   rep->data[length] = 0;
 }
 
-// A buffer outside the representation's block.
-inline void free_buffer(b_str_ref *rep) PLX_NOTHROW {
-  if (__builtin_expect(rep->data != own_buffer(rep), false)) pool_give(rep->data, rep->room);
-}
-
-inline void free_representation(b_str_ref *rep) PLX_NOTHROW {
-  free_buffer(rep);
-  pool_give(rep, rep->block);
+PLX_STRING_HIDDEN void free_special_representation(b_str_ref *rep) PLX_NOTHROW;
+[[gnu::always_inline]] inline void free_representation(b_str_ref *rep) PLX_NOTHROW {
+  const unsigned bytes = rep->block;
+  if (__builtin_expect(bytes & block_is_special, false)) return free_special_representation(rep);
+  free_block *block = reinterpret_cast<free_block *>(rep);
+  free_block *&head = string_pool.free[bytes / block_step];
+  block->next = head;
+  head = block;
 }
 
 // The string's old representation loses an owner, the new one is put in its place.

@@ -26,7 +26,7 @@ struct PLX_API b_str_ref {
   unsigned int length;
   unsigned int capacity;  // a multiple of 32; length <= capacity
   unsigned int room;      // bytes at `data`; capacity < room
-  unsigned int block;     // bytes of the block that starts here
+  unsigned int block;     // bytes of the block that starts here, and a flag of the library's in bit 0
 };
 
 typedef char b_str_ref_layout[sizeof(b_str_ref) == 28 && offsetof(b_str_ref, count) == 4 &&
