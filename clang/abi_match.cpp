@@ -16,7 +16,6 @@ const unsigned int incomplete = __pbase_type_info::__incomplete_mask | __pbase_t
 
 bool has_name(const abi_type_info *type, const char *name) { return strcmp(type->encoded_name(), name) == 0; }
 
-// Records that name an incomplete class are private to their unit, and so are their name objects.
 bool same_pointee(const __pbase_type_info *left, const __pbase_type_info *right) {
   if (same_record(left->__pointee, right->__pointee)) return true;
   return ((left->__flags | right->__flags) & incomplete) &&
@@ -91,7 +90,7 @@ bool catches(const abi_type_info *handler, const abi_type_info *thrown, void **v
   }
   if (same_record(handler, thrown)) return true;
   // A chain of single bases: all stand at the object's own address, and none can come twice.
-  for (const abi_type_info *type = thrown; table_of(type) == _ZTVN10__cxxabiv120__si_class_type_infoE;) {
+  for (const abi_type_info *type = thrown; is_single_base_class(type);) {
     type = static_cast<const __si_class_type_info *>(type)->__base_type;
     if (type == handler) return true;
   }
@@ -102,6 +101,16 @@ bool catches(const abi_type_info *handler, const abi_type_info *thrown, void **v
     return convert_to_base(derived, [base](const __class_type_info *type) { return same_record(type, base); }, value);
   const __pbase_type_info *pointer = handler->as_any_pointer();
   return pointer && has_name(thrown, "Dn") && catches_null(pointer, value);
+}
+
+bool names_incomplete_class(const abi_type_info *left, const abi_type_info *right) {
+  for (;;) {
+    const __pbase_type_info *left_pointer = left->as_any_pointer(), *right_pointer = right->as_any_pointer();
+    if (!left_pointer || !right_pointer) return false;
+    if ((left_pointer->__flags | right_pointer->__flags) & incomplete) return true;
+    left = left_pointer->__pointee;
+    right = right_pointer->__pointee;
+  }
 }
 
 }  // namespace __cxxabiv1

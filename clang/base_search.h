@@ -9,8 +9,14 @@ extern "C" __attribute__((__visibility__("default"))) const void *const _ZTVN10_
 
 namespace __cxxabiv1 {
 
-// The virtual table of a record, which tells its class without a call.
-inline const void *const *table_of(const void *record) { return *static_cast<const void *const *const *>(record) - 2; }
+// Whether a record has this virtual table, which tells its class without a call. Its first word points past the table's
+// two leading words.
+inline bool has_table(const void *record, const void *const *table) {
+  return *static_cast<const void *const *const *>(record) == table + 2;
+}
+inline bool is_single_base_class(const void *record) {
+  return has_table(record, _ZTVN10__cxxabiv120__si_class_type_infoE);
+}
 
 // Whether two records of a compiler are of one type. Name objects are unique in a program.
 inline bool same_record(const abi_type_info *left, const abi_type_info *right) {
@@ -24,12 +30,11 @@ template <class Search>
 void visit_bases(const __class_type_info *type, char *object, bool has_object, bool is_public, Search &search) {
   for (;;) {
     search.reached(type, object, is_public);
-    const void *const *table = table_of(type);
-    if (table == _ZTVN10__cxxabiv120__si_class_type_infoE) {
+    if (is_single_base_class(type)) {
       type = static_cast<const __si_class_type_info *>(type)->__base_type;
       continue;
     }
-    if (table != _ZTVN10__cxxabiv121__vmi_class_type_infoE) return;
+    if (!has_table(type, _ZTVN10__cxxabiv121__vmi_class_type_infoE)) return;
     const auto *derived = static_cast<const __vmi_class_type_info *>(type);
     for (unsigned int i = 0; i < derived->__base_count; ++i) {
       const __base_class_type_info &base = derived->__base_info[i];

@@ -4,6 +4,7 @@
 #include <string.h>
 
 #include "../libC/foreign.h"
+#include "abi_match.h"
 #include "base_search.h"
 #include "library_types.h"
 
@@ -27,6 +28,10 @@ const a_type_info_impl *plain_record(const abi_type_info *type) {
 const char *foreign_identity(const a_type_info_impl *type) {
   const char *known = library_identity(abi_record(type));
   return known ? known : abi_record(type)->encoded_name();
+}
+
+bool foreign_same_incomplete(const a_type_info_impl *left, const a_type_info_impl *right) {
+  return names_incomplete_class(abi_record(left), abi_record(right)) && strcmp(left->name, right->name) == 0;
 }
 
 bool foreign_derived_to_base(void *object, void **converted, const a_type_info_impl *from,

@@ -12,6 +12,10 @@ inline bool is_foreign(const a_type_info_impl *type) { return type->virtual_tabl
 // The address that stands for a foreign type; equal to the identity of the library's own descriptor of that class.
 const char *foreign_identity(const a_type_info_impl *type);
 
+// Whether two foreign records with different identities are of one pointer type all the same: where a file knows the
+// class pointed to by its declaration only, its records have identities of their own.
+bool foreign_same_incomplete(const a_type_info_impl *left, const a_type_info_impl *right);
+
 // Converts from a foreign class to a base, public and unambiguous, that may be of either format.
 bool foreign_derived_to_base(void *object, void **converted, const a_type_info_impl *from,
                              const a_type_info_impl *to);

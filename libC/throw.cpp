@@ -115,7 +115,7 @@ void unwind_entry(an_eh_stack_entry *entry) {
   }
 }
 
-[[noreturn]] void handle_in_try(an_eh_stack_entry *entry, a_throw_stack_entry *thrown) {
+[[noreturn]] inline __attribute__((__always_inline__)) void handle_in_try(an_eh_stack_entry *entry, a_throw_stack_entry *thrown) {
   const a_throw_state &state = state_of(thrown);
   const unsigned short region = entry->body.try_block.try_region;
   if (__eh_curr_region != region) {
@@ -136,7 +136,7 @@ void unwind_entry(an_eh_stack_entry *entry) {
   jump_to_buffer(entry->body.try_block.jump_buffer);
 }
 
-[[noreturn]] inline void enter_handler(an_eh_stack_entry *entry, a_throw_stack_entry *thrown) {
+[[noreturn]] inline __attribute__((__always_inline__)) void enter_handler(an_eh_stack_entry *entry, a_throw_stack_entry *thrown) {
   if (__curr_eh_stack_entry != &thrown->marker) assertion_failed(1099);
   thrown->handled = 1;
   if (entry->kind == eh_foreign_frame) foreign_frame_handle(entry, thrown);

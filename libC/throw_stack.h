@@ -33,7 +33,7 @@ inline void begin_wait(a_throw_stack_entry *thrown, a_pending_step step, an_eh_s
   pending_throws = thrown;
 }
 
-inline void end_wait(a_throw_stack_entry *thrown) {
+inline __attribute__((__always_inline__)) void end_wait(a_throw_stack_entry *thrown) {
   state_of(thrown).step = a_pending_step::none;
   if (__builtin_expect(pending_throws == thrown, 1))
     pending_throws = state_of(thrown).next_pending;

@@ -16,9 +16,8 @@ namespace {
 
 // Generated code passes a slot where C++ passes a class's record; a slot begins with a small number.
 bool is_class_record(const void *record) {
-  const void *const *table = table_of(record);
-  return table == _ZTVN10__cxxabiv117__class_type_infoE || table == _ZTVN10__cxxabiv120__si_class_type_infoE ||
-         table == _ZTVN10__cxxabiv121__vmi_class_type_infoE;
+  return is_single_base_class(record) || has_table(record, _ZTVN10__cxxabiv117__class_type_infoE) ||
+         has_table(record, _ZTVN10__cxxabiv121__vmi_class_type_infoE);
 }
 
 // Whether, and how, an object of some class has the source as a base.
@@ -80,7 +79,7 @@ bool cast_along_chain(const __class_type_info *dynamic, const __class_type_info 
       *result = met_target ? complete : nullptr;
       return true;
     }
-    if (table_of(type) != _ZTVN10__cxxabiv120__si_class_type_infoE) return false;
+    if (!is_single_base_class(type)) return false;
     type = static_cast<const __si_class_type_info *>(type)->__base_type;
   }
 }
