@@ -35,7 +35,16 @@ bool is_replaced() {
   return !is_ours(reinterpret_cast<uintptr_t>(allocate)) || !is_ours(reinterpret_cast<uintptr_t>(deallocate));
 }
 
+#if defined(__SANITIZE_ADDRESS__)
+#define EVERY_BLOCK_IS_WATCHED true
+#elif defined(__has_feature)
+#define EVERY_BLOCK_IS_WATCHED __has_feature(address_sanitizer)
+#else
+#define EVERY_BLOCK_IS_WATCHED false
+#endif
+
 bool is_bypassed() {
+  if (EVERY_BLOCK_IS_WATCHED) return true;
   if (!string_pool.asked) {
     string_pool.bypassed = is_replaced();
     string_pool.asked = true;

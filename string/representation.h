@@ -18,7 +18,6 @@ inline unsigned capacity_for(unsigned n) { return (n & ~31u) + 32; }
 // Calls of the C library and of exported functions need the GOT pointer, and short strings are too short for that. So
 // the paths of short strings are free of such calls, and the long and the failing ones stand behind hidden functions.
 PLX_STRING_HIDDEN void copy_long(char *to, const char *from, unsigned n);
-PLX_STRING_HIDDEN void move_long(char *to, const char *from, unsigned n);
 PLX_STRING_HIDDEN void fill_long(char *to, unsigned n, char c);
 [[noreturn]] PLX_STRING_HIDDEN void fail_out_of_range();
 [[noreturn]] PLX_STRING_HIDDEN void fail_length();
@@ -55,7 +54,10 @@ inline void copy_characters(char *to, const char *from, unsigned n) {
 }
 // The regions may overlap: all is read before anything is written.
 inline void move_characters(char *to, const char *from, unsigned n) {
-  if (__builtin_expect(n > 16, false)) return move_long(to, from, n);
+  if (n > 16) {
+    memmove(to, from, n);
+    return;
+  }
   if (n >= 8) {
     const four_bytes a = *words(from), b = *words(from + 4), c = *words(from + n - 8), d = *words(from + n - 4);
     *words(to) = a;

@@ -189,9 +189,9 @@ static void the_rest() {
   CHECK_STRING(string("abcdef", 2), "ab");
   CHECK_STRING(string(3, 'x'), "xxx");
   CHECK_STRING(string(std::allocator<char>()), "");
-  CHECK_STRING(string().append(text, 1, 2).append("x").append(1, 'y'), "bcxy");
-  CHECK_STRING(string().assign(text, 4, 9).assign(text), "abcdef");
-  CHECK_STRING(string("ad").insert(1, text, 1, 2).insert(0, string("<")), "<abcd");
+  CHECK_STRING(string(string().append(text, 1, 2).append("x").append(1, 'y')), "bcxy");
+  CHECK_STRING(string(string().assign(text, 4, 9).assign(text)), "abcdef");
+  CHECK_STRING(string(string("ad").insert(1, text, 1, 2).insert(0, string("<"))), "<abcd");
   const string::size_type &none = string::npos;
   CHECK(none == 0xFFFFFFFFu);
   string text2("xyz");

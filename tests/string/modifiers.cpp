@@ -39,6 +39,13 @@ static void model_release(model_rep *rep) {
   if (rep->count == unshareable || --rep->count == 0) delete rep;
 }
 
+// What empty strings share; it is never private, because one reference is its own.
+static model_rep *model_null() {
+  static model_rep *const rep = model_make("", 0);
+  ++rep->count;
+  return rep;
+}
+
 static model_rep *model_share(model_rep *rep) {
   if (rep->count == unshareable) return model_make(rep->text, rep->length);
   ++rep->count;
@@ -272,8 +279,7 @@ static void step() {
           m->length = 0;
         } else {
           --m->count;
-          m = model_make("", 0);
-          m->count = 2;  // never private, as the representation of empty strings
+          m = model_null();
         }
       }
       break;
@@ -286,6 +292,7 @@ int main() {
     state = run + 1;
     for (unsigned int i = 0; i < strings; ++i) {
       text[i] = string("start");
+      if (model[i]) model_release(model[i]);
       model[i] = model_make("start", 5);
     }
     for (unsigned int i = 0; i < 5000; ++i) step();
