@@ -360,6 +360,24 @@ static void expressions() {
   test_trace[0] = 0;
 }
 
+// Out of functions of the C library that called back.
+static int compare_calls;
+static int compare_and_throw(const void *a, const void *b) {
+  noisy local(++compare_calls);
+  if (compare_calls == 3) throw compare_calls;
+  return *(const int *)a - *(const int *)b;
+}
+static void through_the_c_library() {
+  int numbers[10] = {9, 8, 7, 6, 5, 4, 3, 2, 1, 0};
+  try {
+    noisy n(10);
+    qsort(numbers, 10, sizeof numbers[0], compare_and_throw);
+  } catch (int n) {
+    trace("=%d", n);
+  }
+  CHECK_TRACE("~1 ~2 ~3 ~10 =3");
+}
+
 int main() {
   loops();
   returns();
@@ -369,5 +387,6 @@ int main() {
   calls();
   inlining();
   expressions();
+  through_the_c_library();
   return TEST_RESULT();
 }
