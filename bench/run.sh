@@ -239,5 +239,6 @@ run_size() {
 run_times
 run_instructions
 run_size
+[ -s "$work/plan" ] || wanted instructions size || fail "nothing is called ${filter[*]}"
 [ "$failures" -eq 0 ] || echo "bench: $failures of the measurements failed" >&2
 [ "$failures" -eq 0 ]
