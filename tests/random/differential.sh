@@ -1,6 +1,7 @@
 #!/bin/sh
-# Random exception programs, built for plx at several optimisation levels and for the host's C++ library: all must print the
-# same trace. generate.cpp writes the programs.
+# Random exception programs, built for plx at several optimisation levels and for the host's C++ library: all must print
+# the same trace. generate.cc writes the programs; calls in them go by way of generated C (worlds/passages.c) with plx, and
+# by way of the same functions in C++ with the host's library.
 #
 # PLX_RANDOM_SEEDS is how many programs to try (12), PLX_RANDOM_FIRST the first seed (1). For a failure the seed, the flags
 # and the first lines that differ are shown; PLX_RANDOM_KEEP=DIR keeps the program and both traces there.
@@ -20,7 +21,7 @@ else
   exit 77
 fi
 
-g++ -O1 -std=gnu++98 "$here/generate.cpp" -o "$work/generate" || exit 1
+g++ -O1 -std=gnu++98 "$here/generate.cc" -o "$work/generate" || exit 1
 
 # run PROGRAM TRACE: a program that does not end by itself with status 0 says so in its trace.
 run() {
@@ -60,7 +61,7 @@ while [ "$seed" -lt $((first + seeds)) ]; do
   for flags in $levels; do
     IFS=$old_ifs
     checked=$((checked + 1))
-    if ! "$plx" -std=gnu++98 -w $flags "$program" -o "$work/plx" 2> "$work/build"; then
+    if ! "$plx" -std=gnu++98 -w -I "$PLX_SOURCE/tests" $flags "$program" "$here/worlds/passages.c" -o "$work/plx" 2> "$work/build"; then
       echo "seed $seed, $flags: does not build"
       head -n 5 "$work/build"
       failed=$((failed + 1))
