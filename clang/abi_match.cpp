@@ -25,9 +25,8 @@ bool same_pointee(const __pbase_type_info *left, const __pbase_type_info *right)
 bool same_members_class(const __pbase_type_info *left, const __pbase_type_info *right) {
   const abi_type_info *left_class = left->member_of(), *right_class = right->member_of();
   if (!left_class || !right_class) return left_class == right_class;
-  return same_record(left_class, right_class) ||
-         (((left->__flags | right->__flags) & incomplete) &&
-          strcmp(left_class->encoded_name(), right_class->encoded_name()) == 0);
+  return same_record(left_class, right_class) || (((left->__flags | right->__flags) & incomplete) &&
+                                                  strcmp(left_class->encoded_name(), right_class->encoded_name()) == 0);
 }
 
 // Whether adding qualifiers leads from `from` to `to` at this level (1998, 4.4).
@@ -98,7 +97,8 @@ bool catches(const abi_type_info *handler, const abi_type_info *thrown, void **v
     return catches_pointer(handler->as_any_pointer(), member, value);
   const __class_type_info *derived = thrown->as_class();
   if (const __class_type_info *base = derived ? handler->as_class() : nullptr)
-    return convert_to_base(derived, [base](const __class_type_info *type) { return same_record(type, base); }, value);
+    return convert_to_base(
+        derived, [base](const __class_type_info *type) { return same_record(type, base); }, value);
   const __pbase_type_info *pointer = handler->as_any_pointer();
   return pointer && has_name(thrown, "Dn") && catches_null(pointer, value);
 }

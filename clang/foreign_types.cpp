@@ -34,8 +34,7 @@ bool foreign_same_incomplete(const a_type_info_impl *left, const a_type_info_imp
   return names_incomplete_class(abi_record(left), abi_record(right)) && strcmp(left->name, right->name) == 0;
 }
 
-bool foreign_derived_to_base(void *object, void **converted, const a_type_info_impl *from,
-                             const a_type_info_impl *to) {
+bool foreign_derived_to_base(void *object, void **converted, const a_type_info_impl *from, const a_type_info_impl *to) {
   const __class_type_info *derived = abi_record(from)->as_class();
   if (!derived) return false;
   auto is_target = [to](const __class_type_info *type) { return same_type(plain_record(type), to); };

@@ -38,7 +38,9 @@ const int no_cleanup = -1;
   __builtin_unreachable();
 }
 
-[[noreturn]] inline __attribute__((__always_inline__)) void land(a_function_context *context, a_throw_stack_entry *thrown, int landing_pad, int selector) {
+[[noreturn]] inline __attribute__((__always_inline__)) void land(a_function_context *context,
+                                                                 a_throw_stack_entry *thrown, int landing_pad,
+                                                                 int selector) {
   auto *entry = reinterpret_cast<an_eh_stack_entry *>(&context->next);
   thrown->marker.next = context->next;
   context->next = &thrown->marker;

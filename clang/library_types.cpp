@@ -19,11 +19,11 @@ struct a_library_class {
   { #encoded, &__TID_##encoded }
 
 const a_library_class library_classes[] = {
-    LIBRARY_CLASS(St9exception),        LIBRARY_CLASS(St11logic_error),   LIBRARY_CLASS(St12domain_error),
+    LIBRARY_CLASS(St9exception),         LIBRARY_CLASS(St11logic_error),   LIBRARY_CLASS(St12domain_error),
     LIBRARY_CLASS(St16invalid_argument), LIBRARY_CLASS(St12length_error),  LIBRARY_CLASS(St12out_of_range),
-    LIBRARY_CLASS(St13runtime_error),   LIBRARY_CLASS(St11range_error),   LIBRARY_CLASS(St14overflow_error),
-    LIBRARY_CLASS(St15underflow_error), LIBRARY_CLASS(St9bad_alloc),      LIBRARY_CLASS(St8bad_cast),
-    LIBRARY_CLASS(St10bad_typeid),      LIBRARY_CLASS(St13bad_exception),
+    LIBRARY_CLASS(St13runtime_error),    LIBRARY_CLASS(St11range_error),   LIBRARY_CLASS(St14overflow_error),
+    LIBRARY_CLASS(St15underflow_error),  LIBRARY_CLASS(St9bad_alloc),      LIBRARY_CLASS(St8bad_cast),
+    LIBRARY_CLASS(St10bad_typeid),       LIBRARY_CLASS(St13bad_exception),
 };
 
 const char *fundamental_identity(char code) {

@@ -65,11 +65,12 @@ private:
   }
 
   bool fundamental() {
-    static const char *const names[26] = {
-        "signed char", "bool", "char",      "double",        "long double", "float", nullptr,
-        "unsigned char", "int", "unsigned int", nullptr,     "long",        "unsigned long", nullptr,
-        nullptr,       nullptr, nullptr,     nullptr,        "short",       "unsigned short", nullptr,
-        "void",        "wchar_t", "long long", "unsigned long long", "..."};
+    static const char *const names[26] = {"signed char", "bool",  "char",          "double",    "long double",
+                                          "float",       nullptr, "unsigned char", "int",       "unsigned int",
+                                          nullptr,       "long",  "unsigned long", nullptr,     nullptr,
+                                          nullptr,       nullptr, nullptr,         "short",     "unsigned short",
+                                          nullptr,       "void",  "wchar_t",       "long long", "unsigned long long",
+                                          "..."};
     if (*at_ < 'a' || *at_ > 'z' || !names[*at_ - 'a']) return false;
     return add(names[*at_++ - 'a']);
   }

@@ -115,8 +115,8 @@ void *array_new_general(const a_construction &how) {
   return array;
 }
 
-void array_delete_general(void *array, unsigned int count, unsigned int size, a_destructor destructor,
-                          int free_memory, a_routine deallocation, int sized) {
+void array_delete_general(void *array, unsigned int count, unsigned int size, a_destructor destructor, int free_memory,
+                          a_routine deallocation, int sized) {
   if (!array) return;
   an_eh_stack_entry entry;
   an_array_alloc_eh_info info;
@@ -202,8 +202,8 @@ void __vec_delete(void *array, unsigned int count, unsigned int size, a_destruct
   array_delete_general(array, count, size, destructor, free_memory, nullptr, 0);
 }
 
-void __array_delete(void *array, unsigned int count, unsigned int size, a_destructor destructor,
-                    a_routine deallocation, int sized) {
+void __array_delete(void *array, unsigned int count, unsigned int size, a_destructor destructor, a_routine deallocation,
+                    int sized) {
   array_delete_general(array, count, size, destructor, 1, deallocation, sized);
 }
 

@@ -75,8 +75,8 @@ inline void *eh_alloc_two_on_stack(unsigned int lower_bytes, unsigned int upper_
   a_mem_block_descr *block = curr_mem_block_descr;
   const unsigned int room = block->size - block->used;
   const unsigned int lower_size = eh_rounded(lower_bytes), upper_size = eh_rounded(upper_bytes);
-  if (__builtin_expect(
-          lower_bytes > room || lower_size + upper_size + sizeof(a_mem_allocation) + block_reserve > room, 0)) {
+  if (__builtin_expect(lower_bytes > room || lower_size + upper_size + sizeof(a_mem_allocation) + block_reserve > room,
+                       0)) {
     void *lower = eh_alloc_on_stack(lower_bytes);
     *upper = eh_alloc_on_stack(upper_bytes);
     return lower;

@@ -38,11 +38,11 @@ struct a_throw_state {
   a_pending_step step;
 
   // Foreign frames.
-  bool caught;                    // the handler has begun and not ended
-  const a_type_info_impl *native; // the compiler's record of the thrown type; null for generated code's throws
-  an_eh_stack_entry *landed;      // the frame that runs a cleanup or enters a handler; the marker sits below it
-  int landing_pad;                // of the chosen handler
-  const unsigned char *filter;    // the violated specification's list
+  bool caught;                     // the handler has begun and not ended
+  const a_type_info_impl *native;  // the compiler's record of the thrown type; null for generated code's throws
+  an_eh_stack_entry *landed;       // the frame that runs a cleanup or enters a handler; the marker sits below it
+  int landing_pad;                 // of the chosen handler
+  const unsigned char *filter;     // the violated specification's list
   const void *const *filter_types;
 };
 
@@ -64,8 +64,8 @@ extern int terminate_called;
 
 // Matching; see match.cpp. Returns the 1-based index of the first element that matches, or 0. When `object` is given
 // and a conversion to a base matches, *object becomes the base's address.
-int match_specification(const an_exception_type_specification *list, const a_type_info_impl *type,
-                        unsigned char flags, char *qualifier_string, unsigned char access_value, void **object);
+int match_specification(const an_exception_type_specification *list, const a_type_info_impl *type, unsigned char flags,
+                        char *qualifier_string, unsigned char access_value, void **object);
 bool same_type(const a_type_info_impl *left, const a_type_info_impl *right);
 
 void clean_up_regions(an_eh_stack_entry *entry, unsigned short from, unsigned short to);

@@ -17,8 +17,7 @@ const char *foreign_identity(const a_type_info_impl *type);
 bool foreign_same_incomplete(const a_type_info_impl *left, const a_type_info_impl *right);
 
 // Converts from a foreign class to a base, public and unambiguous, that may be of either format.
-bool foreign_derived_to_base(void *object, void **converted, const a_type_info_impl *from,
-                             const a_type_info_impl *to);
+bool foreign_derived_to_base(void *object, void **converted, const a_type_info_impl *from, const a_type_info_impl *to);
 
 // Splits a foreign type as a throw or a clause of generated code states it: for a pointer the pointed-to type.
 void foreign_describe(const a_type_info_impl *native, const a_type_info_impl **type, unsigned char *flags);

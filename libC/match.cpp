@@ -12,8 +12,8 @@ const char *identity_of(const a_type_info_impl *type) {
 
 bool has_bases(const a_type_info_impl *type) { return is_foreign(type) || type->bases; }
 
-bool element_matches(const an_exception_type_specification *element, const a_type_info_impl *type,
-                     unsigned char flags, char *qualifier_string, unsigned char access_value, void **object) {
+bool element_matches(const an_exception_type_specification *element, const a_type_info_impl *type, unsigned char flags,
+                     char *qualifier_string, unsigned char access_value, void **object) {
   const unsigned char qualifiers = PLX_TYPE_CONST | PLX_TYPE_VOLATILE;
   if (element->flags & PLX_TYPE_ELLIPSIS) return true;
   if ((flags & PLX_TYPE_POINTER) && (flags & qualifiers & ~element->flags)) return false;
@@ -25,8 +25,7 @@ bool element_matches(const an_exception_type_specification *element, const a_typ
   // Every element sees the qualifier string as the throw gave it.
   char *string = qualifier_string;
   void *converted = nullptr;
-  if (!__derived_to_base_conversion(object ? *object : nullptr, &converted, type, element->type, &string,
-                                    access_value))
+  if (!__derived_to_base_conversion(object ? *object : nullptr, &converted, type, element->type, &string, access_value))
     return false;
   if (object) *object = converted;
   return true;
@@ -41,8 +40,8 @@ bool same_type(const a_type_info_impl *left, const a_type_info_impl *right) {
   return is_foreign(left) && is_foreign(right) && foreign_same_incomplete(left, right);
 }
 
-int match_specification(const an_exception_type_specification *list, const a_type_info_impl *type,
-                        unsigned char flags, char *qualifier_string, unsigned char access_value, void **object) {
+int match_specification(const an_exception_type_specification *list, const a_type_info_impl *type, unsigned char flags,
+                        char *qualifier_string, unsigned char access_value, void **object) {
   for (int number = 1;; ++number, ++list) {
     if (element_matches(list, type, flags, qualifier_string, access_value, object)) return number;
     if (list->flags & PLX_TYPE_LAST) return 0;

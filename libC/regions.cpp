@@ -29,8 +29,8 @@ void clean_up(const a_region_record *record, void **addresses, const an_array_re
       reinterpret_cast<a_deallocation>(record->routine)(object);
   } else if (array) {
     // The contract passes six arguments here; __vec_delete takes five and leaves the last alone.
-    reinterpret_cast<an_array_deletion>(reinterpret_cast<a_routine>(__vec_delete))(object, array->count, array->size,
-                                                      reinterpret_cast<a_destructor>(record->routine), 0, 0);
+    reinterpret_cast<an_array_deletion>(reinterpret_cast<a_routine>(__vec_delete))(
+        object, array->count, array->size, reinterpret_cast<a_destructor>(record->routine), 0, 0);
   } else {
     reinterpret_cast<a_destructor>(record->routine)(object, record->flags & PLX_REGION_SUBOBJECT ? 0 : 2);
   }

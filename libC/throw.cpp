@@ -27,8 +27,7 @@ void *thrown_value(a_throw_stack_entry *thrown) {
 int match_list(const an_exception_type_specification *list, a_throw_stack_entry *thrown, void **object) {
   // The usual case first: the list's first type is the very one thrown, and no pointer.
   if (list->type == thrown->type && !((list->flags | thrown->flags) & PLX_TYPE_POINTER)) return 1;
-  return match_specification(list, thrown->type, thrown->flags, thrown->qualifier_string, thrown->access_value,
-                             object);
+  return match_specification(list, thrown->type, thrown->flags, thrown->qualifier_string, thrown->access_value, object);
 }
 
 // The exception would escape from code that must not be left: terminate on the stack as it stands.
@@ -82,13 +81,10 @@ inline __attribute__((__always_inline__)) void search(a_throw_stack_entry *throw
       case PLX_EH_IN_PROGRESS:
         if (state.handler) assertion_failed(1003);
         stop_at(entry, thrown);
-      case eh_terminate_barrier:
-        stop_at(entry, thrown);
+      case eh_terminate_barrier: stop_at(entry, thrown);
       case PLX_EH_FUNCTION:
-      case PLX_EH_ARRAY:
-        break;
-      default:
-        assertion_failed(1003);
+      case PLX_EH_ARRAY: break;
+      default: assertion_failed(1003);
     }
   }
 }
@@ -99,23 +95,20 @@ void unwind_entry(an_eh_stack_entry *entry) {
       clean_up_regions(entry, __eh_curr_region, PLX_NO_REGION);
       __eh_curr_region = entry->body.function.saved_region;
       break;
-    case PLX_EH_ARRAY:
-      __cleanup_vec_new_or_delete(entry);
-      break;
+    case PLX_EH_ARRAY: __cleanup_vec_new_or_delete(entry); break;
     case PLX_EH_TRY_BLOCK:
       // The exception leaves a handler: what was caught there ends now, before the locals of that handler's function.
       if (entry->body.try_block.handled_exception) release(entry->body.try_block.handled_exception);
       break;
     case PLX_EH_SPECIFICATION:
     case PLX_EH_IN_PROGRESS:
-    case eh_unexpected_guard:
-      break;
-    default:
-      assertion_failed(1055);
+    case eh_unexpected_guard: break;
+    default: assertion_failed(1055);
   }
 }
 
-[[noreturn]] inline __attribute__((__always_inline__)) void handle_in_try(an_eh_stack_entry *entry, a_throw_stack_entry *thrown) {
+[[noreturn]] inline __attribute__((__always_inline__)) void handle_in_try(an_eh_stack_entry *entry,
+                                                                          a_throw_stack_entry *thrown) {
   const a_throw_state &state = state_of(thrown);
   const unsigned short region = entry->body.try_block.try_region;
   if (__eh_curr_region != region) {
@@ -136,7 +129,8 @@ void unwind_entry(an_eh_stack_entry *entry) {
   jump_to_buffer(entry->body.try_block.jump_buffer);
 }
 
-[[noreturn]] inline __attribute__((__always_inline__)) void enter_handler(an_eh_stack_entry *entry, a_throw_stack_entry *thrown) {
+[[noreturn]] inline __attribute__((__always_inline__)) void enter_handler(an_eh_stack_entry *entry,
+                                                                          a_throw_stack_entry *thrown) {
   if (__curr_eh_stack_entry != &thrown->marker) assertion_failed(1099);
   thrown->handled = 1;
   if (entry->kind == eh_foreign_frame) foreign_frame_handle(entry, thrown);

@@ -66,8 +66,9 @@ inline void push_entry(a_throw_stack_entry *thrown, const a_type_info_impl *type
 }
 
 // Pushes a throw with storage for its object.
-inline __attribute__((__always_inline__)) a_throw_stack_entry *push_throw(const a_type_info_impl *type, unsigned int bytes, a_destructor destructor,
-                                       unsigned char flags) {
+inline __attribute__((__always_inline__)) a_throw_stack_entry *push_throw(const a_type_info_impl *type,
+                                                                          unsigned int bytes, a_destructor destructor,
+                                                                          unsigned char flags) {
   void *entry;
   void *object = eh_alloc_two_on_stack(bytes, sizeof(a_throw_stack_entry), &entry);
   auto *thrown = static_cast<a_throw_stack_entry *>(entry);

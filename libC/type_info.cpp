@@ -24,7 +24,9 @@ namespace std {
 
 type_info::~type_info() {}
 
-bool type_info::equal(const type_info &other) const PLX_NOTHROW { return same_type(record_of(this), record_of(&other)); }
+bool type_info::equal(const type_info &other) const PLX_NOTHROW {
+  return same_type(record_of(this), record_of(&other));
+}
 
 bool type_info::before(const type_info &other) const PLX_NOTHROW {
   return rank(this) < rank(&other) && !(*this == other);

@@ -29,7 +29,7 @@ a_needed_destruction *new_record() {
 
 // Returns 0, or -1 when there is no memory. The shared object that the ABI passes last is always the program.
 extern "C" __attribute__((__visibility__("hidden"))) int __cxa_atexit(void (*destructor)(void *), void *object,
-                                                                       void *) {
+                                                                      void *) {
   a_needed_destruction *record = new_record();
   if (!record) return -1;
   record->object = object;
