@@ -29,8 +29,12 @@ set_target_properties(plx PROPERTIES
   CXX_EXTENSIONS OFF
   POSITION_INDEPENDENT_CODE ON
   LIBRARY_OUTPUT_DIRECTORY ${PLX_LIB})
+# Calls inside the library go straight to their target, except those of the replaceable operators new and delete and of
+# functions that are compared; data stays preemptible, because programs for a fixed address hold copies of it.
 target_link_options(plx PRIVATE -m32 -static-libgcc ${PLX_PROGRAM_FLAGS}
-  LINKER:-O1,--hash-style=gnu,--as-needed,--gc-sections,-z,text,-z,relro,-z,noexecstack)
+  LINKER:-O1,--hash-style=gnu,--as-needed,--gc-sections,-z,text,-z,relro,-z,noexecstack
+  LINKER:--dynamic-list-data,--dynamic-list-cpp-new,--dynamic-list=${CMAKE_SOURCE_DIR}/cmake/preemptible.list)
+set_target_properties(plx PROPERTIES LINK_DEPENDS ${CMAKE_SOURCE_DIR}/cmake/preemptible.list)
 if(NOT PLX_SANITIZE)
   # The sanitizer's own entry points come from the program.
   target_link_options(plx PRIVATE LINKER:-z,defs)
