@@ -3,6 +3,7 @@
 // constructors, structured local types as template arguments.
 // test-variants: -O1 -std=gnu++11 | -O0 -std=gnu++14 | -O2 -std=gnu++17 | -O3 -std=gnu++20
 #include <exception>
+#include <initializer_list>
 #include <new>
 #include <typeinfo>
 
@@ -167,6 +168,41 @@ static void loops() {
     trace("=%d", n);
   }
   CHECK_TRACE("1 2 ~range =3");
+}
+
+// A list whose construction fails half-way, and one whose taker fails.
+struct numbered {
+  int n;
+  numbered(int k) : n(k) {
+    if (k < 0) throw k;
+  }
+  numbered(const numbered &o) : n(o.n) {}
+  ~numbered() { trace("~%d", n); }
+};
+struct takes_list {
+  noisy member;
+  takes_list(std::initializer_list<numbered> list) : member(9) {
+    int sum = 0;
+    for (const numbered &entry : list) sum += entry.n;
+    if (sum > 5) throw sum;
+  }
+};
+static void lists() {
+  try {
+    takes_list t{1, 2, -3, 4};
+  } catch (int n) {
+    trace("=%d", n);
+  }
+  CHECK_TRACE("~2 ~1 =-3");
+  try {
+    takes_list t{1, 2, 3};
+  } catch (int n) {
+    trace("=%d", n);
+  }
+  CHECK_TRACE("~9 ~3 ~2 ~1 =6");
+  int sum = 0;
+  for (int n : {1, 2, 3}) sum += n;
+  CHECK_INT(sum, 6);
 }
 
 struct aggregate {
@@ -361,6 +397,7 @@ int main() {
   CHECK_ENDS(violate_from_handler, 3, "terminate handler");
   lambdas();
   loops();
+  lists();
   braces();
   objects();
   function_pointers();

@@ -1,10 +1,10 @@
 #!/bin/sh
-# Random exception programs, built for plx at several optimisation levels and for the host's C++ library: all must print
-# the same trace. generate.cc writes the programs; calls in them go by way of generated C (worlds/passages.c) with plx, and
-# by way of the same functions in C++ with the host's library.
+# Random exception programs, built for plx at several optimisation levels and for the host's C++ library: all must
+# print the same trace. generate.cc writes the programs; calls in them go by way of generated C (worlds/passages.c)
+# with plx, and by way of the same functions in C++ with the host's library.
 #
-# PLX_RANDOM_SEEDS is how many programs to try (12), PLX_RANDOM_FIRST the first seed (1). For a failure the seed, the flags
-# and the first lines that differ are shown; PLX_RANDOM_KEEP=DIR keeps the program and both traces there.
+# PLX_RANDOM_SEEDS is how many programs to try (12), PLX_RANDOM_FIRST the first seed (1). For a failure the seed, the
+# flags and the first lines that differ are shown; PLX_RANDOM_KEEP=DIR keeps the program and both traces there.
 set -u
 seeds=${PLX_RANDOM_SEEDS:-12}
 first=${PLX_RANDOM_FIRST:-1}
@@ -61,7 +61,8 @@ while [ "$seed" -lt $((first + seeds)) ]; do
   for flags in $levels; do
     IFS=$old_ifs
     checked=$((checked + 1))
-    if ! "$plx" -std=gnu++98 -w -I "$PLX_SOURCE/tests" $flags "$program" "$here/worlds/passages.c" -o "$work/plx" 2> "$work/build"; then
+    if ! "$plx" -std=gnu++98 -w $flags -I "$PLX_SOURCE/tests" "$program" "$here/worlds/passages.c" -o "$work/plx" \
+      2> "$work/build"; then
       echo "seed $seed, $flags: does not build"
       head -n 5 "$work/build"
       failed=$((failed + 1))
