@@ -6,5 +6,6 @@
 namespace __zor {
 
 extern PLX_STRING_HIDDEN_DATA bool processor_has_sse2;
+extern PLX_STRING_HIDDEN_DATA bool processor_has_popcnt;
 
 }  // namespace __zor

@@ -107,10 +107,9 @@ void string_expose(b_str_ref *&rep) {
   rep->count = string_npos;
 }
 
-char *string_reference(b_str_ref *&rep, unsigned pos) {
+void string_expose_at(b_str_ref *&rep, unsigned pos) {
   if (pos > rep->length) fail_out_of_range();
   string_expose(rep);
-  return rep->data + pos;
 }
 
 // Changes the block for all that share it: the characters stay the same.

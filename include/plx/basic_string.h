@@ -159,8 +159,8 @@ public:
 
   const_reference operator[](size_type pos) const PLX_NOTHROW { return rep_->data[pos]; }
   reference operator[](size_type pos) {
-    if (__zor::string_is_unshareable(rep_) && pos <= rep_->length) return rep_->data[pos];
-    return *__zor::string_reference(rep_, pos);
+    if (!__zor::string_is_unshareable(rep_) || pos > rep_->length) __zor::string_expose_at(rep_, pos);
+    return rep_->data[pos];
   }
   const_reference at(size_type pos) const {
     if (pos >= rep_->length) __zor::string_out_of_range();
@@ -455,7 +455,7 @@ private:
       --rep->count;
   }
   C *exposed() {
-    if (!__zor::string_is_unshareable(rep_)) __zor::string_expose(rep_);
+    if (__builtin_expect(!__zor::string_is_unshareable(rep_), false)) __zor::string_expose(rep_);
     return rep_->data;
   }
 

@@ -67,7 +67,7 @@ PLX_STRING_CALL void string_free(b_str_ref *rep) PLX_NOTHROW;
 PLX_STRING_CALL void string_expose(b_str_ref *&rep);
 
 // The same for one character: pos may be the length, anything beyond is out of range.
-PLX_STRING_CALL char *string_reference(b_str_ref *&rep, unsigned int pos);
+PLX_STRING_CALL void string_expose_at(b_str_ref *&rep, unsigned int pos);
 
 // The modifiers. They change the string that owns `rep` alone; the source may lie in the string itself.
 PLX_STRING_CALL void string_assign(b_str_ref *&rep, const char *text, unsigned int n);
