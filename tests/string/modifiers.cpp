@@ -134,11 +134,12 @@ static void step() {
   for (unsigned int k = 0; k < n; ++k) source[k] = static_cast<char>('A' + random_below(26));
   source[n] = 0;
 
-  // A piece of the string itself, as a source that moves under the operation's hands.
-  char own[longest];
+  // A piece of the string itself, its terminator included, as a source that moves under the operation's hands.
+  char own[longest + 1];
   const unsigned int own_pos = random_below(m->length + 1);
-  unsigned int own_n = random_below(m->length - own_pos + 1);
+  unsigned int own_n = random_below(m->length - own_pos + 2);
   if (own_n > room) own_n = room;
+  m->text[m->length] = 0;
   memcpy(own, m->text + own_pos, own_n);
 
   const char *what = "?";

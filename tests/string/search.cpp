@@ -172,8 +172,30 @@ static void patterns_that_nearly_match() {
   CHECK((clock() - start) / CLOCKS_PER_SEC < 20);
 }
 
+// A match right where a search gives up on near misses and goes on another way.
+static void a_match_after_near_misses() {
+  const string what = string(2500, 'a') + 'c' + string(2499, 'a');
+  for (size before = 0; before < 80; ++before) CHECK_INT((string(before, 'a') + what).find(what), before);
+}
+
+// The null character after a text is no part of it, and neither is what lies behind.
+static void nothing_beyond_the_end() {
+  for (size length = 1; length < 100; ++length) {
+    string text(length, 'a');
+    text.reserve(length + 1);
+    CHECK(text.find(string("a\0", 2)) == string::npos);
+    CHECK(text.rfind(string("a\0", 2)) == string::npos);
+    CHECK(text.find_first_of(string("\0", 1)) == string::npos);
+    text += 'b';
+    text.erase(length);
+    CHECK(text.find("ab") == string::npos);
+  }
+}
+
 int main() {
   random_searches();
+  a_match_after_near_misses();
+  nothing_beyond_the_end();
   a_match_everywhere();
   every_character();
   empty_patterns();
