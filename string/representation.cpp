@@ -83,12 +83,16 @@ b_str_ref *string_join(const char *left, unsigned left_n, const char *right, uns
 
 b_str_ref *string_part(b_str_ref *rep, unsigned pos, unsigned n) {
   const unsigned length = rep->length;
-  if (pos == 0 && n >= length && !string_is_unshareable(rep)) {
-    ++rep->count;
-    return rep;
+  if (__builtin_expect(pos > length, false)) fail_out_of_range();
+  if (n >= length - pos) {
+    if (pos == 0 && !string_is_unshareable(rep)) {
+      ++rep->count;
+      return rep;
+    }
+    n = length - pos;
   }
-  if (pos > length) fail_out_of_range();
-  return make_text(rep->data + pos, n < length - pos ? n : length - pos);
+  const char *text = rep->data + pos;
+  return n > short_copy ? make_other(text, n) : make_text(text, n);
 }
 
 void string_make_null(b_str_ref *&nullbuf) PLX_NOTHROW {
