@@ -1,0 +1,15 @@
+#!/bin/bash
+# The tests of bitset hold for the host's library too, but for the texts of exceptions and plx's own rules: what they
+# compare with is then not just what plx happens to do.
+set -eu
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+if ! echo '#include <string>
+    int main() {}' | g++ -m32 -x c++ - -o "$work/probe" 2> "$work/log"; then
+  echo "skipped: g++ -m32 with the host's library does not work here"
+  exit 77
+fi
+for std in gnu++98 gnu++20; do
+  g++ -m32 -std=$std -O1 -I "$PLX_SOURCE/tests" "$PLX_SOURCE/tests/containers/bitset.cpp" -o "$work/host"
+  "$work/host"
+done
