@@ -1,5 +1,5 @@
-// Throwing when the C library has no memory left: small exceptions still travel, also ones of classes never thrown before;
-// one that is too big for what is set aside terminates, and the terminate handler may still throw and catch.
+// Throwing when the C library has no memory left: small exceptions still travel, also ones of classes never thrown
+// before; one that is too big for what is set aside terminates, and the terminate handler may still throw and catch.
 // test-variants: -O0 | -O2
 #include <exception>
 #include <new>
@@ -127,7 +127,8 @@ static int nested_and_rethrown() {
   return -2;
 }
 
-// Library exceptions own a text. When there is no memory for it bad_alloc comes instead; for every N the program goes on.
+// Library exceptions own a text. When there is no memory for it bad_alloc comes instead; for every N the program goes
+// on.
 static void every_allocation_fails_once() {
   bool completed = false;
   for (int n = 0; n < 40 && !completed; ++n) {
@@ -136,7 +137,7 @@ static void every_allocation_fails_once() {
       shortage s(n);
       try {
         try {
-          throw std::runtime_error(std::string("a text that is too long to need no memory, whatever tricks are played"));
+          throw std::runtime_error(std::string("a text that is too long to need no memory, whatever is done"));
         } catch (std::runtime_error &e) {
           std::runtime_error copy(e);
           throw std::out_of_range(copy.what());

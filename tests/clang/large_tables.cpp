@@ -1,6 +1,6 @@
-// Functions whose exception tables outgrow one byte per entry: hundreds of call sites, handlers and types in one function,
-// long lists of clauses and of specifications, and deep and wide hierarchies. Tables are read with the first, the last and
-// the ones at the edges.
+// Functions whose exception tables outgrow one byte per entry: hundreds of call sites, handlers and types in one
+// function, long lists of clauses and of specifications, and deep and wide hierarchies. Tables are read with the
+// first, the last and the ones at the edges.
 // test-variants: -O0 | -O2
 #include <exception>
 
@@ -23,8 +23,9 @@ template <int N> __attribute__((__noinline__)) static void thrower(int which) {
   if (which == N) throw error<N>();
 }
 
-#define TEN(M, base) \
-  M(base + 0) M(base + 1) M(base + 2) M(base + 3) M(base + 4) M(base + 5) M(base + 6) M(base + 7) M(base + 8) M(base + 9)
+#define TEN(M, base)                                         \
+  M(base + 0) M(base + 1) M(base + 2) M(base + 3) M(base + 4) \
+  M(base + 5) M(base + 6) M(base + 7) M(base + 8) M(base + 9)
 #define HUNDRED(M, base)                                                                                      \
   TEN(M, base + 0) TEN(M, base + 10) TEN(M, base + 20) TEN(M, base + 30) TEN(M, base + 40) TEN(M, base + 50) \
   TEN(M, base + 60) TEN(M, base + 70) TEN(M, base + 80) TEN(M, base + 90)

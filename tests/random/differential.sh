@@ -7,6 +7,8 @@
 # flags and the first lines that differ are shown; PLX_RANDOM_KEEP=DIR keeps the program and both traces there.
 set -u
 seeds=${PLX_RANDOM_SEEDS:-12}
+# Sanitizers make compilers and programs several times slower.
+[ -z "${PLX_SANITIZE:-}" ] || seeds=${PLX_RANDOM_SEEDS:-4}
 first=${PLX_RANDOM_FIRST:-1}
 here=$PLX_SOURCE/tests/random
 plx=$PLX_PREFIX/bin/plx-c++
