@@ -3,6 +3,7 @@
 // specifications, and what has been destroyed when the handler runs.
 // test-variants: -O0 | -O1 | -O2 | -Os
 #include <exception>
+#include <malloc.h>
 #include <typeinfo>
 
 #include "../harness.h"
@@ -235,6 +236,55 @@ static void in_odd_places() {
   CHECK_TRACE("~fail ~spec ~try error2 !2");
 }
 
+// Whatever the handler does, every exception's memory comes back, also that of ones too big for any reserve.
+struct big {
+  char bytes[9000];
+};
+static void all_sorts() {
+  switch (instead) {
+    case 0: throw 1;
+    case 1: throw big();
+    case 2: throw;
+    case 3: throw std::bad_exception();
+    case 4:
+      try {
+        throw big();
+      } catch (big &) {
+        try {
+          throw;
+        } catch (...) {
+          throw 2;
+        }
+      }
+  }
+}
+static void violates(int n) throw(int, std::bad_exception) {
+  if (n % 2) throw big();
+  throw "text";
+}
+static void nothing_is_lost() {
+  std::set_unexpected(all_sorts);
+  size_t before = 0;
+  int caught = 0;
+  for (int i = 0; i < 1000; ++i) {
+    if (i == 20) before = mallinfo2().uordblks;
+    instead = i % 5;
+    try {
+      try {
+        throw big();
+      } catch (big &) {
+        violates(i / 5);
+      }
+    } catch (int) {
+      ++caught;
+    } catch (std::bad_exception &) {
+      ++caught;
+    }
+  }
+  CHECK_INT(caught, 1000);
+  CHECK_INT(mallinfo2().uordblks - before, 0);
+}
+
 // Virtual functions, constructors and pointers to functions with a specification; a handler inside the function.
 struct with_virtual {
   virtual ~with_virtual() throw() {}
@@ -349,6 +399,7 @@ int main() {
   handler_looks();
   nested();
   in_odd_places();
+  nothing_is_lost();
   members();
   fatal_ends();
   return TEST_RESULT();
