@@ -1,0 +1,12 @@
+// Memory for sorting: the C library's, because a program's operator new and new handler have no part in it.
+
+#include <plx/list_sort.h>
+
+#include <stdlib.h>
+
+namespace __zor {
+
+void *take_scratch(size_t bytes) PLX_NOTHROW { return malloc(bytes); }
+void give_scratch(void *block) PLX_NOTHROW { free(block); }
+
+}  // namespace __zor

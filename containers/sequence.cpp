@@ -1,0 +1,30 @@
+// What the sequences need out of line: the errors that they report, and growing a block of plain bytes, which the C
+// library often does where the block stands or by remapping its pages.
+
+#include <plx/sequence.h>
+
+#include <stdlib.h>
+
+#include <stdexcept>
+
+#include "../libC/replaced_new.h"
+
+namespace __zor {
+
+void sequence_out_of_range() { std::out_of_range::__throw("Out of range exception occurred"); }
+void sequence_length_error() { std::length_error::__throw("Length exception occurred"); }
+
+void *grow_block(void *block, size_t used, size_t bytes) {
+  if (!block) return operator new(bytes);
+  static const bool replaced = operator_new_is_replaced();
+  if (!replaced) {
+    // On failure the block stays, and operator new asks the new handler.
+    if (void *grown = realloc(block, bytes)) return grown;
+  }
+  void *grown = operator new(bytes);
+  memcpy(grown, block, used);
+  operator delete(block);
+  return grown;
+}
+
+}  // namespace __zor
