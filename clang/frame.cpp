@@ -9,12 +9,12 @@
 #include "frame.h"
 
 #include "../libC/foreign.h"
-#include "../libC/i386/jump_buffer.h"
+#include "../libC/sanitizer.h"
 #include "abi_match.h"
 #include "exception_table.h"
 #include "foreign_match.h"
 
-#ifdef PLX_ADDRESS_SANITIZER
+#if PLX_ADDRESS_SANITIZER
 // Frames that a jump leaves stay poisoned unless the sanitizer is told.
 extern "C" void __asan_handle_no_return();
 #endif
@@ -26,7 +26,7 @@ const int no_cleanup = -1;
 
 // Frame and stack pointer change under the compiler's feet, so the jump is one instruction sequence.
 [[noreturn]] inline __attribute__((__always_inline__)) void jump_to(a_function_context *context) {
-#ifdef PLX_ADDRESS_SANITIZER
+#if PLX_ADDRESS_SANITIZER
   __asan_handle_no_return();
 #endif
   __asm__ volatile(

@@ -3,11 +3,10 @@
 
 #include "block_pool.h"
 
-#include <stdint.h>
 #include <stdlib.h>
 
-// The first and the last byte of this shared object, set by the linker.
-extern "C" __attribute__((__visibility__("hidden"))) const char __ehdr_start[], _end[];
+#include "../libC/replaced_new.h"
+#include "../libC/sanitizer.h"
 
 namespace __zor {
 
@@ -24,29 +23,10 @@ constexpr unsigned shift = block_step - sizeof(b_str_ref);
 
 unsigned next_chunk = first_chunk;
 
-bool is_ours(uintptr_t function) {
-  return function - reinterpret_cast<uintptr_t>(__ehdr_start) < static_cast<uintptr_t>(_end - __ehdr_start);
-}
-
-// Both names are resolved as the program resolves them.
-bool is_replaced() {
-  void *(*allocate)(size_t) = operator new;
-  void (*deallocate)(void *) PLX_NOTHROW = operator delete;
-  return !is_ours(reinterpret_cast<uintptr_t>(allocate)) || !is_ours(reinterpret_cast<uintptr_t>(deallocate));
-}
-
-#if defined(__SANITIZE_ADDRESS__)
-#define EVERY_BLOCK_IS_WATCHED true
-#elif defined(__has_feature)
-#define EVERY_BLOCK_IS_WATCHED __has_feature(address_sanitizer)
-#else
-#define EVERY_BLOCK_IS_WATCHED false
-#endif
-
 bool is_bypassed() {
-  if (EVERY_BLOCK_IS_WATCHED) return true;
+  if (PLX_ADDRESS_SANITIZER) return true;
   if (!string_pool.asked) {
-    string_pool.bypassed = is_replaced();
+    string_pool.bypassed = operator_new_is_replaced();
     string_pool.asked = true;
   }
   return string_pool.bypassed;
@@ -89,7 +69,7 @@ b_str_ref *take_block(unsigned bytes) {
 
   char *chunk = static_cast<char *>(operator new(next_chunk));
   if (string_pool.fresh_bytes > block_step) put(string_pool.fresh, string_pool.fresh_bytes);
-  const unsigned aligned = block_step - reinterpret_cast<uintptr_t>(chunk) % block_step;
+  const unsigned aligned = block_step - reinterpret_cast<size_t>(chunk) % block_step;
   const unsigned skipped = aligned + shift;
   string_pool.fresh = chunk + skipped;
   string_pool.fresh_bytes = (next_chunk - skipped) & ~(block_step - 1);

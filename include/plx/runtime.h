@@ -169,7 +169,7 @@ struct an_eh_stack_entry {
   unsigned char kind;      /* PLX_EH_... */
   union {
     struct {
-      jmp_buf jump_buffer;                                /* filled by setjmp */
+      jmp_buf jump_buffer; /* filled by _setjmp; setjmp does as well, but notes more than a try block needs */
       const an_exception_type_specification *clause_list; /* the catch clauses */
       a_throw_stack_entry *handled_exception;             /* null while the body runs; the runtime sets it */
       unsigned short try_region;                          /* __eh_curr_region at the try */

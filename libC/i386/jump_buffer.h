@@ -7,19 +7,13 @@
 
 #include <setjmp.h>
 
-namespace __zor {
+#include "../sanitizer.h"
 
-#if defined(__SANITIZE_ADDRESS__)
-#define PLX_ADDRESS_SANITIZER
-#elif defined(__has_feature)
-#if __has_feature(address_sanitizer)
-#define PLX_ADDRESS_SANITIZER
-#endif
-#endif
+namespace __zor {
 
 // Returns 1 from the _setjmp that filled the buffer.
 [[noreturn]] inline void jump_to_buffer(jmp_buf buffer) {
-#ifdef PLX_ADDRESS_SANITIZER
+#if PLX_ADDRESS_SANITIZER
   _longjmp(buffer, 1);  // the sanitizer must see the frames go
 #else
   __asm__ volatile(
