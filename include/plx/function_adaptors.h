@@ -9,20 +9,30 @@
 namespace __zor {
 
 // How an adaptor takes an argument of type T. An object is taken as const, and once more as it is, for functions that
-// change it, unless that would be the same parameter again.
+// change it, unless that would be the same parameter again. A binder stores a copy of what it binds; only where the
+// function changes its argument it stores the reference.
 template <class T> struct argument {
   struct none;
+  typedef T stored;
   typedef const T &constant;
   typedef T &changeable;
 };
 template <class T> struct argument<const T> {
   struct none;
+  typedef T stored;
   typedef const T &constant;
   typedef none &changeable;
 };
 template <class T> struct argument<T &> {
   struct none;
+  typedef T &stored;
   typedef T &constant;
+  typedef none &changeable;
+};
+template <class T> struct argument<const T &> {
+  struct none;
+  typedef T stored;
+  typedef const T &constant;
   typedef none &changeable;
 };
 
@@ -79,11 +89,12 @@ public:
 
 protected:
   Operation op;
-  typename Operation::first_argument_type value;
+  typename __zor::argument<typename Operation::first_argument_type>::stored value;
 };
 
 template <class Operation, class T> inline binder1st<Operation> bind1st(const Operation &operation, const T &a) {
-  return binder1st<Operation>(operation, typename Operation::first_argument_type(a));
+  return binder1st<Operation>(
+      operation, typename __zor::argument<typename Operation::first_argument_type>::stored(a));
 }
 
 template <class Operation> class binder2nd
@@ -102,11 +113,12 @@ public:
 
 protected:
   Operation op;
-  typename Operation::second_argument_type value;
+  typename __zor::argument<typename Operation::second_argument_type>::stored value;
 };
 
 template <class Operation, class T> inline binder2nd<Operation> bind2nd(const Operation &operation, const T &b) {
-  return binder2nd<Operation>(operation, typename Operation::second_argument_type(b));
+  return binder2nd<Operation>(
+      operation, typename __zor::argument<typename Operation::second_argument_type>::stored(b));
 }
 
 template <class A, class R> class pointer_to_unary_function : public unary_function<A, R> {

@@ -39,6 +39,7 @@ template <class T> struct is_scalar {
 
 // Equal values are equal bytes, and the other way round. Not bool: its bytes may be anything in a program that errs.
 template <class T> struct equal_as_bytes { static const bool value = is_integral<T>::value || is_pointer<T>::value; };
+template <> struct equal_as_bytes<bool> { static const bool value = false; };
 
 // Bytes whose order as the type is that of memcmp.
 template <class T> struct ordered_as_bytes { static const bool value = same_type<T, unsigned char>::value; };
