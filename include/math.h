@@ -41,8 +41,9 @@ extern "C++" {
 
 namespace __plx_math {
 
-/* The type in which an argument takes part: its own, or double for integers; and nothing for all other types. */
-template <class __T> struct __part {};
+/* The type in which an argument takes part: its own, or double for integers; what is no number takes no part. */
+struct __none {};
+template <class __T> struct __part { typedef __none __type; };
 template <> struct __part<float> { typedef float __type; };
 template <> struct __part<double> { typedef double __type; };
 template <> struct __part<long double> { typedef long double __type; };
@@ -70,11 +71,16 @@ __PLX_INTEGER(__long_long)
 __PLX_INTEGER(__unsigned_long_long)
 #undef __PLX_INTEGER
 
-/* The wider of two such types. */
-template <class __T, class __U> struct __wider { typedef double __type; };
+/* The wider of two such types; other classes have functions of these names for themselves, which must stay usable. */
+template <class __T, class __U> struct __wider {};
 template <> struct __wider<float, float> { typedef float __type; };
-template <class __T> struct __wider<__T, long double> { typedef long double __type; };
-template <class __T> struct __wider<long double, __T> { typedef long double __type; };
+template <> struct __wider<float, double> { typedef double __type; };
+template <> struct __wider<double, float> { typedef double __type; };
+template <> struct __wider<double, double> { typedef double __type; };
+template <> struct __wider<float, long double> { typedef long double __type; };
+template <> struct __wider<double, long double> { typedef long double __type; };
+template <> struct __wider<long double, float> { typedef long double __type; };
+template <> struct __wider<long double, double> { typedef long double __type; };
 template <> struct __wider<long double, long double> { typedef long double __type; };
 
 template <class __T, class __U> struct __common : __wider<typename __part<__T>::__type, typename __part<__U>::__type> {};
