@@ -57,7 +57,7 @@ PLX_API PLX_NORETURN void __cxa_throw(void *object, const a_type_info_impl *type
 
 PLX_API PLX_NORETURN void __cxa_rethrow() {
   a_throw_stack_entry *source = exception_to_rethrow();
-  if (!source) __call_terminate();
+  if (!source) terminate_because(nothing_to_rethrow);
   throw_exception(push_rethrow(source));
 }
 

@@ -14,7 +14,7 @@ a_mem_block_descr initial_mem_block_descr = {nullptr, initial_mem_block, sizeof 
 
 char *eh_get_memory(unsigned int size) {
   void *memory = malloc(size);
-  if (!memory) __call_terminate();
+  if (!memory) terminate_because("no memory for an exception");
   return static_cast<char *>(memory);
 }
 
@@ -25,7 +25,7 @@ a_mem_allocation *mem_allocation_stack;
 
 void alloc_new_mem_block(unsigned int bytes) {
   // No object is this large: such a size is a negative one.
-  if (bytes > 0x7FFF0000) __call_terminate();
+  if (bytes > 0x7FFF0000) terminate_because("an exception of impossible size");
   const unsigned int size = (bytes + 7) & ~7u;
   unsigned int block_size = (size & ~(block_unit - 1)) + block_unit;
   if (block_size - size < block_unit / 2) block_size += block_unit;

@@ -40,6 +40,7 @@ extern a_mem_allocation *mem_allocation_stack;
 void alloc_new_mem_block(unsigned int bytes);
 void leave_empty_mem_block();
 [[noreturn]] void assertion_failed(int line);
+[[noreturn]] void terminate_because(const char *reason);
 
 inline void *add_header(a_mem_allocation *header, a_mem_allocation *below, unsigned int size) {
   header->next = below;

@@ -55,6 +55,9 @@ inline a_throw_state &state_of(a_throw_stack_entry *thrown) {
 
 extern int terminate_called;
 
+// Terminates for a reason that is not the newest exception's; the text completes "plx: terminated: ".
+[[noreturn]] void terminate_because(const char *reason);
+
 // Prints the runtime's assertion message with the line number that the contract gives the condition, and aborts.
 [[noreturn]] void assertion_failed(int line);
 

@@ -21,6 +21,7 @@ void (*__default_unexpected_routine)() = std::terminate;
 
 namespace {
 
+const char *termination_reason;
 an_eh_stack_entry barrier;
 
 bool handler_is_running() {
@@ -36,6 +37,11 @@ void __call_terminate() {
   std::terminate();
 }
 
+void __zor::terminate_because(const char *reason) {
+  termination_reason = reason;
+  __call_terminate();
+}
+
 void __call_unexpected() { std::unexpected(); }
 
 namespace std {
@@ -44,7 +50,10 @@ void terminate() PLX_NOTHROW {
   if (handler_is_running()) abort();
   void (*handler)() = __default_terminate_routine;
   if (!handler || handler == abort) {
-    report_uncaught_exception();
+    if (termination_reason)
+      report_termination(termination_reason);
+    else
+      report_uncaught_exception();
     abort();
   }
   barrier.kind = eh_terminate_barrier;

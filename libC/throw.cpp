@@ -178,7 +178,7 @@ int __throw() {
 
 void __rethrow() {
   a_throw_stack_entry *source = exception_to_rethrow();
-  if (!source) __call_terminate();
+  if (!source) terminate_because(nothing_to_rethrow);
   throw_exception(push_rethrow(source));
 }
 

@@ -20,6 +20,7 @@ extern a_throw_stack_entry *pending_throws;  // entries with a wait, newest firs
 
 a_throw_stack_entry *push_rethrow(a_throw_stack_entry *source);
 a_throw_stack_entry *exception_to_rethrow();  // null: none is being handled
+constexpr const char *nothing_to_rethrow = "throw; while no exception is being handled";
 void abandon(a_throw_stack_entry *thrown);
 void end_older_wait(a_throw_stack_entry *thrown);
 void end_waits_at(an_eh_stack_entry *reached);  // unwinding has reached this entry

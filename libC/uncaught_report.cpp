@@ -30,27 +30,32 @@ const char *message(a_throw_stack_entry *thrown) {
   return flags & PLX_TYPE_POINTER ? nullptr : message_of(thrown->object, type);
 }
 
+void print(char *line, size_t size, int length) {
+  if (length >= static_cast<int>(size)) {
+    length = size;
+    line[size - 1] = '\n';
+  }
+  if (write(STDERR_FILENO, line, length) < 0) return;
+}
+
 }  // namespace
 
 void report_uncaught_exception() {
   a_throw_stack_entry *thrown = curr_throw_stack_entry;
   while (thrown && !thrown->thrown) thrown = thrown->next;
+  if (!thrown) return;
   char line[1024];
-  int length = 0;
-  if (thrown) {
-    char name[512];
-    type_name(thrown, name, sizeof name);
-    const char *text = thrown->destroyed ? nullptr : message(thrown);
-    length = snprintf(line, sizeof line, "plx: uncaught exception of type %s%s%s\n", name, text ? ": " : "",
-                      text ? text : "");
-  } else if (terminate_called) {
-    length = snprintf(line, sizeof line, "plx: throw without an exception being handled\n");
-  }
-  if (length >= static_cast<int>(sizeof line)) {
-    length = sizeof line;
-    line[sizeof line - 1] = '\n';
-  }
-  if (length > 0 && write(STDERR_FILENO, line, length) < 0) return;
+  char name[512];
+  type_name(thrown, name, sizeof name);
+  const char *text = thrown->destroyed ? nullptr : message(thrown);
+  print(line, sizeof line,
+        snprintf(line, sizeof line, "plx: uncaught exception of type %s%s%s\n", name, text ? ": " : "",
+                 text ? text : ""));
+}
+
+void report_termination(const char *reason) {
+  char line[256];
+  print(line, sizeof line, snprintf(line, sizeof line, "plx: terminated: %s\n", reason));
 }
 
 }  // namespace __zor

@@ -8,6 +8,9 @@ namespace __zor {
 // Prints one line about the exception that was thrown last, if there is one, to standard error.
 void report_uncaught_exception();
 
+// Prints "plx: terminated: " and the reason.
+void report_termination(const char *reason);
+
 // The what() of an object of the given type, or null when the type is not derived from std::exception. Defined with
 // the exception classes, which stand above.
 const char *message_of(void *object, const a_type_info_impl *type);

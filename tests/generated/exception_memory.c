@@ -146,7 +146,7 @@ static void exhausted(void) {
   for (failing_size = 7840; failing_size <= 8136; failing_size += 8)
     CHECK_ENDS(out_of_memory, 3, "terminated 1, 0 failed");
   CHECK_ABORTS(no_memory_in_handler, "handler;");
-  CHECK_ABORTS(no_memory, "");
+  CHECK_ABORTS(no_memory, "plx: terminated: no memory for an exception\n");
 }
 #endif
 

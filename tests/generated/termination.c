@@ -302,5 +302,6 @@ int main(void) {
   CHECK_ABORTS_WITH(uncaught_cast, "plx: uncaught exception of type std::bad_cast: Bad Cast Exception\n");
   CHECK_ABORTS_WITH(uncaught_allocation, "plx: uncaught exception of type std::bad_alloc: Allocation Failure\n");
   CHECK_ABORTS_WITH(uncaught_with_handler, "returned;");
+  CHECK_ABORTS_WITH(__rethrow, "plx: terminated: throw; while no exception is being handled\n");
   return TEST_RESULT();
 }
