@@ -137,9 +137,15 @@ void merge_neighbours(Iterator first, Iterator middle, Iterator last, Distance m
 
 // ---- stable_sort -------------------------------------------------------------------------------------------------------------
 
+// Insertion of six costs at most 15 comparisons; with more, the whole could need more than n log n. Scalars are beyond
+// that, and insertion is the fastest for some more of them.
+template <class Iterator, class Before> struct merged_from {
+  static const int value = is_scalar_order<Iterator, Before>::value ? static_cast<int>(insertion_limit) : 6;
+};
+
 template <class Iterator, class Distance, class T, class Before>
 void merge_sort(Iterator first, Iterator last, Distance n, T *buffer, Distance room, Before &before) {
-  if (n <= insertion_limit) {
+  if (n <= merged_from<Iterator, Before>::value) {
     __zor::insertion_sort(first, last, before);
     return;
   }
@@ -155,7 +161,7 @@ template <class Iterator, class Before> void stable_sort_by_merging(Iterator fir
   typedef typename std::iterator_traits<Iterator>::value_type value_type;
   typedef typename std::iterator_traits<Iterator>::difference_type distance_type;
   const distance_type n = last - first;
-  if (n <= insertion_limit) {
+  if (n <= merged_from<Iterator, Before>::value) {
     __zor::insertion_sort(first, last, before);
     return;
   }
