@@ -111,6 +111,29 @@ expect_line "$work: not read: the file cannot be read"
 run 2 tables "$kind" "$work/nothing"
 expect_line "$work/nothing: not read: $work/nothing cannot be opened"
 
+# ---- word_frequency: containers on a text of some hundred KB --------------------------------------------------------
+
+# Texts in English that a Debian system has; files that are missing are left out.
+texts=()
+for file in /usr/share/common-licenses/{GPL,LGPL,GFDL}-[1-9]* /usr/share/common-licenses/{Apache-2.0,Artistic,MPL-*}; do
+  [ -f "$file" ] && [ -r "$file" ] && texts+=("$file")
+done
+[ ${#texts[@]} -gt 0 ] || texts=("$source_dir"/*.cpp)
+heading "word_frequency: the most frequent of $(cat "${texts[@]}" | wc -c) characters' words, in a map"
+build word_frequency plx-c++ -O2 word_frequency.cpp
+run 0 word_frequency -10 "${texts[@]}"
+# The same by other means.
+LC_ALL=C tr -cs 'A-Za-z' '\n' < <(cat "${texts[@]}") | LC_ALL=C tr 'A-Z' 'a-z' | grep . > "$work/words"
+LC_ALL=C sort "$work/words" | uniq -c | LC_ALL=C sort -k1,1nr -k2,2 > "$work/counts"
+{
+  head -10 "$work/counts"
+  echo "$(wc -l < "$work/words") words, $(wc -l < "$work/counts") different ones"
+} > "$work/expected"
+diff "$work/expected" "$work/output" || wrong "the words were counted differently"
+run 1 word_frequency "$work/nothing"
+expect_line "$work/nothing: No such file or directory"
+run 1 word_frequency "$work"
+
 # ---- two_worlds: one exception, two languages ----------------------------------------------------------------------
 
 text=$(first_file /etc/services /usr/share/common-licenses/GPL-3 /etc/mime.types /etc/login.defs "$table")

@@ -36,19 +36,14 @@ public:
 
   rb_tree(const Compare &compare, const A &allocator) : functions_(allocator, compare) { make_header(); }
 
-  rb_tree(const rb_tree &other) : rb_tree_base(), functions_(other.functions_, other.functions_.compare) {
-    make_header();
-    unfinished guard(*this);
-    copy_nodes(other);
-    guard.finish();
-  }
+  rb_tree(const rb_tree &other) : rb_tree_base(), functions_(other.functions_) { make_copy(other); }
 
   ~rb_tree() { destroy(); }
 
   // All or nothing, unless the comparison's own assignment fails half-way.
   rb_tree &operator=(const rb_tree &other) {
     if (this != &other) {
-      rb_tree copy(other);
+      rb_tree copy(other, functions_);
       functions_.compare = other.functions_.compare;
       swap_nodes(copy);
     }
@@ -56,9 +51,9 @@ public:
   }
 
   void swap(rb_tree &other) {
-    Compare compare(functions_.compare);
-    functions_.compare = other.functions_.compare;
-    other.functions_.compare = compare;
+    const functions mine(functions_);
+    functions_ = other.functions_;
+    other.functions_ = mine;
     swap_nodes(other);
   }
 
@@ -231,6 +226,19 @@ private:
     }
     void finish() PLX_NOTHROW { tree = 0; }
   };
+
+  // The nodes of one tree by the allocator of another.
+  rb_tree(const rb_tree &other, const value_allocator &allocator)
+      : rb_tree_base(), functions_(allocator, other.functions_.compare) {
+    make_copy(other);
+  }
+
+  void make_copy(const rb_tree &other) {
+    make_header();
+    unfinished guard(*this);
+    copy_nodes(other);
+    guard.finish();
+  }
 
   static typed_node *typed(rb_tree_node_base *n) PLX_NOTHROW { return static_cast<typed_node *>(n); }
   static const Key &key_of(rb_tree_node_base *n) PLX_NOTHROW { return KeyOf::key(typed(n)->value); }

@@ -74,7 +74,6 @@ struct string_digest {
     first_characters = static_cast<unsigned_longest>(high) << 32 | low;
   }
 
-private:
   static unsigned int byte(char c) PLX_NOTHROW { return static_cast<unsigned char>(c); }
   static unsigned int load(const char *at) PLX_NOTHROW {
     unsigned int word;
@@ -107,7 +106,7 @@ public:
     const unsigned int mine = key_.size(), other = key.size();
     const unsigned int shared = mine < other ? mine : other;
     if (shared > 8) {
-      const int rest = __builtin_memcmp(key_.data() + 8, key.data() + 8, shared - 8);
+      const int rest = compare_rest(key_.data(), key.data(), shared);
       if (rest != 0) return rest;
     }
     return mine < other ? -1 : mine > other;
@@ -116,6 +115,19 @@ public:
 
 private:
   string_order &operator=(const string_order &);
+
+  // What follows the first 8 characters. Names are short: some words are compared before memcmp is called, the last one
+  // where it overlaps the others.
+  static int compare_rest(const char *mine, const char *other, unsigned int n) PLX_NOTHROW {
+    for (unsigned int at = 8; at < longest_inline; at += 4) {
+      if (at + 4 > n) at = n - 4;
+      const unsigned int a = digest::load(mine + at), b = digest::load(other + at);
+      if (a != b) return a < b ? -1 : 1;
+      if (at + 4 == n) return 0;
+    }
+    return __builtin_memcmp(mine + longest_inline, other + longest_inline, n - longest_inline);
+  }
+  enum { longest_inline = 40 };
 
   const String &key_;
   digest digest_;

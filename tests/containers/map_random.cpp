@@ -26,9 +26,10 @@ unsigned int random_below(unsigned int n) {
 // Keys from a number: few enough that many meet.
 void make_key(unsigned int n, int &key) { key = static_cast<int>(n * 2654435761u); }
 
-// Common beginnings of all lengths around the 8 characters that a node remembers; null and high characters.
+// Common beginnings of all lengths around the 8 characters that a node remembers, and some that are much longer; null
+// and high characters.
 void make_key(unsigned int n, std::string &key) {
-  key.assign(n % 12, 'q');
+  key.assign(n % 12 * (n % 7 == 0 ? 4 : 1), 'q');
   if (n / 12 % 5 == 0) return;
   key += static_cast<char>(n / 12 % 5 == 1 ? '\0' : n / 12 % 5 == 2 ? '\xF0' : 'a' + n / 60 % 3);
   if (n / 12 % 5 == 4) key += std::string(n / 60 % 4, '\0');

@@ -58,6 +58,9 @@ void check_set() {
   // Elements are shown as const, through both kinds of iterator.
   const int *element = &*set.begin();
   CHECK_INT(*element, 2);
+#if defined(PLX_CONFIG_H) || __cplusplus >= 201103L
+  CHECK(*set.erase(set.begin()) == 13 && set.erase(set.begin(), set.end()) == set.end());
+#endif
   std::set<int, std::greater<int> > down(primes, primes + 8);
   CHECK_TEXT(listed(down).c_str(), "13 11 7 5 3 2 ");
   down.insert(other.begin(), other.end());
@@ -168,6 +171,15 @@ void check_allocator() {
     set = copy;
     CHECK_INT(books.values, 16);
     CHECK(set == copy && copy.size() == 8);
+
+    // Each container keeps to its own allocator when another one is assigned to it.
+    account other_books = {0, 0, 0};
+    {
+      counted_set other(std::less<int>(), (counted_allocator<int>(&other_books)));
+      other = set;
+      CHECK(other_books.values == 8 && books.values == 16 && other == set);
+    }
+    CHECK(other_books.values == 0 && other_books.blocks == 0);
   }
   CHECK_INT(books.values, 0);
   CHECK_INT(books.blocks, 0);
