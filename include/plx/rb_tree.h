@@ -15,12 +15,18 @@ namespace __zor {
 // How values are made: by the program's allocator, or directly, which is all that the standard one does.
 template <class A, class Value> struct tree_values {
   static void construct(A &a, Value *place, const Value &value) { a.construct(place, value); }
+  template <class Key> static void construct_default(A &a, Value *place, const Key &key) {
+    a.construct(place, Value(key, typename Value::second_type()));
+  }
   static void destroy(A &a, Value *value) { a.destroy(value); }
 };
 
 template <class T, class Value> struct tree_values<std::allocator<T>, Value> {
   static void construct(std::allocator<T> &, Value *place, const Value &value) {
     ::new (static_cast<void *>(place)) Value(value);
+  }
+  template <class Key> static void construct_default(std::allocator<T> &, Value *place, const Key &key) {
+    ::new (static_cast<void *>(place)) Value(key, typename Value::second_type());
   }
   static void destroy(std::allocator<T> &, Value *value) { value->~Value(); }
 };
@@ -86,6 +92,16 @@ public:
     to.right_of = right_of;
   }
 
+  // Apart from the search, which then needs no cleanup.
+  __attribute__((__noinline__)) typed_node *add_default(const Key &wanted, const order &key, const place &to) {
+    typed_node *const n = nodes::take(functions_);
+    unfinished_node guard(*this, n);
+    values::construct_default(functions_, address_of(n->value), wanted);
+    guard.n = 0;
+    put(n, key, to);
+    return n;
+  }
+
   // Links a node that has its value.
   iterator put(typed_node *n, const order &key, const place &to) PLX_NOTHROW {
     key.keep(*n);
@@ -113,12 +129,8 @@ public:
   Value *value_of(const Key &wanted) {
     const order key(wanted, functions_.compare);
     place to;
-    typed_node *n = locate(key, to);
-    if (!n) {
-      n = make_node(Value(wanted, typename Value::second_type()));
-      put(n, key, to);
-    }
-    return &n->value;
+    typed_node *const n = locate(key, to);
+    return n ? &n->value : &add_default(wanted, key, to)->value;
   }
 
   iterator insert_equal(const Value &value) {
