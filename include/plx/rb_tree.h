@@ -429,7 +429,8 @@ private:
     return n;
   }
 
-  // Walks both trees side by side: down to the left, and to the next right subtree on the way up.
+  // Walks both trees side by side: down to the left, and to the next right subtree on the way up. That subtree is asked
+  // for on the way down.
   void copy_nodes(const rb_tree &other) {
     const node *from = other.header->parent;
     if (!from) return;
@@ -437,6 +438,7 @@ private:
     header->parent = to;
     for (;;) {
       while (from->left) {
+        rb_tree_prefetch(from->right, from);
         from = from->left;
         to->left = copy_node(from, to);
         to = to->left;
@@ -467,11 +469,13 @@ private:
     nodes::give(functions_, typed(n));
   }
 
-  // Recursion goes into the right subtrees of nodes that have both: no deeper than the tree is high.
+  // Recursion goes into the right subtrees of nodes that have both: no deeper than the tree is high. The left ones are
+  // asked for meanwhile.
   void destroy_below(node *n) {
     while (n) {
       node *const left = n->left;
       node *const right = n->right;
+      rb_tree_prefetch(left, n);
       destroy_typed(n);
       if (left && right) destroy_below(right);
       n = left ? left : right;
