@@ -11,13 +11,13 @@ namespace __zor {
 
 // What every typed node begins with, what the order of its keys adds, and the value.
 template <class Value, class Digest> struct tree_node : public rb_tree_node_base, public Digest {
-  typedef Value value_type;
   Value value;
 };
 
+// Knows nothing of the value before it is used: structures hold iterators to their own kind.
 template <class Node, class V> class tree_iterator {
 public:
-  typedef typename Node::value_type value_type;
+  typedef typename without_const<V>::type value_type;
   typedef std::ptrdiff_t difference_type;
   typedef V *pointer;
   typedef V &reference;

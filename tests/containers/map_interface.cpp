@@ -321,6 +321,41 @@ void check_kinds() {
   CHECK(signed_keys.begin()->second == 1);
 }
 
+// Structures that hold maps of themselves, and iterators into such maps: beyond the standard, and common.
+struct trie {
+  std::map<char, trie> below;
+  std::map<std::string, trie>::iterator where;
+  bool ends;
+
+  trie() : ends(false) {}
+  void add(const char *word) {
+    if (*word)
+      below[*word].add(word + 1);
+    else
+      ends = true;
+  }
+  int count() const {
+    int words = ends;
+    for (std::map<char, trie>::const_iterator at = below.begin(); at != below.end(); ++at) words += at->second.count();
+    return words;
+  }
+};
+
+void check_recursive() {
+  trie words;
+  words.add("map");
+  words.add("maps");
+  words.add("mat");
+  words.add("map");
+  trie copy(words);
+  copy.add("");
+  CHECK(words.count() == 3 && copy.count() == 4);
+  std::map<std::string, trie> named;
+  named["x"] = copy;
+  named["x"].where = named.begin();
+  CHECK_INT(named["x"].where->second.count(), 4);
+}
+
 }  // namespace
 
 int main() {
@@ -334,6 +369,7 @@ int main() {
   check_whole();
   check_comparisons();
   check_kinds();
+  check_recursive();
 #if __cplusplus >= 201103L
   text_map map;
   map[1] = "a";
