@@ -40,8 +40,9 @@ void put(void *block, unsigned bytes) {
 
 // What is left of the old chunk goes into the list of its size, or is cut until it fits one.
 void give_rest() {
+  constexpr unsigned most = largest_pooled_node;
   while (fresh_bytes >= node_step) {
-    const unsigned bytes = fresh_bytes < largest_pooled_node ? fresh_bytes : largest_pooled_node;
+    const unsigned bytes = fresh_bytes < most ? fresh_bytes : most;
     put(fresh, bytes);
     fresh += bytes;
     fresh_bytes -= bytes;

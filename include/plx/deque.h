@@ -279,7 +279,7 @@ public:
   // Size.
 
   size_type size() const PLX_NOTHROW {
-    return static_cast<size_type>((finish_node_ - start_node_) * block + (finish_ - *finish_node_)) - start_offset_;
+    return static_cast<size_type>((finish_node_ - start_node_) * block + (finish_ - *finish_node_)) - static_cast<size_type>(start_offset_);
   }
   size_type max_size() const PLX_NOTHROW {
     const size_type fit = A::max_size(), countable = 0x7FFFFFFFu / sizeof(T);
@@ -318,7 +318,7 @@ public:
       A::construct(*start_node_ + (start_offset_ - 1), value);
       --start_offset_;
     } else {
-      push_front_into_new(value);
+      push_front_into_new<typename __zor::passed<T>::type>(value);
     }
   }
   void push_back(const T &value) {
@@ -326,7 +326,7 @@ public:
       A::construct(finish_, value);
       ++finish_;
     } else {
-      push_back_before_new(value);
+      push_back_before_new<typename __zor::passed<T>::type>(value);
     }
   }
   void pop_front() {
@@ -391,7 +391,7 @@ public:
   }
   void swap(deque &other) PLX_NOTHROW {
     std::swap(map_, other.map_);
-    std::swap(map_size_, other.map_size_);
+    std::swap(map_end_, other.map_end_);
     std::swap(start_node_, other.start_node_);
     std::swap(start_offset_, other.start_offset_);
     std::swap(finish_, other.finish_);
@@ -407,7 +407,7 @@ private:
 
   void reset() PLX_NOTHROW {
     map_ = 0;
-    map_size_ = 0;
+    map_end_ = &nothing::entry + 1;
     start_node_ = finish_node_ = &nothing::entry;
     start_offset_ = 0;
     finish_ = finish_limit_ = nothing::entry;
@@ -428,6 +428,8 @@ private:
 
   // ---- The map.
 
+  size_type map_size() const PLX_NOTHROW { return static_cast<size_type>(map_end_ - map_); }
+
   T **take_map(size_type n) {
     map_allocator a(alloc());
     return a.allocate(n);
@@ -435,26 +437,27 @@ private:
   void give_map() PLX_NOTHROW {
     if (!map_) return;
     map_allocator a(alloc());
-    a.deallocate(map_, map_size_);
+    a.deallocate(map_, map_size());
   }
 
   // The first allocation: a map of two entries, and a block in the second.
   void begin_in_middle() {
-    __zor::cleanup<first_block> first(*this);
+    __zor::cleanup<new_block> first(*this);
     map_ = take_map(2);
-    map_size_ = 2;
+    map_end_ = map_ + 2;
     start_node_ = map_ + 1;
     *start_node_ = first.get().keep();
     start_offset_ = block / 2;
     set_finish(*start_node_ + block / 2, start_node_);
   }
 
-  class first_block {
+  class new_block {
   public:
-    explicit first_block(const deque &d) : deque_(d), block_(source::take(d.alloc())) {}
-    ~first_block() {
+    explicit new_block(const deque &d) : deque_(d), block_(source::take(d.alloc())) {}
+    ~new_block() {
       if (block_) source::give(deque_.alloc(), block_);
     }
+    T *get() const PLX_NOTHROW { return block_; }
     T *keep() PLX_NOTHROW {
       T *const kept = block_;
       block_ = 0;
@@ -462,8 +465,8 @@ private:
     }
 
   private:
-    first_block(const first_block &);
-    first_block &operator=(const first_block &);
+    new_block(const new_block &);
+    new_block &operator=(const new_block &);
     const deque &deque_;
     T *block_;
   };
@@ -473,18 +476,18 @@ private:
   void reserve_entries(size_type n, bool in_front) {
     const size_type before = static_cast<size_type>(start_node_ - map_);
     const size_type used = static_cast<size_type>(finish_node_ - start_node_) + 1;
-    if (n <= (in_front ? before : map_size_ - before - used)) return;
+    if (n <= (in_front ? before : map_size() - before - used)) return;
     size_type wanted = 2 * used;
     if (wanted - wanted / 4 < used + n) wanted = 2 * (used + n);
-    const bool reused = wanted <= map_size_;
+    const bool reused = wanted <= map_size();
     T **const made = reused ? map_ : take_map(wanted);
-    if (reused) wanted = map_size_;
+    if (reused) wanted = map_size();
     T **const start = made + (in_front ? wanted - used - wanted / 4 : wanted / 4);
     memmove(static_cast<void *>(start), start_node_, used * sizeof(T *));
     if (!reused) {
       give_map();
       map_ = made;
-      map_size_ = wanted;
+      map_end_ = made + wanted;
     }
     start_node_ = start;
     finish_node_ = start + (used - 1);
@@ -520,46 +523,52 @@ private:
     bool in_front_;
   };
 
-  __attribute__((__noinline__)) void push_back_before_new(const T &value) {
-    if (!map_) begin_in_middle();
-    if (finish_ == finish_limit_)
-      push_back_before_new(value, plain());
-    else
-      push_back(value);
+  // Once in 20 pushes. Templates, so that the program has them itself also where the library carries the deque: its
+  // pool is nearer than the library's.
+  template <class V> __attribute__((__noinline__, __regparm__(2))) void push_back_before_new(V value) {
+    if (__builtin_expect(finish_node_ + 1 == map_end_, 0)) {
+      if (map_) {
+        reserve_entries(1, false);
+      } else {
+        begin_in_middle();
+        push_back(value);
+        return;
+      }
+    }
+    push_back_before_new(value, plain());
   }
   void push_back_before_new(const T &value, yes) {
-    reserve_entries(1, false);
-    finish_node_[1] = source::take(alloc());
+    T *const made = source::take(alloc());
+    finish_node_[1] = made;
     A::construct(finish_, value);
-    set_finish(finish_node_[1], finish_node_ + 1);
+    set_finish(made, finish_node_ + 1);
   }
   void push_back_before_new(const T &value, no) {
-    new_blocks made(*this, 1, false);
-    made.add();
+    new_block made(*this);
     A::construct(finish_, value);
-    made.keep();
+    finish_node_[1] = made.keep();
     set_finish(finish_node_[1], finish_node_ + 1);
   }
-  __attribute__((__noinline__)) void push_front_into_new(const T &value) {
-    if (!map_) begin_in_middle();
-    if (start_offset_ == 0)
-      push_front_into_new(value, plain());
-    else
+  template <class V> __attribute__((__noinline__, __regparm__(2))) void push_front_into_new(V value) {
+    if (__builtin_expect(start_node_ == map_, 0)) {
+      reserve_entries(1, true);
+    } else if (__builtin_expect(!map_, 0)) {
+      begin_in_middle();
       push_front(value);
+      return;
+    }
+    push_front_into_new(value, plain());
   }
   void push_front_into_new(const T &value, yes) {
-    reserve_entries(1, true);
     T *const made = source::take(alloc());
     A::construct(made + (block - 1), value);
     *--start_node_ = made;
     start_offset_ = block - 1;
   }
   void push_front_into_new(const T &value, no) {
-    new_blocks made(*this, 1, true);
-    made.add();
-    A::construct(start_node_[-1] + (block - 1), value);
-    made.keep();
-    --start_node_;
+    new_block made(*this);
+    A::construct(made.get() + (block - 1), value);
+    *--start_node_ = made.keep();
     start_offset_ = block - 1;
   }
 
@@ -756,9 +765,9 @@ private:
   }
 
   T **map_;  // null until the first element comes
-  size_type map_size_;
+  T **map_end_;
   T **start_node_;
-  size_type start_offset_;
+  unsigned long start_offset_;  // of a type that no element access can change: it may stay in a register
   T *finish_;
   T *finish_limit_;  // the last place of finish_'s block: filling it takes a new block
   T **finish_node_;

@@ -7,6 +7,7 @@
 #include <stddef.h>
 
 #include <plx/config.h>
+#include <plx/string_fwd.h>
 #include <plx/type_properties.h>
 
 namespace __zor {
@@ -66,8 +67,38 @@ template <class T> struct list_plain_entry {
   void fetch() const { __builtin_prefetch(&static_cast<list_node<T> *>(node)->value); }
 };
 
-template <class T, bool scalar> struct list_entry { typedef list_plain_entry<T> type; };
-template <class T> struct list_entry<T, true> { typedef list_keyed_entry<T> type; };
+// Strings in their own order: the first four characters are the key, and the rest is only looked at where they agree.
+struct list_string_entry {
+  unsigned int key;
+  list_links *node;
+
+  template <class String> void set_string(list_links *n, const String &text) {
+    const unsigned int length = text.size();
+    const char *const data = text.data();
+    key = 0;
+    for (unsigned int i = 0; i < 4; ++i) key = key << 8 | (i < length ? static_cast<unsigned char>(data[i]) : 0u);
+    node = n;
+  }
+};
+template <class String> struct list_string_entry_of : public list_string_entry {
+  void set(list_links *n) { set_string(n, static_cast<list_node<String> *>(n)->value); }
+  const String &value() const { return static_cast<list_node<String> *>(node)->value; }
+  void fetch() const {}
+};
+
+template <class T, class Compare, bool scalar> struct list_entry { typedef list_plain_entry<T> type; };
+template <class T, class Compare> struct list_entry<T, Compare, true> { typedef list_keyed_entry<T> type; };
+template <class C, class A> struct list_entry<std::basic_string<C, std::char_traits<C>, A>, list_less, false> {
+  typedef list_string_entry_of<std::basic_string<C, std::char_traits<C>, A> > type;
+};
+
+template <class Entry, class Compare> inline bool list_before(const Entry &a, const Entry &b, Compare &before) {
+  return before(a.value(), b.value());
+}
+template <class String>
+inline bool list_before(const list_string_entry_of<String> &a, const list_string_entry_of<String> &b, list_less &) {
+  return a.key != b.key ? a.key < b.key : a.value() < b.value();
+}
 
 enum { list_run = 8, list_fetched_ahead = 4 };
 
@@ -75,7 +106,7 @@ enum { list_run = 8, list_fetched_ahead = 4 };
 template <class Entry, class Compare>
 inline void list_merge(const Entry *left, const Entry *middle, const Entry *right, Entry *to, Compare &before) {
   const Entry *a = left, *b = middle;
-  if (a != middle && b != right && !before(b->value(), middle[-1].value())) {
+  if (a != middle && b != right && !__zor::list_before(*b, middle[-1], before)) {
     // In order already.
     while (a != right) *to++ = *a++;
     return;
@@ -84,7 +115,7 @@ inline void list_merge(const Entry *left, const Entry *middle, const Entry *righ
     // The arrays have list_fetched_ahead entries more than there are elements, so these exist.
     a[list_fetched_ahead].fetch();
     b[list_fetched_ahead].fetch();
-    const bool from_right = before(b->value(), a->value());
+    const bool from_right = __zor::list_before(*b, *a, before);
     const Entry *const chosen = from_right ? b : a;
     *to++ = *chosen;
     b += from_right;
@@ -98,14 +129,14 @@ template <class Entry, class Compare> inline void list_sort_run(Entry *first, En
   for (Entry *each = first + 1; each < last; ++each) {
     const Entry moved = *each;
     Entry *to = each;
-    for (; to != first && before(moved.value(), to[-1].value()); --to) *to = to[-1];
+    for (; to != first && __zor::list_before(moved, to[-1], before); --to) *to = to[-1];
     *to = moved;
   }
 }
 
 // False: no memory, nothing was done.
 template <class T, class Compare> bool list_sort_by_array(list_links *head, size_t n, Compare &before) {
-  typedef typename list_entry<T, is_scalar<T>::value>::type entry;
+  typedef typename list_entry<T, Compare, is_scalar<T>::value>::type entry;
   const size_t room = n + list_fetched_ahead;
   if (room > 0x7FFFFFFFu / (2 * sizeof(entry))) return false;
   list_scratch scratch(2 * room * sizeof(entry));

@@ -36,6 +36,12 @@ template <class T, class A> struct element_traits {
   typedef typename truth<standard && is_trivially_destroyed<T>::value>::type trivially_destroyed;
 };
 
+// How a value goes to a function that is not inline: numbers by value, because a reference would keep the caller's
+// variable in memory.
+template <class T, bool scalar> struct passed_as { typedef const T &type; };
+template <class T> struct passed_as<T, true> { typedef T type; };
+template <class T> struct passed { typedef typename passed_as<T, is_scalar<T>::value>::type type; };
+
 // Is a range of these iterators an array of T?
 template <class Iterator, class T> struct is_array_of { static const bool value = false; };
 template <class T> struct is_array_of<T *, T> { static const bool value = true; };
@@ -87,7 +93,7 @@ public:
 
 template <class T, class A, class Iterator> inline T *make_copies(A &, T *to, Iterator first, Iterator last, yes) {
   const size_t n = static_cast<size_t>(last - first);
-  if (n != 0) memmove(static_cast<void *>(to), first, n * sizeof(T));
+  if (n != 0) memcpy(static_cast<void *>(to), first, n * sizeof(T));
   return to + n;
 }
 template <class T, class A, class Iterator> inline T *make_copies(A &a, T *to, Iterator first, Iterator last, no) {

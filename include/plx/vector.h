@@ -98,6 +98,7 @@ template <class T, class A = allocator<T> > class PLX_API vector {
   typedef __zor::vector_storage<T, A> storage;
   typedef typename __zor::element_traits<T, A>::plain plain;
   typedef typename __zor::element_traits<T, A>::relocatable relocatable;
+  typedef typename __zor::truth<__zor::element_traits<T, A>::standard && __zor::is_scalar<T>::value>::type number;
   typedef __zor::yes yes;
   typedef __zor::no no;
 
@@ -208,14 +209,7 @@ public:
 
   // Modifiers. What is inserted may be an element of this vector.
 
-  void push_back(const T &value) {
-    if (__builtin_expect(storage_.last != storage_.limit, 1)) {
-      storage_.construct(storage_.last, value);
-      ++storage_.last;
-    } else {
-      insert_full(storage_.last, value);
-    }
-  }
+  void push_back(const T &value) { push_back(value, number()); }
   void pop_back() { storage_.destroy(--storage_.last); }
 
   iterator insert(iterator at, const T &value) {
@@ -313,7 +307,30 @@ private:
 
   // ---- One element.
 
-  __attribute__((__noinline__)) void insert_full(T *at, const T &value) { insert_full(at, value, relocatable()); }
+  void push_back(const T &value, no) {
+    if (__builtin_expect(storage_.last != storage_.limit, 1)) {
+      storage_.construct(storage_.last, value);
+      ++storage_.last;
+    } else {
+      insert_full(storage_.last, value);
+    }
+  }
+  // One way of writing the element and the end: in a loop the end stays in a register.
+  void push_back(const T &value, yes) {
+    const T copy = value;
+    T *at = storage_.last;
+    if (__builtin_expect(at == storage_.limit, 0)) at = grow_for_one();
+    *at = copy;
+    storage_.last = at + 1;
+  }
+  __attribute__((__noinline__, __regparm__(3))) T *grow_for_one() {
+    grow(grown(1), yes());
+    return storage_.last;
+  }
+
+  __attribute__((__noinline__, __regparm__(3))) void insert_full(T *at, typename __zor::passed<T>::type value) {
+    insert_full(at, value, relocatable());
+  }
 
   void insert_full(T *at, const T &value, yes) {
     const size_type index = static_cast<size_type>(at - storage_.first);
