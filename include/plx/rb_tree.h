@@ -81,15 +81,19 @@ public:
   // The place after all equal keys.
   void locate_behind(const order &key, place &to) const {
     node *parent = header;
-    node *right_of = 0;
-    for (node *x = header->parent; x;) {
+    bool left = true;
+    node *x = header->parent;
+    if (x && goes_last(key, typename order::exact())) {
+      to.parent = to.right_of = rightmost;
+      return;
+    }
+    while (x) {
       parent = x;
-      const bool left = is_before(key, x);
-      right_of = left ? 0 : x;
+      left = is_before(key, x);
       x = rb_tree_child(x, !left);
     }
     to.parent = parent;
-    to.right_of = right_of;
+    to.right_of = left ? 0 : parent;
   }
 
   // Apart from the search, which then needs no cleanup.
@@ -275,8 +279,11 @@ private:
     static_cast<rb_tree_base_data &>(other) = mine;
   }
 
-  // What compares keys itself may end as soon as they are equal. Keys often come in ascending order, and a look at the
-  // last one costs next to nothing.
+  // Keys often come in ascending order, and a look at the last one costs next to nothing where no function is called.
+  bool goes_last(const order &key, yes) const { return !is_before(key, rightmost); }
+  static bool goes_last(const order &, no) PLX_NOTHROW { return false; }
+
+  // What compares keys itself may end as soon as they are equal.
   typed_node *locate(const order &key, place &to, yes) const {
     node *parent = header;
     bool left = true;
@@ -407,15 +414,14 @@ private:
   // The place before all equal keys.
   void locate_in_front(const order &key, place &to) const {
     node *parent = header;
-    node *right_of = 0;
+    bool right = false;
     for (node *x = header->parent; x;) {
       parent = x;
-      const bool right = is_after(key, x);
-      right_of = right ? x : 0;
+      right = is_after(key, x);
       x = rb_tree_child(x, right);
     }
     to.parent = parent;
-    to.right_of = right_of;
+    to.right_of = right ? parent : 0;
   }
 
   // With links only to finished nodes at any time, since copying a value may throw.
