@@ -173,16 +173,8 @@ template <bool moving> struct copier<moving, copy_bytes> {
 
 template <bool moving> struct copier<moving, copy_from_blocks> {
   template <class In, class Out> static Out forward(const In &first, const In &last, Out out) {
-    typedef segmented_iterator_traits<In> blocks;
-    typename blocks::segment_iterator block = blocks::segment(first);
-    const typename blocks::segment_iterator last_block = blocks::segment(last);
-    typename blocks::local_iterator from = blocks::local(first);
-    while (block != last_block) {
-      out = __zor::copy_range<moving>(from, blocks::end(block), out);
-      ++block;
-      from = blocks::begin(block);
-    }
-    return __zor::copy_range<moving>(from, blocks::local(last), out);
+    for (block_runs<In> run(first, last); run.next();) out = __zor::copy_range<moving>(run.from, run.to, out);
+    return out;
   }
   template <class In, class Out> static Out backward(const In &first, const In &last, Out out) {
     typedef segmented_iterator_traits<In> blocks;
@@ -202,7 +194,14 @@ template <bool moving> struct copier<moving, copy_to_blocks> {
   template <class T, class Out> static Out forward(T *first, T *last, Out out) {
     typedef segmented_iterator_traits<Out> blocks;
     while (first != last) {
-      const std::ptrdiff_t room = blocks::end(blocks::segment(out)) - blocks::local(out);
+      typename blocks::segment_iterator block = blocks::segment(out);
+      typename blocks::local_iterator end = blocks::end(block);
+      std::ptrdiff_t room = end - blocks::local(out);
+      // Blocks side by side are filled as one.
+      while (room < last - first && blocks::begin(++block) == end) {
+        end = blocks::end(block);
+        room = end - blocks::local(out);
+      }
       const std::ptrdiff_t n = last - first < room ? last - first : room;
       __zor::copy_range<moving>(first, first + n, blocks::local(out));
       first += n;
@@ -293,16 +292,7 @@ template <> struct filler<fill_bytes> {
 };
 template <> struct filler<fill_blocks> {
   template <class Out, class V> static void run(const Out &first, const Out &last, const V &value) {
-    typedef segmented_iterator_traits<Out> blocks;
-    typename blocks::segment_iterator block = blocks::segment(first);
-    const typename blocks::segment_iterator last_block = blocks::segment(last);
-    typename blocks::local_iterator from = blocks::local(first);
-    while (block != last_block) {
-      __zor::fill_range(from, blocks::end(block), value);
-      ++block;
-      from = blocks::begin(block);
-    }
-    __zor::fill_range(from, blocks::local(last), value);
+    for (block_runs<Out> run(first, last); run.next();) __zor::fill_range(run.from, run.to, value);
   }
 };
 

@@ -54,9 +54,26 @@ private:
   buffered_side &operator=(const buffered_side &);
 };
 
+// Scalars: which side an element comes from is a number, not a branch.
+template <class T, class Before>
+void merge_forward(T *first, T *middle, T *last, T *buffer, Before &before, yes) {
+  const T *left = buffer, *const left_end = buffer + (middle - first);
+  __zor::move_bytes(buffer, first, static_cast<std::size_t>(middle - first));
+  while (left != left_end && middle != last) {
+    const T a = *left, b = *middle;
+    std::size_t from_right = before(b, a);
+    *first = from_right ? b : a;
+    ++first;
+    __asm__("" : "+r"(from_right));
+    middle += from_right;
+    left += 1 - from_right;
+  }
+  __zor::move_bytes(first, left, static_cast<std::size_t>(left_end - left));
+}
+
 // The left side waits in the buffer, and the merged range grows from the front.
 template <class Iterator, class T, class Before>
-void merge_forward(Iterator first, Iterator middle, Iterator last, T *buffer, Before &before) {
+void merge_forward(Iterator first, Iterator middle, Iterator last, T *buffer, Before &before, no) {
   buffered_side<Iterator, T> left(buffer, first, middle);
   while (left.next != left.end && middle != last) {
     if (before(*middle, *left.next)) {
@@ -101,7 +118,8 @@ void merge_neighbours(Iterator first, Iterator middle, Iterator last, Distance m
                       Before &before) {
   while (m != 0 && n != 0) {
     if (m <= n && m <= room) {
-      __zor::merge_forward(first, middle, last, buffer, before);
+      __zor::merge_forward(first, middle, last, buffer, before,
+                           typename truth<partitioned_by_blocks<Iterator>::value>::type());
       return;
     }
     if (n <= room) {

@@ -78,7 +78,37 @@ Iterator rotate(Iterator first, Iterator middle, Iterator last, std::random_acce
   return result;
 }
 
-// Plain elements: the shorter side waits on the stack when it fits there.
+// The same with plain elements as bytes, through a piece of the stack; when a side fits there, it is the last step.
+inline void rotate_bytes(unsigned char *first, std::size_t left, std::size_t right) PLX_NOTHROW {
+  enum { room = 1024 };
+  unsigned char held[room];
+  while (left > room && right > room) {
+    unsigned char *const other = left < right ? first + right : first + left;
+    const std::size_t shorter = left < right ? left : right;
+    for (std::size_t done = 0; done < shorter; done += room) {
+      const std::size_t n = shorter - done < room ? shorter - done : static_cast<std::size_t>(room);
+      memcpy(held, first + done, n);
+      memcpy(first + done, other + done, n);
+      memcpy(other + done, held, n);
+    }
+    if (left < right) {
+      right -= left;
+    } else {
+      first += right;
+      left -= right;
+    }
+  }
+  if (left <= right) {
+    memcpy(held, first, left);
+    memmove(first, first + left, right);
+    memcpy(first + right, held, left);
+  } else {
+    memcpy(held, first + left, right);
+    memmove(first + right, first, left);
+    memcpy(first, held, right);
+  }
+}
+
 template <bool plain> struct rotation {
   template <class Iterator> static Iterator run(Iterator first, Iterator middle, Iterator last) {
     return __zor::rotate(first, middle, last, typename std::iterator_traits<Iterator>::iterator_category());
@@ -86,24 +116,9 @@ template <bool plain> struct rotation {
 };
 template <> struct rotation<true> {
   template <class T> static T *run(T *first, T *middle, T *last) {
-    enum { room = 512 };
-    unsigned char held[room];
-    const std::size_t left = static_cast<std::size_t>(middle - first) * sizeof(T);
-    const std::size_t right = static_cast<std::size_t>(last - middle) * sizeof(T);
-    T *const result = first + (last - middle);
-    if (left <= right && left <= room) {
-      memcpy(held, static_cast<const void *>(first), left);
-      memmove(static_cast<void *>(first), static_cast<const void *>(middle), right);
-      memcpy(static_cast<void *>(result), held, left);
-      return result;
-    }
-    if (right <= room) {
-      memcpy(held, static_cast<const void *>(middle), right);
-      memmove(static_cast<void *>(result), static_cast<const void *>(first), left);
-      memcpy(static_cast<void *>(first), held, right);
-      return result;
-    }
-    return __zor::rotate(first, middle, last, std::random_access_iterator_tag());
+    __zor::rotate_bytes(reinterpret_cast<unsigned char *>(first), static_cast<std::size_t>(middle - first) * sizeof(T),
+                        static_cast<std::size_t>(last - middle) * sizeof(T));
+    return first + (last - middle);
   }
 };
 

@@ -48,13 +48,19 @@ template <> struct finder<find_bytes> {
 };
 template <> struct finder<find_words> {
   template <class T, class V> static T *run(T *first, T *last, const V &value) {
-    const unsigned int *const from = reinterpret_cast<const unsigned int *>(first);
     // A call is not worth its cost for a few elements.
-    for (int i = 0; i < 4; ++i, ++first)
-      if (first == last || *first == value) return first;
-    const unsigned int *const found = __zor::find_word(from + 4, reinterpret_cast<const unsigned int *>(last),
-                                                       word_of(value));
-    return first + (found - (from + 4));
+    for (int steps = 0; last - first >= 4 && steps < 4; first += 4, ++steps) {
+      if (first[0] == value) return first;
+      if (first[1] == value) return first + 1;
+      if (first[2] == value) return first + 2;
+      if (first[3] == value) return first + 3;
+    }
+    if (last - first >= 4) {
+      const unsigned int *const from = reinterpret_cast<const unsigned int *>(first);
+      return first + (__zor::find_word(from, reinterpret_cast<const unsigned int *>(last), word_of(value)) - from);
+    }
+    while (first != last && *first != value) ++first;
+    return first;
   }
 
 private:

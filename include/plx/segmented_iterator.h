@@ -19,6 +19,48 @@ template <class Iterator> struct segmented_iterator_traits {
   typedef no is_segmented;
 };
 
+// The elements between two such iterators as arrays, one after another. Blocks that lie side by side in memory, as those
+// that a container took in a row often do, are one array.
+//
+//   for (block_runs<It> run(first, last); run.next();) use(run.from, run.to);
+template <class Iterator> class block_runs {
+  typedef segmented_iterator_traits<Iterator> blocks;
+
+public:
+  typedef typename blocks::local_iterator local_iterator;
+  typedef typename blocks::segment_iterator segment_iterator;
+
+  block_runs(const Iterator &first, const Iterator &last)
+      : from(blocks::local(first)),
+        to(from),
+        block_(blocks::segment(first)),
+        last_block_(blocks::segment(last)),
+        last_(blocks::local(last)),
+        begun_(false),
+        done_(false) {}
+
+  bool next() {
+    if (done_) return false;
+    if (begun_) from = blocks::begin(block_);
+    begun_ = true;
+    while (block_ != last_block_) {
+      to = blocks::end(block_);
+      ++block_;
+      if (!(blocks::begin(block_) == to)) return true;
+    }
+    to = last_;
+    done_ = true;
+    return true;
+  }
+
+  local_iterator from, to;
+
+private:
+  segment_iterator block_, last_block_;
+  local_iterator last_;
+  bool begun_, done_;
+};
+
 }  // namespace __zor
 
 #endif

@@ -65,9 +65,14 @@ template <class Iterator, class Before> void choose_pivot(Iterator first, Iterat
 
 // ---- Partitions ----------------------------------------------------------------------------------------------------------
 
+template <class Iterator> struct partitioned_by_blocks { static const bool value = false; };
+template <class T> struct partitioned_by_blocks<T *> {
+  static const bool value = is_arithmetic<T>::value || is_pointer<T>::value;
+};
+
 // The pivot stands first and goes to its final place, which is returned: before it is less, after it is not less.
 // `ordered` tells that nothing had to move.
-template <bool scalar> struct pivot_partition {
+template <bool by_blocks> struct pivot_partition {
   template <class Iterator, class Before>
   static Iterator run(Iterator first, Iterator last, Before &before, bool &ordered) {
     Iterator left = first, right = last;
@@ -89,7 +94,7 @@ template <bool scalar> struct pivot_partition {
   }
 };
 
-// Without branches on comparisons: where the misplaced elements are is noted in blocks of offsets, from both ends, and
+// Scalars, without branches on comparisons: where the misplaced elements are is noted in blocks of offsets, from both ends, and
 // then as many as both sides have change places.
 template <> struct pivot_partition<true> {
   enum { block = 64 };
@@ -235,7 +240,7 @@ void quick_sort(Iterator first, Iterator last, Before &before, int uneven_allowe
     }
     bool ordered;
     const Iterator pivot =
-        pivot_partition<is_scalar_order<Iterator, Before>::value>::run(first, last, before, ordered);
+        pivot_partition<partitioned_by_blocks<Iterator>::value>::run(first, last, before, ordered);
     const distance_type left = pivot - first, right = last - pivot - 1;
     if (left < n / 8 || right < n / 8) {
       if (--uneven_allowed < 0) {
@@ -273,7 +278,7 @@ void select(Iterator first, Iterator nth, Iterator last, Before &before) {
     }
     bool ordered;
     const Iterator pivot =
-        pivot_partition<is_scalar_order<Iterator, Before>::value>::run(first, last, before, ordered);
+        pivot_partition<partitioned_by_blocks<Iterator>::value>::run(first, last, before, ordered);
     if (pivot == nth) return;
     const distance_type left = pivot - first, right = last - pivot - 1;
     if (left < n / 8 || right < n / 8) {
