@@ -14,12 +14,19 @@ namespace __zor {
 void sequence_out_of_range() { std::out_of_range::__throw("Out of range exception occurred"); }
 void sequence_length_error() { std::length_error::__throw("Length exception occurred"); }
 
+namespace {
+
+// Apart, because compilers warn of realloc on a block of operator new: the library's own is malloc.
+__attribute__((__noinline__)) void *reallocated(void *block, size_t bytes) { return realloc(block, bytes); }
+
+}  // namespace
+
 void *grow_block(void *block, size_t used, size_t bytes) {
   if (!block) return operator new(bytes);
   static const bool replaced = operator_new_is_replaced();
   if (!replaced) {
     // On failure the block stays, and operator new asks the new handler.
-    if (void *grown = realloc(block, bytes)) return grown;
+    if (void *grown = reallocated(block, bytes)) return grown;
   }
   void *grown = operator new(bytes);
   memcpy(grown, block, used);

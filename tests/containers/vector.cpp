@@ -61,8 +61,7 @@ static void resize_too_much() {
 }
 static void construct_too_much() { std::vector<int> v(wrapping, 1); }
 static void copy_too_much() {
-  const int *const none = 0;
-  std::vector<char> v(reinterpret_cast<const char *>(none) + 1, reinterpret_cast<const char *>(none) + 0x80000001u);
+  std::vector<char> v(reinterpret_cast<const char *>(0x1000u), reinterpret_cast<const char *>(0x81001000u));
 }
 
 static void limits() {
