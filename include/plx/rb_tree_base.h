@@ -101,32 +101,32 @@ inline rb_tree_node_base *rb_tree_prev(const rb_tree_node_base *n) PLX_NOTHROW {
   return at;
 }
 
-// Links a new node as __finish_insert does. Most new nodes get a black parent, and then nothing is left to do.
+// Links a new node as __finish_insert does. Which side it takes cannot be predicted, that it becomes the first or last one
+// can. Most new nodes get a black parent, and then nothing is left to do.
 inline void rb_tree_link(rb_tree_base_data *tree, rb_tree_node_base *x, rb_tree_node_base *p,
                          const rb_tree_node_base *right_of) PLX_NOTHROW {
   rb_tree_node_base *const header = tree->header;
+  rb_tree_node_base **place = right_of == p ? &p->right : &p->left;
+  __asm__("" : "+r"(place));  // or the compiler branches on the side after all
   x->left = 0;
   x->right = 0;
   x->parent = p;
   x->color = rb_red;
   ++tree->node_count;
-  if (right_of == p) {
-    p->right = x;
-    if (p == tree->rightmost) {
-      tree->rightmost = x;
-      header->left = x;
-    }
-  } else if (p == header) {
+  if (__builtin_expect(!header->parent, 0)) {
     header->parent = x;
     header->left = x;
     tree->leftmost = x;
     tree->rightmost = x;
     x->color = rb_black;
     return;
-  } else {
-    p->left = x;
-    if (p == tree->leftmost) tree->leftmost = x;
   }
+  *place = x;
+  if (__builtin_expect(p == tree->rightmost, 0) && x == p->right) {
+    tree->rightmost = x;
+    header->left = x;
+  }
+  if (__builtin_expect(p == tree->leftmost, 0) && x == p->left) tree->leftmost = x;
   if (p->color != rb_black) rb_tree_rebalance(x, header);
 }
 
