@@ -54,6 +54,9 @@ static void uncaught_class() {
 }
 static void uncaught_library_class() { throw std::out_of_range("index 7 of 3"); }
 static void uncaught_derived() { throw shop::late_delivery("two days"); }
+template <class T, int n> struct carton {};
+static void uncaught_template() { throw carton<const shop::sold_out *, -3>(); }
+static void uncaught_nested_template() { throw carton<carton<shop::sold_out, 1>, 2>(); }
 static void uncaught_own_text() { throw shop::own_text(); }
 static void uncaught_bad_alloc() { throw std::bad_alloc(); }
 static void uncaught_library_throw() { std::string("abc").at(5); }
@@ -94,6 +97,8 @@ static void uncaught() {
   CHECK_ABORTS(uncaught_library_class, "plx: uncaught exception of type std::out_of_range: index 7 of 3\n");
   CHECK_ABORTS(uncaught_derived, "plx: uncaught exception of type shop::late_delivery: two days\n");
   CHECK_ABORTS(uncaught_own_text, "plx: uncaught exception of type shop::own_text: text of its own\n");
+  CHECK_ABORTS(uncaught_template, "plx: uncaught exception of type carton<shop::sold_out const*, -3>\n");
+  CHECK_ABORTS(uncaught_nested_template, "plx: uncaught exception of type carton<carton<shop::sold_out, 1>, 2>\n");
   CHECK_ABORTS(uncaught_bad_alloc, "plx: uncaught exception of type std::bad_alloc: Allocation Failure\n");
   CHECK_ABORTS(uncaught_library_throw, "plx: uncaught exception of type std::out_of_range: ");
   CHECK_ABORTS(uncaught_rethrow, "plx: uncaught exception of type std::runtime_error: again\n");
