@@ -1,5 +1,5 @@
-// The word loops for processors with SSE2, four words a step. Each does as many whole steps as there are and returns how
-// many words it did; the caller does the rest.
+// The word loops for processors with SSE2, four words a step. Each does as many whole steps as there are and returns
+// how many words it did; the caller does the rest.
 #pragma once
 
 #include <plx/config.h>

@@ -37,8 +37,8 @@ inline unsigned long count_in_word(unsigned long x) PLX_NOTHROW {
   return (x * 0x01010101ul) >> 24;
 }
 
-// A word as 32 characters '0' and '1', highest bit first, and back, four characters a step: a multiplication spreads the
-// four bits to the lowest bits of four bytes, or gathers them.
+// A word as 32 characters '0' and '1', highest bit first, and back, four characters a step: a multiplication spreads
+// the four bits to the lowest bits of four bytes, or gathers them.
 
 inline void word_to_text(unsigned long x, char *text) PLX_NOTHROW {
   for (unsigned i = 0; i < 8; ++i, x <<= 4) {

@@ -1,5 +1,5 @@
-// complex and streams (1998, 26.2.6): (3,4) out; 3, (3) and (3,4) in. The streams are only named here: programs that use
-// these operators include <istream> or <ostream> as well.
+// complex and streams (1998, 26.2.6): (3,4) out; 3, (3) and (3,4) in. The streams are only named here: programs that
+// use these operators include <istream> or <ostream> as well.
 #ifndef PLX_COMPLEX_IO_H
 #define PLX_COMPLEX_IO_H
 

@@ -1,4 +1,4 @@
-// valarray<T> (1998, 26.3.2). Operations give plain valarrays: each makes its result in one pass over one block.
+// valarray<T> (1998, 26.3.2). Its operators and functions give expressions, which become arrays in one pass.
 //
 // Beyond 1998: assignment takes the size of the right side, and the const operator[] gives a reference.
 #ifndef PLX_VALARRAY_H
@@ -6,13 +6,10 @@
 
 #include <plx/slice.h>
 #include <plx/valarray_block.h>
-#include <plx/valarray_operations.h>
-#include <plx/valarray_sources.h>
+#include <plx/valarray_expression.h>
 
 namespace std {
 
-class gslice;
-template <class T> class valarray;
 template <class T> class slice_array;
 template <class T> class gslice_array;
 template <class T> class mask_array;
@@ -25,21 +22,11 @@ namespace __zor {
 std::valarray<std::size_t> places_of(const std::gslice &places);
 std::valarray<std::size_t> places_of(const std::valarray<bool> &mask);
 
-struct valarray_access {
-  template <class T> static const T *data(const std::valarray<T> &array) PLX_NOTHROW { return array.block_.data(); }
-  template <class T> static const T *data_end(const std::valarray<T> &array) PLX_NOTHROW {
-    return array.block_.data() + array.block_.size();
-  }
-  template <class R, class Source> static std::valarray<R> make(std::size_t n, const Source &source) {
-    return std::valarray<R>(n, source, typename std::valarray<R>::from_source());
-  }
-};
-
 }  // namespace __zor
 
 namespace std {
 
-template <class T> class valarray {
+template <class T> class valarray : public __zor::valarrays::operand<T, valarray<T> > {
   typedef __zor::given_elements<T> given;
 
 public:
@@ -49,11 +36,16 @@ public:
   explicit valarray(size_t n) { block_.build(n, __zor::default_elements<T>()); }
   valarray(const T &value, size_t n) { block_.build(n, __zor::equal_elements<T>(value)); }
   valarray(const T *values, size_t n) { block_.build(n, given(values)); }
-  valarray(const valarray &other) { block_.build(other.size(), given(other.block_.data())); }
+  valarray(const valarray &other) : __zor::valarrays::operand<T, valarray>() {
+    block_.build(other.size(), given(other.block_.data()));
+  }
   valarray(const slice_array<T> &elements) { choose(elements.data_, elements.index_); }
   valarray(const gslice_array<T> &elements) { choose(elements.data_, elements.index_); }
   valarray(const mask_array<T> &elements) { choose(elements.data_, elements.index_); }
   valarray(const indirect_array<T> &elements) { choose(elements.data_, elements.index_); }
+  template <class Source> valarray(const __zor::valarrays::expression<T, Source> &e) {
+    block_.build(e.size(), e.source());
+  }
 #if __cplusplus >= 201103L
   valarray(valarray &&other) noexcept { block_.swap(other.block_); }
   valarray &operator=(valarray &&other) noexcept {
@@ -68,6 +60,10 @@ public:
     else
       valarray(other).block_.swap(block_);
     return *this;
+  }
+  // The expression may be of this array: each element is computed before it is assigned, from its own place.
+  template <class Source> valarray &operator=(const __zor::valarrays::expression<T, Source> &e) {
+    return size() == e.size() ? compute<__zor::assign_operation>(e.source()) : take(e);
   }
   valarray &operator=(const T &value) { return compute<__zor::assign_operation>(__zor::equal_elements<T>(value)); }
   // The elements may be this array's own, so they are taken out first.
@@ -92,16 +88,12 @@ public:
   valarray operator[](const valarray<size_t> &places) const { return chosen(places); }
   indirect_array<T> operator[](const valarray<size_t> &places) { return indirect_array<T>(block_.data(), places); }
 
-  valarray operator+() const { return computed<T, __zor::plus_operation>(); }
-  valarray operator-() const { return computed<T, __zor::minus_operation>(); }
-  valarray operator~() const { return computed<T, __zor::complement_operation>(); }
-  valarray<bool> operator!() const { return computed<bool, __zor::not_operation>(); }
-
-#define PLX_VALARRAY_COMPUTED_ASSIGNMENT(symbol, operation)                                              \
-  valarray &operator symbol(const T &value) {                                                            \
-    return compute<__zor::operation>(__zor::equal_elements<T>(value));                                   \
-  }                                                                                                      \
-  valarray &operator symbol(const valarray &other) { return compute<__zor::operation>(given(other.block_.data())); }
+#define PLX_VALARRAY_COMPUTED_ASSIGNMENT(symbol, operation)                                                            \
+  valarray &operator symbol(const T &value) { return compute<__zor::operation>(__zor::equal_elements<T>(value)); }     \
+  valarray &operator symbol(const valarray &other) { return compute<__zor::operation>(given(other.block_.data())); }   \
+  template <class Source> valarray &operator symbol(const __zor::valarrays::expression<T, Source> &e) {                \
+    return compute<__zor::operation>(e.source());                                                                      \
+  }
   PLX_VALARRAY_COMPUTED_ASSIGNMENT(*=, multiply_operation)
   PLX_VALARRAY_COMPUTED_ASSIGNMENT(/=, divide_operation)
   PLX_VALARRAY_COMPUTED_ASSIGNMENT(%=, remainder_operation)
@@ -115,26 +107,6 @@ public:
 #undef PLX_VALARRAY_COMPUTED_ASSIGNMENT
 
   size_t size() const PLX_NOTHROW { return block_.size(); }
-
-  // Of arrays with an element at least.
-
-  T sum() const {
-    T result(block_.data()[0]);
-    for (size_t i = 1; i < size(); ++i) result += block_.data()[i];
-    return result;
-  }
-  T(min)() const {
-    const T *least = block_.data();
-    for (size_t i = 1; i < size(); ++i)
-      if (block_.data()[i] < *least) least = block_.data() + i;
-    return *least;
-  }
-  T(max)() const {
-    const T *most = block_.data();
-    for (size_t i = 1; i < size(); ++i)
-      if (*most < block_.data()[i]) most = block_.data() + i;
-    return *most;
-  }
 
   // Element i of the result is element i + n; of the whole array turned around, or T() where there is none.
   valarray shift(int n) const {
@@ -160,17 +132,12 @@ public:
 #endif
 
 private:
-  template <class U> friend class valarray;
   friend struct __zor::valarray_access;
 
   struct from_source {};
   template <class Source> valarray(size_t n, const Source &source, from_source) { block_.build(n, source); }
 
   template <class Source> valarray made(const Source &source) const { return valarray(size(), source, from_source()); }
-  template <class R, class Operation> valarray<R> computed() const {
-    const __zor::unary_elements<R, Operation, given> results((given(block_.data())));
-    return valarray<R>(size(), results, typename valarray<R>::from_source());
-  }
   template <class Index> void choose(const T *data, const Index &index) {
     block_.build(index.size(), __zor::chosen_elements<T, Index>(data, index));
   }
@@ -178,11 +145,13 @@ private:
     return valarray(index.size(), __zor::chosen_elements<T, Index>(block_.data(), index), from_source());
   }
   template <class Operation, class Source> valarray &compute(const Source &source) {
+    const Source from(source);
     T *const data = block_.data();
-    for (size_t i = 0, n = size(); i < n; ++i) Operation::change(data[i], source(i));
+    for (size_t i = 0, n = size(); i < n; ++i) Operation::change(data[i], from(i));
     return *this;
   }
-  template <class Elements> valarray &take(const Elements &elements) {
+  // Not inline: then assignments that fit need no frame for the array that is made here.
+  template <class Elements> __attribute__((__noinline__)) valarray &take(const Elements &elements) {
     valarray taken(elements);
     block_.swap(taken.block_);
     return *this;
@@ -216,15 +185,11 @@ namespace std {
 template <class T> inline T *begin(valarray<T> &array) noexcept {
   return const_cast<T *>(__zor::valarray_access::data(array));
 }
-template <class T> inline T *end(valarray<T> &array) noexcept {
-  return const_cast<T *>(__zor::valarray_access::data_end(array));
-}
+template <class T> inline T *end(valarray<T> &array) noexcept { return begin(array) + array.size(); }
 template <class T> inline const T *begin(const valarray<T> &array) noexcept {
   return __zor::valarray_access::data(array);
 }
-template <class T> inline const T *end(const valarray<T> &array) noexcept {
-  return __zor::valarray_access::data_end(array);
-}
+template <class T> inline const T *end(const valarray<T> &array) noexcept { return begin(array) + array.size(); }
 template <class T> inline void swap(valarray<T> &a, valarray<T> &b) noexcept { a.swap(b); }
 
 }  // namespace std

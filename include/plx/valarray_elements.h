@@ -1,5 +1,5 @@
-// Some elements of a valarray, by reference: what slice_array, gslice_array, mask_array and indirect_array (1998, 26.3.5,
-// 26.3.7 to 26.3.9) have in common. They live no longer than the array, and no longer than its size stays.
+// Some elements of a valarray, by reference: what slice_array, gslice_array, mask_array and indirect_array (1998,
+// 26.3.5, 26.3.7 to 26.3.9) have in common. They live no longer than the array, and no longer than its size stays.
 //
 // An index has size() and operator[]: the place of the i-th of these elements.
 #ifndef PLX_VALARRAY_ELEMENTS_H
@@ -38,8 +38,8 @@ protected:
 
   // Copies elements, perhaps within one array. Const as all assignments here, or overloading would prefer it to them.
   void operator=(const valarray_elements &other) const {
-    change_by<assign_operation>(valarray_access::make<T>(
-        other.index_.size(), chosen_elements<T, Index>(other.data_, other.index_)));
+    const chosen_elements<T, Index> chosen(other.data_, other.index_);
+    change_by<assign_operation>(valarrays::expression<T, chosen_elements<T, Index> >(other.index_.size(), chosen));
   }
 
 private:

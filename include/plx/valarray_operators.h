@@ -1,4 +1,4 @@
-// The binary operators and the functions of valarrays (1998, 26.3.3), each for two arrays and for an array and a value.
+// The binary operators and the functions of valarrays (1998, 26.3.3): for two operands, and for an operand and a value.
 //
 // A value's type is not deduced, so that it may be anything that converts: v * 2 for an array of doubles.
 #ifndef PLX_VALARRAY_OPERATORS_H
@@ -7,49 +7,23 @@
 #include <plx/valarray.h>
 
 namespace __zor {
-
-template <class R, class Operation, class T>
-inline std::valarray<R> valarray_combine(const std::valarray<T> &a, const std::valarray<T> &b) {
-  const given_elements<T> left(valarray_access::data(a)), right(valarray_access::data(b));
-  return valarray_access::make<R>(a.size(),
-                                  binary_elements<R, Operation, given_elements<T>, given_elements<T> >(left, right));
-}
-template <class R, class Operation, class T>
-inline std::valarray<R> valarray_combine_with_value(const std::valarray<T> &a, const T &b) {
-  const given_elements<T> left(valarray_access::data(a));
-  const equal_elements<T> right(b);
-  return valarray_access::make<R>(a.size(),
-                                  binary_elements<R, Operation, given_elements<T>, equal_elements<T> >(left, right));
-}
-template <class R, class Operation, class T>
-inline std::valarray<R> valarray_combine_value_with(const T &a, const std::valarray<T> &b) {
-  const equal_elements<T> left(a);
-  const given_elements<T> right(valarray_access::data(b));
-  return valarray_access::make<R>(b.size(),
-                                  binary_elements<R, Operation, equal_elements<T>, given_elements<T> >(left, right));
-}
-
-template <class Operation, class T> inline std::valarray<T> valarray_map(const std::valarray<T> &a) {
-  const given_elements<T> of(valarray_access::data(a));
-  return valarray_access::make<T>(a.size(), unary_elements<T, Operation, given_elements<T> >(of));
-}
-
-}  // namespace __zor
-
-namespace std {
+namespace valarrays {
 
 // One name in its three forms.
-#define PLX_VALARRAY_BINARY(name, R, operation)                                                    \
-  template <class T> inline valarray<R> name(const valarray<T> &a, const valarray<T> &b) {         \
-    return __zor::valarray_combine<R, __zor::operation>(a, b);                                              \
-  }                                                                                                \
-  template <class T>                                                                               \
-  inline valarray<R> name(const valarray<T> &a, const typename valarray<T>::value_type &b) {       \
-    return __zor::valarray_combine_with_value<R, __zor::operation>(a, b);                                   \
-  }                                                                                                \
-  template <class T>                                                                               \
-  inline valarray<R> name(const typename valarray<T>::value_type &a, const valarray<T> &b) {       \
-    return __zor::valarray_combine_value_with<R, __zor::operation>(a, b);                                   \
+#define PLX_VALARRAY_BINARY(name, R, operation)                                                                        \
+  template <class T, class A, class B>                                                                                 \
+  inline typename of_two<R, operation, A, B>::type name(const operand<T, A> &a, const operand<T, B> &b) {              \
+    return of_two<R, operation, A, B>::make(a.self(), b.self());                                                       \
+  }                                                                                                                    \
+  template <class T, class A>                                                                                          \
+  inline typename with_value<R, operation, T, A>::type name(const operand<T, A> &a,                                    \
+                                                            const typename operand<T, A>::value_type &b) {             \
+    return with_value<R, operation, T, A>::make(a.self(), b);                                                          \
+  }                                                                                                                    \
+  template <class T, class A>                                                                                          \
+  inline typename of_value<R, operation, T, A>::type name(const typename operand<T, A>::value_type &a,                 \
+                                                          const operand<T, A> &b) {                                    \
+    return of_value<R, operation, T, A>::make(a, b.self());                                                            \
   }
 PLX_VALARRAY_BINARY(operator*, T, multiply_operation)
 PLX_VALARRAY_BINARY(operator/, T, divide_operation)
@@ -73,8 +47,11 @@ PLX_VALARRAY_BINARY(atan2, T, atan2_function)
 PLX_VALARRAY_BINARY(pow, T, pow_function)
 #undef PLX_VALARRAY_BINARY
 
-#define PLX_VALARRAY_UNARY(name) \
-  template <class T> inline valarray<T> name(const valarray<T> &a) { return __zor::valarray_map<__zor::name##_function>(a); }
+#define PLX_VALARRAY_UNARY(name)                                                                        \
+  template <class T, class A>                                                                           \
+  inline typename of_one<T, name##_function, A>::type name(const operand<T, A> &a) {                    \
+    return of_one<T, name##_function, A>::make(a.self());                                               \
+  }
 PLX_VALARRAY_UNARY(abs)
 PLX_VALARRAY_UNARY(acos)
 PLX_VALARRAY_UNARY(asin)
@@ -90,6 +67,28 @@ PLX_VALARRAY_UNARY(sqrt)
 PLX_VALARRAY_UNARY(tan)
 PLX_VALARRAY_UNARY(tanh)
 #undef PLX_VALARRAY_UNARY
+
+}  // namespace valarrays
+}  // namespace __zor
+
+namespace std {
+
+using __zor::valarrays::abs;
+using __zor::valarrays::acos;
+using __zor::valarrays::asin;
+using __zor::valarrays::atan;
+using __zor::valarrays::atan2;
+using __zor::valarrays::cos;
+using __zor::valarrays::cosh;
+using __zor::valarrays::exp;
+using __zor::valarrays::log;
+using __zor::valarrays::log10;
+using __zor::valarrays::pow;
+using __zor::valarrays::sin;
+using __zor::valarrays::sinh;
+using __zor::valarrays::sqrt;
+using __zor::valarrays::tan;
+using __zor::valarrays::tanh;
 
 }  // namespace std
 

@@ -26,7 +26,8 @@ typedef std::valarray<size_t> sizes;
 template <class T> const char *shown(const std::valarray<T> &array) {
   static char text[1000];
   text[0] = 0;
-  for (size_t i = 0; i < array.size(); ++i) sprintf(text + strlen(text), i ? " %g" : "%g", static_cast<double>(array[i]));
+  for (size_t i = 0; i < array.size(); ++i)
+    sprintf(text + strlen(text), i ? " %g" : "%g", static_cast<double>(array[i]));
   return text;
 }
 // The host's library has results of operators in types of its own, which become arrays.
@@ -53,7 +54,8 @@ void construction() {
   CHECK_VALUES(b, "9 1 2");
   b = 4;
   CHECK_VALUES(b, "4 4 4");
-  a = a;
+  const ints &same = a;
+  a = same;
   CHECK_VALUES(a, "9 1 2");
   a.resize(2);
   CHECK_VALUES(a, "0 0");
@@ -252,6 +254,35 @@ void masks_and_lists() {
   CHECK_VALUES(taken, "8 2 21");
 }
 
+// Results of operators have the const members of arrays, refer to arrays and not to copies, and may be assigned to what
+// they are made of.
+void expressions() {
+  ints a = counted(4, 1), b(10, 4);
+  CHECK((a * b + 1).size() == 4 && (a * b + 1)[2] == 31 && (2 * a - b).sum() == -20);
+  CHECK((b - a).min() == 6 && (-(a + a)).max() == -2 && (a * a == 4).max());
+  CHECK_VALUES((a + b).shift(1), "12 13 14 0");
+  CHECK_VALUES((a + b).cshift(-1), "14 11 12 13");
+  CHECK_VALUES((a + b)[std::slice(1, 2, 2)], "12 14");
+  CHECK_VALUES((a + b)[a > 2], "13 14");
+  CHECK_BOOLS((!(a > 2) && b > 3) || a == 4, "1 1 0 1");
+  a = b - a;
+  CHECK_VALUES(a, "9 8 7 6");
+  a = a + a.shift(1) * 2;
+  CHECK_VALUES(a, "25 22 19 6");
+  a -= a * 2 - b;
+  CHECK_VALUES(a, "-15 -12 -9 4");
+  a[a < -10] += ints(b - 3);
+  CHECK_VALUES(a, "-8 -5 -9 4");
+  reals r = sqrt(reals(16.0, 2)) * pow(reals(2.0, 2), 3.0) - exp(log(reals(2.0, 2)));
+  CHECK(fabs(r[1] - 30) < 1e-12 && fabs((r / 3.0 + cos(r - r)).max() - 11) < 1e-12);
+#ifdef PLX_CONFIG_H
+  ints c;
+  c = a + b;
+  c = ints(c[std::slice(0, 2, 1)]) + ints(1, 2);  // fewer elements than before
+  CHECK_INT(c.size(), 2);
+#endif
+}
+
 #if __cplusplus >= 201103L
 void later_dialects() {
   ints a = counted(4), b;
@@ -275,6 +306,7 @@ int main() {
   slices();
   generalized_slices();
   masks_and_lists();
+  expressions();
 #if __cplusplus >= 201103L
   later_dialects();
 #endif

@@ -83,6 +83,9 @@ void all_operations(int which) {
     case 15: a[a < number(4)] = number(6); break;
     case 16: b = a[std::valarray<size_t>(2, 3)]; break;
     case 17: b = a[std::gslice(0, std::valarray<size_t>(2, 2), std::valarray<size_t>(1, 2))]; break;
+    case 18: a = a + number(2) + -(a + a); break;
+    case 19: a += number(1) + a; break;
+    case 20: b = a + a; break;
     default: b[0] = a.sum() + (a.min)() + (a.max)(); break;
   }
 }
@@ -154,7 +157,7 @@ void lengths_that_wrap() {
 }  // namespace
 
 int main() {
-  for (int which = 0; which <= 18; ++which) fail_each(which);
+  for (int which = 0; which <= 21; ++which) fail_each(which);
   unchanged();
   lengths_that_wrap();
   return TEST_RESULT();
