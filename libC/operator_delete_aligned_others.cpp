@@ -7,3 +7,9 @@ void operator delete(void *block, size_t, std::align_val_t alignment) PLX_NOTHRO
 void operator delete[](void *block, size_t, std::align_val_t alignment) PLX_NOTHROW {
   operator delete[](block, alignment);
 }
+void operator delete(void *block, std::align_val_t alignment, const std::nothrow_t &) PLX_NOTHROW {
+  operator delete(block, alignment);
+}
+void operator delete[](void *block, std::align_val_t alignment, const std::nothrow_t &) PLX_NOTHROW {
+  operator delete[](block, alignment);
+}

@@ -37,3 +37,9 @@ extern "C" __attribute__((__visibility__("hidden"))) int __cxa_atexit(void (*des
   __record_needed_destruction(record);
   return 0;
 }
+
+// Objects of each thread: there is one thread, so they die with the static ones.
+extern "C" __attribute__((__visibility__("hidden"))) int __cxa_thread_atexit(void (*destructor)(void *), void *object,
+                                                                             void *handle) {
+  return __cxa_atexit(destructor, object, handle);
+}

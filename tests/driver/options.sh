@@ -95,6 +95,17 @@ plx-c++ -Wall -Wextra -Werror "${sources[@]}" -o program 2> log && [ ! -s log ] 
 plx-c++ -Werror main.o part.o -o program 2> log && [ ! -s log ] || wrong "linking is not quiet"
 
 plx-c++ -nostdinc++ -c main.cpp -I headers 2> log && wrong "-nostdinc++ finds headers"
+
+# Headers are precompiled; what -E wrote is compiled without a complaint about options that have no use for it.
+plx-c++ -x c++-header headers/part.h -o part.pch && plx-c++ -include-pch part.pch -c part.cpp -I headers ||
+  wrong "a precompiled header"
+plx-c++ headers/part.h && rm headers/part.h.gch || wrong "a header alone"
+plx-c++ -E part.cpp -I headers -o part.ii && plx-c++ -Werror -c part.ii || wrong "a preprocessed file"
+# The library has no debug information, so the program's describes the library's classes.
+echo '#include <string>
+std::string text("x"); int main() { return 0; }' > debug.cpp
+plx-c++ -g debug.cpp -o debug && readelf --debug-dump=info debug 2> log | grep -q 'DW_AT_name.*: rep_$' ||
+  wrong "-g leaves std::string incomplete"
 plx-c++ -nostdlib main.o part.o -o program 2> log && wrong "-nostdlib links the library"
 plx-c++ -pthread "${sources[@]}" -o program && ./program > out || wrong "-pthread"
 plx-c++ missing.cpp 2> log && wrong "a missing file is no error"

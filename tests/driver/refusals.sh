@@ -28,6 +28,8 @@ expect_error "error: -fsanitize=vptr: this sanitizer needs" plx-c++ -fsanitize=v
 for option in -fdwarf-exceptions -fno-sjlj-exceptions -fwasm-exceptions; do
   expect_error "error: $option: plx has its own exception scheme" plx-c++ $option -c main.cpp
 done
+expect_error "error: -fopenmp: plx serves one thread" plx-c++ -fopenmp main.cpp
+expect_error "error: -Wl,-shared: C++ for plx" plx-c++ -Wl,-shared main.cpp
 echo '-O1 -fPIC' > response
 expect_error "error: -fPIC:" plx-c++ @response main.cpp
 [ ! -f program ] && [ ! -f main.o ] && [ ! -f a.out ] || wrong "something was written"
