@@ -5,6 +5,7 @@
 
 #include <string.h>
 
+#include <plx/functions.h>
 #include <plx/moving.h>
 #include <plx/pair.h>
 #include <plx/segmented_iterator.h>
@@ -31,6 +32,7 @@ template <class T, class Compare> inline const T &(max)(const T &a, const T &b, 
 }  // namespace std
 
 namespace __zor {
+namespace functions {
 
 // Finds a swap that comes with the elements' class before the general one.
 template <class T> inline void swap_objects(T &a, T &b) {
@@ -59,6 +61,7 @@ template <class A, class B> struct swapped_as_lvalues {
   static const bool value = is_lvalue_of<a_reference>::value && same_type<a_reference, b_reference>::value;
 };
 
+}  // namespace functions
 }  // namespace __zor
 
 namespace std {
@@ -75,6 +78,7 @@ template <class A, class B> inline B swap_ranges(A first, A last, B other) {
 }  // namespace std
 
 namespace __zor {
+namespace functions {
 
 // ---- Copies of bytes -------------------------------------------------------------------------------------------------
 
@@ -234,6 +238,7 @@ template <class In, class Out> inline Out move_range_backward(In first, In last,
                        __zor::copy_range_backward<true>(__zor::unwrap(first), __zor::unwrap(last), __zor::unwrap(out)));
 }
 
+}  // namespace functions
 }  // namespace __zor
 
 namespace std {
@@ -250,6 +255,7 @@ template <class In, class Out> inline Out copy_backward(In first, In last, Out o
 }  // namespace std
 
 namespace __zor {
+namespace functions {
 
 // ---- fill, fill_n ------------------------------------------------------------------------------------------------------
 
@@ -311,6 +317,7 @@ template <> struct n_filler<true> {
   }
 };
 
+}  // namespace functions
 }  // namespace __zor
 
 namespace std {
@@ -330,6 +337,7 @@ template <class Out, class Size, class T> inline Out fill_n(Out first, Size n, c
 }  // namespace std
 
 namespace __zor {
+namespace functions {
 
 // ---- equal, mismatch, lexicographical_compare ---------------------------------------------------------------------------
 
@@ -374,6 +382,7 @@ template <> struct text_order<true> {
   }
 };
 
+}  // namespace functions
 }  // namespace __zor
 
 namespace std {

@@ -4,9 +4,11 @@
 #define PLX_BINARY_SEARCH_H
 
 #include <plx/algobase.h>
+#include <plx/functions.h>
 #include <plx/ordering.h>
 
 namespace __zor {
+namespace functions {
 
 template <class Forward, class T, class Before>
 Forward lower_bound(Forward first, Forward last, const T &value, Before &before) {
@@ -97,6 +99,7 @@ template <class Forward, class T, class Before> struct bounds_of
     : public bounds<is_scalar_order<typename unwrapped<Forward>::type, Before>::value &&
                     same_type<typename std::iterator_traits<Forward>::value_type, T>::value> {};
 
+}  // namespace functions
 }  // namespace __zor
 
 namespace std {

@@ -4,10 +4,12 @@
 #define PLX_CHANGING_ALGORITHMS_H
 
 #include <plx/algobase.h>
+#include <plx/functions.h>
 #include <plx/ordering.h>
 #include <plx/search_algorithms.h>
 
 namespace __zor {
+namespace functions {
 
 // Arithmetic elements: each is stored, and what follows depends on the comparison only by a sum, not by a branch.
 template <class Iterator> struct is_scalar_array { static const bool value = false; };
@@ -93,6 +95,7 @@ template <class Predicate, class In, class Out> Out unique_copy(In first, In las
   return out;
 }
 
+}  // namespace functions
 }  // namespace __zor
 
 namespace std {

@@ -3,10 +3,12 @@
 #ifndef PLX_HEAP_H
 #define PLX_HEAP_H
 
+#include <plx/functions.h>
 #include <plx/held_element.h>
 #include <plx/ordering.h>
 
 namespace __zor {
+namespace functions {
 
 // The held element's hole is at `at`; rises at most to `top`.
 template <class Iterator, class Distance, class Before>
@@ -79,6 +81,7 @@ void select_heap(Iterator first, Iterator middle, Iterator last, Before &before)
   }
 }
 
+}  // namespace functions
 }  // namespace __zor
 
 namespace std {

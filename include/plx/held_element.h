@@ -4,9 +4,11 @@
 #define PLX_HELD_ELEMENT_H
 
 #include <plx/algobase.h>
+#include <plx/functions.h>
 #include <plx/relocatable.h>
 
 namespace __zor {
+namespace functions {
 
 // The bytes of a T.
 template <class T> struct __attribute__((__may_alias__)) object_bytes {
@@ -89,6 +91,7 @@ private:
   held_element &operator=(const held_element &);
 };
 
+}  // namespace functions
 }  // namespace __zor
 
 #endif

@@ -5,11 +5,13 @@
 #define PLX_MERGE_H
 
 #include <plx/binary_search.h>
+#include <plx/functions.h>
 #include <plx/rotate.h>
 #include <plx/sort.h>
 #include <plx/temporary_buffer.h>
 
 namespace __zor {
+namespace functions {
 
 // ---- The buffer's values ---------------------------------------------------------------------------------------------------
 
@@ -264,6 +266,7 @@ void inplace_merge(Iterator first, Iterator middle, Iterator last, Before &befor
   __zor::merge_neighbours(first, middle, last, m, n, buffer.begin(), static_cast<distance_type>(buffer.size()), before);
 }
 
+}  // namespace functions
 }  // namespace __zor
 
 namespace std {

@@ -3,11 +3,13 @@
 #ifndef PLX_MOVING_H
 #define PLX_MOVING_H
 
+#include <plx/functions.h>
 #include <plx/iterator_base.h>
 
 #if __cplusplus >= 201103L
 
 namespace __zor {
+namespace functions {
 
 template <class T> struct without_reference { typedef T type; };
 template <class T> struct without_reference<T &> { typedef T type; };
@@ -23,6 +25,7 @@ inline typename moved_reference<typename std::iterator_traits<Iterator>::referen
 }
 template <class T> inline T &&moved(T &object) noexcept { return static_cast<T &&>(object); }
 
+}  // namespace functions
 }  // namespace __zor
 
 namespace std {
@@ -42,12 +45,14 @@ template <class T> constexpr T &&forward(typename __zor::without_reference<T>::t
 #else
 
 namespace __zor {
+namespace functions {
 
 template <class Iterator> inline typename std::iterator_traits<Iterator>::reference move_from(Iterator &at) {
   return *at;
 }
 template <class T> inline T &moved(T &object) { return object; }
 
+}  // namespace functions
 }  // namespace __zor
 
 #endif

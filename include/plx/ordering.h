@@ -4,9 +4,11 @@
 #define PLX_ORDERING_H
 
 #include <plx/function_objects.h>
+#include <plx/functions.h>
 #include <plx/type_properties.h>
 
 namespace __zor {
+namespace functions {
 
 struct by_less {
   template <class A, class B> bool operator()(const A &a, const B &b) const { return a < b; }
@@ -37,6 +39,7 @@ template <class Distance> inline int logarithm(Distance n) {
   return bits;
 }
 
+}  // namespace functions
 }  // namespace __zor
 
 #endif

@@ -3,10 +3,12 @@
 #ifndef PLX_PARTITION_H
 #define PLX_PARTITION_H
 
+#include <plx/functions.h>
 #include <plx/rotate.h>
 #include <plx/temporary_buffer.h>
 
 namespace __zor {
+namespace functions {
 
 template <class Iterator, class Predicate>
 Iterator partition(Iterator first, Iterator last, Predicate &predicate, std::forward_iterator_tag) {
@@ -105,6 +107,7 @@ Iterator stable_partition(Iterator first, Iterator last, Predicate &predicate) {
                                        predicate);
 }
 
+}  // namespace functions
 }  // namespace __zor
 
 namespace std {

@@ -3,8 +3,10 @@
 #define PLX_ROTATE_H
 
 #include <plx/algobase.h>
+#include <plx/functions.h>
 
 namespace __zor {
+namespace functions {
 
 template <class Iterator> inline void reverse(Iterator first, Iterator last, std::bidirectional_iterator_tag) {
   while (first != last) {
@@ -129,6 +131,7 @@ template <class Iterator> inline Iterator rotate_range(Iterator first, Iterator 
   return rotation<copied_as_bytes<Iterator, Iterator>::value>::run(first, middle, last);
 }
 
+}  // namespace functions
 }  // namespace __zor
 
 namespace std {

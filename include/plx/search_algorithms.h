@@ -3,6 +3,7 @@
 #define PLX_SEARCH_ALGORITHMS_H
 
 #include <plx/algobase.h>
+#include <plx/functions.h>
 #include <plx/ordering.h>
 
 namespace __zor {
@@ -11,6 +12,8 @@ namespace __zor {
 PLX_API __attribute__((__regparm__(3))) const unsigned int *find_word(const unsigned int *first,
                                                                       const unsigned int *last,
                                                                       unsigned int word) PLX_NOTHROW;
+
+namespace functions {
 
 enum find_road { find_each, find_bytes, find_words, find_blocks };
 
@@ -97,6 +100,7 @@ template <class A, class B, class Equal> A search_each(A first, A last, B other,
   }
 }
 
+}  // namespace functions
 }  // namespace __zor
 
 namespace std {

@@ -7,9 +7,11 @@
 #ifndef PLX_SORT_H
 #define PLX_SORT_H
 
+#include <plx/functions.h>
 #include <plx/heap.h>
 
 namespace __zor {
+namespace functions {
 
 enum { insertion_limit = 24, ninther_limit = 128, patience = 8 };
 
@@ -299,6 +301,7 @@ void select(Iterator first, Iterator nth, Iterator last, Before &before) {
   }
 }
 
+}  // namespace functions
 }  // namespace __zor
 
 namespace std {

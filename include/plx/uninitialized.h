@@ -6,8 +6,10 @@
 #include <new>
 
 #include <plx/algobase.h>
+#include <plx/functions.h>
 
 namespace __zor {
+namespace functions {
 
 template <class T> inline void construct(T *place) {
   ::new (const_cast<void *>(static_cast<const volatile void *>(place))) T();
@@ -155,6 +157,7 @@ template <> struct uninitialized_filler<true> {
   }
 };
 
+}  // namespace functions
 }  // namespace __zor
 
 namespace std {

@@ -3,9 +3,11 @@
 #ifndef PLX_UNWRAP_ITERATOR_H
 #define PLX_UNWRAP_ITERATOR_H
 
+#include <plx/functions.h>
 #include <plx/pointer_iterator.h>
 
 namespace __zor {
+namespace functions {
 
 template <class Iterator> struct unwrapped { typedef Iterator type; };
 template <class T> struct unwrapped<pointer_iterator<T> > { typedef T *type; };
@@ -19,6 +21,7 @@ template <class T> inline pointer_iterator<T> rewrap(const pointer_iterator<T> &
   return pointer_iterator<T>(at);
 }
 
+}  // namespace functions
 }  // namespace __zor
 
 #endif

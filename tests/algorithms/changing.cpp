@@ -276,6 +276,11 @@ static void test_roads() {
   int numbers[5] = {1, 2, 3, 4, 5};
   std::fill(numbers, numbers + 5, numbers[2]);
   CHECK_INT(numbers[4], 3);
+#if !defined(__GLIBCXX__)
+  CHECK(std::fill_n(numbers, 2, 5) == numbers + 2 && std::rotate(numbers, numbers + 2, numbers + 5) == numbers + 3);
+  const counter from_one = {1};
+  CHECK(std::generate_n(numbers, 3, from_one) == numbers + 3);
+#endif
   const int *none = 0;
   CHECK(std::copy(none, none, numbers) == numbers);
   std::vector<bool> bits(10, false);
@@ -318,7 +323,46 @@ static void test_names() {
   CHECK(range.first == things + 4 && range.second == things + 5);
 }
 
+// A program's own functions, called with iterators of the library, are not in competition with internal ones.
+namespace own {
+static int calls;
+template <class I, class Order> void insertion_sort(I, I, Order) { ++calls; }
+template <class I, class Order> void merge_sort(I, I, Order) { ++calls; }
+template <class I> void destroy(I, I) { ++calls; }
+template <class I> void reverse_range(I, I) { ++calls; }
+template <class I, class Out> void move_range(I, I, Out) { ++calls; }
+template <class I> void move_from(I) { ++calls; }
+}  // namespace own
+
+static void test_unqualified_calls() {
+  using namespace std;
+  using namespace own;
+  std::vector<int> v(5, 1);
+  std::string text(3, 'x');
+  less<int> order;
+  insertion_sort(v.begin(), v.end(), order);
+  merge_sort(text.begin(), text.end(), order);
+#if __cplusplus < 201703L  // where the host's std::destroy is another one
+  destroy(v.begin(), v.end());
+#else
+  own::destroy(v.begin(), v.end());
+#endif
+  reverse_range(text.begin(), text.end());
+  move_range(v.begin(), v.end(), v.begin());
+  move_from(v.begin());
+  CHECK_INT(own::calls, 6);
+  CHECK(lower_bound(v.begin(), v.end(), 1, order) == v.begin() && upper_bound(v.begin(), v.end(), 1, order) == v.end());
+  make_heap(v.begin(), v.end(), order);
+  push_heap(v.begin(), v.end(), order);
+  pop_heap(v.begin(), v.end(), order);
+  sort_heap(v.begin(), v.end(), order);
+  inplace_merge(v.begin(), v.begin() + 1, v.end(), order);
+  bool (*odd)(int) = is_odd;
+  CHECK(stable_partition(v.begin(), v.end(), odd) == v.end() && partition(v.begin(), v.end(), odd) == v.end());
+}
+
 int main() {
+  test_unqualified_calls();
   test_overlap<int, int *>();
   test_overlap<element, element *>();
   test_overlap<int, bidirectional_archetype<int> >();
