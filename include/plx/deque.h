@@ -28,7 +28,7 @@ template <class T> struct deque_nothing {
 };
 template <class T> T *deque_nothing<T>::entry = reinterpret_cast<T *>(4096);
 
-template <class T, class Reference, class Pointer> class deque_iterator {
+template <class T, class Reference, class Pointer> class deque_iterator : public std::__iterator_of_std {
 public:
   typedef T value_type;
   typedef std::ptrdiff_t difference_type;
@@ -187,6 +187,7 @@ template <class T, class A = allocator<T> > class PLX_API deque : private A {
   typedef typename A::template rebind<T *>::other map_allocator;
   typedef typename __zor::element_traits<T, A>::plain plain;
   typedef typename __zor::element_traits<T, A>::trivially_destroyed trivially_destroyed;
+  typedef typename __zor::truth<__zor::element_traits<T, A>::standard && __zor::is_scalar<T>::value>::type number;
   typedef __zor::yes yes;
   typedef __zor::no no;
   enum { block = __zor::deque_block };
@@ -313,29 +314,17 @@ public:
 
   // Modifiers. What is inserted may be an element of this deque.
 
-  void push_front(const T &value) {
-    if (__builtin_expect(start_offset_ != 0, 1)) {
-      A::construct(*start_node_ + (start_offset_ - 1), value);
-      --start_offset_;
-    } else {
-      push_front_into_new<typename __zor::passed<T>::type>(value);
-    }
-  }
-  void push_back(const T &value) {
-    if (__builtin_expect(finish_ != finish_limit_, 1)) {
-      A::construct(finish_, value);
-      ++finish_;
-    } else {
-      push_back_before_new<typename __zor::passed<T>::type>(value);
-    }
-  }
+  void push_front(const T &value) { push_front(value, number()); }
+  void push_back(const T &value) { push_back(value, number()); }
   void pop_front() {
     A::destroy(*start_node_ + start_offset_);
-    if (++start_offset_ == block) {
+    unsigned long next = start_offset_ + 1;
+    if (__builtin_expect(next == block, 0)) {
       source::give(alloc(), *start_node_);
       ++start_node_;
-      start_offset_ = 0;
+      next = 0;
     }
+    start_offset_ = next;
   }
   void pop_back() {
     if (finish_ == *finish_node_) {
@@ -523,49 +512,88 @@ private:
     bool in_front_;
   };
 
-  // Once in 20 pushes. Templates, so that the program has them itself also where the library carries the deque: its
-  // pool is nearer than the library's.
-  template <class V> __attribute__((__noinline__, __regparm__(2))) void push_back_before_new(V value) {
-    if (__builtin_expect(finish_node_ + 1 == map_end_, 0)) {
-      if (map_) {
-        reserve_entries(1, false);
-      } else {
-        begin_in_middle();
-        push_back(value);
-        return;
-      }
+  // Pushing numbers has one way of writing the element and the end, so that in a loop the end stays in a register. What
+  // comes once in 20 pushes is a template, so that the program has it itself also where the library carries the deque:
+  // its pool is nearer than the library's.
+
+  void push_back(const T &value, yes) {
+    const T copy = value;
+    T *at = finish_, *next = at + 1;
+    if (__builtin_expect(at == finish_limit_, 0)) {
+      next = next_block<T>();
+      if (at == nothing::entry) at = next++;
     }
-    push_back_before_new(value, plain());
+    *at = copy;
+    finish_ = next;
   }
-  void push_back_before_new(const T &value, yes) {
+  // Where the next element but one goes; in an empty deque, the next.
+  template <class> __attribute__((__noinline__, __regparm__(1))) T *next_block() {
+    if (__builtin_expect(finish_node_ + 1 == map_end_, 0)) {
+      if (!map_) {
+        begin_in_middle();
+        return finish_;
+      }
+      reserve_entries(1, false);
+    }
     T *const made = source::take(alloc());
-    finish_node_[1] = made;
-    A::construct(finish_, value);
-    set_finish(made, finish_node_ + 1);
+    *++finish_node_ = made;
+    finish_limit_ = made + (block - 1);
+    return made;
   }
-  void push_back_before_new(const T &value, no) {
+  void push_back(const T &value, no) {
+    if (__builtin_expect(finish_ != finish_limit_, 1)) {
+      A::construct(finish_, value);
+      ++finish_;
+    } else {
+      push_back_before_new(value);
+    }
+  }
+  __attribute__((__noinline__)) void push_back_before_new(const T &value) {
+    if (!map_) {
+      begin_in_middle();
+      push_back(value);
+      return;
+    }
+    if (finish_node_ + 1 == map_end_) reserve_entries(1, false);
     new_block made(*this);
     A::construct(finish_, value);
     finish_node_[1] = made.keep();
     set_finish(finish_node_[1], finish_node_ + 1);
   }
-  template <class V> __attribute__((__noinline__, __regparm__(2))) void push_front_into_new(V value) {
+
+  void push_front(const T &value, yes) {
+    const T copy = value;
+    if (__builtin_expect(start_offset_ == 0, 0)) previous_block<T>();
+    const unsigned long offset = start_offset_ - 1;
+    (*start_node_)[offset] = copy;
+    start_offset_ = offset;
+  }
+  template <class> __attribute__((__noinline__, __regparm__(1))) void previous_block() {
     if (__builtin_expect(start_node_ == map_, 0)) {
       reserve_entries(1, true);
     } else if (__builtin_expect(!map_, 0)) {
       begin_in_middle();
+      return;
+    }
+    T *const made = source::take(alloc());
+    *--start_node_ = made;
+    start_offset_ = block;
+  }
+  void push_front(const T &value, no) {
+    if (__builtin_expect(start_offset_ != 0, 1)) {
+      A::construct(*start_node_ + (start_offset_ - 1), value);
+      --start_offset_;
+    } else {
+      push_front_into_new(value);
+    }
+  }
+  __attribute__((__noinline__)) void push_front_into_new(const T &value) {
+    if (!map_) {
+      begin_in_middle();
       push_front(value);
       return;
     }
-    push_front_into_new(value, plain());
-  }
-  void push_front_into_new(const T &value, yes) {
-    T *const made = source::take(alloc());
-    A::construct(made + (block - 1), value);
-    *--start_node_ = made;
-    start_offset_ = block - 1;
-  }
-  void push_front_into_new(const T &value, no) {
+    if (start_node_ == map_) reserve_entries(1, true);
     new_block made(*this);
     A::construct(made.get() + (block - 1), value);
     *--start_node_ = made.keep();
@@ -627,7 +655,7 @@ private:
     made_range(deque &d, const iterator &first) : at(first), deque_(d), first_(first) {}
     ~made_range() { deque_.destroy_between(first_, at); }
     template <class Iterator> void add(Iterator first, const Iterator &last) {
-      for (; first != last; ++first, ++at) deque_.A::construct(at.cur, *first);
+      for (; first != last; ++first, (void)++at) deque_.A::construct(at.cur, *first);
     }
     void keep() { first_ = at; }
     iterator at;
@@ -732,7 +760,7 @@ private:
     start_offset_ = static_cast<size_type>(at.cur - *at.node);
   }
   template <class Iterator> static void assign_each(iterator at, Iterator first, const Iterator &last) {
-    for (; first != last; ++first, ++at) *at = *first;
+    for (; first != last; ++first, (void)++at) *at = *first;
   }
 
   // ---- Assignment.
@@ -748,7 +776,7 @@ private:
   }
   template <class Iterator> void assign_by(Iterator first, Iterator last, input_iterator_tag) {
     iterator at = begin();
-    for (; first != last && at != end(); ++first, ++at) *at = *first;
+    for (; first != last && at != end(); ++first, (void)++at) *at = *first;
     cut_back(at);
     for (; first != last; ++first) push_back(*first);
   }
@@ -756,10 +784,10 @@ private:
     const size_type now = size();
     iterator at = begin();
     if (n <= now) {
-      for (; first != last; ++first, ++at) *at = *first;
+      for (; first != last; ++first, (void)++at) *at = *first;
       cut_back(at);
     } else {
-      for (size_type i = 0; i < now; ++i, ++first, ++at) *at = *first;
+      for (size_type i = 0; i < now; ++i, (void)++first, (void)++at) *at = *first;
       insert_sized(end(), first, last, n - now);
     }
   }

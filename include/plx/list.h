@@ -36,7 +36,7 @@ inline void list_transfer(list_links *at, list_links *first, list_links *last) P
   list_link(end, at);
 }
 
-template <class T, class Reference, class Pointer> class list_iterator {
+template <class T, class Reference, class Pointer> class list_iterator : public std::__iterator_of_std {
 public:
   typedef T value_type;
   typedef std::ptrdiff_t difference_type;
@@ -49,7 +49,7 @@ public:
   template <class P> list_iterator(const list_iterator<T, T &, P> &other) PLX_NOTHROW : node(other.node) {}
 
   Reference operator*() const PLX_NOTHROW { return static_cast<list_node<T> *>(node)->value; }
-  Pointer operator->() const PLX_NOTHROW { return address_of(static_cast<list_node<T> *>(node)->value); }
+  Pointer operator->() const PLX_NOTHROW { return __zor::address_of(static_cast<list_node<T> *>(node)->value); }
   list_iterator &operator++() PLX_NOTHROW {
     node = node->next;
     return *this;
@@ -447,7 +447,7 @@ private:
   template <class Iterator> void assign_range(Iterator first, Iterator last, no) { assign_each(first, last); }
   template <class Iterator> void assign_each(Iterator first, Iterator last) {
     links *at = head_.next;
-    for (; first != last && at != &head_; ++first, at = at->next) value_of(at) = *first;
+    for (; first != last && at != &head_; (void)++first, at = at->next) value_of(at) = *first;
     if (first == last)
       erase(iterator(at), end());
     else

@@ -150,12 +150,12 @@ template <class T, class Compare> bool list_sort_by_array(list_links *head, size
     to[n + static_cast<size_t>(i)].set(head->next);
   }
 
-  for (size_t i = 0; i < n; i += list_run) list_sort_run(from + i, from + (n - i < list_run ? n : i + list_run), before);
+  for (size_t i = 0; i < n; i += list_run) __zor::list_sort_run(from + i, from + (n - i < list_run ? n : i + list_run), before);
   for (size_t run = list_run; run < n; run *= 2) {
     for (size_t i = 0; i < n;) {
       const size_t middle = n - i > run ? i + run : n;
       const size_t end = n - middle > run ? middle + run : n;
-      list_merge(from + i, from + middle, from + end, to + i, before);
+      __zor::list_merge(from + i, from + middle, from + end, to + i, before);
       i = end;
     }
     entry *const other = from;

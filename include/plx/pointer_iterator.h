@@ -5,13 +5,21 @@
 
 #include <plx/iterator_base.h>
 
+namespace std {
+
+// Base of the library's iterators, whose classes live elsewhere: for its sake an unqualified sort(v.begin(), v.end())
+// finds std::sort, as programs expect that know iterators of namespace std.
+struct __iterator_of_std {};
+
+}  // namespace std
+
 namespace __zor {
 
 // Only from T to const T.
 template <class To, class From> struct adds_const {};
 template <class T> struct adds_const<const T, T> { typedef int type; };
 
-template <class T> class pointer_iterator {
+template <class T> class pointer_iterator : public std::__iterator_of_std {
 public:
   typedef typename std::iterator_traits<T *>::value_type value_type;
   typedef std::ptrdiff_t difference_type;

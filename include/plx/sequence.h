@@ -58,7 +58,7 @@ template <class T, class A> inline void destroy_range(A &a, T *first, T *last, n
   for (; first != last; ++first) a.destroy(first);
 }
 template <class T, class A> inline void destroy_range(A &a, T *first, T *last) {
-  destroy_range(a, first, last, typename element_traits<T, A>::trivially_destroyed());
+  __zor::destroy_range(a, first, last, typename element_traits<T, A>::trivially_destroyed());
 }
 
 // ---- Making ---------------------------------------------------------------------------------------------------------
@@ -67,7 +67,7 @@ template <class T, class A> inline void destroy_range(A &a, T *first, T *last) {
 template <class T, class A> class made_elements {
 public:
   made_elements(A &a, T *const &first) : allocator_(a), first_(first), at(first) {}
-  ~made_elements() { destroy_range(allocator_, first_, at); }
+  ~made_elements() { __zor::destroy_range(allocator_, first_, at); }
 
   template <class U> void add(const U &value) {
     allocator_.construct(at, value);
@@ -103,12 +103,12 @@ template <class T, class A, class Iterator> inline T *make_copies(A &a, T *to, I
 }
 template <class T, class A, class Iterator> inline T *make_copies_of(A &a, T *to, Iterator first, Iterator last) {
   typedef element_traits<T, A> traits;
-  return make_copies(
+  return __zor::make_copies(
       a, to, first, last,
       typename truth<same_type<typename traits::plain, yes>::value && is_array_of<Iterator, T>::value>::type());
 }
 template <class T, class A, class Iterator> inline T *make_copies(A &a, T *to, Iterator first, Iterator last) {
-  return make_copies_of(a, to, unwrap(first), unwrap(last));
+  return __zor::make_copies_of(a, to, __zor::unwrap(first), __zor::unwrap(last));
 }
 
 template <class T, class A> inline T *make_filled(A &a, T *to, size_t n, const T &value, no) {
@@ -125,7 +125,7 @@ template <class T, class A> inline T *make_filled(A &, T *to, size_t n, const T 
   return to;
 }
 template <class T, class A> inline T *make_filled(A &a, T *to, size_t n, const T &value) {
-  return make_filled(a, to, n, value, typename element_traits<T, A>::plain());
+  return __zor::make_filled(a, to, n, value, typename element_traits<T, A>::plain());
 }
 
 // A copy that is moved elsewhere as bytes afterwards, or destroyed when that did not happen.

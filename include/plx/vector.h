@@ -473,13 +473,13 @@ private:
     if (tail > n) {
       storage_.last = __zor::make_copies(alloc(), end, static_cast<const T *>(end - n), static_cast<const T *>(end));
       for (T *to = end, *from = end - n; from != at;) *--to = *--from;
-      for (; first != last; ++first, ++at) *at = *first;
+      for (; first != last; ++first, (void)++at) *at = *first;
     } else {
       Iterator middle = first;
       std::advance(middle, static_cast<difference_type>(tail));
       storage_.last = __zor::make_copies(alloc(), end, middle, last);
       storage_.last = __zor::make_copies(alloc(), storage_.last, static_cast<const T *>(at), static_cast<const T *>(end));
-      for (; first != middle; ++first, ++at) *at = *first;
+      for (; first != middle; ++first, (void)++at) *at = *first;
     }
   }
 
@@ -511,7 +511,7 @@ private:
   }
   template <class Iterator> void assign_by(Iterator first, Iterator last, input_iterator_tag) {
     T *to = storage_.first;
-    for (; first != last && to != storage_.last; ++first, ++to) *to = *first;
+    for (; first != last && to != storage_.last; ++first, (void)++to) *to = *first;
     cut(to);
     for (; first != last; ++first) push_back(*first);
   }
@@ -547,10 +547,10 @@ private:
   template <class Iterator> void assign_within(Iterator first, Iterator last, size_type n, no) {
     T *to = storage_.first;
     if (n > size()) {
-      for (; to != storage_.last; ++first, ++to) *to = *first;
+      for (; to != storage_.last; ++first, (void)++to) *to = *first;
       storage_.last = __zor::make_copies(alloc(), storage_.last, first, last);
     } else {
-      for (; first != last; ++first, ++to) *to = *first;
+      for (; first != last; ++first, (void)++to) *to = *first;
       cut(to);
     }
   }
@@ -564,7 +564,7 @@ private:
     storage_.last = first + (end - last);
   }
   void close(T *first, T *last, no) {
-    for (; last != storage_.last; ++first, ++last) *first = *last;
+    for (; last != storage_.last; ++first, (void)++last) *first = *last;
     cut(first);
   }
 

@@ -43,7 +43,7 @@ inline void swap(bit_reference a, bit_reference b) PLX_NOTHROW {
 }
 
 // A place among bits: Reference is bit_reference, or bool for the constant one.
-template <class Reference, class Pointer> class bit_iterator {
+template <class Reference, class Pointer> class bit_iterator : public std::__iterator_of_std {
 public:
   typedef bool value_type;
   typedef std::ptrdiff_t difference_type;
