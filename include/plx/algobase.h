@@ -80,7 +80,7 @@ template <class A, class B> inline B swap_ranges(A first, A last, B other) {
 namespace __zor {
 namespace functions {
 
-// ---- Copies of bytes -------------------------------------------------------------------------------------------------
+// ---- Copies of bytes -----------------------------------------------------------------------------------------------
 
 template <class T> inline void move_bytes(T *to, const T *from, std::size_t n) {
   if (n != 0) memmove(static_cast<void *>(to), static_cast<const void *>(from), n * sizeof(T));
@@ -93,7 +93,7 @@ template <class T> struct copied_as_bytes<const T *, T *> {
   static const bool value = is_assigned_as_bytes<T, const T &>::value;
 };
 
-// ---- copy, copy_backward ----------------------------------------------------------------------------------------------
+// ---- copy, copy_backward -------------------------------------------------------------------------------------------
 
 // The internal forms take unwrapped iterators. The moving ones may move from the elements, where the dialect can.
 template <bool moving> struct transfer {
@@ -257,7 +257,7 @@ template <class In, class Out> inline Out copy_backward(In first, In last, Out o
 namespace __zor {
 namespace functions {
 
-// ---- fill, fill_n ------------------------------------------------------------------------------------------------------
+// ---- fill, fill_n --------------------------------------------------------------------------------------------------
 
 enum fill_road { fill_each, fill_scalars, fill_bytes, fill_blocks };
 
@@ -339,7 +339,7 @@ template <class Out, class Size, class T> inline Out fill_n(Out first, Size n, c
 namespace __zor {
 namespace functions {
 
-// ---- equal, mismatch, lexicographical_compare ---------------------------------------------------------------------------
+// ---- equal, mismatch, lexicographical_compare ----------------------------------------------------------------------
 
 template <class A, class B> struct compared_as_bytes { static const bool value = false; };
 template <class T, class U> struct compared_as_bytes<T *, U *> {

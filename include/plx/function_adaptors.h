@@ -147,7 +147,7 @@ template <class A, class B, class R> inline pointer_to_binary_function<A, B, R> 
   return pointer_to_binary_function<A, B, R>(function);
 }
 
-// ---- Members: through a pointer (mem_fun) or a reference (mem_fun_ref), of none or one argument, const or not ----------
+// ---- Members: through a pointer (mem_fun) or a reference (mem_fun_ref), of none or one argument, const or not ------
 
 template <class R, class T> class mem_fun_t : public unary_function<T *, R> {
 public:

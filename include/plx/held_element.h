@@ -51,7 +51,7 @@ template <class T, class Before> struct sorted_pointers_as<T, Before, true> {
 template <class T, class Before> struct sorted_as<T *, Before>
     : public sorted_pointers_as<T, Before, is_relocatable<T>::value && !is_plain<T>::value> {};
 
-// ---- An element taken out of its place ----------------------------------------------------------------------------------
+// ---- An element taken out of its place -----------------------------------------------------------------------------
 
 // The element's value waits here while others move into the hole that it left. When a comparison throws, the hole keeps
 // some valid value; bytes must go back, or an object would be lost and another one there twice.

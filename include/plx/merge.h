@@ -13,7 +13,7 @@
 namespace __zor {
 namespace functions {
 
-// ---- The buffer's values ---------------------------------------------------------------------------------------------------
+// ---- The buffer's values -------------------------------------------------------------------------------------------
 
 // Holds values moved out of a range while they are merged back. When a comparison throws, bytes must fill the gap that
 // they left, or objects would be lost; other values are only destroyed.
@@ -155,7 +155,7 @@ void merge_neighbours(Iterator first, Iterator middle, Iterator last, Distance m
   }
 }
 
-// ---- stable_sort -------------------------------------------------------------------------------------------------------------
+// ---- stable_sort ---------------------------------------------------------------------------------------------------
 
 // Insertion of six costs at most 15 comparisons; with more, the whole could need more than n log n. Scalars are beyond
 // that, and insertion is the fastest for some more of them.
@@ -203,7 +203,8 @@ template <bool descending, class T> void sort_by_digits(T *first, std::size_t n,
   std::size_t counts[sizeof(T)][256];
   memset(counts, 0, sizeof counts);
   for (std::size_t i = 0; i < n; ++i)
-    for (unsigned int k = 0; k < sizeof(T); ++k) ++counts[k][__zor::digit_of<descending>(first[i], static_cast<int>(k * 8))];
+    for (unsigned int k = 0; k < sizeof(T); ++k)
+      ++counts[k][__zor::digit_of<descending>(first[i], static_cast<int>(k * 8))];
   T *from = first, *to = buffer;
   for (unsigned int k = 0; k < sizeof(T); ++k) {
     const int shift = static_cast<int>(k * 8);
@@ -254,7 +255,7 @@ template <> struct stable_sorter<true> {
   }
 };
 
-// ---- inplace_merge -------------------------------------------------------------------------------------------------------
+// ---- inplace_merge -------------------------------------------------------------------------------------------------
 
 template <class Iterator, class Before>
 void inplace_merge(Iterator first, Iterator middle, Iterator last, Before &before) {

@@ -65,7 +65,7 @@ template <class Iterator, class Before> void choose_pivot(Iterator first, Iterat
   std::iter_swap(first, first + half);
 }
 
-// ---- Partitions ----------------------------------------------------------------------------------------------------------
+// ---- Partitions ----------------------------------------------------------------------------------------------------
 
 template <class Iterator> struct partitioned_by_blocks { static const bool value = false; };
 template <class T> struct partitioned_by_blocks<T *> {
@@ -217,7 +217,7 @@ template <class Iterator> void stir(Iterator first, Iterator last) {
   std::iter_swap(last - 3, last - (quarter + 2));
 }
 
-// ---- sort, nth_element ---------------------------------------------------------------------------------------------------
+// ---- sort, nth_element ---------------------------------------------------------------------------------------------
 
 template <class Iterator, class Before> inline void heap_sort(Iterator first, Iterator last, Before &before) {
   __zor::make_heap(first, last, before);

@@ -76,7 +76,7 @@ private:
   typename Allocator::size_type n_;
 };
 
-// ---- Copies ------------------------------------------------------------------------------------------------------------
+// ---- Copies --------------------------------------------------------------------------------------------------------
 
 template <class In, class Out> struct made_by_assignment {
   // Numbers are made by assigning to them, whatever the iterators are.
@@ -127,7 +127,7 @@ template <class In, class Out> inline Out uninitialized_move(In first, In last, 
       out, __zor::uninitialized_copy_range<true>(__zor::unwrap(first), __zor::unwrap(last), __zor::unwrap(out)));
 }
 
-// ---- Fills -------------------------------------------------------------------------------------------------------------
+// ---- Fills ---------------------------------------------------------------------------------------------------------
 
 template <class T, class V> struct made_by_fill {
   static const bool value = (is_arithmetic<T>::value && is_arithmetic<V>::value) ||

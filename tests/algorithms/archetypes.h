@@ -10,7 +10,7 @@
 
 #include "harness.h"
 
-// ---- Random numbers, the same in every run ---------------------------------------------------------------------------
+// ---- Random numbers, the same in every run -------------------------------------------------------------------------
 
 static unsigned long random_state = 12345;
 static TEST_UNUSED unsigned int random_below(unsigned int limit) {
@@ -18,7 +18,7 @@ static TEST_UNUSED unsigned int random_below(unsigned int limit) {
   return static_cast<unsigned int>((random_state & 0xFFFFFFFFul) >> 8) % limit;
 }
 
-// ---- Iterators -----------------------------------------------------------------------------------------------------------
+// ---- Iterators -----------------------------------------------------------------------------------------------------
 
 // Single pass: copies share one position, and only an iterator that stands there may be used.
 template <class T> class input_archetype {
@@ -185,7 +185,7 @@ template <class T> T *base_of(bidirectional_archetype<T> at) { return at.base();
 template <class T> T *base_of(random_archetype<T> at) { return at.base(); }
 template <class T> T *base_of(output_archetype<T> at) { return at.base(); }
 
-// ---- Elements ----------------------------------------------------------------------------------------------------------
+// ---- Elements ------------------------------------------------------------------------------------------------------
 
 static long live_elements TEST_UNUSED;
 static long element_copies TEST_UNUSED;
