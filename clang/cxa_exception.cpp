@@ -1,5 +1,5 @@
-// The entry points that clang's code calls to throw, to handle and to go on unwinding (C++ ABI, part 2; the
-// setjmp/longjmp forms are LLVM's). One throw is one entry of the throw stack, whoever throws.
+// The entry points that clang's code calls to throw, to handle and to go on unwinding (the C++ ABI's
+// exception handling; the setjmp/longjmp forms are LLVM's). One throw is one entry of the throw stack, whoever throws.
 
 #include <plx/config.h>
 

@@ -48,6 +48,7 @@ void report_uncaught_exception() {
   char name[512];
   type_name(thrown, name, sizeof name);
   const char *text = thrown->destroyed ? nullptr : message(thrown);
+  if (text && !*text) text = nullptr;
   print(line, sizeof line,
         snprintf(line, sizeof line, "plx: uncaught exception of type %s%s%s\n", name, text ? ": " : "",
                  text ? text : ""));

@@ -2,6 +2,10 @@
 // A thin shell over the core in string_core.h; what is on a hot path is inline, the rest of string is instantiated in
 // the library.
 //
+// A position above size() throws out_of_range ("Out of range exception occurred"), a length of npos or more
+// length_error ("Length exception occurred"), and what needs memory bad_alloc; a member that throws has changed nothing.
+// Every modifier ends the use of iterators, references and c_str() from before.
+//
 // Where it differs from the 1998 class on purpose: an empty pattern is never found, a constructor reports the length
 // npos as out of range, and inserting nothing skips the range check. docs/deviations.md has the list.
 #ifndef PLX_BASIC_STRING_H

@@ -238,7 +238,7 @@ extern FILE *__f_debug;                          /* where assertion messages go;
 extern void (*__default_terminate_routine)(void);
 extern void (*__default_unexpected_routine)(void);
 extern int __ZOR_PLX_3_3_eh; /* marker of this exception model and version; nobody reads it */
-extern const char *__PLX_Library_Version_String;
+extern const char *__PLX_Library_Version_String; /* the library's name, version and build date, for people */
 
 /* ------------------------------------------------------------------------------------------------------------
  * Throwing and handling

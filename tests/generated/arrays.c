@@ -400,8 +400,21 @@ static void check_silent_abort(void (*body)(void)) {
   CHECK_TEXT(child.text, "");
 }
 
+/* 0x20000001 elements of 8 bytes are 8 bytes in 32 bits: they must not fit into a small block. */
+static void too_many(void) {
+  refuse = 1;
+  CHECK(__vec_new(0, 0x20000001u, 8, 0) == 0);
+  refuse = 0;
+  CHECK_TRACE("new[](4294967295)");
+}
+static void no_element_size(void) {
+  unsigned words[4] = {0, ~1u, 0, 0};
+  __vec_delete(words + 2, PLX_COUNT_FROM_COOKIE, 0, 0, 0);
+}
+
 int main(void) {
   constructed();
+  too_many();
   construction_fails();
   destruction();
   nested_arrays();
@@ -416,5 +429,6 @@ int main(void) {
   check_silent_abort(bad_count);
   check_silent_abort(other_size);
   check_silent_abort(not_from_vec_new);
+  check_silent_abort(no_element_size);
   return TEST_RESULT();
 }

@@ -114,11 +114,19 @@ static void check_line(void (*body)(void), int line, int source_line) {
 }
 #define CHECK_LINE(body, line) check_line(body, line, __LINE__)
 
+/* A try block without a clause list, and a specification outside it: the search could not end. */
+static void specification_outside_bare_try(void) {
+  an_eh_stack_entry specification, entry;
+  EMIT_SPECIFICATION(specification, catch_int);
+  EMIT_TRY(entry, 0) { throw_int(1); }
+}
+
 int main(void) {
   CHECK_LINE(caught_on_empty_stack, 849);
   CHECK_LINE(caught_without_marker, 849);
   CHECK_LINE(throw_without_marker, 916);
   CHECK_LINE(unknown_kind, 1003);
+  CHECK_LINE(specification_outside_bare_try, 1003);
   CHECK_LINE(unknown_kind_while_unwinding, 1055);
   CHECK_LINE(head_changed_while_unwinding, 1099);
   CHECK_LINE(free_nothing, 1387);

@@ -296,8 +296,9 @@ int main() {
       if (model[i]) model_release(model[i]);
       model[i] = model_make("start", 5);
     }
+    const int failures = test_failures;
     for (unsigned int i = 0; i < 5000; ++i) step();
-    CHECK(true);
+    CHECK_INT(test_failures, failures);
   }
   return TEST_RESULT();
 }
