@@ -17,7 +17,7 @@ public:
   virtual const __pbase_type_info *as_any_pointer() const;  // also pointers to members
   virtual bool is_function() const;
 
-  const char *encoded_name() const { return name_; }
+  const char *encoded_name() const { return _name_; }
 };
 
 class PLX_API __fundamental_type_info : public abi_type_info {

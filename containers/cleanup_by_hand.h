@@ -8,6 +8,6 @@
 
 namespace __zor {
 
-template <class Guard> using cleanup = eh_local<Guard>;
+template <class Guard> using _cleanup = eh_local<Guard>;
 
 }  // namespace __zor

@@ -6,6 +6,7 @@
 #include <stdint.h>
 
 #include "../libC/replaced_new.h"
+#include "../libC/sanitizer.h"
 
 namespace __zor {
 
@@ -16,15 +17,6 @@ namespace {
 constexpr unsigned first_chunk = 2048;
 constexpr unsigned largest_chunk = 65536;
 constexpr unsigned batch_bytes = 1024;
-
-// Under the address sanitizer each node is a block of its own, so that it is watched.
-#if defined(__SANITIZE_ADDRESS__)
-#define EVERY_NODE_IS_WATCHED true
-#elif defined(__has_feature)
-#define EVERY_NODE_IS_WATCHED __has_feature(address_sanitizer)
-#else
-#define EVERY_NODE_IS_WATCHED false
-#endif
 
 bool asked;
 char *fresh;  // the part of the last chunk that was never handed out
@@ -61,10 +53,11 @@ void get_chunk() {
 
 void *take_fresh_node(unsigned bytes) {
   if (!asked) {
-    node_pool.pooled = !EVERY_NODE_IS_WATCHED && !operator_new_is_replaced();
+    // Under the address sanitizer each node is a block of its own, so that it is watched.
+    node_pool._pooled = !PLX_ADDRESS_SANITIZER && !operator_new_is_replaced();
     asked = true;
   }
-  if (!node_pool.pooled || bytes > largest_pooled_node) return operator new(bytes);
+  if (!node_pool._pooled || bytes > largest_pooled_node) return operator new(bytes);
 
   bytes = (bytes + node_step - 1) & ~(node_step - 1u);
   if (fresh_bytes < bytes) get_chunk();

@@ -8,18 +8,18 @@ namespace std {
 __random_generator __vexil_rd(161803398);
 
 void __random_generator::seed(unsigned long s) PLX_NOTHROW {
-  table_[size - 1] = static_cast<unsigned int>(s);
+  _table_[size - 1] = static_cast<unsigned int>(s);
   unsigned int k = 1, j = static_cast<unsigned int>(s);
   for (unsigned int i = 0; i < size; ++i) {
-    unsigned int &word = table_[21 * i % size];
+    unsigned int &word = _table_[21 * i % size];
     word = k;
     k = j - k;
     j = word;
   }
   for (int pass = 0; pass < 4; ++pass)
-    for (unsigned int i = 0; i < size; ++i) table_[i] -= table_[(i + 31) % size];
-  index1_ = 0;
-  index2_ = 31;
+    for (unsigned int i = 0; i < size; ++i) _table_[i] -= _table_[(i + 31) % size];
+  _index1_ = 0;
+  _index2_ = 31;
 }
 
 unsigned long __random_generator::operator()(unsigned long limit) PLX_NOTHROW {

@@ -24,28 +24,28 @@ template <class Source> std::string *heap_string(const Source &source) {
 
 namespace std {
 
-exception::exception(const char *text) : message_(heap_string(text)), has_message_(true) {}
+exception::exception(const char *text) : _message_(heap_string(text)), _has_message_(true) {}
 
-exception::exception(const string &text) : message_(heap_string(text)), has_message_(true) {}
+exception::exception(const string &text) : _message_(heap_string(text)), _has_message_(true) {}
 
-exception::exception(const exception &other) : message_(nullptr), has_message_(other.has_message_) {
-  if (has_message_) message_ = heap_string(other.what());
+exception::exception(const exception &other) : _message_(nullptr), _has_message_(other._has_message_) {
+  if (_has_message_) _message_ = heap_string(other.what());
 }
 
 exception &exception::operator=(const exception &other) {
   if (this == &other) return *this;
-  string *copied = other.has_message_ ? heap_string(other.what()) : nullptr;
-  if (has_message_) delete message_;
-  message_ = copied;
-  has_message_ = copied != nullptr;
+  string *copied = other._has_message_ ? heap_string(other.what()) : nullptr;
+  if (_has_message_) delete _message_;
+  _message_ = copied;
+  _has_message_ = copied != nullptr;
   return *this;
 }
 
 exception::~exception() PLX_NOTHROW {
-  if (has_message_) delete message_;
+  if (_has_message_) delete _message_;
 }
 
-const char *exception::what() const PLX_NOTHROW { return has_message_ ? message_->c_str() : ""; }
+const char *exception::what() const PLX_NOTHROW { return _has_message_ ? _message_->c_str() : ""; }
 
 void exception::__issue_msg_to_stderr(const char *text) {
 #pragma GCC diagnostic push

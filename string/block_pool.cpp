@@ -35,8 +35,8 @@ bool is_bypassed() {
 b_str_ref *describe(void *memory, unsigned bytes, unsigned special) {
   b_str_ref *rep = static_cast<b_str_ref *>(memory);
   rep->data = own_buffer(rep);
-  rep->room = bytes - static_cast<unsigned>(sizeof *rep);
-  rep->block = bytes | special;
+  rep->_room = bytes - static_cast<unsigned>(sizeof *rep);
+  rep->_block = bytes | special;
   return rep;
 }
 
@@ -85,7 +85,7 @@ void give_block(void *memory, unsigned bytes) PLX_NOTHROW {
 }
 
 b_str_ref *extend_block(b_str_ref *rep, unsigned bytes) {
-  if ((rep->block & ~block_is_special) <= largest_pooled || rep->data != own_buffer(rep) || is_bypassed())
+  if ((rep->_block & ~block_is_special) <= largest_pooled || rep->data != own_buffer(rep) || is_bypassed())
     return nullptr;
   void *memory = realloc(reinterpret_cast<char *>(rep) - shift, bytes + shift);
   return memory ? describe(static_cast<char *>(memory) + shift, bytes, block_is_special) : nullptr;

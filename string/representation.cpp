@@ -55,8 +55,8 @@ b_str_ref *extend_representation(b_str_ref *rep, unsigned capacity, unsigned roo
 }
 
 void free_special_representation(b_str_ref *rep) PLX_NOTHROW {
-  if (rep->data != own_buffer(rep)) give_block(rep->data, rep->room);
-  give_block(rep, rep->block & ~block_is_special);
+  if (rep->data != own_buffer(rep)) give_block(rep->data, rep->_room);
+  give_block(rep, rep->_block & ~block_is_special);
 }
 
 b_str_ref *string_make(const char *text, unsigned n) {
@@ -122,7 +122,7 @@ void string_reserve(b_str_ref *&rep, unsigned n) {
   if (rep->capacity >= n) return;
   const unsigned capacity = capacity_for(n);
   if (capacity - 1u >= largest_capacity) out_of_memory();
-  if (rep == &null_representation || capacity < rep->room) {
+  if (rep == &null_representation || capacity < rep->_room) {
     rep->capacity = capacity;
   } else if (string_is_private(rep)) {
     b_str_ref *made = make_representation(capacity);
@@ -136,10 +136,10 @@ void string_reserve(b_str_ref *&rep, unsigned n) {
     const unsigned bytes = in_steps(capacity + 1);
     char *buffer = reinterpret_cast<char *>(take_block(bytes));
     memcpy(buffer, rep->data, rep->length + 1);
-    if (rep->data != own_buffer(rep)) give_block(rep->data, rep->room);
-    rep->block |= block_is_special;
+    if (rep->data != own_buffer(rep)) give_block(rep->data, rep->_room);
+    rep->_block |= block_is_special;
     rep->data = buffer;
-    rep->room = bytes;
+    rep->_room = bytes;
     rep->capacity = capacity;
   }
 }

@@ -111,7 +111,7 @@ inline void set_length(b_str_ref *rep, unsigned length) {
 
 PLX_STRING_HIDDEN void free_special_representation(b_str_ref *rep) PLX_NOTHROW;
 [[gnu::always_inline]] inline void free_representation(b_str_ref *rep) PLX_NOTHROW {
-  const unsigned bytes = rep->block;
+  const unsigned bytes = rep->_block;
   if (__builtin_expect(bytes & block_is_special, false)) return free_special_representation(rep);
   free_block *block = reinterpret_cast<free_block *>(rep);
   free_block *&head = string_pool.free[bytes / block_step];
@@ -130,7 +130,7 @@ inline void take_over(b_str_ref *&rep, b_str_ref *made) {
 
 // The room to ask for when a representation outgrows its own: twice as much, so that appending is linear in all.
 inline unsigned grown_room(const b_str_ref *rep) {
-  return rep->room < 0x30000000 ? 2 * rep->room : rep->room + rep->room / 8;
+  return rep->_room < 0x30000000 ? 2 * rep->_room : rep->_room + rep->_room / 8;
 }
 
 [[gnu::always_inline]] inline b_str_ref *make_text(const char *text, unsigned n) {
@@ -144,7 +144,7 @@ inline unsigned grown_room(const b_str_ref *rep) {
 
 // A private representation can hold n characters at this capacity without a new block.
 inline bool has_room(const b_str_ref *rep, unsigned n, unsigned capacity) {
-  return n < rep->room && capacity < rep->room;
+  return n < rep->_room && capacity < rep->_room;
 }
 
 // The representation that all empty strings share; static, never freed.

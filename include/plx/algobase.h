@@ -14,419 +14,425 @@
 
 namespace std {
 
-template <class T> inline void swap(T &a, T &b) {
-  T held(__zor::moved(a));
-  a = __zor::moved(b);
-  b = __zor::moved(held);
+template <class _T> inline void swap(_T &_a, _T &_b) {
+  _T _held(__zor::_moved(_a));
+  _a = __zor::_moved(_b);
+  _b = __zor::_moved(_held);
 }
 
-template <class T> inline const T &(min)(const T &a, const T &b) { return b < a ? b : a; }
-template <class T> inline const T &(max)(const T &a, const T &b) { return a < b ? b : a; }
-template <class T, class Compare> inline const T &(min)(const T &a, const T &b, Compare before) {
-  return before(b, a) ? b : a;
+template <class _T> inline const _T &(min)(const _T &_a, const _T &_b) { return _b < _a ? _b : _a; }
+template <class _T> inline const _T &(max)(const _T &_a, const _T &_b) { return _a < _b ? _b : _a; }
+template <class _T, class _Compare> inline const _T &(min)(const _T &_a, const _T &_b, _Compare _before) {
+  return _before(_b, _a) ? _b : _a;
 }
-template <class T, class Compare> inline const T &(max)(const T &a, const T &b, Compare before) {
-  return before(a, b) ? b : a;
+template <class _T, class _Compare> inline const _T &(max)(const _T &_a, const _T &_b, _Compare _before) {
+  return _before(_a, _b) ? _b : _a;
 }
 
 }  // namespace std
 
 namespace __zor {
-namespace functions {
+namespace _functions {
 
 // Finds a swap that comes with the elements' class before the general one.
-template <class T> inline void swap_objects(T &a, T &b) {
+template <class _T> inline void swap_objects(_T &_a, _T &_b) {
   using std::swap;
-  swap(a, b);
+  swap(_a, _b);
 }
 
 // Elements that are no lvalues of one type, as references to bits, are exchanged by value.
-template <bool lvalues> struct swap_elements {
-  template <class A, class B> static void run(A a, B b) {
-    typename std::iterator_traits<A>::value_type held(*a);
-    *a = *b;
-    *b = held;
+template <bool _lvalues> struct swap_elements {
+  template <class _A, class _Bt> static void _run(_A _a, _Bt _b) {
+    typename std::iterator_traits<_A>::value_type _held(*_a);
+    *_a = *_b;
+    *_b = _held;
   }
 };
 template <> struct swap_elements<true> {
-  template <class A, class B> static void run(A a, B b) { __zor::swap_objects(*a, *b); }
+  template <class _A, class _Bt> static void _run(_A _a, _Bt _b) { __zor::swap_objects(*_a, *_b); }
 };
 
-template <class Reference> struct is_lvalue_of { static const bool value = false; };
-template <class T> struct is_lvalue_of<T &> { static const bool value = true; };
+template <class _Reference> struct is_lvalue_of { static const bool value = false; };
+template <class _T> struct is_lvalue_of<_T &> { static const bool value = true; };
 
-template <class A, class B> struct swapped_as_lvalues {
-  typedef typename std::iterator_traits<A>::reference a_reference;
-  typedef typename std::iterator_traits<B>::reference b_reference;
-  static const bool value = is_lvalue_of<a_reference>::value && same_type<a_reference, b_reference>::value;
+template <class _A, class _Bt> struct swapped_as_lvalues {
+  typedef typename std::iterator_traits<_A>::reference _a_reference;
+  typedef typename std::iterator_traits<_Bt>::reference _b_reference;
+  static const bool value = is_lvalue_of<_a_reference>::value && same_type<_a_reference, _b_reference>::value;
 };
 
-}  // namespace functions
+}  // namespace _functions
 }  // namespace __zor
 
 namespace std {
 
-template <class A, class B> inline void iter_swap(A a, B b) {
-  __zor::swap_elements<__zor::swapped_as_lvalues<A, B>::value>::run(a, b);
+template <class _A, class _Bt> inline void iter_swap(_A _a, _Bt _b) {
+  __zor::swap_elements<__zor::swapped_as_lvalues<_A, _Bt>::value>::_run(_a, _b);
 }
 
-template <class A, class B> inline B swap_ranges(A first, A last, B other) {
-  for (; first != last; ++first, (void)++other) std::iter_swap(first, other);
-  return other;
+template <class _A, class _Bt> inline _Bt swap_ranges(_A _first, _A _last, _Bt _other) {
+  for (; _first != _last; ++_first, (void)++_other) std::iter_swap(_first, _other);
+  return _other;
 }
 
 }  // namespace std
 
 namespace __zor {
-namespace functions {
+namespace _functions {
 
 // ---- Copies of bytes -----------------------------------------------------------------------------------------------
 
-template <class T> inline void move_bytes(T *to, const T *from, std::size_t n) {
-  if (n != 0) memmove(static_cast<void *>(to), static_cast<const void *>(from), n * sizeof(T));
+template <class _T> inline void move_bytes(_T *_to, const _T *_from, std::size_t _n) {
+  if (_n != 0) memmove(static_cast<void *>(_to), static_cast<const void *>(_from), _n * sizeof(_T));
 }
 
 // Do both ends point to elements whose assignment is a copy of bytes?
-template <class In, class Out> struct copied_as_bytes { static const bool value = false; };
-template <class T> struct copied_as_bytes<T *, T *> { static const bool value = is_assigned_as_bytes<T, T &>::value; };
-template <class T> struct copied_as_bytes<const T *, T *> {
-  static const bool value = is_assigned_as_bytes<T, const T &>::value;
+template <class _In, class _Out> struct copied_as_bytes { static const bool value = false; };
+template <class _T> struct copied_as_bytes<_T *, _T *> {
+  static const bool value = is_assigned_as_bytes<_T, _T &>::value;
+};
+template <class _T> struct copied_as_bytes<const _T *, _T *> {
+  static const bool value = is_assigned_as_bytes<_T, const _T &>::value;
 };
 
 // ---- copy, copy_backward -------------------------------------------------------------------------------------------
 
 // The internal forms take unwrapped iterators. The moving ones may move from the elements, where the dialect can.
-template <bool moving> struct transfer {
-  template <class In, class Out> static void assign(In &from, Out &to) { *to = *from; }
+template <bool _moving> struct _transfer {
+  template <class _In, class _Out> static void assign(_In &_from, _Out &_to) { *_to = *_from; }
 };
-template <> struct transfer<true> {
-  template <class In, class Out> static void assign(In &from, Out &to) { *to = __zor::move_from(from); }
+template <> struct _transfer<true> {
+  template <class _In, class _Out> static void assign(_In &_from, _Out &_to) { *_to = __zor::move_from(_from); }
 };
 
 enum copy_road { copy_each, copy_counted, copy_bytes, copy_from_blocks, copy_to_blocks };
 
-template <class Iterator> struct is_random_access {
-  static const bool value = same_type<typename std::iterator_traits<Iterator>::iterator_category,
-                                      std::random_access_iterator_tag>::value;
+template <class _Iterator> struct is_random_access {
+  static const bool value =
+      same_type<typename std::iterator_traits<_Iterator>::iterator_category, std::random_access_iterator_tag>::value;
 };
-template <class Iterator> struct is_segmented {
-  static const bool value = same_type<typename segmented_iterator_traits<Iterator>::is_segmented, yes>::value;
-};
-
-template <class In, class Out> struct copy_road_of {
-  static const copy_road value = copied_as_bytes<In, Out>::value                     ? copy_bytes
-                                 : is_segmented<In>::value                           ? copy_from_blocks
-                                 : is_pointer<In>::value && is_segmented<Out>::value ? copy_to_blocks
-                                 : is_random_access<In>::value                       ? copy_counted
-                                                                                     : copy_each;
+template <class _Iterator> struct is_segmented {
+  static const bool value = same_type<typename segmented_iterator_traits<_Iterator>::is_segmented, _yes>::value;
 };
 
-template <bool moving, copy_road road> struct copier;
+template <class _In, class _Out> struct copy_road_of {
+  static const copy_road value = copied_as_bytes<_In, _Out>::value                     ? copy_bytes
+                                 : is_segmented<_In>::value                            ? copy_from_blocks
+                                 : is_pointer<_In>::value && is_segmented<_Out>::value ? copy_to_blocks
+                                 : is_random_access<_In>::value                        ? copy_counted
+                                                                                       : copy_each;
+};
 
-template <bool moving, class In, class Out> inline Out copy_range(In first, In last, Out out) {
-  return copier<moving, copy_road_of<In, Out>::value>::forward(first, last, out);
+template <bool _moving, copy_road _road> struct _copier;
+
+template <bool _moving, class _In, class _Out> inline _Out copy_range(_In _first, _In _last, _Out _out) {
+  return _copier<_moving, copy_road_of<_In, _Out>::value>::forward(_first, _last, _out);
 }
-template <bool moving, class In, class Out> inline Out copy_range_backward(In first, In last, Out out) {
-  return copier<moving, copy_road_of<In, Out>::value>::backward(first, last, out);
+template <bool _moving, class _In, class _Out> inline _Out copy_range_backward(_In _first, _In _last, _Out _out) {
+  return _copier<_moving, copy_road_of<_In, _Out>::value>::_backward(_first, _last, _out);
 }
 
-template <bool moving> struct copier<moving, copy_each> {
-  template <class In, class Out> static Out forward(In first, In last, Out out) {
-    for (; first != last; ++first, (void)++out) transfer<moving>::assign(first, out);
-    return out;
+template <bool _moving> struct _copier<_moving, copy_each> {
+  template <class _In, class _Out> static _Out forward(_In _first, _In _last, _Out _out) {
+    for (; _first != _last; ++_first, (void)++_out) _transfer<_moving>::assign(_first, _out);
+    return _out;
   }
-  template <class In, class Out> static Out backward(In first, In last, Out out) {
-    while (first != last) {
-      --last;
-      --out;
-      transfer<moving>::assign(last, out);
+  template <class _In, class _Out> static _Out _backward(_In _first, _In _last, _Out _out) {
+    while (_first != _last) {
+      --_last;
+      --_out;
+      _transfer<_moving>::assign(_last, _out);
     }
-    return out;
+    return _out;
   }
 };
 
-template <bool moving> struct copier<moving, copy_counted> {
-  template <class In, class Out> static Out forward(In first, In last, Out out) {
-    typedef typename std::iterator_traits<In>::difference_type distance_type;
-    for (distance_type left = last - first; left > 0; --left, (void)++first, (void)++out)
-      transfer<moving>::assign(first, out);
-    return out;
+template <bool _moving> struct _copier<_moving, copy_counted> {
+  template <class _In, class _Out> static _Out forward(_In _first, _In _last, _Out _out) {
+    typedef typename std::iterator_traits<_In>::difference_type _distance_type;
+    for (_distance_type _left = _last - _first; _left > 0; --_left, (void)++_first, (void)++_out)
+      _transfer<_moving>::assign(_first, _out);
+    return _out;
   }
-  template <class In, class Out> static Out backward(In first, In last, Out out) {
-    typedef typename std::iterator_traits<In>::difference_type distance_type;
-    for (distance_type left = last - first; left > 0; --left) {
-      --last;
-      --out;
-      transfer<moving>::assign(last, out);
+  template <class _In, class _Out> static _Out _backward(_In _first, _In _last, _Out _out) {
+    typedef typename std::iterator_traits<_In>::difference_type _distance_type;
+    for (_distance_type _left = _last - _first; _left > 0; --_left) {
+      --_last;
+      --_out;
+      _transfer<_moving>::assign(_last, _out);
     }
-    return out;
+    return _out;
   }
 };
 
-template <bool moving> struct copier<moving, copy_bytes> {
-  template <class In, class T> static T *forward(In first, In last, T *out) {
-    __zor::move_bytes<T>(out, first, static_cast<std::size_t>(last - first));
-    return out + (last - first);
+template <bool _moving> struct _copier<_moving, copy_bytes> {
+  template <class _In, class _T> static _T *forward(_In _first, _In _last, _T *_out) {
+    __zor::move_bytes<_T>(_out, _first, static_cast<std::size_t>(_last - _first));
+    return _out + (_last - _first);
   }
-  template <class In, class T> static T *backward(In first, In last, T *out) {
-    out -= last - first;
-    __zor::move_bytes<T>(out, first, static_cast<std::size_t>(last - first));
-    return out;
+  template <class _In, class _T> static _T *_backward(_In _first, _In _last, _T *_out) {
+    _out -= _last - _first;
+    __zor::move_bytes<_T>(_out, _first, static_cast<std::size_t>(_last - _first));
+    return _out;
   }
 };
 
-template <bool moving> struct copier<moving, copy_from_blocks> {
-  template <class In, class Out> static Out forward(const In &first, const In &last, Out out) {
-    for (block_runs<In> run(first, last); run.next();) out = __zor::copy_range<moving>(run.from, run.to, out);
-    return out;
+template <bool _moving> struct _copier<_moving, copy_from_blocks> {
+  template <class _In, class _Out> static _Out forward(const _In &_first, const _In &_last, _Out _out) {
+    for (block_runs<_In> _run(_first, _last); _run.next();)
+      _out = __zor::copy_range<_moving>(_run._from, _run._to, _out);
+    return _out;
   }
-  template <class In, class Out> static Out backward(const In &first, const In &last, Out out) {
-    typedef segmented_iterator_traits<In> blocks;
-    typename blocks::segment_iterator block = blocks::segment(last);
-    const typename blocks::segment_iterator first_block = blocks::segment(first);
-    typename blocks::local_iterator to = blocks::local(last);
-    while (block != first_block) {
-      out = __zor::copy_range_backward<moving>(blocks::begin(block), to, out);
-      --block;
-      to = blocks::end(block);
+  template <class _In, class _Out> static _Out _backward(const _In &_first, const _In &_last, _Out _out) {
+    typedef segmented_iterator_traits<_In> _blocks;
+    typename _blocks::_segment_iterator _block = _blocks::_segment(_last);
+    const typename _blocks::_segment_iterator _first_block = _blocks::_segment(_first);
+    typename _blocks::_local_iterator _to = _blocks::_local(_last);
+    while (_block != _first_block) {
+      _out = __zor::copy_range_backward<_moving>(_blocks::begin(_block), _to, _out);
+      --_block;
+      _to = _blocks::end(_block);
     }
-    return __zor::copy_range_backward<moving>(blocks::local(first), to, out);
+    return __zor::copy_range_backward<_moving>(_blocks::_local(_first), _to, _out);
   }
 };
 
-template <bool moving> struct copier<moving, copy_to_blocks> {
-  template <class T, class Out> static Out forward(T *first, T *last, Out out) {
-    typedef segmented_iterator_traits<Out> blocks;
-    while (first != last) {
-      typename blocks::segment_iterator block = blocks::segment(out);
-      typename blocks::local_iterator end = blocks::end(block);
-      std::ptrdiff_t room = end - blocks::local(out);
+template <bool _moving> struct _copier<_moving, copy_to_blocks> {
+  template <class _T, class _Out> static _Out forward(_T *_first, _T *_last, _Out _out) {
+    typedef segmented_iterator_traits<_Out> _blocks;
+    while (_first != _last) {
+      typename _blocks::_segment_iterator _block = _blocks::_segment(_out);
+      typename _blocks::_local_iterator _end = _blocks::end(_block);
+      std::ptrdiff_t _room = _end - _blocks::_local(_out);
       // Blocks side by side are filled as one.
-      while (room < last - first && blocks::begin(++block) == end) {
-        end = blocks::end(block);
-        room = end - blocks::local(out);
+      while (_room < _last - _first && _blocks::begin(++_block) == _end) {
+        _end = _blocks::end(_block);
+        _room = _end - _blocks::_local(_out);
       }
-      const std::ptrdiff_t n = last - first < room ? last - first : room;
-      __zor::copy_range<moving>(first, first + n, blocks::local(out));
-      first += n;
-      out += n;
+      const std::ptrdiff_t _n = _last - _first < _room ? _last - _first : _room;
+      __zor::copy_range<_moving>(_first, _first + _n, _blocks::_local(_out));
+      _first += _n;
+      _out += _n;
     }
-    return out;
+    return _out;
   }
-  template <class T, class Out> static Out backward(T *first, T *last, Out out) {
-    typedef segmented_iterator_traits<Out> blocks;
-    while (first != last) {
-      typename blocks::segment_iterator block = blocks::segment(out);
-      typename blocks::local_iterator to = blocks::local(out);
-      if (to == blocks::begin(block)) to = blocks::end(--block);
-      const std::ptrdiff_t room = to - blocks::begin(block);
-      const std::ptrdiff_t n = last - first < room ? last - first : room;
-      __zor::copy_range_backward<moving>(last - n, last, to);
-      last -= n;
-      out -= n;
+  template <class _T, class _Out> static _Out _backward(_T *_first, _T *_last, _Out _out) {
+    typedef segmented_iterator_traits<_Out> _blocks;
+    while (_first != _last) {
+      typename _blocks::_segment_iterator _block = _blocks::_segment(_out);
+      typename _blocks::_local_iterator _to = _blocks::_local(_out);
+      if (_to == _blocks::begin(_block)) _to = _blocks::end(--_block);
+      const std::ptrdiff_t _room = _to - _blocks::begin(_block);
+      const std::ptrdiff_t _n = _last - _first < _room ? _last - _first : _room;
+      __zor::copy_range_backward<_moving>(_last - _n, _last, _to);
+      _last -= _n;
+      _out -= _n;
     }
-    return out;
+    return _out;
   }
 };
 
 // What the algorithms that shift elements use: as std::copy, but it may move.
-template <class In, class Out> inline Out move_range(In first, In last, Out out) {
-  return __zor::rewrap(out, __zor::copy_range<true>(__zor::unwrap(first), __zor::unwrap(last), __zor::unwrap(out)));
+template <class _In, class _Out> inline _Out move_range(_In _first, _In _last, _Out _out) {
+  return __zor::_rewrap(_out,
+                        __zor::copy_range<true>(__zor::_unwrap(_first), __zor::_unwrap(_last), __zor::_unwrap(_out)));
 }
-template <class In, class Out> inline Out move_range_backward(In first, In last, Out out) {
-  return __zor::rewrap(out,
-                       __zor::copy_range_backward<true>(__zor::unwrap(first), __zor::unwrap(last), __zor::unwrap(out)));
+template <class _In, class _Out> inline _Out move_range_backward(_In _first, _In _last, _Out _out) {
+  return __zor::_rewrap(
+      _out, __zor::copy_range_backward<true>(__zor::_unwrap(_first), __zor::_unwrap(_last), __zor::_unwrap(_out)));
 }
 
-}  // namespace functions
+}  // namespace _functions
 }  // namespace __zor
 
 namespace std {
 
-template <class In, class Out> inline Out copy(In first, In last, Out out) {
-  return __zor::rewrap(out, __zor::copy_range<false>(__zor::unwrap(first), __zor::unwrap(last), __zor::unwrap(out)));
+template <class _In, class _Out> inline _Out copy(_In _first, _In _last, _Out _out) {
+  return __zor::_rewrap(_out,
+                        __zor::copy_range<false>(__zor::_unwrap(_first), __zor::_unwrap(_last), __zor::_unwrap(_out)));
 }
 
-template <class In, class Out> inline Out copy_backward(In first, In last, Out out) {
-  return __zor::rewrap(out,
-                       __zor::copy_range_backward<false>(__zor::unwrap(first), __zor::unwrap(last), __zor::unwrap(out)));
+template <class _In, class _Out> inline _Out copy_backward(_In _first, _In _last, _Out _out) {
+  return __zor::_rewrap(
+      _out, __zor::copy_range_backward<false>(__zor::_unwrap(_first), __zor::_unwrap(_last), __zor::_unwrap(_out)));
 }
 
 }  // namespace std
 
 namespace __zor {
-namespace functions {
+namespace _functions {
 
 // ---- fill, fill_n --------------------------------------------------------------------------------------------------
 
 enum fill_road { fill_each, fill_scalars, fill_bytes, fill_blocks };
 
-template <class Out, class V, bool segmented> struct fill_road_of {
-  static const fill_road value = segmented ? fill_blocks : fill_each;
+template <class _Out, class _V, bool _segmented> struct fill_road_of {
+  static const fill_road value = _segmented ? fill_blocks : fill_each;
 };
-template <class T, class V> struct fill_road_of<T *, V, false> {
-  static const bool both_scalar = is_scalar<T>::value && is_scalar<V>::value;
-  static const fill_road value = !both_scalar ? fill_each : sizeof(T) == 1 ? fill_bytes : fill_scalars;
+template <class _T, class _V> struct fill_road_of<_T *, _V, false> {
+  static const bool _both_scalar = is_scalar<_T>::value && is_scalar<_V>::value;
+  static const fill_road value = !_both_scalar ? fill_each : sizeof(_T) == 1 ? fill_bytes : fill_scalars;
 };
 
-template <fill_road road> struct filler;
+template <fill_road _road> struct _filler;
 
-template <class Out, class V> inline void fill_range(Out first, Out last, const V &value) {
-  filler<fill_road_of<Out, V, is_segmented<Out>::value>::value>::run(first, last, value);
+template <class _Out, class _V> inline void fill_range(_Out _first, _Out _last, const _V &_value) {
+  _filler<fill_road_of<_Out, _V, is_segmented<_Out>::value>::value>::_run(_first, _last, _value);
 }
 
-template <> struct filler<fill_each> {
-  template <class Out, class V> static void run(Out first, Out last, const V &value) {
-    for (; first != last; ++first) *first = value;
+template <> struct _filler<fill_each> {
+  template <class _Out, class _V> static void _run(_Out _first, _Out _last, const _V &_value) {
+    for (; _first != _last; ++_first) *_first = _value;
   }
 };
 // A copy of the value, since a store could change what a reference refers to, for all that the compiler knows.
-template <> struct filler<fill_scalars> {
-  template <class T, class V> static void run(T *first, T *last, const V &value) {
-    const V held = value;
-    for (; first != last; ++first) *first = held;
+template <> struct _filler<fill_scalars> {
+  template <class _T, class _V> static void _run(_T *_first, _T *_last, const _V &_value) {
+    const _V _held = _value;
+    for (; _first != _last; ++_first) *_first = _held;
   }
 };
-template <> struct filler<fill_bytes> {
-  template <class T, class V> static void run(T *first, T *last, const V &value) {
-    if (first == last) return;
-    *first = value;
-    unsigned char byte;
-    memcpy(&byte, first, 1);
-    memset(static_cast<void *>(first), byte, static_cast<std::size_t>(last - first));
+template <> struct _filler<fill_bytes> {
+  template <class _T, class _V> static void _run(_T *_first, _T *_last, const _V &_value) {
+    if (_first == _last) return;
+    *_first = _value;
+    unsigned char _byte;
+    memcpy(&_byte, _first, 1);
+    memset(static_cast<void *>(_first), _byte, static_cast<std::size_t>(_last - _first));
   }
 };
-template <> struct filler<fill_blocks> {
-  template <class Out, class V> static void run(const Out &first, const Out &last, const V &value) {
-    for (block_runs<Out> run(first, last); run.next();) __zor::fill_range(run.from, run.to, value);
+template <> struct _filler<fill_blocks> {
+  template <class _Out, class _V> static void _run(const _Out &_first, const _Out &_last, const _V &_value) {
+    for (block_runs<_Out> _run(_first, _last); _run.next();) __zor::fill_range(_run._from, _run._to, _value);
   }
 };
 
-template <bool counted> struct n_filler {
-  template <class Out, class Size, class V> static Out run(Out first, Size n, const V &value) {
-    for (; n > 0; --n, (void)++first) *first = value;
-    return first;
+template <bool _counted> struct n_filler {
+  template <class _Out, class _Size, class _V> static _Out _run(_Out _first, _Size _n, const _V &_value) {
+    for (; _n > 0; --_n, (void)++_first) *_first = _value;
+    return _first;
   }
 };
 template <> struct n_filler<true> {
-  template <class Out, class Size, class V> static Out run(Out first, Size n, const V &value) {
-    if (!(n > 0)) return first;
-    const Out last = first + static_cast<std::ptrdiff_t>(n);
-    __zor::fill_range(first, last, value);
-    return last;
+  template <class _Out, class _Size, class _V> static _Out _run(_Out _first, _Size _n, const _V &_value) {
+    if (!(_n > 0)) return _first;
+    const _Out _last = _first + static_cast<std::ptrdiff_t>(_n);
+    __zor::fill_range(_first, _last, _value);
+    return _last;
   }
 };
 
-}  // namespace functions
+}  // namespace _functions
 }  // namespace __zor
 
 namespace std {
 
-template <class Forward, class T> inline void fill(Forward first, Forward last, const T &value) {
-  __zor::fill_range(__zor::unwrap(first), __zor::unwrap(last), value);
+template <class _Forward, class _T> inline void fill(_Forward _first, _Forward _last, const _T &_value) {
+  __zor::fill_range(__zor::_unwrap(_first), __zor::_unwrap(_last), _value);
 }
 
 // The place after the last element filled is returned in every dialect, though only later ones ask for it.
-template <class Out, class Size, class T> inline Out fill_n(Out first, Size n, const T &value) {
-  typedef typename __zor::unwrapped<Out>::type plain;
-  const bool counted =
-      (__zor::is_pointer<plain>::value || __zor::is_segmented<plain>::value) && __zor::is_integral<Size>::value;
-  return __zor::rewrap(first, __zor::n_filler<counted>::run(__zor::unwrap(first), n, value));
+template <class _Out, class _Size, class _T> inline _Out fill_n(_Out _first, _Size _n, const _T &_value) {
+  typedef typename __zor::_unwrapped<_Out>::_type _plain;
+  const bool _counted =
+      (__zor::is_pointer<_plain>::value || __zor::is_segmented<_plain>::value) && __zor::is_integral<_Size>::value;
+  return __zor::_rewrap(_first, __zor::n_filler<_counted>::_run(__zor::_unwrap(_first), _n, _value));
 }
 
 }  // namespace std
 
 namespace __zor {
-namespace functions {
+namespace _functions {
 
 // ---- equal, mismatch, lexicographical_compare ----------------------------------------------------------------------
 
-template <class A, class B> struct compared_as_bytes { static const bool value = false; };
-template <class T, class U> struct compared_as_bytes<T *, U *> {
-  static const bool value = same_type<typename without_const<T>::type, typename without_const<U>::type>::value &&
-                            equal_as_bytes<typename without_const<T>::type>::value;
+template <class _A, class _Bt> struct compared_as_bytes { static const bool value = false; };
+template <class _T, class _Ut> struct compared_as_bytes<_T *, _Ut *> {
+  static const bool value = same_type<typename without_const<_T>::_type, typename without_const<_Ut>::_type>::value &&
+                            equal_as_bytes<typename without_const<_T>::_type>::value;
 };
-template <class A, class B> struct ordered_by_memcmp { static const bool value = false; };
-template <class T, class U> struct ordered_by_memcmp<T *, U *> {
+template <class _A, class _Bt> struct ordered_by_memcmp { static const bool value = false; };
+template <class _T, class _Ut> struct ordered_by_memcmp<_T *, _Ut *> {
   static const bool value =
-      compared_as_bytes<T *, U *>::value && ordered_as_bytes<typename without_const<T>::type>::value;
+      compared_as_bytes<_T *, _Ut *>::value && ordered_as_bytes<typename without_const<_T>::_type>::value;
 };
 
-template <bool bytes> struct equality {
-  template <class A, class B> static bool run(A first, A last, B other) {
-    for (; first != last; ++first, (void)++other)
-      if (!(*first == *other)) return false;
+template <bool _bytes> struct _equality {
+  template <class _A, class _Bt> static bool _run(_A _first, _A _last, _Bt _other) {
+    for (; _first != _last; ++_first, (void)++_other)
+      if (!(*_first == *_other)) return false;
     return true;
   }
 };
-template <> struct equality<true> {
-  template <class T, class U> static bool run(T *first, T *last, U *other) {
-    return first == last || memcmp(first, other, static_cast<std::size_t>(last - first) * sizeof(T)) == 0;
+template <> struct _equality<true> {
+  template <class _T, class _Ut> static bool _run(_T *_first, _T *_last, _Ut *_other) {
+    return _first == _last || memcmp(_first, _other, static_cast<std::size_t>(_last - _first) * sizeof(_T)) == 0;
   }
 };
 
-template <bool bytes> struct text_order {
-  template <class A, class B> static bool run(A first, A last, B other, B other_last) {
-    for (; first != last && other != other_last; ++first, (void)++other) {
-      if (*first < *other) return true;
-      if (*other < *first) return false;
+template <bool _bytes> struct text_order {
+  template <class _A, class _Bt> static bool _run(_A _first, _A _last, _Bt _other, _Bt _other_last) {
+    for (; _first != _last && _other != _other_last; ++_first, (void)++_other) {
+      if (*_first < *_other) return true;
+      if (*_other < *_first) return false;
     }
-    return first == last && other != other_last;
+    return _first == _last && _other != _other_last;
   }
 };
 template <> struct text_order<true> {
-  template <class T, class U> static bool run(T *first, T *last, U *other, U *other_last) {
-    const std::ptrdiff_t n = last - first, m = other_last - other, both = n < m ? n : m;
-    const int order = both ? memcmp(first, other, static_cast<std::size_t>(both)) : 0;
-    return order != 0 ? order < 0 : n < m;
+  template <class _T, class _Ut> static bool _run(_T *_first, _T *_last, _Ut *_other, _Ut *_other_last) {
+    const std::ptrdiff_t _n = _last - _first, _m = _other_last - _other, _both = _n < _m ? _n : _m;
+    const int _order = _both ? memcmp(_first, _other, static_cast<std::size_t>(_both)) : 0;
+    return _order != 0 ? _order < 0 : _n < _m;
   }
 };
 
-}  // namespace functions
+}  // namespace _functions
 }  // namespace __zor
 
 namespace std {
 
-template <class A, class B> inline bool equal(A first, A last, B other) {
-  typedef typename __zor::unwrapped<A>::type plain_a;
-  typedef typename __zor::unwrapped<B>::type plain_b;
-  return __zor::equality<__zor::compared_as_bytes<plain_a, plain_b>::value>::run(
-      __zor::unwrap(first), __zor::unwrap(last), __zor::unwrap(other));
+template <class _A, class _Bt> inline bool equal(_A _first, _A _last, _Bt _other) {
+  typedef typename __zor::_unwrapped<_A>::_type _plain_a;
+  typedef typename __zor::_unwrapped<_Bt>::_type _plain_b;
+  return __zor::_equality<__zor::compared_as_bytes<_plain_a, _plain_b>::value>::_run(
+      __zor::_unwrap(_first), __zor::_unwrap(_last), __zor::_unwrap(_other));
 }
-template <class A, class B, class Equal> inline bool equal(A first, A last, B other, Equal same) {
-  for (; first != last; ++first, (void)++other)
-    if (!same(*first, *other)) return false;
+template <class _A, class _Bt, class _Equal> inline bool equal(_A _first, _A _last, _Bt _other, _Equal _same) {
+  for (; _first != _last; ++_first, (void)++_other)
+    if (!_same(*_first, *_other)) return false;
   return true;
 }
 
-template <class A, class B> inline pair<A, B> mismatch(A first, A last, B other) {
-  while (first != last && *first == *other) {
-    ++first;
-    ++other;
+template <class _A, class _Bt> inline pair<_A, _Bt> mismatch(_A _first, _A _last, _Bt _other) {
+  while (_first != _last && *_first == *_other) {
+    ++_first;
+    ++_other;
   }
-  return pair<A, B>(first, other);
+  return pair<_A, _Bt>(_first, _other);
 }
-template <class A, class B, class Equal> inline pair<A, B> mismatch(A first, A last, B other, Equal same) {
-  while (first != last && same(*first, *other)) {
-    ++first;
-    ++other;
+template <class _A, class _Bt, class _Equal>
+inline pair<_A, _Bt> mismatch(_A _first, _A _last, _Bt _other, _Equal _same) {
+  while (_first != _last && _same(*_first, *_other)) {
+    ++_first;
+    ++_other;
   }
-  return pair<A, B>(first, other);
+  return pair<_A, _Bt>(_first, _other);
 }
 
-template <class A, class B> inline bool lexicographical_compare(A first, A last, B other, B other_last) {
-  typedef typename __zor::unwrapped<A>::type plain_a;
-  typedef typename __zor::unwrapped<B>::type plain_b;
-  return __zor::text_order<__zor::ordered_by_memcmp<plain_a, plain_b>::value>::run(
-      __zor::unwrap(first), __zor::unwrap(last), __zor::unwrap(other), __zor::unwrap(other_last));
+template <class _A, class _Bt> inline bool lexicographical_compare(_A _first, _A _last, _Bt _other, _Bt _other_last) {
+  typedef typename __zor::_unwrapped<_A>::_type _plain_a;
+  typedef typename __zor::_unwrapped<_Bt>::_type _plain_b;
+  return __zor::text_order<__zor::ordered_by_memcmp<_plain_a, _plain_b>::value>::_run(
+      __zor::_unwrap(_first), __zor::_unwrap(_last), __zor::_unwrap(_other), __zor::_unwrap(_other_last));
 }
-template <class A, class B, class Compare>
-inline bool lexicographical_compare(A first, A last, B other, B other_last, Compare before) {
-  for (; first != last && other != other_last; ++first, (void)++other) {
-    if (before(*first, *other)) return true;
-    if (before(*other, *first)) return false;
+template <class _A, class _Bt, class _Compare>
+inline bool lexicographical_compare(_A _first, _A _last, _Bt _other, _Bt _other_last, _Compare _before) {
+  for (; _first != _last && _other != _other_last; ++_first, (void)++_other) {
+    if (_before(*_first, *_other)) return true;
+    if (_before(*_other, *_first)) return false;
   }
-  return first == last && other != other_last;
+  return _first == _last && _other != _other_last;
 }
 
 }  // namespace std

@@ -7,55 +7,55 @@
 
 namespace std {
 
-template <class T> struct auto_ptr_ref {
-  explicit auto_ptr_ref(T *object) PLX_NOTHROW : object_(object) {}
-  T *object_;
+template <class _T> struct auto_ptr_ref {
+  explicit auto_ptr_ref(_T *_object) PLX_NOTHROW : _object_(_object) {}
+  _T *_object_;
 };
 
-template <class T> class auto_ptr {
+template <class _T> class auto_ptr {
 public:
-  typedef T element_type;
+  typedef _T element_type;
 
-  explicit auto_ptr(T *object = 0) PLX_NOTHROW : object_(object) {}
-  auto_ptr(auto_ptr &other) PLX_NOTHROW : object_(other.release()) {}
-  template <class U> auto_ptr(auto_ptr<U> &other) PLX_NOTHROW : object_(other.release()) {}
-  auto_ptr(auto_ptr_ref<T> from) PLX_NOTHROW : object_(from.object_) {}
+  explicit auto_ptr(_T *_object = 0) PLX_NOTHROW : _object_(_object) {}
+  auto_ptr(auto_ptr &_other) PLX_NOTHROW : _object_(_other.release()) {}
+  template <class _Ut> auto_ptr(auto_ptr<_Ut> &_other) PLX_NOTHROW : _object_(_other.release()) {}
+  auto_ptr(auto_ptr_ref<_T> _from) PLX_NOTHROW : _object_(_from._object_) {}
 
   // What a destructor throws is the program's matter, but the pointer is consistent by then.
-  auto_ptr &operator=(auto_ptr &other) {
-    reset(other.release());
+  auto_ptr &operator=(auto_ptr &_other) {
+    reset(_other.release());
     return *this;
   }
-  template <class U> auto_ptr &operator=(auto_ptr<U> &other) {
-    reset(other.release());
+  template <class _Ut> auto_ptr &operator=(auto_ptr<_Ut> &_other) {
+    reset(_other.release());
     return *this;
   }
-  auto_ptr &operator=(auto_ptr_ref<T> from) {
-    reset(from.object_);
+  auto_ptr &operator=(auto_ptr_ref<_T> _from) {
+    reset(_from._object_);
     return *this;
   }
-  ~auto_ptr() { delete object_; }
+  ~auto_ptr() { delete _object_; }
 
-  T &operator*() const PLX_NOTHROW { return *object_; }
-  T *operator->() const PLX_NOTHROW { return object_; }
-  T *get() const PLX_NOTHROW { return object_; }
-  T *release() PLX_NOTHROW {
-    T *const object = object_;
-    object_ = 0;
-    return object;
+  _T &operator*() const PLX_NOTHROW { return *_object_; }
+  _T *operator->() const PLX_NOTHROW { return _object_; }
+  _T *get() const PLX_NOTHROW { return _object_; }
+  _T *release() PLX_NOTHROW {
+    _T *const _object = _object_;
+    _object_ = 0;
+    return _object;
   }
-  void reset(T *object = 0) {
-    if (object == object_) return;
-    T *const old = object_;
-    object_ = object;
-    delete old;
+  void reset(_T *_object = 0) {
+    if (_object == _object_) return;
+    _T *const _old = _object_;
+    _object_ = _object;
+    delete _old;
   }
 
-  template <class U> operator auto_ptr_ref<U>() PLX_NOTHROW { return auto_ptr_ref<U>(release()); }
-  template <class U> operator auto_ptr<U>() PLX_NOTHROW { return auto_ptr<U>(release()); }
+  template <class _Ut> operator auto_ptr_ref<_Ut>() PLX_NOTHROW { return auto_ptr_ref<_Ut>(release()); }
+  template <class _Ut> operator auto_ptr<_Ut>() PLX_NOTHROW { return auto_ptr<_Ut>(release()); }
 
 private:
-  T *object_;
+  _T *_object_;
 };
 
 // void has no objects to own, but auto_ptr<void> may be named.

@@ -2,8 +2,9 @@
 // <istream> or <ostream> as well.
 //
 // Reading is one function for all sizes. It belongs to the streams, which define it in the library: a formatted input
-// function (sentry, what is thrown becomes badbit, the state at the end) that appends at most `count` characters '0' or
-// '1' to `text`, leaves any other in the stream, and sets failbit when there was none. It returns whether it took any.
+// function (sentry, what is thrown becomes badbit, the state at the end) that appends at most `_count` characters '0'
+// or '1' to `_text`, leaves any other in the stream, and sets failbit when there was none. It returns whether it took
+// any.
 #ifndef PLX_BITSET_IO_H
 #define PLX_BITSET_IO_H
 
@@ -11,28 +12,29 @@
 
 namespace std {
 
-template <class C, class T> class basic_istream;
-template <class C, class T> class basic_ostream;
+template <class _Ct, class _T> class basic_istream;
+template <class _Ct, class _T> class basic_ostream;
 
 }  // namespace std
 
 namespace __zor {
 
-PLX_API bool extract_bits(std::basic_istream<char, std::char_traits<char> > &in, std::string &text, unsigned count);
+PLX_API bool extract_bits(std::basic_istream<char, std::char_traits<char> > &_in, std::string &_text, unsigned _count);
 
 }
 
 namespace std {
 
-template <class C, class T, size_t N> basic_istream<C, T> &operator>>(basic_istream<C, T> &in, bitset<N> &bits) {
-  basic_string<C, T, allocator<C> > text;
-  if (__zor::extract_bits(in, text, N)) bits = bitset<N>(text);
-  return in;
+template <class _Ct, class _T, size_t _Nv>
+basic_istream<_Ct, _T> &operator>>(basic_istream<_Ct, _T> &_in, bitset<_Nv> &_bits) {
+  basic_string<_Ct, _T, allocator<_Ct> > _text;
+  if (__zor::extract_bits(_in, _text, _Nv)) _bits = bitset<_Nv>(_text);
+  return _in;
 }
 
-template <class C, class T, size_t N>
-basic_ostream<C, T> &operator<<(basic_ostream<C, T> &out, const bitset<N> &bits) {
-  return out << bits.template to_string<C, T, allocator<C> >();
+template <class _Ct, class _T, size_t _Nv>
+basic_ostream<_Ct, _T> &operator<<(basic_ostream<_Ct, _T> &_out, const bitset<_Nv> &_bits) {
+  return _out << _bits.template to_string<_Ct, _T, allocator<_Ct> >();
 }
 
 }  // namespace std

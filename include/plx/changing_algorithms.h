@@ -9,196 +9,204 @@
 #include <plx/search_algorithms.h>
 
 namespace __zor {
-namespace functions {
+namespace _functions {
 
 // Arithmetic elements: each is stored, and what follows depends on the comparison only by a sum, not by a branch.
-template <class Iterator> struct is_scalar_array { static const bool value = false; };
-template <class T> struct is_scalar_array<T *> { static const bool value = is_arithmetic<T>::value; };
+template <class _Iterator> struct is_scalar_array { static const bool value = false; };
+template <class _T> struct is_scalar_array<_T *> { static const bool value = is_arithmetic<_T>::value; };
 
-template <bool scalar> struct uniquing {
-  template <class Forward, class Equal> static Forward run(Forward first, Forward last, Equal &same) {
-    Forward kept = first;
-    if (first == last) return first;
-    while (++first != last)
-      if (same(*kept, *first)) break;
-      else kept = first;
-    if (first == last) return last;
-    while (++first != last) {
-      if (same(*kept, *first)) continue;
-      ++kept;
-      *kept = __zor::move_from(first);
+template <bool _scalar> struct _uniquing {
+  template <class _Forward, class _Equal> static _Forward _run(_Forward _first, _Forward _last, _Equal &_same) {
+    _Forward _kept = _first;
+    if (_first == _last) return _first;
+    while (++_first != _last)
+      if (_same(*_kept, *_first))
+        break;
+      else
+        _kept = _first;
+    if (_first == _last) return _last;
+    while (++_first != _last) {
+      if (_same(*_kept, *_first)) continue;
+      ++_kept;
+      *_kept = __zor::move_from(_first);
     }
-    return ++kept;
+    return ++_kept;
   }
 };
-template <> struct uniquing<true> {
-  template <class T> static T *run(T *first, T *last, by_equal) {
-    if (first == last) return first;
-    T kept = *first;
-    T *out = ++first;
-    for (; first != last; ++first) {
-      const T value = *first;
-      *out = value;
-      out += !(kept == value);
-      kept = value;
+template <> struct _uniquing<true> {
+  template <class _T> static _T *_run(_T *_first, _T *_last, by_equal) {
+    if (_first == _last) return _first;
+    _T _kept = *_first;
+    _T *_out = ++_first;
+    for (; _first != _last; ++_first) {
+      const _T _value = *_first;
+      *_out = _value;
+      _out += !(_kept == _value);
+      _kept = _value;
     }
-    return out;
-  }
-};
-
-template <bool scalar> struct removal {
-  template <class Forward, class T> static Forward run(Forward first, Forward last, const T &value) {
-    Forward out = first;
-    for (++first; first != last; ++first) {
-      if (*first == value) continue;
-      *out = __zor::move_from(first);
-      ++out;
-    }
-    return out;
-  }
-};
-template <> struct removal<true> {
-  template <class T, class V> static T *run(T *first, T *last, const V value) {
-    T *out = first;
-    for (++first; first != last; ++first) {
-      const T element = *first;
-      *out = element;
-      out += !(element == value);
-    }
-    return out;
+    return _out;
   }
 };
 
-template <class Predicate, class In, class Out> Out unique_copy(In first, In last, Out out, Predicate &same,
-                                                                std::input_iterator_tag) {
+template <bool _scalar> struct _removal {
+  template <class _Forward, class _T> static _Forward _run(_Forward _first, _Forward _last, const _T &_value) {
+    _Forward _out = _first;
+    for (++_first; _first != _last; ++_first) {
+      if (*_first == _value) continue;
+      *_out = __zor::move_from(_first);
+      ++_out;
+    }
+    return _out;
+  }
+};
+template <> struct _removal<true> {
+  template <class _T, class _V> static _T *_run(_T *_first, _T *_last, const _V _value) {
+    _T *_out = _first;
+    for (++_first; _first != _last; ++_first) {
+      const _T _element = *_first;
+      *_out = _element;
+      _out += !(_element == _value);
+    }
+    return _out;
+  }
+};
+
+template <class _Predicate, class _In, class _Out>
+_Out unique_copy(_In _first, _In _last, _Out _out, _Predicate &_same, std::input_iterator_tag) {
   // What an input iterator gave may not be looked at again, nor can what was written be read.
-  typename std::iterator_traits<In>::value_type kept = *first;
-  *out = kept;
-  while (++out, ++first != last) {
-    while (same(kept, *first))
-      if (++first == last) return out;
-    kept = *first;
-    *out = kept;
+  typename std::iterator_traits<_In>::value_type _kept = *_first;
+  *_out = _kept;
+  while (++_out, ++_first != _last) {
+    while (_same(_kept, *_first))
+      if (++_first == _last) return _out;
+    _kept = *_first;
+    *_out = _kept;
   }
-  return out;
+  return _out;
 }
-template <class Predicate, class In, class Out> Out unique_copy(In first, In last, Out out, Predicate &same,
-                                                                std::forward_iterator_tag) {
-  In kept = first;
-  *out = *kept;
-  while (++out, ++first != last) {
-    while (same(*kept, *first))
-      if (++first == last) return out;
-    kept = first;
-    *out = *kept;
+template <class _Predicate, class _In, class _Out>
+_Out unique_copy(_In _first, _In _last, _Out _out, _Predicate &_same, std::forward_iterator_tag) {
+  _In _kept = _first;
+  *_out = *_kept;
+  while (++_out, ++_first != _last) {
+    while (_same(*_kept, *_first))
+      if (++_first == _last) return _out;
+    _kept = _first;
+    *_out = *_kept;
   }
-  return out;
+  return _out;
 }
 
-}  // namespace functions
+}  // namespace _functions
 }  // namespace __zor
 
 namespace std {
 
-template <class In, class Out, class Operation>
-inline Out transform(In first, In last, Out out, Operation operation) {
-  for (; first != last; ++first, (void)++out) *out = operation(*first);
-  return out;
+template <class _In, class _Out, class _Operation>
+inline _Out transform(_In _first, _In _last, _Out _out, _Operation _operation_) {
+  for (; _first != _last; ++_first, (void)++_out) *_out = _operation_(*_first);
+  return _out;
 }
-template <class A, class B, class Out, class Operation>
-inline Out transform(A first, A last, B other, Out out, Operation operation) {
-  for (; first != last; ++first, (void)++other, (void)++out) *out = operation(*first, *other);
-  return out;
-}
-
-template <class Forward, class T>
-inline void replace(Forward first, Forward last, const T &old_value, const T &new_value) {
-  for (; first != last; ++first)
-    if (*first == old_value) *first = new_value;
-}
-template <class Forward, class Predicate, class T>
-inline void replace_if(Forward first, Forward last, Predicate predicate, const T &new_value) {
-  for (; first != last; ++first)
-    if (predicate(*first)) *first = new_value;
-}
-template <class In, class Out, class T>
-inline Out replace_copy(In first, In last, Out out, const T &old_value, const T &new_value) {
-  for (; first != last; ++first, (void)++out) {
-    if (*first == old_value) *out = new_value;
-    else *out = *first;
-  }
-  return out;
-}
-template <class In, class Out, class Predicate, class T>
-inline Out replace_copy_if(In first, In last, Out out, Predicate predicate, const T &new_value) {
-  for (; first != last; ++first, (void)++out) {
-    if (predicate(*first)) *out = new_value;
-    else *out = *first;
-  }
-  return out;
+template <class _A, class _Bt, class _Out, class _Operation>
+inline _Out transform(_A _first, _A _last, _Bt _other, _Out _out, _Operation _operation_) {
+  for (; _first != _last; ++_first, (void)++_other, (void)++_out) *_out = _operation_(*_first, *_other);
+  return _out;
 }
 
-template <class Forward, class Generator> inline void generate(Forward first, Forward last, Generator next) {
-  for (; first != last; ++first) *first = next();
+template <class _Forward, class _T>
+inline void replace(_Forward _first, _Forward _last, const _T &_old_value, const _T &_new_value) {
+  for (; _first != _last; ++_first)
+    if (*_first == _old_value) *_first = _new_value;
+}
+template <class _Forward, class _Predicate, class _T>
+inline void replace_if(_Forward _first, _Forward _last, _Predicate _predicate, const _T &_new_value) {
+  for (; _first != _last; ++_first)
+    if (_predicate(*_first)) *_first = _new_value;
+}
+template <class _In, class _Out, class _T>
+inline _Out replace_copy(_In _first, _In _last, _Out _out, const _T &_old_value, const _T &_new_value) {
+  for (; _first != _last; ++_first, (void)++_out) {
+    if (*_first == _old_value)
+      *_out = _new_value;
+    else
+      *_out = *_first;
+  }
+  return _out;
+}
+template <class _In, class _Out, class _Predicate, class _T>
+inline _Out replace_copy_if(_In _first, _In _last, _Out _out, _Predicate _predicate, const _T &_new_value) {
+  for (; _first != _last; ++_first, (void)++_out) {
+    if (_predicate(*_first))
+      *_out = _new_value;
+    else
+      *_out = *_first;
+  }
+  return _out;
+}
+
+template <class _Forward, class _Generator> inline void generate(_Forward _first, _Forward _last, _Generator _next) {
+  for (; _first != _last; ++_first) *_first = _next();
 }
 // The place after the last element made is returned in every dialect, though only later ones ask for it.
-template <class Out, class Size, class Generator> inline Out generate_n(Out first, Size n, Generator next) {
-  for (; n > 0; --n, (void)++first) *first = next();
-  return first;
+template <class _Out, class _Size, class _Generator> inline _Out generate_n(_Out _first, _Size _n, _Generator _next) {
+  for (; _n > 0; --_n, (void)++_first) *_first = _next();
+  return _first;
 }
 
-template <class Forward, class T> inline Forward remove(Forward first, Forward last, const T &value) {
-  typedef typename __zor::unwrapped<Forward>::type plain;
-  first = std::find(first, last, value);
-  if (first == last) return first;
-  return __zor::rewrap(first, __zor::removal<__zor::is_scalar_array<plain>::value && __zor::is_arithmetic<T>::value>::run(
-                                  __zor::unwrap(first), __zor::unwrap(last), value));
+template <class _Forward, class _T> inline _Forward remove(_Forward _first, _Forward _last, const _T &_value) {
+  typedef typename __zor::_unwrapped<_Forward>::_type _plain;
+  _first = std::find(_first, _last, _value);
+  if (_first == _last) return _first;
+  return __zor::_rewrap(
+      _first, __zor::_removal < __zor::is_scalar_array<_plain>::value &&
+                  __zor::is_arithmetic<_T>::value > ::_run(__zor::_unwrap(_first), __zor::_unwrap(_last), _value));
 }
-template <class Forward, class Predicate> inline Forward remove_if(Forward first, Forward last, Predicate predicate) {
-  while (first != last && !predicate(*first)) ++first;
-  if (first == last) return first;
-  Forward out = first;
-  for (++first; first != last; ++first) {
-    if (predicate(*first)) continue;
-    *out = __zor::move_from(first);
-    ++out;
+template <class _Forward, class _Predicate>
+inline _Forward remove_if(_Forward _first, _Forward _last, _Predicate _predicate) {
+  while (_first != _last && !_predicate(*_first)) ++_first;
+  if (_first == _last) return _first;
+  _Forward _out = _first;
+  for (++_first; _first != _last; ++_first) {
+    if (_predicate(*_first)) continue;
+    *_out = __zor::move_from(_first);
+    ++_out;
   }
-  return out;
+  return _out;
 }
-template <class In, class Out, class T> inline Out remove_copy(In first, In last, Out out, const T &value) {
-  for (; first != last; ++first) {
-    if (*first == value) continue;
-    *out = *first;
-    ++out;
+template <class _In, class _Out, class _T> inline _Out remove_copy(_In _first, _In _last, _Out _out, const _T &_value) {
+  for (; _first != _last; ++_first) {
+    if (*_first == _value) continue;
+    *_out = *_first;
+    ++_out;
   }
-  return out;
+  return _out;
 }
-template <class In, class Out, class Predicate>
-inline Out remove_copy_if(In first, In last, Out out, Predicate predicate) {
-  for (; first != last; ++first) {
-    if (predicate(*first)) continue;
-    *out = *first;
-    ++out;
+template <class _In, class _Out, class _Predicate>
+inline _Out remove_copy_if(_In _first, _In _last, _Out _out, _Predicate _predicate) {
+  for (; _first != _last; ++_first) {
+    if (_predicate(*_first)) continue;
+    *_out = *_first;
+    ++_out;
   }
-  return out;
+  return _out;
 }
 
-template <class Forward> inline Forward unique(Forward first, Forward last) {
-  typedef typename __zor::unwrapped<Forward>::type plain;
-  __zor::by_equal same;
-  return __zor::rewrap(first, __zor::uniquing<__zor::is_scalar_array<plain>::value>::run(__zor::unwrap(first),
-                                                                                         __zor::unwrap(last), same));
+template <class _Forward> inline _Forward unique(_Forward _first, _Forward _last) {
+  typedef typename __zor::_unwrapped<_Forward>::_type _plain;
+  __zor::by_equal _same;
+  return __zor::_rewrap(_first, __zor::_uniquing<__zor::is_scalar_array<_plain>::value>::_run(
+                                    __zor::_unwrap(_first), __zor::_unwrap(_last), _same));
 }
-template <class Forward, class Equal> inline Forward unique(Forward first, Forward last, Equal same) {
-  return __zor::uniquing<false>::run(first, last, same);
+template <class _Forward, class _Equal> inline _Forward unique(_Forward _first, _Forward _last, _Equal _same) {
+  return __zor::_uniquing<false>::_run(_first, _last, _same);
 }
 
-template <class In, class Out, class Equal> inline Out unique_copy(In first, In last, Out out, Equal same) {
-  if (first == last) return out;
-  return __zor::unique_copy(first, last, out, same, typename iterator_traits<In>::iterator_category());
+template <class _In, class _Out, class _Equal> inline _Out unique_copy(_In _first, _In _last, _Out _out, _Equal _same) {
+  if (_first == _last) return _out;
+  return __zor::unique_copy(_first, _last, _out, _same, typename iterator_traits<_In>::iterator_category());
 }
-template <class In, class Out> inline Out unique_copy(In first, In last, Out out) {
-  return std::unique_copy(first, last, out, __zor::by_equal());
+template <class _In, class _Out> inline _Out unique_copy(_In _first, _In _last, _Out _out) {
+  return std::unique_copy(_first, _last, _out, __zor::by_equal());
 }
 
 }  // namespace std

@@ -4,12 +4,12 @@
 
 namespace __zor {
 
-// Defined for char alone; every template over a character type names `type` of it.
-template <class C> struct plx_supports_only_char_as_character_type;
-template <> struct plx_supports_only_char_as_character_type<char> { typedef char type; };
+// Defined for char alone; every template over a character type names `_type` of it.
+template <class _Ct> struct plx_supports_only_char_as_character_type;
+template <> struct plx_supports_only_char_as_character_type<char> { typedef char _type; };
 
 // The same for a string's allocator.
-template <class A> struct plx_strings_use_only_the_standard_allocator;
+template <class _A> struct plx_strings_use_only_the_standard_allocator;
 
 }  // namespace __zor
 

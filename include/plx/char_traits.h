@@ -15,11 +15,11 @@ using ::size_t;
 
 typedef int streamsize;
 typedef int streamoff;
-template <class State> class fpos;
+template <class _State> class fpos;
 typedef fpos<mbstate_t> streampos;
 
-template <class C> struct PLX_API char_traits {
-  typedef typename __zor::plx_supports_only_char_as_character_type<C>::type char_type;
+template <class _Ct> struct PLX_API char_traits {
+  typedef typename __zor::plx_supports_only_char_as_character_type<_Ct>::_type char_type;
 };
 
 // Characters compare as unsigned char, so that lt and compare give one order.
@@ -30,33 +30,33 @@ template <> struct PLX_API char_traits<char> {
   typedef streampos pos_type;
   typedef mbstate_t state_type;
 
-  static void assign(char &to, const char &from) PLX_NOTHROW { to = from; }
-  static bool eq(const char &left, const char &right) PLX_NOTHROW { return left == right; }
-  static bool lt(const char &left, const char &right) PLX_NOTHROW {
-    return static_cast<unsigned char>(left) < static_cast<unsigned char>(right);
+  static void assign(char &_to, const char &_from) PLX_NOTHROW { _to = _from; }
+  static bool eq(const char &_left, const char &_right) PLX_NOTHROW { return _left == _right; }
+  static bool lt(const char &_left, const char &_right) PLX_NOTHROW {
+    return static_cast<unsigned char>(_left) < static_cast<unsigned char>(_right);
   }
 
-  static int compare(const char *left, const char *right, size_t n) PLX_NOTHROW {
-    return n == 0 ? 0 : __builtin_memcmp(left, right, n);
+  static int compare(const char *_left, const char *_right, size_t _n) PLX_NOTHROW {
+    return _n == 0 ? 0 : __builtin_memcmp(_left, _right, _n);
   }
-  static size_t length(const char *text) PLX_NOTHROW { return __builtin_strlen(text); }
-  static const char *find(const char *text, size_t n, const char &c) PLX_NOTHROW {
-    return n == 0 ? 0 : static_cast<const char *>(__builtin_memchr(text, c, n));
+  static size_t length(const char *_text) PLX_NOTHROW { return __builtin_strlen(_text); }
+  static const char *find(const char *_text, size_t _n, const char &_c) PLX_NOTHROW {
+    return _n == 0 ? 0 : static_cast<const char *>(__builtin_memchr(_text, _c, _n));
   }
-  static char *move(char *to, const char *from, size_t n) PLX_NOTHROW {
-    return n == 0 ? to : static_cast<char *>(__builtin_memmove(to, from, n));
+  static char *move(char *_to, const char *_from, size_t _n) PLX_NOTHROW {
+    return _n == 0 ? _to : static_cast<char *>(__builtin_memmove(_to, _from, _n));
   }
-  static char *copy(char *to, const char *from, size_t n) PLX_NOTHROW {
-    return n == 0 ? to : static_cast<char *>(__builtin_memcpy(to, from, n));
+  static char *copy(char *_to, const char *_from, size_t _n) PLX_NOTHROW {
+    return _n == 0 ? _to : static_cast<char *>(__builtin_memcpy(_to, _from, _n));
   }
-  static char *assign(char *to, size_t n, char c) PLX_NOTHROW {
-    return n == 0 ? to : static_cast<char *>(__builtin_memset(to, c, n));
+  static char *assign(char *_to, size_t _n, char _c) PLX_NOTHROW {
+    return _n == 0 ? _to : static_cast<char *>(__builtin_memset(_to, _c, _n));
   }
 
-  static int not_eof(const int &c) PLX_NOTHROW { return c == eof() ? 0 : c; }
-  static char to_char_type(const int &c) PLX_NOTHROW { return static_cast<char>(c); }
-  static int to_int_type(const char &c) PLX_NOTHROW { return static_cast<unsigned char>(c); }
-  static bool eq_int_type(const int &left, const int &right) PLX_NOTHROW { return left == right; }
+  static int not_eof(const int &_c) PLX_NOTHROW { return _c == eof() ? 0 : _c; }
+  static char to_char_type(const int &_c) PLX_NOTHROW { return static_cast<char>(_c); }
+  static int to_int_type(const char &_c) PLX_NOTHROW { return static_cast<unsigned char>(_c); }
+  static bool eq_int_type(const int &_left, const int &_right) PLX_NOTHROW { return _left == _right; }
   static int eof() PLX_NOTHROW { return -1; }
 };
 

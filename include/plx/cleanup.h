@@ -9,21 +9,21 @@
 
 namespace __zor {
 
-template <class Guard> class cleanup {
+template <class _Guard> class _cleanup {
 public:
-  cleanup() : guard_() {}
-  template <class A> explicit cleanup(A &a) : guard_(a) {}
-  template <class A, class B> cleanup(A &a, B &b) : guard_(a, b) {}
-  template <class A, class B, class C> cleanup(A &a, B &b, C &c) : guard_(a, b, c) {}
+  _cleanup() : _guard_() {}
+  template <class _A> explicit _cleanup(_A &_a) : _guard_(_a) {}
+  template <class _A, class _Bt> _cleanup(_A &_a, _Bt &_b) : _guard_(_a, _b) {}
+  template <class _A, class _Bt, class _Ct> _cleanup(_A &_a, _Bt &_b, _Ct &_c) : _guard_(_a, _b, _c) {}
 
-  Guard &get() { return guard_; }
-  Guard *operator->() { return &guard_; }
+  _Guard &get() { return _guard_; }
+  _Guard *operator->() { return &_guard_; }
 
 private:
-  cleanup(const cleanup &);
-  cleanup &operator=(const cleanup &);
+  _cleanup(const _cleanup &);
+  _cleanup &operator=(const _cleanup &);
 
-  Guard guard_;
+  _Guard _guard_;
 };
 
 }  // namespace __zor

@@ -8,61 +8,61 @@
 
 namespace std {
 
-template <class C, class T> class basic_istream;
-template <class C, class T> class basic_ostream;
-template <class C, class T> class basic_streambuf;
+template <class _Ct, class _T> class basic_istream;
+template <class _Ct, class _T> class basic_ostream;
+template <class _Ct, class _T> class basic_streambuf;
 
 }  // namespace std
 
 namespace __zor {
 
 // Collects a number's text, so that the stream's width applies to the whole of it.
-template <class C, class Traits> class complex_text : public std::basic_streambuf<C, Traits> {
+template <class _Ct, class _Traits> class complex_text : public std::basic_streambuf<_Ct, _Traits> {
 public:
-  typedef std::basic_string<C, Traits, std::allocator<C> > text_type;
-  const text_type &text() const { return text_; }
+  typedef std::basic_string<_Ct, _Traits, std::allocator<_Ct> > _text_type;
+  const _text_type &_text() const { return _text_; }
 
 protected:
-  virtual typename Traits::int_type overflow(typename Traits::int_type c) {
-    if (!Traits::eq_int_type(c, Traits::eof())) text_.push_back(Traits::to_char_type(c));
-    return Traits::not_eof(c);
+  virtual typename _Traits::int_type overflow(typename _Traits::int_type _c) {
+    if (!_Traits::eq_int_type(_c, _Traits::eof())) _text_.push_back(_Traits::to_char_type(_c));
+    return _Traits::not_eof(_c);
   }
 
 private:
-  text_type text_;
+  _text_type _text_;
 };
 
 }  // namespace __zor
 
 namespace std {
 
-template <class T, class C, class Traits>
-basic_istream<C, Traits> &operator>>(basic_istream<C, Traits> &in, complex<T> &z) {
-  T re = T(), im = T();
-  C c = C();
-  if (!(in >> c)) return in;
-  if (c != C('(')) {
-    in.putback(c);
-    if (in >> re) z = complex<T>(re);
-    return in;
+template <class _T, class _Ct, class _Traits>
+basic_istream<_Ct, _Traits> &operator>>(basic_istream<_Ct, _Traits> &_in, complex<_T> &_z) {
+  _T _re = _T(), _im = _T();
+  _Ct _c = _Ct();
+  if (!(_in >> _c)) return _in;
+  if (_c != _Ct('(')) {
+    _in.putback(_c);
+    if (_in >> _re) _z = complex<_T>(_re);
+    return _in;
   }
-  if (in >> re >> c && c == C(',')) in >> im >> c;
-  if (in && c == C(')'))
-    z = complex<T>(re, im);
+  if (_in >> _re >> _c && _c == _Ct(',')) _in >> _im >> _c;
+  if (_in && _c == _Ct(')'))
+    _z = complex<_T>(_re, _im);
   else
-    in.setstate(basic_istream<C, Traits>::failbit);
-  return in;
+    _in.setstate(basic_istream<_Ct, _Traits>::failbit);
+  return _in;
 }
 
-template <class T, class C, class Traits>
-basic_ostream<C, Traits> &operator<<(basic_ostream<C, Traits> &out, const complex<T> &z) {
-  __zor::complex_text<C, Traits> buffer;
-  basic_ostream<C, Traits> text(&buffer);
-  text.flags(out.flags());
-  text.imbue(out.getloc());
-  text.precision(out.precision());
-  text << C('(') << z.real() << C(',') << z.imag() << C(')');
-  return out << buffer.text();
+template <class _T, class _Ct, class _Traits>
+basic_ostream<_Ct, _Traits> &operator<<(basic_ostream<_Ct, _Traits> &_out, const complex<_T> &_z) {
+  __zor::complex_text<_Ct, _Traits> _buffer;
+  basic_ostream<_Ct, _Traits> _text(&_buffer);
+  _text.flags(_out.flags());
+  _text.imbue(_out.getloc());
+  _text.precision(_out.precision());
+  _text << _Ct('(') << _z.real() << _Ct(',') << _z.imag() << _Ct(')');
+  return _out << _buffer._text();
 }
 
 }  // namespace std

@@ -10,10 +10,10 @@
 
 namespace __zor {
 
-#define PLX_COMPLEX_FUNCTION(name)                                                                                     \
-  inline __complex__ float c_##name(__complex__ float z) PLX_NOTHROW { return __builtin_c##name##f(z); }               \
-  inline __complex__ double c_##name(__complex__ double z) PLX_NOTHROW { return __builtin_c##name(z); }                \
-  inline __complex__ long double c_##name(__complex__ long double z) PLX_NOTHROW { return __builtin_c##name##l(z); }
+#define PLX_COMPLEX_FUNCTION(name)                                                                         \
+  inline __complex__ float c_##name(__complex__ float _z) PLX_NOTHROW { return __builtin_c##name##f(_z); } \
+  inline __complex__ double c_##name(__complex__ double _z) PLX_NOTHROW { return __builtin_c##name(_z); }  \
+  inline __complex__ long double c_##name(__complex__ long double _z) PLX_NOTHROW { return __builtin_c##name##l(_z); }
 PLX_COMPLEX_FUNCTION(cos)
 PLX_COMPLEX_FUNCTION(cosh)
 PLX_COMPLEX_FUNCTION(exp)
@@ -25,64 +25,66 @@ PLX_COMPLEX_FUNCTION(tan)
 PLX_COMPLEX_FUNCTION(tanh)
 #undef PLX_COMPLEX_FUNCTION
 
-inline float real_hypot(float x, float y) PLX_NOTHROW { return __builtin_hypotf(x, y); }
-inline double real_hypot(double x, double y) PLX_NOTHROW { return __builtin_hypot(x, y); }
-inline long double real_hypot(long double x, long double y) PLX_NOTHROW { return __builtin_hypotl(x, y); }
+inline float real_hypot(float _x, float _y) PLX_NOTHROW { return __builtin_hypotf(_x, _y); }
+inline double real_hypot(double _x, double _y) PLX_NOTHROW { return __builtin_hypot(_x, _y); }
+inline long double real_hypot(long double _x, long double _y) PLX_NOTHROW { return __builtin_hypotl(_x, _y); }
 
-template <class T> inline typename c_complex<T>::type to_c(const std::complex<T> &z) PLX_NOTHROW {
-  return to_c(z.real(), z.imag());
+template <class _T> inline typename c_complex<_T>::_type to_c(const std::complex<_T> &_z) PLX_NOTHROW {
+  return to_c(_z.real(), _z.imag());
 }
-template <class T, class C> inline std::complex<T> from_c(C z) PLX_NOTHROW {
-  return std::complex<T>(static_cast<T>(__real__ z), static_cast<T>(__imag__ z));
+template <class _T, class _Ct> inline std::complex<_T> from_c(_Ct _z) PLX_NOTHROW {
+  return std::complex<_T>(static_cast<_T>(__real__ _z), static_cast<_T>(__imag__ _z));
 }
 
 // Powers lose digits in the logarithm and in repeated products, so they are computed in the next wider type.
-template <class T> struct complex_wide { typedef long double type; };
-template <> struct complex_wide<float> { typedef double type; };
+template <class _T> struct complex_wide { typedef long double _type; };
+template <> struct complex_wide<float> { typedef double _type; };
 
-inline __complex__ double c_pow(__complex__ double x, __complex__ double y) PLX_NOTHROW { return __builtin_cpow(x, y); }
-inline __complex__ long double c_pow(__complex__ long double x, __complex__ long double y) PLX_NOTHROW {
-  return __builtin_cpowl(x, y);
+inline __complex__ double c_pow(__complex__ double _x, __complex__ double _y) PLX_NOTHROW {
+  return __builtin_cpow(_x, _y);
+}
+inline __complex__ long double c_pow(__complex__ long double _x, __complex__ long double _y) PLX_NOTHROW {
+  return __builtin_cpowl(_x, _y);
 }
 
-template <class T> inline std::complex<T> complex_power(const std::complex<T> &x, const std::complex<T> &y) {
-  typedef typename complex_wide<T>::type W;
+template <class _T> inline std::complex<_T> complex_power(const std::complex<_T> &_x, const std::complex<_T> &_y) {
+  typedef typename complex_wide<_T>::_type _W;
   // The logarithm of zero is no number to go on with.
-  if (x == T() && y == T()) return std::complex<T>(T(1));
-  if (x == T() && y.real() > T()) return std::complex<T>();
-  return from_c<T>(c_pow(to_c<W>(x.real(), x.imag()), to_c<W>(y.real(), y.imag())));
+  if (_x == _T() && _y == _T()) return std::complex<_T>(_T(1));
+  if (_x == _T() && _y.real() > _T()) return std::complex<_T>();
+  return from_c<_T>(c_pow(to_c<_W>(_x.real(), _x.imag()), to_c<_W>(_y.real(), _y.imag())));
 }
 
-template <class T> inline std::complex<T> complex_power(const std::complex<T> &x, int n) {
-  typedef typename complex_wide<T>::type W;
+template <class _T> inline std::complex<_T> complex_power(const std::complex<_T> &_x, int _n) {
+  typedef typename complex_wide<_T>::_type _W;
   // More products than this cost more digits than the wider type has to spare.
-  if (n > 1024 || n < -1024) return complex_power(x, std::complex<T>(static_cast<T>(n)));
-  std::complex<W> power(1), factor(x.real(), x.imag());
-  for (unsigned rest = static_cast<unsigned>(n < 0 ? -n : n); rest != 0; rest >>= 1) {
-    if (rest & 1) power *= factor;
-    if (rest > 1) factor *= factor;
+  if (_n > 1024 || _n < -1024) return complex_power(_x, std::complex<_T>(static_cast<_T>(_n)));
+  std::complex<_W> _power(1), _factor(_x.real(), _x.imag());
+  for (unsigned _rest = static_cast<unsigned>(_n < 0 ? -_n : _n); _rest != 0; _rest >>= 1) {
+    if (_rest & 1) _power *= _factor;
+    if (_rest > 1) _factor *= _factor;
   }
-  if (n < 0) power = std::complex<W>(1) / power;
-  return std::complex<T>(static_cast<T>(power.real()), static_cast<T>(power.imag()));
+  if (_n < 0) _power = std::complex<_W>(1) / _power;
+  return std::complex<_T>(static_cast<_T>(_power.real()), static_cast<_T>(_power.imag()));
 }
 
 }  // namespace __zor
 
 namespace std {
 
-template <class T> inline T real(const complex<T> &z) { return z.real(); }
-template <class T> inline T imag(const complex<T> &z) { return z.imag(); }
-template <class T> inline T abs(const complex<T> &z) { return __zor::real_hypot(z.real(), z.imag()); }
-template <class T> inline T arg(const complex<T> &z) { return atan2(z.imag(), z.real()); }
-template <class T> inline T norm(const complex<T> &z) { return z.real() * z.real() + z.imag() * z.imag(); }
-template <class T> inline complex<T> conj(const complex<T> &z) { return complex<T>(z.real(), -z.imag()); }
-template <class T> inline complex<T> polar(const T &rho, const T &theta = T()) {
-  return complex<T>(rho * cos(theta), rho * sin(theta));
+template <class _T> inline _T real(const complex<_T> &_z) { return _z.real(); }
+template <class _T> inline _T imag(const complex<_T> &_z) { return _z.imag(); }
+template <class _T> inline _T abs(const complex<_T> &_z) { return __zor::real_hypot(_z.real(), _z.imag()); }
+template <class _T> inline _T arg(const complex<_T> &_z) { return atan2(_z.imag(), _z.real()); }
+template <class _T> inline _T norm(const complex<_T> &_z) { return _z.real() * _z.real() + _z.imag() * _z.imag(); }
+template <class _T> inline complex<_T> conj(const complex<_T> &_z) { return complex<_T>(_z.real(), -_z.imag()); }
+template <class _T> inline complex<_T> polar(const _T &_rho, const _T &_theta = _T()) {
+  return complex<_T>(_rho * cos(_theta), _rho * sin(_theta));
 }
 
 #define PLX_COMPLEX_FUNCTION(name)                                     \
-  template <class T> inline complex<T> name(const complex<T> &z) {     \
-    return __zor::from_c<T>(__zor::c_##name(__zor::to_c(z)));          \
+  template <class _T> inline complex<_T> name(const complex<_T> &_z) { \
+    return __zor::from_c<_T>(__zor::c_##name(__zor::to_c(_z)));        \
   }
 PLX_COMPLEX_FUNCTION(cos)
 PLX_COMPLEX_FUNCTION(cosh)
@@ -95,37 +97,37 @@ PLX_COMPLEX_FUNCTION(tan)
 PLX_COMPLEX_FUNCTION(tanh)
 #undef PLX_COMPLEX_FUNCTION
 
-template <class T> inline complex<T> log10(const complex<T> &z) {
-  return log(z) * static_cast<T>(0.434294481903251827651128918916605082L);
+template <class _T> inline complex<_T> log10(const complex<_T> &_z) {
+  return log(_z) * static_cast<_T>(0.434294481903251827651128918916605082L);
 }
 
-template <class T> inline complex<T> pow(const complex<T> &x, const complex<T> &y) {
-  return __zor::complex_power(x, y);
+template <class _T> inline complex<_T> pow(const complex<_T> &_x, const complex<_T> &_y) {
+  return __zor::complex_power(_x, _y);
 }
-template <class T> inline complex<T> pow(const complex<T> &x, const T &y) {
-  if (x.imag() == T() && x.real() > T()) return complex<T>(pow(x.real(), y));
-  return __zor::complex_power(x, complex<T>(y));
+template <class _T> inline complex<_T> pow(const complex<_T> &_x, const _T &_y) {
+  if (_x.imag() == _T() && _x.real() > _T()) return complex<_T>(pow(_x.real(), _y));
+  return __zor::complex_power(_x, complex<_T>(_y));
 }
-template <class T> inline complex<T> pow(const T &x, const complex<T> &y) {
-  return __zor::complex_power(complex<T>(x), y);
+template <class _T> inline complex<_T> pow(const _T &_x, const complex<_T> &_y) {
+  return __zor::complex_power(complex<_T>(_x), _y);
 }
-template <class T> inline complex<T> pow(const complex<T> &x, int n) { return __zor::complex_power(x, n); }
+template <class _T> inline complex<_T> pow(const complex<_T> &_x, int _n) { return __zor::complex_power(_x, _n); }
 
 // Arguments of different types meet in the wider one. Without these, pow(z, 0.5f) would round the exponent to an int.
-template <class T, class U>
-inline complex<typename __plx_math::__common<T, U>::__type> pow(const complex<T> &x, const complex<U> &y) {
-  typedef typename __plx_math::__common<T, U>::__type W;
-  return __zor::complex_power(complex<W>(x), complex<W>(y));
+template <class _T, class _Ut>
+inline complex<typename __plx_math::__common<_T, _Ut>::__type> pow(const complex<_T> &_x, const complex<_Ut> &_y) {
+  typedef typename __plx_math::__common<_T, _Ut>::__type _W;
+  return __zor::complex_power(complex<_W>(_x), complex<_W>(_y));
 }
-template <class T, class U>
-inline complex<typename __plx_math::__common<T, U>::__type> pow(const complex<T> &x, const U &y) {
-  typedef typename __plx_math::__common<T, U>::__type W;
-  return pow(complex<W>(x), static_cast<W>(y));
+template <class _T, class _Ut>
+inline complex<typename __plx_math::__common<_T, _Ut>::__type> pow(const complex<_T> &_x, const _Ut &_y) {
+  typedef typename __plx_math::__common<_T, _Ut>::__type _W;
+  return pow(complex<_W>(_x), static_cast<_W>(_y));
 }
-template <class T, class U>
-inline complex<typename __plx_math::__common<T, U>::__type> pow(const U &x, const complex<T> &y) {
-  typedef typename __plx_math::__common<T, U>::__type W;
-  return pow(static_cast<W>(x), complex<W>(y));
+template <class _T, class _Ut>
+inline complex<typename __plx_math::__common<_T, _Ut>::__type> pow(const _Ut &_x, const complex<_T> &_y) {
+  typedef typename __plx_math::__common<_T, _Ut>::__type _W;
+  return pow(static_cast<_W>(_x), complex<_W>(_y));
 }
 
 }  // namespace std

@@ -1,5 +1,8 @@
 // What every public header of plx stands on: the markers of exported and of non-throwing functions, and the refusal of
 // programs that this library cannot serve.
+//
+// In all public headers of C++, names that are no part of an interface begin with an underscore: a program may define
+// any other word as a macro before it includes them. tests/headers/check_header holds the headers to it.
 #ifndef PLX_CONFIG_H
 #define PLX_CONFIG_H
 

@@ -2,9 +2,9 @@
 //
 //     map      [ . | . | 0 | 1 | 2 | . | . | . ]      used entries in the middle, spare ones at both ends
 //                        |   |   |
-//                        v   |   +--> block 2 [ e e e e . . . ]    finish_: the place behind the last element;
+//                        v   |   +--> block 2 [ e e e e . . . ]    _finish_: the place behind the last element;
 //      block 0 [ . . . e e ] |                                     its block always has that place
-//      start_: an entry and  +--> block 1 [ e e e e e e e ]
+//      _start_: an entry and  +--> block 1 [ e e e e e e e ]
 //      an offset there
 //
 // An empty deque has neither map nor block until the first element comes. That one goes into the middle of its block.
@@ -23,251 +23,257 @@ namespace __zor {
 enum { deque_block = 20 };
 
 // The map of a deque without one: an entry that leads to no elements.
-template <class T> struct deque_nothing {
-  static T *entry;
-};
-template <class T> T *deque_nothing<T>::entry = reinterpret_cast<T *>(4096);
+template <class _T> struct deque_nothing { static _T *_entry; };
+template <class _T> _T *deque_nothing<_T>::_entry = reinterpret_cast<_T *>(4096);
 
-template <class T, class Reference, class Pointer> class deque_iterator : public std::__iterator_of_std {
+template <class _T, class _Reference, class _Pointer> class deque_iterator : public std::__iterator_of_std {
 public:
-  typedef T value_type;
+  typedef _T value_type;
   typedef std::ptrdiff_t difference_type;
-  typedef Pointer pointer;
-  typedef Reference reference;
+  typedef _Pointer pointer;
+  typedef _Reference reference;
   typedef std::random_access_iterator_tag iterator_category;
 
-  deque_iterator() PLX_NOTHROW : cur(0), last(0), node(0) {}
-  deque_iterator(T *c, T **n) PLX_NOTHROW : cur(c), last(*n + deque_block), node(n) {}
-  template <class P> deque_iterator(const deque_iterator<T, T &, P> &other) PLX_NOTHROW
-      : cur(other.cur), last(other.last), node(other.node) {}
+  deque_iterator() PLX_NOTHROW : _cur(0), _last(0), _node(0) {}
+  deque_iterator(_T *_c, _T **_n) PLX_NOTHROW : _cur(_c), _last(*_n + deque_block), _node(_n) {}
+  template <class _Pt> deque_iterator(const deque_iterator<_T, _T &, _Pt> &_other) PLX_NOTHROW : _cur(_other._cur),
+                                                                                                 _last(_other._last),
+                                                                                                 _node(_other._node) {}
 
-  Reference operator*() const PLX_NOTHROW { return *cur; }
-  Pointer operator->() const PLX_NOTHROW { return cur; }
-  Reference operator[](difference_type n) const PLX_NOTHROW { return *(*this + n); }
+  _Reference operator*() const PLX_NOTHROW { return *_cur; }
+  _Pointer operator->() const PLX_NOTHROW { return _cur; }
+  _Reference operator[](difference_type _n) const PLX_NOTHROW { return *(*this + _n); }
 
   deque_iterator &operator++() PLX_NOTHROW {
-    if (++cur == last) enter(node + 1, 0);
+    if (++_cur == _last) _enter(_node + 1, 0);
     return *this;
   }
   deque_iterator operator++(int) PLX_NOTHROW {
-    deque_iterator before = *this;
+    deque_iterator _before = *this;
     ++*this;
-    return before;
+    return _before;
   }
   deque_iterator &operator--() PLX_NOTHROW {
-    if (cur == last - deque_block) enter(node - 1, deque_block);
-    --cur;
+    if (_cur == _last - deque_block) _enter(_node - 1, deque_block);
+    --_cur;
     return *this;
   }
   deque_iterator operator--(int) PLX_NOTHROW {
-    deque_iterator before = *this;
+    deque_iterator _before = *this;
     --*this;
-    return before;
+    return _before;
   }
-  deque_iterator &operator+=(difference_type n) PLX_NOTHROW {
-    n += cur - (last - deque_block);
-    if (n >= 0) {
-      const unsigned int blocks = static_cast<unsigned int>(n) / deque_block;
-      enter(node + blocks, n - static_cast<difference_type>(blocks * deque_block));
+  deque_iterator &operator+=(difference_type _n) PLX_NOTHROW {
+    _n += _cur - (_last - deque_block);
+    if (_n >= 0) {
+      const unsigned int _blocks = static_cast<unsigned int>(_n) / deque_block;
+      _enter(_node + _blocks, _n - static_cast<difference_type>(_blocks * deque_block));
     } else {
-      const unsigned int blocks = (static_cast<unsigned int>(-(n + 1)) / deque_block) + 1;
-      enter(node - blocks, n + static_cast<difference_type>(blocks * deque_block));
+      const unsigned int _blocks = (static_cast<unsigned int>(-(_n + 1)) / deque_block) + 1;
+      _enter(_node - _blocks, _n + static_cast<difference_type>(_blocks * deque_block));
     }
     return *this;
   }
-  deque_iterator &operator-=(difference_type n) PLX_NOTHROW { return *this += -n; }
-  deque_iterator operator+(difference_type n) const PLX_NOTHROW {
-    deque_iterator moved = *this;
-    return moved += n;
+  deque_iterator &operator-=(difference_type _n) PLX_NOTHROW { return *this += -_n; }
+  deque_iterator operator+(difference_type _n) const PLX_NOTHROW {
+    deque_iterator _moved = *this;
+    return _moved += _n;
   }
-  deque_iterator operator-(difference_type n) const PLX_NOTHROW {
-    deque_iterator moved = *this;
-    return moved += -n;
+  deque_iterator operator-(difference_type _n) const PLX_NOTHROW {
+    deque_iterator _moved = *this;
+    return _moved += -_n;
   }
 
-  T *cur;
-  T *last;  // the end of its block
-  T **node;
+  _T *_cur;
+  _T *_last;  // the end of its block
+  _T **_node;
 
 private:
-  void enter(T **n, difference_type offset) PLX_NOTHROW {
-    node = n;
-    T *const first = *n;
-    cur = first + offset;
-    last = first + deque_block;
+  void _enter(_T **_n, difference_type _offset) PLX_NOTHROW {
+    _node = _n;
+    _T *const _first = *_n;
+    _cur = _first + _offset;
+    _last = _first + deque_block;
   }
 };
 
-template <class T, class R, class P, class R2, class P2>
-inline bool operator==(const deque_iterator<T, R, P> &left, const deque_iterator<T, R2, P2> &right) PLX_NOTHROW {
-  return left.cur == right.cur;
+template <class _T, class _R, class _Pt, class _R2, class _P2>
+inline bool operator==(const deque_iterator<_T, _R, _Pt> &_left,
+                       const deque_iterator<_T, _R2, _P2> &_right) PLX_NOTHROW {
+  return _left._cur == _right._cur;
 }
-template <class T, class R, class P, class R2, class P2>
-inline bool operator!=(const deque_iterator<T, R, P> &left, const deque_iterator<T, R2, P2> &right) PLX_NOTHROW {
-  return left.cur != right.cur;
+template <class _T, class _R, class _Pt, class _R2, class _P2>
+inline bool operator!=(const deque_iterator<_T, _R, _Pt> &_left,
+                       const deque_iterator<_T, _R2, _P2> &_right) PLX_NOTHROW {
+  return _left._cur != _right._cur;
 }
-template <class T, class R, class P, class R2, class P2>
-inline bool operator<(const deque_iterator<T, R, P> &left, const deque_iterator<T, R2, P2> &right) PLX_NOTHROW {
-  return left.node == right.node ? left.cur < right.cur : left.node < right.node;
+template <class _T, class _R, class _Pt, class _R2, class _P2>
+inline bool operator<(const deque_iterator<_T, _R, _Pt> &_left,
+                      const deque_iterator<_T, _R2, _P2> &_right) PLX_NOTHROW {
+  return _left._node == _right._node ? _left._cur < _right._cur : _left._node < _right._node;
 }
-template <class T, class R, class P, class R2, class P2>
-inline bool operator>(const deque_iterator<T, R, P> &left, const deque_iterator<T, R2, P2> &right) PLX_NOTHROW {
-  return right < left;
+template <class _T, class _R, class _Pt, class _R2, class _P2>
+inline bool operator>(const deque_iterator<_T, _R, _Pt> &_left,
+                      const deque_iterator<_T, _R2, _P2> &_right) PLX_NOTHROW {
+  return _right < _left;
 }
-template <class T, class R, class P, class R2, class P2>
-inline bool operator<=(const deque_iterator<T, R, P> &left, const deque_iterator<T, R2, P2> &right) PLX_NOTHROW {
-  return !(right < left);
+template <class _T, class _R, class _Pt, class _R2, class _P2>
+inline bool operator<=(const deque_iterator<_T, _R, _Pt> &_left,
+                       const deque_iterator<_T, _R2, _P2> &_right) PLX_NOTHROW {
+  return !(_right < _left);
 }
-template <class T, class R, class P, class R2, class P2>
-inline bool operator>=(const deque_iterator<T, R, P> &left, const deque_iterator<T, R2, P2> &right) PLX_NOTHROW {
-  return !(left < right);
+template <class _T, class _R, class _Pt, class _R2, class _P2>
+inline bool operator>=(const deque_iterator<_T, _R, _Pt> &_left,
+                       const deque_iterator<_T, _R2, _P2> &_right) PLX_NOTHROW {
+  return !(_left < _right);
 }
-template <class T, class R, class P, class R2, class P2>
-inline std::ptrdiff_t operator-(const deque_iterator<T, R, P> &left, const deque_iterator<T, R2, P2> &right)
-    PLX_NOTHROW {
-  return (left.node - right.node) * deque_block + (left.cur - left.last) - (right.cur - right.last);
+template <class _T, class _R, class _Pt, class _R2, class _P2>
+inline std::ptrdiff_t operator-(const deque_iterator<_T, _R, _Pt> &_left,
+                                const deque_iterator<_T, _R2, _P2> &_right) PLX_NOTHROW {
+  return (_left._node - _right._node) * deque_block + (_left._cur - _left._last) - (_right._cur - _right._last);
 }
-template <class T, class R, class P>
-inline deque_iterator<T, R, P> operator+(std::ptrdiff_t n, const deque_iterator<T, R, P> &at) PLX_NOTHROW {
-  return at + n;
+template <class _T, class _R, class _Pt>
+inline deque_iterator<_T, _R, _Pt> operator+(std::ptrdiff_t _n, const deque_iterator<_T, _R, _Pt> &_at) PLX_NOTHROW {
+  return _at + _n;
 }
 
 // Algorithms walk the blocks.
-template <class T, class R, class P> struct segmented_iterator_traits<deque_iterator<T, R, P> > {
-  typedef yes is_segmented;
-  typedef T **segment_iterator;
-  typedef P local_iterator;
-  typedef deque_iterator<T, R, P> iterator;
+template <class _T, class _R, class _Pt> struct segmented_iterator_traits<deque_iterator<_T, _R, _Pt> > {
+  typedef _yes is_segmented;
+  typedef _T **_segment_iterator;
+  typedef _Pt _local_iterator;
+  typedef deque_iterator<_T, _R, _Pt> iterator;
 
-  static segment_iterator segment(const iterator &at) PLX_NOTHROW { return at.node; }
-  static local_iterator local(const iterator &at) PLX_NOTHROW { return at.cur; }
-  static local_iterator begin(segment_iterator block) PLX_NOTHROW { return *block; }
-  static local_iterator end(segment_iterator block) PLX_NOTHROW { return *block + deque_block; }
-  static iterator compose(segment_iterator block, local_iterator at) PLX_NOTHROW {
-    const std::ptrdiff_t offset = at - *block;
-    if (offset == deque_block) return iterator(block[1], block + 1);
-    return iterator(*block + offset, block);
+  static _segment_iterator _segment(const iterator &_at) PLX_NOTHROW { return _at._node; }
+  static _local_iterator _local(const iterator &_at) PLX_NOTHROW { return _at._cur; }
+  static _local_iterator begin(_segment_iterator _block) PLX_NOTHROW { return *_block; }
+  static _local_iterator end(_segment_iterator _block) PLX_NOTHROW { return *_block + deque_block; }
+  static iterator _compose(_segment_iterator _block, _local_iterator _at) PLX_NOTHROW {
+    const std::ptrdiff_t _offset = _at - *_block;
+    if (_offset == deque_block) return iterator(_block[1], _block + 1);
+    return iterator(*_block + _offset, _block);
   }
 };
 
 // One value, as often as wanted: filling is copying from here.
-template <class T> class repeated_value {
+template <class _T> class repeated_value {
 public:
-  typedef T value_type;
+  typedef _T value_type;
   typedef std::ptrdiff_t difference_type;
-  typedef const T *pointer;
-  typedef const T &reference;
+  typedef const _T *pointer;
+  typedef const _T &reference;
   typedef std::random_access_iterator_tag iterator_category;
 
-  repeated_value(const T &value, size_t at) PLX_NOTHROW : value_(&value), at_(at) {}
-  const T &operator*() const PLX_NOTHROW { return *value_; }
+  repeated_value(const _T &_value, size_t _at) PLX_NOTHROW : _value_(&_value), _at_(_at) {}
+  const _T &operator*() const PLX_NOTHROW { return *_value_; }
   repeated_value &operator++() PLX_NOTHROW {
-    ++at_;
+    ++_at_;
     return *this;
   }
-  repeated_value &operator+=(difference_type n) PLX_NOTHROW {
-    at_ += static_cast<size_t>(n);
+  repeated_value &operator+=(difference_type _n) PLX_NOTHROW {
+    _at_ += static_cast<size_t>(_n);
     return *this;
   }
-  bool operator==(const repeated_value &other) const PLX_NOTHROW { return at_ == other.at_; }
-  bool operator!=(const repeated_value &other) const PLX_NOTHROW { return at_ != other.at_; }
+  bool operator==(const repeated_value &_other) const PLX_NOTHROW { return _at_ == _other._at_; }
+  bool operator!=(const repeated_value &_other) const PLX_NOTHROW { return _at_ != _other._at_; }
 
 private:
-  const T *value_;
-  size_t at_;
+  const _T *_value_;
+  size_t _at_;
 };
 
 }  // namespace __zor
 
 namespace std {
 
-template <class T, class A = allocator<T> > class PLX_API deque : private A {
-  typedef __zor::deque_nothing<T> nothing;
-  typedef __zor::node_source<T, A, __zor::deque_block> source;
-  typedef typename A::template rebind<T *>::other map_allocator;
-  typedef typename __zor::element_traits<T, A>::plain plain;
-  typedef typename __zor::element_traits<T, A>::trivially_destroyed trivially_destroyed;
-  typedef typename __zor::truth<__zor::element_traits<T, A>::standard && __zor::is_scalar<T>::value>::type number;
-  typedef __zor::yes yes;
-  typedef __zor::no no;
-  enum { block = __zor::deque_block };
+template <class _T, class _A = allocator<_T> > class PLX_API deque : private _A {
+  typedef __zor::deque_nothing<_T> _nothing;
+  typedef __zor::node_source<_T, _A, __zor::deque_block> _source;
+  typedef typename _A::template rebind<_T *>::other _map_allocator;
+  typedef typename __zor::element_traits<_T, _A>::_plain _plain;
+  typedef typename __zor::element_traits<_T, _A>::_trivially_destroyed _trivially_destroyed;
+  typedef
+      typename __zor::_truth<__zor::element_traits<_T, _A>::_standard && __zor::is_scalar<_T>::value>::_type _number;
+  typedef __zor::_yes _yes;
+  typedef __zor::_no _no;
+  enum { _block = __zor::deque_block };
 
 public:
-  typedef T value_type;
-  typedef A allocator_type;
-  typedef typename A::size_type size_type;
-  typedef typename A::difference_type difference_type;
-  typedef typename A::reference reference;
-  typedef typename A::const_reference const_reference;
-  typedef typename A::pointer pointer;
-  typedef typename A::const_pointer const_pointer;
-  typedef __zor::deque_iterator<T, T &, T *> iterator;
-  typedef __zor::deque_iterator<T, const T &, const T *> const_iterator;
+  typedef _T value_type;
+  typedef _A allocator_type;
+  typedef typename _A::size_type size_type;
+  typedef typename _A::difference_type difference_type;
+  typedef typename _A::reference reference;
+  typedef typename _A::const_reference const_reference;
+  typedef typename _A::pointer pointer;
+  typedef typename _A::const_pointer const_pointer;
+  typedef __zor::deque_iterator<_T, _T &, _T *> iterator;
+  typedef __zor::deque_iterator<_T, const _T &, const _T *> const_iterator;
   typedef std::reverse_iterator<iterator> reverse_iterator;
   typedef std::reverse_iterator<const_iterator> const_reverse_iterator;
 
   // Construction, copying, destruction.
 
-  explicit deque(const A &a = A()) PLX_NOTHROW : A(a) { reset(); }
-  explicit deque(size_type n, const T &value = T(), const A &a = A()) : A(a) {
+  explicit deque(const _A &_a = _A()) PLX_NOTHROW : _A(_a) { reset(); }
+  explicit deque(size_type _n, const _T &_value = _T(), const _A &_a = _A()) : _A(_a) {
     reset();
-    __zor::cleanup<unfinished> guard(*this);
-    insert(end(), n, value);
-    guard.get().finish();
+    __zor::_cleanup<_unfinished> _guard(*this);
+    insert(end(), _n, _value);
+    _guard.get()._finish();
   }
-  template <class Iterator> deque(Iterator first, Iterator last, const A &a = A()) : A(a) {
+  template <class _Iterator> deque(_Iterator _first, _Iterator _last, const _A &_a = _A()) : _A(_a) {
     reset();
-    __zor::cleanup<unfinished> guard(*this);
-    insert(end(), first, last);
-    guard.get().finish();
+    __zor::_cleanup<_unfinished> _guard(*this);
+    insert(end(), _first, _last);
+    _guard.get()._finish();
   }
-  deque(const deque &other) : A(other) {
+  deque(const deque &_other) : _A(_other) {
     reset();
-    __zor::cleanup<unfinished> guard(*this);
-    insert_sized(end(), other.begin(), other.end(), other.size());
-    guard.get().finish();
+    __zor::_cleanup<_unfinished> _guard(*this);
+    _insert_sized(end(), _other.begin(), _other.end(), _other.size());
+    _guard.get()._finish();
   }
-  ~deque() { give_all(); }
+  ~deque() { _give_all(); }
 
-  deque &operator=(const deque &other) {
-    if (this != &other) assign_sized(other.begin(), other.end(), other.size());
+  deque &operator=(const deque &_other) {
+    if (this != &_other) _assign_sized(_other.begin(), _other.end(), _other.size());
     return *this;
   }
 #if __cplusplus >= 201103L
-  deque(deque &&other) noexcept : A(other) {
+  deque(deque &&_other) noexcept : _A(_other) {
     reset();
-    swap(other);
+    swap(_other);
   }
-  deque &operator=(deque &&other) noexcept {
-    deque taken(static_cast<deque &&>(other));
-    swap(taken);
+  deque &operator=(deque &&_other) noexcept {
+    deque _taken(static_cast<deque &&>(_other));
+    swap(_taken);
     return *this;
   }
-  deque(initializer_list<T> values, const A &a = A()) : deque(values.begin(), values.end(), a) {}
-  deque &operator=(initializer_list<T> values) {
-    assign_sized(values.begin(), values.end(), values.size());
+  deque(initializer_list<_T> _values, const _A &_a = _A()) : deque(_values.begin(), _values.end(), _a) {}
+  deque &operator=(initializer_list<_T> _values) {
+    _assign_sized(_values.begin(), _values.end(), _values.size());
     return *this;
   }
-  void assign(initializer_list<T> values) { assign_sized(values.begin(), values.end(), values.size()); }
-  void insert(iterator at, initializer_list<T> values) {
-    insert_sized(at, values.begin(), values.end(), values.size());
+  void assign(initializer_list<_T> _values) { _assign_sized(_values.begin(), _values.end(), _values.size()); }
+  void insert(iterator _at, initializer_list<_T> _values) {
+    _insert_sized(_at, _values.begin(), _values.end(), _values.size());
   }
 #endif
-  template <class Iterator> void assign(Iterator first, Iterator last) {
-    assign_range(first, last, typename __zor::is_integer<Iterator>::type());
+  template <class _Iterator> void assign(_Iterator _first, _Iterator _last) {
+    _assign_range(_first, _last, typename __zor::is_integer<_Iterator>::_type());
   }
-  void assign(size_type n, const T &value) {
-    const T copy(value);
-    assign_sized(repeated(copy, 0), repeated(copy, n), n);
+  void assign(size_type _n, const _T &_value) {
+    const _T _copy(_value);
+    _assign_sized(_repeated(_copy, 0), _repeated(_copy, _n), _n);
   }
-  allocator_type get_allocator() const PLX_NOTHROW { return static_cast<const A &>(*this); }
+  allocator_type get_allocator() const PLX_NOTHROW { return static_cast<const _A &>(*this); }
 
   // Iterators.
 
-  iterator begin() PLX_NOTHROW { return iterator(*start_node_ + start_offset_, start_node_); }
-  const_iterator begin() const PLX_NOTHROW { return const_iterator(*start_node_ + start_offset_, start_node_); }
-  iterator end() PLX_NOTHROW { return iterator(finish_, finish_node_); }
-  const_iterator end() const PLX_NOTHROW { return const_iterator(finish_, finish_node_); }
+  iterator begin() PLX_NOTHROW { return iterator(*_start_node_ + _start_offset_, _start_node_); }
+  const_iterator begin() const PLX_NOTHROW { return const_iterator(*_start_node_ + _start_offset_, _start_node_); }
+  iterator end() PLX_NOTHROW { return iterator(_finish_, _finish_node_); }
+  const_iterator end() const PLX_NOTHROW { return const_iterator(_finish_, _finish_node_); }
   reverse_iterator rbegin() PLX_NOTHROW { return reverse_iterator(end()); }
   const_reverse_iterator rbegin() const PLX_NOTHROW { return const_reverse_iterator(end()); }
   reverse_iterator rend() PLX_NOTHROW { return reverse_iterator(begin()); }
@@ -280,546 +286,551 @@ public:
   // Size.
 
   size_type size() const PLX_NOTHROW {
-    return static_cast<size_type>((finish_node_ - start_node_) * block + (finish_ - *finish_node_)) - static_cast<size_type>(start_offset_);
+    return static_cast<size_type>((_finish_node_ - _start_node_) * _block + (_finish_ - *_finish_node_)) -
+           static_cast<size_type>(_start_offset_);
   }
   size_type max_size() const PLX_NOTHROW {
-    const size_type fit = A::max_size(), countable = 0x7FFFFFFFu / sizeof(T);
-    return fit < countable ? fit : countable;
+    const size_type _fit = _A::max_size(), _countable = 0x7FFFFFFFu / sizeof(_T);
+    return _fit < _countable ? _fit : _countable;
   }
-  void resize(size_type n, T value = T()) {
-    const size_type now = size();
-    if (n > now)
-      insert_sized(end(), repeated(value, now), repeated(value, n), n - now);
+  void resize(size_type _n, _T _value = _T()) {
+    const size_type _now = size();
+    if (_n > _now)
+      _insert_sized(end(), _repeated(_value, _now), _repeated(_value, _n), _n - _now);
     else
-      cut_back(begin() + static_cast<difference_type>(n));
+      _cut_back(begin() + static_cast<difference_type>(_n));
   }
-  bool empty() const PLX_NOTHROW { return finish_ == *start_node_ + start_offset_; }
+  bool empty() const PLX_NOTHROW { return _finish_ == *_start_node_ + _start_offset_; }
 
   // Elements.
 
-  reference operator[](size_type n) PLX_NOTHROW { return *element(n); }
-  const_reference operator[](size_type n) const PLX_NOTHROW { return *element(n); }
-  reference at(size_type n) {
-    if (n >= size()) __zor::sequence_out_of_range();
-    return *element(n);
+  reference operator[](size_type _n) PLX_NOTHROW { return *_element(_n); }
+  const_reference operator[](size_type _n) const PLX_NOTHROW { return *_element(_n); }
+  reference at(size_type _n) {
+    if (_n >= size()) __zor::sequence_out_of_range();
+    return *_element(_n);
   }
-  const_reference at(size_type n) const {
-    if (n >= size()) __zor::sequence_out_of_range();
-    return *element(n);
+  const_reference at(size_type _n) const {
+    if (_n >= size()) __zor::sequence_out_of_range();
+    return *_element(_n);
   }
-  reference front() PLX_NOTHROW { return (*start_node_)[start_offset_]; }
-  const_reference front() const PLX_NOTHROW { return (*start_node_)[start_offset_]; }
-  reference back() PLX_NOTHROW { return *last_element(); }
-  const_reference back() const PLX_NOTHROW { return *last_element(); }
+  reference front() PLX_NOTHROW { return (*_start_node_)[_start_offset_]; }
+  const_reference front() const PLX_NOTHROW { return (*_start_node_)[_start_offset_]; }
+  reference back() PLX_NOTHROW { return *_last_element(); }
+  const_reference back() const PLX_NOTHROW { return *_last_element(); }
 
   // Modifiers. What is inserted may be an element of this deque.
 
-  void push_front(const T &value) { push_front(value, number()); }
-  void push_back(const T &value) { push_back(value, number()); }
+  void push_front(const _T &_value) { push_front(_value, _number()); }
+  void push_back(const _T &_value) { push_back(_value, _number()); }
   void pop_front() {
-    A::destroy(*start_node_ + start_offset_);
-    unsigned long next = start_offset_ + 1;
-    if (__builtin_expect(next == block, 0)) {
-      source::give(alloc(), *start_node_);
-      ++start_node_;
-      next = 0;
+    _A::destroy(*_start_node_ + _start_offset_);
+    unsigned long _next = _start_offset_ + 1;
+    if (__builtin_expect(_next == _block, 0)) {
+      _source::_give(_alloc(), *_start_node_);
+      ++_start_node_;
+      _next = 0;
     }
-    start_offset_ = next;
+    _start_offset_ = _next;
   }
   void pop_back() {
-    if (finish_ == *finish_node_) {
-      source::give(alloc(), *finish_node_);
-      --finish_node_;
-      finish_limit_ = finish_ = *finish_node_ + (block - 1);
+    if (_finish_ == *_finish_node_) {
+      _source::_give(_alloc(), *_finish_node_);
+      --_finish_node_;
+      _finish_limit_ = _finish_ = *_finish_node_ + (_block - 1);
     } else {
-      --finish_;
+      --_finish_;
     }
-    A::destroy(finish_);
+    _A::destroy(_finish_);
   }
 
-  iterator insert(iterator at, const T &value) {
-    const difference_type index = at - begin();
-    if (index == 0) {
-      push_front(value);
-    } else if (at == end()) {
-      push_back(value);
+  iterator insert(iterator _at, const _T &_value) {
+    const difference_type _index = _at - begin();
+    if (_index == 0) {
+      push_front(_value);
+    } else if (_at == end()) {
+      push_back(_value);
     } else {
-      const T copy(value);
-      if (static_cast<size_type>(index) < size() / 2) {
+      const _T _copy(_value);
+      if (static_cast<size_type>(_index) < size() / 2) {
         push_front(front());
-        const iterator first = begin();
-        std::copy(first + 2, first + index + 1, first + 1);
+        const iterator _first = begin();
+        std::copy(_first + 2, _first + _index + 1, _first + 1);
       } else {
         push_back(back());
-        const iterator last = end();
-        std::copy_backward(begin() + index, last - 2, last - 1);
+        const iterator _last = end();
+        std::copy_backward(begin() + _index, _last - 2, _last - 1);
       }
-      *element(static_cast<size_type>(index)) = copy;
+      *_element(static_cast<size_type>(_index)) = _copy;
     }
-    return begin() + index;
+    return begin() + _index;
   }
-  void insert(iterator at, size_type n, const T &value) {
-    const T copy(value);
-    insert_sized(at, repeated(copy, 0), repeated(copy, n), n);
+  void insert(iterator _at, size_type _n, const _T &_value) {
+    const _T _copy(_value);
+    _insert_sized(_at, _repeated(_copy, 0), _repeated(_copy, _n), _n);
   }
-  template <class Iterator> void insert(iterator at, Iterator first, Iterator last) {
-    insert_range(at, first, last, typename __zor::is_integer<Iterator>::type());
+  template <class _Iterator> void insert(iterator _at, _Iterator _first, _Iterator _last) {
+    _insert_range(_at, _first, _last, typename __zor::is_integer<_Iterator>::_type());
   }
-  iterator erase(iterator at) { return erase(at, at + 1); }
-  iterator erase(iterator first, iterator last) {
-    const difference_type index = first - begin(), n = last - first;
-    if (n == 0) return first;
-    if (static_cast<size_type>(index) < (size() - static_cast<size_type>(n)) / 2) {
-      std::copy_backward(begin(), first, last);
-      cut_front(begin() + n);
+  iterator erase(iterator _at) { return erase(_at, _at + 1); }
+  iterator erase(iterator _first, iterator _last) {
+    const difference_type _index = _first - begin(), _n = _last - _first;
+    if (_n == 0) return _first;
+    if (static_cast<size_type>(_index) < (size() - static_cast<size_type>(_n)) / 2) {
+      std::copy_backward(begin(), _first, _last);
+      _cut_front(begin() + _n);
     } else {
-      std::copy(last, end(), first);
-      cut_back(end() - n);
+      std::copy(_last, end(), _first);
+      _cut_back(end() - _n);
     }
-    return begin() + index;
+    return begin() + _index;
   }
-  void swap(deque &other) PLX_NOTHROW {
-    std::swap(map_, other.map_);
-    std::swap(map_end_, other.map_end_);
-    std::swap(start_node_, other.start_node_);
-    std::swap(start_offset_, other.start_offset_);
-    std::swap(finish_, other.finish_);
-    std::swap(finish_limit_, other.finish_limit_);
-    std::swap(finish_node_, other.finish_node_);
+  void swap(deque &_other) PLX_NOTHROW {
+    std::swap(_map_, _other._map_);
+    std::swap(_map_end_, _other._map_end_);
+    std::swap(_start_node_, _other._start_node_);
+    std::swap(_start_offset_, _other._start_offset_);
+    std::swap(_finish_, _other._finish_);
+    std::swap(_finish_limit_, _other._finish_limit_);
+    std::swap(_finish_node_, _other._finish_node_);
   }
-  void clear() PLX_NOTHROW { cut_back(begin()); }
+  void clear() PLX_NOTHROW { _cut_back(begin()); }
 
 private:
-  typedef __zor::repeated_value<T> repeated;
+  typedef __zor::repeated_value<_T> _repeated;
 
-  const A &alloc() const PLX_NOTHROW { return *this; }
+  const _A &_alloc() const PLX_NOTHROW { return *this; }
 
   void reset() PLX_NOTHROW {
-    map_ = 0;
-    map_end_ = &nothing::entry + 1;
-    start_node_ = finish_node_ = &nothing::entry;
-    start_offset_ = 0;
-    finish_ = finish_limit_ = nothing::entry;
+    _map_ = 0;
+    _map_end_ = &_nothing::_entry + 1;
+    _start_node_ = _finish_node_ = &_nothing::_entry;
+    _start_offset_ = 0;
+    _finish_ = _finish_limit_ = _nothing::_entry;
   }
-  T *element(size_type n) const PLX_NOTHROW {
-    n += start_offset_;
-    const size_type blocks = n / block;
-    return start_node_[blocks] + (n - blocks * block);
+  _T *_element(size_type _n) const PLX_NOTHROW {
+    _n += _start_offset_;
+    const size_type _blocks = _n / _block;
+    return _start_node_[_blocks] + (_n - _blocks * _block);
   }
-  T *last_element() const PLX_NOTHROW {
-    return finish_ == *finish_node_ ? finish_node_[-1] + (block - 1) : finish_ - 1;
+  _T *_last_element() const PLX_NOTHROW {
+    return _finish_ == *_finish_node_ ? _finish_node_[-1] + (_block - 1) : _finish_ - 1;
   }
-  void set_finish(T *at, T **node) PLX_NOTHROW {
-    finish_ = at;
-    finish_node_ = node;
-    finish_limit_ = *node + (block - 1);
+  void _set_finish(_T *_at, _T **_node) PLX_NOTHROW {
+    _finish_ = _at;
+    _finish_node_ = _node;
+    _finish_limit_ = *_node + (_block - 1);
   }
 
   // ---- The map.
 
-  size_type map_size() const PLX_NOTHROW { return static_cast<size_type>(map_end_ - map_); }
+  size_type _map_size() const PLX_NOTHROW { return static_cast<size_type>(_map_end_ - _map_); }
 
-  T **take_map(size_type n) {
-    map_allocator a(alloc());
-    return a.allocate(n);
+  _T **_take_map(size_type _n) {
+    _map_allocator _a(_alloc());
+    return _a.allocate(_n);
   }
-  void give_map() PLX_NOTHROW {
-    if (!map_) return;
-    map_allocator a(alloc());
-    a.deallocate(map_, map_size());
+  void _give_map() PLX_NOTHROW {
+    if (!_map_) return;
+    _map_allocator _a(_alloc());
+    _a.deallocate(_map_, _map_size());
   }
 
   // The first allocation: a map of two entries, and a block in the second.
-  void begin_in_middle() {
-    __zor::cleanup<new_block> first(*this);
-    map_ = take_map(2);
-    map_end_ = map_ + 2;
-    start_node_ = map_ + 1;
-    *start_node_ = first.get().keep();
-    start_offset_ = block / 2;
-    set_finish(*start_node_ + block / 2, start_node_);
+  void _begin_in_middle() {
+    __zor::_cleanup<_new_block> _first(*this);
+    _map_ = _take_map(2);
+    _map_end_ = _map_ + 2;
+    _start_node_ = _map_ + 1;
+    *_start_node_ = _first.get()._keep();
+    _start_offset_ = _block / 2;
+    _set_finish(*_start_node_ + _block / 2, _start_node_);
   }
 
-  class new_block {
+  class _new_block {
   public:
-    explicit new_block(const deque &d) : deque_(d), block_(source::take(d.alloc())) {}
-    ~new_block() {
-      if (block_) source::give(deque_.alloc(), block_);
+    explicit _new_block(const deque &_d) : _deque_(_d), _block_(_source::_take(_d._alloc())) {}
+    ~_new_block() {
+      if (_block_) _source::_give(_deque_._alloc(), _block_);
     }
-    T *get() const PLX_NOTHROW { return block_; }
-    T *keep() PLX_NOTHROW {
-      T *const kept = block_;
-      block_ = 0;
-      return kept;
+    _T *get() const PLX_NOTHROW { return _block_; }
+    _T *_keep() PLX_NOTHROW {
+      _T *const _kept = _block_;
+      _block_ = 0;
+      return _kept;
     }
 
   private:
-    new_block(const new_block &);
-    new_block &operator=(const new_block &);
-    const deque &deque_;
-    T *block_;
+    _new_block(const _new_block &);
+    _new_block &operator=(const _new_block &);
+    const deque &_deque_;
+    _T *_block_;
   };
 
   // Makes sure that n entries are free in front of the used ones, or behind them. The new map has twice the used
   // entries; a map that is large enough is used again.
-  void reserve_entries(size_type n, bool in_front) {
-    const size_type before = static_cast<size_type>(start_node_ - map_);
-    const size_type used = static_cast<size_type>(finish_node_ - start_node_) + 1;
-    if (n <= (in_front ? before : map_size() - before - used)) return;
-    size_type wanted = 2 * used;
-    if (wanted - wanted / 4 < used + n) wanted = 2 * (used + n);
-    const bool reused = wanted <= map_size();
-    T **const made = reused ? map_ : take_map(wanted);
-    if (reused) wanted = map_size();
-    T **const start = made + (in_front ? wanted - used - wanted / 4 : wanted / 4);
-    memmove(static_cast<void *>(start), start_node_, used * sizeof(T *));
-    if (!reused) {
-      give_map();
-      map_ = made;
-      map_end_ = made + wanted;
+  void _reserve_entries(size_type _n, bool _in_front) {
+    const size_type _before = static_cast<size_type>(_start_node_ - _map_);
+    const size_type _used = static_cast<size_type>(_finish_node_ - _start_node_) + 1;
+    if (_n <= (_in_front ? _before : _map_size() - _before - _used)) return;
+    size_type _wanted = 2 * _used;
+    if (_wanted - _wanted / 4 < _used + _n) _wanted = 2 * (_used + _n);
+    const bool _reused = _wanted <= _map_size();
+    _T **const _made = _reused ? _map_ : _take_map(_wanted);
+    if (_reused) _wanted = _map_size();
+    _T **const _start = _made + (_in_front ? _wanted - _used - _wanted / 4 : _wanted / 4);
+    memmove(static_cast<void *>(_start), _start_node_, _used * sizeof(_T *));
+    if (!_reused) {
+      _give_map();
+      _map_ = _made;
+      _map_end_ = _made + _wanted;
     }
-    start_node_ = start;
-    finish_node_ = start + (used - 1);
+    _start_node_ = _start;
+    _finish_node_ = _start + (_used - 1);
   }
 
   // ---- Blocks for elements to come: they go again unless they are kept.
 
-  class new_blocks {
+  class _new_blocks {
   public:
-    // At the back from finish_node_ on, or at the front from start_node_ on.
-    new_blocks(const deque &d, const size_type &n, const bool &in_front)
-        : deque_(const_cast<deque &>(d)), node_(0), n_(0), in_front_(in_front) {
-      deque_.reserve_entries(n, in_front);
-      node_ = in_front ? deque_.start_node_ : deque_.finish_node_;
+    // At the back from _finish_node_ on, or at the front from _start_node_ on.
+    _new_blocks(const deque &_d, const size_type &_n, const bool &_in_front)
+        : _deque_(const_cast<deque &>(_d)), _node_(0), _n_(0), _in_front_(_in_front) {
+      _deque_._reserve_entries(_n, _in_front);
+      _node_ = _in_front ? _deque_._start_node_ : _deque_._finish_node_;
     }
-    ~new_blocks() {
-      for (; n_ != 0; --n_) source::give(deque_.alloc(), *entry(n_));
+    ~_new_blocks() {
+      for (; _n_ != 0; --_n_) _source::_give(_deque_._alloc(), *_entry(_n_));
     }
-    void add() {
-      *entry(n_ + 1) = source::take(deque_.alloc());
-      ++n_;
+    void _add() {
+      *_entry(_n_ + 1) = _source::_take(_deque_._alloc());
+      ++_n_;
     }
-    void keep() PLX_NOTHROW { n_ = 0; }
+    void _keep() PLX_NOTHROW { _n_ = 0; }
 
   private:
-    new_blocks(const new_blocks &);
-    new_blocks &operator=(const new_blocks &);
-    T **entry(size_type i) const PLX_NOTHROW { return in_front_ ? node_ - i : node_ + i; }
+    _new_blocks(const _new_blocks &);
+    _new_blocks &operator=(const _new_blocks &);
+    _T **_entry(size_type _i) const PLX_NOTHROW { return _in_front_ ? _node_ - _i : _node_ + _i; }
 
-    deque &deque_;
-    T **node_;
-    size_type n_;
-    bool in_front_;
+    deque &_deque_;
+    _T **_node_;
+    size_type _n_;
+    bool _in_front_;
   };
 
   // Pushing numbers has one way of writing the element and the end, so that in a loop the end stays in a register. What
   // comes once in 20 pushes is a template, so that the program has it itself also where the library carries the deque:
   // its pool is nearer than the library's.
 
-  void push_back(const T &value, yes) {
-    const T copy = value;
-    T *at = finish_, *next = at + 1;
-    if (__builtin_expect(at == finish_limit_, 0)) {
-      next = next_block<T>();
-      if (at == nothing::entry) at = next++;
+  void push_back(const _T &_value, _yes) {
+    const _T _copy = _value;
+    _T *_at = _finish_, *_next = _at + 1;
+    if (__builtin_expect(_at == _finish_limit_, 0)) {
+      _next = _next_block<_T>();
+      if (_at == _nothing::_entry) _at = _next++;
     }
-    *at = copy;
-    finish_ = next;
+    *_at = _copy;
+    _finish_ = _next;
   }
   // Where the next element but one goes; in an empty deque, the next.
-  template <class> __attribute__((__noinline__, __regparm__(1))) T *next_block() {
-    if (__builtin_expect(finish_node_ + 1 == map_end_, 0)) {
-      if (!map_) {
-        begin_in_middle();
-        return finish_;
+  template <class> __attribute__((__noinline__, __regparm__(1))) _T *_next_block() {
+    if (__builtin_expect(_finish_node_ + 1 == _map_end_, 0)) {
+      if (!_map_) {
+        _begin_in_middle();
+        return _finish_;
       }
-      reserve_entries(1, false);
+      _reserve_entries(1, false);
     }
-    T *const made = source::take(alloc());
-    *++finish_node_ = made;
-    finish_limit_ = made + (block - 1);
-    return made;
+    _T *const _made = _source::_take(_alloc());
+    *++_finish_node_ = _made;
+    _finish_limit_ = _made + (_block - 1);
+    return _made;
   }
-  void push_back(const T &value, no) {
-    if (__builtin_expect(finish_ != finish_limit_, 1)) {
-      A::construct(finish_, value);
-      ++finish_;
+  void push_back(const _T &_value, _no) {
+    if (__builtin_expect(_finish_ != _finish_limit_, 1)) {
+      _A::construct(_finish_, _value);
+      ++_finish_;
     } else {
-      push_back_before_new(value);
+      _push_back_before_new(_value);
     }
   }
-  __attribute__((__noinline__)) void push_back_before_new(const T &value) {
-    if (!map_) {
-      begin_in_middle();
-      push_back(value);
+  __attribute__((__noinline__)) void _push_back_before_new(const _T &_value) {
+    if (!_map_) {
+      _begin_in_middle();
+      push_back(_value);
       return;
     }
-    if (finish_node_ + 1 == map_end_) reserve_entries(1, false);
-    new_block made(*this);
-    A::construct(finish_, value);
-    finish_node_[1] = made.keep();
-    set_finish(finish_node_[1], finish_node_ + 1);
+    if (_finish_node_ + 1 == _map_end_) _reserve_entries(1, false);
+    _new_block _made(*this);
+    _A::construct(_finish_, _value);
+    _finish_node_[1] = _made._keep();
+    _set_finish(_finish_node_[1], _finish_node_ + 1);
   }
 
-  void push_front(const T &value, yes) {
-    const T copy = value;
-    if (__builtin_expect(start_offset_ == 0, 0)) previous_block<T>();
-    const unsigned long offset = start_offset_ - 1;
-    (*start_node_)[offset] = copy;
-    start_offset_ = offset;
+  void push_front(const _T &_value, _yes) {
+    const _T _copy = _value;
+    if (__builtin_expect(_start_offset_ == 0, 0)) _previous_block<_T>();
+    const unsigned long _offset = _start_offset_ - 1;
+    (*_start_node_)[_offset] = _copy;
+    _start_offset_ = _offset;
   }
-  template <class> __attribute__((__noinline__, __regparm__(1))) void previous_block() {
-    if (__builtin_expect(start_node_ == map_, 0)) {
-      reserve_entries(1, true);
-    } else if (__builtin_expect(!map_, 0)) {
-      begin_in_middle();
+  template <class> __attribute__((__noinline__, __regparm__(1))) void _previous_block() {
+    if (__builtin_expect(_start_node_ == _map_, 0)) {
+      _reserve_entries(1, true);
+    } else if (__builtin_expect(!_map_, 0)) {
+      _begin_in_middle();
       return;
     }
-    T *const made = source::take(alloc());
-    *--start_node_ = made;
-    start_offset_ = block;
+    _T *const _made = _source::_take(_alloc());
+    *--_start_node_ = _made;
+    _start_offset_ = _block;
   }
-  void push_front(const T &value, no) {
-    if (__builtin_expect(start_offset_ != 0, 1)) {
-      A::construct(*start_node_ + (start_offset_ - 1), value);
-      --start_offset_;
+  void push_front(const _T &_value, _no) {
+    if (__builtin_expect(_start_offset_ != 0, 1)) {
+      _A::construct(*_start_node_ + (_start_offset_ - 1), _value);
+      --_start_offset_;
     } else {
-      push_front_into_new(value);
+      _push_front_into_new(_value);
     }
   }
-  __attribute__((__noinline__)) void push_front_into_new(const T &value) {
-    if (!map_) {
-      begin_in_middle();
-      push_front(value);
+  __attribute__((__noinline__)) void _push_front_into_new(const _T &_value) {
+    if (!_map_) {
+      _begin_in_middle();
+      push_front(_value);
       return;
     }
-    if (start_node_ == map_) reserve_entries(1, true);
-    new_block made(*this);
-    A::construct(made.get() + (block - 1), value);
-    *--start_node_ = made.keep();
-    start_offset_ = block - 1;
+    if (_start_node_ == _map_) _reserve_entries(1, true);
+    _new_block _made(*this);
+    _A::construct(_made.get() + (_block - 1), _value);
+    *--_start_node_ = _made._keep();
+    _start_offset_ = _block - 1;
   }
 
   // ---- Destroying.
 
-  void destroy_between(T *first, T **node, T *last, T **last_node, yes) PLX_NOTHROW {
-    (void)first, (void)node, (void)last, (void)last_node;
+  void _destroy_between(_T *_first, _T **_node, _T *_last, _T **_last_node, _yes) PLX_NOTHROW {
+    (void)_first, (void)_node, (void)_last, (void)_last_node;
   }
-  void destroy_between(T *first, T **node, T *last, T **last_node, no) {
-    for (; node != last_node; first = *++node) __zor::destroy_range(static_cast<A &>(*this), first, *node + block);
-    __zor::destroy_range(static_cast<A &>(*this), first, last);
+  void _destroy_between(_T *_first, _T **_node, _T *_last, _T **_last_node, _no) {
+    for (; _node != _last_node; _first = *++_node)
+      __zor::destroy_range(static_cast<_A &>(*this), _first, *_node + _block);
+    __zor::destroy_range(static_cast<_A &>(*this), _first, _last);
   }
-  void destroy_between(const iterator &first, const iterator &last) {
-    destroy_between(first.cur, first.node, last.cur, last.node, trivially_destroyed());
+  void _destroy_between(const iterator &_first, const iterator &_last) {
+    _destroy_between(_first._cur, _first._node, _last._cur, _last._node, _trivially_destroyed());
   }
-  void cut_back(iterator at) {
-    destroy_between(at, end());
-    for (T **node = finish_node_; node != at.node; --node) source::give(alloc(), *node);
-    if (map_) set_finish(at.cur, at.node);
+  void _cut_back(iterator _at) {
+    _destroy_between(_at, end());
+    for (_T **_node = _finish_node_; _node != _at._node; --_node) _source::_give(_alloc(), *_node);
+    if (_map_) _set_finish(_at._cur, _at._node);
   }
-  void cut_front(iterator at) {
-    destroy_between(begin(), at);
-    for (T **node = start_node_; node != at.node; ++node) source::give(alloc(), *node);
-    start_node_ = at.node;
-    start_offset_ = static_cast<size_type>(at.cur - *at.node);
+  void _cut_front(iterator _at) {
+    _destroy_between(begin(), _at);
+    for (_T **_node = _start_node_; _node != _at._node; ++_node) _source::_give(_alloc(), *_node);
+    _start_node_ = _at._node;
+    _start_offset_ = static_cast<size_type>(_at._cur - *_at._node);
   }
-  void give_all() {
-    if (!map_) return;
-    destroy_between(begin(), end());
-    for (T **node = start_node_; node <= finish_node_; ++node) source::give(alloc(), *node);
-    give_map();
+  void _give_all() {
+    if (!_map_) return;
+    _destroy_between(begin(), end());
+    for (_T **_node = _start_node_; _node <= _finish_node_; ++_node) _source::_give(_alloc(), *_node);
+    _give_map();
   }
 
   // Gives up what a constructor did so far.
-  class unfinished {
+  class _unfinished {
   public:
-    explicit unfinished(const deque &d) : deque_(const_cast<deque *>(&d)) {}
-    ~unfinished() {
-      if (!deque_) return;
-      deque_->give_all();
-      deque_->reset();
+    explicit _unfinished(const deque &_d) : _deque_(const_cast<deque *>(&_d)) {}
+    ~_unfinished() {
+      if (!_deque_) return;
+      _deque_->_give_all();
+      _deque_->reset();
     }
-    void finish() PLX_NOTHROW { deque_ = 0; }
+    void _finish() PLX_NOTHROW { _deque_ = 0; }
 
   private:
-    unfinished(const unfinished &);
-    unfinished &operator=(const unfinished &);
-    deque *deque_;
+    _unfinished(const _unfinished &);
+    _unfinished &operator=(const _unfinished &);
+    deque *_deque_;
   };
 
   // ---- Ranges. Elements are made at the nearer end, and those between are assigned.
 
   // Elements that were made from a place on; they go unless they are kept.
-  class made_range {
+  class _made_range {
   public:
-    made_range(deque &d, const iterator &first) : at(first), deque_(d), first_(first) {}
-    ~made_range() { deque_.destroy_between(first_, at); }
-    template <class Iterator> void add(Iterator first, const Iterator &last) {
-      for (; first != last; ++first, (void)++at) deque_.A::construct(at.cur, *first);
+    _made_range(deque &_d, const iterator &_first) : at(_first), _deque_(_d), _first_(_first) {}
+    ~_made_range() { _deque_._destroy_between(_first_, at); }
+    template <class _Iterator> void _add(_Iterator _first, const _Iterator &_last) {
+      for (; _first != _last; ++_first, (void)++at) _deque_._A::construct(at._cur, *_first);
     }
-    void keep() { first_ = at; }
+    void _keep() { _first_ = at; }
     iterator at;
 
   private:
-    made_range(const made_range &);
-    made_range &operator=(const made_range &);
-    deque &deque_;
-    iterator first_;
+    _made_range(const _made_range &);
+    _made_range &operator=(const _made_range &);
+    deque &_deque_;
+    iterator _first_;
   };
 
-  template <class Integer> void insert_range(iterator at, Integer n, Integer value, yes) {
-    insert(at, static_cast<size_type>(n), static_cast<T>(value));
+  template <class _Integer> void _insert_range(iterator _at, _Integer _n, _Integer _value, _yes) {
+    insert(_at, static_cast<size_type>(_n), static_cast<_T>(_value));
   }
-  template <class Iterator> void insert_range(iterator at, Iterator first, Iterator last, no) {
-    insert_by(at, first, last, typename iterator_traits<Iterator>::iterator_category());
+  template <class _Iterator> void _insert_range(iterator _at, _Iterator _first, _Iterator _last, _no) {
+    _insert_by(_at, _first, _last, typename iterator_traits<_Iterator>::iterator_category());
   }
-  template <class Iterator> void insert_by(iterator at, Iterator first, Iterator last, input_iterator_tag) {
-    deque read(get_allocator());
-    for (; first != last; ++first) read.push_back(*first);
+  template <class _Iterator> void _insert_by(iterator _at, _Iterator _first, _Iterator _last, input_iterator_tag) {
+    deque _read(get_allocator());
+    for (; _first != _last; ++_first) _read.push_back(*_first);
     if (empty())
-      swap(read);
+      swap(_read);
     else
-      insert_sized(at, read.begin(), read.end(), read.size());
+      _insert_sized(_at, _read.begin(), _read.end(), _read.size());
   }
-  template <class Iterator> void insert_by(iterator at, Iterator first, Iterator last, forward_iterator_tag) {
-    insert_sized(at, first, last, static_cast<size_type>(std::distance(first, last)));
+  template <class _Iterator> void _insert_by(iterator _at, _Iterator _first, _Iterator _last, forward_iterator_tag) {
+    _insert_sized(_at, _first, _last, static_cast<size_type>(std::distance(_first, _last)));
   }
 
-  template <class Iterator> void insert_sized(iterator at, Iterator first, Iterator last, size_type n) {
-    if (n == 0) return;
-    if (n > max_size() - size()) __zor::sequence_length_error();
-    const size_type index = static_cast<size_type>(at - begin());
-    if (!map_) begin_in_middle();
-    if (index < size() / 2)
-      insert_near_front(index, first, last, n);
+  template <class _Iterator> void _insert_sized(iterator _at, _Iterator _first, _Iterator _last, size_type _n) {
+    if (_n == 0) return;
+    if (_n > max_size() - size()) __zor::sequence_length_error();
+    const size_type _index = static_cast<size_type>(_at - begin());
+    if (!_map_) _begin_in_middle();
+    if (_index < size() / 2)
+      _insert_near_front(_index, _first, _last, _n);
     else
-      insert_near_back(index, first, last, n);
+      _insert_near_back(_index, _first, _last, _n);
   }
 
-  template <class Iterator> void insert_near_back(size_type index, Iterator first, Iterator last, size_type n) {
-    const size_type room = static_cast<size_type>(finish_limit_ - finish_);
-    const size_type blocks = n <= room ? 0 : (n - room + block - 1) / block;
-    const bool in_front = false;
-    __zor::cleanup<new_blocks> added(*this, blocks, in_front);
-    for (size_type i = 0; i < blocks; ++i) added.get().add();
+  template <class _Iterator> void _insert_near_back(size_type _index, _Iterator _first, _Iterator _last, size_type _n) {
+    const size_type _room = static_cast<size_type>(_finish_limit_ - _finish_);
+    const size_type _blocks = _n <= _room ? 0 : (_n - _room + _block - 1) / _block;
+    const bool _in_front = false;
+    __zor::_cleanup<_new_blocks> _added(*this, _blocks, _in_front);
+    for (size_type _i = 0; _i < _blocks; ++_i) _added.get()._add();
 
-    const difference_type count = static_cast<difference_type>(n);
-    const iterator at = begin() + static_cast<difference_type>(index), end_before = end();
-    const iterator end_after = end_before + count;
-    const difference_type tail = end_before - at;
-    made_range made(*this, end_before);
-    if (tail > count) {
-      made.add(end_before - count, end_before);
-      made.keep();
-      added.get().keep();
-      set_finish(end_after.cur, end_after.node);
-      std::copy_backward(at, end_before - count, end_before);
-      assign_each(at, first, last);
+    const difference_type _count = static_cast<difference_type>(_n);
+    const iterator _at = begin() + static_cast<difference_type>(_index), _end_before = end();
+    const iterator _end_after = _end_before + _count;
+    const difference_type _tail = _end_before - _at;
+    _made_range _made(*this, _end_before);
+    if (_tail > _count) {
+      _made._add(_end_before - _count, _end_before);
+      _made._keep();
+      _added.get()._keep();
+      _set_finish(_end_after._cur, _end_after._node);
+      std::copy_backward(_at, _end_before - _count, _end_before);
+      _assign_each(_at, _first, _last);
     } else {
-      Iterator middle = first;
-      std::advance(middle, tail);
-      made.add(middle, last);
-      made.add(at, end_before);
-      made.keep();
-      added.get().keep();
-      set_finish(end_after.cur, end_after.node);
-      assign_each(at, first, middle);
+      _Iterator _middle = _first;
+      std::advance(_middle, _tail);
+      _made._add(_middle, _last);
+      _made._add(_at, _end_before);
+      _made._keep();
+      _added.get()._keep();
+      _set_finish(_end_after._cur, _end_after._node);
+      _assign_each(_at, _first, _middle);
     }
   }
 
-  template <class Iterator> void insert_near_front(size_type index, Iterator first, Iterator last, size_type n) {
-    const size_type blocks = n <= start_offset_ ? 0 : (n - start_offset_ + block - 1) / block;
-    const bool in_front = true;
-    __zor::cleanup<new_blocks> added(*this, blocks, in_front);
-    for (size_type i = 0; i < blocks; ++i) added.get().add();
+  template <class _Iterator>
+  void _insert_near_front(size_type _index, _Iterator _first, _Iterator _last, size_type _n) {
+    const size_type _blocks = _n <= _start_offset_ ? 0 : (_n - _start_offset_ + _block - 1) / _block;
+    const bool _in_front = true;
+    __zor::_cleanup<_new_blocks> _added(*this, _blocks, _in_front);
+    for (size_type _i = 0; _i < _blocks; ++_i) _added.get()._add();
 
-    const difference_type count = static_cast<difference_type>(n), head = static_cast<difference_type>(index);
-    const iterator begin_before = begin(), at = begin_before + head, begin_after = begin_before - count;
-    made_range made(*this, begin_after);
-    if (head >= count) {
-      made.add(begin_before, begin_before + count);
-      made.keep();
-      added.get().keep();
-      set_start(begin_after);
-      std::copy(begin_before + count, at, begin_before);
-      assign_each(at - count, first, last);
+    const difference_type _count = static_cast<difference_type>(_n), _head = static_cast<difference_type>(_index);
+    const iterator _begin_before = begin(), _at = _begin_before + _head, _begin_after = _begin_before - _count;
+    _made_range _made(*this, _begin_after);
+    if (_head >= _count) {
+      _made._add(_begin_before, _begin_before + _count);
+      _made._keep();
+      _added.get()._keep();
+      _set_start(_begin_after);
+      std::copy(_begin_before + _count, _at, _begin_before);
+      _assign_each(_at - _count, _first, _last);
     } else {
-      Iterator middle = first;
-      std::advance(middle, count - head);
-      made.add(begin_before, at);
-      made.add(first, middle);
-      made.keep();
-      added.get().keep();
-      set_start(begin_after);
-      assign_each(begin_before, middle, last);
+      _Iterator _middle = _first;
+      std::advance(_middle, _count - _head);
+      _made._add(_begin_before, _at);
+      _made._add(_first, _middle);
+      _made._keep();
+      _added.get()._keep();
+      _set_start(_begin_after);
+      _assign_each(_begin_before, _middle, _last);
     }
   }
 
-  void set_start(const iterator &at) PLX_NOTHROW {
-    start_node_ = at.node;
-    start_offset_ = static_cast<size_type>(at.cur - *at.node);
+  void _set_start(const iterator &_at) PLX_NOTHROW {
+    _start_node_ = _at._node;
+    _start_offset_ = static_cast<size_type>(_at._cur - *_at._node);
   }
-  template <class Iterator> static void assign_each(iterator at, Iterator first, const Iterator &last) {
-    for (; first != last; ++first, (void)++at) *at = *first;
+  template <class _Iterator> static void _assign_each(iterator _at, _Iterator _first, const _Iterator &_last) {
+    for (; _first != _last; ++_first, (void)++_at) *_at = *_first;
   }
 
   // ---- Assignment.
 
-  template <class Integer> void assign_range(Integer n, Integer value, yes) {
-    assign(static_cast<size_type>(n), static_cast<T>(value));
+  template <class _Integer> void _assign_range(_Integer _n, _Integer _value, _yes) {
+    assign(static_cast<size_type>(_n), static_cast<_T>(_value));
   }
-  template <class Iterator> void assign_range(Iterator first, Iterator last, no) {
-    assign_by(first, last, typename iterator_traits<Iterator>::iterator_category());
+  template <class _Iterator> void _assign_range(_Iterator _first, _Iterator _last, _no) {
+    _assign_by(_first, _last, typename iterator_traits<_Iterator>::iterator_category());
   }
-  template <class Iterator> void assign_by(Iterator first, Iterator last, forward_iterator_tag) {
-    assign_sized(first, last, static_cast<size_type>(std::distance(first, last)));
+  template <class _Iterator> void _assign_by(_Iterator _first, _Iterator _last, forward_iterator_tag) {
+    _assign_sized(_first, _last, static_cast<size_type>(std::distance(_first, _last)));
   }
-  template <class Iterator> void assign_by(Iterator first, Iterator last, input_iterator_tag) {
-    iterator at = begin();
-    for (; first != last && at != end(); ++first, (void)++at) *at = *first;
-    cut_back(at);
-    for (; first != last; ++first) push_back(*first);
+  template <class _Iterator> void _assign_by(_Iterator _first, _Iterator _last, input_iterator_tag) {
+    iterator _at = begin();
+    for (; _first != _last && _at != end(); ++_first, (void)++_at) *_at = *_first;
+    _cut_back(_at);
+    for (; _first != _last; ++_first) push_back(*_first);
   }
-  template <class Iterator> void assign_sized(Iterator first, Iterator last, size_type n) {
-    const size_type now = size();
-    iterator at = begin();
-    if (n <= now) {
-      for (; first != last; ++first, (void)++at) *at = *first;
-      cut_back(at);
+  template <class _Iterator> void _assign_sized(_Iterator _first, _Iterator _last, size_type _n) {
+    const size_type _now = size();
+    iterator _at = begin();
+    if (_n <= _now) {
+      for (; _first != _last; ++_first, (void)++_at) *_at = *_first;
+      _cut_back(_at);
     } else {
-      for (size_type i = 0; i < now; ++i, (void)++first, (void)++at) *at = *first;
-      insert_sized(end(), first, last, n - now);
+      for (size_type _i = 0; _i < _now; ++_i, (void)++_first, (void)++_at) *_at = *_first;
+      _insert_sized(end(), _first, _last, _n - _now);
     }
   }
 
-  T **map_;  // null until the first element comes
-  T **map_end_;
-  T **start_node_;
-  unsigned long start_offset_;  // of a type that no element access can change: it may stay in a register
-  T *finish_;
-  T *finish_limit_;  // the last place of finish_'s block: filling it takes a new block
-  T **finish_node_;
+  _T **_map_;  // null until the first element comes
+  _T **_map_end_;
+  _T **_start_node_;
+  unsigned long _start_offset_;  // of a type that no element access can change: it may stay in a register
+  _T *_finish_;
+  _T *_finish_limit_;  // the last place of _finish_'s block: filling it takes a new block
+  _T **_finish_node_;
 };
 
-template <class T, class A> inline bool operator==(const deque<T, A> &left, const deque<T, A> &right) {
-  return left.size() == right.size() && std::equal(left.begin(), left.end(), right.begin());
+template <class _T, class _A> inline bool operator==(const deque<_T, _A> &_left, const deque<_T, _A> &_right) {
+  return _left.size() == _right.size() && std::equal(_left.begin(), _left.end(), _right.begin());
 }
-template <class T, class A> inline bool operator<(const deque<T, A> &left, const deque<T, A> &right) {
-  return std::lexicographical_compare(left.begin(), left.end(), right.begin(), right.end());
+template <class _T, class _A> inline bool operator<(const deque<_T, _A> &_left, const deque<_T, _A> &_right) {
+  return std::lexicographical_compare(_left.begin(), _left.end(), _right.begin(), _right.end());
 }
-template <class T, class A> inline bool operator!=(const deque<T, A> &left, const deque<T, A> &right) {
-  return !(left == right);
+template <class _T, class _A> inline bool operator!=(const deque<_T, _A> &_left, const deque<_T, _A> &_right) {
+  return !(_left == _right);
 }
-template <class T, class A> inline bool operator>(const deque<T, A> &left, const deque<T, A> &right) {
-  return right < left;
+template <class _T, class _A> inline bool operator>(const deque<_T, _A> &_left, const deque<_T, _A> &_right) {
+  return _right < _left;
 }
-template <class T, class A> inline bool operator>=(const deque<T, A> &left, const deque<T, A> &right) {
-  return !(left < right);
+template <class _T, class _A> inline bool operator>=(const deque<_T, _A> &_left, const deque<_T, _A> &_right) {
+  return !(_left < _right);
 }
-template <class T, class A> inline bool operator<=(const deque<T, A> &left, const deque<T, A> &right) {
-  return !(right < left);
+template <class _T, class _A> inline bool operator<=(const deque<_T, _A> &_left, const deque<_T, _A> &_right) {
+  return !(_right < _left);
 }
-template <class T, class A> inline void swap(deque<T, A> &left, deque<T, A> &right) PLX_NOTHROW { left.swap(right); }
+template <class _T, class _A> inline void swap(deque<_T, _A> &_left, deque<_T, _A> &_right) PLX_NOTHROW {
+  _left.swap(_right);
+}
 
 __extension__ extern template class PLX_API deque<int, allocator<int> >;
 __extension__ extern template class PLX_API deque<char, allocator<char> >;

@@ -8,74 +8,74 @@
 
 namespace std {
 
-template <class Forward, class Compare> Forward min_element(Forward first, Forward last, Compare before) {
-  if (first == last) return last;
-  Forward least = first;
-  while (++first != last)
-    if (before(*first, *least)) least = first;
-  return least;
+template <class _Forward, class _Compare> _Forward min_element(_Forward _first, _Forward _last, _Compare _before) {
+  if (_first == _last) return _last;
+  _Forward _least = _first;
+  while (++_first != _last)
+    if (_before(*_first, *_least)) _least = _first;
+  return _least;
 }
-template <class Forward> inline Forward min_element(Forward first, Forward last) {
-  return std::min_element(first, last, __zor::by_less());
+template <class _Forward> inline _Forward min_element(_Forward _first, _Forward _last) {
+  return std::min_element(_first, _last, __zor::by_less());
 }
 
-template <class Forward, class Compare> Forward max_element(Forward first, Forward last, Compare before) {
-  if (first == last) return last;
-  Forward most = first;
-  while (++first != last)
-    if (before(*most, *first)) most = first;
-  return most;
+template <class _Forward, class _Compare> _Forward max_element(_Forward _first, _Forward _last, _Compare _before) {
+  if (_first == _last) return _last;
+  _Forward _most = _first;
+  while (++_first != _last)
+    if (_before(*_most, *_first)) _most = _first;
+  return _most;
 }
-template <class Forward> inline Forward max_element(Forward first, Forward last) {
-  return std::max_element(first, last, __zor::by_less());
+template <class _Forward> inline _Forward max_element(_Forward _first, _Forward _last) {
+  return std::max_element(_first, _last, __zor::by_less());
 }
 
 // The last place where an element is before its successor changes; everything after it is in descending order, and is
 // reversed. Without such a place the range starts again from the first permutation, and the result is false.
-template <class Bidirectional, class Compare>
-bool next_permutation(Bidirectional first, Bidirectional last, Compare before) {
-  if (first == last) return false;
-  Bidirectional at = last;
-  --at;
-  while (at != first) {
-    const Bidirectional next = at;
-    --at;
-    if (!before(*at, *next)) continue;
-    Bidirectional other = last;
-    do --other;
-    while (!before(*at, *other));
-    std::iter_swap(at, other);
-    std::reverse(next, last);
+template <class _Bidirectional, class _Compare>
+bool next_permutation(_Bidirectional _first, _Bidirectional _last, _Compare _before) {
+  if (_first == _last) return false;
+  _Bidirectional _at = _last;
+  --_at;
+  while (_at != _first) {
+    const _Bidirectional _next = _at;
+    --_at;
+    if (!_before(*_at, *_next)) continue;
+    _Bidirectional _other = _last;
+    do --_other;
+    while (!_before(*_at, *_other));
+    std::iter_swap(_at, _other);
+    std::reverse(_next, _last);
     return true;
   }
-  std::reverse(first, last);
+  std::reverse(_first, _last);
   return false;
 }
-template <class Bidirectional> inline bool next_permutation(Bidirectional first, Bidirectional last) {
-  return std::next_permutation(first, last, __zor::by_less());
+template <class _Bidirectional> inline bool next_permutation(_Bidirectional _first, _Bidirectional _last) {
+  return std::next_permutation(_first, _last, __zor::by_less());
 }
 
-template <class Bidirectional, class Compare>
-bool prev_permutation(Bidirectional first, Bidirectional last, Compare before) {
-  if (first == last) return false;
-  Bidirectional at = last;
-  --at;
-  while (at != first) {
-    const Bidirectional next = at;
-    --at;
-    if (!before(*next, *at)) continue;
-    Bidirectional other = last;
-    do --other;
-    while (!before(*other, *at));
-    std::iter_swap(at, other);
-    std::reverse(next, last);
+template <class _Bidirectional, class _Compare>
+bool prev_permutation(_Bidirectional _first, _Bidirectional _last, _Compare _before) {
+  if (_first == _last) return false;
+  _Bidirectional _at = _last;
+  --_at;
+  while (_at != _first) {
+    const _Bidirectional _next = _at;
+    --_at;
+    if (!_before(*_next, *_at)) continue;
+    _Bidirectional _other = _last;
+    do --_other;
+    while (!_before(*_other, *_at));
+    std::iter_swap(_at, _other);
+    std::reverse(_next, _last);
     return true;
   }
-  std::reverse(first, last);
+  std::reverse(_first, _last);
   return false;
 }
-template <class Bidirectional> inline bool prev_permutation(Bidirectional first, Bidirectional last) {
-  return std::prev_permutation(first, last, __zor::by_less());
+template <class _Bidirectional> inline bool prev_permutation(_Bidirectional _first, _Bidirectional _last) {
+  return std::prev_permutation(_first, _last, __zor::by_less());
 }
 
 }  // namespace std

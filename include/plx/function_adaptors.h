@@ -8,240 +8,248 @@
 
 namespace __zor {
 
-// How an adaptor takes an argument of type T. An object is taken as const, and once more as it is, for functions that
+// How an adaptor takes an argument of type _T. An object is taken as const, and once more as it is, for functions that
 // change it, unless that would be the same parameter again. A binder stores a copy of what it binds; only where the
 // function changes its argument it stores the reference.
-template <class T> struct argument {
+template <class _T> struct _argument {
   struct none;
-  typedef T stored;
-  typedef const T &constant;
-  typedef T &changeable;
+  typedef _T _stored;
+  typedef const _T &_constant;
+  typedef _T &_changeable;
 };
-template <class T> struct argument<const T> {
+template <class _T> struct _argument<const _T> {
   struct none;
-  typedef T stored;
-  typedef const T &constant;
-  typedef none &changeable;
+  typedef _T _stored;
+  typedef const _T &_constant;
+  typedef none &_changeable;
 };
-template <class T> struct argument<T &> {
+template <class _T> struct _argument<_T &> {
   struct none;
-  typedef T &stored;
-  typedef T &constant;
-  typedef none &changeable;
+  typedef _T &_stored;
+  typedef _T &_constant;
+  typedef none &_changeable;
 };
-template <class T> struct argument<const T &> {
+template <class _T> struct _argument<const _T &> {
   struct none;
-  typedef T stored;
-  typedef const T &constant;
-  typedef none &changeable;
+  typedef _T _stored;
+  typedef const _T &_constant;
+  typedef none &_changeable;
 };
 
 }  // namespace __zor
 
 namespace std {
 
-template <class Predicate> class unary_negate : public unary_function<typename Predicate::argument_type, bool> {
+template <class _Predicate> class unary_negate : public unary_function<typename _Predicate::argument_type, bool> {
 public:
-  explicit unary_negate(const Predicate &predicate) : predicate_(predicate) {}
-  bool operator()(typename __zor::argument<typename Predicate::argument_type>::constant a) const {
-    return !predicate_(a);
+  explicit unary_negate(const _Predicate &_predicate) : _predicate_(_predicate) {}
+  bool operator()(typename __zor::_argument<typename _Predicate::argument_type>::_constant _a) const {
+    return !_predicate_(_a);
   }
 
 private:
-  Predicate predicate_;
+  _Predicate _predicate_;
 };
 
-template <class Predicate> inline unary_negate<Predicate> not1(const Predicate &predicate) {
-  return unary_negate<Predicate>(predicate);
+template <class _Predicate> inline unary_negate<_Predicate> not1(const _Predicate &_predicate) {
+  return unary_negate<_Predicate>(_predicate);
 }
 
-template <class Predicate>
-class binary_negate : public binary_function<typename Predicate::first_argument_type,
-                                             typename Predicate::second_argument_type, bool> {
+template <class _Predicate> class binary_negate
+    : public binary_function<typename _Predicate::first_argument_type, typename _Predicate::second_argument_type,
+                             bool> {
 public:
-  explicit binary_negate(const Predicate &predicate) : predicate_(predicate) {}
-  bool operator()(typename __zor::argument<typename Predicate::first_argument_type>::constant a,
-                  typename __zor::argument<typename Predicate::second_argument_type>::constant b) const {
-    return !predicate_(a, b);
+  explicit binary_negate(const _Predicate &_predicate) : _predicate_(_predicate) {}
+  bool operator()(typename __zor::_argument<typename _Predicate::first_argument_type>::_constant _a,
+                  typename __zor::_argument<typename _Predicate::second_argument_type>::_constant _b) const {
+    return !_predicate_(_a, _b);
   }
 
 private:
-  Predicate predicate_;
+  _Predicate _predicate_;
 };
 
-template <class Predicate> inline binary_negate<Predicate> not2(const Predicate &predicate) {
-  return binary_negate<Predicate>(predicate);
+template <class _Predicate> inline binary_negate<_Predicate> not2(const _Predicate &_predicate) {
+  return binary_negate<_Predicate>(_predicate);
 }
 
-template <class Operation> class binder1st
-    : public unary_function<typename Operation::second_argument_type, typename Operation::result_type> {
+template <class _Operation> class binder1st
+    : public unary_function<typename _Operation::second_argument_type, typename _Operation::result_type> {
 public:
-  binder1st(const Operation &operation, typename __zor::argument<typename Operation::first_argument_type>::constant a)
-      : op(operation), value(a) {}
-  typename Operation::result_type operator()(
-      typename __zor::argument<typename Operation::second_argument_type>::constant b) const {
-    return op(value, b);
+  binder1st(const _Operation &_operation_,
+            typename __zor::_argument<typename _Operation::first_argument_type>::_constant _a)
+      : op(_operation_), value(_a) {}
+  typename _Operation::result_type operator()(
+      typename __zor::_argument<typename _Operation::second_argument_type>::_constant _b) const {
+    return op(value, _b);
   }
-  typename Operation::result_type operator()(
-      typename __zor::argument<typename Operation::second_argument_type>::changeable b) const {
-    return op(value, b);
+  typename _Operation::result_type operator()(
+      typename __zor::_argument<typename _Operation::second_argument_type>::_changeable _b) const {
+    return op(value, _b);
   }
 
 protected:
-  Operation op;
-  typename __zor::argument<typename Operation::first_argument_type>::stored value;
+  _Operation op;
+  typename __zor::_argument<typename _Operation::first_argument_type>::_stored value;
 };
 
-template <class Operation, class T> inline binder1st<Operation> bind1st(const Operation &operation, const T &a) {
-  return binder1st<Operation>(
-      operation, typename __zor::argument<typename Operation::first_argument_type>::stored(a));
+template <class _Operation, class _T>
+inline binder1st<_Operation> bind1st(const _Operation &_operation_, const _T &_a) {
+  return binder1st<_Operation>(_operation_,
+                               typename __zor::_argument<typename _Operation::first_argument_type>::_stored(_a));
 }
 
-template <class Operation> class binder2nd
-    : public unary_function<typename Operation::first_argument_type, typename Operation::result_type> {
+template <class _Operation> class binder2nd
+    : public unary_function<typename _Operation::first_argument_type, typename _Operation::result_type> {
 public:
-  binder2nd(const Operation &operation, typename __zor::argument<typename Operation::second_argument_type>::constant b)
-      : op(operation), value(b) {}
-  typename Operation::result_type operator()(
-      typename __zor::argument<typename Operation::first_argument_type>::constant a) const {
-    return op(a, value);
+  binder2nd(const _Operation &_operation_,
+            typename __zor::_argument<typename _Operation::second_argument_type>::_constant _b)
+      : op(_operation_), value(_b) {}
+  typename _Operation::result_type operator()(
+      typename __zor::_argument<typename _Operation::first_argument_type>::_constant _a) const {
+    return op(_a, value);
   }
-  typename Operation::result_type operator()(
-      typename __zor::argument<typename Operation::first_argument_type>::changeable a) const {
-    return op(a, value);
+  typename _Operation::result_type operator()(
+      typename __zor::_argument<typename _Operation::first_argument_type>::_changeable _a) const {
+    return op(_a, value);
   }
 
 protected:
-  Operation op;
-  typename __zor::argument<typename Operation::second_argument_type>::stored value;
+  _Operation op;
+  typename __zor::_argument<typename _Operation::second_argument_type>::_stored value;
 };
 
-template <class Operation, class T> inline binder2nd<Operation> bind2nd(const Operation &operation, const T &b) {
-  return binder2nd<Operation>(
-      operation, typename __zor::argument<typename Operation::second_argument_type>::stored(b));
+template <class _Operation, class _T>
+inline binder2nd<_Operation> bind2nd(const _Operation &_operation_, const _T &_b) {
+  return binder2nd<_Operation>(_operation_,
+                               typename __zor::_argument<typename _Operation::second_argument_type>::_stored(_b));
 }
 
-template <class A, class R> class pointer_to_unary_function : public unary_function<A, R> {
+template <class _A, class _R> class pointer_to_unary_function : public unary_function<_A, _R> {
 public:
-  explicit pointer_to_unary_function(R (*function)(A)) : function_(function) {}
-  R operator()(A a) const { return function_(a); }
+  explicit pointer_to_unary_function(_R (*_function_)(_A)) : _function__(_function_) {}
+  _R operator()(_A _a) const { return _function__(_a); }
 
 private:
-  R (*function_)(A);
+  _R (*_function__)(_A);
 };
 
-template <class A, class R> inline pointer_to_unary_function<A, R> ptr_fun(R (*function)(A)) {
-  return pointer_to_unary_function<A, R>(function);
+template <class _A, class _R> inline pointer_to_unary_function<_A, _R> ptr_fun(_R (*_function_)(_A)) {
+  return pointer_to_unary_function<_A, _R>(_function_);
 }
 
-template <class A, class B, class R> class pointer_to_binary_function : public binary_function<A, B, R> {
+template <class _A, class _Bt, class _R> class pointer_to_binary_function : public binary_function<_A, _Bt, _R> {
 public:
-  explicit pointer_to_binary_function(R (*function)(A, B)) : function_(function) {}
-  R operator()(A a, B b) const { return function_(a, b); }
+  explicit pointer_to_binary_function(_R (*_function_)(_A, _Bt)) : _function__(_function_) {}
+  _R operator()(_A _a, _Bt _b) const { return _function__(_a, _b); }
 
 private:
-  R (*function_)(A, B);
+  _R (*_function__)(_A, _Bt);
 };
 
-template <class A, class B, class R> inline pointer_to_binary_function<A, B, R> ptr_fun(R (*function)(A, B)) {
-  return pointer_to_binary_function<A, B, R>(function);
+template <class _A, class _Bt, class _R>
+inline pointer_to_binary_function<_A, _Bt, _R> ptr_fun(_R (*_function_)(_A, _Bt)) {
+  return pointer_to_binary_function<_A, _Bt, _R>(_function_);
 }
 
 // ---- Members: through a pointer (mem_fun) or a reference (mem_fun_ref), of none or one argument, const or not ------
 
-template <class R, class T> class mem_fun_t : public unary_function<T *, R> {
+template <class _R, class _T> class mem_fun_t : public unary_function<_T *, _R> {
 public:
-  explicit mem_fun_t(R (T::*member)()) : member_(member) {}
-  R operator()(T *object) const { return (object->*member_)(); }
+  explicit mem_fun_t(_R (_T::*_member)()) : _member_(_member) {}
+  _R operator()(_T *_object) const { return (_object->*_member_)(); }
 
 private:
-  R (T::*member_)();
+  _R (_T::*_member_)();
 };
 
-template <class R, class T> class const_mem_fun_t : public unary_function<const T *, R> {
+template <class _R, class _T> class const_mem_fun_t : public unary_function<const _T *, _R> {
 public:
-  explicit const_mem_fun_t(R (T::*member)() const) : member_(member) {}
-  R operator()(const T *object) const { return (object->*member_)(); }
+  explicit const_mem_fun_t(_R (_T::*_member)() const) : _member_(_member) {}
+  _R operator()(const _T *_object) const { return (_object->*_member_)(); }
 
 private:
-  R (T::*member_)() const;
+  _R (_T::*_member_)() const;
 };
 
-template <class R, class T> class mem_fun_ref_t : public unary_function<T, R> {
+template <class _R, class _T> class mem_fun_ref_t : public unary_function<_T, _R> {
 public:
-  explicit mem_fun_ref_t(R (T::*member)()) : member_(member) {}
-  R operator()(T &object) const { return (object.*member_)(); }
+  explicit mem_fun_ref_t(_R (_T::*_member)()) : _member_(_member) {}
+  _R operator()(_T &_object) const { return (_object.*_member_)(); }
 
 private:
-  R (T::*member_)();
+  _R (_T::*_member_)();
 };
 
-template <class R, class T> class const_mem_fun_ref_t : public unary_function<T, R> {
+template <class _R, class _T> class const_mem_fun_ref_t : public unary_function<_T, _R> {
 public:
-  explicit const_mem_fun_ref_t(R (T::*member)() const) : member_(member) {}
-  R operator()(const T &object) const { return (object.*member_)(); }
+  explicit const_mem_fun_ref_t(_R (_T::*_member)() const) : _member_(_member) {}
+  _R operator()(const _T &_object) const { return (_object.*_member_)(); }
 
 private:
-  R (T::*member_)() const;
+  _R (_T::*_member_)() const;
 };
 
-template <class R, class T, class A> class mem_fun1_t : public binary_function<T *, A, R> {
+template <class _R, class _T, class _A> class mem_fun1_t : public binary_function<_T *, _A, _R> {
 public:
-  explicit mem_fun1_t(R (T::*member)(A)) : member_(member) {}
-  R operator()(T *object, A a) const { return (object->*member_)(a); }
+  explicit mem_fun1_t(_R (_T::*_member)(_A)) : _member_(_member) {}
+  _R operator()(_T *_object, _A _a) const { return (_object->*_member_)(_a); }
 
 private:
-  R (T::*member_)(A);
+  _R (_T::*_member_)(_A);
 };
 
-template <class R, class T, class A> class const_mem_fun1_t : public binary_function<const T *, A, R> {
+template <class _R, class _T, class _A> class const_mem_fun1_t : public binary_function<const _T *, _A, _R> {
 public:
-  explicit const_mem_fun1_t(R (T::*member)(A) const) : member_(member) {}
-  R operator()(const T *object, A a) const { return (object->*member_)(a); }
+  explicit const_mem_fun1_t(_R (_T::*_member)(_A) const) : _member_(_member) {}
+  _R operator()(const _T *_object, _A _a) const { return (_object->*_member_)(_a); }
 
 private:
-  R (T::*member_)(A) const;
+  _R (_T::*_member_)(_A) const;
 };
 
-template <class R, class T, class A> class mem_fun1_ref_t : public binary_function<T, A, R> {
+template <class _R, class _T, class _A> class mem_fun1_ref_t : public binary_function<_T, _A, _R> {
 public:
-  explicit mem_fun1_ref_t(R (T::*member)(A)) : member_(member) {}
-  R operator()(T &object, A a) const { return (object.*member_)(a); }
+  explicit mem_fun1_ref_t(_R (_T::*_member)(_A)) : _member_(_member) {}
+  _R operator()(_T &_object, _A _a) const { return (_object.*_member_)(_a); }
 
 private:
-  R (T::*member_)(A);
+  _R (_T::*_member_)(_A);
 };
 
-template <class R, class T, class A> class const_mem_fun1_ref_t : public binary_function<T, A, R> {
+template <class _R, class _T, class _A> class const_mem_fun1_ref_t : public binary_function<_T, _A, _R> {
 public:
-  explicit const_mem_fun1_ref_t(R (T::*member)(A) const) : member_(member) {}
-  R operator()(const T &object, A a) const { return (object.*member_)(a); }
+  explicit const_mem_fun1_ref_t(_R (_T::*_member)(_A) const) : _member_(_member) {}
+  _R operator()(const _T &_object, _A _a) const { return (_object.*_member_)(_a); }
 
 private:
-  R (T::*member_)(A) const;
+  _R (_T::*_member_)(_A) const;
 };
 
-template <class R, class T> inline mem_fun_t<R, T> mem_fun(R (T::*member)()) { return mem_fun_t<R, T>(member); }
-template <class R, class T> inline const_mem_fun_t<R, T> mem_fun(R (T::*member)() const) {
-  return const_mem_fun_t<R, T>(member);
+template <class _R, class _T> inline mem_fun_t<_R, _T> mem_fun(_R (_T::*_member)()) {
+  return mem_fun_t<_R, _T>(_member);
 }
-template <class R, class T> inline mem_fun_ref_t<R, T> mem_fun_ref(R (T::*member)()) {
-  return mem_fun_ref_t<R, T>(member);
+template <class _R, class _T> inline const_mem_fun_t<_R, _T> mem_fun(_R (_T::*_member)() const) {
+  return const_mem_fun_t<_R, _T>(_member);
 }
-template <class R, class T> inline const_mem_fun_ref_t<R, T> mem_fun_ref(R (T::*member)() const) {
-  return const_mem_fun_ref_t<R, T>(member);
+template <class _R, class _T> inline mem_fun_ref_t<_R, _T> mem_fun_ref(_R (_T::*_member)()) {
+  return mem_fun_ref_t<_R, _T>(_member);
 }
-template <class R, class T, class A> inline mem_fun1_t<R, T, A> mem_fun(R (T::*member)(A)) {
-  return mem_fun1_t<R, T, A>(member);
+template <class _R, class _T> inline const_mem_fun_ref_t<_R, _T> mem_fun_ref(_R (_T::*_member)() const) {
+  return const_mem_fun_ref_t<_R, _T>(_member);
 }
-template <class R, class T, class A> inline const_mem_fun1_t<R, T, A> mem_fun(R (T::*member)(A) const) {
-  return const_mem_fun1_t<R, T, A>(member);
+template <class _R, class _T, class _A> inline mem_fun1_t<_R, _T, _A> mem_fun(_R (_T::*_member)(_A)) {
+  return mem_fun1_t<_R, _T, _A>(_member);
 }
-template <class R, class T, class A> inline mem_fun1_ref_t<R, T, A> mem_fun_ref(R (T::*member)(A)) {
-  return mem_fun1_ref_t<R, T, A>(member);
+template <class _R, class _T, class _A> inline const_mem_fun1_t<_R, _T, _A> mem_fun(_R (_T::*_member)(_A) const) {
+  return const_mem_fun1_t<_R, _T, _A>(_member);
 }
-template <class R, class T, class A> inline const_mem_fun1_ref_t<R, T, A> mem_fun_ref(R (T::*member)(A) const) {
-  return const_mem_fun1_ref_t<R, T, A>(member);
+template <class _R, class _T, class _A> inline mem_fun1_ref_t<_R, _T, _A> mem_fun_ref(_R (_T::*_member)(_A)) {
+  return mem_fun1_ref_t<_R, _T, _A>(_member);
+}
+template <class _R, class _T, class _A>
+inline const_mem_fun1_ref_t<_R, _T, _A> mem_fun_ref(_R (_T::*_member)(_A) const) {
+  return const_mem_fun1_ref_t<_R, _T, _A>(_member);
 }
 
 }  // namespace std

@@ -7,85 +7,85 @@
 
 namespace std {
 
-template <class Argument, class Result> struct unary_function {
-  typedef Argument argument_type;
-  typedef Result result_type;
+template <class _Argument, class _Result> struct unary_function {
+  typedef _Argument argument_type;
+  typedef _Result result_type;
 };
 
-template <class First, class Second, class Result> struct binary_function {
-  typedef First first_argument_type;
-  typedef Second second_argument_type;
-  typedef Result result_type;
+template <class _First, class _Second, class _Result> struct binary_function {
+  typedef _First first_argument_type;
+  typedef _Second second_argument_type;
+  typedef _Result result_type;
 };
 
-template <class T> struct plus : public binary_function<T, T, T> {
-  T operator()(const T &a, const T &b) const { return a + b; }
+template <class _T> struct plus : public binary_function<_T, _T, _T> {
+  _T operator()(const _T &_a, const _T &_b) const { return _a + _b; }
 };
-template <class T> struct minus : public binary_function<T, T, T> {
-  T operator()(const T &a, const T &b) const { return a - b; }
+template <class _T> struct minus : public binary_function<_T, _T, _T> {
+  _T operator()(const _T &_a, const _T &_b) const { return _a - _b; }
 };
-template <class T> struct multiplies : public binary_function<T, T, T> {
-  T operator()(const T &a, const T &b) const { return a * b; }
+template <class _T> struct multiplies : public binary_function<_T, _T, _T> {
+  _T operator()(const _T &_a, const _T &_b) const { return _a * _b; }
 };
-template <class T> struct divides : public binary_function<T, T, T> {
-  T operator()(const T &a, const T &b) const { return a / b; }
+template <class _T> struct divides : public binary_function<_T, _T, _T> {
+  _T operator()(const _T &_a, const _T &_b) const { return _a / _b; }
 };
-template <class T> struct modulus : public binary_function<T, T, T> {
-  T operator()(const T &a, const T &b) const { return a % b; }
+template <class _T> struct modulus : public binary_function<_T, _T, _T> {
+  _T operator()(const _T &_a, const _T &_b) const { return _a % _b; }
 };
-template <class T> struct negate : public unary_function<T, T> {
-  T operator()(const T &a) const { return -a; }
+template <class _T> struct negate : public unary_function<_T, _T> {
+  _T operator()(const _T &_a) const { return -_a; }
 };
 
-template <class T> struct equal_to : public binary_function<T, T, bool> {
-  bool operator()(const T &a, const T &b) const { return a == b; }
+template <class _T> struct equal_to : public binary_function<_T, _T, bool> {
+  bool operator()(const _T &_a, const _T &_b) const { return _a == _b; }
 };
-template <class T> struct not_equal_to : public binary_function<T, T, bool> {
-  bool operator()(const T &a, const T &b) const { return a != b; }
+template <class _T> struct not_equal_to : public binary_function<_T, _T, bool> {
+  bool operator()(const _T &_a, const _T &_b) const { return _a != _b; }
 };
-template <class T> struct greater : public binary_function<T, T, bool> {
-  bool operator()(const T &a, const T &b) const { return a > b; }
+template <class _T> struct greater : public binary_function<_T, _T, bool> {
+  bool operator()(const _T &_a, const _T &_b) const { return _a > _b; }
 };
-template <class T> struct less : public binary_function<T, T, bool> {
-  bool operator()(const T &a, const T &b) const { return a < b; }
+template <class _T> struct less : public binary_function<_T, _T, bool> {
+  bool operator()(const _T &_a, const _T &_b) const { return _a < _b; }
 };
-template <class T> struct greater_equal : public binary_function<T, T, bool> {
-  bool operator()(const T &a, const T &b) const { return a >= b; }
+template <class _T> struct greater_equal : public binary_function<_T, _T, bool> {
+  bool operator()(const _T &_a, const _T &_b) const { return _a >= _b; }
 };
-template <class T> struct less_equal : public binary_function<T, T, bool> {
-  bool operator()(const T &a, const T &b) const { return a <= b; }
+template <class _T> struct less_equal : public binary_function<_T, _T, bool> {
+  bool operator()(const _T &_a, const _T &_b) const { return _a <= _b; }
 };
 
 // Pointers have a total order here, which the operators promise only within one array: an address is a number.
-template <class T> struct greater<T *> : public binary_function<T *, T *, bool> {
-  bool operator()(T *const &a, T *const &b) const {
-    return reinterpret_cast<__UINTPTR_TYPE__>(a) > reinterpret_cast<__UINTPTR_TYPE__>(b);
+template <class _T> struct greater<_T *> : public binary_function<_T *, _T *, bool> {
+  bool operator()(_T *const &_a, _T *const &_b) const {
+    return reinterpret_cast<__UINTPTR_TYPE__>(_a) > reinterpret_cast<__UINTPTR_TYPE__>(_b);
   }
 };
-template <class T> struct less<T *> : public binary_function<T *, T *, bool> {
-  bool operator()(T *const &a, T *const &b) const {
-    return reinterpret_cast<__UINTPTR_TYPE__>(a) < reinterpret_cast<__UINTPTR_TYPE__>(b);
+template <class _T> struct less<_T *> : public binary_function<_T *, _T *, bool> {
+  bool operator()(_T *const &_a, _T *const &_b) const {
+    return reinterpret_cast<__UINTPTR_TYPE__>(_a) < reinterpret_cast<__UINTPTR_TYPE__>(_b);
   }
 };
-template <class T> struct greater_equal<T *> : public binary_function<T *, T *, bool> {
-  bool operator()(T *const &a, T *const &b) const {
-    return reinterpret_cast<__UINTPTR_TYPE__>(a) >= reinterpret_cast<__UINTPTR_TYPE__>(b);
+template <class _T> struct greater_equal<_T *> : public binary_function<_T *, _T *, bool> {
+  bool operator()(_T *const &_a, _T *const &_b) const {
+    return reinterpret_cast<__UINTPTR_TYPE__>(_a) >= reinterpret_cast<__UINTPTR_TYPE__>(_b);
   }
 };
-template <class T> struct less_equal<T *> : public binary_function<T *, T *, bool> {
-  bool operator()(T *const &a, T *const &b) const {
-    return reinterpret_cast<__UINTPTR_TYPE__>(a) <= reinterpret_cast<__UINTPTR_TYPE__>(b);
+template <class _T> struct less_equal<_T *> : public binary_function<_T *, _T *, bool> {
+  bool operator()(_T *const &_a, _T *const &_b) const {
+    return reinterpret_cast<__UINTPTR_TYPE__>(_a) <= reinterpret_cast<__UINTPTR_TYPE__>(_b);
   }
 };
 
-template <class T> struct logical_and : public binary_function<T, T, bool> {
-  bool operator()(const T &a, const T &b) const { return a && b; }
+template <class _T> struct logical_and : public binary_function<_T, _T, bool> {
+  bool operator()(const _T &_a, const _T &_b) const { return _a && _b; }
 };
-template <class T> struct logical_or : public binary_function<T, T, bool> {
-  bool operator()(const T &a, const T &b) const { return a || b; }
+template <class _T> struct logical_or : public binary_function<_T, _T, bool> {
+  bool operator()(const _T &_a, const _T &_b) const { return _a || _b; }
 };
-template <class T> struct logical_not : public unary_function<T, bool> {
-  bool operator()(const T &a) const { return !a; }
+template <class _T> struct logical_not : public unary_function<_T, bool> {
+  bool operator()(const _T &_a) const { return !_a; }
 };
 
 }  // namespace std

@@ -9,43 +9,43 @@ namespace std {
 
 class gslice {
 public:
-  gslice() : start_(0) {}
-  gslice(size_t start, const valarray<size_t> &lengths, const valarray<size_t> &strides)
-      : start_(start), lengths_(lengths), strides_(strides) {}
-  size_t start() const PLX_NOTHROW { return start_; }
-  valarray<size_t> size() const { return lengths_; }
-  valarray<size_t> stride() const { return strides_; }
+  gslice() : _start_(0) {}
+  gslice(size_t _start, const valarray<size_t> &_lengths, const valarray<size_t> &_strides)
+      : _start_(_start), _lengths_(_lengths), _strides_(_strides) {}
+  size_t start() const PLX_NOTHROW { return _start_; }
+  valarray<size_t> size() const { return _lengths_; }
+  valarray<size_t> stride() const { return _strides_; }
 
 private:
-  friend valarray<size_t> __zor::places_of(const gslice &places);
+  friend valarray<size_t> __zor::places_of(const gslice &_places);
 
-  size_t start_;
-  valarray<size_t> lengths_;
-  valarray<size_t> strides_;
+  size_t _start_;
+  valarray<size_t> _lengths_;
+  valarray<size_t> _strides_;
 };
 
 }  // namespace std
 
 namespace __zor {
 
-inline std::valarray<std::size_t> places_of(const std::gslice &slice) {
-  const std::size_t dimensions = slice.lengths_.size();
-  std::size_t n = dimensions != 0;
-  for (std::size_t d = 0; d < dimensions; ++d) n *= slice.lengths_[d];
+inline std::valarray<std::size_t> places_of(const std::gslice &_slice) {
+  const std::size_t _dimensions = _slice._lengths_.size();
+  std::size_t _n = _dimensions != 0;
+  for (std::size_t _d = 0; _d < _dimensions; ++_d) _n *= _slice._lengths_[_d];
 
-  std::valarray<std::size_t> places(n), counters(dimensions);
-  std::size_t place = slice.start_;
-  for (std::size_t i = 0; i < n; ++i) {
-    places[i] = place;
+  std::valarray<std::size_t> _places(_n), _counters(_dimensions);
+  std::size_t _place = _slice._start_;
+  for (std::size_t _i = 0; _i < _n; ++_i) {
+    _places[_i] = _place;
     // As a counter with a digit for each dimension.
-    for (std::size_t d = dimensions; d-- != 0;) {
-      place += slice.strides_[d];
-      if (++counters[d] != slice.lengths_[d]) break;
-      place -= slice.lengths_[d] * slice.strides_[d];
-      counters[d] = 0;
+    for (std::size_t _d = _dimensions; _d-- != 0;) {
+      _place += _slice._strides_[_d];
+      if (++_counters[_d] != _slice._lengths_[_d]) break;
+      _place -= _slice._lengths_[_d] * _slice._strides_[_d];
+      _counters[_d] = 0;
     }
   }
-  return places;
+  return _places;
 }
 
 }  // namespace __zor

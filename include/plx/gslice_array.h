@@ -1,4 +1,4 @@
-// gslice_array<T> (1998, 26.3.7): the elements of a generalized slice.
+// gslice_array<_T> (1998, 26.3.7): the elements of a generalized slice.
 #ifndef PLX_GSLICE_ARRAY_H
 #define PLX_GSLICE_ARRAY_H
 
@@ -6,20 +6,20 @@
 
 namespace std {
 
-template <class T> class gslice_array : public __zor::valarray_elements<T, valarray<size_t> > {
-  typedef __zor::valarray_elements<T, valarray<size_t> > base;
+template <class _T> class gslice_array : public __zor::valarray_elements<_T, valarray<size_t> > {
+  typedef __zor::valarray_elements<_T, valarray<size_t> > base;
 
 public:
-  gslice_array(const gslice_array &other) : base(other) {}
+  gslice_array(const gslice_array &_other) : base(_other) {}
   using base::operator=;
-  const gslice_array &operator=(const gslice_array &other) const {
-    base::operator=(other);
+  const gslice_array &operator=(const gslice_array &_other) const {
+    base::operator=(_other);
     return *this;
   }
 
 private:
-  friend class valarray<T>;
-  gslice_array(T *data, const valarray<size_t> &places) : base(data, places) {}
+  friend class valarray<_T>;
+  gslice_array(_T *_data, const valarray<size_t> &_places) : base(_data, _places) {}
 };
 
 }  // namespace std

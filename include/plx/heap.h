@@ -8,107 +8,107 @@
 #include <plx/ordering.h>
 
 namespace __zor {
-namespace functions {
+namespace _functions {
 
-// The held element's hole is at `at`; rises at most to `top`.
-template <class Iterator, class Distance, class Before>
-void rise(Iterator first, Distance at, Distance top, held_element<Iterator> &held, Before &before) {
-  while (at > top) {
-    const Distance parent = (at - 1) / 2;
-    if (!before(*(first + parent), held.value)) break;
-    held.fill_from(first + parent);
-    at = parent;
+// The held element's hole is at `_at`; rises at most to `_top`.
+template <class _Iterator, class _Distance, class _Before>
+void _rise(_Iterator _first, _Distance _at, _Distance _top, held_element<_Iterator> &_held, _Before &_before) {
+  while (_at > _top) {
+    const _Distance _parent = (_at - 1) / 2;
+    if (!_before(*(_first + _parent), _held.value)) break;
+    _held._fill_from(_first + _parent);
+    _at = _parent;
   }
-  held.put_back();
+  _held._put_back();
 }
 
-template <class Iterator, class Distance, class Before>
-void sink(Iterator first, Distance at, Distance n, held_element<Iterator> &held, Before &before) {
-  const Distance top = at;
-  Distance child = 2 * at + 1;
-  for (; child < n - 1; child = 2 * at + 1) {
-    if (before(*(first + child), *(first + (child + 1)))) ++child;
-    held.fill_from(first + child);
-    at = child;
+template <class _Iterator, class _Distance, class _Before>
+void _sink(_Iterator _first, _Distance _at, _Distance _n, held_element<_Iterator> &_held, _Before &_before) {
+  const _Distance _top = _at;
+  _Distance _child = 2 * _at + 1;
+  for (; _child < _n - 1; _child = 2 * _at + 1) {
+    if (_before(*(_first + _child), *(_first + (_child + 1)))) ++_child;
+    _held._fill_from(_first + _child);
+    _at = _child;
   }
-  if (child < n) {
-    held.fill_from(first + child);
-    at = child;
+  if (_child < _n) {
+    _held._fill_from(_first + _child);
+    _at = _child;
   }
-  __zor::rise(first, at, top, held, before);
+  __zor::_rise(_first, _at, _top, _held, _before);
 }
 
-template <class Iterator, class Before> void push_heap(Iterator first, Iterator last, Before &before) {
-  typedef typename std::iterator_traits<Iterator>::difference_type distance_type;
-  const distance_type n = last - first;
-  if (n < 2) return;
-  held_element<Iterator> held(last - 1);
-  __zor::rise(first, n - 1, distance_type(0), held, before);
+template <class _Iterator, class _Before> void push_heap(_Iterator _first, _Iterator _last, _Before &_before) {
+  typedef typename std::iterator_traits<_Iterator>::difference_type _distance_type;
+  const _distance_type _n = _last - _first;
+  if (_n < 2) return;
+  held_element<_Iterator> _held(_last - 1);
+  __zor::_rise(_first, _n - 1, _distance_type(0), _held, _before);
 }
 
-template <class Iterator, class Before> void pop_heap(Iterator first, Iterator last, Before &before) {
-  typedef typename std::iterator_traits<Iterator>::difference_type distance_type;
-  if (last - first < 2) return;
-  held_element<Iterator> held(last - 1);
-  held.fill_from(first);
-  __zor::sink(first, distance_type(0), distance_type(last - first - 1), held, before);
+template <class _Iterator, class _Before> void pop_heap(_Iterator _first, _Iterator _last, _Before &_before) {
+  typedef typename std::iterator_traits<_Iterator>::difference_type _distance_type;
+  if (_last - _first < 2) return;
+  held_element<_Iterator> _held(_last - 1);
+  _held._fill_from(_first);
+  __zor::_sink(_first, _distance_type(0), _distance_type(_last - _first - 1), _held, _before);
 }
 
-template <class Iterator, class Before> void make_heap(Iterator first, Iterator last, Before &before) {
-  typedef typename std::iterator_traits<Iterator>::difference_type distance_type;
-  const distance_type n = last - first;
-  for (distance_type at = n / 2; at > 0;) {
-    --at;
-    held_element<Iterator> held(first + at);
-    __zor::sink(first, at, n, held, before);
-  }
-}
-
-template <class Iterator, class Before> void sort_heap(Iterator first, Iterator last, Before &before) {
-  for (; last - first > 1; --last) __zor::pop_heap(first, last, before);
-}
-
-// The smallest middle - first elements go before `middle`, as a heap.
-template <class Iterator, class Before>
-void select_heap(Iterator first, Iterator middle, Iterator last, Before &before) {
-  typedef typename std::iterator_traits<Iterator>::difference_type distance_type;
-  __zor::make_heap(first, middle, before);
-  for (Iterator at = middle; at < last; ++at) {
-    if (!before(*at, *first)) continue;
-    held_element<Iterator> held(at);
-    held.fill_from(first);
-    __zor::sink(first, distance_type(0), distance_type(middle - first), held, before);
+template <class _Iterator, class _Before> void make_heap(_Iterator _first, _Iterator _last, _Before &_before) {
+  typedef typename std::iterator_traits<_Iterator>::difference_type _distance_type;
+  const _distance_type _n = _last - _first;
+  for (_distance_type _at = _n / 2; _at > 0;) {
+    --_at;
+    held_element<_Iterator> _held(_first + _at);
+    __zor::_sink(_first, _at, _n, _held, _before);
   }
 }
 
-}  // namespace functions
+template <class _Iterator, class _Before> void sort_heap(_Iterator _first, _Iterator _last, _Before &_before) {
+  for (; _last - _first > 1; --_last) __zor::pop_heap(_first, _last, _before);
+}
+
+// The smallest middle - first elements go before `_middle`, as a heap.
+template <class _Iterator, class _Before>
+void select_heap(_Iterator _first, _Iterator _middle, _Iterator _last, _Before &_before) {
+  typedef typename std::iterator_traits<_Iterator>::difference_type _distance_type;
+  __zor::make_heap(_first, _middle, _before);
+  for (_Iterator _at = _middle; _at < _last; ++_at) {
+    if (!_before(*_at, *_first)) continue;
+    held_element<_Iterator> _held(_at);
+    _held._fill_from(_first);
+    __zor::_sink(_first, _distance_type(0), _distance_type(_middle - _first), _held, _before);
+  }
+}
+
+}  // namespace _functions
 }  // namespace __zor
 
 namespace std {
 
-template <class Random, class Compare> inline void push_heap(Random first, Random last, Compare before) {
-  __zor::push_heap(__zor::unwrap(first), __zor::unwrap(last), before);
+template <class _Random, class _Compare> inline void push_heap(_Random _first, _Random _last, _Compare _before) {
+  __zor::push_heap(__zor::_unwrap(_first), __zor::_unwrap(_last), _before);
 }
-template <class Random> inline void push_heap(Random first, Random last) {
-  std::push_heap(first, last, __zor::by_less());
+template <class _Random> inline void push_heap(_Random _first, _Random _last) {
+  std::push_heap(_first, _last, __zor::by_less());
 }
-template <class Random, class Compare> inline void pop_heap(Random first, Random last, Compare before) {
-  __zor::pop_heap(__zor::unwrap(first), __zor::unwrap(last), before);
+template <class _Random, class _Compare> inline void pop_heap(_Random _first, _Random _last, _Compare _before) {
+  __zor::pop_heap(__zor::_unwrap(_first), __zor::_unwrap(_last), _before);
 }
-template <class Random> inline void pop_heap(Random first, Random last) {
-  std::pop_heap(first, last, __zor::by_less());
+template <class _Random> inline void pop_heap(_Random _first, _Random _last) {
+  std::pop_heap(_first, _last, __zor::by_less());
 }
-template <class Random, class Compare> inline void make_heap(Random first, Random last, Compare before) {
-  __zor::make_heap(__zor::unwrap(first), __zor::unwrap(last), before);
+template <class _Random, class _Compare> inline void make_heap(_Random _first, _Random _last, _Compare _before) {
+  __zor::make_heap(__zor::_unwrap(_first), __zor::_unwrap(_last), _before);
 }
-template <class Random> inline void make_heap(Random first, Random last) {
-  std::make_heap(first, last, __zor::by_less());
+template <class _Random> inline void make_heap(_Random _first, _Random _last) {
+  std::make_heap(_first, _last, __zor::by_less());
 }
-template <class Random, class Compare> inline void sort_heap(Random first, Random last, Compare before) {
-  __zor::sort_heap(__zor::unwrap(first), __zor::unwrap(last), before);
+template <class _Random, class _Compare> inline void sort_heap(_Random _first, _Random _last, _Compare _before) {
+  __zor::sort_heap(__zor::_unwrap(_first), __zor::_unwrap(_last), _before);
 }
-template <class Random> inline void sort_heap(Random first, Random last) {
-  std::sort_heap(first, last, __zor::by_less());
+template <class _Random> inline void sort_heap(_Random _first, _Random _last) {
+  std::sort_heap(_first, _last, __zor::by_less());
 }
 
 }  // namespace std

@@ -1,4 +1,4 @@
-// indirect_array<T> (1998, 26.3.9): elements by a list of their places.
+// indirect_array<_T> (1998, 26.3.9): elements by a list of their places.
 #ifndef PLX_INDIRECT_ARRAY_H
 #define PLX_INDIRECT_ARRAY_H
 
@@ -6,20 +6,20 @@
 
 namespace std {
 
-template <class T> class indirect_array : public __zor::valarray_elements<T, valarray<size_t> > {
-  typedef __zor::valarray_elements<T, valarray<size_t> > base;
+template <class _T> class indirect_array : public __zor::valarray_elements<_T, valarray<size_t> > {
+  typedef __zor::valarray_elements<_T, valarray<size_t> > base;
 
 public:
-  indirect_array(const indirect_array &other) : base(other) {}
+  indirect_array(const indirect_array &_other) : base(_other) {}
   using base::operator=;
-  const indirect_array &operator=(const indirect_array &other) const {
-    base::operator=(other);
+  const indirect_array &operator=(const indirect_array &_other) const {
+    base::operator=(_other);
     return *this;
   }
 
 private:
-  friend class valarray<T>;
-  indirect_array(T *data, const valarray<size_t> &places) : base(data, places) {}
+  friend class valarray<_T>;
+  indirect_array(_T *_data, const valarray<size_t> &_places) : base(_data, _places) {}
 };
 
 }  // namespace std

@@ -7,13 +7,13 @@
 
 namespace std {
 
-template <class Container> class back_insert_iterator : public iterator<output_iterator_tag, void, void, void, void> {
+template <class _Container> class back_insert_iterator : public iterator<output_iterator_tag, void, void, void, void> {
 public:
-  typedef Container container_type;
+  typedef _Container container_type;
 
-  explicit back_insert_iterator(Container &target) : container(__zor::address_of(target)) {}
-  back_insert_iterator &operator=(typename Container::const_reference value) {
-    container->push_back(value);
+  explicit back_insert_iterator(_Container &_target) : container(__zor::address_of(_target)) {}
+  back_insert_iterator &operator=(typename _Container::const_reference _value) {
+    container->push_back(_value);
     return *this;
   }
   back_insert_iterator &operator*() { return *this; }
@@ -21,20 +21,20 @@ public:
   back_insert_iterator operator++(int) { return *this; }
 
 protected:
-  Container *container;
+  _Container *container;
 };
 
-template <class Container> inline back_insert_iterator<Container> back_inserter(Container &target) {
-  return back_insert_iterator<Container>(target);
+template <class _Container> inline back_insert_iterator<_Container> back_inserter(_Container &_target) {
+  return back_insert_iterator<_Container>(_target);
 }
 
-template <class Container> class front_insert_iterator : public iterator<output_iterator_tag, void, void, void, void> {
+template <class _Container> class front_insert_iterator : public iterator<output_iterator_tag, void, void, void, void> {
 public:
-  typedef Container container_type;
+  typedef _Container container_type;
 
-  explicit front_insert_iterator(Container &target) : container(__zor::address_of(target)) {}
-  front_insert_iterator &operator=(typename Container::const_reference value) {
-    container->push_front(value);
+  explicit front_insert_iterator(_Container &_target) : container(__zor::address_of(_target)) {}
+  front_insert_iterator &operator=(typename _Container::const_reference _value) {
+    container->push_front(_value);
     return *this;
   }
   front_insert_iterator &operator*() { return *this; }
@@ -42,22 +42,22 @@ public:
   front_insert_iterator operator++(int) { return *this; }
 
 protected:
-  Container *container;
+  _Container *container;
 };
 
-template <class Container> inline front_insert_iterator<Container> front_inserter(Container &target) {
-  return front_insert_iterator<Container>(target);
+template <class _Container> inline front_insert_iterator<_Container> front_inserter(_Container &_target) {
+  return front_insert_iterator<_Container>(_target);
 }
 
 // Inserts before a place, each element after the one before.
-template <class Container> class insert_iterator : public iterator<output_iterator_tag, void, void, void, void> {
+template <class _Container> class insert_iterator : public iterator<output_iterator_tag, void, void, void, void> {
 public:
-  typedef Container container_type;
+  typedef _Container container_type;
 
-  insert_iterator(Container &target, typename Container::iterator place)
-      : container(__zor::address_of(target)), iter(place) {}
-  insert_iterator &operator=(typename Container::const_reference value) {
-    iter = container->insert(iter, value);
+  insert_iterator(_Container &_target, typename _Container::iterator _place)
+      : container(__zor::address_of(_target)), iter(_place) {}
+  insert_iterator &operator=(typename _Container::const_reference _value) {
+    iter = container->insert(iter, _value);
     ++iter;
     return *this;
   }
@@ -66,13 +66,13 @@ public:
   insert_iterator &operator++(int) { return *this; }
 
 protected:
-  Container *container;
-  typename Container::iterator iter;
+  _Container *container;
+  typename _Container::iterator iter;
 };
 
-template <class Container, class Iterator>
-inline insert_iterator<Container> inserter(Container &target, Iterator place) {
-  return insert_iterator<Container>(target, typename Container::iterator(place));
+template <class _Container, class _Iterator>
+inline insert_iterator<_Container> inserter(_Container &_target, _Iterator _place) {
+  return insert_iterator<_Container>(_target, typename _Container::iterator(_place));
 }
 
 }  // namespace std

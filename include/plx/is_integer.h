@@ -7,28 +7,28 @@ namespace __zor {
 
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wlong-long"
-typedef long long longest;
+typedef long long _longest;
 typedef unsigned long long unsigned_longest;
 #pragma GCC diagnostic pop
 
-struct yes {};
-struct no {};
+struct _yes {};
+struct _no {};
 
-template <class T> struct is_integer { typedef no type; };
+template <class _T> struct is_integer { typedef _no _type; };
 
-template <> struct is_integer<bool> { typedef yes type; };
-template <> struct is_integer<char> { typedef yes type; };
-template <> struct is_integer<signed char> { typedef yes type; };
-template <> struct is_integer<unsigned char> { typedef yes type; };
-template <> struct is_integer<wchar_t> { typedef yes type; };
-template <> struct is_integer<short> { typedef yes type; };
-template <> struct is_integer<unsigned short> { typedef yes type; };
-template <> struct is_integer<int> { typedef yes type; };
-template <> struct is_integer<unsigned int> { typedef yes type; };
-template <> struct is_integer<long> { typedef yes type; };
-template <> struct is_integer<unsigned long> { typedef yes type; };
-template <> struct is_integer<longest> { typedef yes type; };
-template <> struct is_integer<unsigned_longest> { typedef yes type; };
+template <> struct is_integer<bool> { typedef _yes _type; };
+template <> struct is_integer<char> { typedef _yes _type; };
+template <> struct is_integer<signed char> { typedef _yes _type; };
+template <> struct is_integer<unsigned char> { typedef _yes _type; };
+template <> struct is_integer<wchar_t> { typedef _yes _type; };
+template <> struct is_integer<short> { typedef _yes _type; };
+template <> struct is_integer<unsigned short> { typedef _yes _type; };
+template <> struct is_integer<int> { typedef _yes _type; };
+template <> struct is_integer<unsigned int> { typedef _yes _type; };
+template <> struct is_integer<long> { typedef _yes _type; };
+template <> struct is_integer<unsigned long> { typedef _yes _type; };
+template <> struct is_integer<_longest> { typedef _yes _type; };
+template <> struct is_integer<unsigned_longest> { typedef _yes _type; };
 
 }  // namespace __zor
 

@@ -18,36 +18,36 @@ struct forward_iterator_tag : public input_iterator_tag {};
 struct bidirectional_iterator_tag : public forward_iterator_tag {};
 struct random_access_iterator_tag : public bidirectional_iterator_tag {};
 
-template <class Category, class T, class Distance = ptrdiff_t, class Pointer = T *, class Reference = T &>
+template <class _Category, class _T, class _Distance = ptrdiff_t, class _Pointer = _T *, class _Reference = _T &>
 struct iterator {
-  typedef T value_type;
-  typedef Distance difference_type;
-  typedef Pointer pointer;
-  typedef Reference reference;
-  typedef Category iterator_category;
+  typedef _T value_type;
+  typedef _Distance difference_type;
+  typedef _Pointer pointer;
+  typedef _Reference reference;
+  typedef _Category iterator_category;
 };
 
-template <class Iterator> struct iterator_traits {
-  typedef typename Iterator::difference_type difference_type;
-  typedef typename Iterator::value_type value_type;
-  typedef typename Iterator::pointer pointer;
-  typedef typename Iterator::reference reference;
-  typedef typename Iterator::iterator_category iterator_category;
+template <class _Iterator> struct iterator_traits {
+  typedef typename _Iterator::difference_type difference_type;
+  typedef typename _Iterator::value_type value_type;
+  typedef typename _Iterator::pointer pointer;
+  typedef typename _Iterator::reference reference;
+  typedef typename _Iterator::iterator_category iterator_category;
 };
 
-template <class T> struct iterator_traits<T *> {
+template <class _T> struct iterator_traits<_T *> {
   typedef ptrdiff_t difference_type;
-  typedef T value_type;
-  typedef T *pointer;
-  typedef T &reference;
+  typedef _T value_type;
+  typedef _T *pointer;
+  typedef _T &reference;
   typedef random_access_iterator_tag iterator_category;
 };
 
-template <class T> struct iterator_traits<const T *> {
+template <class _T> struct iterator_traits<const _T *> {
   typedef ptrdiff_t difference_type;
-  typedef T value_type;
-  typedef const T *pointer;
-  typedef const T &reference;
+  typedef _T value_type;
+  typedef const _T *pointer;
+  typedef const _T &reference;
   typedef random_access_iterator_tag iterator_category;
 };
 
@@ -55,131 +55,137 @@ template <class T> struct iterator_traits<const T *> {
 
 namespace __zor {
 
-template <class Iterator, class Distance> inline void advance(Iterator &at, Distance n, std::input_iterator_tag) {
-  for (; n > 0; --n) ++at;
+template <class _Iterator, class _Distance> inline void advance(_Iterator &_at, _Distance _n, std::input_iterator_tag) {
+  for (; _n > 0; --_n) ++_at;
 }
 
-template <class Iterator, class Distance>
-inline void advance(Iterator &at, Distance n, std::bidirectional_iterator_tag) {
-  for (; n > 0; --n) ++at;
-  for (; n < 0; ++n) --at;
+template <class _Iterator, class _Distance>
+inline void advance(_Iterator &_at, _Distance _n, std::bidirectional_iterator_tag) {
+  for (; _n > 0; --_n) ++_at;
+  for (; _n < 0; ++_n) --_at;
 }
 
-template <class Iterator, class Distance>
-inline void advance(Iterator &at, Distance n, std::random_access_iterator_tag) {
-  at += static_cast<typename std::iterator_traits<Iterator>::difference_type>(n);
+template <class _Iterator, class _Distance>
+inline void advance(_Iterator &_at, _Distance _n, std::random_access_iterator_tag) {
+  _at += static_cast<typename std::iterator_traits<_Iterator>::difference_type>(_n);
 }
 
-template <class Iterator>
-inline typename std::iterator_traits<Iterator>::difference_type distance(Iterator first, Iterator last,
-                                                                         std::input_iterator_tag) {
-  typename std::iterator_traits<Iterator>::difference_type n = 0;
-  for (; first != last; ++first) ++n;
-  return n;
+template <class _Iterator>
+inline typename std::iterator_traits<_Iterator>::difference_type distance(_Iterator _first, _Iterator _last,
+                                                                          std::input_iterator_tag) {
+  typename std::iterator_traits<_Iterator>::difference_type _n = 0;
+  for (; _first != _last; ++_first) ++_n;
+  return _n;
 }
 
-template <class Iterator>
-inline typename std::iterator_traits<Iterator>::difference_type distance(Iterator first, Iterator last,
-                                                                         std::random_access_iterator_tag) {
-  return last - first;
+template <class _Iterator>
+inline typename std::iterator_traits<_Iterator>::difference_type distance(_Iterator _first, _Iterator _last,
+                                                                          std::random_access_iterator_tag) {
+  return _last - _first;
 }
 
 }  // namespace __zor
 
 namespace std {
 
-template <class Iterator, class Distance> inline void advance(Iterator &at, Distance n) {
-  __zor::advance(at, n, typename iterator_traits<Iterator>::iterator_category());
+template <class _Iterator, class _Distance> inline void advance(_Iterator &_at, _Distance _n) {
+  __zor::advance(_at, _n, typename iterator_traits<_Iterator>::iterator_category());
 }
 
-template <class Iterator>
-inline typename iterator_traits<Iterator>::difference_type distance(Iterator first, Iterator last) {
-  return __zor::distance(first, last, typename iterator_traits<Iterator>::iterator_category());
+template <class _Iterator>
+inline typename iterator_traits<_Iterator>::difference_type distance(_Iterator _first, _Iterator _last) {
+  return __zor::distance(_first, _last, typename iterator_traits<_Iterator>::iterator_category());
 }
 
 // Walks backward: it refers to the element before the one its base refers to.
-template <class Iterator> class reverse_iterator
-    : public iterator<typename iterator_traits<Iterator>::iterator_category,
-                      typename iterator_traits<Iterator>::value_type,
-                      typename iterator_traits<Iterator>::difference_type, typename iterator_traits<Iterator>::pointer,
-                      typename iterator_traits<Iterator>::reference> {
+template <class _Iterator> class reverse_iterator
+    : public iterator<typename iterator_traits<_Iterator>::iterator_category,
+                      typename iterator_traits<_Iterator>::value_type,
+                      typename iterator_traits<_Iterator>::difference_type,
+                      typename iterator_traits<_Iterator>::pointer, typename iterator_traits<_Iterator>::reference> {
 public:
-  typedef Iterator iterator_type;
-  typedef typename iterator_traits<Iterator>::difference_type difference_type;
-  typedef typename iterator_traits<Iterator>::reference reference;
-  typedef typename iterator_traits<Iterator>::pointer pointer;
+  typedef _Iterator iterator_type;
+  typedef typename iterator_traits<_Iterator>::difference_type difference_type;
+  typedef typename iterator_traits<_Iterator>::reference reference;
+  typedef typename iterator_traits<_Iterator>::pointer pointer;
 
   reverse_iterator() : current() {}
-  explicit reverse_iterator(Iterator base) : current(base) {}
-  template <class Other> reverse_iterator(const reverse_iterator<Other> &other) : current(other.base()) {}
+  explicit reverse_iterator(_Iterator _base) : current(_base) {}
+  template <class _Other> reverse_iterator(const reverse_iterator<_Other> &_other) : current(_other.base()) {}
 
-  Iterator base() const { return current; }
+  _Iterator base() const { return current; }
   reference operator*() const {
-    Iterator before = current;
-    return *--before;
+    _Iterator _before = current;
+    return *--_before;
   }
   pointer operator->() const { return &operator*(); }
-  reference operator[](difference_type n) const { return *(*this + n); }
+  reference operator[](difference_type _n) const { return *(*this + _n); }
 
   reverse_iterator &operator++() {
     --current;
     return *this;
   }
   reverse_iterator operator++(int) {
-    reverse_iterator before = *this;
+    reverse_iterator _before = *this;
     --current;
-    return before;
+    return _before;
   }
   reverse_iterator &operator--() {
     ++current;
     return *this;
   }
   reverse_iterator operator--(int) {
-    reverse_iterator before = *this;
+    reverse_iterator _before = *this;
     ++current;
-    return before;
+    return _before;
   }
-  reverse_iterator operator+(difference_type n) const { return reverse_iterator(current - n); }
-  reverse_iterator operator-(difference_type n) const { return reverse_iterator(current + n); }
-  reverse_iterator &operator+=(difference_type n) {
-    current -= n;
+  reverse_iterator operator+(difference_type _n) const { return reverse_iterator(current - _n); }
+  reverse_iterator operator-(difference_type _n) const { return reverse_iterator(current + _n); }
+  reverse_iterator &operator+=(difference_type _n) {
+    current -= _n;
     return *this;
   }
-  reverse_iterator &operator-=(difference_type n) {
-    current += n;
+  reverse_iterator &operator-=(difference_type _n) {
+    current += _n;
     return *this;
   }
 
 protected:
-  Iterator current;
+  _Iterator current;
 };
 
-template <class A, class B> inline bool operator==(const reverse_iterator<A> &left, const reverse_iterator<B> &right) {
-  return left.base() == right.base();
+template <class _A, class _Bt>
+inline bool operator==(const reverse_iterator<_A> &_left, const reverse_iterator<_Bt> &_right) {
+  return _left.base() == _right.base();
 }
-template <class A, class B> inline bool operator!=(const reverse_iterator<A> &left, const reverse_iterator<B> &right) {
-  return left.base() != right.base();
+template <class _A, class _Bt>
+inline bool operator!=(const reverse_iterator<_A> &_left, const reverse_iterator<_Bt> &_right) {
+  return _left.base() != _right.base();
 }
-template <class A, class B> inline bool operator<(const reverse_iterator<A> &left, const reverse_iterator<B> &right) {
-  return right.base() < left.base();
+template <class _A, class _Bt>
+inline bool operator<(const reverse_iterator<_A> &_left, const reverse_iterator<_Bt> &_right) {
+  return _right.base() < _left.base();
 }
-template <class A, class B> inline bool operator>(const reverse_iterator<A> &left, const reverse_iterator<B> &right) {
-  return left.base() < right.base();
+template <class _A, class _Bt>
+inline bool operator>(const reverse_iterator<_A> &_left, const reverse_iterator<_Bt> &_right) {
+  return _left.base() < _right.base();
 }
-template <class A, class B> inline bool operator<=(const reverse_iterator<A> &left, const reverse_iterator<B> &right) {
-  return !(left.base() < right.base());
+template <class _A, class _Bt>
+inline bool operator<=(const reverse_iterator<_A> &_left, const reverse_iterator<_Bt> &_right) {
+  return !(_left.base() < _right.base());
 }
-template <class A, class B> inline bool operator>=(const reverse_iterator<A> &left, const reverse_iterator<B> &right) {
-  return !(right.base() < left.base());
+template <class _A, class _Bt>
+inline bool operator>=(const reverse_iterator<_A> &_left, const reverse_iterator<_Bt> &_right) {
+  return !(_right.base() < _left.base());
 }
-template <class A, class B>
-inline typename reverse_iterator<A>::difference_type operator-(const reverse_iterator<A> &left,
-                                                               const reverse_iterator<B> &right) {
-  return right.base() - left.base();
+template <class _A, class _Bt>
+inline typename reverse_iterator<_A>::difference_type operator-(const reverse_iterator<_A> &_left,
+                                                                const reverse_iterator<_Bt> &_right) {
+  return _right.base() - _left.base();
 }
-template <class A>
-inline reverse_iterator<A> operator+(typename reverse_iterator<A>::difference_type n, const reverse_iterator<A> &at) {
-  return at + n;
+template <class _A> inline reverse_iterator<_A> operator+(typename reverse_iterator<_A>::difference_type _n,
+                                                          const reverse_iterator<_A> &_at) {
+  return _at + _n;
 }
 
 }  // namespace std

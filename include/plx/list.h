@@ -23,152 +23,152 @@
 namespace __zor {
 
 // Joins two nodes.
-inline void list_link(list_links *before, list_links *after) PLX_NOTHROW {
-  before->next = after;
-  after->prev = before;
+inline void list_link(list_links *_before, list_links *_after) PLX_NOTHROW {
+  _before->next = _after;
+  _after->_prev = _before;
 }
 
-// Moves the nodes [first, last) in front of `at`, which is not among them.
-inline void list_transfer(list_links *at, list_links *first, list_links *last) PLX_NOTHROW {
-  list_links *const end = last->prev;
-  list_link(first->prev, last);
-  list_link(at->prev, first);
-  list_link(end, at);
+// Moves the nodes [first, last) in front of `_at`, which is not among them.
+inline void list_transfer(list_links *_at, list_links *_first, list_links *_last) PLX_NOTHROW {
+  list_links *const _end = _last->_prev;
+  list_link(_first->_prev, _last);
+  list_link(_at->_prev, _first);
+  list_link(_end, _at);
 }
 
-template <class T, class Reference, class Pointer> class list_iterator : public std::__iterator_of_std {
+template <class _T, class _Reference, class _Pointer> class list_iterator : public std::__iterator_of_std {
 public:
-  typedef T value_type;
+  typedef _T value_type;
   typedef std::ptrdiff_t difference_type;
-  typedef Pointer pointer;
-  typedef Reference reference;
+  typedef _Pointer pointer;
+  typedef _Reference reference;
   typedef std::bidirectional_iterator_tag iterator_category;
 
-  list_iterator() PLX_NOTHROW : node(0) {}
-  explicit list_iterator(list_links *n) PLX_NOTHROW : node(n) {}
-  template <class P> list_iterator(const list_iterator<T, T &, P> &other) PLX_NOTHROW : node(other.node) {}
+  list_iterator() PLX_NOTHROW : _node(0) {}
+  explicit list_iterator(list_links *_n) PLX_NOTHROW : _node(_n) {}
+  template <class _Pt> list_iterator(const list_iterator<_T, _T &, _Pt> &_other) PLX_NOTHROW : _node(_other._node) {}
 
-  Reference operator*() const PLX_NOTHROW { return static_cast<list_node<T> *>(node)->value; }
-  Pointer operator->() const PLX_NOTHROW { return __zor::address_of(static_cast<list_node<T> *>(node)->value); }
+  _Reference operator*() const PLX_NOTHROW { return static_cast<list_node<_T> *>(_node)->value; }
+  _Pointer operator->() const PLX_NOTHROW { return __zor::address_of(static_cast<list_node<_T> *>(_node)->value); }
   list_iterator &operator++() PLX_NOTHROW {
-    node = node->next;
+    _node = _node->next;
     return *this;
   }
   list_iterator operator++(int) PLX_NOTHROW {
-    list_iterator before = *this;
-    node = node->next;
-    return before;
+    list_iterator _before = *this;
+    _node = _node->next;
+    return _before;
   }
   list_iterator &operator--() PLX_NOTHROW {
-    node = node->prev;
+    _node = _node->_prev;
     return *this;
   }
   list_iterator operator--(int) PLX_NOTHROW {
-    list_iterator before = *this;
-    node = node->prev;
-    return before;
+    list_iterator _before = *this;
+    _node = _node->_prev;
+    return _before;
   }
 
-  list_links *node;
+  list_links *_node;
 };
 
-template <class T, class R, class P, class R2, class P2>
-inline bool operator==(const list_iterator<T, R, P> &left, const list_iterator<T, R2, P2> &right) PLX_NOTHROW {
-  return left.node == right.node;
+template <class _T, class _R, class _Pt, class _R2, class _P2>
+inline bool operator==(const list_iterator<_T, _R, _Pt> &_left, const list_iterator<_T, _R2, _P2> &_right) PLX_NOTHROW {
+  return _left._node == _right._node;
 }
-template <class T, class R, class P, class R2, class P2>
-inline bool operator!=(const list_iterator<T, R, P> &left, const list_iterator<T, R2, P2> &right) PLX_NOTHROW {
-  return left.node != right.node;
+template <class _T, class _R, class _Pt, class _R2, class _P2>
+inline bool operator!=(const list_iterator<_T, _R, _Pt> &_left, const list_iterator<_T, _R2, _P2> &_right) PLX_NOTHROW {
+  return _left._node != _right._node;
 }
 
 }  // namespace __zor
 
 namespace std {
 
-template <class T, class A = allocator<T> > class PLX_API list : private A {
-  typedef __zor::list_links links;
-  typedef __zor::list_node<T> node;
-  typedef __zor::node_source<node, A> source;
-  typedef typename __zor::element_traits<T, A>::plain plain;
-  typedef __zor::yes yes;
-  typedef __zor::no no;
+template <class _T, class _A = allocator<_T> > class PLX_API list : private _A {
+  typedef __zor::list_links _links;
+  typedef __zor::list_node<_T> _node;
+  typedef __zor::node_source<_node, _A> _source;
+  typedef typename __zor::element_traits<_T, _A>::_plain _plain;
+  typedef __zor::_yes _yes;
+  typedef __zor::_no _no;
 
 public:
-  typedef T value_type;
-  typedef A allocator_type;
-  typedef typename A::size_type size_type;
-  typedef typename A::difference_type difference_type;
-  typedef typename A::reference reference;
-  typedef typename A::const_reference const_reference;
-  typedef typename A::pointer pointer;
-  typedef typename A::const_pointer const_pointer;
-  typedef __zor::list_iterator<T, T &, T *> iterator;
-  typedef __zor::list_iterator<T, const T &, const T *> const_iterator;
+  typedef _T value_type;
+  typedef _A allocator_type;
+  typedef typename _A::size_type size_type;
+  typedef typename _A::difference_type difference_type;
+  typedef typename _A::reference reference;
+  typedef typename _A::const_reference const_reference;
+  typedef typename _A::pointer pointer;
+  typedef typename _A::const_pointer const_pointer;
+  typedef __zor::list_iterator<_T, _T &, _T *> iterator;
+  typedef __zor::list_iterator<_T, const _T &, const _T *> const_iterator;
   typedef std::reverse_iterator<iterator> reverse_iterator;
   typedef std::reverse_iterator<const_iterator> const_reverse_iterator;
 
   // Construction, copying, destruction.
 
-  explicit list(const A &a = A()) PLX_NOTHROW : A(a) { reset(); }
-  explicit list(size_type n, const T &value = T(), const A &a = A()) : A(a) {
+  explicit list(const _A &_a = _A()) PLX_NOTHROW : _A(_a) { reset(); }
+  explicit list(size_type _n, const _T &_value = _T(), const _A &_a = _A()) : _A(_a) {
     reset();
-    insert(end(), n, value);
+    insert(end(), _n, _value);
   }
-  template <class Iterator> list(Iterator first, Iterator last, const A &a = A()) : A(a) {
+  template <class _Iterator> list(_Iterator _first, _Iterator _last, const _A &_a = _A()) : _A(_a) {
     reset();
-    insert(end(), first, last);
+    insert(end(), _first, _last);
   }
-  list(const list &other) : A(other) {
+  list(const list &_other) : _A(_other) {
     reset();
-    insert_each(&head_, other.begin(), other.end());
+    _insert_each(&_head_, _other.begin(), _other.end());
   }
-  ~list() { give_all(); }
+  ~list() { _give_all(); }
 
-  list &operator=(const list &other) {
-    if (this != &other) assign_each(other.begin(), other.end());
+  list &operator=(const list &_other) {
+    if (this != &_other) _assign_each(_other.begin(), _other.end());
     return *this;
   }
 #if __cplusplus >= 201103L
-  list(list &&other) noexcept : A(other) {
+  list(list &&_other) noexcept : _A(_other) {
     reset();
-    swap_rings(other);
+    _swap_rings(_other);
   }
-  list &operator=(list &&other) noexcept {
-    list taken(static_cast<list &&>(other));
-    swap(taken);
+  list &operator=(list &&_other) noexcept {
+    list _taken(static_cast<list &&>(_other));
+    swap(_taken);
     return *this;
   }
-  list(initializer_list<T> values, const A &a = A()) : A(a) {
+  list(initializer_list<_T> _values, const _A &_a = _A()) : _A(_a) {
     reset();
-    insert_each(&head_, values.begin(), values.end());
+    _insert_each(&_head_, _values.begin(), _values.end());
   }
-  list &operator=(initializer_list<T> values) {
-    assign_each(values.begin(), values.end());
+  list &operator=(initializer_list<_T> _values) {
+    _assign_each(_values.begin(), _values.end());
     return *this;
   }
-  void assign(initializer_list<T> values) { assign_each(values.begin(), values.end()); }
-  void insert(iterator at, initializer_list<T> values) { insert_each(at.node, values.begin(), values.end()); }
+  void assign(initializer_list<_T> _values) { _assign_each(_values.begin(), _values.end()); }
+  void insert(iterator _at, initializer_list<_T> _values) { _insert_each(_at._node, _values.begin(), _values.end()); }
 #endif
-  template <class Iterator> void assign(Iterator first, Iterator last) {
-    assign_range(first, last, typename __zor::is_integer<Iterator>::type());
+  template <class _Iterator> void assign(_Iterator _first, _Iterator _last) {
+    _assign_range(_first, _last, typename __zor::is_integer<_Iterator>::_type());
   }
-  void assign(size_type n, const T &value) {
-    links *at = head_.next;
-    for (; n != 0 && at != &head_; --n, at = at->next) value_of(at) = value;
+  void assign(size_type _n, const _T &_value) {
+    _links *_at = _head_.next;
+    for (; _n != 0 && _at != &_head_; --_n, _at = _at->next) _value_of(_at) = _value;
     // The value may lie among the elements that go.
-    if (n != 0)
-      insert(end(), n, value);
+    if (_n != 0)
+      insert(end(), _n, _value);
     else
-      erase(iterator(at), end());
+      erase(iterator(_at), end());
   }
-  allocator_type get_allocator() const PLX_NOTHROW { return static_cast<const A &>(*this); }
+  allocator_type get_allocator() const PLX_NOTHROW { return static_cast<const _A &>(*this); }
 
   // Iterators.
 
-  iterator begin() PLX_NOTHROW { return iterator(head_.next); }
-  const_iterator begin() const PLX_NOTHROW { return const_iterator(head_.next); }
-  iterator end() PLX_NOTHROW { return iterator(&head_); }
-  const_iterator end() const PLX_NOTHROW { return const_iterator(const_cast<links *>(&head_)); }
+  iterator begin() PLX_NOTHROW { return iterator(_head_.next); }
+  const_iterator begin() const PLX_NOTHROW { return const_iterator(_head_.next); }
+  iterator end() PLX_NOTHROW { return iterator(&_head_); }
+  const_iterator end() const PLX_NOTHROW { return const_iterator(const_cast<_links *>(&_head_)); }
   reverse_iterator rbegin() PLX_NOTHROW { return reverse_iterator(end()); }
   const_reverse_iterator rbegin() const PLX_NOTHROW { return const_reverse_iterator(end()); }
   reverse_iterator rend() PLX_NOTHROW { return reverse_iterator(begin()); }
@@ -180,354 +180,358 @@ public:
 
   // Size and ends.
 
-  bool empty() const PLX_NOTHROW { return size_ == 0; }
-  size_type size() const PLX_NOTHROW { return size_; }
-  size_type max_size() const PLX_NOTHROW { return static_cast<size_type>(-1) / sizeof(node); }
-  void resize(size_type n, T value = T()) {
-    if (n >= size_) {
-      insert(end(), n - size_, value);
+  bool empty() const PLX_NOTHROW { return _size_ == 0; }
+  size_type size() const PLX_NOTHROW { return _size_; }
+  size_type max_size() const PLX_NOTHROW { return static_cast<size_type>(-1) / sizeof(_node); }
+  void resize(size_type _n, _T _value = _T()) {
+    if (_n >= _size_) {
+      insert(end(), _n - _size_, _value);
       return;
     }
-    links *at = &head_;
-    for (size_type gone = size_ - n; gone != 0; --gone) at = at->prev;
-    erase(iterator(at), end());
+    _links *_at = &_head_;
+    for (size_type _gone = _size_ - _n; _gone != 0; --_gone) _at = _at->_prev;
+    erase(iterator(_at), end());
   }
-  reference front() PLX_NOTHROW { return value_of(head_.next); }
-  const_reference front() const PLX_NOTHROW { return value_of(head_.next); }
-  reference back() PLX_NOTHROW { return value_of(head_.prev); }
-  const_reference back() const PLX_NOTHROW { return value_of(head_.prev); }
+  reference front() PLX_NOTHROW { return _value_of(_head_.next); }
+  const_reference front() const PLX_NOTHROW { return _value_of(_head_.next); }
+  reference back() PLX_NOTHROW { return _value_of(_head_._prev); }
+  const_reference back() const PLX_NOTHROW { return _value_of(_head_._prev); }
 
   // Modifiers.
 
-  void push_front(const T &value) { hook(head_.next, make(value)); }
-  void pop_front() { give(unhook(head_.next)); }
-  void push_back(const T &value) { hook(&head_, make(value)); }
-  void pop_back() { give(unhook(head_.prev)); }
+  void push_front(const _T &_value) { _hook(_head_.next, _make(_value)); }
+  void pop_front() { _give(_unhook(_head_.next)); }
+  void push_back(const _T &_value) { _hook(&_head_, _make(_value)); }
+  void pop_back() { _give(_unhook(_head_._prev)); }
 
-  iterator insert(iterator at, const T &value) {
-    node *made = make(value);
-    hook(at.node, made);
-    return iterator(made);
+  iterator insert(iterator _at, const _T &_value) {
+    _node *_made = _make(_value);
+    _hook(_at._node, _made);
+    return iterator(_made);
   }
-  void insert(iterator at, size_type n, const T &value) {
-    if (n > max_size() - size_) __zor::sequence_length_error();
-    __zor::cleanup<chain> made(*this);
-    for (; n != 0; --n) made.get().add(value);
-    made.get().hook_before(at.node);
+  void insert(iterator _at, size_type _n, const _T &_value) {
+    if (_n > max_size() - _size_) __zor::sequence_length_error();
+    __zor::_cleanup<_chain> _made(*this);
+    for (; _n != 0; --_n) _made.get()._add(_value);
+    _made.get()._hook_before(_at._node);
   }
-  template <class Iterator> void insert(iterator at, Iterator first, Iterator last) {
-    insert_range(at, first, last, typename __zor::is_integer<Iterator>::type());
+  template <class _Iterator> void insert(iterator _at, _Iterator _first, _Iterator _last) {
+    _insert_range(_at, _first, _last, typename __zor::is_integer<_Iterator>::_type());
   }
-  iterator erase(iterator at) {
-    links *const next = at.node->next;
-    give(unhook(at.node));
-    return iterator(next);
+  iterator erase(iterator _at) {
+    _links *const _next = _at._node->next;
+    _give(_unhook(_at._node));
+    return iterator(_next);
   }
-  iterator erase(iterator first, iterator last) {
-    if (first == begin() && last == end()) {
+  iterator erase(iterator _first, iterator _last) {
+    if (_first == begin() && _last == end()) {
       clear();
-      return last;
+      return _last;
     }
-    while (first != last) first = erase(first);
-    return last;
+    while (_first != _last) _first = erase(_first);
+    return _last;
   }
-  void swap(list &other) PLX_NOTHROW { swap_rings(other); }
+  void swap(list &_other) PLX_NOTHROW { _swap_rings(_other); }
   void clear() PLX_NOTHROW {
-    give_all();
+    _give_all();
     reset();
   }
 
   // Operations that move nodes. On the list itself splicing all and merging do nothing.
 
-  void splice(iterator at, list &other) {
-    if (this == &other || other.empty()) return;
-    __zor::list_transfer(at.node, other.head_.next, &other.head_);
-    size_ += other.size_;
-    other.size_ = 0;
+  void splice(iterator _at, list &_other) {
+    if (this == &_other || _other.empty()) return;
+    __zor::list_transfer(_at._node, _other._head_.next, &_other._head_);
+    _size_ += _other._size_;
+    _other._size_ = 0;
   }
-  void splice(iterator at, list &other, iterator which) {
-    if (at == which || at.node == which.node->next) return;
-    __zor::list_transfer(at.node, which.node, which.node->next);
-    --other.size_;
-    ++size_;
+  void splice(iterator _at, list &_other, iterator _which) {
+    if (_at == _which || _at._node == _which._node->next) return;
+    __zor::list_transfer(_at._node, _which._node, _which._node->next);
+    --_other._size_;
+    ++_size_;
   }
-  void splice(iterator at, list &other, iterator first, iterator last) {
-    if (first == last || at == first || at == last) {
-      if (this == &other || first == last) return;
+  void splice(iterator _at, list &_other, iterator _first, iterator _last) {
+    if (_first == _last || _at == _first || _at == _last) {
+      if (this == &_other || _first == _last) return;
     }
-    if (this != &other) {
-      size_type n = 0;
-      for (links *each = first.node; each != last.node; each = each->next) ++n;
-      other.size_ -= n;
-      size_ += n;
+    if (this != &_other) {
+      size_type _n = 0;
+      for (_links *_each = _first._node; _each != _last._node; _each = _each->next) ++_n;
+      _other._size_ -= _n;
+      _size_ += _n;
     }
-    __zor::list_transfer(at.node, first.node, last.node);
+    __zor::list_transfer(_at._node, _first._node, _last._node);
   }
 
   // What is removed waits until the end: the value may be one of the elements.
-  void remove(const T &value) {
-    list removed(get_allocator());
-    for (iterator at = begin(); at != end();) {
-      const iterator each = at++;
-      if (*each == value) removed.splice(removed.end(), *this, each);
+  void remove(const _T &_value) {
+    list _removed(get_allocator());
+    for (iterator _at = begin(); _at != end();) {
+      const iterator _each = _at++;
+      if (*_each == _value) _removed.splice(_removed.end(), *this, _each);
     }
   }
-  template <class Predicate> void remove_if(Predicate matches) {
-    list removed(get_allocator());
-    for (iterator at = begin(); at != end();) {
-      const iterator each = at++;
-      if (matches(*each)) removed.splice(removed.end(), *this, each);
+  template <class _Predicate> void remove_if(_Predicate _matches) {
+    list _removed(get_allocator());
+    for (iterator _at = begin(); _at != end();) {
+      const iterator _each = _at++;
+      if (_matches(*_each)) _removed.splice(_removed.end(), *this, _each);
     }
   }
   void unique() { unique(__zor::list_equal()); }
-  template <class Equal> void unique(Equal equal) {
+  template <class _Equal> void unique(_Equal _equal) {
     if (empty()) return;
-    for (links *kept = head_.next; kept->next != &head_;) {
-      if (equal(value_of(kept), value_of(kept->next)))
-        give(unhook(kept->next));
+    for (_links *_kept = _head_.next; _kept->next != &_head_;) {
+      if (_equal(_value_of(_kept), _value_of(_kept->next)))
+        _give(_unhook(_kept->next));
       else
-        kept = kept->next;
+        _kept = _kept->next;
     }
   }
-  void merge(list &other) { merge(other, __zor::list_less()); }
-  template <class Compare> void merge(list &other, Compare before) {
-    if (this == &other) return;
-    links *at = head_.next;
-    while (at != &head_ && !other.empty()) {
-      links *const first = other.head_.next;
-      if (before(value_of(first), value_of(at))) {
-        __zor::list_transfer(at, first, first->next);
-        --other.size_;
-        ++size_;
+  void merge(list &_other) { merge(_other, __zor::list_less()); }
+  template <class _Compare> void merge(list &_other, _Compare _before) {
+    if (this == &_other) return;
+    _links *_at = _head_.next;
+    while (_at != &_head_ && !_other.empty()) {
+      _links *const _first = _other._head_.next;
+      if (_before(_value_of(_first), _value_of(_at))) {
+        __zor::list_transfer(_at, _first, _first->next);
+        --_other._size_;
+        ++_size_;
       } else {
-        at = at->next;
+        _at = _at->next;
       }
     }
-    splice(end(), other);
+    splice(end(), _other);
   }
   void reverse() PLX_NOTHROW {
-    links *at = &head_;
+    _links *_at = &_head_;
     do {
-      links *const next = at->next;
-      at->next = at->prev;
-      at->prev = next;
-      at = next;
-    } while (at != &head_);
+      _links *const _next = _at->next;
+      _at->next = _at->_prev;
+      _at->_prev = _next;
+      _at = _next;
+    } while (_at != &_head_);
   }
   void sort() { sort(__zor::list_less()); }
-  template <class Compare> void sort(Compare before) {
-    if (size_ < 2) return;
-    if (!__zor::list_sort_by_array<T>(&head_, size_, before)) sort_by_bins(before);
+  template <class _Compare> void sort(_Compare _before) {
+    if (_size_ < 2) return;
+    if (!__zor::list_sort_by_array<_T>(&_head_, _size_, _before)) _sort_by_bins(_before);
   }
 
 private:
-  static T &value_of(links *at) PLX_NOTHROW { return static_cast<node *>(at)->value; }
-  static const T &value_of(const links *at) PLX_NOTHROW { return static_cast<const node *>(at)->value; }
+  static _T &_value_of(_links *_at) PLX_NOTHROW { return static_cast<_node *>(_at)->value; }
+  static const _T &_value_of(const _links *_at) PLX_NOTHROW { return static_cast<const _node *>(_at)->value; }
 
   void reset() PLX_NOTHROW {
-    head_.next = head_.prev = &head_;
-    size_ = 0;
+    _head_.next = _head_._prev = &_head_;
+    _size_ = 0;
   }
 
   // ---- Nodes.
 
   // Memory for a node whose element is being made.
-  class raw_node {
+  class _raw_node {
   public:
-    explicit raw_node(const A &a) : allocator_(a), node_(source::take(a)) {}
-    ~raw_node() {
-      if (node_) source::give(allocator_, node_);
+    explicit _raw_node(const _A &_a) : _allocator_(_a), _node_(_source::_take(_a)) {}
+    ~_raw_node() {
+      if (_node_) _source::_give(_allocator_, _node_);
     }
-    node *get() const { return node_; }
-    node *keep() {
-      node *const kept = node_;
-      node_ = 0;
-      return kept;
+    _node *get() const { return _node_; }
+    _node *_keep() {
+      _node *const _kept = _node_;
+      _node_ = 0;
+      return _kept;
     }
 
   private:
-    raw_node(const raw_node &);
-    raw_node &operator=(const raw_node &);
+    _raw_node(const _raw_node &);
+    _raw_node &operator=(const _raw_node &);
 
-    const A &allocator_;
-    node *node_;
+    const _A &_allocator_;
+    _node *_node_;
   };
 
-  node *make(const T &value) { return make(value, plain()); }
-  node *make(const T &value, yes) {
-    node *const made = source::take(alloc());
-    A::construct(__zor::address_of(made->value), value);
-    return made;
+  _node *_make(const _T &_value) { return _make(_value, _plain()); }
+  _node *_make(const _T &_value, _yes) {
+    _node *const _made = _source::_take(_alloc());
+    _A::construct(__zor::address_of(_made->value), _value);
+    return _made;
   }
-  node *make(const T &value, no) {
-    raw_node made(alloc());
-    A::construct(__zor::address_of(made.get()->value), value);
-    return made.keep();
+  _node *_make(const _T &_value, _no) {
+    _raw_node _made(_alloc());
+    _A::construct(__zor::address_of(_made.get()->value), _value);
+    return _made._keep();
   }
-  void give(links *at) {
-    A::destroy(__zor::address_of(value_of(at)));
-    source::give(alloc(), static_cast<node *>(at));
+  void _give(_links *_at) {
+    _A::destroy(__zor::address_of(_value_of(_at)));
+    _source::_give(_alloc(), static_cast<_node *>(_at));
   }
-  const A &alloc() const PLX_NOTHROW { return *this; }
+  const _A &_alloc() const PLX_NOTHROW { return *this; }
 
   // All nodes go; the links of the list stay as they are.
-  void give_all() {
-    if (size_ == 0) return;
-    if (__zor::same_type<typename __zor::element_traits<T, A>::trivially_destroyed, yes>::value &&
-        source::give_chain(alloc(), static_cast<node *>(head_.next), static_cast<node *>(head_.prev)))
+  void _give_all() {
+    if (_size_ == 0) return;
+    if (__zor::same_type<typename __zor::element_traits<_T, _A>::_trivially_destroyed, _yes>::value &&
+        _source::_give_chain(_alloc(), static_cast<_node *>(_head_.next), static_cast<_node *>(_head_._prev)))
       return;
-    for (links *at = head_.next; at != &head_;) {
-      links *const next = at->next;
-      give(at);
-      at = next;
+    for (_links *_at = _head_.next; _at != &_head_;) {
+      _links *const _next = _at->next;
+      _give(_at);
+      _at = _next;
     }
   }
 
-  void hook(links *at, node *made) PLX_NOTHROW {
-    links *const before = at->prev;
-    made->next = at;
-    made->prev = before;
-    before->next = made;
-    at->prev = made;
-    ++size_;
+  void _hook(_links *_at, _node *_made) PLX_NOTHROW {
+    _links *const _before = _at->_prev;
+    _made->next = _at;
+    _made->_prev = _before;
+    _before->next = _made;
+    _at->_prev = _made;
+    ++_size_;
   }
-  links *unhook(links *at) PLX_NOTHROW {
-    __zor::list_link(at->prev, at->next);
-    --size_;
-    return at;
+  _links *_unhook(_links *_at) PLX_NOTHROW {
+    __zor::list_link(_at->_prev, _at->next);
+    --_size_;
+    return _at;
   }
 
   // New nodes that are not in a list yet, and go unless they get there.
-  class chain {
+  class _chain {
   public:
-    explicit chain(const list &owner) : owner_(const_cast<list &>(owner)), n_(0) { head_.next = head_.prev = &head_; }
-    ~chain() {
-      for (links *at = head_.next; at != &head_;) {
-        links *const next = at->next;
-        owner_.give(at);
-        at = next;
+    explicit _chain(const list &_owner) : _owner_(const_cast<list &>(_owner)), _n_(0) {
+      _head_.next = _head_._prev = &_head_;
+    }
+    ~_chain() {
+      for (_links *_at = _head_.next; _at != &_head_;) {
+        _links *const _next = _at->next;
+        _owner_._give(_at);
+        _at = _next;
       }
     }
-    void add(const T &value) {
-      node *const made = owner_.make(value);
-      __zor::list_link(head_.prev, made);
-      __zor::list_link(made, &head_);
-      ++n_;
+    void _add(const _T &_value) {
+      _node *const _made = _owner_._make(_value);
+      __zor::list_link(_head_._prev, _made);
+      __zor::list_link(_made, &_head_);
+      ++_n_;
     }
-    void hook_before(links *at) PLX_NOTHROW {
-      if (n_ == 0) return;
-      __zor::list_transfer(at, head_.next, &head_);
-      owner_.size_ += n_;
-      n_ = 0;
+    void _hook_before(_links *_at) PLX_NOTHROW {
+      if (_n_ == 0) return;
+      __zor::list_transfer(_at, _head_.next, &_head_);
+      _owner_._size_ += _n_;
+      _n_ = 0;
     }
 
   private:
-    chain(const chain &);
-    chain &operator=(const chain &);
+    _chain(const _chain &);
+    _chain &operator=(const _chain &);
 
-    list &owner_;
-    links head_;
-    size_type n_;
+    list &_owner_;
+    _links _head_;
+    size_type _n_;
   };
 
-  template <class Integer> void insert_range(iterator at, Integer n, Integer value, yes) {
-    insert(at, static_cast<size_type>(n), static_cast<T>(value));
+  template <class _Integer> void _insert_range(iterator _at, _Integer _n, _Integer _value, _yes) {
+    insert(_at, static_cast<size_type>(_n), static_cast<_T>(_value));
   }
-  template <class Iterator> void insert_range(iterator at, Iterator first, Iterator last, no) {
-    insert_each(at.node, first, last);
+  template <class _Iterator> void _insert_range(iterator _at, _Iterator _first, _Iterator _last, _no) {
+    _insert_each(_at._node, _first, _last);
   }
-  template <class Iterator> void insert_each(links *at, Iterator first, Iterator last) {
-    __zor::cleanup<chain> made(*this);
-    for (; first != last; ++first) made.get().add(*first);
-    made.get().hook_before(at);
+  template <class _Iterator> void _insert_each(_links *_at, _Iterator _first, _Iterator _last) {
+    __zor::_cleanup<_chain> _made(*this);
+    for (; _first != _last; ++_first) _made.get()._add(*_first);
+    _made.get()._hook_before(_at);
   }
-  template <class Integer> void assign_range(Integer n, Integer value, yes) {
-    assign(static_cast<size_type>(n), static_cast<T>(value));
+  template <class _Integer> void _assign_range(_Integer _n, _Integer _value, _yes) {
+    assign(static_cast<size_type>(_n), static_cast<_T>(_value));
   }
-  template <class Iterator> void assign_range(Iterator first, Iterator last, no) { assign_each(first, last); }
-  template <class Iterator> void assign_each(Iterator first, Iterator last) {
-    links *at = head_.next;
-    for (; first != last && at != &head_; (void)++first, at = at->next) value_of(at) = *first;
-    if (first == last)
-      erase(iterator(at), end());
+  template <class _Iterator> void _assign_range(_Iterator _first, _Iterator _last, _no) { _assign_each(_first, _last); }
+  template <class _Iterator> void _assign_each(_Iterator _first, _Iterator _last) {
+    _links *_at = _head_.next;
+    for (; _first != _last && _at != &_head_; (void)++_first, _at = _at->next) _value_of(_at) = *_first;
+    if (_first == _last)
+      erase(iterator(_at), end());
     else
-      insert_each(&head_, first, last);
+      _insert_each(&_head_, _first, _last);
   }
 
   // Exchanges the rings: each list object takes the other's place in the other's ring.
-  void swap_rings(list &other) PLX_NOTHROW {
-    if (this == &other) return;
-    const links mine = head_, its = other.head_;
-    const size_type n = size_;
-    adopt(its, other.size_);
-    other.adopt(mine, n);
+  void _swap_rings(list &_other) PLX_NOTHROW {
+    if (this == &_other) return;
+    const _links _mine = _head_, _its = _other._head_;
+    const size_type _n = _size_;
+    _adopt(_its, _other._size_);
+    _other._adopt(_mine, _n);
   }
-  void adopt(const links &ring, size_type n) PLX_NOTHROW {
+  void _adopt(const _links &_ring, size_type _n) PLX_NOTHROW {
     reset();
-    if (n == 0) return;
-    __zor::list_link(&head_, ring.next);
-    __zor::list_link(ring.prev, &head_);
-    size_ = n;
+    if (_n == 0) return;
+    __zor::list_link(&_head_, _ring.next);
+    __zor::list_link(_ring._prev, &_head_);
+    _size_ = _n;
   }
 
   // ---- Sorting without memory: elements are carried into bins of 1, 2, 4, ... elements. Whatever happens, all of them
   // are in the list again at the end.
 
-  class bins {
+  class _bins {
   public:
-    explicit bins(list &whole) : whole_(whole) {}
-    ~bins() {
-      whole_.splice(whole_.end(), carry);
-      for (int i = 0; i < 64; ++i) whole_.splice(whole_.end(), bin[i]);
+    explicit _bins(list &_whole) : _whole_(_whole) {}
+    ~_bins() {
+      _whole_.splice(_whole_.end(), _carry);
+      for (int _i = 0; _i < 64; ++_i) _whole_.splice(_whole_.end(), _bin[_i]);
     }
-    list carry;
-    list bin[64];
+    list _carry;
+    list _bin[64];
 
   private:
-    list &whole_;
+    list &_whole_;
   };
-  template <class Compare> __attribute__((__noinline__)) void sort_by_bins(Compare before) {
-    bins sorted(*this);
-    int used = 0;
+  template <class _Compare> __attribute__((__noinline__)) void _sort_by_bins(_Compare _before) {
+    _bins _sorted(*this);
+    int _used = 0;
     while (!empty()) {
-      sorted.carry.splice(sorted.carry.begin(), *this, begin());
-      int i = 0;
-      for (; i < used && !sorted.bin[i].empty(); ++i) {
-        sorted.bin[i].merge(sorted.carry, before);
-        sorted.carry.swap(sorted.bin[i]);
+      _sorted._carry.splice(_sorted._carry.begin(), *this, begin());
+      int _i = 0;
+      for (; _i < _used && !_sorted._bin[_i].empty(); ++_i) {
+        _sorted._bin[_i].merge(_sorted._carry, _before);
+        _sorted._carry.swap(_sorted._bin[_i]);
       }
-      sorted.carry.swap(sorted.bin[i]);
-      if (i == used && used < 63) ++used;
+      _sorted._carry.swap(_sorted._bin[_i]);
+      if (_i == _used && _used < 63) ++_used;
     }
-    for (int i = 1; i <= used; ++i) {
-      sorted.bin[i].merge(sorted.bin[i - 1], before);
+    for (int _i = 1; _i <= _used; ++_i) {
+      _sorted._bin[_i].merge(_sorted._bin[_i - 1], _before);
     }
-    splice(end(), sorted.bin[used]);
+    splice(end(), _sorted._bin[_used]);
   }
 
-  links head_;
-  size_type size_;
+  _links _head_;
+  size_type _size_;
 };
 
-template <class T, class A> inline bool operator==(const list<T, A> &left, const list<T, A> &right) {
-  return left.size() == right.size() && std::equal(left.begin(), left.end(), right.begin());
+template <class _T, class _A> inline bool operator==(const list<_T, _A> &_left, const list<_T, _A> &_right) {
+  return _left.size() == _right.size() && std::equal(_left.begin(), _left.end(), _right.begin());
 }
-template <class T, class A> inline bool operator<(const list<T, A> &left, const list<T, A> &right) {
-  return std::lexicographical_compare(left.begin(), left.end(), right.begin(), right.end());
+template <class _T, class _A> inline bool operator<(const list<_T, _A> &_left, const list<_T, _A> &_right) {
+  return std::lexicographical_compare(_left.begin(), _left.end(), _right.begin(), _right.end());
 }
-template <class T, class A> inline bool operator!=(const list<T, A> &left, const list<T, A> &right) {
-  return !(left == right);
+template <class _T, class _A> inline bool operator!=(const list<_T, _A> &_left, const list<_T, _A> &_right) {
+  return !(_left == _right);
 }
-template <class T, class A> inline bool operator>(const list<T, A> &left, const list<T, A> &right) {
-  return right < left;
+template <class _T, class _A> inline bool operator>(const list<_T, _A> &_left, const list<_T, _A> &_right) {
+  return _right < _left;
 }
-template <class T, class A> inline bool operator>=(const list<T, A> &left, const list<T, A> &right) {
-  return !(left < right);
+template <class _T, class _A> inline bool operator>=(const list<_T, _A> &_left, const list<_T, _A> &_right) {
+  return !(_left < _right);
 }
-template <class T, class A> inline bool operator<=(const list<T, A> &left, const list<T, A> &right) {
-  return !(right < left);
+template <class _T, class _A> inline bool operator<=(const list<_T, _A> &_left, const list<_T, _A> &_right) {
+  return !(_right < _left);
 }
-template <class T, class A> inline void swap(list<T, A> &left, list<T, A> &right) PLX_NOTHROW { left.swap(right); }
+template <class _T, class _A> inline void swap(list<_T, _A> &_left, list<_T, _A> &_right) PLX_NOTHROW {
+  _left.swap(_right);
+}
 
 __extension__ extern template class PLX_API list<int, allocator<int> >;
 __extension__ extern template class PLX_API list<char, allocator<char> >;

@@ -14,164 +14,165 @@ namespace __zor {
 
 struct list_links {
   list_links *next;
-  list_links *prev;
+  list_links *_prev;
 };
 
-template <class T> struct list_node : public list_links {
-  T value;
-};
+template <class _T> struct list_node : public list_links { _T value; };
 
 struct list_less {
-  template <class T> bool operator()(const T &a, const T &b) const { return a < b; }
+  template <class _T> bool operator()(const _T &_a, const _T &_b) const { return _a < _b; }
 };
 struct list_equal {
-  template <class T> bool operator()(const T &a, const T &b) const { return a == b; }
+  template <class _T> bool operator()(const _T &_a, const _T &_b) const { return _a == _b; }
 };
 
 // Memory that is no operator new's: sorting does not fail for want of it. Null when there is none.
-PLX_API void *take_scratch(size_t bytes) PLX_NOTHROW;
-PLX_API void give_scratch(void *block) PLX_NOTHROW;
+PLX_API void *take_scratch(size_t _bytes) PLX_NOTHROW;
+PLX_API void give_scratch(void *_block) PLX_NOTHROW;
 
 class list_scratch {
 public:
-  explicit list_scratch(size_t bytes) PLX_NOTHROW : block(bytes <= sizeof local_ ? local_ : take_scratch(bytes)) {}
-  ~list_scratch() {
-    if (block != local_) give_scratch(block);
+  explicit list_scratch(size_t _bytes) PLX_NOTHROW : _block(_bytes <= sizeof _local_ ? _local_ : take_scratch(_bytes)) {
   }
-  void *const block;
+  ~list_scratch() {
+    if (_block != _local_) give_scratch(_block);
+  }
+  void *const _block;
 
 private:
   list_scratch(const list_scratch &);
   list_scratch &operator=(const list_scratch &);
 
-  char local_[1024] __attribute__((__aligned__(8)));
+  char _local_[1024] __attribute__((__aligned__(8)));
 };
 
-template <class T> struct list_keyed_entry {
-  T key;
-  list_links *node;
+template <class _T> struct list_keyed_entry {
+  _T _key;
+  list_links *_node;
 
-  void set(list_links *n) {
-    key = static_cast<list_node<T> *>(n)->value;
-    node = n;
+  void set(list_links *_n) {
+    _key = static_cast<list_node<_T> *>(_n)->value;
+    _node = _n;
   }
-  const T &value() const { return key; }
-  void fetch() const {}
+  const _T &value() const { return _key; }
+  void _fetch() const {}
 };
 
-template <class T> struct list_plain_entry {
-  list_links *node;
+template <class _T> struct list_plain_entry {
+  list_links *_node;
 
-  void set(list_links *n) { node = n; }
-  const T &value() const { return static_cast<list_node<T> *>(node)->value; }
-  void fetch() const { __builtin_prefetch(&static_cast<list_node<T> *>(node)->value); }
+  void set(list_links *_n) { _node = _n; }
+  const _T &value() const { return static_cast<list_node<_T> *>(_node)->value; }
+  void _fetch() const { __builtin_prefetch(&static_cast<list_node<_T> *>(_node)->value); }
 };
 
 // Strings in their own order: the first four characters are the key, and the rest is only looked at where they agree.
 struct list_string_entry {
-  unsigned int key;
-  list_links *node;
+  unsigned int _key;
+  list_links *_node;
 
-  template <class String> void set_string(list_links *n, const String &text) {
-    const unsigned int length = text.size();
-    const char *const data = text.data();
-    key = 0;
-    for (unsigned int i = 0; i < 4; ++i) key = key << 8 | (i < length ? static_cast<unsigned char>(data[i]) : 0u);
-    node = n;
+  template <class _String> void _set_string(list_links *_n, const _String &_text) {
+    const unsigned int _length = _text.size();
+    const char *const _data = _text.data();
+    _key = 0;
+    for (unsigned int _i = 0; _i < 4; ++_i)
+      _key = _key << 8 | (_i < _length ? static_cast<unsigned char>(_data[_i]) : 0u);
+    _node = _n;
   }
 };
-template <class String> struct list_string_entry_of : public list_string_entry {
-  void set(list_links *n) { set_string(n, static_cast<list_node<String> *>(n)->value); }
-  const String &value() const { return static_cast<list_node<String> *>(node)->value; }
-  void fetch() const {}
+template <class _String> struct list_string_entry_of : public list_string_entry {
+  void set(list_links *_n) { _set_string(_n, static_cast<list_node<_String> *>(_n)->value); }
+  const _String &value() const { return static_cast<list_node<_String> *>(_node)->value; }
+  void _fetch() const {}
 };
 
-template <class T, class Compare, bool scalar> struct list_entry { typedef list_plain_entry<T> type; };
-template <class T, class Compare> struct list_entry<T, Compare, true> { typedef list_keyed_entry<T> type; };
-template <class C, class A> struct list_entry<std::basic_string<C, std::char_traits<C>, A>, list_less, false> {
-  typedef list_string_entry_of<std::basic_string<C, std::char_traits<C>, A> > type;
+template <class _T, class _Compare, bool _scalar> struct list_entry { typedef list_plain_entry<_T> _type; };
+template <class _T, class _Compare> struct list_entry<_T, _Compare, true> { typedef list_keyed_entry<_T> _type; };
+template <class _Ct, class _A> struct list_entry<std::basic_string<_Ct, std::char_traits<_Ct>, _A>, list_less, false> {
+  typedef list_string_entry_of<std::basic_string<_Ct, std::char_traits<_Ct>, _A> > _type;
 };
 
-template <class Entry, class Compare> inline bool list_before(const Entry &a, const Entry &b, Compare &before) {
-  return before(a.value(), b.value());
+template <class _Entry, class _Compare> inline bool list_before(const _Entry &_a, const _Entry &_b, _Compare &_before) {
+  return _before(_a.value(), _b.value());
 }
-template <class String>
-inline bool list_before(const list_string_entry_of<String> &a, const list_string_entry_of<String> &b, list_less &) {
-  return a.key != b.key ? a.key < b.key : a.value() < b.value();
+template <class _String>
+inline bool list_before(const list_string_entry_of<_String> &_a, const list_string_entry_of<_String> &_b, list_less &) {
+  return _a._key != _b._key ? _a._key < _b._key : _a.value() < _b.value();
 }
 
 enum { list_run = 8, list_fetched_ahead = 4 };
 
-// Merges [left, middle) and [middle, right) into `to`; of equal elements those of the left come first.
-template <class Entry, class Compare>
-inline void list_merge(const Entry *left, const Entry *middle, const Entry *right, Entry *to, Compare &before) {
-  const Entry *a = left, *b = middle;
-  if (a != middle && b != right && !__zor::list_before(*b, middle[-1], before)) {
+// Merges [left, middle) and [middle, right) into `_to`; of equal elements those of the left come first.
+template <class _Entry, class _Compare> inline void list_merge(const _Entry *_left, const _Entry *_middle,
+                                                               const _Entry *_right, _Entry *_to, _Compare &_before) {
+  const _Entry *_a = _left, *_b = _middle;
+  if (_a != _middle && _b != _right && !__zor::list_before(*_b, _middle[-1], _before)) {
     // In order already.
-    while (a != right) *to++ = *a++;
+    while (_a != _right) *_to++ = *_a++;
     return;
   }
-  while (a != middle && b != right) {
+  while (_a != _middle && _b != _right) {
     // The arrays have list_fetched_ahead entries more than there are elements, so these exist.
-    a[list_fetched_ahead].fetch();
-    b[list_fetched_ahead].fetch();
-    const bool from_right = __zor::list_before(*b, *a, before);
-    const Entry *const chosen = from_right ? b : a;
-    *to++ = *chosen;
-    b += from_right;
-    a += !from_right;
+    _a[list_fetched_ahead]._fetch();
+    _b[list_fetched_ahead]._fetch();
+    const bool _from_right = __zor::list_before(*_b, *_a, _before);
+    const _Entry *const _chosen = _from_right ? _b : _a;
+    *_to++ = *_chosen;
+    _b += _from_right;
+    _a += !_from_right;
   }
-  while (a != middle) *to++ = *a++;
-  while (b != right) *to++ = *b++;
+  while (_a != _middle) *_to++ = *_a++;
+  while (_b != _right) *_to++ = *_b++;
 }
 
-template <class Entry, class Compare> inline void list_sort_run(Entry *first, Entry *last, Compare &before) {
-  for (Entry *each = first + 1; each < last; ++each) {
-    const Entry moved = *each;
-    Entry *to = each;
-    for (; to != first && __zor::list_before(moved, to[-1], before); --to) *to = to[-1];
-    *to = moved;
+template <class _Entry, class _Compare> inline void list_sort_run(_Entry *_first, _Entry *_last, _Compare &_before) {
+  for (_Entry *_each = _first + 1; _each < _last; ++_each) {
+    const _Entry _moved = *_each;
+    _Entry *_to = _each;
+    for (; _to != _first && __zor::list_before(_moved, _to[-1], _before); --_to) *_to = _to[-1];
+    *_to = _moved;
   }
 }
 
 // False: no memory, nothing was done.
-template <class T, class Compare> bool list_sort_by_array(list_links *head, size_t n, Compare &before) {
-  typedef typename list_entry<T, Compare, is_scalar<T>::value>::type entry;
-  const size_t room = n + list_fetched_ahead;
-  if (room > 0x7FFFFFFFu / (2 * sizeof(entry))) return false;
-  list_scratch scratch(2 * room * sizeof(entry));
-  if (!scratch.block) return false;
-  entry *from = static_cast<entry *>(scratch.block), *to = from + room;
+template <class _T, class _Compare> bool list_sort_by_array(list_links *_head, size_t _n, _Compare &_before) {
+  typedef typename list_entry<_T, _Compare, is_scalar<_T>::value>::_type _entry;
+  const size_t _room = _n + list_fetched_ahead;
+  if (_room > 0x7FFFFFFFu / (2 * sizeof(_entry))) return false;
+  list_scratch _scratch(2 * _room * sizeof(_entry));
+  if (!_scratch._block) return false;
+  _entry *_from = static_cast<_entry *>(_scratch._block), *_to = _from + _room;
 
-  entry *filled = from;
-  for (list_links *node = head->next; node != head; node = node->next, ++filled) filled->set(node);
-  for (int i = 0; i < list_fetched_ahead; ++i) {
-    filled[i].set(head->next);
-    to[n + static_cast<size_t>(i)].set(head->next);
+  _entry *_filled = _from;
+  for (list_links *_node = _head->next; _node != _head; _node = _node->next, ++_filled) _filled->set(_node);
+  for (int _i = 0; _i < list_fetched_ahead; ++_i) {
+    _filled[_i].set(_head->next);
+    _to[_n + static_cast<size_t>(_i)].set(_head->next);
   }
 
-  for (size_t i = 0; i < n; i += list_run) __zor::list_sort_run(from + i, from + (n - i < list_run ? n : i + list_run), before);
-  for (size_t run = list_run; run < n; run *= 2) {
-    for (size_t i = 0; i < n;) {
-      const size_t middle = n - i > run ? i + run : n;
-      const size_t end = n - middle > run ? middle + run : n;
-      __zor::list_merge(from + i, from + middle, from + end, to + i, before);
-      i = end;
+  for (size_t _i = 0; _i < _n; _i += list_run)
+    __zor::list_sort_run(_from + _i, _from + (_n - _i < list_run ? _n : _i + list_run), _before);
+  for (size_t _run = list_run; _run < _n; _run *= 2) {
+    for (size_t _i = 0; _i < _n;) {
+      const size_t _middle = _n - _i > _run ? _i + _run : _n;
+      const size_t _end = _n - _middle > _run ? _middle + _run : _n;
+      __zor::list_merge(_from + _i, _from + _middle, _from + _end, _to + _i, _before);
+      _i = _end;
     }
-    entry *const other = from;
-    from = to;
-    to = other;
+    _entry *const _other = _from;
+    _from = _to;
+    _to = _other;
   }
 
-  list_links *last = head;
-  for (size_t i = 0; i < n; ++i) {
-    list_links *const node = from[i].node;
-    last->next = node;
-    node->prev = last;
-    last = node;
+  list_links *_last = _head;
+  for (size_t _i = 0; _i < _n; ++_i) {
+    list_links *const _node = _from[_i]._node;
+    _last->next = _node;
+    _node->_prev = _last;
+    _last = _node;
   }
-  last->next = head;
-  head->prev = last;
+  _last->next = _head;
+  _head->_prev = _last;
   return true;
 }
 

@@ -1,5 +1,5 @@
-// lw_vector<T>: the library's own array. It never has spare room: its block holds exactly `size` elements, and there is
-// no block when it is empty. Locales and streams keep their few facets, callbacks and user words in it.
+// lw_vector<_T>: the library's own array. It never has spare room: its block holds exactly `_size` elements, and there
+// is no block when it is empty. Locales and streams keep their few facets, callbacks and user words in it.
 //
 // Growing makes a new block of exactly the new size, copies the elements there and destroys the old ones. When that
 // fails the old contents stay. Shrinking keeps the block, except to nothing.
@@ -13,61 +13,61 @@
 
 namespace __zor {
 
-template <class T> class lw_vector {
+template <class _T> class lw_vector {
 public:
-  lw_vector() PLX_NOTHROW : data_(0), size_(0) {}
+  lw_vector() PLX_NOTHROW : _data_(0), _size_(0) {}
   ~lw_vector() {
-    if (data_) shrink(0);
+    if (_data_) _shrink(0);
   }
 
-  T &operator[](unsigned int i) PLX_NOTHROW { return data_[i]; }
-  const T &operator[](unsigned int i) const PLX_NOTHROW { return data_[i]; }
-  unsigned int size() const PLX_NOTHROW { return size_; }
+  _T &operator[](unsigned int _i) PLX_NOTHROW { return _data_[_i]; }
+  const _T &operator[](unsigned int _i) const PLX_NOTHROW { return _data_[_i]; }
+  unsigned int size() const PLX_NOTHROW { return _size_; }
 
-  // New elements are copies of `value`, which may be one of the elements.
-  void resize(unsigned int n, const T &value) {
-    if (n > size_)
-      grow(n, value);
-    else if (n < size_)
-      shrink(n);
+  // New elements are copies of `_value`, which may be one of the elements.
+  void resize(unsigned int _n, const _T &_value) {
+    if (_n > _size_)
+      _grow(_n, _value);
+    else if (_n < _size_)
+      _shrink(_n);
   }
 
 private:
   lw_vector(const lw_vector &);
   lw_vector &operator=(const lw_vector &);
 
-  void grow(unsigned int n, const T &value) {
-    cleanup<lw_vector> made;
-    made.get().assign(*this, n);
+  void _grow(unsigned int _n, const _T &_value) {
+    _cleanup<lw_vector> _made;
+    _made.get().assign(*this, _n);
     // Here, while the value still is where it was.
-    made.get().fill(n, value);
-    T *const data = data_;
-    const unsigned int size = size_;
-    data_ = made.get().data_;
-    size_ = made.get().size_;
-    made.get().data_ = data;
-    made.get().size_ = size;
+    _made.get().fill(_n, _value);
+    _T *const _data = _data_;
+    const unsigned int _size = _size_;
+    _data_ = _made.get()._data_;
+    _size_ = _made.get()._size_;
+    _made.get()._data_ = _data;
+    _made.get()._size_ = _size;
   }
-  void shrink(unsigned int n) {
-    while (size_ > n) data_[--size_].~T();
-    if (n == 0) {
-      ::operator delete(data_);
-      data_ = 0;
+  void _shrink(unsigned int _n) {
+    while (_size_ > _n) _data_[--_size_].~_T();
+    if (_n == 0) {
+      ::operator delete(_data_);
+      _data_ = 0;
     }
   }
 
-  // Of an empty vector: copies of all elements of `source`, in a block for n.
-  void assign(const lw_vector &source, unsigned int n) {
-    if (n > 0x7FFFFFFFu / sizeof(T)) sequence_length_error();
-    data_ = static_cast<T *>(::operator new(n * sizeof(T)));
-    for (; size_ < source.size_; ++size_) ::new (static_cast<void *>(data_ + size_)) T(source.data_[size_]);
+  // Of an empty vector: copies of all elements of `_source`, in a block for n.
+  void assign(const lw_vector &_source, unsigned int _n) {
+    if (_n > 0x7FFFFFFFu / sizeof(_T)) sequence_length_error();
+    _data_ = static_cast<_T *>(::operator new(_n * sizeof(_T)));
+    for (; _size_ < _source._size_; ++_size_) ::new (static_cast<void *>(_data_ + _size_)) _T(_source._data_[_size_]);
   }
-  void fill(unsigned int n, const T &value) {
-    for (; size_ < n; ++size_) ::new (static_cast<void *>(data_ + size_)) T(value);
+  void fill(unsigned int _n, const _T &_value) {
+    for (; _size_ < _n; ++_size_) ::new (static_cast<void *>(_data_ + _size_)) _T(_value);
   }
 
-  T *data_;
-  unsigned int size_;
+  _T *_data_;
+  unsigned int _size_;
 };
 
 }  // namespace __zor

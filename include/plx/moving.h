@@ -9,35 +9,35 @@
 #if __cplusplus >= 201103L
 
 namespace __zor {
-namespace functions {
+namespace _functions {
 
-template <class T> struct without_reference { typedef T type; };
-template <class T> struct without_reference<T &> { typedef T type; };
-template <class T> struct without_reference<T &&> { typedef T type; };
+template <class _T> struct without_reference { typedef _T _type; };
+template <class _T> struct without_reference<_T &> { typedef _T _type; };
+template <class _T> struct without_reference<_T &&> { typedef _T _type; };
 
 // An iterator's reference as something to move from; what is no lvalue, as a reference to a bit, stays as it is.
-template <class R> struct moved_reference { typedef R type; };
-template <class T> struct moved_reference<T &> { typedef T &&type; };
+template <class _R> struct moved_reference { typedef _R _type; };
+template <class _T> struct moved_reference<_T &> { typedef _T &&_type; };
 
-template <class Iterator>
-inline typename moved_reference<typename std::iterator_traits<Iterator>::reference>::type move_from(Iterator &at) {
-  return static_cast<typename moved_reference<typename std::iterator_traits<Iterator>::reference>::type>(*at);
+template <class _Iterator>
+inline typename moved_reference<typename std::iterator_traits<_Iterator>::reference>::_type move_from(_Iterator &_at) {
+  return static_cast<typename moved_reference<typename std::iterator_traits<_Iterator>::reference>::_type>(*_at);
 }
-template <class T> inline T &&moved(T &object) noexcept { return static_cast<T &&>(object); }
+template <class _T> inline _T &&_moved(_T &_object) noexcept { return static_cast<_T &&>(_object); }
 
-}  // namespace functions
+}  // namespace _functions
 }  // namespace __zor
 
 namespace std {
 
-template <class T> constexpr typename __zor::without_reference<T>::type &&move(T &&object) noexcept {
-  return static_cast<typename __zor::without_reference<T>::type &&>(object);
+template <class _T> constexpr typename __zor::without_reference<_T>::_type &&move(_T &&_object) noexcept {
+  return static_cast<typename __zor::without_reference<_T>::_type &&>(_object);
 }
-template <class T> constexpr T &&forward(typename __zor::without_reference<T>::type &object) noexcept {
-  return static_cast<T &&>(object);
+template <class _T> constexpr _T &&forward(typename __zor::without_reference<_T>::_type &_object) noexcept {
+  return static_cast<_T &&>(_object);
 }
-template <class T> constexpr T &&forward(typename __zor::without_reference<T>::type &&object) noexcept {
-  return static_cast<T &&>(object);
+template <class _T> constexpr _T &&forward(typename __zor::without_reference<_T>::_type &&_object) noexcept {
+  return static_cast<_T &&>(_object);
 }
 
 }  // namespace std
@@ -45,14 +45,14 @@ template <class T> constexpr T &&forward(typename __zor::without_reference<T>::t
 #else
 
 namespace __zor {
-namespace functions {
+namespace _functions {
 
-template <class Iterator> inline typename std::iterator_traits<Iterator>::reference move_from(Iterator &at) {
-  return *at;
+template <class _Iterator> inline typename std::iterator_traits<_Iterator>::reference move_from(_Iterator &_at) {
+  return *_at;
 }
-template <class T> inline T &moved(T &object) { return object; }
+template <class _T> inline _T &_moved(_T &_object) { return _object; }
 
-}  // namespace functions
+}  // namespace _functions
 }  // namespace __zor
 
 #endif

@@ -15,82 +15,83 @@ struct free_node {
   free_node *next;
 } __attribute__((__may_alias__));
 
-// `free[k]` holds blocks of k steps. `pooled` is not set before the first block was taken, nor when nothing is pooled.
+// `free[_k]` holds blocks of k steps. `_pooled` is not set before the first block was taken, nor when nothing is
+// pooled.
 struct node_pool_state {
   free_node *free[largest_pooled_node / node_step + 1];
-  unsigned int pooled;
+  unsigned int _pooled;
 };
 
 extern PLX_API node_pool_state node_pool;
 
 // The list of this size is empty, or the size is not pooled. Throws bad_alloc.
-PLX_API __attribute__((__regparm__(1))) void *take_fresh_node(unsigned int bytes);
+PLX_API __attribute__((__regparm__(1))) void *take_fresh_node(unsigned int _bytes);
 
-template <unsigned int bytes> inline void *take_node() {
-  if (bytes > largest_pooled_node) return ::operator new(bytes);
-  free_node *&head = node_pool.free[(bytes + node_step - 1) / node_step % (largest_pooled_node / node_step + 1)];
-  free_node *node = head;
-  if (__builtin_expect(node == 0, 0)) return take_fresh_node(bytes);
-  head = node->next;
-  return node;
+template <unsigned int _bytes> inline void *take_node() {
+  if (_bytes > largest_pooled_node) return ::operator new(_bytes);
+  free_node *&_head = node_pool.free[(_bytes + node_step - 1) / node_step % (largest_pooled_node / node_step + 1)];
+  free_node *_node = _head;
+  if (__builtin_expect(_node == 0, 0)) return take_fresh_node(_bytes);
+  _head = _node->next;
+  return _node;
 }
 
-template <unsigned int bytes> inline void give_node(void *block) PLX_NOTHROW {
-  if (bytes > largest_pooled_node || __builtin_expect(!node_pool.pooled, 0)) {
-    ::operator delete(block);
+template <unsigned int _bytes> inline void give_node(void *_block) PLX_NOTHROW {
+  if (_bytes > largest_pooled_node || __builtin_expect(!node_pool._pooled, 0)) {
+    ::operator delete(_block);
     return;
   }
-  free_node *&head = node_pool.free[(bytes + node_step - 1) / node_step % (largest_pooled_node / node_step + 1)];
-  free_node *node = static_cast<free_node *>(block);
-  node->next = head;
-  head = node;
+  free_node *&_head = node_pool.free[(_bytes + node_step - 1) / node_step % (largest_pooled_node / node_step + 1)];
+  free_node *_node = static_cast<free_node *>(_block);
+  _node->next = _head;
+  _head = _node;
 }
 
 // A chain of blocks that are linked by their first words, from first to last, at once. Only while node_pool.pooled.
-template <unsigned int bytes> inline void give_nodes(void *first, void *last) PLX_NOTHROW {
-  free_node *&head = node_pool.free[(bytes + node_step - 1) / node_step % (largest_pooled_node / node_step + 1)];
-  static_cast<free_node *>(last)->next = head;
-  head = static_cast<free_node *>(first);
+template <unsigned int _bytes> inline void give_nodes(void *_first, void *_last) PLX_NOTHROW {
+  free_node *&_head = node_pool.free[(_bytes + node_step - 1) / node_step % (largest_pooled_node / node_step + 1)];
+  static_cast<free_node *>(_last)->next = _head;
+  _head = static_cast<free_node *>(_first);
 }
 
-// How a container with the allocator A gets room for `count` objects of type Node in one piece: from the pool with the
+// How a container with the allocator A gets room for `_count` objects of type Node in one piece: from the pool with the
 // standard allocator, from the allocator as rebound to Node with any other. A pool block is aligned for 8 bytes.
-template <class Node, class A, unsigned int count = 1> struct node_source {
-  typedef typename A::template rebind<Node>::other allocator;
-  static const bool pooled = false;
-  static Node *take(const A &a) {
-    allocator rebound(a);
-    return static_cast<Node *>(rebound.allocate(count));
+template <class _Node, class _A, unsigned int _count = 1> struct node_source {
+  typedef typename _A::template rebind<_Node>::other allocator;
+  static const bool _pooled = false;
+  static _Node *_take(const _A &_a) {
+    allocator _rebound(_a);
+    return static_cast<_Node *>(_rebound.allocate(_count));
   }
-  static void give(const A &a, Node *node) PLX_NOTHROW {
-    allocator rebound(a);
-    rebound.deallocate(node, count);
+  static void _give(const _A &_a, _Node *_node) PLX_NOTHROW {
+    allocator _rebound(_a);
+    _rebound.deallocate(_node, _count);
   }
-  static bool give_chain(const A &, Node *, Node *) PLX_NOTHROW { return false; }
+  static bool _give_chain(const _A &, _Node *, _Node *) PLX_NOTHROW { return false; }
 };
 
-template <class Node, unsigned int count> struct standard_node_source {
-  static const unsigned int bytes = count * sizeof(Node);
-  static const bool pooled = __alignof__(Node) <= node_step;
-  template <class A> static Node *take(const A &) {
-    return static_cast<Node *>(pooled ? take_node<bytes>() : ::operator new(bytes));
+template <class _Node, unsigned int _count> struct standard_node_source {
+  static const unsigned int _bytes = _count * sizeof(_Node);
+  static const bool _pooled = __alignof__(_Node) <= node_step;
+  template <class _A> static _Node *_take(const _A &) {
+    return static_cast<_Node *>(_pooled ? take_node<_bytes>() : ::operator new(_bytes));
   }
-  template <class A> static void give(const A &, Node *node) PLX_NOTHROW {
-    if (pooled)
-      give_node<bytes>(node);
+  template <class _A> static void _give(const _A &, _Node *_node) PLX_NOTHROW {
+    if (_pooled)
+      give_node<_bytes>(_node);
     else
-      ::operator delete(node);
+      ::operator delete(_node);
   }
   // Nodes chained by their first words. False: each must be given by itself.
-  template <class A> static bool give_chain(const A &, Node *first, Node *last) PLX_NOTHROW {
-    if (!pooled || bytes > largest_pooled_node || !node_pool.pooled) return false;
-    give_nodes<bytes>(first, last);
+  template <class _A> static bool _give_chain(const _A &, _Node *_first, _Node *_last) PLX_NOTHROW {
+    if (!_pooled || _bytes > largest_pooled_node || !node_pool._pooled) return false;
+    give_nodes<_bytes>(_first, _last);
     return true;
   }
 };
 
-template <class Node, class T, unsigned int count> struct node_source<Node, std::allocator<T>, count>
-    : public standard_node_source<Node, count> {};
+template <class _Node, class _T, unsigned int _count> struct node_source<_Node, std::allocator<_T>, _count>
+    : public standard_node_source<_Node, _count> {};
 
 }  // namespace __zor
 

@@ -8,38 +8,38 @@
 #include <plx/type_properties.h>
 
 namespace __zor {
-namespace functions {
+namespace _functions {
 
 struct by_less {
-  template <class A, class B> bool operator()(const A &a, const B &b) const { return a < b; }
+  template <class _A, class _Bt> bool operator()(const _A &_a, const _Bt &_b) const { return _a < _b; }
 };
 struct by_equal {
-  template <class A, class B> bool operator()(const A &a, const B &b) const { return a == b; }
+  template <class _A, class _Bt> bool operator()(const _A &_a, const _Bt &_b) const { return _a == _b; }
 };
 
-// Is Before the ascending (1) or descending (-1) order of the scalar type T?
-template <class T, class Before> struct direction_of { static const int value = 0; };
-template <class T> struct direction_of<T, by_less> {
-  static const int value = is_arithmetic<T>::value || is_pointer<T>::value ? 1 : 0;
+// Is Before the ascending (1) or descending (-1) order of the scalar type _T?
+template <class _T, class _Before> struct direction_of { static const int value = 0; };
+template <class _T> struct direction_of<_T, by_less> {
+  static const int value = is_arithmetic<_T>::value || is_pointer<_T>::value ? 1 : 0;
 };
-template <class T> struct direction_of<T, std::less<T> > : public direction_of<T, by_less> {};
-template <class T> struct direction_of<T, std::greater<T> > {
-  static const int value = is_arithmetic<T>::value || is_pointer<T>::value ? -1 : 0;
+template <class _T> struct direction_of<_T, std::less<_T> > : public direction_of<_T, by_less> {};
+template <class _T> struct direction_of<_T, std::greater<_T> > {
+  static const int value = is_arithmetic<_T>::value || is_pointer<_T>::value ? -1 : 0;
 };
 
 // Pointers to scalars in such an order: comparing costs nothing, a branch on the result much.
-template <class Iterator, class Before> struct is_scalar_order { static const bool value = false; };
-template <class T, class Before> struct is_scalar_order<T *, Before> {
-  static const bool value = direction_of<typename without_const<T>::type, Before>::value != 0;
+template <class _Iterator, class _Before> struct is_scalar_order { static const bool value = false; };
+template <class _T, class _Before> struct is_scalar_order<_T *, _Before> {
+  static const bool value = direction_of<typename without_const<_T>::_type, _Before>::value != 0;
 };
 
-template <class Distance> inline int logarithm(Distance n) {
-  int bits = 0;
-  for (; n > 1; n /= 2) ++bits;
-  return bits;
+template <class _Distance> inline int _logarithm(_Distance _n) {
+  int _bits = 0;
+  for (; _n > 1; _n /= 2) ++_bits;
+  return _bits;
 }
 
-}  // namespace functions
+}  // namespace _functions
 }  // namespace __zor
 
 #endif

@@ -6,39 +6,39 @@
 
 namespace std {
 
-template <class T1, class T2> struct pair {
-  typedef T1 first_type;
-  typedef T2 second_type;
+template <class _T1, class _T2> struct pair {
+  typedef _T1 first_type;
+  typedef _T2 second_type;
 
-  T1 first;
-  T2 second;
+  _T1 first;
+  _T2 second;
 
   pair() : first(), second() {}
-  pair(const T1 &a, const T2 &b) : first(a), second(b) {}
-  template <class U, class V> pair(const pair<U, V> &other) : first(other.first), second(other.second) {}
+  pair(const _T1 &_a, const _T2 &_b) : first(_a), second(_b) {}
+  template <class _Ut, class _V> pair(const pair<_Ut, _V> &_other) : first(_other.first), second(_other.second) {}
 };
 
-template <class T1, class T2> inline bool operator==(const pair<T1, T2> &left, const pair<T1, T2> &right) {
-  return left.first == right.first && left.second == right.second;
+template <class _T1, class _T2> inline bool operator==(const pair<_T1, _T2> &_left, const pair<_T1, _T2> &_right) {
+  return _left.first == _right.first && _left.second == _right.second;
 }
-template <class T1, class T2> inline bool operator<(const pair<T1, T2> &left, const pair<T1, T2> &right) {
-  return left.first < right.first || (!(right.first < left.first) && left.second < right.second);
+template <class _T1, class _T2> inline bool operator<(const pair<_T1, _T2> &_left, const pair<_T1, _T2> &_right) {
+  return _left.first < _right.first || (!(_right.first < _left.first) && _left.second < _right.second);
 }
-template <class T1, class T2> inline bool operator!=(const pair<T1, T2> &left, const pair<T1, T2> &right) {
-  return !(left == right);
+template <class _T1, class _T2> inline bool operator!=(const pair<_T1, _T2> &_left, const pair<_T1, _T2> &_right) {
+  return !(_left == _right);
 }
-template <class T1, class T2> inline bool operator>(const pair<T1, T2> &left, const pair<T1, T2> &right) {
-  return right < left;
+template <class _T1, class _T2> inline bool operator>(const pair<_T1, _T2> &_left, const pair<_T1, _T2> &_right) {
+  return _right < _left;
 }
-template <class T1, class T2> inline bool operator<=(const pair<T1, T2> &left, const pair<T1, T2> &right) {
-  return !(right < left);
+template <class _T1, class _T2> inline bool operator<=(const pair<_T1, _T2> &_left, const pair<_T1, _T2> &_right) {
+  return !(_right < _left);
 }
-template <class T1, class T2> inline bool operator>=(const pair<T1, T2> &left, const pair<T1, T2> &right) {
-  return !(left < right);
+template <class _T1, class _T2> inline bool operator>=(const pair<_T1, _T2> &_left, const pair<_T1, _T2> &_right) {
+  return !(_left < _right);
 }
 
 // By value, so that arrays and functions come as pointers.
-template <class T1, class T2> inline pair<T1, T2> make_pair(T1 a, T2 b) { return pair<T1, T2>(a, b); }
+template <class _T1, class _T2> inline pair<_T1, _T2> make_pair(_T1 _a, _T2 _b) { return pair<_T1, _T2>(_a, _b); }
 
 }  // namespace std
 

@@ -8,118 +8,120 @@
 #include <plx/temporary_buffer.h>
 
 namespace __zor {
-namespace functions {
+namespace _functions {
 
-template <class Iterator, class Predicate>
-Iterator partition(Iterator first, Iterator last, Predicate &predicate, std::forward_iterator_tag) {
-  while (first != last && predicate(*first)) ++first;
-  if (first == last) return first;
-  Iterator at = first;
-  for (++at; at != last; ++at) {
-    if (!predicate(*at)) continue;
-    std::iter_swap(first, at);
-    ++first;
+template <class _Iterator, class _Predicate>
+_Iterator partition(_Iterator _first, _Iterator _last, _Predicate &_predicate, std::forward_iterator_tag) {
+  while (_first != _last && _predicate(*_first)) ++_first;
+  if (_first == _last) return _first;
+  _Iterator _at = _first;
+  for (++_at; _at != _last; ++_at) {
+    if (!_predicate(*_at)) continue;
+    std::iter_swap(_first, _at);
+    ++_first;
   }
-  return first;
+  return _first;
 }
 
-template <class Iterator, class Predicate>
-Iterator partition(Iterator first, Iterator last, Predicate &predicate, std::bidirectional_iterator_tag) {
-  for (;; ++first) {
-    while (first != last && predicate(*first)) ++first;
-    if (first == last) return first;
+template <class _Iterator, class _Predicate>
+_Iterator partition(_Iterator _first, _Iterator _last, _Predicate &_predicate, std::bidirectional_iterator_tag) {
+  for (;; ++_first) {
+    while (_first != _last && _predicate(*_first)) ++_first;
+    if (_first == _last) return _first;
     do {
-      --last;
-      if (first == last) return first;
-    } while (!predicate(*last));
-    std::iter_swap(first, last);
+      --_last;
+      if (_first == _last) return _first;
+    } while (!_predicate(*_last));
+    std::iter_swap(_first, _last);
   }
 }
 
-// The predicate is asked once for each element. `first` is known to fail.
-template <class Iterator, class Distance, class T, class Predicate>
-Iterator stable_partition_known(Iterator first, Iterator last, Distance n, T *buffer, Distance room,
-                                Predicate &predicate);
+// The predicate is asked once for each element. `_first` is known to fail.
+template <class _Iterator, class _Distance, class _T, class _Predicate>
+_Iterator stable_partition_known(_Iterator _first, _Iterator _last, _Distance _n, _T *_buffer, _Distance _room,
+                                 _Predicate &_predicate);
 
-template <class Iterator, class Distance, class T, class Predicate>
-Iterator stable_partition(Iterator first, Iterator last, Distance n, T *buffer, Distance room, Predicate &predicate) {
-  for (; n != 0; --n, (void)++first)
-    if (!predicate(*first)) return __zor::stable_partition_known(first, last, n, buffer, room, predicate);
-  return first;
+template <class _Iterator, class _Distance, class _T, class _Predicate>
+_Iterator stable_partition(_Iterator _first, _Iterator _last, _Distance _n, _T *_buffer, _Distance _room,
+                           _Predicate &_predicate) {
+  for (; _n != 0; --_n, (void)++_first)
+    if (!_predicate(*_first)) return __zor::stable_partition_known(_first, _last, _n, _buffer, _room, _predicate);
+  return _first;
 }
 
 // Elements that fail, and the gap before which those that pass have closed up. When the predicate throws, the range
 // keeps valid values, though some may be there twice and others not at all.
-template <class Iterator, class T> class failed_elements {
+template <class _Iterator, class _T> class failed_elements {
 public:
-  failed_elements(T *buffer, Iterator first) : end(buffer), gap(first), buffer_(buffer) {}
-  ~failed_elements() { __zor::destroy(buffer_, end); }
-  void put_back() { __zor::move_range(buffer_, end, gap); }
+  failed_elements(_T *_buffer, _Iterator _first) : end(_buffer), _gap(_first), _buffer_(_buffer) {}
+  ~failed_elements() { __zor::destroy(_buffer_, end); }
+  void _put_back() { __zor::move_range(_buffer_, end, _gap); }
 
-  T *end;
-  Iterator gap;
+  _T *end;
+  _Iterator _gap;
 
 private:
   failed_elements(const failed_elements &);
   failed_elements &operator=(const failed_elements &);
 
-  T *buffer_;
+  _T *_buffer_;
 };
 
-template <class Iterator, class Distance, class T, class Predicate>
-Iterator stable_partition_known(Iterator first, Iterator last, Distance n, T *buffer, Distance room,
-                                Predicate &predicate) {
-  if (n == 1) return first;
-  if (n <= room) {
-    failed_elements<Iterator, T> failed(buffer, first);
-    ::new (static_cast<void *>(failed.end)) T(__zor::move_from(first));
-    ++failed.end;
-    for (++first; first != last; ++first) {
-      if (predicate(*first)) {
-        *failed.gap = __zor::move_from(first);
-        ++failed.gap;
+template <class _Iterator, class _Distance, class _T, class _Predicate>
+_Iterator stable_partition_known(_Iterator _first, _Iterator _last, _Distance _n, _T *_buffer, _Distance _room,
+                                 _Predicate &_predicate) {
+  if (_n == 1) return _first;
+  if (_n <= _room) {
+    failed_elements<_Iterator, _T> _failed(_buffer, _first);
+    ::new (static_cast<void *>(_failed.end)) _T(__zor::move_from(_first));
+    ++_failed.end;
+    for (++_first; _first != _last; ++_first) {
+      if (_predicate(*_first)) {
+        *_failed._gap = __zor::move_from(_first);
+        ++_failed._gap;
       } else {
-        ::new (static_cast<void *>(failed.end)) T(__zor::move_from(first));
-        ++failed.end;
+        ::new (static_cast<void *>(_failed.end)) _T(__zor::move_from(_first));
+        ++_failed.end;
       }
     }
-    failed.put_back();
-    return failed.gap;
+    _failed._put_back();
+    return _failed._gap;
   }
-  const Distance half = n / 2;
-  Iterator middle = first;
-  std::advance(middle, half);
-  const Iterator left = __zor::stable_partition_known(first, middle, half, buffer, room, predicate);
-  const Iterator right =
-      __zor::stable_partition(middle, last, static_cast<Distance>(n - half), buffer, room, predicate);
-  return __zor::rotate_range(left, middle, right);
+  const _Distance _half = _n / 2;
+  _Iterator _middle = _first;
+  std::advance(_middle, _half);
+  const _Iterator _left = __zor::stable_partition_known(_first, _middle, _half, _buffer, _room, _predicate);
+  const _Iterator _right =
+      __zor::stable_partition(_middle, _last, static_cast<_Distance>(_n - _half), _buffer, _room, _predicate);
+  return __zor::rotate_range(_left, _middle, _right);
 }
 
-template <class Iterator, class Predicate>
-Iterator stable_partition(Iterator first, Iterator last, Predicate &predicate) {
-  typedef typename std::iterator_traits<Iterator>::value_type value_type;
-  typedef typename std::iterator_traits<Iterator>::difference_type distance_type;
-  while (first != last && predicate(*first)) ++first;
-  if (first == last) return first;
-  const distance_type n = std::distance(first, last);
-  const raw_buffer<value_type> buffer(n);
-  return __zor::stable_partition_known(first, last, n, buffer.begin(), static_cast<distance_type>(buffer.size()),
-                                       predicate);
+template <class _Iterator, class _Predicate>
+_Iterator stable_partition(_Iterator _first, _Iterator _last, _Predicate &_predicate) {
+  typedef typename std::iterator_traits<_Iterator>::value_type _value_type;
+  typedef typename std::iterator_traits<_Iterator>::difference_type _distance_type;
+  while (_first != _last && _predicate(*_first)) ++_first;
+  if (_first == _last) return _first;
+  const _distance_type _n = std::distance(_first, _last);
+  const raw_buffer<_value_type> _buffer(_n);
+  return __zor::stable_partition_known(_first, _last, _n, _buffer.begin(), static_cast<_distance_type>(_buffer.size()),
+                                       _predicate);
 }
 
-}  // namespace functions
+}  // namespace _functions
 }  // namespace __zor
 
 namespace std {
 
-template <class Forward, class Predicate> inline Forward partition(Forward first, Forward last, Predicate predicate) {
-  return __zor::rewrap(first, __zor::partition(__zor::unwrap(first), __zor::unwrap(last), predicate,
-                                               typename iterator_traits<Forward>::iterator_category()));
+template <class _Forward, class _Predicate>
+inline _Forward partition(_Forward _first, _Forward _last, _Predicate _predicate) {
+  return __zor::_rewrap(_first, __zor::partition(__zor::_unwrap(_first), __zor::_unwrap(_last), _predicate,
+                                                 typename iterator_traits<_Forward>::iterator_category()));
 }
 
-template <class Forward, class Predicate>
-inline Forward stable_partition(Forward first, Forward last, Predicate predicate) {
-  return __zor::rewrap(first, __zor::stable_partition(__zor::unwrap(first), __zor::unwrap(last), predicate));
+template <class _Forward, class _Predicate>
+inline _Forward stable_partition(_Forward _first, _Forward _last, _Predicate _predicate) {
+  return __zor::_rewrap(_first, __zor::stable_partition(__zor::_unwrap(_first), __zor::_unwrap(_last), _predicate));
 }
 
 }  // namespace std

@@ -15,83 +15,84 @@ struct __iterator_of_std {};
 
 namespace __zor {
 
-// Only from T to const T.
-template <class To, class From> struct adds_const {};
-template <class T> struct adds_const<const T, T> { typedef int type; };
+// Only from _T to const _T.
+template <class _To, class _From> struct adds_const {};
+template <class _T> struct adds_const<const _T, _T> { typedef int _type; };
 
-template <class T> class pointer_iterator : public std::__iterator_of_std {
+template <class _T> class pointer_iterator : public std::__iterator_of_std {
 public:
-  typedef typename std::iterator_traits<T *>::value_type value_type;
+  typedef typename std::iterator_traits<_T *>::value_type value_type;
   typedef std::ptrdiff_t difference_type;
-  typedef T *pointer;
-  typedef T &reference;
+  typedef _T *pointer;
+  typedef _T &reference;
   typedef std::random_access_iterator_tag iterator_category;
 
-  pointer_iterator() PLX_NOTHROW : at_(0) {}
-  explicit pointer_iterator(T *at) PLX_NOTHROW : at_(at) {}
-  template <class U> pointer_iterator(const pointer_iterator<U> &other, typename adds_const<T, U>::type = 0) PLX_NOTHROW
-      : at_(other.base()) {}
+  pointer_iterator() PLX_NOTHROW : _at_(0) {}
+  explicit pointer_iterator(_T *_at) PLX_NOTHROW : _at_(_at) {}
+  template <class _Ut> pointer_iterator(const pointer_iterator<_Ut> &_other,
+                                        typename adds_const<_T, _Ut>::_type = 0) PLX_NOTHROW : _at_(_other.base()) {}
 
-  T *base() const PLX_NOTHROW { return at_; }
-  T &operator*() const PLX_NOTHROW { return *at_; }
-  T *operator->() const PLX_NOTHROW { return at_; }
-  T &operator[](difference_type n) const PLX_NOTHROW { return at_[n]; }
+  _T *base() const PLX_NOTHROW { return _at_; }
+  _T &operator*() const PLX_NOTHROW { return *_at_; }
+  _T *operator->() const PLX_NOTHROW { return _at_; }
+  _T &operator[](difference_type _n) const PLX_NOTHROW { return _at_[_n]; }
 
   pointer_iterator &operator++() PLX_NOTHROW {
-    ++at_;
+    ++_at_;
     return *this;
   }
-  pointer_iterator operator++(int) PLX_NOTHROW { return pointer_iterator(at_++); }
+  pointer_iterator operator++(int) PLX_NOTHROW { return pointer_iterator(_at_++); }
   pointer_iterator &operator--() PLX_NOTHROW {
-    --at_;
+    --_at_;
     return *this;
   }
-  pointer_iterator operator--(int) PLX_NOTHROW { return pointer_iterator(at_--); }
-  pointer_iterator &operator+=(difference_type n) PLX_NOTHROW {
-    at_ += n;
+  pointer_iterator operator--(int) PLX_NOTHROW { return pointer_iterator(_at_--); }
+  pointer_iterator &operator+=(difference_type _n) PLX_NOTHROW {
+    _at_ += _n;
     return *this;
   }
-  pointer_iterator &operator-=(difference_type n) PLX_NOTHROW {
-    at_ -= n;
+  pointer_iterator &operator-=(difference_type _n) PLX_NOTHROW {
+    _at_ -= _n;
     return *this;
   }
-  pointer_iterator operator+(difference_type n) const PLX_NOTHROW { return pointer_iterator(at_ + n); }
-  pointer_iterator operator-(difference_type n) const PLX_NOTHROW { return pointer_iterator(at_ - n); }
+  pointer_iterator operator+(difference_type _n) const PLX_NOTHROW { return pointer_iterator(_at_ + _n); }
+  pointer_iterator operator-(difference_type _n) const PLX_NOTHROW { return pointer_iterator(_at_ - _n); }
 
 private:
-  T *at_;
+  _T *_at_;
 };
 
-template <class T, class U>
-inline bool operator==(const pointer_iterator<T> &left, const pointer_iterator<U> &right) PLX_NOTHROW {
-  return left.base() == right.base();
+template <class _T, class _Ut>
+inline bool operator==(const pointer_iterator<_T> &_left, const pointer_iterator<_Ut> &_right) PLX_NOTHROW {
+  return _left.base() == _right.base();
 }
-template <class T, class U>
-inline bool operator!=(const pointer_iterator<T> &left, const pointer_iterator<U> &right) PLX_NOTHROW {
-  return left.base() != right.base();
+template <class _T, class _Ut>
+inline bool operator!=(const pointer_iterator<_T> &_left, const pointer_iterator<_Ut> &_right) PLX_NOTHROW {
+  return _left.base() != _right.base();
 }
-template <class T, class U>
-inline bool operator<(const pointer_iterator<T> &left, const pointer_iterator<U> &right) PLX_NOTHROW {
-  return left.base() < right.base();
+template <class _T, class _Ut>
+inline bool operator<(const pointer_iterator<_T> &_left, const pointer_iterator<_Ut> &_right) PLX_NOTHROW {
+  return _left.base() < _right.base();
 }
-template <class T, class U>
-inline bool operator>(const pointer_iterator<T> &left, const pointer_iterator<U> &right) PLX_NOTHROW {
-  return left.base() > right.base();
+template <class _T, class _Ut>
+inline bool operator>(const pointer_iterator<_T> &_left, const pointer_iterator<_Ut> &_right) PLX_NOTHROW {
+  return _left.base() > _right.base();
 }
-template <class T, class U>
-inline bool operator<=(const pointer_iterator<T> &left, const pointer_iterator<U> &right) PLX_NOTHROW {
-  return left.base() <= right.base();
+template <class _T, class _Ut>
+inline bool operator<=(const pointer_iterator<_T> &_left, const pointer_iterator<_Ut> &_right) PLX_NOTHROW {
+  return _left.base() <= _right.base();
 }
-template <class T, class U>
-inline bool operator>=(const pointer_iterator<T> &left, const pointer_iterator<U> &right) PLX_NOTHROW {
-  return left.base() >= right.base();
+template <class _T, class _Ut>
+inline bool operator>=(const pointer_iterator<_T> &_left, const pointer_iterator<_Ut> &_right) PLX_NOTHROW {
+  return _left.base() >= _right.base();
 }
-template <class T, class U>
-inline std::ptrdiff_t operator-(const pointer_iterator<T> &left, const pointer_iterator<U> &right) PLX_NOTHROW {
-  return left.base() - right.base();
+template <class _T, class _Ut>
+inline std::ptrdiff_t operator-(const pointer_iterator<_T> &_left, const pointer_iterator<_Ut> &_right) PLX_NOTHROW {
+  return _left.base() - _right.base();
 }
-template <class T> inline pointer_iterator<T> operator+(std::ptrdiff_t n, const pointer_iterator<T> &at) PLX_NOTHROW {
-  return at + n;
+template <class _T>
+inline pointer_iterator<_T> operator+(std::ptrdiff_t _n, const pointer_iterator<_T> &_at) PLX_NOTHROW {
+  return _at + _n;
 }
 
 }  // namespace __zor

@@ -10,13 +10,13 @@
 
 namespace std {
 
-template <class T, class Container = deque<T> > class queue {
+template <class _T, class _Container = deque<_T> > class queue {
 public:
-  typedef typename Container::value_type value_type;
-  typedef typename Container::size_type size_type;
-  typedef Container container_type;
+  typedef typename _Container::value_type value_type;
+  typedef typename _Container::size_type size_type;
+  typedef _Container container_type;
 
-  explicit queue(const Container &elements = Container()) : c(elements) {}
+  explicit queue(const _Container &_elements = _Container()) : c(_elements) {}
 
   bool empty() const { return c.empty(); }
   size_type size() const { return c.size(); }
@@ -24,58 +24,58 @@ public:
   const value_type &front() const { return c.front(); }
   value_type &back() { return c.back(); }
   const value_type &back() const { return c.back(); }
-  void push(const value_type &value) { c.push_back(value); }
+  void push(const value_type &_value) { c.push_back(_value); }
   void pop() { c.pop_front(); }
 
-  template <class U, class C> friend bool operator==(const queue<U, C> &, const queue<U, C> &);
-  template <class U, class C> friend bool operator<(const queue<U, C> &, const queue<U, C> &);
+  template <class _Ut, class _Ct> friend bool operator==(const queue<_Ut, _Ct> &, const queue<_Ut, _Ct> &);
+  template <class _Ut, class _Ct> friend bool operator<(const queue<_Ut, _Ct> &, const queue<_Ut, _Ct> &);
 
 protected:
-  Container c;
+  _Container c;
 };
 
-template <class T, class C> inline bool operator==(const queue<T, C> &left, const queue<T, C> &right) {
-  return left.c == right.c;
+template <class _T, class _Ct> inline bool operator==(const queue<_T, _Ct> &_left, const queue<_T, _Ct> &_right) {
+  return _left.c == _right.c;
 }
-template <class T, class C> inline bool operator<(const queue<T, C> &left, const queue<T, C> &right) {
-  return left.c < right.c;
+template <class _T, class _Ct> inline bool operator<(const queue<_T, _Ct> &_left, const queue<_T, _Ct> &_right) {
+  return _left.c < _right.c;
 }
-template <class T, class C> inline bool operator!=(const queue<T, C> &left, const queue<T, C> &right) {
-  return !(left == right);
+template <class _T, class _Ct> inline bool operator!=(const queue<_T, _Ct> &_left, const queue<_T, _Ct> &_right) {
+  return !(_left == _right);
 }
-template <class T, class C> inline bool operator>(const queue<T, C> &left, const queue<T, C> &right) {
-  return right < left;
+template <class _T, class _Ct> inline bool operator>(const queue<_T, _Ct> &_left, const queue<_T, _Ct> &_right) {
+  return _right < _left;
 }
-template <class T, class C> inline bool operator>=(const queue<T, C> &left, const queue<T, C> &right) {
-  return !(left < right);
+template <class _T, class _Ct> inline bool operator>=(const queue<_T, _Ct> &_left, const queue<_T, _Ct> &_right) {
+  return !(_left < _right);
 }
-template <class T, class C> inline bool operator<=(const queue<T, C> &left, const queue<T, C> &right) {
-  return !(right < left);
+template <class _T, class _Ct> inline bool operator<=(const queue<_T, _Ct> &_left, const queue<_T, _Ct> &_right) {
+  return !(_right < _left);
 }
 
-template <class T, class Container = vector<T>, class Compare = less<typename Container::value_type> >
+template <class _T, class _Container = vector<_T>, class _Compare = less<typename _Container::value_type> >
 class priority_queue {
 public:
-  typedef typename Container::value_type value_type;
-  typedef typename Container::size_type size_type;
-  typedef Container container_type;
+  typedef typename _Container::value_type value_type;
+  typedef typename _Container::size_type size_type;
+  typedef _Container container_type;
 
-  explicit priority_queue(const Compare &before = Compare(), const Container &elements = Container())
-      : c(elements), comp(before) {
+  explicit priority_queue(const _Compare &_before = _Compare(), const _Container &_elements = _Container())
+      : c(_elements), comp(_before) {
     std::make_heap(c.begin(), c.end(), comp);
   }
-  template <class Iterator> priority_queue(Iterator first, Iterator last, const Compare &before = Compare(),
-                                           const Container &elements = Container())
-      : c(elements), comp(before) {
-    c.insert(c.end(), first, last);
+  template <class _Iterator> priority_queue(_Iterator _first, _Iterator _last, const _Compare &_before = _Compare(),
+                                            const _Container &_elements = _Container())
+      : c(_elements), comp(_before) {
+    c.insert(c.end(), _first, _last);
     std::make_heap(c.begin(), c.end(), comp);
   }
 
   bool empty() const { return c.empty(); }
   size_type size() const { return c.size(); }
   const value_type &top() const { return c.front(); }
-  void push(const value_type &value) {
-    c.push_back(value);
+  void push(const value_type &_value) {
+    c.push_back(_value);
     std::push_heap(c.begin(), c.end(), comp);
   }
   void pop() {
@@ -84,8 +84,8 @@ public:
   }
 
 protected:
-  Container c;
-  Compare comp;
+  _Container c;
+  _Compare comp;
 };
 
 }  // namespace std

@@ -11,28 +11,28 @@ namespace std {
 
 class PLX_API __random_generator {
 public:
-  explicit __random_generator(unsigned long s) PLX_NOTHROW { seed(s); }
-  void seed(unsigned long s) PLX_NOTHROW;
+  explicit __random_generator(unsigned long _s) PLX_NOTHROW { seed(_s); }
+  void seed(unsigned long _s) PLX_NOTHROW;
 
-  // A number below `limit`, which is not 0: the high bits of the next number decide, with the low part redrawn where
+  // A number below `_limit`, which is not 0: the high bits of the next number decide, with the low part redrawn where
   // it would favour some results.
-  unsigned long operator()(unsigned long limit) PLX_NOTHROW;
+  unsigned long operator()(unsigned long _limit) PLX_NOTHROW;
 
   // The next number of the sequence, 32 bits.
   unsigned long next() PLX_NOTHROW {
-    const unsigned int drawn = table_[index1_] - table_[index2_];
-    table_[index1_] = drawn;
-    if (++index1_ == size) index1_ = 0;
-    if (++index2_ == size) index2_ = 0;
-    return drawn;
+    const unsigned int _drawn = _table_[_index1_] - _table_[_index2_];
+    _table_[_index1_] = _drawn;
+    if (++_index1_ == size) _index1_ = 0;
+    if (++_index2_ == size) _index2_ = 0;
+    return _drawn;
   }
 
 private:
   enum { size = 55 };
 
-  unsigned int table_[size];
-  unsigned int index1_;
-  unsigned int index2_;
+  unsigned int _table_[size];
+  unsigned int _index1_;
+  unsigned int _index2_;
 };
 
 extern PLX_API __random_generator __vexil_rd;

@@ -6,27 +6,27 @@
 
 namespace std {
 
-template <class Out, class T> class raw_storage_iterator
+template <class _Out, class _T> class raw_storage_iterator
     : public iterator<output_iterator_tag, void, void, void, void> {
 public:
-  explicit raw_storage_iterator(Out at) : at_(at) {}
+  explicit raw_storage_iterator(_Out _at) : _at_(_at) {}
   raw_storage_iterator &operator*() { return *this; }
-  raw_storage_iterator &operator=(const T &value) {
-    __zor::construct(static_cast<T *>(__zor::address_of(*at_)), value);
+  raw_storage_iterator &operator=(const _T &_value) {
+    __zor::construct(static_cast<_T *>(__zor::address_of(*_at_)), _value);
     return *this;
   }
   raw_storage_iterator &operator++() {
-    ++at_;
+    ++_at_;
     return *this;
   }
   raw_storage_iterator operator++(int) {
-    raw_storage_iterator before = *this;
-    ++at_;
-    return before;
+    raw_storage_iterator _before = *this;
+    ++_at_;
+    return _before;
   }
 
 private:
-  Out at_;
+  _Out _at_;
 };
 
 }  // namespace std

@@ -1,8 +1,8 @@
 // The typed red-black tree under map, multimap, set and multiset: nodes with values, and every decision that needs a
 // comparison of keys. All else is the core's.
 //
-// An operation that fails leaves the tree as it was, with all iterators valid; only a range insertion keeps what went in
-// before. Nothing here allocates except insertion, copying, and making a tree, which has its header from the start.
+// An operation that fails leaves the tree as it was, with all iterators valid; only a range insertion keeps what went
+// in before. Nothing here allocates except insertion, copying, and making a tree, which has its header from the start.
 #ifndef PLX_RB_TREE_H
 #define PLX_RB_TREE_H
 
@@ -13,495 +13,495 @@
 namespace __zor {
 
 // How values are made: by the program's allocator, or directly, which is all that the standard one does.
-template <class A, class Value> struct tree_values {
-  static void construct(A &a, Value *place, const Value &value) { a.construct(place, value); }
-  template <class Key> static void construct_default(A &a, Value *place, const Key &key) {
-    a.construct(place, Value(key, typename Value::second_type()));
+template <class _A, class _Value> struct tree_values {
+  static void construct(_A &_a, _Value *_place, const _Value &_value) { _a.construct(_place, _value); }
+  template <class _Key> static void _construct_default(_A &_a, _Value *_place, const _Key &_key) {
+    _a.construct(_place, _Value(_key, typename _Value::second_type()));
   }
-  static void destroy(A &a, Value *value) { a.destroy(value); }
+  static void destroy(_A &_a, _Value *_value) { _a.destroy(_value); }
 };
 
-template <class T, class Value> struct tree_values<std::allocator<T>, Value> {
-  static void construct(std::allocator<T> &, Value *place, const Value &value) {
-    ::new (static_cast<void *>(place)) Value(value);
+template <class _T, class _Value> struct tree_values<std::allocator<_T>, _Value> {
+  static void construct(std::allocator<_T> &, _Value *_place, const _Value &_value) {
+    ::new (static_cast<void *>(_place)) _Value(_value);
   }
-  template <class Key> static void construct_default(std::allocator<T> &, Value *place, const Key &key) {
-    ::new (static_cast<void *>(place)) Value(key, typename Value::second_type());
+  template <class _Key> static void _construct_default(std::allocator<_T> &, _Value *_place, const _Key &_key) {
+    ::new (static_cast<void *>(_place)) _Value(_key, typename _Value::second_type());
   }
-  static void destroy(std::allocator<T> &, Value *value) { value->~Value(); }
+  static void destroy(std::allocator<_T> &, _Value *_value) { _value->~_Value(); }
 };
 
-template <class Key, class Value, class KeyOf, class Compare, class A> class rb_tree : private rb_tree_base {
-  typedef typename tree_order<Key, Compare>::type order;
-  typedef typename A::template rebind<Value>::other value_allocator;
+template <class _Key, class _Value, class _KeyOf, class _Compare, class _A> class rb_tree : private rb_tree_base {
+  typedef typename tree_order<_Key, _Compare>::_type _order;
+  typedef typename _A::template rebind<_Value>::other _value_allocator;
 
 public:
-  typedef tree_node<Value, typename order::digest> typed_node;
-  typedef tree_iterator<typed_node, Value> iterator;
-  typedef tree_iterator<typed_node, const Value> const_iterator;
+  typedef tree_node<_Value, typename _order::_digest> _typed_node;
+  typedef tree_iterator<_typed_node, _Value> iterator;
+  typedef tree_iterator<_typed_node, const _Value> const_iterator;
 
-  rb_tree(const Compare &compare, const A &allocator) : functions_(allocator, compare) { make_header(); }
+  rb_tree(const _Compare &_compare, const _A &_allocator) : _functions_(_allocator, _compare) { _make_header(); }
 
-  rb_tree(const rb_tree &other) : rb_tree_base(), functions_(other.functions_) { make_copy(other); }
+  rb_tree(const rb_tree &_other) : rb_tree_base(), _functions_(_other._functions_) { _make_copy(_other); }
 
   ~rb_tree() { destroy(); }
 
   // All or nothing, unless the comparison's own assignment fails half-way.
-  rb_tree &operator=(const rb_tree &other) {
-    if (this != &other) {
-      rb_tree copy(other, functions_);
-      functions_.compare = other.functions_.compare;
-      swap_nodes(copy);
+  rb_tree &operator=(const rb_tree &_other) {
+    if (this != &_other) {
+      rb_tree _copy(_other, _functions_);
+      _functions_.compare = _other._functions_.compare;
+      _swap_nodes(_copy);
     }
     return *this;
   }
 
-  void swap(rb_tree &other) {
-    const functions mine(functions_);
-    functions_ = other.functions_;
-    other.functions_ = mine;
-    swap_nodes(other);
+  void swap(rb_tree &_other) {
+    const _functions _mine(_functions_);
+    _functions_ = _other._functions_;
+    _other._functions_ = _mine;
+    _swap_nodes(_other);
   }
 
   iterator begin() const PLX_NOTHROW { return iterator(leftmost); }
   iterator end() const PLX_NOTHROW { return iterator(header); }
   unsigned int size() const PLX_NOTHROW { return node_count; }
-  Compare key_comp() const { return functions_.compare; }
-  A get_allocator() const { return A(static_cast<const value_allocator &>(functions_)); }
+  _Compare key_comp() const { return _functions_.compare; }
+  _A get_allocator() const { return _A(static_cast<const _value_allocator &>(_functions_)); }
 
-  // Where a key is, or would go: below `parent`, on the right if `right_of` says the same node.
-  struct place {
-    node *parent;
-    node *right_of;
+  // Where a key is, or would go: below `_parent`, on the right if `_right_of` says the same node.
+  struct _place {
+    _node *parent;
+    _node *_right_of;
   };
 
   // The node with this key, or null and the place for one.
-  typed_node *locate(const order &key, place &to) const { return locate(key, to, typename order::exact()); }
+  _typed_node *_locate(const _order &_key, _place &_to) const { return _locate(_key, _to, typename _order::_exact()); }
 
   // The place after all equal keys.
-  void locate_behind(const order &key, place &to) const {
-    node *parent = header;
-    bool left = true;
-    node *x = header->parent;
-    if (x && goes_last(key, typename order::exact())) {
-      to.parent = to.right_of = rightmost;
+  void _locate_behind(const _order &_key, _place &_to) const {
+    _node *_parent = header;
+    bool _left = true;
+    _node *_x = header->parent;
+    if (_x && _goes_last(_key, typename _order::_exact())) {
+      _to.parent = _to._right_of = rightmost;
       return;
     }
-    while (x) {
-      parent = x;
-      left = is_before(key, x);
-      x = rb_tree_child(x, !left);
+    while (_x) {
+      _parent = _x;
+      _left = _is_before(_key, _x);
+      _x = rb_tree_child(_x, !_left);
     }
-    to.parent = parent;
-    to.right_of = left ? 0 : parent;
+    _to.parent = _parent;
+    _to._right_of = _left ? 0 : _parent;
   }
 
   // Apart from the search, which then needs no cleanup.
-  __attribute__((__noinline__)) typed_node *add_default(const Key &wanted, const order &key, const place &to) {
-    typed_node *const n = nodes::take(functions_);
-    unfinished_node guard(*this, n);
-    values::construct_default(functions_, address_of(n->value), wanted);
-    guard.n = 0;
-    put(n, key, to);
-    return n;
+  __attribute__((__noinline__)) _typed_node *_add_default(const _Key &_wanted, const _order &_key, const _place &_to) {
+    _typed_node *const _n = _nodes::_take(_functions_);
+    _unfinished_node _guard(*this, _n);
+    _values::_construct_default(_functions_, address_of(_n->value), _wanted);
+    _guard._n = 0;
+    _put(_n, _key, _to);
+    return _n;
   }
 
   // Links a node that has its value.
-  iterator put(typed_node *n, const order &key, const place &to) PLX_NOTHROW {
-    key.keep(*n);
-    rb_tree_link(this, n, to.parent, to.right_of);
-    return iterator(n);
+  iterator _put(_typed_node *_n, const _order &_key, const _place &_to) PLX_NOTHROW {
+    _key._keep(*_n);
+    rb_tree_link(this, _n, _to.parent, _to._right_of);
+    return iterator(_n);
   }
 
-  typed_node *make_node(const Value &value) {
-    typed_node *const n = nodes::take(functions_);
-    unfinished_node guard(*this, n);
-    values::construct(functions_, address_of(n->value), value);
-    guard.n = 0;
-    return n;
+  _typed_node *_make_node(const _Value &_value) {
+    _typed_node *const _n = _nodes::_take(_functions_);
+    _unfinished_node _guard(*this, _n);
+    _values::construct(_functions_, address_of(_n->value), _value);
+    _guard._n = 0;
+    return _n;
   }
 
-  iterator insert_unique(const Value &value, bool &inserted) {
-    const order key(KeyOf::key(value), functions_.compare);
-    place to;
-    node *const found = locate(key, to);
-    inserted = !found;
-    return found ? iterator(found) : put(make_node(value), key, to);
+  iterator insert_unique(const _Value &_value, bool &_inserted) {
+    const _order _key(_KeyOf::_key(_value), _functions_.compare);
+    _place _to;
+    _node *const _found = _locate(_key, _to);
+    _inserted = !_found;
+    return _found ? iterator(_found) : _put(_make_node(_value), _key, _to);
   }
 
   // The value of a key, made with a default one if there is none. Where `second` is what belongs to a key.
-  Value *value_of(const Key &wanted) {
-    const order key(wanted, functions_.compare);
-    place to;
-    typed_node *const n = locate(key, to);
-    return n ? &n->value : &add_default(wanted, key, to)->value;
+  _Value *_value_of(const _Key &_wanted) {
+    const _order _key(_wanted, _functions_.compare);
+    _place _to;
+    _typed_node *const _n = _locate(_key, _to);
+    return _n ? &_n->value : &_add_default(_wanted, _key, _to)->value;
   }
 
-  iterator insert_equal(const Value &value) {
-    const order key(KeyOf::key(value), functions_.compare);
-    place to;
-    locate_behind(key, to);
-    return put(make_node(value), key, to);
+  iterator insert_equal(const _Value &_value) {
+    const _order _key(_KeyOf::_key(_value), _functions_.compare);
+    _place _to;
+    _locate_behind(_key, _to);
+    return _put(_make_node(_value), _key, _to);
   }
 
   // Beside the hint no key is compared but those of the hint and its neighbours.
-  iterator insert_unique(iterator hint, const Value &value) {
-    const order key(KeyOf::key(value), functions_.compare);
-    place to;
-    node *const found = locate_near(hint.base(), key, to);
-    return found ? iterator(found) : put(make_node(value), key, to);
+  iterator insert_unique(iterator _hint, const _Value &_value) {
+    const _order _key(_KeyOf::_key(_value), _functions_.compare);
+    _place _to;
+    _node *const _found = _locate_near(_hint.base(), _key, _to);
+    return _found ? iterator(_found) : _put(_make_node(_value), _key, _to);
   }
 
-  iterator insert_equal(iterator hint, const Value &value) {
-    const order key(KeyOf::key(value), functions_.compare);
-    place to;
-    locate_equal_near(hint.base(), key, to);
-    return put(make_node(value), key, to);
+  iterator insert_equal(iterator _hint, const _Value &_value) {
+    const _order _key(_KeyOf::_key(_value), _functions_.compare);
+    _place _to;
+    _locate_equal_near(_hint.base(), _key, _to);
+    return _put(_make_node(_value), _key, _to);
   }
 
-  iterator erase(iterator at) {
-    node *const n = at.base();
-    const iterator after(rb_tree_next(n));
-    rb_tree_unlink(this, n);
-    destroy_typed(n);
-    return after;
+  iterator erase(iterator _at) {
+    _node *const _n = _at.base();
+    const iterator _after(rb_tree_next(_n));
+    rb_tree_unlink(this, _n);
+    _destroy_typed(_n);
+    return _after;
   }
 
-  unsigned int erase(iterator first, iterator last) {
-    if (first == begin() && last == end()) {
-      const unsigned int all = node_count;
+  unsigned int erase(iterator _first, iterator _last) {
+    if (_first == begin() && _last == end()) {
+      const unsigned int _all = node_count;
       clear();
-      return all;
+      return _all;
     }
-    unsigned int erased = 0;
-    for (; first != last; ++erased) first = erase(first);
-    return erased;
+    unsigned int _erased = 0;
+    for (; _first != _last; ++_erased) _first = erase(_first);
+    return _erased;
   }
 
   void clear() {
-    node *const root = header->parent;
-    if (!root) return;
-    make_empty();
-    destroy_below(root);
+    _node *const _root = header->parent;
+    if (!_root) return;
+    _make_empty();
+    _destroy_below(_root);
   }
 
-  iterator find(const Key &key) const { return find(order(key, functions_.compare), typename order::exact()); }
+  iterator find(const _Key &_key) const { return find(_order(_key, _functions_.compare), typename _order::_exact()); }
 
-  iterator lower_bound(const Key &key) const { return iterator(lower(order(key, functions_.compare))); }
+  iterator lower_bound(const _Key &_key) const { return iterator(_lower(_order(_key, _functions_.compare))); }
 
-  iterator upper_bound(const Key &key) const {
-    const order wanted(key, functions_.compare);
-    node *bound = header;
-    for (node *x = header->parent; x;) {
-      const bool left = is_before(wanted, x);
-      bound = left ? x : bound;
-      x = rb_tree_child(x, !left);
+  iterator upper_bound(const _Key &_key) const {
+    const _order _wanted(_key, _functions_.compare);
+    _node *_bound = header;
+    for (_node *_x = header->parent; _x;) {
+      const bool _left = _is_before(_wanted, _x);
+      _bound = _left ? _x : _bound;
+      _x = rb_tree_child(_x, !_left);
     }
-    return iterator(bound);
+    return iterator(_bound);
   }
 
   // Where keys are unique.
-  iterator upper_of_unique(iterator lower, const Key &key) const {
-    if (lower != end() && !is_before(order(key, functions_.compare), lower.base())) ++lower;
-    return lower;
+  iterator _upper_of_unique(iterator _lower, const _Key &_key) const {
+    if (_lower != end() && !_is_before(_order(_key, _functions_.compare), _lower.base())) ++_lower;
+    return _lower;
   }
 
-  static unsigned int count(iterator first, iterator last) PLX_NOTHROW {
-    unsigned int n = 0;
-    for (; first != last; ++first) ++n;
-    return n;
+  static unsigned int count(iterator _first, iterator _last) PLX_NOTHROW {
+    unsigned int _n = 0;
+    for (; _first != _last; ++_first) ++_n;
+    return _n;
   }
 
 private:
-  typedef node_source<typed_node, value_allocator> nodes;
-  typedef tree_values<value_allocator, Value> values;
+  typedef node_source<_typed_node, _value_allocator> _nodes;
+  typedef tree_values<_value_allocator, _Value> _values;
 
   // An allocator without state takes no room. Programs' comparisons are sometimes not const.
-  struct functions : public value_allocator {
-    mutable Compare compare;
-    functions(const value_allocator &allocator, const Compare &c) : value_allocator(allocator), compare(c) {}
+  struct _functions : public _value_allocator {
+    mutable _Compare compare;
+    _functions(const _value_allocator &_allocator, const _Compare &_c) : _value_allocator(_allocator), compare(_c) {}
   };
-  functions functions_;
+  _functions _functions_;
 
   // A node without a value yet, while its value is made.
-  struct unfinished_node {
-    rb_tree &tree;
-    typed_node *n;
-    unfinished_node(rb_tree &t, typed_node *made) PLX_NOTHROW : tree(t), n(made) {}
-    ~unfinished_node() {
-      if (n) nodes::give(tree.functions_, n);
+  struct _unfinished_node {
+    rb_tree &_tree;
+    _typed_node *_n;
+    _unfinished_node(rb_tree &_t, _typed_node *_made) PLX_NOTHROW : _tree(_t), _n(_made) {}
+    ~_unfinished_node() {
+      if (_n) _nodes::_give(_tree._functions_, _n);
     }
   };
 
   // A tree whose constructor has not ended.
-  struct unfinished {
-    rb_tree *tree;
-    explicit unfinished(rb_tree &t) PLX_NOTHROW : tree(&t) {}
-    ~unfinished() {
-      if (tree) tree->destroy();
+  struct _unfinished {
+    rb_tree *_tree;
+    explicit _unfinished(rb_tree &_t) PLX_NOTHROW : _tree(&_t) {}
+    ~_unfinished() {
+      if (_tree) _tree->destroy();
     }
-    void finish() PLX_NOTHROW { tree = 0; }
+    void _finish() PLX_NOTHROW { _tree = 0; }
   };
 
   // The nodes of one tree by the allocator of another.
-  rb_tree(const rb_tree &other, const value_allocator &allocator)
-      : rb_tree_base(), functions_(allocator, other.functions_.compare) {
-    make_copy(other);
+  rb_tree(const rb_tree &_other, const _value_allocator &_allocator)
+      : rb_tree_base(), _functions_(_allocator, _other._functions_.compare) {
+    _make_copy(_other);
   }
 
-  void make_copy(const rb_tree &other) {
-    make_header();
-    unfinished guard(*this);
-    copy_nodes(other);
-    guard.finish();
+  void _make_copy(const rb_tree &_other) {
+    _make_header();
+    _unfinished _guard(*this);
+    _copy_nodes(_other);
+    _guard._finish();
   }
 
-  static typed_node *typed(rb_tree_node_base *n) PLX_NOTHROW { return static_cast<typed_node *>(n); }
-  static const Key &key_of(rb_tree_node_base *n) PLX_NOTHROW { return KeyOf::key(typed(n)->value); }
-  static bool is_before(const order &key, node *n) { return key.before(*typed(n), key_of(n)); }
-  static bool is_after(const order &key, node *n) { return key.after(*typed(n), key_of(n)); }
+  static _typed_node *_typed(rb_tree_node_base *_n) PLX_NOTHROW { return static_cast<_typed_node *>(_n); }
+  static const _Key &_key_of(rb_tree_node_base *_n) PLX_NOTHROW { return _KeyOf::_key(_typed(_n)->value); }
+  static bool _is_before(const _order &_key, _node *_n) { return _key.before(*_typed(_n), _key_of(_n)); }
+  static bool _is_after(const _order &_key, _node *_n) { return _key._after(*_typed(_n), _key_of(_n)); }
 
-  void make_header() {
-    header = nodes::take(functions_);
+  void _make_header() {
+    header = _nodes::_take(_functions_);
     header->color = rb_red;
-    make_empty();
+    _make_empty();
   }
 
-  void make_empty() PLX_NOTHROW {
+  void _make_empty() PLX_NOTHROW {
     node_count = 0;
     header->left = header->right = header->parent = 0;
     leftmost = rightmost = header;
   }
 
-  void swap_nodes(rb_tree &other) PLX_NOTHROW {
-    const rb_tree_base_data mine = *this;
-    static_cast<rb_tree_base_data &>(*this) = other;
-    static_cast<rb_tree_base_data &>(other) = mine;
+  void _swap_nodes(rb_tree &_other) PLX_NOTHROW {
+    const rb_tree_base_data _mine = *this;
+    static_cast<rb_tree_base_data &>(*this) = _other;
+    static_cast<rb_tree_base_data &>(_other) = _mine;
   }
 
   // Keys often come in ascending order, and a look at the last one costs next to nothing where no function is called.
-  bool goes_last(const order &key, yes) const { return !is_before(key, rightmost); }
-  static bool goes_last(const order &, no) PLX_NOTHROW { return false; }
+  bool _goes_last(const _order &_key, _yes) const { return !_is_before(_key, rightmost); }
+  static bool _goes_last(const _order &, _no) PLX_NOTHROW { return false; }
 
   // What compares keys itself may end as soon as they are equal.
-  typed_node *locate(const order &key, place &to, yes) const {
-    node *parent = header;
-    bool left = true;
-    node *x = header->parent;
-    if (x && is_after(key, rightmost)) {
-      to.parent = to.right_of = rightmost;
+  _typed_node *_locate(const _order &_key, _place &_to, _yes) const {
+    _node *_parent = header;
+    bool _left = true;
+    _node *_x = header->parent;
+    if (_x && _is_after(_key, rightmost)) {
+      _to.parent = _to._right_of = rightmost;
       return 0;
     }
-    while (x) {
-      parent = x;
-      left = key.precedes(*typed(x), key_of(x));
-      if (key.ties(*typed(x), key_of(x))) {
-        const int compared = key.compare(key_of(x));
-        if (compared == 0) return typed(x);
-        left = compared < 0;
+    while (_x) {
+      _parent = _x;
+      _left = _key._precedes(*_typed(_x), _key_of(_x));
+      if (_key._ties(*_typed(_x), _key_of(_x))) {
+        const int _compared = _key.compare(_key_of(_x));
+        if (_compared == 0) return _typed(_x);
+        _left = _compared < 0;
       }
-      x = rb_tree_child(x, !left);
+      _x = rb_tree_child(_x, !_left);
     }
-    to.parent = parent;
-    to.right_of = left ? 0 : parent;
+    _to.parent = _parent;
+    _to._right_of = _left ? 0 : _parent;
     return 0;
   }
 
   // The last node where the way went right is the one before the place, and the only one that may be equal.
-  typed_node *locate(const order &key, place &to, no) const {
-    node *parent = header;
-    node *previous = 0;
-    for (node *x = header->parent; x;) {
-      parent = x;
-      const bool left = is_before(key, x);
-      previous = left ? previous : x;
-      x = rb_tree_child(x, !left);
+  _typed_node *_locate(const _order &_key, _place &_to, _no) const {
+    _node *_parent = header;
+    _node *_previous = 0;
+    for (_node *_x = header->parent; _x;) {
+      _parent = _x;
+      const bool _left = _is_before(_key, _x);
+      _previous = _left ? _previous : _x;
+      _x = rb_tree_child(_x, !_left);
     }
-    if (previous && !is_after(key, previous)) return typed(previous);
-    to.parent = parent;
-    to.right_of = previous;
+    if (_previous && !_is_after(_key, _previous)) return _typed(_previous);
+    _to.parent = _parent;
+    _to._right_of = _previous;
     return 0;
   }
 
-  iterator find(const order &key, yes) const {
-    for (node *x = header->parent; x;) {
-      bool left = key.precedes(*typed(x), key_of(x));
-      if (key.ties(*typed(x), key_of(x))) {
-        const int compared = key.compare(key_of(x));
-        if (compared == 0) return iterator(x);
-        left = compared < 0;
+  iterator find(const _order &_key, _yes) const {
+    for (_node *_x = header->parent; _x;) {
+      bool _left = _key._precedes(*_typed(_x), _key_of(_x));
+      if (_key._ties(*_typed(_x), _key_of(_x))) {
+        const int _compared = _key.compare(_key_of(_x));
+        if (_compared == 0) return iterator(_x);
+        _left = _compared < 0;
       }
-      x = rb_tree_child(x, !left);
+      _x = rb_tree_child(_x, !_left);
     }
     return end();
   }
 
-  iterator find(const order &key, no) const {
-    node *const bound = lower(key);
-    return bound != header && is_before(key, bound) ? end() : iterator(bound);
+  iterator find(const _order &_key, _no) const {
+    _node *const _bound = _lower(_key);
+    return _bound != header && _is_before(_key, _bound) ? end() : iterator(_bound);
   }
 
-  node *lower(const order &key) const {
-    node *bound = header;
-    for (node *x = header->parent; x;) {
-      const bool right = is_after(key, x);
-      bound = right ? bound : x;
-      x = rb_tree_child(x, right);
+  _node *_lower(const _order &_key) const {
+    _node *_bound = header;
+    for (_node *_x = header->parent; _x;) {
+      const bool _right = _is_after(_key, _x);
+      _bound = _right ? _bound : _x;
+      _x = rb_tree_child(_x, _right);
     }
-    return bound;
+    return _bound;
   }
 
   // Between two neighbours one has no child on the other's side.
-  static void place_between(node *before, node *after, place &to) PLX_NOTHROW {
-    to.parent = before->right ? after : before;
-    to.right_of = before->right ? 0 : before;
+  static void _place_between(_node *_before, _node *_after, _place &_to) PLX_NOTHROW {
+    _to.parent = _before->right ? _after : _before;
+    _to._right_of = _before->right ? 0 : _before;
   }
 
-  typed_node *locate_near(node *hint, const order &key, place &to) const {
-    if (hint == header) {
-      if (node_count == 0 || !is_after(key, rightmost)) return locate(key, to);
-      to.parent = to.right_of = rightmost;
+  _typed_node *_locate_near(_node *_hint, const _order &_key, _place &_to) const {
+    if (_hint == header) {
+      if (node_count == 0 || !_is_after(_key, rightmost)) return _locate(_key, _to);
+      _to.parent = _to._right_of = rightmost;
       return 0;
     }
-    if (is_before(key, hint)) {
-      if (hint == leftmost) {
-        to.parent = hint;
-        to.right_of = 0;
+    if (_is_before(_key, _hint)) {
+      if (_hint == leftmost) {
+        _to.parent = _hint;
+        _to._right_of = 0;
         return 0;
       }
-      node *const before = rb_tree_prev(hint);
-      if (!is_after(key, before)) return locate(key, to);
-      place_between(before, hint, to);
+      _node *const _before = rb_tree_prev(_hint);
+      if (!_is_after(_key, _before)) return _locate(_key, _to);
+      _place_between(_before, _hint, _to);
       return 0;
     }
-    if (!is_after(key, hint)) return typed(hint);
-    if (hint == rightmost) {
-      to.parent = to.right_of = hint;
+    if (!_is_after(_key, _hint)) return _typed(_hint);
+    if (_hint == rightmost) {
+      _to.parent = _to._right_of = _hint;
       return 0;
     }
-    node *const after = rb_tree_next(hint);
-    if (!is_before(key, after)) return locate(key, to);
-    place_between(hint, after, to);
+    _node *const _after = rb_tree_next(_hint);
+    if (!_is_before(_key, _after)) return _locate(_key, _to);
+    _place_between(_hint, _after, _to);
     return 0;
   }
 
   // Before the hint if the order allows it, else as near to it as the order allows.
-  void locate_equal_near(node *hint, const order &key, place &to) const {
-    if (hint == header) {
-      if (node_count == 0 || is_before(key, rightmost)) return locate_behind(key, to);
-      to.parent = to.right_of = rightmost;
+  void _locate_equal_near(_node *_hint, const _order &_key, _place &_to) const {
+    if (_hint == header) {
+      if (node_count == 0 || _is_before(_key, rightmost)) return _locate_behind(_key, _to);
+      _to.parent = _to._right_of = rightmost;
       return;
     }
-    if (!is_after(key, hint)) {
-      if (hint == leftmost) {
-        to.parent = hint;
-        to.right_of = 0;
+    if (!_is_after(_key, _hint)) {
+      if (_hint == leftmost) {
+        _to.parent = _hint;
+        _to._right_of = 0;
         return;
       }
-      node *const before = rb_tree_prev(hint);
-      if (is_before(key, before)) return locate_behind(key, to);
-      return place_between(before, hint, to);
+      _node *const _before = rb_tree_prev(_hint);
+      if (_is_before(_key, _before)) return _locate_behind(_key, _to);
+      return _place_between(_before, _hint, _to);
     }
-    if (hint == rightmost) {
-      to.parent = to.right_of = hint;
+    if (_hint == rightmost) {
+      _to.parent = _to._right_of = _hint;
       return;
     }
-    node *const after = rb_tree_next(hint);
-    if (!is_after(key, after)) return place_between(hint, after, to);
-    locate_in_front(key, to);
+    _node *const _after = rb_tree_next(_hint);
+    if (!_is_after(_key, _after)) return _place_between(_hint, _after, _to);
+    _locate_in_front(_key, _to);
   }
 
   // The place before all equal keys.
-  void locate_in_front(const order &key, place &to) const {
-    node *parent = header;
-    bool right = false;
-    for (node *x = header->parent; x;) {
-      parent = x;
-      right = is_after(key, x);
-      x = rb_tree_child(x, right);
+  void _locate_in_front(const _order &_key, _place &_to) const {
+    _node *_parent = header;
+    bool _right = false;
+    for (_node *_x = header->parent; _x;) {
+      _parent = _x;
+      _right = _is_after(_key, _x);
+      _x = rb_tree_child(_x, _right);
     }
-    to.parent = parent;
-    to.right_of = right ? parent : 0;
+    _to.parent = _parent;
+    _to._right_of = _right ? _parent : 0;
   }
 
   // With links only to finished nodes at any time, since copying a value may throw.
-  node *copy_node(const node *from, node *parent) {
-    typed_node *const source = typed(const_cast<node *>(from));
-    typed_node *const n = make_node(source->value);
-    static_cast<typename order::digest &>(*n) = *source;
-    n->left = n->right = 0;
-    n->parent = parent;
-    n->color = from->color;
-    return n;
+  _node *_copy_node(const _node *_from, _node *_parent) {
+    _typed_node *const _source = _typed(const_cast<_node *>(_from));
+    _typed_node *const _n = _make_node(_source->value);
+    static_cast<typename _order::_digest &>(*_n) = *_source;
+    _n->left = _n->right = 0;
+    _n->parent = _parent;
+    _n->color = _from->color;
+    return _n;
   }
 
   // Walks both trees side by side: down to the left, and to the next right subtree on the way up. That subtree is asked
   // for on the way down.
-  void copy_nodes(const rb_tree &other) {
-    const node *from = other.header->parent;
-    if (!from) return;
-    node *to = copy_node(from, header);
-    header->parent = to;
+  void _copy_nodes(const rb_tree &_other) {
+    const _node *_from = _other.header->parent;
+    if (!_from) return;
+    _node *_to = _copy_node(_from, header);
+    header->parent = _to;
     for (;;) {
-      while (from->left) {
-        rb_tree_prefetch(from->right, from);
-        from = from->left;
-        to->left = copy_node(from, to);
-        to = to->left;
+      while (_from->left) {
+        rb_tree_prefetch(_from->right, _from);
+        _from = _from->left;
+        _to->left = _copy_node(_from, _to);
+        _to = _to->left;
       }
-      while (!from->right || to->right) {
-        from = from->parent;
-        to = to->parent;
-        if (to == header) return finish_copy(other);
+      while (!_from->right || _to->right) {
+        _from = _from->parent;
+        _to = _to->parent;
+        if (_to == header) return _finish_copy(_other);
       }
-      from = from->right;
-      to->right = copy_node(from, to);
-      to = to->right;
+      _from = _from->right;
+      _to->right = _copy_node(_from, _to);
+      _to = _to->right;
     }
   }
 
-  void finish_copy(const rb_tree &other) PLX_NOTHROW {
-    node_count = other.node_count;
-    node *end = header->parent;
-    while (end->left) end = end->left;
-    leftmost = end;
-    end = header->parent;
-    while (end->right) end = end->right;
-    rightmost = header->left = end;
+  void _finish_copy(const rb_tree &_other) PLX_NOTHROW {
+    node_count = _other.node_count;
+    _node *_end = header->parent;
+    while (_end->left) _end = _end->left;
+    leftmost = _end;
+    _end = header->parent;
+    while (_end->right) _end = _end->right;
+    rightmost = header->left = _end;
   }
 
-  void destroy_typed(node *n) {
-    values::destroy(functions_, address_of(typed(n)->value));
-    nodes::give(functions_, typed(n));
+  void _destroy_typed(_node *_n) {
+    _values::destroy(_functions_, address_of(_typed(_n)->value));
+    _nodes::_give(_functions_, _typed(_n));
   }
 
   // Recursion goes into the right subtrees of nodes that have both: no deeper than the tree is high. The left ones are
   // asked for meanwhile.
-  void destroy_below(node *n) {
-    while (n) {
-      node *const left = n->left;
-      node *const right = n->right;
-      rb_tree_prefetch(left, n);
-      destroy_typed(n);
-      if (left && right) destroy_below(right);
-      n = left ? left : right;
+  void _destroy_below(_node *_n) {
+    while (_n) {
+      _node *const _left = _n->left;
+      _node *const _right = _n->right;
+      rb_tree_prefetch(_left, _n);
+      _destroy_typed(_n);
+      if (_left && _right) _destroy_below(_right);
+      _n = _left ? _left : _right;
     }
   }
 
   void destroy() {
-    destroy_below(header->parent);
-    nodes::give(functions_, typed(header));
+    _destroy_below(header->parent);
+    _nodes::_give(_functions_, _typed(header));
   }
 
   // The core's own ways to nodes, for its operations on whole trees.
-  virtual void destroy_node(node *n) {
-    if (n == header)
-      nodes::give(functions_, typed(n));
+  virtual void destroy_node(_node *_n) {
+    if (_n == header)
+      _nodes::_give(_functions_, _typed(_n));
     else
-      destroy_typed(n);
+      _destroy_typed(_n);
   }
-  virtual node *create_node(const void *value) {
-    return value ? make_node(*static_cast<const Value *>(value)) : nodes::take(functions_);
+  virtual _node *create_node(const void *_value) {
+    return _value ? _make_node(*static_cast<const _Value *>(_value)) : _nodes::_take(_functions_);
   }
 };
 

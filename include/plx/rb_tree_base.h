@@ -45,123 +45,123 @@ typedef char rb_tree_layout[offsetof(rb_tree_node_base, right) == sizeof(void *)
                                 : -1];
 
 // Restores the rules after a red node was linked below a red parent.
-PLX_TREE_CALL void rb_tree_rebalance(rb_tree_node_base *x, rb_tree_node_base *header) PLX_NOTHROW;
+PLX_TREE_CALL void rb_tree_rebalance(rb_tree_node_base *_x, rb_tree_node_base *_header) PLX_NOTHROW;
 
 // Takes a node out of the tree and the count, without destroying it.
-PLX_TREE_CALL void rb_tree_unlink(rb_tree_base_data *tree, rb_tree_node_base *z) PLX_NOTHROW;
+PLX_TREE_CALL void rb_tree_unlink(rb_tree_base_data *_tree, rb_tree_node_base *_z) PLX_NOTHROW;
 
-// The child on one side, chosen without a branch: which way a search goes cannot be predicted. The compiler must see both
-// as loaded, or it computes the address first and waits for the load after the comparison.
-inline rb_tree_node_base *rb_tree_child(const rb_tree_node_base *n, bool on_the_right) PLX_NOTHROW {
-  rb_tree_node_base *left = n->left, *right = n->right;
-  __asm__("" : "+r"(left), "+r"(right));
-  return on_the_right ? right : left;
+// The child on one side, chosen without a branch: which way a search goes cannot be predicted. The compiler must see
+// both as loaded, or it computes the address first and waits for the load after the comparison.
+inline rb_tree_node_base *rb_tree_child(const rb_tree_node_base *_n, bool _on_the_right) PLX_NOTHROW {
+  rb_tree_node_base *_left = _n->left, *_right = _n->right;
+  __asm__("" : "+r"(_left), "+r"(_right));
+  return _on_the_right ? _right : _left;
 }
 
 // Starts loading a node that will be needed a few steps later. What is not there is no address for it: looking that up
 // takes time too. The instruction does nothing on processors that do not know it.
-inline void rb_tree_prefetch(const rb_tree_node_base *n, const rb_tree_node_base *otherwise) PLX_NOTHROW {
-  const rb_tree_node_base *at = n ? n : otherwise;
-  __asm__ volatile("prefetcht0 %0" : : "m"(*at));
+inline void rb_tree_prefetch(const rb_tree_node_base *_n, const rb_tree_node_base *_otherwise) PLX_NOTHROW {
+  const rb_tree_node_base *_at = _n ? _n : _otherwise;
+  __asm__ volatile("prefetcht0 %0" : : "m"(*_at));
 }
 
 // On the way down the other children are those that the steps after this one come to.
-inline rb_tree_node_base *rb_tree_first(rb_tree_node_base *n) PLX_NOTHROW {
-  for (;; n = n->left) {
-    rb_tree_prefetch(n->right, n);
-    if (!n->left) return n;
+inline rb_tree_node_base *rb_tree_first(rb_tree_node_base *_n) PLX_NOTHROW {
+  for (;; _n = _n->left) {
+    rb_tree_prefetch(_n->right, _n);
+    if (!_n->left) return _n;
   }
 }
 
-inline rb_tree_node_base *rb_tree_next(const rb_tree_node_base *n) PLX_NOTHROW {
-  rb_tree_node_base *at = n->right;
-  if (at) return rb_tree_first(at);
-  at = n->parent;
-  while (at->right == n) {
-    n = at;
-    at = at->parent;
+inline rb_tree_node_base *rb_tree_next(const rb_tree_node_base *_n) PLX_NOTHROW {
+  rb_tree_node_base *_at = _n->right;
+  if (_at) return rb_tree_first(_at);
+  _at = _n->parent;
+  while (_at->right == _n) {
+    _n = _at;
+    _at = _at->parent;
   }
-  return at;
+  return _at;
 }
 
 // Back from the header: its left link leads to the last node, which has no right child.
-inline rb_tree_node_base *rb_tree_prev(const rb_tree_node_base *n) PLX_NOTHROW {
-  rb_tree_node_base *at = n->left;
-  if (at) {
-    for (;; at = at->right) {
-      rb_tree_prefetch(at->left, at);
-      if (!at->right) return at;
+inline rb_tree_node_base *rb_tree_prev(const rb_tree_node_base *_n) PLX_NOTHROW {
+  rb_tree_node_base *_at = _n->left;
+  if (_at) {
+    for (;; _at = _at->right) {
+      rb_tree_prefetch(_at->left, _at);
+      if (!_at->right) return _at;
     }
   }
-  at = n->parent;
-  while (at->left == n) {
-    n = at;
-    at = at->parent;
+  _at = _n->parent;
+  while (_at->left == _n) {
+    _n = _at;
+    _at = _at->parent;
   }
-  return at;
+  return _at;
 }
 
-// Links a new node as __finish_insert does. Which side it takes cannot be predicted, that it becomes the first or last one
-// can. Most new nodes get a black parent, and then nothing is left to do.
-inline void rb_tree_link(rb_tree_base_data *tree, rb_tree_node_base *x, rb_tree_node_base *p,
-                         const rb_tree_node_base *right_of) PLX_NOTHROW {
-  rb_tree_node_base *const header = tree->header;
-  rb_tree_node_base **place = right_of == p ? &p->right : &p->left;
-  __asm__("" : "+r"(place));  // or the compiler branches on the side after all
-  x->left = 0;
-  x->right = 0;
-  x->parent = p;
-  x->color = rb_red;
-  ++tree->node_count;
-  if (__builtin_expect(!header->parent, 0)) {
-    header->parent = x;
-    header->left = x;
-    tree->leftmost = x;
-    tree->rightmost = x;
-    x->color = rb_black;
+// Links a new node as __finish_insert does. Which side it takes cannot be predicted, that it becomes the first or last
+// one can. Most new nodes get a black parent, and then nothing is left to do.
+inline void rb_tree_link(rb_tree_base_data *_tree, rb_tree_node_base *_x, rb_tree_node_base *_p,
+                         const rb_tree_node_base *_right_of) PLX_NOTHROW {
+  rb_tree_node_base *const _header = _tree->header;
+  rb_tree_node_base **_place = _right_of == _p ? &_p->right : &_p->left;
+  __asm__("" : "+r"(_place));  // or the compiler branches on the side after all
+  _x->left = 0;
+  _x->right = 0;
+  _x->parent = _p;
+  _x->color = rb_red;
+  ++_tree->node_count;
+  if (__builtin_expect(!_header->parent, 0)) {
+    _header->parent = _x;
+    _header->left = _x;
+    _tree->leftmost = _x;
+    _tree->rightmost = _x;
+    _x->color = rb_black;
     return;
   }
-  *place = x;
-  if (__builtin_expect(p == tree->rightmost, 0) && x == p->right) {
-    tree->rightmost = x;
-    header->left = x;
+  *_place = _x;
+  if (__builtin_expect(_p == _tree->rightmost, 0) && _x == _p->right) {
+    _tree->rightmost = _x;
+    _header->left = _x;
   }
-  if (__builtin_expect(p == tree->leftmost, 0) && x == p->left) tree->leftmost = x;
-  if (p->color != rb_black) rb_tree_rebalance(x, header);
+  if (__builtin_expect(_p == _tree->leftmost, 0) && _x == _p->left) _tree->leftmost = _x;
+  if (_p->color != rb_black) rb_tree_rebalance(_x, _header);
 }
 
 class PLX_API rb_tree_base : public rb_tree_base_data {
 public:
-  typedef rb_tree_node_base node;
+  typedef rb_tree_node_base _node;
 
   // Makes the header. If create_node throws, nothing was made.
   void __initialize();
 
-  // Links x as a child of p, the right one if `right_of` is p, and rebalances. In an empty tree p is the header and
-  // `right_of` is not: the header has no right child.
-  node *__finish_insert(node *x, node *p, node *right_of);
+  // Links x as a child of p, the right one if `_right_of` is p, and rebalances. In an empty tree p is the header and
+  // `_right_of` is not: the header has no right child.
+  _node *__finish_insert(_node *_x, _node *_p, _node *_right_of);
 
-  static node *__next(const node *n);
-  static node *__prev(const node *n);
+  static _node *__next(const _node *_n);
+  static _node *__prev(const _node *_n);
 
-  void __erase(node *z);
-  unsigned int __erase(node *first, node *last);                    // how many
-  unsigned int __count(const node *first, const node *last) const;  // steps
-  void __clear();                                                   // keeps the header
+  void __erase(_node *_z);
+  unsigned int __erase(_node *_first, _node *_last);                    // how many
+  unsigned int __count(const _node *_first, const _node *_last) const;  // steps
+  void __clear();                                                       // keeps the header
   void __destroy();
 
   // Makes this empty tree a copy of another one. If create_node throws, what was copied hangs below the header, ready
   // for __clear or __destroy.
-  void __copy(const rb_tree_base &src, unsigned int value_offset);
+  void __copy(const rb_tree_base &_src, unsigned int _value_offset);
 
-  void destroy_tree(node *n);
+  void destroy_tree(_node *_n);
 
-  // Copies the nodes at and below `src`, whose values lie `value_offset` bytes after their start. The copy becomes the
-  // root when `parent` is the header, else the right child of `parent`.
-  node *copy_tree(node *parent, const node *src, unsigned int value_offset);
+  // Copies the nodes at and below `_src`, whose values lie `_value_offset` bytes after their start. The copy becomes
+  // the root when `_parent` is the header, else the right child of `_parent`.
+  _node *copy_tree(_node *_parent, const _node *_src, unsigned int _value_offset);
 
-  virtual void destroy_node(node *n);
-  virtual node *create_node(const void *value) = 0;  // null: no value, for the header
+  virtual void destroy_node(_node *_n);
+  virtual _node *create_node(const void *_value) = 0;  // null: no value, for the header
 
 protected:
   rb_tree_base() PLX_NOTHROW {}

@@ -5,10 +5,10 @@
 namespace std {
 namespace rel_ops {
 
-template <class T> inline bool operator!=(const T &left, const T &right) { return !(left == right); }
-template <class T> inline bool operator>(const T &left, const T &right) { return right < left; }
-template <class T> inline bool operator<=(const T &left, const T &right) { return !(right < left); }
-template <class T> inline bool operator>=(const T &left, const T &right) { return !(left < right); }
+template <class _T> inline bool operator!=(const _T &_left, const _T &_right) { return !(_left == _right); }
+template <class _T> inline bool operator>(const _T &_left, const _T &_right) { return _right < _left; }
+template <class _T> inline bool operator<=(const _T &_left, const _T &_right) { return !(_right < _left); }
+template <class _T> inline bool operator>=(const _T &_left, const _T &_right) { return !(_left < _right); }
 
 }  // namespace rel_ops
 }  // namespace std

@@ -7,32 +7,32 @@
 #include <plx/type_properties.h>
 
 namespace std {
-template <class T, class A> class vector;
-template <class T, class A> class deque;
-template <class T1, class T2> struct pair;
+template <class _T, class _A> class vector;
+template <class _T, class _A> class deque;
+template <class _T1, class _T2> struct pair;
 }  // namespace std
 
 namespace __zor {
 
 // Copies are bytes, and nobody sees them being made.
-template <class T> struct is_plain {
-  static const bool value = is_made_as_bytes<T, const T &>::value && is_trivially_destroyed<T>::value;
+template <class _T> struct is_plain {
+  static const bool value = is_made_as_bytes<_T, const _T &>::value && is_trivially_destroyed<_T>::value;
 };
-template <class T> struct is_plain<const T> { static const bool value = is_plain<T>::value; };
+template <class _T> struct is_plain<const _T> { static const bool value = is_plain<_T>::value; };
 
 // Copying to another place and destroying the original is a move of bytes: objects that nothing points back to.
-template <class T> struct is_relocatable { static const bool value = is_plain<T>::value; };
-template <class C, class T, class A> struct is_relocatable<std::basic_string<C, T, A> > {
+template <class _T> struct is_relocatable { static const bool value = is_plain<_T>::value; };
+template <class _Ct, class _T, class _A> struct is_relocatable<std::basic_string<_Ct, _T, _A> > {
   static const bool value = true;
 };
-template <class T, class U> struct is_relocatable<std::vector<T, std::allocator<U> > > {
+template <class _T, class _Ut> struct is_relocatable<std::vector<_T, std::allocator<_Ut> > > {
   static const bool value = true;
 };
-template <class T, class U> struct is_relocatable<std::deque<T, std::allocator<U> > > {
+template <class _T, class _Ut> struct is_relocatable<std::deque<_T, std::allocator<_Ut> > > {
   static const bool value = true;
 };
-template <class T1, class T2> struct is_relocatable<std::pair<T1, T2> > {
-  static const bool value = is_relocatable<T1>::value && is_relocatable<T2>::value;
+template <class _T1, class _T2> struct is_relocatable<std::pair<_T1, _T2> > {
+  static const bool value = is_relocatable<_T1>::value && is_relocatable<_T2>::value;
 };
 
 }  // namespace __zor

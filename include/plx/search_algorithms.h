@@ -8,198 +8,203 @@
 
 namespace __zor {
 
-// The first of the words [first, last) that is `word`, or last. In the library, where the processor is known.
-PLX_API __attribute__((__regparm__(3))) const unsigned int *find_word(const unsigned int *first,
-                                                                      const unsigned int *last,
-                                                                      unsigned int word) PLX_NOTHROW;
+// The first of the words [first, last) that is `_word`, or last. In the library, where the processor is known.
+PLX_API __attribute__((__regparm__(3))) const unsigned int *find_word(const unsigned int *_first,
+                                                                      const unsigned int *_last,
+                                                                      unsigned int _word) PLX_NOTHROW;
 
-namespace functions {
+namespace _functions {
 
 enum find_road { find_each, find_bytes, find_words, find_blocks };
 
 // A value of the elements' own type in an array of integers or pointers is sought by its bytes.
-template <class In, class V> struct find_road_of {
-  static const find_road value = is_segmented<In>::value ? find_blocks : find_each;
+template <class _In, class _V> struct find_road_of {
+  static const find_road value = is_segmented<_In>::value ? find_blocks : find_each;
 };
-template <class T, class V> struct find_road_of<T *, V> {
-  typedef typename without_const<T>::type element;
-  static const bool by_bytes = same_type<element, V>::value && equal_as_bytes<element>::value;
-  static const find_road value = by_bytes && sizeof(T) == 1             ? find_bytes
-                                 : by_bytes && sizeof(T) == sizeof(int) ? find_words
-                                                                        : find_each;
+template <class _T, class _V> struct find_road_of<_T *, _V> {
+  typedef typename without_const<_T>::_type _element;
+  static const bool _by_bytes = same_type<_element, _V>::value && equal_as_bytes<_element>::value;
+  static const find_road value = _by_bytes && sizeof(_T) == 1             ? find_bytes
+                                 : _by_bytes && sizeof(_T) == sizeof(int) ? find_words
+                                                                          : find_each;
 };
 
-template <find_road road> struct finder;
+template <find_road _road> struct _finder;
 
-template <class In, class V> inline In find_range(In first, In last, const V &value) {
-  return finder<find_road_of<In, V>::value>::run(first, last, value);
+template <class _In, class _V> inline _In find_range(_In _first, _In _last, const _V &_value) {
+  return _finder<find_road_of<_In, _V>::value>::_run(_first, _last, _value);
 }
 
-template <> struct finder<find_each> {
-  template <class In, class V> static In run(In first, In last, const V &value) {
-    while (first != last && !(*first == value)) ++first;
-    return first;
+template <> struct _finder<find_each> {
+  template <class _In, class _V> static _In _run(_In _first, _In _last, const _V &_value) {
+    while (_first != _last && !(*_first == _value)) ++_first;
+    return _first;
   }
 };
-template <> struct finder<find_bytes> {
-  template <class T, class V> static T *run(T *first, T *last, const V &value) {
-    if (first == last) return last;
-    const void *const found =
-        memchr(first, static_cast<unsigned char>(value), static_cast<std::size_t>(last - first));
-    return found ? first + (static_cast<const char *>(found) - reinterpret_cast<const char *>(first)) : last;
+template <> struct _finder<find_bytes> {
+  template <class _T, class _V> static _T *_run(_T *_first, _T *_last, const _V &_value) {
+    if (_first == _last) return _last;
+    const void *const _found =
+        memchr(_first, static_cast<unsigned char>(_value), static_cast<std::size_t>(_last - _first));
+    return _found ? _first + (static_cast<const char *>(_found) - reinterpret_cast<const char *>(_first)) : _last;
   }
 };
-template <> struct finder<find_words> {
-  template <class T, class V> static T *run(T *first, T *last, const V &value) {
+template <> struct _finder<find_words> {
+  template <class _T, class _V> static _T *_run(_T *_first, _T *_last, const _V &_value) {
     // A call is not worth its cost for a few elements.
-    for (int steps = 0; last - first >= 4 && steps < 4; first += 4, ++steps) {
-      if (first[0] == value) return first;
-      if (first[1] == value) return first + 1;
-      if (first[2] == value) return first + 2;
-      if (first[3] == value) return first + 3;
+    for (int _steps = 0; _last - _first >= 4 && _steps < 4; _first += 4, ++_steps) {
+      if (_first[0] == _value) return _first;
+      if (_first[1] == _value) return _first + 1;
+      if (_first[2] == _value) return _first + 2;
+      if (_first[3] == _value) return _first + 3;
     }
-    if (last - first >= 4) {
-      const unsigned int *const from = reinterpret_cast<const unsigned int *>(first);
-      return first + (__zor::find_word(from, reinterpret_cast<const unsigned int *>(last), word_of(value)) - from);
+    if (_last - _first >= 4) {
+      const unsigned int *const _from = reinterpret_cast<const unsigned int *>(_first);
+      return _first +
+             (__zor::find_word(_from, reinterpret_cast<const unsigned int *>(_last), _word_of(_value)) - _from);
     }
-    while (first != last && *first != value) ++first;
-    return first;
+    while (_first != _last && *_first != _value) ++_first;
+    return _first;
   }
 
 private:
-  template <class V> static unsigned int word_of(V value) { return static_cast<unsigned int>(value); }
-  template <class V> static unsigned int word_of(V *value) {
-    return static_cast<unsigned int>(reinterpret_cast<__UINTPTR_TYPE__>(value));
+  template <class _V> static unsigned int _word_of(_V _value) { return static_cast<unsigned int>(_value); }
+  template <class _V> static unsigned int _word_of(_V *_value) {
+    return static_cast<unsigned int>(reinterpret_cast<__UINTPTR_TYPE__>(_value));
   }
 };
-template <> struct finder<find_blocks> {
-  template <class In, class V> static In run(const In &first, const In &last, const V &value) {
-    typedef segmented_iterator_traits<In> blocks;
-    typename blocks::segment_iterator block = blocks::segment(first);
-    const typename blocks::segment_iterator last_block = blocks::segment(last);
-    typename blocks::local_iterator from = blocks::local(first);
-    for (; block != last_block; from = blocks::begin(block)) {
-      const typename blocks::local_iterator to = blocks::end(block);
-      from = __zor::find_range(from, to, value);
-      if (from != to) return blocks::compose(block, from);
-      ++block;
+template <> struct _finder<find_blocks> {
+  template <class _In, class _V> static _In _run(const _In &_first, const _In &_last, const _V &_value) {
+    typedef segmented_iterator_traits<_In> _blocks;
+    typename _blocks::_segment_iterator _block = _blocks::_segment(_first);
+    const typename _blocks::_segment_iterator _last_block = _blocks::_segment(_last);
+    typename _blocks::_local_iterator _from = _blocks::_local(_first);
+    for (; _block != _last_block; _from = _blocks::begin(_block)) {
+      const typename _blocks::_local_iterator _to = _blocks::end(_block);
+      _from = __zor::find_range(_from, _to, _value);
+      if (_from != _to) return _blocks::_compose(_block, _from);
+      ++_block;
     }
-    return blocks::compose(block, __zor::find_range(from, blocks::local(last), value));
+    return _blocks::_compose(_block, __zor::find_range(_from, _blocks::_local(_last), _value));
   }
 };
 
-template <class A, class B, class Equal> A search_each(A first, A last, B other, B other_last, Equal &same) {
-  if (other == other_last) return first;
-  for (;; ++first) {
-    A at = first;
-    for (B wanted = other;; ++at, (void)++wanted) {
-      if (wanted == other_last) return first;
-      if (at == last) return last;
-      if (!same(*at, *wanted)) break;
+template <class _A, class _Bt, class _Equal>
+_A search_each(_A _first, _A _last, _Bt _other, _Bt _other_last, _Equal &_same) {
+  if (_other == _other_last) return _first;
+  for (;; ++_first) {
+    _A _at = _first;
+    for (_Bt _wanted = _other;; ++_at, (void)++_wanted) {
+      if (_wanted == _other_last) return _first;
+      if (_at == _last) return _last;
+      if (!_same(*_at, *_wanted)) break;
     }
   }
 }
 
-}  // namespace functions
+}  // namespace _functions
 }  // namespace __zor
 
 namespace std {
 
-template <class In, class Function> inline Function for_each(In first, In last, Function function) {
-  for (; first != last; ++first) function(*first);
-  return function;
+template <class _In, class _Function> inline _Function for_each(_In _first, _In _last, _Function _function_) {
+  for (; _first != _last; ++_first) _function_(*_first);
+  return _function_;
 }
 
-template <class In, class T> inline In find(In first, In last, const T &value) {
-  return __zor::rewrap(first, __zor::find_range(__zor::unwrap(first), __zor::unwrap(last), value));
+template <class _In, class _T> inline _In find(_In _first, _In _last, const _T &_value) {
+  return __zor::_rewrap(_first, __zor::find_range(__zor::_unwrap(_first), __zor::_unwrap(_last), _value));
 }
-template <class In, class Predicate> inline In find_if(In first, In last, Predicate predicate) {
-  while (first != last && !predicate(*first)) ++first;
-  return first;
+template <class _In, class _Predicate> inline _In find_if(_In _first, _In _last, _Predicate _predicate) {
+  while (_first != _last && !_predicate(*_first)) ++_first;
+  return _first;
 }
 
-template <class A, class B, class Equal> A find_end(A first, A last, B other, B other_last, Equal same) {
-  if (other == other_last) return last;
-  A result = last;
-  for (;; ++first) {
-    A at = first;
-    for (B wanted = other;; ++at, (void)++wanted) {
-      if (wanted == other_last) {
-        result = first;
+template <class _A, class _Bt, class _Equal>
+_A find_end(_A _first, _A _last, _Bt _other, _Bt _other_last, _Equal _same) {
+  if (_other == _other_last) return _last;
+  _A _result = _last;
+  for (;; ++_first) {
+    _A _at = _first;
+    for (_Bt _wanted = _other;; ++_at, (void)++_wanted) {
+      if (_wanted == _other_last) {
+        _result = _first;
         break;
       }
-      if (at == last) return result;
-      if (!same(*at, *wanted)) break;
+      if (_at == _last) return _result;
+      if (!_same(*_at, *_wanted)) break;
     }
   }
 }
-template <class A, class B> inline A find_end(A first, A last, B other, B other_last) {
-  return std::find_end(first, last, other, other_last, __zor::by_equal());
+template <class _A, class _Bt> inline _A find_end(_A _first, _A _last, _Bt _other, _Bt _other_last) {
+  return std::find_end(_first, _last, _other, _other_last, __zor::by_equal());
 }
 
-template <class A, class B, class Equal> A find_first_of(A first, A last, B other, B other_last, Equal same) {
-  for (; first != last; ++first)
-    for (B wanted = other; wanted != other_last; ++wanted)
-      if (same(*first, *wanted)) return first;
-  return last;
+template <class _A, class _Bt, class _Equal>
+_A find_first_of(_A _first, _A _last, _Bt _other, _Bt _other_last, _Equal _same) {
+  for (; _first != _last; ++_first)
+    for (_Bt _wanted = _other; _wanted != _other_last; ++_wanted)
+      if (_same(*_first, *_wanted)) return _first;
+  return _last;
 }
-template <class A, class B> inline A find_first_of(A first, A last, B other, B other_last) {
-  return std::find_first_of(first, last, other, other_last, __zor::by_equal());
-}
-
-template <class Forward, class Equal> Forward adjacent_find(Forward first, Forward last, Equal same) {
-  if (first == last) return last;
-  for (Forward next = first; ++next != last; first = next)
-    if (same(*first, *next)) return first;
-  return last;
-}
-template <class Forward> inline Forward adjacent_find(Forward first, Forward last) {
-  return std::adjacent_find(first, last, __zor::by_equal());
+template <class _A, class _Bt> inline _A find_first_of(_A _first, _A _last, _Bt _other, _Bt _other_last) {
+  return std::find_first_of(_first, _last, _other, _other_last, __zor::by_equal());
 }
 
-template <class In, class T>
-inline typename iterator_traits<In>::difference_type count(In first, In last, const T &value) {
-  typename iterator_traits<In>::difference_type n = 0;
-  for (; first != last; ++first)
-    if (*first == value) ++n;
-  return n;
+template <class _Forward, class _Equal> _Forward adjacent_find(_Forward _first, _Forward _last, _Equal _same) {
+  if (_first == _last) return _last;
+  for (_Forward _next = _first; ++_next != _last; _first = _next)
+    if (_same(*_first, *_next)) return _first;
+  return _last;
 }
-template <class In, class Predicate>
-inline typename iterator_traits<In>::difference_type count_if(In first, In last, Predicate predicate) {
-  typename iterator_traits<In>::difference_type n = 0;
-  for (; first != last; ++first)
-    if (predicate(*first)) ++n;
-  return n;
+template <class _Forward> inline _Forward adjacent_find(_Forward _first, _Forward _last) {
+  return std::adjacent_find(_first, _last, __zor::by_equal());
 }
 
-template <class A, class B, class Equal> inline A search(A first, A last, B other, B other_last, Equal same) {
-  return __zor::search_each(first, last, other, other_last, same);
+template <class _In, class _T>
+inline typename iterator_traits<_In>::difference_type count(_In _first, _In _last, const _T &_value) {
+  typename iterator_traits<_In>::difference_type _n = 0;
+  for (; _first != _last; ++_first)
+    if (*_first == _value) ++_n;
+  return _n;
 }
-template <class A, class B> inline A search(A first, A last, B other, B other_last) {
-  __zor::by_equal same;
-  return __zor::search_each(first, last, other, other_last, same);
+template <class _In, class _Predicate>
+inline typename iterator_traits<_In>::difference_type count_if(_In _first, _In _last, _Predicate _predicate) {
+  typename iterator_traits<_In>::difference_type _n = 0;
+  for (; _first != _last; ++_first)
+    if (_predicate(*_first)) ++_n;
+  return _n;
+}
+
+template <class _A, class _Bt, class _Equal>
+inline _A search(_A _first, _A _last, _Bt _other, _Bt _other_last, _Equal _same) {
+  return __zor::search_each(_first, _last, _other, _other_last, _same);
+}
+template <class _A, class _Bt> inline _A search(_A _first, _A _last, _Bt _other, _Bt _other_last) {
+  __zor::by_equal _same;
+  return __zor::search_each(_first, _last, _other, _other_last, _same);
 }
 
 // A failed run of matches ends at an element that cannot be part of another, so each is looked at once.
-template <class Forward, class Size, class T, class Equal>
-Forward search_n(Forward first, Forward last, Size n, const T &value, Equal same) {
-  if (!(n > 0)) return first;
-  for (; first != last; ++first) {
-    if (!same(*first, value)) continue;
-    Forward at = first;
-    for (Size left = n; --left > 0;) {
-      if (++at == last) return last;
-      if (!same(*at, value)) break;
-      if (left == 1) return first;
+template <class _Forward, class _Size, class _T, class _Equal>
+_Forward search_n(_Forward _first, _Forward _last, _Size _n, const _T &_value, _Equal _same) {
+  if (!(_n > 0)) return _first;
+  for (; _first != _last; ++_first) {
+    if (!_same(*_first, _value)) continue;
+    _Forward _at = _first;
+    for (_Size _left = _n; --_left > 0;) {
+      if (++_at == _last) return _last;
+      if (!_same(*_at, _value)) break;
+      if (_left == 1) return _first;
     }
-    if (n == 1) return first;
-    first = at;
+    if (_n == 1) return _first;
+    _first = _at;
   }
-  return last;
+  return _last;
 }
-template <class Forward, class Size, class T>
-inline Forward search_n(Forward first, Forward last, Size n, const T &value) {
-  return std::search_n(first, last, n, value, __zor::by_equal());
+template <class _Forward, class _Size, class _T>
+inline _Forward search_n(_Forward _first, _Forward _last, _Size _n, const _T &_value) {
+  return std::search_n(_first, _last, _n, _value, __zor::by_equal());
 }
 
 }  // namespace std

@@ -3,7 +3,7 @@
 //
 //   typedef yes is_segmented;
 //   typedef ... segment_iterator;                  steps over blocks: ++, --, ==, !=
-//   typedef T *local_iterator;                     a pointer into a block
+//   typedef _T *local_iterator;                     a pointer into a block
 //   static segment_iterator segment(const It &);   the block of an iterator
 //   static local_iterator local(const It &);       its place there
 //   static local_iterator begin(segment_iterator), end(segment_iterator);
@@ -15,50 +15,48 @@
 
 namespace __zor {
 
-template <class Iterator> struct segmented_iterator_traits {
-  typedef no is_segmented;
-};
+template <class _Iterator> struct segmented_iterator_traits { typedef _no is_segmented; };
 
-// The elements between two such iterators as arrays, one after another. Blocks that lie side by side in memory, as those
-// that a container took in a row often do, are one array.
+// The elements between two such iterators as arrays, one after another. Blocks that lie side by side in memory, as
+// those that a container took in a row often do, are one array.
 //
 //   for (block_runs<It> run(first, last); run.next();) use(run.from, run.to);
-template <class Iterator> class block_runs {
-  typedef segmented_iterator_traits<Iterator> blocks;
+template <class _Iterator> class block_runs {
+  typedef segmented_iterator_traits<_Iterator> _blocks;
 
 public:
-  typedef typename blocks::local_iterator local_iterator;
-  typedef typename blocks::segment_iterator segment_iterator;
+  typedef typename _blocks::_local_iterator _local_iterator;
+  typedef typename _blocks::_segment_iterator _segment_iterator;
 
-  block_runs(const Iterator &first, const Iterator &last)
-      : from(blocks::local(first)),
-        to(from),
-        block_(blocks::segment(first)),
-        last_block_(blocks::segment(last)),
-        last_(blocks::local(last)),
-        begun_(false),
-        done_(false) {}
+  block_runs(const _Iterator &_first, const _Iterator &_last)
+      : _from(_blocks::_local(_first)),
+        _to(_from),
+        _block_(_blocks::_segment(_first)),
+        _last_block_(_blocks::_segment(_last)),
+        _last_(_blocks::_local(_last)),
+        _begun_(false),
+        _done_(false) {}
 
   bool next() {
-    if (done_) return false;
-    if (begun_) from = blocks::begin(block_);
-    begun_ = true;
-    while (block_ != last_block_) {
-      to = blocks::end(block_);
-      ++block_;
-      if (!(blocks::begin(block_) == to)) return true;
+    if (_done_) return false;
+    if (_begun_) _from = _blocks::begin(_block_);
+    _begun_ = true;
+    while (_block_ != _last_block_) {
+      _to = _blocks::end(_block_);
+      ++_block_;
+      if (!(_blocks::begin(_block_) == _to)) return true;
     }
-    to = last_;
-    done_ = true;
+    _to = _last_;
+    _done_ = true;
     return true;
   }
 
-  local_iterator from, to;
+  _local_iterator _from, _to;
 
 private:
-  segment_iterator block_, last_block_;
-  local_iterator last_;
-  bool begun_, done_;
+  _segment_iterator _block_, _last_block_;
+  _local_iterator _last_;
+  bool _begun_, _done_;
 };
 
 }  // namespace __zor

@@ -19,62 +19,62 @@ namespace __zor {
 PLX_API void sequence_out_of_range() PLX_NORETURN_CXX PLX_COLD;  // out_of_range, "Out of range exception occurred"
 PLX_API void sequence_length_error() PLX_NORETURN_CXX PLX_COLD;  // length_error, "Length exception occurred"
 
-// A block of `bytes` from operator new that begins with the first `used` bytes of `block`, which is given up. A null
+// A block of `_bytes` from operator new that begins with the first `_used` bytes of `_block`, which is given up. A null
 // block is none. Throws bad_alloc, and then the block is as it was.
-PLX_API __attribute__((__regparm__(3))) void *grow_block(void *block, size_t used, size_t bytes);
+PLX_API __attribute__((__regparm__(3))) void *grow_block(void *_block, size_t _used, size_t _bytes);
 
-// ---- Types ----------------------------------------------------------------------------------------------------------
+// ---- Types ---------------------------------------------------------------------------------------------------------
 
-template <class A> struct is_standard_allocator { static const bool value = false; };
-template <class T> struct is_standard_allocator<std::allocator<T> > { static const bool value = true; };
+template <class _A> struct is_standard_allocator { static const bool value = false; };
+template <class _T> struct is_standard_allocator<std::allocator<_T> > { static const bool value = true; };
 
-// The road for elements T with the allocator A. Another allocator's construct and destroy are called for each.
-template <class T, class A> struct element_traits {
-  static const bool standard = is_standard_allocator<A>::value;
-  typedef typename truth<standard && is_plain<T>::value>::type plain;
-  typedef typename truth<standard && is_relocatable<T>::value>::type relocatable;
-  typedef typename truth<standard && is_trivially_destroyed<T>::value>::type trivially_destroyed;
+// The road for elements _T with the allocator A. Another allocator's construct and destroy are called for each.
+template <class _T, class _A> struct element_traits {
+  static const bool _standard = is_standard_allocator<_A>::value;
+  typedef typename _truth<_standard && is_plain<_T>::value>::_type _plain;
+  typedef typename _truth<_standard && is_relocatable<_T>::value>::_type _relocatable;
+  typedef typename _truth<_standard && is_trivially_destroyed<_T>::value>::_type _trivially_destroyed;
 };
 
 // How a value goes to a function that is not inline: numbers by value, because a reference would keep the caller's
 // variable in memory.
-template <class T, bool scalar> struct passed_as { typedef const T &type; };
-template <class T> struct passed_as<T, true> { typedef T type; };
-template <class T> struct passed { typedef typename passed_as<T, is_scalar<T>::value>::type type; };
+template <class _T, bool _scalar> struct passed_as { typedef const _T &_type; };
+template <class _T> struct passed_as<_T, true> { typedef _T _type; };
+template <class _T> struct _passed { typedef typename passed_as<_T, is_scalar<_T>::value>::_type _type; };
 
-// Is a range of these iterators an array of T?
-template <class Iterator, class T> struct is_array_of { static const bool value = false; };
-template <class T> struct is_array_of<T *, T> { static const bool value = true; };
-template <class T> struct is_array_of<const T *, T> { static const bool value = true; };
+// Is a range of these iterators an array of _T?
+template <class _Iterator, class _T> struct is_array_of { static const bool value = false; };
+template <class _T> struct is_array_of<_T *, _T> { static const bool value = true; };
+template <class _T> struct is_array_of<const _T *, _T> { static const bool value = true; };
 
-inline void slide_bytes(void *to, const void *from, const void *end) PLX_NOTHROW {
-  memmove(to, from, static_cast<size_t>(static_cast<const char *>(end) - static_cast<const char *>(from)));
+inline void slide_bytes(void *_to, const void *_from, const void *_end) PLX_NOTHROW {
+  memmove(_to, _from, static_cast<size_t>(static_cast<const char *>(_end) - static_cast<const char *>(_from)));
 }
 
-// ---- Destroying -----------------------------------------------------------------------------------------------------
+// ---- Destroying ----------------------------------------------------------------------------------------------------
 
-template <class T, class A> inline void destroy_range(A &, T *, T *, yes) PLX_NOTHROW {}
-template <class T, class A> inline void destroy_range(A &a, T *first, T *last, no) {
-  for (; first != last; ++first) a.destroy(first);
+template <class _T, class _A> inline void destroy_range(_A &, _T *, _T *, _yes) PLX_NOTHROW {}
+template <class _T, class _A> inline void destroy_range(_A &_a, _T *_first, _T *_last, _no) {
+  for (; _first != _last; ++_first) _a.destroy(_first);
 }
-template <class T, class A> inline void destroy_range(A &a, T *first, T *last) {
-  __zor::destroy_range(a, first, last, typename element_traits<T, A>::trivially_destroyed());
+template <class _T, class _A> inline void destroy_range(_A &_a, _T *_first, _T *_last) {
+  __zor::destroy_range(_a, _first, _last, typename element_traits<_T, _A>::_trivially_destroyed());
 }
 
-// ---- Making ---------------------------------------------------------------------------------------------------------
+// ---- Making --------------------------------------------------------------------------------------------------------
 
-// Elements that were made from `first` on; it destroys them unless they are kept.
-template <class T, class A> class made_elements {
+// Elements that were made from `_first` on; it destroys them unless they are kept.
+template <class _T, class _A> class made_elements {
 public:
-  made_elements(A &a, T *const &first) : allocator_(a), first_(first), at(first) {}
-  ~made_elements() { __zor::destroy_range(allocator_, first_, at); }
+  made_elements(_A &_a, _T *const &_first) : _allocator_(_a), _first_(_first), at(_first) {}
+  ~made_elements() { __zor::destroy_range(_allocator_, _first_, at); }
 
-  template <class U> void add(const U &value) {
-    allocator_.construct(at, value);
+  template <class _Ut> void _add(const _Ut &_value) {
+    _allocator_.construct(at, _value);
     ++at;
   }
-  T *keep() {
-    first_ = at;
+  _T *_keep() {
+    _first_ = at;
     return at;
   }
 
@@ -82,86 +82,90 @@ private:
   made_elements(const made_elements &);
   made_elements &operator=(const made_elements &);
 
-  A &allocator_;
-  T *first_;
+  _A &_allocator_;
+  _T *_first_;
 
 public:
-  T *at;
+  _T *at;
 };
 
 // All return the end of what was made. When one throws nothing is left.
 
-template <class T, class A, class Iterator> inline T *make_copies(A &, T *to, Iterator first, Iterator last, yes) {
-  const size_t n = static_cast<size_t>(last - first);
-  if (n != 0) memcpy(static_cast<void *>(to), first, n * sizeof(T));
-  return to + n;
+template <class _T, class _A, class _Iterator>
+inline _T *make_copies(_A &, _T *_to, _Iterator _first, _Iterator _last, _yes) {
+  const size_t _n = static_cast<size_t>(_last - _first);
+  if (_n != 0) memcpy(static_cast<void *>(_to), _first, _n * sizeof(_T));
+  return _to + _n;
 }
-template <class T, class A, class Iterator> inline T *make_copies(A &a, T *to, Iterator first, Iterator last, no) {
-  made_elements<T, A> made(a, to);
-  for (; first != last; ++first) made.add(*first);
-  return made.keep();
+template <class _T, class _A, class _Iterator>
+inline _T *make_copies(_A &_a, _T *_to, _Iterator _first, _Iterator _last, _no) {
+  made_elements<_T, _A> _made(_a, _to);
+  for (; _first != _last; ++_first) _made._add(*_first);
+  return _made._keep();
 }
-template <class T, class A, class Iterator> inline T *make_copies_of(A &a, T *to, Iterator first, Iterator last) {
-  typedef element_traits<T, A> traits;
-  return __zor::make_copies(
-      a, to, first, last,
-      typename truth<same_type<typename traits::plain, yes>::value && is_array_of<Iterator, T>::value>::type());
+template <class _T, class _A, class _Iterator>
+inline _T *make_copies_of(_A &_a, _T *_to, _Iterator _first, _Iterator _last) {
+  typedef element_traits<_T, _A> _traits;
+  return __zor::make_copies(_a, _to, _first, _last,
+                            typename _truth < same_type<typename _traits::_plain, _yes>::value &&
+                                is_array_of<_Iterator, _T>::value > ::_type());
 }
-template <class T, class A, class Iterator> inline T *make_copies(A &a, T *to, Iterator first, Iterator last) {
-  return __zor::make_copies_of(a, to, __zor::unwrap(first), __zor::unwrap(last));
+template <class _T, class _A, class _Iterator>
+inline _T *make_copies(_A &_a, _T *_to, _Iterator _first, _Iterator _last) {
+  return __zor::make_copies_of(_a, _to, __zor::_unwrap(_first), __zor::_unwrap(_last));
 }
 
-template <class T, class A> inline T *make_filled(A &a, T *to, size_t n, const T &value, no) {
-  made_elements<T, A> made(a, to);
-  for (; n != 0; --n) made.add(value);
-  return made.keep();
+template <class _T, class _A> inline _T *make_filled(_A &_a, _T *_to, size_t _n, const _T &_value, _no) {
+  made_elements<_T, _A> _made(_a, _to);
+  for (; _n != 0; --_n) _made._add(_value);
+  return _made._keep();
 }
-template <class T, class A> inline T *make_filled(A &, T *to, size_t n, const T &value, yes) {
-  if (sizeof(T) == 1) {
-    if (n != 0) memset(static_cast<void *>(to), *reinterpret_cast<const unsigned char *>(&value), n);
-    return to + n;
+template <class _T, class _A> inline _T *make_filled(_A &, _T *_to, size_t _n, const _T &_value, _yes) {
+  if (sizeof(_T) == 1) {
+    if (_n != 0) memset(static_cast<void *>(_to), *reinterpret_cast<const unsigned char *>(&_value), _n);
+    return _to + _n;
   }
-  for (T *const end = to + n; to != end; ++to) ::new (static_cast<void *>(to)) T(value);
-  return to;
+  for (_T *const _end = _to + _n; _to != _end; ++_to) ::new (static_cast<void *>(_to)) _T(_value);
+  return _to;
 }
-template <class T, class A> inline T *make_filled(A &a, T *to, size_t n, const T &value) {
-  return __zor::make_filled(a, to, n, value, typename element_traits<T, A>::plain());
+template <class _T, class _A> inline _T *make_filled(_A &_a, _T *_to, size_t _n, const _T &_value) {
+  return __zor::make_filled(_a, _to, _n, _value, typename element_traits<_T, _A>::_plain());
 }
 
 // A copy that is moved elsewhere as bytes afterwards, or destroyed when that did not happen.
-template <class T, class A, class Plain> class held_copy {
+template <class _T, class _A, class _Plain> class held_copy {
 public:
-  held_copy(A &a, const T &value) : allocator_(a), held_(true) { a.construct(object(), value); }
+  held_copy(_A &_a, const _T &_value) : _allocator_(_a), _held_(true) { _a.construct(_object(), _value); }
   ~held_copy() {
-    if (held_) allocator_.destroy(object());
+    if (_held_) _allocator_.destroy(_object());
   }
-  void move_to(T *place) {
-    memcpy(static_cast<void *>(place), storage_, sizeof(T));
-    held_ = false;
+  void _move_to(_T *_place) {
+    memcpy(static_cast<void *>(_place), _storage_, sizeof(_T));
+    _held_ = false;
   }
-  const T &get() { return *object(); }
+  const _T &get() { return *_object(); }
 
 private:
   held_copy(const held_copy &);
   held_copy &operator=(const held_copy &);
-  T *object() { return reinterpret_cast<T *>(storage_); }
+  _T *_object() { return reinterpret_cast<_T *>(_storage_); }
 
-  A &allocator_;
-  bool held_;
-  char storage_[sizeof(T)] __attribute__((__aligned__(__alignof__(T))));
+  _A &_allocator_;
+  bool _held_;
+  char _storage_[sizeof(_T)] __attribute__((__aligned__(__alignof__(_T))));
 };
 
-template <class T, class A> class held_copy<T, A, yes> {
+template <class _T, class _A> class held_copy<_T, _A, _yes> {
 public:
-  held_copy(A &, const T &value) : value_(value) {}
-  void move_to(T *place) { ::new (static_cast<void *>(place)) T(value_); }
-  const T &get() { return value_; }
+  held_copy(_A &, const _T &_value) : _value_(_value) {}
+  void _move_to(_T *_place) { ::new (static_cast<void *>(_place)) _T(_value_); }
+  const _T &get() { return _value_; }
 
 private:
   held_copy(const held_copy &);
   held_copy &operator=(const held_copy &);
 
-  T value_;
+  _T _value_;
 };
 
 }  // namespace __zor

@@ -7,100 +7,104 @@
 
 namespace std {
 
-template <class A, class B, class Compare> bool includes(A first, A last, B other, B other_last, Compare before) {
-  while (first != last && other != other_last) {
-    if (before(*other, *first)) return false;
-    if (!before(*first, *other)) ++other;
-    ++first;
+template <class _A, class _Bt, class _Compare>
+bool includes(_A _first, _A _last, _Bt _other, _Bt _other_last, _Compare _before) {
+  while (_first != _last && _other != _other_last) {
+    if (_before(*_other, *_first)) return false;
+    if (!_before(*_first, *_other)) ++_other;
+    ++_first;
   }
-  return other == other_last;
+  return _other == _other_last;
 }
-template <class A, class B> inline bool includes(A first, A last, B other, B other_last) {
-  return std::includes(first, last, other, other_last, __zor::by_less());
+template <class _A, class _Bt> inline bool includes(_A _first, _A _last, _Bt _other, _Bt _other_last) {
+  return std::includes(_first, _last, _other, _other_last, __zor::by_less());
 }
 
-template <class A, class B, class Out, class Compare>
-Out set_union(A first, A last, B other, B other_last, Out out, Compare before) {
-  for (; first != last && other != other_last; ++out) {
-    if (before(*first, *other)) {
-      *out = *first;
-      ++first;
-    } else if (before(*other, *first)) {
-      *out = *other;
-      ++other;
+template <class _A, class _Bt, class _Out, class _Compare>
+_Out set_union(_A _first, _A _last, _Bt _other, _Bt _other_last, _Out _out, _Compare _before) {
+  for (; _first != _last && _other != _other_last; ++_out) {
+    if (_before(*_first, *_other)) {
+      *_out = *_first;
+      ++_first;
+    } else if (_before(*_other, *_first)) {
+      *_out = *_other;
+      ++_other;
     } else {
-      *out = *first;
-      ++first;
-      ++other;
+      *_out = *_first;
+      ++_first;
+      ++_other;
     }
   }
-  return std::copy(other, other_last, std::copy(first, last, out));
+  return std::copy(_other, _other_last, std::copy(_first, _last, _out));
 }
-template <class A, class B, class Out> inline Out set_union(A first, A last, B other, B other_last, Out out) {
-  return std::set_union(first, last, other, other_last, out, __zor::by_less());
+template <class _A, class _Bt, class _Out>
+inline _Out set_union(_A _first, _A _last, _Bt _other, _Bt _other_last, _Out _out) {
+  return std::set_union(_first, _last, _other, _other_last, _out, __zor::by_less());
 }
 
-template <class A, class B, class Out, class Compare>
-Out set_intersection(A first, A last, B other, B other_last, Out out, Compare before) {
-  while (first != last && other != other_last) {
-    if (before(*first, *other)) {
-      ++first;
-    } else if (before(*other, *first)) {
-      ++other;
+template <class _A, class _Bt, class _Out, class _Compare>
+_Out set_intersection(_A _first, _A _last, _Bt _other, _Bt _other_last, _Out _out, _Compare _before) {
+  while (_first != _last && _other != _other_last) {
+    if (_before(*_first, *_other)) {
+      ++_first;
+    } else if (_before(*_other, *_first)) {
+      ++_other;
     } else {
-      *out = *first;
-      ++out;
-      ++first;
-      ++other;
+      *_out = *_first;
+      ++_out;
+      ++_first;
+      ++_other;
     }
   }
-  return out;
+  return _out;
 }
-template <class A, class B, class Out> inline Out set_intersection(A first, A last, B other, B other_last, Out out) {
-  return std::set_intersection(first, last, other, other_last, out, __zor::by_less());
+template <class _A, class _Bt, class _Out>
+inline _Out set_intersection(_A _first, _A _last, _Bt _other, _Bt _other_last, _Out _out) {
+  return std::set_intersection(_first, _last, _other, _other_last, _out, __zor::by_less());
 }
 
-template <class A, class B, class Out, class Compare>
-Out set_difference(A first, A last, B other, B other_last, Out out, Compare before) {
-  while (first != last && other != other_last) {
-    if (before(*first, *other)) {
-      *out = *first;
-      ++out;
-      ++first;
-    } else if (before(*other, *first)) {
-      ++other;
+template <class _A, class _Bt, class _Out, class _Compare>
+_Out set_difference(_A _first, _A _last, _Bt _other, _Bt _other_last, _Out _out, _Compare _before) {
+  while (_first != _last && _other != _other_last) {
+    if (_before(*_first, *_other)) {
+      *_out = *_first;
+      ++_out;
+      ++_first;
+    } else if (_before(*_other, *_first)) {
+      ++_other;
     } else {
-      ++first;
-      ++other;
+      ++_first;
+      ++_other;
     }
   }
-  return std::copy(first, last, out);
+  return std::copy(_first, _last, _out);
 }
-template <class A, class B, class Out> inline Out set_difference(A first, A last, B other, B other_last, Out out) {
-  return std::set_difference(first, last, other, other_last, out, __zor::by_less());
+template <class _A, class _Bt, class _Out>
+inline _Out set_difference(_A _first, _A _last, _Bt _other, _Bt _other_last, _Out _out) {
+  return std::set_difference(_first, _last, _other, _other_last, _out, __zor::by_less());
 }
 
-template <class A, class B, class Out, class Compare>
-Out set_symmetric_difference(A first, A last, B other, B other_last, Out out, Compare before) {
-  while (first != last && other != other_last) {
-    if (before(*first, *other)) {
-      *out = *first;
-      ++out;
-      ++first;
-    } else if (before(*other, *first)) {
-      *out = *other;
-      ++out;
-      ++other;
+template <class _A, class _Bt, class _Out, class _Compare>
+_Out set_symmetric_difference(_A _first, _A _last, _Bt _other, _Bt _other_last, _Out _out, _Compare _before) {
+  while (_first != _last && _other != _other_last) {
+    if (_before(*_first, *_other)) {
+      *_out = *_first;
+      ++_out;
+      ++_first;
+    } else if (_before(*_other, *_first)) {
+      *_out = *_other;
+      ++_out;
+      ++_other;
     } else {
-      ++first;
-      ++other;
+      ++_first;
+      ++_other;
     }
   }
-  return std::copy(other, other_last, std::copy(first, last, out));
+  return std::copy(_other, _other_last, std::copy(_first, _last, _out));
 }
-template <class A, class B, class Out>
-inline Out set_symmetric_difference(A first, A last, B other, B other_last, Out out) {
-  return std::set_symmetric_difference(first, last, other, other_last, out, __zor::by_less());
+template <class _A, class _Bt, class _Out>
+inline _Out set_symmetric_difference(_A _first, _A _last, _Bt _other, _Bt _other_last, _Out _out) {
+  return std::set_symmetric_difference(_first, _last, _other, _other_last, _out, __zor::by_less());
 }
 
 }  // namespace std

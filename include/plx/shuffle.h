@@ -7,21 +7,21 @@
 
 namespace std {
 
-template <class Random, class Generator> void random_shuffle(Random first, Random last, Generator &below) {
-  typedef typename iterator_traits<Random>::difference_type distance_type;
-  const distance_type n = last - first;
-  for (distance_type i = 1; i < n; ++i) {
-    const distance_type other = static_cast<distance_type>(below(i + 1));
-    if (other != i) std::iter_swap(first + i, first + other);
+template <class _Random, class _Generator> void random_shuffle(_Random _first, _Random _last, _Generator &_below) {
+  typedef typename iterator_traits<_Random>::difference_type _distance_type;
+  const _distance_type _n = _last - _first;
+  for (_distance_type _i = 1; _i < _n; ++_i) {
+    const _distance_type _other = static_cast<_distance_type>(_below(_i + 1));
+    if (_other != _i) std::iter_swap(_first + _i, _first + _other);
   }
 }
 
-template <class Random> void random_shuffle(Random first, Random last) {
-  typedef typename iterator_traits<Random>::difference_type distance_type;
-  const distance_type n = last - first;
-  for (distance_type i = 1; i < n; ++i) {
-    const distance_type other = static_cast<distance_type>(__vexil_rd(static_cast<unsigned long>(i + 1)));
-    if (other != i) std::iter_swap(first + i, first + other);
+template <class _Random> void random_shuffle(_Random _first, _Random _last) {
+  typedef typename iterator_traits<_Random>::difference_type _distance_type;
+  const _distance_type _n = _last - _first;
+  for (_distance_type _i = 1; _i < _n; ++_i) {
+    const _distance_type _other = static_cast<_distance_type>(__vexil_rd(static_cast<unsigned long>(_i + 1)));
+    if (_other != _i) std::iter_swap(_first + _i, _first + _other);
   }
 }
 

@@ -10,16 +10,16 @@ namespace std {
 
 class slice {
 public:
-  slice() PLX_NOTHROW : start_(0), size_(0), stride_(0) {}
-  slice(size_t start, size_t size, size_t stride) PLX_NOTHROW : start_(start), size_(size), stride_(stride) {}
-  size_t start() const PLX_NOTHROW { return start_; }
-  size_t size() const PLX_NOTHROW { return size_; }
-  size_t stride() const PLX_NOTHROW { return stride_; }
+  slice() PLX_NOTHROW : _start_(0), _size_(0), _stride_(0) {}
+  slice(size_t _start, size_t _size, size_t _stride) PLX_NOTHROW : _start_(_start), _size_(_size), _stride_(_stride) {}
+  size_t start() const PLX_NOTHROW { return _start_; }
+  size_t size() const PLX_NOTHROW { return _size_; }
+  size_t stride() const PLX_NOTHROW { return _stride_; }
 
 private:
-  size_t start_;
-  size_t size_;
-  size_t stride_;
+  size_t _start_;
+  size_t _size_;
+  size_t _stride_;
 };
 
 }  // namespace std
@@ -29,12 +29,12 @@ namespace __zor {
 // The places of a slice, as an index.
 class slice_index {
 public:
-  explicit slice_index(const std::slice &places) PLX_NOTHROW : slice_(places) {}
-  size_t size() const PLX_NOTHROW { return slice_.size(); }
-  size_t operator[](size_t i) const PLX_NOTHROW { return slice_.start() + i * slice_.stride(); }
+  explicit slice_index(const std::slice &_places) PLX_NOTHROW : _slice_(_places) {}
+  size_t size() const PLX_NOTHROW { return _slice_.size(); }
+  size_t operator[](size_t _i) const PLX_NOTHROW { return _slice_.start() + _i * _slice_.stride(); }
 
 private:
-  std::slice slice_;
+  std::slice _slice_;
 };
 
 }  // namespace __zor

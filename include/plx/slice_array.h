@@ -1,4 +1,4 @@
-// slice_array<T> (1998, 26.3.5): the elements of a slice. Copies refer to the same elements, assignment copies them.
+// slice_array<_T> (1998, 26.3.5): the elements of a slice. Copies refer to the same elements, assignment copies them.
 #ifndef PLX_SLICE_ARRAY_H
 #define PLX_SLICE_ARRAY_H
 
@@ -6,20 +6,20 @@
 
 namespace std {
 
-template <class T> class slice_array : public __zor::valarray_elements<T, __zor::slice_index> {
-  typedef __zor::valarray_elements<T, __zor::slice_index> base;
+template <class _T> class slice_array : public __zor::valarray_elements<_T, __zor::slice_index> {
+  typedef __zor::valarray_elements<_T, __zor::slice_index> base;
 
 public:
-  slice_array(const slice_array &other) : base(other) {}
+  slice_array(const slice_array &_other) : base(_other) {}
   using base::operator=;
-  const slice_array &operator=(const slice_array &other) const {
-    base::operator=(other);
+  const slice_array &operator=(const slice_array &_other) const {
+    base::operator=(_other);
     return *this;
   }
 
 private:
-  friend class valarray<T>;
-  slice_array(T *data, const __zor::slice_index &places) : base(data, places) {}
+  friend class valarray<_T>;
+  slice_array(_T *_data, const __zor::slice_index &_places) : base(_data, _places) {}
 };
 
 }  // namespace std

@@ -6,45 +6,45 @@
 
 namespace std {
 
-template <class T, class Container = deque<T> > class stack {
+template <class _T, class _Container = deque<_T> > class stack {
 public:
-  typedef typename Container::value_type value_type;
-  typedef typename Container::size_type size_type;
-  typedef Container container_type;
+  typedef typename _Container::value_type value_type;
+  typedef typename _Container::size_type size_type;
+  typedef _Container container_type;
 
-  explicit stack(const Container &elements = Container()) : c(elements) {}
+  explicit stack(const _Container &_elements = _Container()) : c(_elements) {}
 
   bool empty() const { return c.empty(); }
   size_type size() const { return c.size(); }
   value_type &top() { return c.back(); }
   const value_type &top() const { return c.back(); }
-  void push(const value_type &value) { c.push_back(value); }
+  void push(const value_type &_value) { c.push_back(_value); }
   void pop() { c.pop_back(); }
 
-  template <class U, class C> friend bool operator==(const stack<U, C> &, const stack<U, C> &);
-  template <class U, class C> friend bool operator<(const stack<U, C> &, const stack<U, C> &);
+  template <class _Ut, class _Ct> friend bool operator==(const stack<_Ut, _Ct> &, const stack<_Ut, _Ct> &);
+  template <class _Ut, class _Ct> friend bool operator<(const stack<_Ut, _Ct> &, const stack<_Ut, _Ct> &);
 
 protected:
-  Container c;
+  _Container c;
 };
 
-template <class T, class C> inline bool operator==(const stack<T, C> &left, const stack<T, C> &right) {
-  return left.c == right.c;
+template <class _T, class _Ct> inline bool operator==(const stack<_T, _Ct> &_left, const stack<_T, _Ct> &_right) {
+  return _left.c == _right.c;
 }
-template <class T, class C> inline bool operator<(const stack<T, C> &left, const stack<T, C> &right) {
-  return left.c < right.c;
+template <class _T, class _Ct> inline bool operator<(const stack<_T, _Ct> &_left, const stack<_T, _Ct> &_right) {
+  return _left.c < _right.c;
 }
-template <class T, class C> inline bool operator!=(const stack<T, C> &left, const stack<T, C> &right) {
-  return !(left == right);
+template <class _T, class _Ct> inline bool operator!=(const stack<_T, _Ct> &_left, const stack<_T, _Ct> &_right) {
+  return !(_left == _right);
 }
-template <class T, class C> inline bool operator>(const stack<T, C> &left, const stack<T, C> &right) {
-  return right < left;
+template <class _T, class _Ct> inline bool operator>(const stack<_T, _Ct> &_left, const stack<_T, _Ct> &_right) {
+  return _right < _left;
 }
-template <class T, class C> inline bool operator>=(const stack<T, C> &left, const stack<T, C> &right) {
-  return !(left < right);
+template <class _T, class _Ct> inline bool operator>=(const stack<_T, _Ct> &_left, const stack<_T, _Ct> &_right) {
+  return !(_left < _right);
 }
-template <class T, class C> inline bool operator<=(const stack<T, C> &left, const stack<T, C> &right) {
-  return !(right < left);
+template <class _T, class _Ct> inline bool operator<=(const stack<_T, _Ct> &_left, const stack<_T, _Ct> &_right) {
+  return !(_right < _left);
 }
 
 }  // namespace std

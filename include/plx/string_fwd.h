@@ -4,9 +4,9 @@
 
 namespace std {
 
-template <class C> struct char_traits;
-template <class T> class allocator;
-template <class C, class T = char_traits<C>, class A = allocator<C> > class basic_string;
+template <class _Ct> struct char_traits;
+template <class _T> class allocator;
+template <class _Ct, class _T = char_traits<_Ct>, class _A = allocator<_Ct> > class basic_string;
 
 typedef basic_string<char, char_traits<char>, allocator<char> > string;
 typedef basic_string<wchar_t, char_traits<wchar_t>, allocator<wchar_t> > wstring;  // using it is refused

@@ -8,65 +8,67 @@
 
 namespace __zor {
 
-template <class T> struct string_search {
-  typedef unsigned int position;
+template <class _T> struct string_search {
+  typedef unsigned int _position;
 
-  static position find(const b_str_ref *rep, const char *s, position pos, position n) {
-    const position length = rep->length;
-    if (n == 0 || pos > length || n > length - pos) return string_npos;
-    for (; pos <= length - n; ++pos)
-      if (T::compare(rep->data + pos, s, n) == 0) return pos;
+  static _position find(const b_str_ref *_rep, const char *_s, _position _pos, _position _n) {
+    const _position _length = _rep->length;
+    if (_n == 0 || _pos > _length || _n > _length - _pos) return string_npos;
+    for (; _pos <= _length - _n; ++_pos)
+      if (_T::compare(_rep->data + _pos, _s, _n) == 0) return _pos;
     return string_npos;
   }
 
-  static position rfind(const b_str_ref *rep, const char *s, position pos, position n) {
-    const position length = rep->length;
-    if (n == 0 || length < n) return string_npos;
-    if (pos > length - n) pos = length - n;
-    for (++pos; pos-- != 0;)
-      if (T::compare(rep->data + pos, s, n) == 0) return pos;
+  static _position rfind(const b_str_ref *_rep, const char *_s, _position _pos, _position _n) {
+    const _position _length = _rep->length;
+    if (_n == 0 || _length < _n) return string_npos;
+    if (_pos > _length - _n) _pos = _length - _n;
+    for (++_pos; _pos-- != 0;)
+      if (_T::compare(_rep->data + _pos, _s, _n) == 0) return _pos;
     return string_npos;
   }
 
-  static position find_first(const b_str_ref *rep, const char *s, position pos, position n, bool in) {
-    for (; pos < rep->length; ++pos)
-      if ((T::find(s, n, rep->data[pos]) != 0) == in) return pos;
+  static _position _find_first(const b_str_ref *_rep, const char *_s, _position _pos, _position _n, bool _in) {
+    for (; _pos < _rep->length; ++_pos)
+      if ((_T::find(_s, _n, _rep->data[_pos]) != 0) == _in) return _pos;
     return string_npos;
   }
 
-  static position find_last(const b_str_ref *rep, const char *s, position pos, position n, bool in) {
-    for (pos = pos < rep->length ? pos + 1 : rep->length; pos-- != 0;)
-      if ((T::find(s, n, rep->data[pos]) != 0) == in) return pos;
+  static _position _find_last(const b_str_ref *_rep, const char *_s, _position _pos, _position _n, bool _in) {
+    for (_pos = _pos < _rep->length ? _pos + 1 : _rep->length; _pos-- != 0;)
+      if ((_T::find(_s, _n, _rep->data[_pos]) != 0) == _in) return _pos;
     return string_npos;
   }
 
-  static position find_first_of(const b_str_ref *rep, const char *s, position pos, position n) {
-    return find_first(rep, s, pos, n, true);
+  static _position find_first_of(const b_str_ref *_rep, const char *_s, _position _pos, _position _n) {
+    return _find_first(_rep, _s, _pos, _n, true);
   }
-  static position find_last_of(const b_str_ref *rep, const char *s, position pos, position n) {
-    return find_last(rep, s, pos, n, true);
+  static _position find_last_of(const b_str_ref *_rep, const char *_s, _position _pos, _position _n) {
+    return _find_last(_rep, _s, _pos, _n, true);
   }
-  static position find_first_not_of(const b_str_ref *rep, const char *s, position pos, position n) {
-    return find_first(rep, s, pos, n, false);
+  static _position find_first_not_of(const b_str_ref *_rep, const char *_s, _position _pos, _position _n) {
+    return _find_first(_rep, _s, _pos, _n, false);
   }
-  static position find_last_not_of(const b_str_ref *rep, const char *s, position pos, position n) {
-    return find_last(rep, s, pos, n, false);
+  static _position find_last_not_of(const b_str_ref *_rep, const char *_s, _position _pos, _position _n) {
+    return _find_last(_rep, _s, _pos, _n, false);
   }
 };
 
 template <> struct string_search<std::char_traits<char> > {
-  typedef unsigned int position;
+  typedef unsigned int _position;
 
-  PLX_STRING_CALL static position find(const b_str_ref *rep, const char *s, position pos, position n) PLX_NOTHROW;
-  PLX_STRING_CALL static position rfind(const b_str_ref *rep, const char *s, position pos, position n) PLX_NOTHROW;
-  PLX_STRING_CALL static position find_first_of(const b_str_ref *rep, const char *s, position pos,
-                                                position n) PLX_NOTHROW;
-  PLX_STRING_CALL static position find_last_of(const b_str_ref *rep, const char *s, position pos,
-                                               position n) PLX_NOTHROW;
-  PLX_STRING_CALL static position find_first_not_of(const b_str_ref *rep, const char *s, position pos,
-                                                    position n) PLX_NOTHROW;
-  PLX_STRING_CALL static position find_last_not_of(const b_str_ref *rep, const char *s, position pos,
-                                                   position n) PLX_NOTHROW;
+  PLX_STRING_CALL static _position find(const b_str_ref *_rep, const char *_s, _position _pos,
+                                        _position _n) PLX_NOTHROW;
+  PLX_STRING_CALL static _position rfind(const b_str_ref *_rep, const char *_s, _position _pos,
+                                         _position _n) PLX_NOTHROW;
+  PLX_STRING_CALL static _position find_first_of(const b_str_ref *_rep, const char *_s, _position _pos,
+                                                 _position _n) PLX_NOTHROW;
+  PLX_STRING_CALL static _position find_last_of(const b_str_ref *_rep, const char *_s, _position _pos,
+                                                _position _n) PLX_NOTHROW;
+  PLX_STRING_CALL static _position find_first_not_of(const b_str_ref *_rep, const char *_s, _position _pos,
+                                                     _position _n) PLX_NOTHROW;
+  PLX_STRING_CALL static _position find_last_not_of(const b_str_ref *_rep, const char *_s, _position _pos,
+                                                    _position _n) PLX_NOTHROW;
 };
 
 }  // namespace __zor

@@ -10,50 +10,52 @@
 
 namespace std {
 
-template <class T> pair<T *, ptrdiff_t> get_temporary_buffer(ptrdiff_t n) PLX_NOTHROW {
-  const ptrdiff_t most = static_cast<ptrdiff_t>(static_cast<size_t>(-1) / 2 / sizeof(T));
-  if (n > most) n = most;
-  for (; n > 0; n /= 2) {
-    void *const block = ::operator new(static_cast<size_t>(n) * sizeof(T), nothrow);
-    if (block) return pair<T *, ptrdiff_t>(static_cast<T *>(block), n);
+template <class _T> pair<_T *, ptrdiff_t> get_temporary_buffer(ptrdiff_t _n) PLX_NOTHROW {
+  const ptrdiff_t _most = static_cast<ptrdiff_t>(static_cast<size_t>(-1) / 2 / sizeof(_T));
+  if (_n > _most) _n = _most;
+  for (; _n > 0; _n /= 2) {
+    void *const _block = ::operator new(static_cast<size_t>(_n) * sizeof(_T), nothrow);
+    if (_block) return pair<_T *, ptrdiff_t>(static_cast<_T *>(_block), _n);
   }
-  return pair<T *, ptrdiff_t>(static_cast<T *>(0), 0);
+  return pair<_T *, ptrdiff_t>(static_cast<_T *>(0), 0);
 }
 
-template <class T> void return_temporary_buffer(T *block) PLX_NOTHROW { ::operator delete(static_cast<void *>(block)); }
+template <class _T> void return_temporary_buffer(_T *_block) PLX_NOTHROW {
+  ::operator delete(static_cast<void *>(_block));
+}
 
 }  // namespace std
 
 namespace __zor {
 
-// Raw memory for up to `wanted` values. What an algorithm makes in it, it also destroys.
-template <class T> class raw_buffer {
+// Raw memory for up to `_wanted` values. What an algorithm makes in it, it also destroys.
+template <class _T> class raw_buffer {
 public:
-  explicit raw_buffer(std::ptrdiff_t wanted) PLX_NOTHROW : block_(std::get_temporary_buffer<T>(wanted)) {}
-  ~raw_buffer() { std::return_temporary_buffer(block_.first); }
+  explicit raw_buffer(std::ptrdiff_t _wanted) PLX_NOTHROW : _block_(std::get_temporary_buffer<_T>(_wanted)) {}
+  ~raw_buffer() { std::return_temporary_buffer(_block_.first); }
 
-  T *begin() const PLX_NOTHROW { return block_.first; }
-  std::ptrdiff_t size() const PLX_NOTHROW { return block_.second; }
+  _T *begin() const PLX_NOTHROW { return _block_.first; }
+  std::ptrdiff_t size() const PLX_NOTHROW { return _block_.second; }
 
 private:
   raw_buffer(const raw_buffer &);
   raw_buffer &operator=(const raw_buffer &);
 
-  std::pair<T *, std::ptrdiff_t> block_;
+  std::pair<_T *, std::ptrdiff_t> _block_;
 };
 
 // Destroys the values in a buffer when the algorithm is done with them, or an exception ends it.
-template <class T> class buffered_values {
+template <class _T> class buffered_values {
 public:
-  buffered_values(T *first, T *last) PLX_NOTHROW : first_(first), last_(last) {}
-  ~buffered_values() { __zor::destroy(first_, last_); }
+  buffered_values(_T *_first, _T *_last) PLX_NOTHROW : _first_(_first), _last_(_last) {}
+  ~buffered_values() { __zor::destroy(_first_, _last_); }
 
 private:
   buffered_values(const buffered_values &);
   buffered_values &operator=(const buffered_values &);
 
-  T *first_;
-  T *last_;
+  _T *_first_;
+  _T *_last_;
 };
 
 }  // namespace __zor

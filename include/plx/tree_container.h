@@ -1,7 +1,8 @@
 // What map, multimap, set and multiset have in common (1998, 23.1.2): everything but construction, insertion and the
 // difference between one and many elements of a key.
 //
-// Iterators stay valid until their own element is erased. operator= and every insertion of one element do all or nothing.
+// Iterators stay valid until their own element is erased. operator= and every insertion of one element do all or
+// nothing.
 #ifndef PLX_TREE_CONTAINER_H
 #define PLX_TREE_CONTAINER_H
 
@@ -12,213 +13,227 @@
 namespace __zor {
 
 struct key_is_first {
-  template <class Value> static const typename Value::first_type &key(const Value &value) PLX_NOTHROW {
-    return value.first;
+  template <class _Value> static const typename _Value::first_type &_key(const _Value &_value) PLX_NOTHROW {
+    return _value.first;
   }
 };
 struct key_is_all {
-  template <class Value> static const Value &key(const Value &value) PLX_NOTHROW { return value; }
+  template <class _Value> static const _Value &_key(const _Value &_value) PLX_NOTHROW { return _value; }
 };
 
-// `ShownValue` is what iterators refer to: a set's elements are keys, and never change.
-template <class Key, class Value, class ShownValue, class KeyOf, class Compare, class A> class tree_container {
+// `_ShownValue` is what iterators refer to: a set's elements are keys, and never change.
+template <class _Key, class _Value, class _ShownValue, class _KeyOf, class _Compare, class _A> class tree_container {
 public:
-  typedef Key key_type;
-  typedef Value value_type;
-  typedef Compare key_compare;
-  typedef A allocator_type;
-  typedef typename A::reference reference;
-  typedef typename A::const_reference const_reference;
-  typedef typename A::pointer pointer;
-  typedef typename A::const_pointer const_pointer;
-  typedef typename A::size_type size_type;
-  typedef typename A::difference_type difference_type;
+  typedef _Key key_type;
+  typedef _Value value_type;
+  typedef _Compare key_compare;
+  typedef _A allocator_type;
+  typedef typename _A::reference reference;
+  typedef typename _A::const_reference const_reference;
+  typedef typename _A::pointer pointer;
+  typedef typename _A::const_pointer const_pointer;
+  typedef typename _A::size_type size_type;
+  typedef typename _A::difference_type difference_type;
 
 protected:
-  typedef rb_tree<Key, Value, KeyOf, Compare, A> tree;
+  typedef rb_tree<_Key, _Value, _KeyOf, _Compare, _A> _tree;
 
 public:
-  typedef tree_iterator<typename tree::typed_node, ShownValue> iterator;
-  typedef tree_iterator<typename tree::typed_node, const Value> const_iterator;
+  typedef tree_iterator<typename _tree::_typed_node, _ShownValue> iterator;
+  typedef tree_iterator<typename _tree::_typed_node, const _Value> const_iterator;
   typedef std::reverse_iterator<iterator> reverse_iterator;
   typedef std::reverse_iterator<const_iterator> const_reverse_iterator;
 
-  iterator begin() PLX_NOTHROW { return tree_.begin(); }
-  const_iterator begin() const PLX_NOTHROW { return tree_.begin(); }
-  iterator end() PLX_NOTHROW { return tree_.end(); }
-  const_iterator end() const PLX_NOTHROW { return tree_.end(); }
+  iterator begin() PLX_NOTHROW { return _tree_.begin(); }
+  const_iterator begin() const PLX_NOTHROW { return _tree_.begin(); }
+  iterator end() PLX_NOTHROW { return _tree_.end(); }
+  const_iterator end() const PLX_NOTHROW { return _tree_.end(); }
   reverse_iterator rbegin() PLX_NOTHROW { return reverse_iterator(end()); }
   const_reverse_iterator rbegin() const PLX_NOTHROW { return const_reverse_iterator(end()); }
   reverse_iterator rend() PLX_NOTHROW { return reverse_iterator(begin()); }
   const_reverse_iterator rend() const PLX_NOTHROW { return const_reverse_iterator(begin()); }
 
-  bool empty() const PLX_NOTHROW { return tree_.size() == 0; }
-  size_type size() const PLX_NOTHROW { return tree_.size(); }
-  size_type max_size() const PLX_NOTHROW {
-    return static_cast<size_type>(-1) / sizeof(typename tree::typed_node);
-  }
-  allocator_type get_allocator() const { return tree_.get_allocator(); }
-  key_compare key_comp() const { return tree_.key_comp(); }
+  bool empty() const PLX_NOTHROW { return _tree_.size() == 0; }
+  size_type size() const PLX_NOTHROW { return _tree_.size(); }
+  size_type max_size() const PLX_NOTHROW { return static_cast<size_type>(-1) / sizeof(typename _tree::_typed_node); }
+  allocator_type get_allocator() const { return _tree_.get_allocator(); }
+  key_compare key_comp() const { return _tree_.key_comp(); }
 
   // To the element behind it, as later standards have it.
-  iterator erase(iterator at) { return tree_.erase(inner(at)); }
-  iterator erase(iterator first, iterator last) {
-    tree_.erase(inner(first), inner(last));
-    return last;
+  iterator erase(iterator _at) { return _tree_.erase(_inner(_at)); }
+  iterator erase(iterator _first, iterator _last) {
+    _tree_.erase(_inner(_first), _inner(_last));
+    return _last;
   }
-  void clear() { tree_.clear(); }
+  void clear() { _tree_.clear(); }
 
-  iterator find(const key_type &key) { return tree_.find(key); }
-  const_iterator find(const key_type &key) const { return tree_.find(key); }
-  iterator lower_bound(const key_type &key) { return tree_.lower_bound(key); }
-  const_iterator lower_bound(const key_type &key) const { return tree_.lower_bound(key); }
-  iterator upper_bound(const key_type &key) { return tree_.upper_bound(key); }
-  const_iterator upper_bound(const key_type &key) const { return tree_.upper_bound(key); }
+  iterator find(const key_type &_key) { return _tree_.find(_key); }
+  const_iterator find(const key_type &_key) const { return _tree_.find(_key); }
+  iterator lower_bound(const key_type &_key) { return _tree_.lower_bound(_key); }
+  const_iterator lower_bound(const key_type &_key) const { return _tree_.lower_bound(_key); }
+  iterator upper_bound(const key_type &_key) { return _tree_.upper_bound(_key); }
+  const_iterator upper_bound(const key_type &_key) const { return _tree_.upper_bound(_key); }
 
 protected:
-  typedef typename tree::iterator inner_iterator;
+  typedef typename _tree::iterator _inner_iterator;
 
-  tree_container(const Compare &compare, const A &allocator) : tree_(compare, allocator) {}
+  tree_container(const _Compare &_compare, const _A &_allocator) : _tree_(_compare, _allocator) {}
 
   // The other way round, from a set's iterator too, which shows less.
-  static inner_iterator inner(iterator at) PLX_NOTHROW { return inner_iterator(at.base()); }
+  static _inner_iterator _inner(iterator _at) PLX_NOTHROW { return _inner_iterator(_at.base()); }
 
-  tree tree_;
+  _tree _tree_;
 };
 
 // Those with one element at most for each key.
-template <class Key, class Value, class ShownValue, class KeyOf, class Compare, class A>
-class unique_tree_container : public tree_container<Key, Value, ShownValue, KeyOf, Compare, A> {
-  typedef tree_container<Key, Value, ShownValue, KeyOf, Compare, A> base;
+template <class _Key, class _Value, class _ShownValue, class _KeyOf, class _Compare, class _A>
+class unique_tree_container : public tree_container<_Key, _Value, _ShownValue, _KeyOf, _Compare, _A> {
+  typedef tree_container<_Key, _Value, _ShownValue, _KeyOf, _Compare, _A> base;
 
 public:
   typedef typename base::iterator iterator;
   typedef typename base::const_iterator const_iterator;
   typedef typename base::size_type size_type;
 
-  std::pair<iterator, bool> insert(const Value &value) {
-    bool inserted;
-    const iterator at = this->tree_.insert_unique(value, inserted);
-    return std::pair<iterator, bool>(at, inserted);
+  std::pair<iterator, bool> insert(const _Value &_value) {
+    bool _inserted;
+    const iterator _at = this->_tree_.insert_unique(_value, _inserted);
+    return std::pair<iterator, bool>(_at, _inserted);
   }
-  iterator insert(iterator hint, const Value &value) { return this->tree_.insert_unique(base::inner(hint), value); }
+  iterator insert(iterator _hint, const _Value &_value) {
+    return this->_tree_.insert_unique(base::_inner(_hint), _value);
+  }
 
   // A sorted range goes in without a search.
-  template <class InputIterator> void insert(InputIterator first, InputIterator last) {
-    for (; first != last; ++first) this->tree_.insert_unique(this->tree_.end(), *first);
+  template <class _InputIterator> void insert(_InputIterator _first, _InputIterator _last) {
+    for (; _first != _last; ++_first) this->_tree_.insert_unique(this->_tree_.end(), *_first);
   }
 
   using base::erase;
-  size_type erase(const Key &key) {
-    const typename base::inner_iterator at = this->tree_.find(key);
-    if (at == this->tree_.end()) return 0;
-    this->tree_.erase(at);
+  size_type erase(const _Key &_key) {
+    const typename base::_inner_iterator _at = this->_tree_.find(_key);
+    if (_at == this->_tree_.end()) return 0;
+    this->_tree_.erase(_at);
     return 1;
   }
 
-  size_type count(const Key &key) const { return this->tree_.find(key) != this->tree_.end(); }
+  size_type count(const _Key &_key) const { return this->_tree_.find(_key) != this->_tree_.end(); }
 
-  std::pair<iterator, iterator> equal_range(const Key &key) {
-    const typename base::inner_iterator lower = this->tree_.lower_bound(key);
-    return std::pair<iterator, iterator>(lower, this->tree_.upper_of_unique(lower, key));
+  std::pair<iterator, iterator> equal_range(const _Key &_key) {
+    const typename base::_inner_iterator _lower = this->_tree_.lower_bound(_key);
+    return std::pair<iterator, iterator>(_lower, this->_tree_._upper_of_unique(_lower, _key));
   }
-  std::pair<const_iterator, const_iterator> equal_range(const Key &key) const {
-    const typename base::inner_iterator lower = this->tree_.lower_bound(key);
-    return std::pair<const_iterator, const_iterator>(lower, this->tree_.upper_of_unique(lower, key));
+  std::pair<const_iterator, const_iterator> equal_range(const _Key &_key) const {
+    const typename base::_inner_iterator _lower = this->_tree_.lower_bound(_key);
+    return std::pair<const_iterator, const_iterator>(_lower, this->_tree_._upper_of_unique(_lower, _key));
   }
 
 protected:
-  unique_tree_container(const Compare &compare, const A &allocator) : base(compare, allocator) {}
+  unique_tree_container(const _Compare &_compare, const _A &_allocator) : base(_compare, _allocator) {}
 };
 
 // Those with any number. Elements of equal keys stay in the order of their insertion.
-template <class Key, class Value, class ShownValue, class KeyOf, class Compare, class A>
-class multi_tree_container : public tree_container<Key, Value, ShownValue, KeyOf, Compare, A> {
-  typedef tree_container<Key, Value, ShownValue, KeyOf, Compare, A> base;
+template <class _Key, class _Value, class _ShownValue, class _KeyOf, class _Compare, class _A>
+class multi_tree_container : public tree_container<_Key, _Value, _ShownValue, _KeyOf, _Compare, _A> {
+  typedef tree_container<_Key, _Value, _ShownValue, _KeyOf, _Compare, _A> base;
 
 public:
   typedef typename base::iterator iterator;
   typedef typename base::const_iterator const_iterator;
   typedef typename base::size_type size_type;
 
-  iterator insert(const Value &value) { return this->tree_.insert_equal(value); }
-  iterator insert(iterator hint, const Value &value) { return this->tree_.insert_equal(base::inner(hint), value); }
-  template <class InputIterator> void insert(InputIterator first, InputIterator last) {
-    for (; first != last; ++first) this->tree_.insert_equal(this->tree_.end(), *first);
+  iterator insert(const _Value &_value) { return this->_tree_.insert_equal(_value); }
+  iterator insert(iterator _hint, const _Value &_value) {
+    return this->_tree_.insert_equal(base::_inner(_hint), _value);
+  }
+  template <class _InputIterator> void insert(_InputIterator _first, _InputIterator _last) {
+    for (; _first != _last; ++_first) this->_tree_.insert_equal(this->_tree_.end(), *_first);
   }
 
   using base::erase;
-  size_type erase(const Key &key) {
-    const typename base::inner_iterator first = this->tree_.lower_bound(key);
-    return this->tree_.erase(first, this->tree_.upper_bound(key));
+  size_type erase(const _Key &_key) {
+    const typename base::_inner_iterator _first = this->_tree_.lower_bound(_key);
+    return this->_tree_.erase(_first, this->_tree_.upper_bound(_key));
   }
 
-  size_type count(const Key &key) const {
-    const typename base::inner_iterator first = this->tree_.lower_bound(key);
-    return base::tree::count(first, this->tree_.upper_bound(key));
+  size_type count(const _Key &_key) const {
+    const typename base::_inner_iterator _first = this->_tree_.lower_bound(_key);
+    return base::_tree::count(_first, this->_tree_.upper_bound(_key));
   }
 
-  std::pair<iterator, iterator> equal_range(const Key &key) {
-    return std::pair<iterator, iterator>(this->lower_bound(key), this->upper_bound(key));
+  std::pair<iterator, iterator> equal_range(const _Key &_key) {
+    return std::pair<iterator, iterator>(this->lower_bound(_key), this->upper_bound(_key));
   }
-  std::pair<const_iterator, const_iterator> equal_range(const Key &key) const {
-    return std::pair<const_iterator, const_iterator>(this->lower_bound(key), this->upper_bound(key));
+  std::pair<const_iterator, const_iterator> equal_range(const _Key &_key) const {
+    return std::pair<const_iterator, const_iterator>(this->lower_bound(_key), this->upper_bound(_key));
   }
 
 protected:
-  multi_tree_container(const Compare &compare, const A &allocator) : base(compare, allocator) {}
+  multi_tree_container(const _Compare &_compare, const _A &_allocator) : base(_compare, _allocator) {}
 };
 
 // ---- Operators ---------------------------------------------------------------------------------------------------
 
-template <class K, class V, class S, class F, class C, class A>
-inline bool operator==(const unique_tree_container<K, V, S, F, C, A> &left, const unique_tree_container<K, V, S, F, C, A> &right) {
-  return left.size() == right.size() && std::equal(left.begin(), left.end(), right.begin());
+template <class _K, class _V, class _St, class _F, class _Ct, class _A>
+inline bool operator==(const unique_tree_container<_K, _V, _St, _F, _Ct, _A> &_left,
+                       const unique_tree_container<_K, _V, _St, _F, _Ct, _A> &_right) {
+  return _left.size() == _right.size() && std::equal(_left.begin(), _left.end(), _right.begin());
 }
-template <class K, class V, class S, class F, class C, class A>
-inline bool operator<(const unique_tree_container<K, V, S, F, C, A> &left, const unique_tree_container<K, V, S, F, C, A> &right) {
-  return std::lexicographical_compare(left.begin(), left.end(), right.begin(), right.end());
+template <class _K, class _V, class _St, class _F, class _Ct, class _A>
+inline bool operator<(const unique_tree_container<_K, _V, _St, _F, _Ct, _A> &_left,
+                      const unique_tree_container<_K, _V, _St, _F, _Ct, _A> &_right) {
+  return std::lexicographical_compare(_left.begin(), _left.end(), _right.begin(), _right.end());
 }
-template <class K, class V, class S, class F, class C, class A>
-inline bool operator!=(const unique_tree_container<K, V, S, F, C, A> &left, const unique_tree_container<K, V, S, F, C, A> &right) {
-  return !(left == right);
+template <class _K, class _V, class _St, class _F, class _Ct, class _A>
+inline bool operator!=(const unique_tree_container<_K, _V, _St, _F, _Ct, _A> &_left,
+                       const unique_tree_container<_K, _V, _St, _F, _Ct, _A> &_right) {
+  return !(_left == _right);
 }
-template <class K, class V, class S, class F, class C, class A>
-inline bool operator>(const unique_tree_container<K, V, S, F, C, A> &left, const unique_tree_container<K, V, S, F, C, A> &right) {
-  return right < left;
+template <class _K, class _V, class _St, class _F, class _Ct, class _A>
+inline bool operator>(const unique_tree_container<_K, _V, _St, _F, _Ct, _A> &_left,
+                      const unique_tree_container<_K, _V, _St, _F, _Ct, _A> &_right) {
+  return _right < _left;
 }
-template <class K, class V, class S, class F, class C, class A>
-inline bool operator<=(const unique_tree_container<K, V, S, F, C, A> &left, const unique_tree_container<K, V, S, F, C, A> &right) {
-  return !(right < left);
+template <class _K, class _V, class _St, class _F, class _Ct, class _A>
+inline bool operator<=(const unique_tree_container<_K, _V, _St, _F, _Ct, _A> &_left,
+                       const unique_tree_container<_K, _V, _St, _F, _Ct, _A> &_right) {
+  return !(_right < _left);
 }
-template <class K, class V, class S, class F, class C, class A>
-inline bool operator>=(const unique_tree_container<K, V, S, F, C, A> &left, const unique_tree_container<K, V, S, F, C, A> &right) {
-  return !(left < right);
+template <class _K, class _V, class _St, class _F, class _Ct, class _A>
+inline bool operator>=(const unique_tree_container<_K, _V, _St, _F, _Ct, _A> &_left,
+                       const unique_tree_container<_K, _V, _St, _F, _Ct, _A> &_right) {
+  return !(_left < _right);
 }
 
-template <class K, class V, class S, class F, class C, class A>
-inline bool operator==(const multi_tree_container<K, V, S, F, C, A> &left, const multi_tree_container<K, V, S, F, C, A> &right) {
-  return left.size() == right.size() && std::equal(left.begin(), left.end(), right.begin());
+template <class _K, class _V, class _St, class _F, class _Ct, class _A>
+inline bool operator==(const multi_tree_container<_K, _V, _St, _F, _Ct, _A> &_left,
+                       const multi_tree_container<_K, _V, _St, _F, _Ct, _A> &_right) {
+  return _left.size() == _right.size() && std::equal(_left.begin(), _left.end(), _right.begin());
 }
-template <class K, class V, class S, class F, class C, class A>
-inline bool operator<(const multi_tree_container<K, V, S, F, C, A> &left, const multi_tree_container<K, V, S, F, C, A> &right) {
-  return std::lexicographical_compare(left.begin(), left.end(), right.begin(), right.end());
+template <class _K, class _V, class _St, class _F, class _Ct, class _A>
+inline bool operator<(const multi_tree_container<_K, _V, _St, _F, _Ct, _A> &_left,
+                      const multi_tree_container<_K, _V, _St, _F, _Ct, _A> &_right) {
+  return std::lexicographical_compare(_left.begin(), _left.end(), _right.begin(), _right.end());
 }
-template <class K, class V, class S, class F, class C, class A>
-inline bool operator!=(const multi_tree_container<K, V, S, F, C, A> &left, const multi_tree_container<K, V, S, F, C, A> &right) {
-  return !(left == right);
+template <class _K, class _V, class _St, class _F, class _Ct, class _A>
+inline bool operator!=(const multi_tree_container<_K, _V, _St, _F, _Ct, _A> &_left,
+                       const multi_tree_container<_K, _V, _St, _F, _Ct, _A> &_right) {
+  return !(_left == _right);
 }
-template <class K, class V, class S, class F, class C, class A>
-inline bool operator>(const multi_tree_container<K, V, S, F, C, A> &left, const multi_tree_container<K, V, S, F, C, A> &right) {
-  return right < left;
+template <class _K, class _V, class _St, class _F, class _Ct, class _A>
+inline bool operator>(const multi_tree_container<_K, _V, _St, _F, _Ct, _A> &_left,
+                      const multi_tree_container<_K, _V, _St, _F, _Ct, _A> &_right) {
+  return _right < _left;
 }
-template <class K, class V, class S, class F, class C, class A>
-inline bool operator<=(const multi_tree_container<K, V, S, F, C, A> &left, const multi_tree_container<K, V, S, F, C, A> &right) {
-  return !(right < left);
+template <class _K, class _V, class _St, class _F, class _Ct, class _A>
+inline bool operator<=(const multi_tree_container<_K, _V, _St, _F, _Ct, _A> &_left,
+                       const multi_tree_container<_K, _V, _St, _F, _Ct, _A> &_right) {
+  return !(_right < _left);
 }
-template <class K, class V, class S, class F, class C, class A>
-inline bool operator>=(const multi_tree_container<K, V, S, F, C, A> &left, const multi_tree_container<K, V, S, F, C, A> &right) {
-  return !(left < right);
+template <class _K, class _V, class _St, class _F, class _Ct, class _A>
+inline bool operator>=(const multi_tree_container<_K, _V, _St, _F, _Ct, _A> &_left,
+                       const multi_tree_container<_K, _V, _St, _F, _Ct, _A> &_right) {
+  return !(_left < _right);
 }
 
 }  // namespace __zor

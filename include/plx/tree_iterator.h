@@ -1,4 +1,4 @@
-// The bidirectional iterator of map, multimap, set and multiset. V is the value type or its const form.
+// The bidirectional iterator of map, multimap, set and multiset. _V is the value type or its const form.
 #ifndef PLX_TREE_ITERATOR_H
 #define PLX_TREE_ITERATOR_H
 
@@ -10,59 +10,57 @@
 namespace __zor {
 
 // What every typed node begins with, what the order of its keys adds, and the value.
-template <class Value, class Digest> struct tree_node : public rb_tree_node_base, public Digest {
-  Value value;
-};
+template <class _Value, class _Digest> struct tree_node : public rb_tree_node_base, public _Digest { _Value value; };
 
 // Knows nothing of the value before it is used: structures hold iterators to their own kind.
-template <class Node, class V> class tree_iterator {
+template <class _Node, class _V> class tree_iterator {
 public:
-  typedef typename without_const<V>::type value_type;
+  typedef typename without_const<_V>::_type value_type;
   typedef std::ptrdiff_t difference_type;
-  typedef V *pointer;
-  typedef V &reference;
+  typedef _V *pointer;
+  typedef _V &reference;
   typedef std::bidirectional_iterator_tag iterator_category;
 
-  tree_iterator() PLX_NOTHROW : at_(0) {}
-  explicit tree_iterator(rb_tree_node_base *at) PLX_NOTHROW : at_(at) {}
+  tree_iterator() PLX_NOTHROW : _at_(0) {}
+  explicit tree_iterator(rb_tree_node_base *_at) PLX_NOTHROW : _at_(_at) {}
 
-  template <class U> tree_iterator(const tree_iterator<Node, U> &other, typename adds_const<V, U>::type = 0) PLX_NOTHROW
-      : at_(other.base()) {}
+  template <class _Ut> tree_iterator(const tree_iterator<_Node, _Ut> &_other,
+                                     typename adds_const<_V, _Ut>::_type = 0) PLX_NOTHROW : _at_(_other.base()) {}
 
-  rb_tree_node_base *base() const PLX_NOTHROW { return at_; }
-  V &operator*() const PLX_NOTHROW { return static_cast<Node *>(at_)->value; }
-  V *operator->() const PLX_NOTHROW { return address_of<V>(static_cast<Node *>(at_)->value); }
+  rb_tree_node_base *base() const PLX_NOTHROW { return _at_; }
+  _V &operator*() const PLX_NOTHROW { return static_cast<_Node *>(_at_)->value; }
+  _V *operator->() const PLX_NOTHROW { return address_of<_V>(static_cast<_Node *>(_at_)->value); }
 
   tree_iterator &operator++() PLX_NOTHROW {
-    at_ = rb_tree_next(at_);
+    _at_ = rb_tree_next(_at_);
     return *this;
   }
   tree_iterator operator++(int) PLX_NOTHROW {
-    tree_iterator before(at_);
-    at_ = rb_tree_next(at_);
-    return before;
+    tree_iterator _before(_at_);
+    _at_ = rb_tree_next(_at_);
+    return _before;
   }
   tree_iterator &operator--() PLX_NOTHROW {
-    at_ = rb_tree_prev(at_);
+    _at_ = rb_tree_prev(_at_);
     return *this;
   }
   tree_iterator operator--(int) PLX_NOTHROW {
-    tree_iterator before(at_);
-    at_ = rb_tree_prev(at_);
-    return before;
+    tree_iterator _before(_at_);
+    _at_ = rb_tree_prev(_at_);
+    return _before;
   }
 
 private:
-  rb_tree_node_base *at_;
+  rb_tree_node_base *_at_;
 };
 
-template <class Node, class V, class U>
-inline bool operator==(const tree_iterator<Node, V> &left, const tree_iterator<Node, U> &right) PLX_NOTHROW {
-  return left.base() == right.base();
+template <class _Node, class _V, class _Ut>
+inline bool operator==(const tree_iterator<_Node, _V> &_left, const tree_iterator<_Node, _Ut> &_right) PLX_NOTHROW {
+  return _left.base() == _right.base();
 }
-template <class Node, class V, class U>
-inline bool operator!=(const tree_iterator<Node, V> &left, const tree_iterator<Node, U> &right) PLX_NOTHROW {
-  return left.base() != right.base();
+template <class _Node, class _V, class _Ut>
+inline bool operator!=(const tree_iterator<_Node, _V> &_left, const tree_iterator<_Node, _Ut> &_right) PLX_NOTHROW {
+  return _left.base() != _right.base();
 }
 
 }  // namespace __zor

@@ -7,40 +7,43 @@
 
 namespace std {
 
-template <class Key, class T, class Compare = less<Key>, class A = allocator<pair<const Key, T> > >
-class multimap : public __zor::multi_tree_container<Key, pair<const Key, T>, pair<const Key, T>, __zor::key_is_first, Compare, A> {
-  typedef __zor::multi_tree_container<Key, pair<const Key, T>, pair<const Key, T>, __zor::key_is_first, Compare, A> base;
+template <class _Key, class _T, class _Compare = less<_Key>, class _A = allocator<pair<const _Key, _T> > >
+class multimap : public __zor::multi_tree_container<_Key, pair<const _Key, _T>, pair<const _Key, _T>,
+                                                    __zor::key_is_first, _Compare, _A> {
+  typedef __zor::multi_tree_container<_Key, pair<const _Key, _T>, pair<const _Key, _T>, __zor::key_is_first, _Compare,
+                                      _A>
+      base;
 
 public:
-  typedef T mapped_type;
+  typedef _T mapped_type;
   typedef typename base::value_type value_type;
 
   class value_compare : public binary_function<value_type, value_type, bool> {
   public:
-    bool operator()(const value_type &left, const value_type &right) const { return comp(left.first, right.first); }
+    bool operator()(const value_type &_left, const value_type &_right) const { return comp(_left.first, _right.first); }
 
   protected:
     friend class multimap;
-    explicit value_compare(Compare c) : comp(c) {}
+    explicit value_compare(_Compare _c) : comp(_c) {}
 
-    Compare comp;
+    _Compare comp;
   };
 
-  explicit multimap(const Compare &compare = Compare(), const A &allocator = A()) : base(compare, allocator) {}
-  template <class InputIterator>
-  multimap(InputIterator first, InputIterator last, const Compare &compare = Compare(), const A &allocator = A())
-      : base(compare, allocator) {
-    this->insert(first, last);
+  explicit multimap(const _Compare &_compare = _Compare(), const _A &_allocator = _A()) : base(_compare, _allocator) {}
+  template <class _InputIterator> multimap(_InputIterator _first, _InputIterator _last,
+                                           const _Compare &_compare = _Compare(), const _A &_allocator = _A())
+      : base(_compare, _allocator) {
+    this->insert(_first, _last);
   }
 
   value_compare value_comp() const { return value_compare(this->key_comp()); }
 
-  void swap(multimap &other) { this->tree_.swap(other.tree_); }
+  void swap(multimap &_other) { this->_tree_.swap(_other._tree_); }
 };
 
-template <class Key, class T, class Compare, class A>
-inline void swap(multimap<Key, T, Compare, A> &left, multimap<Key, T, Compare, A> &right) {
-  left.swap(right);
+template <class _Key, class _T, class _Compare, class _A>
+inline void swap(multimap<_Key, _T, _Compare, _A> &_left, multimap<_Key, _T, _Compare, _A> &_right) {
+  _left.swap(_right);
 }
 
 }  // namespace std

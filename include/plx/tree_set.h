@@ -6,28 +6,28 @@
 
 namespace std {
 
-template <class Key, class Compare = less<Key>, class A = allocator<Key> >
-class set : public __zor::unique_tree_container<Key, Key, const Key, __zor::key_is_all, Compare, A> {
-  typedef __zor::unique_tree_container<Key, Key, const Key, __zor::key_is_all, Compare, A> base;
+template <class _Key, class _Compare = less<_Key>, class _A = allocator<_Key> > class set
+    : public __zor::unique_tree_container<_Key, _Key, const _Key, __zor::key_is_all, _Compare, _A> {
+  typedef __zor::unique_tree_container<_Key, _Key, const _Key, __zor::key_is_all, _Compare, _A> base;
 
 public:
-  typedef Compare value_compare;
+  typedef _Compare value_compare;
 
-  explicit set(const Compare &compare = Compare(), const A &allocator = A()) : base(compare, allocator) {}
-  template <class InputIterator>
-  set(InputIterator first, InputIterator last, const Compare &compare = Compare(), const A &allocator = A())
-      : base(compare, allocator) {
-    this->insert(first, last);
+  explicit set(const _Compare &_compare = _Compare(), const _A &_allocator = _A()) : base(_compare, _allocator) {}
+  template <class _InputIterator>
+  set(_InputIterator _first, _InputIterator _last, const _Compare &_compare = _Compare(), const _A &_allocator = _A())
+      : base(_compare, _allocator) {
+    this->insert(_first, _last);
   }
 
   value_compare value_comp() const { return value_compare(this->key_comp()); }
 
-  void swap(set &other) { this->tree_.swap(other.tree_); }
+  void swap(set &_other) { this->_tree_.swap(_other._tree_); }
 };
 
-template <class Key, class Compare, class A>
-inline void swap(set<Key, Compare, A> &left, set<Key, Compare, A> &right) {
-  left.swap(right);
+template <class _Key, class _Compare, class _A>
+inline void swap(set<_Key, _Compare, _A> &_left, set<_Key, _Compare, _A> &_right) {
+  _left.swap(_right);
 }
 
 }  // namespace std

@@ -9,175 +9,179 @@
 #include <plx/functions.h>
 
 namespace __zor {
-namespace functions {
+namespace _functions {
 
-template <class T> inline void construct(T *place) {
-  ::new (const_cast<void *>(static_cast<const volatile void *>(place))) T();
+template <class _T> inline void construct(_T *_place) {
+  ::new (const_cast<void *>(static_cast<const volatile void *>(_place))) _T();
 }
-template <class T, class V> inline void construct(T *place, const V &value) {
-  ::new (const_cast<void *>(static_cast<const volatile void *>(place))) T(value);
+template <class _T, class _V> inline void construct(_T *_place, const _V &_value) {
+  ::new (const_cast<void *>(static_cast<const volatile void *>(_place))) _T(_value);
 }
 
-template <class T> inline void destroy(T *object) { object->~T(); }
+template <class _T> inline void destroy(_T *_object) { _object->~_T(); }
 
-template <bool trivial> struct destroyer {
-  template <class Forward> static void run(Forward first, Forward last) {
-    for (; first != last; ++first) __zor::destroy(__zor::address_of(*first));
+template <bool _trivial> struct _destroyer {
+  template <class _Forward> static void _run(_Forward _first, _Forward _last) {
+    for (; _first != _last; ++_first) __zor::destroy(__zor::address_of(*_first));
   }
 };
-template <> struct destroyer<true> {
-  template <class Forward> static void run(const Forward &, const Forward &) PLX_NOTHROW {}
+template <> struct _destroyer<true> {
+  template <class _Forward> static void _run(const _Forward &, const _Forward &) PLX_NOTHROW {}
 };
 
-template <class Forward> inline void destroy(Forward first, Forward last) {
-  typedef typename std::iterator_traits<Forward>::value_type value_type;
-  destroyer<is_trivially_destroyed<value_type>::value>::run(first, last);
+template <class _Forward> inline void destroy(_Forward _first, _Forward _last) {
+  typedef typename std::iterator_traits<_Forward>::value_type _value_type;
+  _destroyer<is_trivially_destroyed<_value_type>::value>::_run(_first, _last);
 }
 
 // Destroys [first, current) unless released: `current` goes on with each object made.
-template <class Forward> class construction_guard {
+template <class _Forward> class construction_guard {
 public:
-  explicit construction_guard(const Forward &first) : current(first), first_(first), released_(false) {}
+  explicit construction_guard(const _Forward &_first) : current(_first), _first_(_first), _released_(false) {}
   ~construction_guard() {
-    if (!released_) __zor::destroy(first_, current);
+    if (!_released_) __zor::destroy(_first_, current);
   }
-  void release() PLX_NOTHROW { released_ = true; }
+  void release() PLX_NOTHROW { _released_ = true; }
 
-  Forward current;
+  _Forward current;
 
 private:
   construction_guard(const construction_guard &);
   construction_guard &operator=(const construction_guard &);
 
-  Forward first_;
-  bool released_;
+  _Forward _first_;
+  bool _released_;
 };
 
 // Frees memory that an allocator gave, unless released.
-template <class Allocator> class allocation_guard {
+template <class _Allocator> class allocation_guard {
 public:
-  allocation_guard(Allocator &allocator, typename Allocator::pointer block, typename Allocator::size_type n) PLX_NOTHROW
-      : allocator_(allocator), block_(block), n_(n) {}
+  allocation_guard(_Allocator &_allocator, typename _Allocator::pointer _block,
+                   typename _Allocator::size_type _n) PLX_NOTHROW : _allocator_(_allocator),
+                                                                    _block_(_block),
+                                                                    _n_(_n) {}
   ~allocation_guard() {
-    if (block_) allocator_.deallocate(block_, n_);
+    if (_block_) _allocator_.deallocate(_block_, _n_);
   }
-  typename Allocator::pointer release() PLX_NOTHROW {
-    typename Allocator::pointer block = block_;
-    block_ = 0;
-    return block;
+  typename _Allocator::pointer release() PLX_NOTHROW {
+    typename _Allocator::pointer _block = _block_;
+    _block_ = 0;
+    return _block;
   }
 
 private:
   allocation_guard(const allocation_guard &);
   allocation_guard &operator=(const allocation_guard &);
 
-  Allocator &allocator_;
-  typename Allocator::pointer block_;
-  typename Allocator::size_type n_;
+  _Allocator &_allocator_;
+  typename _Allocator::pointer _block_;
+  typename _Allocator::size_type _n_;
 };
 
 // ---- Copies --------------------------------------------------------------------------------------------------------
 
-template <class In, class Out> struct made_by_assignment {
+template <class _In, class _Out> struct made_by_assignment {
   // Numbers are made by assigning to them, whatever the iterators are.
-  static const bool value = is_arithmetic<typename std::iterator_traits<Out>::value_type>::value &&
-                            is_arithmetic<typename std::iterator_traits<In>::value_type>::value;
+  static const bool value = is_arithmetic<typename std::iterator_traits<_Out>::value_type>::value &&
+                            is_arithmetic<typename std::iterator_traits<_In>::value_type>::value;
 };
-template <class T> struct made_by_assignment<T *, T *> {
-  static const bool value = is_made_as_bytes<T, T &>::value && is_assigned_as_bytes<T, T &>::value;
+template <class _T> struct made_by_assignment<_T *, _T *> {
+  static const bool value = is_made_as_bytes<_T, _T &>::value && is_assigned_as_bytes<_T, _T &>::value;
 };
-template <class T> struct made_by_assignment<const T *, T *> {
-  static const bool value = is_made_as_bytes<T, const T &>::value && is_assigned_as_bytes<T, const T &>::value;
+template <class _T> struct made_by_assignment<const _T *, _T *> {
+  static const bool value = is_made_as_bytes<_T, const _T &>::value && is_assigned_as_bytes<_T, const _T &>::value;
 };
 
-template <bool moving, bool assign> struct uninitialized_copier {
-  template <class In, class Out> static Out run(In first, In last, Out out) {
-    typedef typename std::iterator_traits<Out>::value_type value_type;
-    construction_guard<Out> guard(out);
-    for (; first != last; ++first, (void)++guard.current) {
-      value_type *const place = __zor::address_of(*guard.current);
-      transfer_made(place, first, moving_tag<moving>());
+template <bool _moving, bool _assign> struct uninitialized_copier {
+  template <class _In, class _Out> static _Out _run(_In _first, _In _last, _Out _out) {
+    typedef typename std::iterator_traits<_Out>::value_type _value_type;
+    construction_guard<_Out> _guard(_out);
+    for (; _first != _last; ++_first, (void)++_guard.current) {
+      _value_type *const _place = __zor::address_of(*_guard.current);
+      _transfer_made(_place, _first, _moving_tag<_moving>());
     }
-    guard.release();
-    return guard.current;
+    _guard.release();
+    return _guard.current;
   }
 
 private:
-  template <bool> struct moving_tag {};
-  template <class T, class In> static void transfer_made(T *place, In &from, moving_tag<false>) {
-    ::new (static_cast<void *>(place)) T(*from);
+  template <bool> struct _moving_tag {};
+  template <class _T, class _In> static void _transfer_made(_T *_place, _In &_from, _moving_tag<false>) {
+    ::new (static_cast<void *>(_place)) _T(*_from);
   }
-  template <class T, class In> static void transfer_made(T *place, In &from, moving_tag<true>) {
-    ::new (static_cast<void *>(place)) T(__zor::move_from(from));
+  template <class _T, class _In> static void _transfer_made(_T *_place, _In &_from, _moving_tag<true>) {
+    ::new (static_cast<void *>(_place)) _T(__zor::move_from(_from));
   }
 };
-template <bool moving> struct uninitialized_copier<moving, true> {
-  template <class In, class Out> static Out run(In first, In last, Out out) {
-    return __zor::copy_range<moving>(first, last, out);
+template <bool _moving> struct uninitialized_copier<_moving, true> {
+  template <class _In, class _Out> static _Out _run(_In _first, _In _last, _Out _out) {
+    return __zor::copy_range<_moving>(_first, _last, _out);
   }
 };
 
-template <bool moving, class In, class Out> inline Out uninitialized_copy_range(In first, In last, Out out) {
-  return uninitialized_copier<moving, made_by_assignment<In, Out>::value>::run(first, last, out);
+template <bool _moving, class _In, class _Out> inline _Out uninitialized_copy_range(_In _first, _In _last, _Out _out) {
+  return uninitialized_copier<_moving, made_by_assignment<_In, _Out>::value>::_run(_first, _last, _out);
 }
 
 // As uninitialized_copy, but elements may be moved from where the dialect can: for buffers.
-template <class In, class Out> inline Out uninitialized_move(In first, In last, Out out) {
-  return __zor::rewrap(
-      out, __zor::uninitialized_copy_range<true>(__zor::unwrap(first), __zor::unwrap(last), __zor::unwrap(out)));
+template <class _In, class _Out> inline _Out uninitialized_move(_In _first, _In _last, _Out _out) {
+  return __zor::_rewrap(
+      _out, __zor::uninitialized_copy_range<true>(__zor::_unwrap(_first), __zor::_unwrap(_last), __zor::_unwrap(_out)));
 }
 
 // ---- Fills ---------------------------------------------------------------------------------------------------------
 
-template <class T, class V> struct made_by_fill {
-  static const bool value = (is_arithmetic<T>::value && is_arithmetic<V>::value) ||
-                            (same_type<T, V>::value && is_made_as_bytes<T, const T &>::value &&
-                             is_assigned_as_bytes<T, const T &>::value);
+template <class _T, class _V> struct made_by_fill {
+  static const bool value = (is_arithmetic<_T>::value && is_arithmetic<_V>::value) ||
+                            (same_type<_T, _V>::value && is_made_as_bytes<_T, const _T &>::value &&
+                             is_assigned_as_bytes<_T, const _T &>::value);
 };
 
-template <bool assign> struct uninitialized_filler {
-  template <class Forward, class V> static void range(Forward first, Forward last, const V &value) {
-    construction_guard<Forward> guard(first);
-    for (; guard.current != last; ++guard.current) __zor::construct(__zor::address_of(*guard.current), value);
-    guard.release();
+template <bool _assign> struct uninitialized_filler {
+  template <class _Forward, class _V> static void _range(_Forward _first, _Forward _last, const _V &_value) {
+    construction_guard<_Forward> _guard(_first);
+    for (; _guard.current != _last; ++_guard.current) __zor::construct(__zor::address_of(*_guard.current), _value);
+    _guard.release();
   }
-  template <class Forward, class Size, class V> static Forward counted(Forward first, Size n, const V &value) {
-    construction_guard<Forward> guard(first);
-    for (; n > 0; --n, (void)++guard.current) __zor::construct(__zor::address_of(*guard.current), value);
-    guard.release();
-    return guard.current;
+  template <class _Forward, class _Size, class _V>
+  static _Forward _counted(_Forward _first, _Size _n, const _V &_value) {
+    construction_guard<_Forward> _guard(_first);
+    for (; _n > 0; --_n, (void)++_guard.current) __zor::construct(__zor::address_of(*_guard.current), _value);
+    _guard.release();
+    return _guard.current;
   }
 };
 template <> struct uninitialized_filler<true> {
-  template <class Forward, class V> static void range(Forward first, Forward last, const V &value) {
-    std::fill(first, last, value);
+  template <class _Forward, class _V> static void _range(_Forward _first, _Forward _last, const _V &_value) {
+    std::fill(_first, _last, _value);
   }
-  template <class Forward, class Size, class V> static Forward counted(Forward first, Size n, const V &value) {
-    return std::fill_n(first, n, value);
+  template <class _Forward, class _Size, class _V>
+  static _Forward _counted(_Forward _first, _Size _n, const _V &_value) {
+    return std::fill_n(_first, _n, _value);
   }
 };
 
-}  // namespace functions
+}  // namespace _functions
 }  // namespace __zor
 
 namespace std {
 
-template <class In, class Forward> inline Forward uninitialized_copy(In first, In last, Forward out) {
-  return __zor::rewrap(
-      out, __zor::uninitialized_copy_range<false>(__zor::unwrap(first), __zor::unwrap(last), __zor::unwrap(out)));
+template <class _In, class _Forward> inline _Forward uninitialized_copy(_In _first, _In _last, _Forward _out) {
+  return __zor::_rewrap(_out, __zor::uninitialized_copy_range<false>(__zor::_unwrap(_first), __zor::_unwrap(_last),
+                                                                     __zor::_unwrap(_out)));
 }
 
-template <class Forward, class T> inline void uninitialized_fill(Forward first, Forward last, const T &value) {
-  typedef typename iterator_traits<Forward>::value_type value_type;
-  __zor::uninitialized_filler<__zor::made_by_fill<value_type, T>::value>::range(__zor::unwrap(first),
-                                                                                __zor::unwrap(last), value);
+template <class _Forward, class _T> inline void uninitialized_fill(_Forward _first, _Forward _last, const _T &_value) {
+  typedef typename iterator_traits<_Forward>::value_type _value_type;
+  __zor::uninitialized_filler<__zor::made_by_fill<_value_type, _T>::value>::_range(__zor::_unwrap(_first),
+                                                                                   __zor::_unwrap(_last), _value);
 }
 
-template <class Forward, class Size, class T>
-inline Forward uninitialized_fill_n(Forward first, Size n, const T &value) {
-  typedef typename iterator_traits<Forward>::value_type value_type;
-  return __zor::rewrap(first, __zor::uninitialized_filler<__zor::made_by_fill<value_type, T>::value>::counted(
-                                  __zor::unwrap(first), n, value));
+template <class _Forward, class _Size, class _T>
+inline _Forward uninitialized_fill_n(_Forward _first, _Size _n, const _T &_value) {
+  typedef typename iterator_traits<_Forward>::value_type _value_type;
+  return __zor::_rewrap(_first, __zor::uninitialized_filler<__zor::made_by_fill<_value_type, _T>::value>::_counted(
+                                    __zor::_unwrap(_first), _n, _value));
 }
 
 }  // namespace std

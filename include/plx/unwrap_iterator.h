@@ -7,21 +7,21 @@
 #include <plx/pointer_iterator.h>
 
 namespace __zor {
-namespace functions {
+namespace _functions {
 
-template <class Iterator> struct unwrapped { typedef Iterator type; };
-template <class T> struct unwrapped<pointer_iterator<T> > { typedef T *type; };
+template <class _Iterator> struct _unwrapped { typedef _Iterator _type; };
+template <class _T> struct _unwrapped<pointer_iterator<_T> > { typedef _T *_type; };
 
-template <class Iterator> inline const Iterator &unwrap(const Iterator &at) { return at; }
-template <class T> inline T *unwrap(const pointer_iterator<T> &at) PLX_NOTHROW { return at.base(); }
+template <class _Iterator> inline const _Iterator &_unwrap(const _Iterator &_at) { return _at; }
+template <class _T> inline _T *_unwrap(const pointer_iterator<_T> &_at) PLX_NOTHROW { return _at.base(); }
 
 // The first argument only names the type to go back to.
-template <class Iterator> inline const Iterator &rewrap(const Iterator &, const Iterator &at) { return at; }
-template <class T> inline pointer_iterator<T> rewrap(const pointer_iterator<T> &, T *at) PLX_NOTHROW {
-  return pointer_iterator<T>(at);
+template <class _Iterator> inline const _Iterator &_rewrap(const _Iterator &, const _Iterator &_at) { return _at; }
+template <class _T> inline pointer_iterator<_T> _rewrap(const pointer_iterator<_T> &, _T *_at) PLX_NOTHROW {
+  return pointer_iterator<_T>(_at);
 }
 
-}  // namespace functions
+}  // namespace _functions
 }  // namespace __zor
 
 #endif

@@ -9,16 +9,16 @@
 
 namespace __zor {
 
-template <class T, class Index> class valarray_elements {
-  typedef std::valarray<T> values;
+template <class _T, class _Index> class valarray_elements {
+  typedef std::valarray<_T> _values;
 
 public:
-  typedef T value_type;
+  typedef _T value_type;
 
-  void operator=(const T &value) const { change<assign_operation>(equal_elements<T>(value)); }
+  void operator=(const _T &_value) const { _change<assign_operation>(equal_elements<_T>(_value)); }
 
 #define PLX_VALARRAY_ASSIGNMENT(symbol, operation) \
-  void operator symbol(const values &right) const { change_by<operation>(right); }
+  void operator symbol(const _values &_right) const { _change_by<operation>(_right); }
   PLX_VALARRAY_ASSIGNMENT(=, assign_operation)
   PLX_VALARRAY_ASSIGNMENT(*=, multiply_operation)
   PLX_VALARRAY_ASSIGNMENT(/=, divide_operation)
@@ -33,32 +33,33 @@ public:
 #undef PLX_VALARRAY_ASSIGNMENT
 
 protected:
-  valarray_elements(T *data, const Index &index) : data_(data), index_(index) {}
-  valarray_elements(const valarray_elements &other) : data_(other.data_), index_(other.index_) {}
+  valarray_elements(_T *_data, const _Index &_index) : _data_(_data), _index_(_index) {}
+  valarray_elements(const valarray_elements &_other) : _data_(_other._data_), _index_(_other._index_) {}
 
   // Copies elements, perhaps within one array. Const as all assignments here, or overloading would prefer it to them.
-  void operator=(const valarray_elements &other) const {
-    const chosen_elements<T, Index> chosen(other.data_, other.index_);
-    change_by<assign_operation>(valarrays::expression<T, chosen_elements<T, Index> >(other.index_.size(), chosen));
+  void operator=(const valarray_elements &_other) const {
+    const chosen_elements<_T, _Index> _chosen(_other._data_, _other._index_);
+    _change_by<assign_operation>(
+        valarrays::_expression<_T, chosen_elements<_T, _Index> >(_other._index_.size(), _chosen));
   }
 
 private:
-  friend class std::valarray<T>;
+  friend class std::valarray<_T>;
 
-  template <class Operation, class Source> void change(const Source &source) const {
-    T *const data = data_;
-    for (std::size_t i = 0, n = index_.size(); i < n; ++i) Operation::change(data[index_[i]], source(i));
+  template <class _Operation, class _Source> void _change(const _Source &_source) const {
+    _T *const _data = _data_;
+    for (std::size_t _i = 0, _n = _index_.size(); _i < _n; ++_i) _Operation::_change(_data[_index_[_i]], _source(_i));
   }
-  template <class Operation> void change_by(const values &right) const {
-    const T *const from = valarray_access::data(right);
-    if (from == data_)  // the same array: read before writing
-      change_by<Operation>(values(right));
+  template <class _Operation> void _change_by(const _values &_right) const {
+    const _T *const _from = valarray_access::data(_right);
+    if (_from == _data_)  // the same array: read before writing
+      _change_by<_Operation>(_values(_right));
     else
-      change<Operation>(given_elements<T>(from));
+      _change<_Operation>(given_elements<_T>(_from));
   }
 
-  T *data_;
-  Index index_;
+  _T *_data_;
+  _Index _index_;
 };
 
 }  // namespace __zor

@@ -13,133 +13,135 @@
 namespace std {
 
 class gslice;
-template <class T> class valarray;
+template <class _T> class valarray;
 
 }  // namespace std
 
 namespace __zor {
 
 struct valarray_access {
-  template <class T> static const T *data(const std::valarray<T> &array) PLX_NOTHROW { return array.block_.data(); }
+  template <class _T> static const _T *data(const std::valarray<_T> &_array) PLX_NOTHROW {
+    return _array._block_.data();
+  }
 };
 
 namespace valarrays {
 
-template <class R, class Source> class expression;
+template <class _R, class _Source> class _expression;
 
 // Where an operand's elements come from.
-template <class Operand> struct source_of;
-template <class T> struct source_of<std::valarray<T> > {
-  typedef given_elements<T> type;
-  static type get(const std::valarray<T> &array) PLX_NOTHROW { return type(valarray_access::data(array)); }
+template <class _Operand> struct source_of;
+template <class _T> struct source_of<std::valarray<_T> > {
+  typedef given_elements<_T> _type;
+  static _type get(const std::valarray<_T> &_array) PLX_NOTHROW { return _type(valarray_access::data(_array)); }
 };
-template <class R, class Source> struct source_of<expression<R, Source> > {
-  typedef Source type;
-  static const Source &get(const expression<R, Source> &e) PLX_NOTHROW { return e.source(); }
+template <class _R, class _Source> struct source_of<_expression<_R, _Source> > {
+  typedef _Source _type;
+  static const _Source &get(const _expression<_R, _Source> &_e) PLX_NOTHROW { return _e._source(); }
 };
 
 // The results of an operation on one operand, on two, on an operand and a value.
-template <class R, class Operation, class A> struct of_one {
-  typedef unary_elements<R, Operation, typename source_of<A>::type> source;
-  typedef expression<R, source> type;
-  static type make(const A &a) { return type(a.size(), source(source_of<A>::get(a))); }
+template <class _R, class _Operation, class _A> struct of_one {
+  typedef unary_elements<_R, _Operation, typename source_of<_A>::_type> _source;
+  typedef _expression<_R, _source> _type;
+  static _type _make(const _A &_a) { return _type(_a.size(), _source(source_of<_A>::get(_a))); }
 };
-template <class R, class Operation, class A, class B> struct of_two {
-  typedef binary_elements<R, Operation, typename source_of<A>::type, typename source_of<B>::type> source;
-  typedef expression<R, source> type;
-  static type make(const A &a, const B &b) {
-    return type(a.size(), source(source_of<A>::get(a), source_of<B>::get(b)));
+template <class _R, class _Operation, class _A, class _Bt> struct of_two {
+  typedef binary_elements<_R, _Operation, typename source_of<_A>::_type, typename source_of<_Bt>::_type> _source;
+  typedef _expression<_R, _source> _type;
+  static _type _make(const _A &_a, const _Bt &_b) {
+    return _type(_a.size(), _source(source_of<_A>::get(_a), source_of<_Bt>::get(_b)));
   }
 };
-template <class R, class Operation, class T, class A> struct with_value {
-  typedef binary_elements<R, Operation, typename source_of<A>::type, equal_elements<T> > source;
-  typedef expression<R, source> type;
-  static type make(const A &a, const T &b) {
-    return type(a.size(), source(source_of<A>::get(a), equal_elements<T>(b)));
+template <class _R, class _Operation, class _T, class _A> struct with_value {
+  typedef binary_elements<_R, _Operation, typename source_of<_A>::_type, equal_elements<_T> > _source;
+  typedef _expression<_R, _source> _type;
+  static _type _make(const _A &_a, const _T &_b) {
+    return _type(_a.size(), _source(source_of<_A>::get(_a), equal_elements<_T>(_b)));
   }
 };
-template <class R, class Operation, class T, class A> struct of_value {
-  typedef binary_elements<R, Operation, equal_elements<T>, typename source_of<A>::type> source;
-  typedef expression<R, source> type;
-  static type make(const T &a, const A &b) {
-    return type(b.size(), source(equal_elements<T>(a), source_of<A>::get(b)));
+template <class _R, class _Operation, class _T, class _A> struct of_value {
+  typedef binary_elements<_R, _Operation, equal_elements<_T>, typename source_of<_A>::_type> _source;
+  typedef _expression<_R, _source> _type;
+  static _type _make(const _T &_a, const _A &_b) {
+    return _type(_b.size(), _source(equal_elements<_T>(_a), source_of<_A>::get(_b)));
   }
 };
 
-// The base class of valarray<T> and of expressions with elements of type T.
-template <class T, class Self> class operand {
+// The base class of valarray<_T> and of expressions with elements of type _T.
+template <class _T, class _Self> class _operand {
 public:
-  typedef T value_type;
+  typedef _T value_type;
 
-  const Self &self() const PLX_NOTHROW { return static_cast<const Self &>(*this); }
+  const _Self &_self() const PLX_NOTHROW { return static_cast<const _Self &>(*this); }
 
-  typename of_one<T, plus_operation, Self>::type operator+() const {
-    return of_one<T, plus_operation, Self>::make(self());
+  typename of_one<_T, plus_operation, _Self>::_type operator+() const {
+    return of_one<_T, plus_operation, _Self>::_make(_self());
   }
-  typename of_one<T, minus_operation, Self>::type operator-() const {
-    return of_one<T, minus_operation, Self>::make(self());
+  typename of_one<_T, minus_operation, _Self>::_type operator-() const {
+    return of_one<_T, minus_operation, _Self>::_make(_self());
   }
-  typename of_one<T, complement_operation, Self>::type operator~() const {
-    return of_one<T, complement_operation, Self>::make(self());
+  typename of_one<_T, complement_operation, _Self>::_type operator~() const {
+    return of_one<_T, complement_operation, _Self>::_make(_self());
   }
-  typename of_one<bool, not_operation, Self>::type operator!() const {
-    return of_one<bool, not_operation, Self>::make(self());
+  typename of_one<bool, not_operation, _Self>::_type operator!() const {
+    return of_one<bool, not_operation, _Self>::_make(_self());
   }
 
   // Of operands with an element at least.
 
-  T sum() const {
-    const typename source_of<Self>::type source(source_of<Self>::get(self()));
-    T result(source(0));
-    for (size_t i = 1, n = self().size(); i < n; ++i) result += source(i);
-    return result;
+  _T sum() const {
+    const typename source_of<_Self>::_type _source(source_of<_Self>::get(_self()));
+    _T _result(_source(0));
+    for (size_t _i = 1, _n = _self().size(); _i < _n; ++_i) _result += _source(_i);
+    return _result;
   }
-  T(min)() const {
-    const typename source_of<Self>::type source(source_of<Self>::get(self()));
-    T least(source(0));
-    for (size_t i = 1, n = self().size(); i < n; ++i) {
-      const T &value = source(i);
-      if (value < least) least = value;
+  _T(min)() const {
+    const typename source_of<_Self>::_type _source(source_of<_Self>::get(_self()));
+    _T _least(_source(0));
+    for (size_t _i = 1, _n = _self().size(); _i < _n; ++_i) {
+      const _T &_value = _source(_i);
+      if (_value < _least) _least = _value;
     }
-    return least;
+    return _least;
   }
-  T(max)() const {
-    const typename source_of<Self>::type source(source_of<Self>::get(self()));
-    T most(source(0));
-    for (size_t i = 1, n = self().size(); i < n; ++i) {
-      const T &value = source(i);
-      if (most < value) most = value;
+  _T(max)() const {
+    const typename source_of<_Self>::_type _source(source_of<_Self>::get(_self()));
+    _T _most(_source(0));
+    for (size_t _i = 1, _n = _self().size(); _i < _n; ++_i) {
+      const _T &_value = _source(_i);
+      if (_most < _value) _most = _value;
     }
-    return most;
+    return _most;
   }
 };
 
 // Has the const members of valarray.
-template <class R, class Source> class expression : public operand<R, expression<R, Source> > {
-  typedef std::valarray<R> array;
+template <class _R, class _Source> class _expression : public _operand<_R, _expression<_R, _Source> > {
+  typedef std::valarray<_R> _array;
 
 public:
-  expression(size_t n, const Source &source) : size_(n), source_(source) {}
+  _expression(size_t _n, const _Source &_source) : _size_(_n), _source_(_source) {}
 
-  size_t size() const PLX_NOTHROW { return size_; }
-  const Source &source() const PLX_NOTHROW { return source_; }
+  size_t size() const PLX_NOTHROW { return _size_; }
+  const _Source &_source() const PLX_NOTHROW { return _source_; }
 
-  R operator[](size_t i) const { return source_(i); }
-  array operator[](std::slice places) const { return made()[places]; }
-  array operator[](const std::gslice &places) const { return made()[places]; }
-  array operator[](const std::valarray<bool> &mask) const { return made()[mask]; }
-  array operator[](const std::valarray<size_t> &places) const { return made()[places]; }
+  _R operator[](size_t _i) const { return _source_(_i); }
+  _array operator[](std::slice _places) const { return _made()[_places]; }
+  _array operator[](const std::gslice &_places) const { return _made()[_places]; }
+  _array operator[](const std::valarray<bool> &_mask) const { return _made()[_mask]; }
+  _array operator[](const std::valarray<size_t> &_places) const { return _made()[_places]; }
 
-  array shift(int n) const { return made().shift(n); }
-  array cshift(int n) const { return made().cshift(n); }
-  array apply(R function(R)) const { return made().apply(function); }
-  array apply(R function(const R &)) const { return made().apply(function); }
+  _array shift(int _n) const { return _made().shift(_n); }
+  _array cshift(int _n) const { return _made().cshift(_n); }
+  _array apply(_R _function_(_R)) const { return _made().apply(_function_); }
+  _array apply(_R _function_(const _R &)) const { return _made().apply(_function_); }
 
 private:
-  const array made() const { return array(*this); }
+  const _array _made() const { return _array(*this); }
 
-  size_t size_;
-  Source source_;
+  size_t _size_;
+  _Source _source_;
 };
 
 }  // namespace valarrays

@@ -9,49 +9,49 @@
 namespace __zor {
 
 struct assign_operation {
-  template <class T> static void change(T &a, const T &b) { a = b; }
+  template <class _T> static void _change(_T &_a, const _T &_b) { _a = _b; }
 };
 
 // Two of them have a form for one value too.
 struct plus_operation {
-  template <class T> static T run(const T &a) { return +a; }
-  template <class T> static T run(const T &a, const T &b) { return static_cast<T>(a + b); }
-  template <class T> static void change(T &a, const T &b) { a += b; }
+  template <class _T> static _T _run(const _T &_a) { return +_a; }
+  template <class _T> static _T _run(const _T &_a, const _T &_b) { return static_cast<_T>(_a + _b); }
+  template <class _T> static void _change(_T &_a, const _T &_b) { _a += _b; }
 };
 struct minus_operation {
-  template <class T> static T run(const T &a) { return -a; }
-  template <class T> static T run(const T &a, const T &b) { return static_cast<T>(a - b); }
-  template <class T> static void change(T &a, const T &b) { a -= b; }
+  template <class _T> static _T _run(const _T &_a) { return -_a; }
+  template <class _T> static _T _run(const _T &_a, const _T &_b) { return static_cast<_T>(_a - _b); }
+  template <class _T> static void _change(_T &_a, const _T &_b) { _a -= _b; }
 };
 struct complement_operation {
-  template <class T> static T run(const T &a) { return ~a; }
+  template <class _T> static _T _run(const _T &_a) { return ~_a; }
 };
 struct not_operation {
-  template <class T> static bool run(const T &a) { return !a; }
+  template <class _T> static bool _run(const _T &_a) { return !_a; }
 };
 
-#define PLX_VALARRAY_OPERATION(name, symbol)                                                        \
-  struct name##_operation {                                                                         \
-    template <class T> static T run(const T &a, const T &b) { return static_cast<T>(a symbol b); }  \
-    template <class T> static void change(T &a, const T &b) { a symbol##= b; }                     \
+#define PLX_VALARRAY_OPERATION(name, symbol)                                                                 \
+  struct name##_operation {                                                                                  \
+    template <class _T> static _T _run(const _T &_a, const _T &_b) { return static_cast<_T>(_a symbol _b); } \
+    template <class _T> static void _change(_T &_a, const _T &_b) { _a symbol## = _b; }                      \
   };
-#define PLX_VALARRAY_COMPARISON(name, symbol)                                        \
-  struct name##_operation {                                                          \
-    template <class T> static bool run(const T &a, const T &b) { return a symbol b; } \
+#define PLX_VALARRAY_COMPARISON(name, symbol)                                                 \
+  struct name##_operation {                                                                   \
+    template <class _T> static bool _run(const _T &_a, const _T &_b) { return _a symbol _b; } \
   };
-#define PLX_VALARRAY_UNARY_FUNCTION(name)                     \
-  struct name##_function {                                    \
-    template <class T> static T run(const T &a) {             \
-      using std::name;                                        \
-      return name(a);                                         \
-    }                                                         \
+#define PLX_VALARRAY_UNARY_FUNCTION(name)              \
+  struct name##_function {                             \
+    template <class _T> static _T _run(const _T &_a) { \
+      using std::name;                                 \
+      return name(_a);                                 \
+    }                                                  \
   };
-#define PLX_VALARRAY_BINARY_FUNCTION(name)                        \
-  struct name##_function {                                        \
-    template <class T> static T run(const T &a, const T &b) {     \
-      using std::name;                                            \
-      return name(a, b);                                          \
-    }                                                             \
+#define PLX_VALARRAY_BINARY_FUNCTION(name)                           \
+  struct name##_function {                                           \
+    template <class _T> static _T _run(const _T &_a, const _T &_b) { \
+      using std::name;                                               \
+      return name(_a, _b);                                           \
+    }                                                                \
   };
 
 PLX_VALARRAY_OPERATION(multiply, *)

@@ -11,30 +11,28 @@ namespace valarrays {
 
 // One name in its three forms.
 #define PLX_VALARRAY_BINARY(name, R, operation)                                                                        \
-  template <class T, class A, class B>                                                                                 \
-  inline typename of_two<R, operation, A, B>::type name(const operand<T, A> &a, const operand<T, B> &b) {              \
-    return of_two<R, operation, A, B>::make(a.self(), b.self());                                                       \
+  template <class _T, class _A, class _Bt>                                                                             \
+  inline typename of_two<R, operation, _A, _Bt>::_type name(const _operand<_T, _A> &_a, const _operand<_T, _Bt> &_b) { \
+    return of_two<R, operation, _A, _Bt>::_make(_a._self(), _b._self());                                               \
   }                                                                                                                    \
-  template <class T, class A>                                                                                          \
-  inline typename with_value<R, operation, T, A>::type name(const operand<T, A> &a,                                    \
-                                                            const typename operand<T, A>::value_type &b) {             \
-    return with_value<R, operation, T, A>::make(a.self(), b);                                                          \
+  template <class _T, class _A> inline typename with_value<R, operation, _T, _A>::_type name(                          \
+      const _operand<_T, _A> &_a, const typename _operand<_T, _A>::value_type &_b) {                                   \
+    return with_value<R, operation, _T, _A>::_make(_a._self(), _b);                                                    \
   }                                                                                                                    \
-  template <class T, class A>                                                                                          \
-  inline typename of_value<R, operation, T, A>::type name(const typename operand<T, A>::value_type &a,                 \
-                                                          const operand<T, A> &b) {                                    \
-    return of_value<R, operation, T, A>::make(a, b.self());                                                            \
+  template <class _T, class _A> inline typename of_value<R, operation, _T, _A>::_type name(                            \
+      const typename _operand<_T, _A>::value_type &_a, const _operand<_T, _A> &_b) {                                   \
+    return of_value<R, operation, _T, _A>::_make(_a, _b._self());                                                      \
   }
-PLX_VALARRAY_BINARY(operator*, T, multiply_operation)
-PLX_VALARRAY_BINARY(operator/, T, divide_operation)
-PLX_VALARRAY_BINARY(operator%, T, remainder_operation)
-PLX_VALARRAY_BINARY(operator+, T, plus_operation)
-PLX_VALARRAY_BINARY(operator-, T, minus_operation)
-PLX_VALARRAY_BINARY(operator^, T, xor_operation)
-PLX_VALARRAY_BINARY(operator&, T, and_operation)
-PLX_VALARRAY_BINARY(operator|, T, or_operation)
-PLX_VALARRAY_BINARY(operator<<, T, left_operation)
-PLX_VALARRAY_BINARY(operator>>, T, right_operation)
+PLX_VALARRAY_BINARY(operator*, _T, multiply_operation)
+PLX_VALARRAY_BINARY(operator/, _T, divide_operation)
+PLX_VALARRAY_BINARY(operator%, _T, remainder_operation)
+PLX_VALARRAY_BINARY(operator+, _T, plus_operation)
+PLX_VALARRAY_BINARY(operator-, _T, minus_operation)
+PLX_VALARRAY_BINARY(operator^, _T, xor_operation)
+PLX_VALARRAY_BINARY(operator&, _T, and_operation)
+PLX_VALARRAY_BINARY(operator|, _T, or_operation)
+PLX_VALARRAY_BINARY(operator<<, _T, left_operation)
+PLX_VALARRAY_BINARY(operator>>, _T, right_operation)
 PLX_VALARRAY_BINARY(operator&&, bool, both_operation)
 PLX_VALARRAY_BINARY(operator||, bool, either_operation)
 PLX_VALARRAY_BINARY(operator==, bool, equal_operation)
@@ -43,14 +41,14 @@ PLX_VALARRAY_BINARY(operator<, bool, less_operation)
 PLX_VALARRAY_BINARY(operator>, bool, greater_operation)
 PLX_VALARRAY_BINARY(operator<=, bool, less_equal_operation)
 PLX_VALARRAY_BINARY(operator>=, bool, greater_equal_operation)
-PLX_VALARRAY_BINARY(atan2, T, atan2_function)
-PLX_VALARRAY_BINARY(pow, T, pow_function)
+PLX_VALARRAY_BINARY(atan2, _T, atan2_function)
+PLX_VALARRAY_BINARY(pow, _T, pow_function)
 #undef PLX_VALARRAY_BINARY
 
-#define PLX_VALARRAY_UNARY(name)                                                                        \
-  template <class T, class A>                                                                           \
-  inline typename of_one<T, name##_function, A>::type name(const operand<T, A> &a) {                    \
-    return of_one<T, name##_function, A>::make(a.self());                                               \
+#define PLX_VALARRAY_UNARY(name)                                                            \
+  template <class _T, class _A>                                                             \
+  inline typename of_one<_T, name##_function, _A>::_type name(const _operand<_T, _A> &_a) { \
+    return of_one<_T, name##_function, _A>::_make(_a._self());                              \
   }
 PLX_VALARRAY_UNARY(abs)
 PLX_VALARRAY_UNARY(acos)

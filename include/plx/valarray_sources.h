@@ -9,65 +9,65 @@
 
 namespace __zor {
 
-template <class T> struct default_elements {
-  T operator()(size_t) const { return T(); }
+template <class _T> struct default_elements {
+  _T operator()(size_t) const { return _T(); }
 };
 
-template <class T> struct equal_elements {
-  explicit equal_elements(const T &all) : value(all) {}
-  const T &operator()(size_t) const { return value; }
-  const T value;
+template <class _T> struct equal_elements {
+  explicit equal_elements(const _T &_all) : value(_all) {}
+  const _T &operator()(size_t) const { return value; }
+  const _T value;
 };
 
-template <class T> struct given_elements {
-  explicit given_elements(const T *first) : data(first) {}
-  const T &operator()(size_t i) const { return data[i]; }
-  const T *data;
+template <class _T> struct given_elements {
+  explicit given_elements(const _T *_first) : data(_first) {}
+  const _T &operator()(size_t _i) const { return data[_i]; }
+  const _T *data;
 };
 
 // Those at the places that an index names.
-template <class T, class Index> struct chosen_elements {
-  chosen_elements(const T *first, const Index &places) : data(first), index(places) {}
-  const T &operator()(size_t i) const { return data[index[i]]; }
-  const T *data;
-  const Index &index;
+template <class _T, class _Index> struct chosen_elements {
+  chosen_elements(const _T *_first, const _Index &_places) : data(_first), _index(_places) {}
+  const _T &operator()(size_t _i) const { return data[_index[_i]]; }
+  const _T *data;
+  const _Index &_index;
 };
 
 // Results of an operation, on one source or on two.
-template <class R, class Operation, class Source> struct unary_elements {
-  explicit unary_elements(const Source &of) : source(of) {}
-  R operator()(size_t i) const { return Operation::run(source(i)); }
-  const Source source;
+template <class _R, class _Operation, class _Source> struct unary_elements {
+  explicit unary_elements(const _Source &_of) : _source(_of) {}
+  _R operator()(size_t _i) const { return _Operation::_run(_source(_i)); }
+  const _Source _source;
 };
-template <class R, class Operation, class Left, class Right> struct binary_elements {
-  binary_elements(const Left &a, const Right &b) : left(a), right(b) {}
-  R operator()(size_t i) const { return Operation::run(left(i), right(i)); }
-  const Left left;
-  const Right right;
+template <class _R, class _Operation, class _Left, class _Right> struct binary_elements {
+  binary_elements(const _Left &_a, const _Right &_b) : left(_a), right(_b) {}
+  _R operator()(size_t _i) const { return _Operation::_run(left(_i), right(_i)); }
+  const _Left left;
+  const _Right right;
 };
 
 // Results of a program's function.
-template <class T, class Function> struct applied_elements {
-  applied_elements(const T *first, Function f) : data(first), function(f) {}
-  T operator()(size_t i) const { return function(data[i]); }
-  const T *data;
-  Function function;
+template <class _T, class _Function> struct applied_elements {
+  applied_elements(const _T *_first, _Function _f) : data(_first), _function_(_f) {}
+  _T operator()(size_t _i) const { return _function_(data[_i]); }
+  const _T *data;
+  _Function _function_;
 };
 
-// Element first + i where there is one, otherwise T().
-template <class T> struct shifted_elements {
-  shifted_elements(const T *elements, size_t n, size_t shift) : data(elements), size(n), first(shift) {}
-  T operator()(size_t i) const { return first + i < size ? data[first + i] : T(); }
-  const T *data;
+// Element first + i where there is one, otherwise _T().
+template <class _T> struct shifted_elements {
+  shifted_elements(const _T *_elements, size_t _n, size_t _shift) : data(_elements), size(_n), first(_shift) {}
+  _T operator()(size_t _i) const { return first + _i < size ? data[first + _i] : _T(); }
+  const _T *data;
   size_t size;
   size_t first;  // may stand for a negative number: then it is added modulo 2^32, and small i are not in the array
 };
 
 // Element first + i, counted around; first is less than size.
-template <class T> struct rotated_elements {
-  rotated_elements(const T *elements, size_t n, size_t shift) : data(elements), size(n), first(shift) {}
-  const T &operator()(size_t i) const { return data[i < size - first ? first + i : i - (size - first)]; }
-  const T *data;
+template <class _T> struct rotated_elements {
+  rotated_elements(const _T *_elements, size_t _n, size_t _shift) : data(_elements), size(_n), first(_shift) {}
+  const _T &operator()(size_t _i) const { return data[_i < size - first ? first + _i : _i - (size - first)]; }
+  const _T *data;
   size_t size;
   size_t first;
 };

@@ -1,6 +1,6 @@
 // vector (1998, 23.2.4): elements side by side in one block.
 //
-//     storage_.first         last              limit
+//     _storage_.first         last              limit
 //     +---------------------+-----------------+
 //     | elements            | spare           |
 //     +---------------------+-----------------+
@@ -20,40 +20,40 @@
 namespace __zor {
 
 // The block and its allocator. It frees the block, and does not know which elements live there.
-template <class T, class A> class vector_storage : public A {
+template <class _T, class _A> class vector_storage : public _A {
 public:
-  explicit vector_storage(const A &a) PLX_NOTHROW : A(a), first(0), last(0), limit(0) {}
-  vector_storage(const A &a, size_t room) : A(a), first(0), last(0), limit(0) { take(room); }
+  explicit vector_storage(const _A &_a) PLX_NOTHROW : _A(_a), first(0), _last(0), _limit(0) {}
+  vector_storage(const _A &_a, size_t _room) : _A(_a), first(0), _last(0), _limit(0) { _take(_room); }
   ~vector_storage() {
-    if (first) this->deallocate(first, static_cast<size_t>(limit - first));
+    if (first) this->deallocate(first, static_cast<size_t>(_limit - first));
   }
 
   // Only in a storage without a block.
-  void take(size_t room) {
-    if (room > most()) sequence_length_error();
-    if (room == 0) return;
-    first = last = static_cast<T *>(A::allocate(room));
-    limit = first + room;
+  void _take(size_t _room) {
+    if (_room > _most()) sequence_length_error();
+    if (_room == 0) return;
+    first = _last = static_cast<_T *>(_A::allocate(_room));
+    _limit = first + _room;
   }
 
   // More elements would not fit, or their differences would not.
-  size_t most() const PLX_NOTHROW {
-    const size_t fit = A::max_size(), countable = 0x7FFFFFFFu / sizeof(T);
-    return fit < countable ? fit : countable;
+  size_t _most() const PLX_NOTHROW {
+    const size_t _fit = _A::max_size(), _countable = 0x7FFFFFFFu / sizeof(_T);
+    return _fit < _countable ? _fit : _countable;
   }
 
-  size_t size() const PLX_NOTHROW { return static_cast<size_t>(last - first); }
-  size_t room() const PLX_NOTHROW { return static_cast<size_t>(limit - first); }
+  size_t size() const PLX_NOTHROW { return static_cast<size_t>(_last - first); }
+  size_t _room() const PLX_NOTHROW { return static_cast<size_t>(_limit - first); }
 
-  void swap_blocks(vector_storage &other) PLX_NOTHROW {
-    T *f = first, *l = last, *e = limit;
-    first = other.first, last = other.last, limit = other.limit;
-    other.first = f, other.last = l, other.limit = e;
+  void _swap_blocks(vector_storage &_other) PLX_NOTHROW {
+    _T *_f = first, *_l = _last, *_e = _limit;
+    first = _other.first, _last = _other._last, _limit = _other._limit;
+    _other.first = _f, _other._last = _l, _other._limit = _e;
   }
 
-  T *first;
-  T *last;
-  T *limit;
+  _T *first;
+  _T *_last;
+  _T *_limit;
 
 private:
   vector_storage(const vector_storage &);
@@ -61,105 +61,110 @@ private:
 };
 
 // A place of n elements that was opened between others by moving bytes. When not all of it is filled, it closes again.
-template <class T, class A> class vector_gap {
+template <class _T, class _A> class vector_gap {
 public:
-  vector_gap(vector_storage<T, A> &s, T *const &place, const size_t &n) : storage_(s), begin_(place), end_(place + n), at(place) {
-    memmove(static_cast<void *>(end_), place, static_cast<size_t>(reinterpret_cast<char *>(s.last) - reinterpret_cast<char *>(place)));
-    tail_ = static_cast<size_t>(s.last - place);
-    s.last = place;  // what lies behind the gap has no owner meanwhile
+  vector_gap(vector_storage<_T, _A> &_s, _T *const &_place, const size_t &_n)
+      : _storage_(_s), _begin_(_place), _end_(_place + _n), at(_place) {
+    memmove(static_cast<void *>(_end_), _place,
+            static_cast<size_t>(reinterpret_cast<char *>(_s._last) - reinterpret_cast<char *>(_place)));
+    _tail_ = static_cast<size_t>(_s._last - _place);
+    _s._last = _place;  // what lies behind the gap has no owner meanwhile
   }
   ~vector_gap() {
-    if (at != end_) {
-      destroy_range(static_cast<A &>(storage_), begin_, at);
-      at = begin_;
-      memmove(static_cast<void *>(begin_), end_, tail_ * sizeof(T));
+    if (at != _end_) {
+      destroy_range(static_cast<_A &>(_storage_), _begin_, at);
+      at = _begin_;
+      memmove(static_cast<void *>(_begin_), _end_, _tail_ * sizeof(_T));
     }
-    storage_.last = at + tail_;
+    _storage_._last = at + _tail_;
   }
 
 private:
   vector_gap(const vector_gap &);
   vector_gap &operator=(const vector_gap &);
 
-  vector_storage<T, A> &storage_;
-  T *begin_;
-  T *end_;
-  size_t tail_;
+  vector_storage<_T, _A> &_storage_;
+  _T *_begin_;
+  _T *_end_;
+  size_t _tail_;
 
 public:
-  T *at;  // up to here it is filled
+  _T *at;  // up to here it is filled
 };
 
 }  // namespace __zor
 
 namespace std {
 
-template <class T, class A = allocator<T> > class PLX_API vector {
-  typedef __zor::vector_storage<T, A> storage;
-  typedef typename __zor::element_traits<T, A>::plain plain;
-  typedef typename __zor::element_traits<T, A>::relocatable relocatable;
-  typedef typename __zor::truth<__zor::element_traits<T, A>::standard && __zor::is_scalar<T>::value>::type number;
-  typedef __zor::yes yes;
-  typedef __zor::no no;
+template <class _T, class _A = allocator<_T> > class PLX_API vector {
+  typedef __zor::vector_storage<_T, _A> _storage;
+  typedef typename __zor::element_traits<_T, _A>::_plain _plain;
+  typedef typename __zor::element_traits<_T, _A>::_relocatable _relocatable;
+  typedef
+      typename __zor::_truth<__zor::element_traits<_T, _A>::_standard && __zor::is_scalar<_T>::value>::_type _number;
+  typedef __zor::_yes _yes;
+  typedef __zor::_no _no;
 
 public:
-  typedef T value_type;
-  typedef A allocator_type;
-  typedef typename A::size_type size_type;
-  typedef typename A::difference_type difference_type;
-  typedef typename A::reference reference;
-  typedef typename A::const_reference const_reference;
-  typedef typename A::pointer pointer;
-  typedef typename A::const_pointer const_pointer;
-  typedef __zor::pointer_iterator<T> iterator;
-  typedef __zor::pointer_iterator<const T> const_iterator;
+  typedef _T value_type;
+  typedef _A allocator_type;
+  typedef typename _A::size_type size_type;
+  typedef typename _A::difference_type difference_type;
+  typedef typename _A::reference reference;
+  typedef typename _A::const_reference const_reference;
+  typedef typename _A::pointer pointer;
+  typedef typename _A::const_pointer const_pointer;
+  typedef __zor::pointer_iterator<_T> iterator;
+  typedef __zor::pointer_iterator<const _T> const_iterator;
   typedef std::reverse_iterator<iterator> reverse_iterator;
   typedef std::reverse_iterator<const_iterator> const_reverse_iterator;
 
   // Construction, copying, destruction.
 
-  explicit vector(const A &a = A()) PLX_NOTHROW : storage_(a) {}
-  explicit vector(size_type n, const T &value = T(), const A &a = A()) : storage_(a, n) {
-    storage_.last = __zor::make_filled(alloc(), storage_.first, n, value);
+  explicit vector(const _A &_a = _A()) PLX_NOTHROW : _storage_(_a) {}
+  explicit vector(size_type _n, const _T &_value = _T(), const _A &_a = _A()) : _storage_(_a, _n) {
+    _storage_._last = __zor::make_filled(_alloc(), _storage_.first, _n, _value);
   }
-  template <class Iterator> vector(Iterator first, Iterator last, const A &a = A()) : storage_(a) {
-    initialize(first, last, typename __zor::is_integer<Iterator>::type());
+  template <class _Iterator> vector(_Iterator _first, _Iterator _last, const _A &_a = _A()) : _storage_(_a) {
+    _initialize(_first, _last, typename __zor::is_integer<_Iterator>::_type());
   }
-  vector(const vector &other) : storage_(other.storage_, other.size()) {
-    storage_.last = __zor::make_copies(alloc(), storage_.first, cbegin_(other), cend_(other));
+  vector(const vector &_other) : _storage_(_other._storage_, _other.size()) {
+    _storage_._last = __zor::make_copies(_alloc(), _storage_.first, _cbegin_(_other), _cend_(_other));
   }
-  ~vector() { __zor::destroy_range(alloc(), storage_.first, storage_.last); }
+  ~vector() { __zor::destroy_range(_alloc(), _storage_.first, _storage_._last); }
 
-  vector &operator=(const vector &other) {
-    if (this != &other) assign_sized(cbegin_(other), cend_(other), other.size());
+  vector &operator=(const vector &_other) {
+    if (this != &_other) _assign_sized(_cbegin_(_other), _cend_(_other), _other.size());
     return *this;
   }
 #if __cplusplus >= 201103L
-  vector(vector &&other) noexcept : storage_(other.get_allocator()) { storage_.swap_blocks(other.storage_); }
-  vector &operator=(vector &&other) noexcept {
-    vector taken(static_cast<vector &&>(other));
-    swap(taken);
+  vector(vector &&_other) noexcept : _storage_(_other.get_allocator()) { _storage_._swap_blocks(_other._storage_); }
+  vector &operator=(vector &&_other) noexcept {
+    vector _taken(static_cast<vector &&>(_other));
+    swap(_taken);
     return *this;
   }
-  vector(initializer_list<T> list, const A &a = A()) : storage_(a) { initialize(list.begin(), list.end(), no()); }
-  vector &operator=(initializer_list<T> list) {
-    assign_sized(list.begin(), list.end(), list.size());
+  vector(initializer_list<_T> _list, const _A &_a = _A()) : _storage_(_a) {
+    _initialize(_list.begin(), _list.end(), _no());
+  }
+  vector &operator=(initializer_list<_T> _list) {
+    _assign_sized(_list.begin(), _list.end(), _list.size());
     return *this;
   }
-  void assign(initializer_list<T> list) { assign_sized(list.begin(), list.end(), list.size()); }
+  void assign(initializer_list<_T> _list) { _assign_sized(_list.begin(), _list.end(), _list.size()); }
 #endif
-  template <class Iterator> void assign(Iterator first, Iterator last) {
-    assign_range(first, last, typename __zor::is_integer<Iterator>::type());
+  template <class _Iterator> void assign(_Iterator _first, _Iterator _last) {
+    _assign_range(_first, _last, typename __zor::is_integer<_Iterator>::_type());
   }
-  void assign(size_type n, const T &value) { assign_filled(n, value); }
-  allocator_type get_allocator() const PLX_NOTHROW { return static_cast<const A &>(storage_); }
+  void assign(size_type _n, const _T &_value) { _assign_filled(_n, _value); }
+  allocator_type get_allocator() const PLX_NOTHROW { return static_cast<const _A &>(_storage_); }
 
   // Iterators.
 
-  iterator begin() PLX_NOTHROW { return iterator(storage_.first); }
-  const_iterator begin() const PLX_NOTHROW { return const_iterator(storage_.first); }
-  iterator end() PLX_NOTHROW { return iterator(storage_.last); }
-  const_iterator end() const PLX_NOTHROW { return const_iterator(storage_.last); }
+  iterator begin() PLX_NOTHROW { return iterator(_storage_.first); }
+  const_iterator begin() const PLX_NOTHROW { return const_iterator(_storage_.first); }
+  iterator end() PLX_NOTHROW { return iterator(_storage_._last); }
+  const_iterator end() const PLX_NOTHROW { return const_iterator(_storage_._last); }
   reverse_iterator rbegin() PLX_NOTHROW { return reverse_iterator(end()); }
   const_reverse_iterator rbegin() const PLX_NOTHROW { return const_reverse_iterator(end()); }
   reverse_iterator rend() PLX_NOTHROW { return reverse_iterator(begin()); }
@@ -167,429 +172,439 @@ public:
 #if __cplusplus >= 201103L
   const_iterator cbegin() const noexcept { return begin(); }
   const_iterator cend() const noexcept { return end(); }
-  T *data() noexcept { return storage_.first; }
-  const T *data() const noexcept { return storage_.first; }
+  _T *data() noexcept { return _storage_.first; }
+  const _T *data() const noexcept { return _storage_.first; }
 #endif
 
   // Size.
 
-  size_type size() const PLX_NOTHROW { return storage_.size(); }
-  size_type max_size() const PLX_NOTHROW { return storage_.most(); }
-  void resize(size_type n, T value = T()) {
-    if (n > size())
-      insert_filled(storage_.last, n - size(), value);
+  size_type size() const PLX_NOTHROW { return _storage_.size(); }
+  size_type max_size() const PLX_NOTHROW { return _storage_._most(); }
+  void resize(size_type _n, _T _value = _T()) {
+    if (_n > size())
+      _insert_filled(_storage_._last, _n - size(), _value);
     else
-      cut(storage_.first + n);
+      _cut(_storage_.first + _n);
   }
-  size_type capacity() const PLX_NOTHROW { return storage_.room(); }
-  bool empty() const PLX_NOTHROW { return storage_.first == storage_.last; }
-  void reserve(size_type n) {
-    if (n > capacity()) {
-      if (n > max_size()) __zor::sequence_length_error();
-      grow(n, relocatable());
+  size_type capacity() const PLX_NOTHROW { return _storage_._room(); }
+  bool empty() const PLX_NOTHROW { return _storage_.first == _storage_._last; }
+  void reserve(size_type _n) {
+    if (_n > capacity()) {
+      if (_n > max_size()) __zor::sequence_length_error();
+      _grow(_n, _relocatable());
     }
   }
 
   // Elements.
 
-  reference operator[](size_type n) PLX_NOTHROW { return storage_.first[n]; }
-  const_reference operator[](size_type n) const PLX_NOTHROW { return storage_.first[n]; }
-  reference at(size_type n) {
-    if (n >= size()) __zor::sequence_out_of_range();
-    return storage_.first[n];
+  reference operator[](size_type _n) PLX_NOTHROW { return _storage_.first[_n]; }
+  const_reference operator[](size_type _n) const PLX_NOTHROW { return _storage_.first[_n]; }
+  reference at(size_type _n) {
+    if (_n >= size()) __zor::sequence_out_of_range();
+    return _storage_.first[_n];
   }
-  const_reference at(size_type n) const {
-    if (n >= size()) __zor::sequence_out_of_range();
-    return storage_.first[n];
+  const_reference at(size_type _n) const {
+    if (_n >= size()) __zor::sequence_out_of_range();
+    return _storage_.first[_n];
   }
-  reference front() PLX_NOTHROW { return *storage_.first; }
-  const_reference front() const PLX_NOTHROW { return *storage_.first; }
-  reference back() PLX_NOTHROW { return storage_.last[-1]; }
-  const_reference back() const PLX_NOTHROW { return storage_.last[-1]; }
+  reference front() PLX_NOTHROW { return *_storage_.first; }
+  const_reference front() const PLX_NOTHROW { return *_storage_.first; }
+  reference back() PLX_NOTHROW { return _storage_._last[-1]; }
+  const_reference back() const PLX_NOTHROW { return _storage_._last[-1]; }
 
   // Modifiers. What is inserted may be an element of this vector.
 
-  void push_back(const T &value) { push_back(value, number()); }
-  void pop_back() { storage_.destroy(--storage_.last); }
+  void push_back(const _T &_value) { push_back(_value, _number()); }
+  void pop_back() { _storage_.destroy(--_storage_._last); }
 
-  iterator insert(iterator at, const T &value) {
-    const difference_type n = at.base() - storage_.first;
-    if (storage_.last == storage_.limit)
-      insert_full(at.base(), value);
+  iterator insert(iterator _at, const _T &_value) {
+    const difference_type _n = _at.base() - _storage_.first;
+    if (_storage_._last == _storage_._limit)
+      _insert_full(_at.base(), _value);
     else
-      insert_one(at.base(), value, relocatable());
-    return iterator(storage_.first + n);
+      _insert_one(_at.base(), _value, _relocatable());
+    return iterator(_storage_.first + _n);
   }
-  void insert(iterator at, size_type n, const T &value) { insert_filled(at.base(), n, value); }
-  template <class Iterator> void insert(iterator at, Iterator first, Iterator last) {
-    insert_range(at.base(), first, last, typename __zor::is_integer<Iterator>::type());
+  void insert(iterator _at, size_type _n, const _T &_value) { _insert_filled(_at.base(), _n, _value); }
+  template <class _Iterator> void insert(iterator _at, _Iterator _first, _Iterator _last) {
+    _insert_range(_at.base(), _first, _last, typename __zor::is_integer<_Iterator>::_type());
   }
 #if __cplusplus >= 201103L
-  void insert(iterator at, initializer_list<T> list) { insert_sized(at.base(), list.begin(), list.end(), list.size()); }
+  void insert(iterator _at, initializer_list<_T> _list) {
+    _insert_sized(_at.base(), _list.begin(), _list.end(), _list.size());
+  }
 #endif
 
-  iterator erase(iterator at) { return erase(at, at + 1); }
-  iterator erase(iterator first, iterator last) {
-    if (first != last) close(first.base(), last.base(), relocatable());
-    return first;
+  iterator erase(iterator _at) { return erase(_at, _at + 1); }
+  iterator erase(iterator _first, iterator _last) {
+    if (_first != _last) _close(_first.base(), _last.base(), _relocatable());
+    return _first;
   }
-  void swap(vector &other) PLX_NOTHROW { storage_.swap_blocks(other.storage_); }
-  void clear() PLX_NOTHROW { cut(storage_.first); }
+  void swap(vector &_other) PLX_NOTHROW { _storage_._swap_blocks(_other._storage_); }
+  void clear() PLX_NOTHROW { _cut(_storage_.first); }
 
 private:
-  A &alloc() PLX_NOTHROW { return storage_; }
-  static const T *cbegin_(const vector &v) PLX_NOTHROW { return v.storage_.first; }
-  static const T *cend_(const vector &v) PLX_NOTHROW { return v.storage_.last; }
+  _A &_alloc() PLX_NOTHROW { return _storage_; }
+  static const _T *_cbegin_(const vector &_v) PLX_NOTHROW { return _v._storage_.first; }
+  static const _T *_cend_(const vector &_v) PLX_NOTHROW { return _v._storage_._last; }
 
-  // Destroys the elements from `at` on.
-  void cut(T *at) {
-    __zor::destroy_range(alloc(), at, storage_.last);
-    storage_.last = at;
+  // Destroys the elements from `_at` on.
+  void _cut(_T *_at) {
+    __zor::destroy_range(_alloc(), _at, _storage_._last);
+    _storage_._last = _at;
   }
 
-  // The capacity with which `more` elements fit into a full vector.
-  size_type grown(size_type more) const {
-    const size_type n = size(), most = max_size();
-    if (more > most - n) __zor::sequence_length_error();
-    const size_type wanted = n == 0 ? 10 : n > most - n ? most : 2 * n;
-    return wanted > most ? most : wanted < n + more ? n + more : wanted;
+  // The capacity with which `_more` elements fit into a full vector.
+  size_type _grown(size_type _more) const {
+    const size_type _n = size(), _most = max_size();
+    if (_more > _most - _n) __zor::sequence_length_error();
+    const size_type _wanted = _n == 0 ? 10 : _n > _most - _n ? _most : 2 * _n;
+    return _wanted > _most ? _most : _wanted < _n + _more ? _n + _more : _wanted;
   }
 
-  // ---- A new block of `room` elements, the elements moved there.
+  // ---- A new block of `_room` elements, the elements moved there.
 
-  void grow(size_type room, yes) {
-    const size_type n = size();
-    T *block = static_cast<T *>(__zor::grow_block(storage_.first, n * sizeof(T), room * sizeof(T)));
-    storage_.first = block;
-    storage_.last = block + n;
-    storage_.limit = block + room;
+  void _grow(size_type _room, _yes) {
+    const size_type _n = size();
+    _T *_block = static_cast<_T *>(__zor::grow_block(_storage_.first, _n * sizeof(_T), _room * sizeof(_T)));
+    _storage_.first = _block;
+    _storage_._last = _block + _n;
+    _storage_._limit = _block + _room;
   }
-  void grow(size_type room, no) {
-    storage made(storage_, room);
-    made.last = __zor::make_copies(alloc(), made.first, cbegin_(*this), cend_(*this));
-    become(made);
+  void _grow(size_type _room, _no) {
+    _storage _made(_storage_, _room);
+    _made._last = __zor::make_copies(_alloc(), _made.first, _cbegin_(*this), _cend_(*this));
+    _become(_made);
   }
 
   // Takes the other block; the old elements and block go.
-  void become(storage &made) {
-    made.swap_blocks(storage_);
-    __zor::destroy_range(alloc(), made.first, made.last);
-    made.last = made.first;
+  void _become(_storage &_made) {
+    _made._swap_blocks(_storage_);
+    __zor::destroy_range(_alloc(), _made.first, _made._last);
+    _made._last = _made.first;
   }
 
   // Elements copied around something that is made first, so that the source may lie in this vector.
-  class split {
+  class _split {
   public:
-    split(vector &v, T *at, size_type more) : made_(v.storage_, v.grown(more)), v_(v), at_(at) {
-      begin_ = end_ = made_.first + (at - v.storage_.first);
+    _split(vector &_v, _T *_at, size_type _more) : _made_(_v._storage_, _v._grown(_more)), _v_(_v), _at_(_at) {
+      _begin_ = _end_ = _made_.first + (_at - _v._storage_.first);
     }
-    ~split() { __zor::destroy_range(v_.alloc(), begin_, end_); }
-    T *place() const { return begin_; }
-    void made_up_to(T *end) { end_ = end; }
-    void finish() {
-      T *const first = made_.first;
-      __zor::made_elements<T, A> before(v_.alloc(), first);
-      for (const T *from = v_.storage_.first; from != at_; ++from) before.add(*from);
-      end_ = __zor::make_copies(v_.alloc(), end_, static_cast<const T *>(at_), cend_(v_));
-      before.keep();
-      made_.last = end_;
-      end_ = begin_;
-      v_.become(made_);
+    ~_split() { __zor::destroy_range(_v_._alloc(), _begin_, _end_); }
+    _T *_place() const { return _begin_; }
+    void _made_up_to(_T *_end) { _end_ = _end; }
+    void _finish() {
+      _T *const _first = _made_.first;
+      __zor::made_elements<_T, _A> _before(_v_._alloc(), _first);
+      for (const _T *_from = _v_._storage_.first; _from != _at_; ++_from) _before._add(*_from);
+      _end_ = __zor::make_copies(_v_._alloc(), _end_, static_cast<const _T *>(_at_), _cend_(_v_));
+      _before._keep();
+      _made_._last = _end_;
+      _end_ = _begin_;
+      _v_._become(_made_);
     }
 
   private:
-    storage made_;
-    vector &v_;
-    T *at_;
-    T *begin_;
-    T *end_;
+    _storage _made_;
+    vector &_v_;
+    _T *_at_;
+    _T *_begin_;
+    _T *_end_;
   };
 
   // ---- One element.
 
-  void push_back(const T &value, no) {
-    if (__builtin_expect(storage_.last != storage_.limit, 1)) {
-      storage_.construct(storage_.last, value);
-      ++storage_.last;
+  void push_back(const _T &_value, _no) {
+    if (__builtin_expect(_storage_._last != _storage_._limit, 1)) {
+      _storage_.construct(_storage_._last, _value);
+      ++_storage_._last;
     } else {
-      insert_full(storage_.last, value);
+      _insert_full(_storage_._last, _value);
     }
   }
   // One way of writing the element and the end: in a loop the end stays in a register.
-  void push_back(const T &value, yes) {
-    const T copy = value;
-    T *at = storage_.last;
-    if (__builtin_expect(at == storage_.limit, 0)) at = grow_for_one();
-    *at = copy;
-    storage_.last = at + 1;
+  void push_back(const _T &_value, _yes) {
+    const _T _copy = _value;
+    _T *_at = _storage_._last;
+    if (__builtin_expect(_at == _storage_._limit, 0)) _at = _grow_for_one();
+    *_at = _copy;
+    _storage_._last = _at + 1;
   }
-  __attribute__((__noinline__, __regparm__(3))) T *grow_for_one() {
-    grow(grown(1), yes());
-    return storage_.last;
-  }
-
-  __attribute__((__noinline__, __regparm__(3))) void insert_full(T *at, typename __zor::passed<T>::type value) {
-    insert_full(at, value, relocatable());
+  __attribute__((__noinline__, __regparm__(3))) _T *_grow_for_one() {
+    _grow(_grown(1), _yes());
+    return _storage_._last;
   }
 
-  void insert_full(T *at, const T &value, yes) {
-    const size_type index = static_cast<size_type>(at - storage_.first);
-    __zor::held_copy<T, A, plain> copy(alloc(), value);
-    grow(grown(1), yes());
-    at = storage_.first + index;
-    __zor::slide_bytes(at + 1, at, storage_.last);
-    copy.move_to(at);
-    ++storage_.last;
-  }
-  void insert_full(T *at, const T &value, no) {
-    split made(*this, at, 1);
-    storage_.construct(made.place(), value);
-    made.made_up_to(made.place() + 1);
-    made.finish();
+  __attribute__((__noinline__, __regparm__(3))) void _insert_full(_T *_at, typename __zor::_passed<_T>::_type _value) {
+    _insert_full(_at, _value, _relocatable());
   }
 
-  void insert_one(T *at, const T &value, yes) {
-    __zor::held_copy<T, A, plain> copy(alloc(), value);
-    __zor::slide_bytes(at + 1, at, storage_.last);
-    copy.move_to(at);
-    ++storage_.last;
+  void _insert_full(_T *_at, const _T &_value, _yes) {
+    const size_type _index = static_cast<size_type>(_at - _storage_.first);
+    __zor::held_copy<_T, _A, _plain> _copy(_alloc(), _value);
+    _grow(_grown(1), _yes());
+    _at = _storage_.first + _index;
+    __zor::slide_bytes(_at + 1, _at, _storage_._last);
+    _copy._move_to(_at);
+    ++_storage_._last;
   }
-  void insert_one(T *at, const T &value, no) {
-    if (at == storage_.last) {
-      storage_.construct(at, value);
-      ++storage_.last;
+  void _insert_full(_T *_at, const _T &_value, _no) {
+    _split _made(*this, _at, 1);
+    _storage_.construct(_made._place(), _value);
+    _made._made_up_to(_made._place() + 1);
+    _made._finish();
+  }
+
+  void _insert_one(_T *_at, const _T &_value, _yes) {
+    __zor::held_copy<_T, _A, _plain> _copy(_alloc(), _value);
+    __zor::slide_bytes(_at + 1, _at, _storage_._last);
+    _copy._move_to(_at);
+    ++_storage_._last;
+  }
+  void _insert_one(_T *_at, const _T &_value, _no) {
+    if (_at == _storage_._last) {
+      _storage_.construct(_at, _value);
+      ++_storage_._last;
       return;
     }
-    T copy(value);
-    storage_.construct(storage_.last, storage_.last[-1]);
-    ++storage_.last;
-    for (T *to = storage_.last - 2; to != at; --to) *to = to[-1];
-    *at = copy;
+    _T _copy(_value);
+    _storage_.construct(_storage_._last, _storage_._last[-1]);
+    ++_storage_._last;
+    for (_T *_to = _storage_._last - 2; _to != _at; --_to) *_to = _to[-1];
+    *_at = _copy;
   }
 
   // ---- Several equal elements.
 
-  void insert_filled(T *at, size_type n, const T &value) {
-    if (n != 0) insert_filled(at, n, value, relocatable());
+  void _insert_filled(_T *_at, size_type _n, const _T &_value) {
+    if (_n != 0) _insert_filled(_at, _n, _value, _relocatable());
   }
-  void insert_filled(T *at, size_type n, const T &value, yes) {
-    const size_type index = static_cast<size_type>(at - storage_.first);
-    __zor::held_copy<T, A, plain> copy(alloc(), value);
-    if (n > free_room()) grow(grown(n), yes());
-    fill_gap(storage_.first + index, n, copy.get(), plain());
+  void _insert_filled(_T *_at, size_type _n, const _T &_value, _yes) {
+    const size_type _index = static_cast<size_type>(_at - _storage_.first);
+    __zor::held_copy<_T, _A, _plain> _copy(_alloc(), _value);
+    if (_n > _free_room()) _grow(_grown(_n), _yes());
+    _fill_gap(_storage_.first + _index, _n, _copy.get(), _plain());
   }
-  void fill_gap(T *at, size_type n, const T &value, yes) {
-    __zor::slide_bytes(at + n, at, storage_.last);
-    __zor::make_filled(alloc(), at, n, value);
-    storage_.last += n;
+  void _fill_gap(_T *_at, size_type _n, const _T &_value, _yes) {
+    __zor::slide_bytes(_at + _n, _at, _storage_._last);
+    __zor::make_filled(_alloc(), _at, _n, _value);
+    _storage_._last += _n;
   }
-  void fill_gap(T *at, size_type n, const T &value, no) {
-    __zor::vector_gap<T, A> gap(storage_, at, n);
-    for (; n != 0; --n, ++gap.at) storage_.construct(gap.at, value);
+  void _fill_gap(_T *_at, size_type _n, const _T &_value, _no) {
+    __zor::vector_gap<_T, _A> _gap(_storage_, _at, _n);
+    for (; _n != 0; --_n, ++_gap.at) _storage_.construct(_gap.at, _value);
   }
-  void insert_filled(T *at, size_type n, const T &value, no) {
-    if (n > free_room()) {
-      split made(*this, at, n);
-      made.made_up_to(__zor::make_filled(alloc(), made.place(), n, value));
-      made.finish();
+  void _insert_filled(_T *_at, size_type _n, const _T &_value, _no) {
+    if (_n > _free_room()) {
+      _split _made(*this, _at, _n);
+      _made._made_up_to(__zor::make_filled(_alloc(), _made._place(), _n, _value));
+      _made._finish();
       return;
     }
-    const T copy(value);
-    T *const end = storage_.last;
-    const size_type tail = static_cast<size_type>(end - at);
-    if (tail > n) {
-      storage_.last = __zor::make_copies(alloc(), end, static_cast<const T *>(end - n), static_cast<const T *>(end));
-      for (T *to = end, *from = end - n; from != at;) *--to = *--from;
+    const _T _copy(_value);
+    _T *const _end = _storage_._last;
+    const size_type _tail = static_cast<size_type>(_end - _at);
+    if (_tail > _n) {
+      _storage_._last =
+          __zor::make_copies(_alloc(), _end, static_cast<const _T *>(_end - _n), static_cast<const _T *>(_end));
+      for (_T *_to = _end, *_from = _end - _n; _from != _at;) *--_to = *--_from;
     } else {
-      storage_.last = __zor::make_filled(alloc(), end, n - tail, copy);
-      storage_.last = __zor::make_copies(alloc(), storage_.last, static_cast<const T *>(at), static_cast<const T *>(end));
+      _storage_._last = __zor::make_filled(_alloc(), _end, _n - _tail, _copy);
+      _storage_._last =
+          __zor::make_copies(_alloc(), _storage_._last, static_cast<const _T *>(_at), static_cast<const _T *>(_end));
     }
-    for (T *const filled = tail > n ? at + n : end; at != filled; ++at) *at = copy;
+    for (_T *const _filled = _tail > _n ? _at + _n : _end; _at != _filled; ++_at) *_at = _copy;
   }
 
-  size_type free_room() const PLX_NOTHROW { return static_cast<size_type>(storage_.limit - storage_.last); }
+  size_type _free_room() const PLX_NOTHROW { return static_cast<size_type>(_storage_._limit - _storage_._last); }
 
   // ---- Ranges. Integers are a count and a value.
 
-  template <class Integer> void insert_range(T *at, Integer n, Integer value, yes) {
-    insert_filled(at, static_cast<size_type>(n), static_cast<T>(value));
+  template <class _Integer> void _insert_range(_T *_at, _Integer _n, _Integer _value, _yes) {
+    _insert_filled(_at, static_cast<size_type>(_n), static_cast<_T>(_value));
   }
-  template <class Iterator> void insert_range(T *at, Iterator first, Iterator last, no) {
-    insert_range_by(at, first, last, typename iterator_traits<Iterator>::iterator_category());
+  template <class _Iterator> void _insert_range(_T *_at, _Iterator _first, _Iterator _last, _no) {
+    _insert_range_by(_at, _first, _last, typename iterator_traits<_Iterator>::iterator_category());
   }
   // Elements that can be read only once are collected first, unless they go to the end.
-  template <class Iterator> void insert_range_by(T *at, Iterator first, Iterator last, input_iterator_tag) {
-    if (at == storage_.last) {
-      const size_type n = size();
-      trim_unless_kept added(*this, n);
-      for (; first != last; ++first) push_back(*first);
-      added.keep();
+  template <class _Iterator> void _insert_range_by(_T *_at, _Iterator _first, _Iterator _last, input_iterator_tag) {
+    if (_at == _storage_._last) {
+      const size_type _n = size();
+      _trim_unless_kept _added(*this, _n);
+      for (; _first != _last; ++_first) push_back(*_first);
+      _added._keep();
     } else {
-      vector read(get_allocator());
-      for (; first != last; ++first) read.push_back(*first);
-      insert_sized(at, cbegin_(read), cend_(read), read.size());
+      vector _read(get_allocator());
+      for (; _first != _last; ++_first) _read.push_back(*_first);
+      _insert_sized(_at, _cbegin_(_read), _cend_(_read), _read.size());
     }
   }
-  template <class Iterator> void insert_range_by(T *at, Iterator first, Iterator last, forward_iterator_tag) {
-    insert_sized(at, first, last, static_cast<size_type>(std::distance(first, last)));
+  template <class _Iterator> void _insert_range_by(_T *_at, _Iterator _first, _Iterator _last, forward_iterator_tag) {
+    _insert_sized(_at, _first, _last, static_cast<size_type>(std::distance(_first, _last)));
   }
-  class trim_unless_kept {
+  class _trim_unless_kept {
   public:
-    trim_unless_kept(vector &v, size_type n) : v_(v), n_(n), kept_(false) {}
-    ~trim_unless_kept() {
-      if (!kept_) v_.cut(v_.storage_.first + n_);
+    _trim_unless_kept(vector &_v, size_type _n) : _v_(_v), _n_(_n), _kept_(false) {}
+    ~_trim_unless_kept() {
+      if (!_kept_) _v_._cut(_v_._storage_.first + _n_);
     }
-    void keep() { kept_ = true; }
+    void _keep() { _kept_ = true; }
 
   private:
-    vector &v_;
-    size_type n_;
-    bool kept_;
+    vector &_v_;
+    size_type _n_;
+    bool _kept_;
   };
 
-  template <class Iterator> void insert_sized(T *at, Iterator first, Iterator last, size_type n) {
-    if (n != 0) insert_sized(at, first, last, n, relocatable());
+  template <class _Iterator> void _insert_sized(_T *_at, _Iterator _first, _Iterator _last, size_type _n) {
+    if (_n != 0) _insert_sized(_at, _first, _last, _n, _relocatable());
   }
-  template <class Iterator> void insert_sized(T *at, Iterator first, Iterator last, size_type n, yes) {
-    const size_type index = static_cast<size_type>(at - storage_.first);
-    if (n > free_room()) grow(grown(n), yes());
-    at = storage_.first + index;
-    if (at == storage_.last) {
-      storage_.last = __zor::make_copies(alloc(), at, first, last);
+  template <class _Iterator> void _insert_sized(_T *_at, _Iterator _first, _Iterator _last, size_type _n, _yes) {
+    const size_type _index = static_cast<size_type>(_at - _storage_.first);
+    if (_n > _free_room()) _grow(_grown(_n), _yes());
+    _at = _storage_.first + _index;
+    if (_at == _storage_._last) {
+      _storage_._last = __zor::make_copies(_alloc(), _at, _first, _last);
       return;
     }
-    __zor::vector_gap<T, A> gap(storage_, at, n);
-    gap.at = __zor::make_copies(alloc(), at, first, last);
+    __zor::vector_gap<_T, _A> _gap(_storage_, _at, _n);
+    _gap.at = __zor::make_copies(_alloc(), _at, _first, _last);
   }
-  template <class Iterator> void insert_sized(T *at, Iterator first, Iterator last, size_type n, no) {
-    if (n > free_room()) {
-      split made(*this, at, n);
-      made.made_up_to(__zor::make_copies(alloc(), made.place(), first, last));
-      made.finish();
+  template <class _Iterator> void _insert_sized(_T *_at, _Iterator _first, _Iterator _last, size_type _n, _no) {
+    if (_n > _free_room()) {
+      _split _made(*this, _at, _n);
+      _made._made_up_to(__zor::make_copies(_alloc(), _made._place(), _first, _last));
+      _made._finish();
       return;
     }
-    T *const end = storage_.last;
-    const size_type tail = static_cast<size_type>(end - at);
-    if (tail > n) {
-      storage_.last = __zor::make_copies(alloc(), end, static_cast<const T *>(end - n), static_cast<const T *>(end));
-      for (T *to = end, *from = end - n; from != at;) *--to = *--from;
-      for (; first != last; ++first, (void)++at) *at = *first;
+    _T *const _end = _storage_._last;
+    const size_type _tail = static_cast<size_type>(_end - _at);
+    if (_tail > _n) {
+      _storage_._last =
+          __zor::make_copies(_alloc(), _end, static_cast<const _T *>(_end - _n), static_cast<const _T *>(_end));
+      for (_T *_to = _end, *_from = _end - _n; _from != _at;) *--_to = *--_from;
+      for (; _first != _last; ++_first, (void)++_at) *_at = *_first;
     } else {
-      Iterator middle = first;
-      std::advance(middle, static_cast<difference_type>(tail));
-      storage_.last = __zor::make_copies(alloc(), end, middle, last);
-      storage_.last = __zor::make_copies(alloc(), storage_.last, static_cast<const T *>(at), static_cast<const T *>(end));
-      for (; first != middle; ++first, (void)++at) *at = *first;
+      _Iterator _middle = _first;
+      std::advance(_middle, static_cast<difference_type>(_tail));
+      _storage_._last = __zor::make_copies(_alloc(), _end, _middle, _last);
+      _storage_._last =
+          __zor::make_copies(_alloc(), _storage_._last, static_cast<const _T *>(_at), static_cast<const _T *>(_end));
+      for (; _first != _middle; ++_first, (void)++_at) *_at = *_first;
     }
   }
 
-  template <class Integer> void initialize(Integer n, Integer value, yes) {
-    storage_.take(static_cast<size_type>(n));
-    storage_.last = __zor::make_filled(alloc(), storage_.first, static_cast<size_type>(n), static_cast<T>(value));
+  template <class _Integer> void _initialize(_Integer _n, _Integer _value, _yes) {
+    _storage_._take(static_cast<size_type>(_n));
+    _storage_._last =
+        __zor::make_filled(_alloc(), _storage_.first, static_cast<size_type>(_n), static_cast<_T>(_value));
   }
-  template <class Iterator> void initialize(Iterator first, Iterator last, no) {
-    initialize_by(first, last, typename iterator_traits<Iterator>::iterator_category());
+  template <class _Iterator> void _initialize(_Iterator _first, _Iterator _last, _no) {
+    _initialize_by(_first, _last, typename iterator_traits<_Iterator>::iterator_category());
   }
-  template <class Iterator> void initialize_by(Iterator first, Iterator last, forward_iterator_tag) {
-    storage_.take(static_cast<size_type>(std::distance(first, last)));
-    storage_.last = __zor::make_copies(alloc(), storage_.first, first, last);
+  template <class _Iterator> void _initialize_by(_Iterator _first, _Iterator _last, forward_iterator_tag) {
+    _storage_._take(static_cast<size_type>(std::distance(_first, _last)));
+    _storage_._last = __zor::make_copies(_alloc(), _storage_.first, _first, _last);
   }
-  template <class Iterator> void initialize_by(Iterator first, Iterator last, input_iterator_tag) {
-    insert_range_by(storage_.last, first, last, input_iterator_tag());
+  template <class _Iterator> void _initialize_by(_Iterator _first, _Iterator _last, input_iterator_tag) {
+    _insert_range_by(_storage_._last, _first, _last, input_iterator_tag());
   }
 
   // ---- Assignment.
 
-  template <class Integer> void assign_range(Integer n, Integer value, yes) {
-    assign_filled(static_cast<size_type>(n), static_cast<T>(value));
+  template <class _Integer> void _assign_range(_Integer _n, _Integer _value, _yes) {
+    _assign_filled(static_cast<size_type>(_n), static_cast<_T>(_value));
   }
-  template <class Iterator> void assign_range(Iterator first, Iterator last, no) {
-    assign_by(first, last, typename iterator_traits<Iterator>::iterator_category());
+  template <class _Iterator> void _assign_range(_Iterator _first, _Iterator _last, _no) {
+    _assign_by(_first, _last, typename iterator_traits<_Iterator>::iterator_category());
   }
-  template <class Iterator> void assign_by(Iterator first, Iterator last, forward_iterator_tag) {
-    assign_sized(first, last, static_cast<size_type>(std::distance(first, last)));
+  template <class _Iterator> void _assign_by(_Iterator _first, _Iterator _last, forward_iterator_tag) {
+    _assign_sized(_first, _last, static_cast<size_type>(std::distance(_first, _last)));
   }
-  template <class Iterator> void assign_by(Iterator first, Iterator last, input_iterator_tag) {
-    T *to = storage_.first;
-    for (; first != last && to != storage_.last; ++first, (void)++to) *to = *first;
-    cut(to);
-    for (; first != last; ++first) push_back(*first);
+  template <class _Iterator> void _assign_by(_Iterator _first, _Iterator _last, input_iterator_tag) {
+    _T *_to = _storage_.first;
+    for (; _first != _last && _to != _storage_._last; ++_first, (void)++_to) *_to = *_first;
+    _cut(_to);
+    for (; _first != _last; ++_first) push_back(*_first);
   }
-  void assign_filled(size_type n, const T &value) {
-    if (n > capacity()) {
-      storage made(storage_, n);
-      made.last = __zor::make_filled(alloc(), made.first, n, value);
-      become(made);
-    } else if (n > size()) {
-      const T copy(value);
-      for (T *to = storage_.first; to != storage_.last; ++to) *to = copy;
-      storage_.last = __zor::make_filled(alloc(), storage_.last, n - size(), copy);
+  void _assign_filled(size_type _n, const _T &_value) {
+    if (_n > capacity()) {
+      _storage _made(_storage_, _n);
+      _made._last = __zor::make_filled(_alloc(), _made.first, _n, _value);
+      _become(_made);
+    } else if (_n > size()) {
+      const _T _copy(_value);
+      for (_T *_to = _storage_.first; _to != _storage_._last; ++_to) *_to = _copy;
+      _storage_._last = __zor::make_filled(_alloc(), _storage_._last, _n - size(), _copy);
     } else {
-      const T copy(value);
-      for (T *to = storage_.first, *const end = to + n; to != end; ++to) *to = copy;
-      cut(storage_.first + n);
+      const _T _copy(_value);
+      for (_T *_to = _storage_.first, *const _end = _to + _n; _to != _end; ++_to) *_to = _copy;
+      _cut(_storage_.first + _n);
     }
   }
-  template <class Iterator> void assign_sized(Iterator first, Iterator last, size_type n) {
-    if (n > capacity()) {
-      storage made(storage_, n);
-      made.last = __zor::make_copies(alloc(), made.first, first, last);
-      become(made);
+  template <class _Iterator> void _assign_sized(_Iterator _first, _Iterator _last, size_type _n) {
+    if (_n > capacity()) {
+      _storage _made(_storage_, _n);
+      _made._last = __zor::make_copies(_alloc(), _made.first, _first, _last);
+      _become(_made);
     } else {
-      assign_within(first, last, n,
-                    typename __zor::truth<__zor::same_type<plain, yes>::value && __zor::is_array_of<Iterator, T>::value>::type());
+      _assign_within(_first, _last, _n,
+                     typename __zor::_truth < __zor::same_type<_plain, _yes>::value &&
+                         __zor::is_array_of<_Iterator, _T>::value > ::_type());
     }
   }
-  template <class Iterator> void assign_within(Iterator first, Iterator, size_type n, yes) {
-    if (n != 0) memmove(static_cast<void *>(storage_.first), first, n * sizeof(T));
-    storage_.last = storage_.first + n;
+  template <class _Iterator> void _assign_within(_Iterator _first, _Iterator, size_type _n, _yes) {
+    if (_n != 0) memmove(static_cast<void *>(_storage_.first), _first, _n * sizeof(_T));
+    _storage_._last = _storage_.first + _n;
   }
-  template <class Iterator> void assign_within(Iterator first, Iterator last, size_type n, no) {
-    T *to = storage_.first;
-    if (n > size()) {
-      for (; to != storage_.last; ++first, (void)++to) *to = *first;
-      storage_.last = __zor::make_copies(alloc(), storage_.last, first, last);
+  template <class _Iterator> void _assign_within(_Iterator _first, _Iterator _last, size_type _n, _no) {
+    _T *_to = _storage_.first;
+    if (_n > size()) {
+      for (; _to != _storage_._last; ++_first, (void)++_to) *_to = *_first;
+      _storage_._last = __zor::make_copies(_alloc(), _storage_._last, _first, _last);
     } else {
-      for (; first != last; ++first, (void)++to) *to = *first;
-      cut(to);
+      for (; _first != _last; ++_first, (void)++_to) *_to = *_first;
+      _cut(_to);
     }
   }
 
   // ---- Erasure.
 
-  void close(T *first, T *last, yes) {
-    T *const end = storage_.last;
-    __zor::destroy_range(alloc(), first, last);
-    __zor::slide_bytes(first, last, end);
-    storage_.last = first + (end - last);
+  void _close(_T *_first, _T *_last, _yes) {
+    _T *const _end = _storage_._last;
+    __zor::destroy_range(_alloc(), _first, _last);
+    __zor::slide_bytes(_first, _last, _end);
+    _storage_._last = _first + (_end - _last);
   }
-  void close(T *first, T *last, no) {
-    for (; last != storage_.last; ++first, (void)++last) *first = *last;
-    cut(first);
+  void _close(_T *_first, _T *_last, _no) {
+    for (; _last != _storage_._last; ++_first, (void)++_last) *_first = *_last;
+    _cut(_first);
   }
 
-  storage storage_;
+  _storage _storage_;
 };
 
-template <class T, class A> inline bool operator==(const vector<T, A> &left, const vector<T, A> &right) {
-  return left.size() == right.size() && std::equal(left.begin(), left.end(), right.begin());
+template <class _T, class _A> inline bool operator==(const vector<_T, _A> &_left, const vector<_T, _A> &_right) {
+  return _left.size() == _right.size() && std::equal(_left.begin(), _left.end(), _right.begin());
 }
-template <class T, class A> inline bool operator<(const vector<T, A> &left, const vector<T, A> &right) {
-  return std::lexicographical_compare(left.begin(), left.end(), right.begin(), right.end());
+template <class _T, class _A> inline bool operator<(const vector<_T, _A> &_left, const vector<_T, _A> &_right) {
+  return std::lexicographical_compare(_left.begin(), _left.end(), _right.begin(), _right.end());
 }
-template <class T, class A> inline bool operator!=(const vector<T, A> &left, const vector<T, A> &right) {
-  return !(left == right);
+template <class _T, class _A> inline bool operator!=(const vector<_T, _A> &_left, const vector<_T, _A> &_right) {
+  return !(_left == _right);
 }
-template <class T, class A> inline bool operator>(const vector<T, A> &left, const vector<T, A> &right) {
-  return right < left;
+template <class _T, class _A> inline bool operator>(const vector<_T, _A> &_left, const vector<_T, _A> &_right) {
+  return _right < _left;
 }
-template <class T, class A> inline bool operator>=(const vector<T, A> &left, const vector<T, A> &right) {
-  return !(left < right);
+template <class _T, class _A> inline bool operator>=(const vector<_T, _A> &_left, const vector<_T, _A> &_right) {
+  return !(_left < _right);
 }
-template <class T, class A> inline bool operator<=(const vector<T, A> &left, const vector<T, A> &right) {
-  return !(right < left);
+template <class _T, class _A> inline bool operator<=(const vector<_T, _A> &_left, const vector<_T, _A> &_right) {
+  return !(_right < _left);
 }
-template <class T, class A> inline void swap(vector<T, A> &left, vector<T, A> &right) PLX_NOTHROW { left.swap(right); }
+template <class _T, class _A> inline void swap(vector<_T, _A> &_left, vector<_T, _A> &_right) PLX_NOTHROW {
+  _left.swap(_right);
+}
 
 }  // namespace std
 

@@ -1,5 +1,5 @@
-// vector<bool> (1998, 23.2.5): one bit for each element, in words of 32, the first in the lowest bit. The bits behind the
-// last element, in the block's used words, are zero, so that ranges are compared and counted by words.
+// vector<bool> (1998, 23.2.5): one bit for each element, in words of 32, the first in the lowest bit. The bits behind
+// the last element, in the block's used words, are zero, so that ranges are compared and counted by words.
 #ifndef PLX_VECTOR_BOOL_H
 #define PLX_VECTOR_BOOL_H
 
@@ -11,178 +11,186 @@ enum { bits_per_word = 32 };
 
 class bit_reference {
 public:
-  bit_reference() PLX_NOTHROW : word_(0), mask_(0) {}
-  bit_reference(unsigned int *word, unsigned int mask) PLX_NOTHROW : word_(word), mask_(mask) {}
+  bit_reference() PLX_NOTHROW : _word_(0), _mask_(0) {}
+  bit_reference(unsigned int *_word, unsigned int _mask) PLX_NOTHROW : _word_(_word), _mask_(_mask) {}
 #if __cplusplus >= 201103L
   bit_reference(const bit_reference &) = default;
 #endif
 
-  operator bool() const PLX_NOTHROW { return (*word_ & mask_) != 0; }
-  bit_reference &operator=(bool value) PLX_NOTHROW {
-    if (value)
-      *word_ |= mask_;
+  operator bool() const PLX_NOTHROW { return (*_word_ & _mask_) != 0; }
+  bit_reference &operator=(bool _value) PLX_NOTHROW {
+    if (_value)
+      *_word_ |= _mask_;
     else
-      *word_ &= ~mask_;
+      *_word_ &= ~_mask_;
     return *this;
   }
-  bit_reference &operator=(const bit_reference &other) PLX_NOTHROW { return *this = static_cast<bool>(other); }
-  bool operator==(const bit_reference &other) const PLX_NOTHROW { return static_cast<bool>(*this) == static_cast<bool>(other); }
-  bool operator<(const bit_reference &other) const PLX_NOTHROW { return !static_cast<bool>(*this) && static_cast<bool>(other); }
-  void flip() PLX_NOTHROW { *word_ ^= mask_; }
+  bit_reference &operator=(const bit_reference &_other) PLX_NOTHROW { return *this = static_cast<bool>(_other); }
+  bool operator==(const bit_reference &_other) const PLX_NOTHROW {
+    return static_cast<bool>(*this) == static_cast<bool>(_other);
+  }
+  bool operator<(const bit_reference &_other) const PLX_NOTHROW {
+    return !static_cast<bool>(*this) && static_cast<bool>(_other);
+  }
+  void flip() PLX_NOTHROW { *_word_ ^= _mask_; }
 
 private:
-  unsigned int *word_;
-  unsigned int mask_;
+  unsigned int *_word_;
+  unsigned int _mask_;
 };
 
 // Exchanges bits, not references.
-inline void swap(bit_reference a, bit_reference b) PLX_NOTHROW {
-  const bool value = a;
-  a = b;
-  b = value;
+inline void swap(bit_reference _a, bit_reference _b) PLX_NOTHROW {
+  const bool _value = _a;
+  _a = _b;
+  _b = _value;
 }
 
 // A place among bits: Reference is bit_reference, or bool for the constant one.
-template <class Reference, class Pointer> class bit_iterator : public std::__iterator_of_std {
+template <class _Reference, class _Pointer> class bit_iterator : public std::__iterator_of_std {
 public:
   typedef bool value_type;
   typedef std::ptrdiff_t difference_type;
-  typedef Pointer pointer;
-  typedef Reference reference;
+  typedef _Pointer pointer;
+  typedef _Reference reference;
   typedef std::random_access_iterator_tag iterator_category;
 
-  bit_iterator() PLX_NOTHROW : word(0), bit(0) {}
-  bit_iterator(unsigned int *w, unsigned int b) PLX_NOTHROW : word(w), bit(b) {}
-  template <class P> bit_iterator(const bit_iterator<bit_reference, P> &other) PLX_NOTHROW : word(other.word), bit(other.bit) {}
+  bit_iterator() PLX_NOTHROW : _word(0), _bit(0) {}
+  bit_iterator(unsigned int *_w, unsigned int _b) PLX_NOTHROW : _word(_w), _bit(_b) {}
+  template <class _Pt> bit_iterator(const bit_iterator<bit_reference, _Pt> &_other) PLX_NOTHROW : _word(_other._word),
+                                                                                                  _bit(_other._bit) {}
 
-  Reference operator*() const PLX_NOTHROW { return Reference(bit_reference(word, 1u << bit)); }
-  Reference operator[](difference_type n) const PLX_NOTHROW { return *(*this + n); }
+  _Reference operator*() const PLX_NOTHROW { return _Reference(bit_reference(_word, 1u << _bit)); }
+  _Reference operator[](difference_type _n) const PLX_NOTHROW { return *(*this + _n); }
 
   bit_iterator &operator++() PLX_NOTHROW {
-    if (++bit == bits_per_word) ++word, bit = 0;
+    if (++_bit == bits_per_word) ++_word, _bit = 0;
     return *this;
   }
   bit_iterator operator++(int) PLX_NOTHROW {
-    bit_iterator before = *this;
+    bit_iterator _before = *this;
     ++*this;
-    return before;
+    return _before;
   }
   bit_iterator &operator--() PLX_NOTHROW {
-    if (bit-- == 0) --word, bit = bits_per_word - 1;
+    if (_bit-- == 0) --_word, _bit = bits_per_word - 1;
     return *this;
   }
   bit_iterator operator--(int) PLX_NOTHROW {
-    bit_iterator before = *this;
+    bit_iterator _before = *this;
     --*this;
-    return before;
+    return _before;
   }
-  bit_iterator &operator+=(difference_type n) PLX_NOTHROW {
-    n += static_cast<difference_type>(bit);
+  bit_iterator &operator+=(difference_type _n) PLX_NOTHROW {
+    _n += static_cast<difference_type>(_bit);
     // Division that rounds down, also for negative distances.
-    word += n >> 5;
-    bit = static_cast<unsigned int>(n) % bits_per_word;
+    _word += _n >> 5;
+    _bit = static_cast<unsigned int>(_n) % bits_per_word;
     return *this;
   }
-  bit_iterator &operator-=(difference_type n) PLX_NOTHROW { return *this += -n; }
-  bit_iterator operator+(difference_type n) const PLX_NOTHROW {
-    bit_iterator moved = *this;
-    return moved += n;
+  bit_iterator &operator-=(difference_type _n) PLX_NOTHROW { return *this += -_n; }
+  bit_iterator operator+(difference_type _n) const PLX_NOTHROW {
+    bit_iterator _moved = *this;
+    return _moved += _n;
   }
-  bit_iterator operator-(difference_type n) const PLX_NOTHROW {
-    bit_iterator moved = *this;
-    return moved -= n;
+  bit_iterator operator-(difference_type _n) const PLX_NOTHROW {
+    bit_iterator _moved = *this;
+    return _moved -= _n;
   }
 
-  unsigned int *word;
-  unsigned int bit;
+  unsigned int *_word;
+  unsigned int _bit;
 };
 
-template <class R, class P, class R2, class P2>
-inline bool operator==(const bit_iterator<R, P> &left, const bit_iterator<R2, P2> &right) PLX_NOTHROW {
-  return left.word == right.word && left.bit == right.bit;
+template <class _R, class _Pt, class _R2, class _P2>
+inline bool operator==(const bit_iterator<_R, _Pt> &_left, const bit_iterator<_R2, _P2> &_right) PLX_NOTHROW {
+  return _left._word == _right._word && _left._bit == _right._bit;
 }
-template <class R, class P, class R2, class P2>
-inline bool operator!=(const bit_iterator<R, P> &left, const bit_iterator<R2, P2> &right) PLX_NOTHROW {
-  return !(left == right);
+template <class _R, class _Pt, class _R2, class _P2>
+inline bool operator!=(const bit_iterator<_R, _Pt> &_left, const bit_iterator<_R2, _P2> &_right) PLX_NOTHROW {
+  return !(_left == _right);
 }
-template <class R, class P, class R2, class P2>
-inline bool operator<(const bit_iterator<R, P> &left, const bit_iterator<R2, P2> &right) PLX_NOTHROW {
-  return left.word < right.word || (left.word == right.word && left.bit < right.bit);
+template <class _R, class _Pt, class _R2, class _P2>
+inline bool operator<(const bit_iterator<_R, _Pt> &_left, const bit_iterator<_R2, _P2> &_right) PLX_NOTHROW {
+  return _left._word < _right._word || (_left._word == _right._word && _left._bit < _right._bit);
 }
-template <class R, class P, class R2, class P2>
-inline bool operator>(const bit_iterator<R, P> &left, const bit_iterator<R2, P2> &right) PLX_NOTHROW {
-  return right < left;
+template <class _R, class _Pt, class _R2, class _P2>
+inline bool operator>(const bit_iterator<_R, _Pt> &_left, const bit_iterator<_R2, _P2> &_right) PLX_NOTHROW {
+  return _right < _left;
 }
-template <class R, class P, class R2, class P2>
-inline bool operator<=(const bit_iterator<R, P> &left, const bit_iterator<R2, P2> &right) PLX_NOTHROW {
-  return !(right < left);
+template <class _R, class _Pt, class _R2, class _P2>
+inline bool operator<=(const bit_iterator<_R, _Pt> &_left, const bit_iterator<_R2, _P2> &_right) PLX_NOTHROW {
+  return !(_right < _left);
 }
-template <class R, class P, class R2, class P2>
-inline bool operator>=(const bit_iterator<R, P> &left, const bit_iterator<R2, P2> &right) PLX_NOTHROW {
-  return !(left < right);
+template <class _R, class _Pt, class _R2, class _P2>
+inline bool operator>=(const bit_iterator<_R, _Pt> &_left, const bit_iterator<_R2, _P2> &_right) PLX_NOTHROW {
+  return !(_left < _right);
 }
-template <class R, class P, class R2, class P2>
-inline std::ptrdiff_t operator-(const bit_iterator<R, P> &left, const bit_iterator<R2, P2> &right) PLX_NOTHROW {
-  return (left.word - right.word) * bits_per_word + static_cast<std::ptrdiff_t>(left.bit) -
-         static_cast<std::ptrdiff_t>(right.bit);
+template <class _R, class _Pt, class _R2, class _P2>
+inline std::ptrdiff_t operator-(const bit_iterator<_R, _Pt> &_left, const bit_iterator<_R2, _P2> &_right) PLX_NOTHROW {
+  return (_left._word - _right._word) * bits_per_word + static_cast<std::ptrdiff_t>(_left._bit) -
+         static_cast<std::ptrdiff_t>(_right._bit);
 }
-template <class R, class P>
-inline bit_iterator<R, P> operator+(std::ptrdiff_t n, const bit_iterator<R, P> &at) PLX_NOTHROW {
-  return at + n;
+template <class _R, class _Pt>
+inline bit_iterator<_R, _Pt> operator+(std::ptrdiff_t _n, const bit_iterator<_R, _Pt> &_at) PLX_NOTHROW {
+  return _at + _n;
 }
 
-// ---- Runs of bits within words ---------------------------------------------------------------------------------------
+// ---- Runs of bits within words -------------------------------------------------------------------------------------
 
-inline unsigned int words_for_bits(size_t n) PLX_NOTHROW { return static_cast<unsigned int>(n / 32 + (n % 32 != 0)); }
+inline unsigned int words_for_bits(size_t _n) PLX_NOTHROW {
+  return static_cast<unsigned int>(_n / 32 + (_n % 32 != 0));
+}
 
 // The n lowest bits, n < 32.
-inline unsigned int low_bits(unsigned int n) PLX_NOTHROW { return (1u << n) - 1; }
+inline unsigned int low_bits(unsigned int _n) PLX_NOTHROW { return (1u << _n) - 1; }
 
-// 32 bits from bit position `at` on; with fewer than `left` wanted no word behind them is read.
-inline unsigned int bits_at(const unsigned int *words, size_t at, size_t left) PLX_NOTHROW {
-  const unsigned int shift = at % 32;
-  const unsigned int low = words[at / 32] >> shift;
-  return shift == 0 || left <= 32 - shift ? low : low | words[at / 32 + 1] << (32 - shift);
+// 32 bits from bit position `_at` on; with fewer than `_left` wanted no word behind them is read.
+inline unsigned int bits_at(const unsigned int *_words, size_t _at, size_t _left) PLX_NOTHROW {
+  const unsigned int _shift = _at % 32;
+  const unsigned int _low = _words[_at / 32] >> _shift;
+  return _shift == 0 || _left <= 32 - _shift ? _low : _low | _words[_at / 32 + 1] << (32 - _shift);
 }
 
-inline void put_bits(unsigned int *word, unsigned int mask, unsigned int bits) PLX_NOTHROW {
-  *word = (*word & ~mask) | (bits & mask);
+inline void put_bits(unsigned int *_word, unsigned int _mask, unsigned int _bits) PLX_NOTHROW {
+  *_word = (*_word & ~_mask) | (_bits & _mask);
 }
 
-inline void fill_bits(unsigned int *words, size_t at, size_t n, bool value) PLX_NOTHROW {
-  const unsigned int bits = value ? ~0u : 0u;
-  while (n != 0) {
-    const unsigned int shift = at % 32;
-    const unsigned int step = n < 32 - shift ? static_cast<unsigned int>(n) : 32 - shift;
-    const unsigned int mask = (step == 32 ? ~0u : low_bits(step)) << shift;
-    put_bits(words + at / 32, mask, bits);
-    at += step;
-    n -= step;
+inline void fill_bits(unsigned int *_words, size_t _at, size_t _n, bool _value) PLX_NOTHROW {
+  const unsigned int _bits = _value ? ~0u : 0u;
+  while (_n != 0) {
+    const unsigned int _shift = _at % 32;
+    const unsigned int _step = _n < 32 - _shift ? static_cast<unsigned int>(_n) : 32 - _shift;
+    const unsigned int _mask = (_step == 32 ? ~0u : low_bits(_step)) << _shift;
+    put_bits(_words + _at / 32, _mask, _bits);
+    _at += _step;
+    _n -= _step;
   }
 }
 
 // Copies n bits to lower or equal positions of the same words, or between different ones.
-inline void copy_bits(unsigned int *to, size_t to_at, const unsigned int *from, size_t from_at, size_t n) PLX_NOTHROW {
-  while (n != 0) {
-    const unsigned int shift = to_at % 32;
-    const unsigned int step = n < 32 - shift ? static_cast<unsigned int>(n) : 32 - shift;
-    const unsigned int mask = (step == 32 ? ~0u : low_bits(step)) << shift;
-    put_bits(to + to_at / 32, mask, bits_at(from, from_at, step) << shift);
-    to_at += step;
-    from_at += step;
-    n -= step;
+inline void copy_bits(unsigned int *_to, size_t _to_at, const unsigned int *_from, size_t _from_at,
+                      size_t _n) PLX_NOTHROW {
+  while (_n != 0) {
+    const unsigned int _shift = _to_at % 32;
+    const unsigned int _step = _n < 32 - _shift ? static_cast<unsigned int>(_n) : 32 - _shift;
+    const unsigned int _mask = (_step == 32 ? ~0u : low_bits(_step)) << _shift;
+    put_bits(_to + _to_at / 32, _mask, bits_at(_from, _from_at, _step) << _shift);
+    _to_at += _step;
+    _from_at += _step;
+    _n -= _step;
   }
 }
 
 // Moves n bits up to higher positions of the same words.
-inline void move_bits_up(unsigned int *words, size_t to, size_t from, size_t n) PLX_NOTHROW {
-  while (n != 0) {
-    const unsigned int end = (to + n) % 32 != 0 ? static_cast<unsigned int>((to + n) % 32) : 32u;
-    const unsigned int step = n < end ? static_cast<unsigned int>(n) : end;
-    n -= step;
-    const size_t at = to + n;
-    const unsigned int mask = (step == 32 ? ~0u : low_bits(step)) << at % 32;
-    put_bits(words + at / 32, mask, bits_at(words, from + n, step) << at % 32);
+inline void move_bits_up(unsigned int *_words, size_t _to, size_t _from, size_t _n) PLX_NOTHROW {
+  while (_n != 0) {
+    const unsigned int _end = (_to + _n) % 32 != 0 ? static_cast<unsigned int>((_to + _n) % 32) : 32u;
+    const unsigned int _step = _n < _end ? static_cast<unsigned int>(_n) : _end;
+    _n -= _step;
+    const size_t _at = _to + _n;
+    const unsigned int _mask = (_step == 32 ? ~0u : low_bits(_step)) << _at % 32;
+    put_bits(_words + _at / 32, _mask, bits_at(_words, _from + _n, _step) << _at % 32);
   }
 }
 
@@ -190,13 +198,13 @@ inline void move_bits_up(unsigned int *words, size_t to, size_t from, size_t n) 
 
 namespace std {
 
-template <class A> class PLX_API vector<bool, A> {
-  typedef typename A::template rebind<unsigned int>::other word_allocator;
-  typedef __zor::vector_storage<unsigned int, word_allocator> storage;
+template <class _A> class PLX_API vector<bool, _A> {
+  typedef typename _A::template rebind<unsigned int>::other _word_allocator;
+  typedef __zor::vector_storage<unsigned int, _word_allocator> _storage;
 
 public:
   typedef bool value_type;
-  typedef A allocator_type;
+  typedef _A allocator_type;
   typedef size_t size_type;
   typedef ptrdiff_t difference_type;
   typedef __zor::bit_reference reference;
@@ -208,57 +216,59 @@ public:
   typedef std::reverse_iterator<iterator> reverse_iterator;
   typedef std::reverse_iterator<const_iterator> const_reverse_iterator;
 
-  explicit vector(const A &a = A()) PLX_NOTHROW : words_(word_allocator(a)), size_(0) {}
-  explicit vector(size_type n, const bool &value = bool(), const A &a = A())
-      : words_(word_allocator(a), words_of(n)), size_(0) {
-    append(n, value);
+  explicit vector(const _A &_a = _A()) PLX_NOTHROW : _words_(_word_allocator(_a)), _size_(0) {}
+  explicit vector(size_type _n, const bool &_value = bool(), const _A &_a = _A())
+      : _words_(_word_allocator(_a), _words_of(_n)), _size_(0) {
+    append(_n, _value);
   }
-  template <class Iterator> vector(Iterator first, Iterator last, const A &a = A())
-      : words_(word_allocator(a)), size_(0) {
-    insert_range(0, first, last, typename __zor::is_integer<Iterator>::type());
+  template <class _Iterator> vector(_Iterator _first, _Iterator _last, const _A &_a = _A())
+      : _words_(_word_allocator(_a)), _size_(0) {
+    _insert_range(0, _first, _last, typename __zor::is_integer<_Iterator>::_type());
   }
-  vector(const vector &other) : words_(other.words_, words_of(other.size_)), size_(0) { copy_words(other); }
+  vector(const vector &_other) : _words_(_other._words_, _words_of(_other._size_)), _size_(0) { _copy_words(_other); }
   ~vector() {}
 
-  vector &operator=(const vector &other) {
-    if (this == &other) return *this;
-    if (other.size_ > capacity()) {
-      vector copy(other);
-      swap(copy);
+  vector &operator=(const vector &_other) {
+    if (this == &_other) return *this;
+    if (_other._size_ > capacity()) {
+      vector _copy(_other);
+      swap(_copy);
     } else {
-      copy_words(other);
+      _copy_words(_other);
     }
     return *this;
   }
 #if __cplusplus >= 201103L
-  vector(vector &&other) noexcept : words_(static_cast<const word_allocator &>(other.words_)), size_(0) { swap(other); }
-  vector &operator=(vector &&other) noexcept {
-    vector taken(static_cast<vector &&>(other));
-    swap(taken);
+  vector(vector &&_other) noexcept : _words_(static_cast<const _word_allocator &>(_other._words_)), _size_(0) {
+    swap(_other);
+  }
+  vector &operator=(vector &&_other) noexcept {
+    vector _taken(static_cast<vector &&>(_other));
+    swap(_taken);
     return *this;
   }
-  vector(initializer_list<bool> list, const A &a = A()) : words_(word_allocator(a)), size_(0) {
-    insert(end(), list.begin(), list.end());
+  vector(initializer_list<bool> _list, const _A &_a = _A()) : _words_(_word_allocator(_a)), _size_(0) {
+    insert(end(), _list.begin(), _list.end());
   }
-  vector &operator=(initializer_list<bool> list) {
-    assign(list.begin(), list.end());
+  vector &operator=(initializer_list<bool> _list) {
+    assign(_list.begin(), _list.end());
     return *this;
   }
 #endif
-  template <class Iterator> void assign(Iterator first, Iterator last) {
-    assign_range(first, last, typename __zor::is_integer<Iterator>::type());
+  template <class _Iterator> void assign(_Iterator _first, _Iterator _last) {
+    _assign_range(_first, _last, typename __zor::is_integer<_Iterator>::_type());
   }
-  void assign(size_type n, const bool &value) {
-    const bool copy = value;
+  void assign(size_type _n, const bool &_value) {
+    const bool _copy = _value;
     clear();
-    append(n, copy);
+    append(_n, _copy);
   }
-  allocator_type get_allocator() const { return allocator_type(words_); }
+  allocator_type get_allocator() const { return allocator_type(_words_); }
 
-  iterator begin() PLX_NOTHROW { return place(0); }
-  const_iterator begin() const PLX_NOTHROW { return place(0); }
-  iterator end() PLX_NOTHROW { return place(size_); }
-  const_iterator end() const PLX_NOTHROW { return place(size_); }
+  iterator begin() PLX_NOTHROW { return _place(0); }
+  const_iterator begin() const PLX_NOTHROW { return _place(0); }
+  iterator end() PLX_NOTHROW { return _place(_size_); }
+  const_iterator end() const PLX_NOTHROW { return _place(_size_); }
   reverse_iterator rbegin() PLX_NOTHROW { return reverse_iterator(end()); }
   const_reverse_iterator rbegin() const PLX_NOTHROW { return const_reverse_iterator(end()); }
   reverse_iterator rend() PLX_NOTHROW { return reverse_iterator(begin()); }
@@ -268,188 +278,188 @@ public:
   const_iterator cend() const noexcept { return end(); }
 #endif
 
-  size_type size() const PLX_NOTHROW { return size_; }
+  size_type size() const PLX_NOTHROW { return _size_; }
   size_type max_size() const PLX_NOTHROW {
-    const size_type words = words_.most();
-    return words > 0x7FFFFFFFu / 32 ? 0x7FFFFFFFu : words * 32;
+    const size_type _words = _words_._most();
+    return _words > 0x7FFFFFFFu / 32 ? 0x7FFFFFFFu : _words * 32;
   }
-  void resize(size_type n, bool value = false) {
-    if (n > size_)
-      append(n - size_, value);
+  void resize(size_type _n, bool _value = false) {
+    if (_n > _size_)
+      append(_n - _size_, _value);
     else
-      cut(n);
+      _cut(_n);
   }
-  size_type capacity() const PLX_NOTHROW { return words_.room() * 32; }
-  bool empty() const PLX_NOTHROW { return size_ == 0; }
-  void reserve(size_type n) {
-    if (n > max_size()) __zor::sequence_length_error();
-    if (n > capacity()) grow(n);
+  size_type capacity() const PLX_NOTHROW { return _words_._room() * 32; }
+  bool empty() const PLX_NOTHROW { return _size_ == 0; }
+  void reserve(size_type _n) {
+    if (_n > max_size()) __zor::sequence_length_error();
+    if (_n > capacity()) _grow(_n);
   }
 
-  reference operator[](size_type n) PLX_NOTHROW { return reference(words_.first + n / 32, 1u << n % 32); }
-  const_reference operator[](size_type n) const PLX_NOTHROW { return (words_.first[n / 32] >> n % 32 & 1) != 0; }
-  reference at(size_type n) {
-    if (n >= size_) __zor::sequence_out_of_range();
-    return (*this)[n];
+  reference operator[](size_type _n) PLX_NOTHROW { return reference(_words_.first + _n / 32, 1u << _n % 32); }
+  const_reference operator[](size_type _n) const PLX_NOTHROW { return (_words_.first[_n / 32] >> _n % 32 & 1) != 0; }
+  reference at(size_type _n) {
+    if (_n >= _size_) __zor::sequence_out_of_range();
+    return (*this)[_n];
   }
-  const_reference at(size_type n) const {
-    if (n >= size_) __zor::sequence_out_of_range();
-    return (*this)[n];
+  const_reference at(size_type _n) const {
+    if (_n >= _size_) __zor::sequence_out_of_range();
+    return (*this)[_n];
   }
   reference front() PLX_NOTHROW { return (*this)[0]; }
   const_reference front() const PLX_NOTHROW { return (*this)[0]; }
-  reference back() PLX_NOTHROW { return (*this)[size_ - 1]; }
-  const_reference back() const PLX_NOTHROW { return (*this)[size_ - 1]; }
+  reference back() PLX_NOTHROW { return (*this)[_size_ - 1]; }
+  const_reference back() const PLX_NOTHROW { return (*this)[_size_ - 1]; }
 
-  void push_back(const bool &value) {
-    if (__builtin_expect(size_ == capacity(), 0)) {
-      append(1, value);
+  void push_back(const bool &_value) {
+    if (__builtin_expect(_size_ == capacity(), 0)) {
+      append(1, _value);
       return;
     }
-    unsigned int *const word = words_.first + size_ / 32;
-    if (size_ % 32 == 0) words_.last = word + 1, *word = 0;
-    *word |= static_cast<unsigned int>(value) << size_ % 32;
-    ++size_;
+    unsigned int *const _word = _words_.first + _size_ / 32;
+    if (_size_ % 32 == 0) _words_._last = _word + 1, *_word = 0;
+    *_word |= static_cast<unsigned int>(_value) << _size_ % 32;
+    ++_size_;
   }
-  void pop_back() PLX_NOTHROW { cut(size_ - 1); }
+  void pop_back() PLX_NOTHROW { _cut(_size_ - 1); }
 
-  iterator insert(iterator at, const bool &value = bool()) {
-    const size_type index = index_of(at);
-    const bool copy = value;
-    open(index, 1);
-    (*this)[index] = copy;
-    return place(index);
+  iterator insert(iterator _at, const bool &_value = bool()) {
+    const size_type _index = _index_of(_at);
+    const bool _copy = _value;
+    _open(_index, 1);
+    (*this)[_index] = _copy;
+    return _place(_index);
   }
-  void insert(iterator at, size_type n, const bool &value) {
-    const size_type index = index_of(at);
-    const bool copy = value;
-    open(index, n);
-    __zor::fill_bits(words_.first, index, n, copy);
+  void insert(iterator _at, size_type _n, const bool &_value) {
+    const size_type _index = _index_of(_at);
+    const bool _copy = _value;
+    _open(_index, _n);
+    __zor::fill_bits(_words_.first, _index, _n, _copy);
   }
-  template <class Iterator> void insert(iterator at, Iterator first, Iterator last) {
-    insert_range(index_of(at), first, last, typename __zor::is_integer<Iterator>::type());
+  template <class _Iterator> void insert(iterator _at, _Iterator _first, _Iterator _last) {
+    _insert_range(_index_of(_at), _first, _last, typename __zor::is_integer<_Iterator>::_type());
   }
-  iterator erase(iterator at) { return erase(at, at + 1); }
-  iterator erase(iterator first, iterator last) {
-    const size_type from = index_of(first), to = index_of(last);
-    if (from != to) {
-      __zor::copy_bits(words_.first, from, words_.first, to, size_ - to);
-      cut(size_ - (to - from));
+  iterator erase(iterator _at) { return erase(_at, _at + 1); }
+  iterator erase(iterator _first, iterator _last) {
+    const size_type _from = _index_of(_first), _to = _index_of(_last);
+    if (_from != _to) {
+      __zor::copy_bits(_words_.first, _from, _words_.first, _to, _size_ - _to);
+      _cut(_size_ - (_to - _from));
     }
-    return first;
+    return _first;
   }
-  void swap(vector &other) PLX_NOTHROW {
-    words_.swap_blocks(other.words_);
-    const size_type n = size_;
-    size_ = other.size_;
-    other.size_ = n;
+  void swap(vector &_other) PLX_NOTHROW {
+    _words_._swap_blocks(_other._words_);
+    const size_type _n = _size_;
+    _size_ = _other._size_;
+    _other._size_ = _n;
   }
-  static void swap(reference a, reference b) PLX_NOTHROW { __zor::swap(a, b); }
-  void clear() PLX_NOTHROW { cut(0); }
+  static void swap(reference _a, reference _b) PLX_NOTHROW { __zor::swap(_a, _b); }
+  void clear() PLX_NOTHROW { _cut(0); }
   void flip() PLX_NOTHROW {
-    for (unsigned int *word = words_.first; word != words_.last; ++word) *word = ~*word;
-    clear_tail();
+    for (unsigned int *_word = _words_.first; _word != _words_._last; ++_word) *_word = ~*_word;
+    _clear_tail();
   }
 
 private:
   // Words of a new block; a length beyond all is reported.
-  size_type words_of(size_type n) const {
-    if (n > 0x7FFFFFFFu) __zor::sequence_length_error();
-    return __zor::words_for_bits(n);
+  size_type _words_of(size_type _n) const {
+    if (_n > 0x7FFFFFFFu) __zor::sequence_length_error();
+    return __zor::words_for_bits(_n);
   }
-  iterator place(size_type n) const PLX_NOTHROW { return iterator(words_.first + n / 32, n % 32); }
-  size_type index_of(const iterator &at) const PLX_NOTHROW {
-    return static_cast<size_type>(at.word - words_.first) * 32 + at.bit;
+  iterator _place(size_type _n) const PLX_NOTHROW { return iterator(_words_.first + _n / 32, _n % 32); }
+  size_type _index_of(const iterator &_at) const PLX_NOTHROW {
+    return static_cast<size_type>(_at._word - _words_.first) * 32 + _at._bit;
   }
-  void clear_tail() PLX_NOTHROW {
-    if (size_ % 32 != 0) words_.last[-1] &= __zor::low_bits(size_ % 32);
+  void _clear_tail() PLX_NOTHROW {
+    if (_size_ % 32 != 0) _words_._last[-1] &= __zor::low_bits(_size_ % 32);
   }
-  void cut(size_type n) PLX_NOTHROW {
-    size_ = n;
-    words_.last = words_.first + __zor::words_for_bits(n);
-    clear_tail();
+  void _cut(size_type _n) PLX_NOTHROW {
+    _size_ = _n;
+    _words_._last = _words_.first + __zor::words_for_bits(_n);
+    _clear_tail();
   }
-  void copy_words(const vector &other) PLX_NOTHROW {
-    size_ = other.size_;
-    words_.last = words_.first + __zor::words_for_bits(size_);
-    if (size_ != 0) memcpy(words_.first, other.words_.first, __zor::words_for_bits(size_) * sizeof(unsigned int));
+  void _copy_words(const vector &_other) PLX_NOTHROW {
+    _size_ = _other._size_;
+    _words_._last = _words_.first + __zor::words_for_bits(_size_);
+    if (_size_ != 0) memcpy(_words_.first, _other._words_.first, __zor::words_for_bits(_size_) * sizeof(unsigned int));
   }
-  void grow(size_type n) {
-    storage made(words_, words_of(n));
-    const size_type used = static_cast<size_type>(words_.last - words_.first);
-    if (used != 0) memcpy(made.first, words_.first, used * sizeof(unsigned int));
-    made.last = made.first + used;
-    words_.swap_blocks(made);
+  void _grow(size_type _n) {
+    _storage _made(_words_, _words_of(_n));
+    const size_type _used = static_cast<size_type>(_words_._last - _words_.first);
+    if (_used != 0) memcpy(_made.first, _words_.first, _used * sizeof(unsigned int));
+    _made._last = _made.first + _used;
+    _words_._swap_blocks(_made);
   }
   // More elements at the end, not set.
-  void lengthen(size_type n) {
-    if (n > max_size() - size_) __zor::sequence_length_error();
-    const size_type wanted = size_ + n;
-    if (wanted > capacity()) grow(size_ > n ? (size_ > max_size() / 2 ? max_size() : 2 * size_) : wanted);
-    unsigned int *const last = words_.first + __zor::words_for_bits(wanted);
-    for (; words_.last != last; ++words_.last) *words_.last = 0;
-    size_ = wanted;
+  void _lengthen(size_type _n) {
+    if (_n > max_size() - _size_) __zor::sequence_length_error();
+    const size_type _wanted = _size_ + _n;
+    if (_wanted > capacity()) _grow(_size_ > _n ? (_size_ > max_size() / 2 ? max_size() : 2 * _size_) : _wanted);
+    unsigned int *const _last = _words_.first + __zor::words_for_bits(_wanted);
+    for (; _words_._last != _last; ++_words_._last) *_words_._last = 0;
+    _size_ = _wanted;
   }
-  void append(size_type n, bool value) {
-    const size_type from = size_;
-    lengthen(n);
-    if (value) __zor::fill_bits(words_.first, from, n, true);
+  void append(size_type _n, bool _value) {
+    const size_type _from = _size_;
+    _lengthen(_n);
+    if (_value) __zor::fill_bits(_words_.first, _from, _n, true);
   }
-  // n elements at `at`, not set.
-  void open(size_type at, size_type n) {
-    const size_type tail = size_ - at;
-    lengthen(n);
-    if (n != 0) __zor::move_bits_up(words_.first, at + n, at, tail);
+  // n elements at `_at`, not set.
+  void _open(size_type _at, size_type _n) {
+    const size_type _tail = _size_ - _at;
+    _lengthen(_n);
+    if (_n != 0) __zor::move_bits_up(_words_.first, _at + _n, _at, _tail);
   }
 
-  template <class Integer> void insert_range(size_type at, Integer n, Integer value, __zor::yes) {
-    insert(place(at), static_cast<size_type>(n), static_cast<bool>(value));
+  template <class _Integer> void _insert_range(size_type _at, _Integer _n, _Integer _value, __zor::_yes) {
+    insert(_place(_at), static_cast<size_type>(_n), static_cast<bool>(_value));
   }
   // The elements are read first: reading them may fail.
-  template <class Iterator> void insert_range(size_type at, Iterator first, Iterator last, __zor::no) {
-    if (at == size_) {
-      const size_type before = size_;
-      trim_unless_kept added(*this, before);
-      for (; first != last; ++first) push_back(static_cast<bool>(*first));
-      added.keep();
+  template <class _Iterator> void _insert_range(size_type _at, _Iterator _first, _Iterator _last, __zor::_no) {
+    if (_at == _size_) {
+      const size_type _before = _size_;
+      _trim_unless_kept _added(*this, _before);
+      for (; _first != _last; ++_first) push_back(static_cast<bool>(*_first));
+      _added._keep();
       return;
     }
-    vector read(get_allocator());
-    for (; first != last; ++first) read.push_back(static_cast<bool>(*first));
-    open(at, read.size_);
-    if (read.size_ != 0) __zor::copy_bits(words_.first, at, read.words_.first, 0, read.size_);
+    vector _read(get_allocator());
+    for (; _first != _last; ++_first) _read.push_back(static_cast<bool>(*_first));
+    _open(_at, _read._size_);
+    if (_read._size_ != 0) __zor::copy_bits(_words_.first, _at, _read._words_.first, 0, _read._size_);
   }
-  class trim_unless_kept {
+  class _trim_unless_kept {
   public:
-    trim_unless_kept(vector &v, size_type n) : v_(v), n_(n), kept_(false) {}
-    ~trim_unless_kept() {
-      if (!kept_) v_.cut(n_);
+    _trim_unless_kept(vector &_v, size_type _n) : _v_(_v), _n_(_n), _kept_(false) {}
+    ~_trim_unless_kept() {
+      if (!_kept_) _v_._cut(_n_);
     }
-    void keep() { kept_ = true; }
+    void _keep() { _kept_ = true; }
 
   private:
-    vector &v_;
-    size_type n_;
-    bool kept_;
+    vector &_v_;
+    size_type _n_;
+    bool _kept_;
   };
-  template <class Integer> void assign_range(Integer n, Integer value, __zor::yes) {
-    assign(static_cast<size_type>(n), static_cast<bool>(value));
+  template <class _Integer> void _assign_range(_Integer _n, _Integer _value, __zor::_yes) {
+    assign(static_cast<size_type>(_n), static_cast<bool>(_value));
   }
-  template <class Iterator> void assign_range(Iterator first, Iterator last, __zor::no) {
-    vector read(first, last, get_allocator());
-    swap(read);
+  template <class _Iterator> void _assign_range(_Iterator _first, _Iterator _last, __zor::_no) {
+    vector _read(_first, _last, get_allocator());
+    swap(_read);
   }
 
-  template <class B> friend bool operator==(const vector<bool, B> &, const vector<bool, B> &);
+  template <class _Bt> friend bool operator==(const vector<bool, _Bt> &, const vector<bool, _Bt> &);
 
-  storage words_;  // up to `last` they hold elements
-  size_type size_;
+  _storage _words_;  // up to `_last` they hold elements
+  size_type _size_;
 };
 
-template <class A> inline bool operator==(const vector<bool, A> &left, const vector<bool, A> &right) {
-  return left.size_ == right.size_ &&
-         (left.size_ == 0 || memcmp(left.words_.first, right.words_.first,
-                                    __zor::words_for_bits(left.size_) * sizeof(unsigned int)) == 0);
+template <class _A> inline bool operator==(const vector<bool, _A> &_left, const vector<bool, _A> &_right) {
+  return _left._size_ == _right._size_ &&
+         (_left._size_ == 0 || memcmp(_left._words_.first, _right._words_.first,
+                                      __zor::words_for_bits(_left._size_) * sizeof(unsigned int)) == 0);
 }
 
 }  // namespace std

@@ -30,13 +30,13 @@ static void first_places() {
   std::deque<int> d;
   for (int i = 0; i < 21; ++i) d.push_back(i);
   std::deque<int>::iterator first = d.begin(), end = d.end();
-  CHECK_INT(first.cur - *first.node, 10);
-  CHECK_INT((&d[20] - *end.node), 10);
-  CHECK_INT(end.node - first.node, 1);
+  CHECK_INT(first._cur - *first._node, 10);
+  CHECK_INT((&d[20] - *end._node), 10);
+  CHECK_INT(end._node - first._node, 1);
   std::deque<char> at_front;
   for (int i = 0; i < 11; ++i) at_front.push_front(static_cast<char>(i));
-  CHECK_INT(at_front.begin().cur - *at_front.begin().node, 19);
-  CHECK_INT(at_front.end().node - at_front.begin().node, 1);
+  CHECK_INT(at_front.begin()._cur - *at_front.begin()._node, 19);
+  CHECK_INT(at_front.end()._node - at_front.begin()._node, 1);
 #endif
   // References survive what happens at the ends, until their element goes.
   std::deque<std::string> s(1, "kept");

@@ -31,11 +31,11 @@ public:
   int_tree() { __initialize(); }
   ~int_tree() { __destroy(); }
 
-  virtual void destroy_node(node *n) {
+  virtual void destroy_node(_node *n) {
     --live_nodes;
     free(n);
   }
-  virtual node *create_node(const void *value) {
+  virtual _node *create_node(const void *value) {
     if (nodes_to_fail != 0 && --nodes_to_fail == 0) throw out_of_nodes();
     int_node *made = static_cast<int_node *>(malloc(sizeof(int_node)));
     memset(made, 0x5A, sizeof *made);  // whatever the core does not set shows
@@ -44,9 +44,9 @@ public:
     return made;
   }
 
-  node *insert(int value) {
-    node *parent = header, *right_of = 0;
-    for (node *at = header->parent; at;) {
+  _node *insert(int value) {
+    _node *parent = header, *right_of = 0;
+    for (_node *at = header->parent; at;) {
       parent = at;
       const bool left = value < static_cast<int_node *>(at)->value;
       right_of = left ? 0 : at;
@@ -57,8 +57,8 @@ public:
   void insert_up_to(int last) {
     for (int i = 1; i <= last; ++i) insert(i);
   }
-  node *nth(int n) {
-    node *at = leftmost;
+  _node *nth(int n) {
+    _node *at = leftmost;
     while (n-- > 0) at = __next(at);
     return at;
   }
@@ -271,12 +271,12 @@ void check_validator() {
     CHECK_INT(tree.valid(), rule);             \
     field = right;                             \
   }
-  CHECK_BREAKS(rb_tree_base::node *, tree.header->right, root, rule_1_header_right_is_null)
-  CHECK_BREAKS(rb_tree_base::node *, root->parent, leaf, rule_2_root_hangs_below_header)
-  CHECK_BREAKS(rb_tree_base::node *, tree.header->left, root, rule_3_header_left_is_last)
-  CHECK_BREAKS(rb_tree_base::node *, tree.leftmost, root, rule_4_leftmost_is_first)
-  CHECK_BREAKS(rb_tree_base::node *, tree.rightmost, root, rule_5_rightmost_is_last)
-  CHECK_BREAKS(rb_tree_base::node *, leaf->parent, root, rule_6_children_know_parent)
+  CHECK_BREAKS(rb_tree_base::_node *, tree.header->right, root, rule_1_header_right_is_null)
+  CHECK_BREAKS(rb_tree_base::_node *, root->parent, leaf, rule_2_root_hangs_below_header)
+  CHECK_BREAKS(rb_tree_base::_node *, tree.header->left, root, rule_3_header_left_is_last)
+  CHECK_BREAKS(rb_tree_base::_node *, tree.leftmost, root, rule_4_leftmost_is_first)
+  CHECK_BREAKS(rb_tree_base::_node *, tree.rightmost, root, rule_5_rightmost_is_last)
+  CHECK_BREAKS(rb_tree_base::_node *, leaf->parent, root, rule_6_children_know_parent)
   CHECK_BREAKS(unsigned char, root->color, rb_red, rule_7_colours)
   CHECK_BREAKS(unsigned char, leaf->color, 2, rule_7_colours)
   CHECK_BREAKS(unsigned char, tree.leftmost->color, rb_red, rule_8_black_height)

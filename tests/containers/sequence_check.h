@@ -137,11 +137,12 @@ template <class T> bool validate(const std::deque<T> &d) {
 #if defined(PLX_CONFIG_H)
   typedef typename std::deque<T>::const_iterator iterator;
   const iterator first = d.begin(), end = d.end();
-  if (first.last != *first.node + 20 || end.last != *end.node + 20) return false;
-  if (first.cur < *first.node || first.cur >= first.last || end.cur < *end.node || end.cur >= end.last) return false;
+  if (first._last != *first._node + 20 || end._last != *end._node + 20) return false;
+  if (first._cur < *first._node || first._cur >= first._last || end._cur < *end._node || end._cur >= end._last)
+    return false;
   int n = 0;
-  for (T **node = first.node; node <= end.node; ++node)
-    n += static_cast<int>((node == end.node ? end.cur : *node + 20) - (node == first.node ? first.cur : *node));
+  for (T **node = first._node; node <= end._node; ++node)
+    n += static_cast<int>((node == end._node ? end._cur : *node + 20) - (node == first._node ? first._cur : *node));
   if (n != static_cast<int>(d.size())) return false;
 #endif
   // Steps and jumps agree.
@@ -153,10 +154,10 @@ template <class T> bool validate(const std::deque<T> &d) {
 
 template <class T> bool validate(const std::list<T> &l) {
 #if defined(PLX_CONFIG_H)
-  const __zor::list_links *const end = l.end().node, *at = end;
+  const __zor::list_links *const end = l.end()._node, *at = end;
   unsigned int n = 0;
   do {
-    if (at->next->prev != at || at->prev->next != at) return false;
+    if (at->next->_prev != at || at->_prev->next != at) return false;
     at = at->next;
     ++n;
   } while (at != end && n <= l.size() + 1);

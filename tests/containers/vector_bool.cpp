@@ -34,7 +34,7 @@ static bool same(const bits &b, const model &m) {
 #if defined(PLX_CONFIG_H)
   // The bits behind the last are zero: that is what comparing by words stands on.
   const bits::const_iterator end = b.end();
-  if (m.n % 32 != 0 && *end.word >> m.n % 32 != 0) return false;
+  if (m.n % 32 != 0 && *end._word >> m.n % 32 != 0) return false;
 #endif
   return i == 0;
 }

@@ -104,7 +104,7 @@ plx-c++ -E part.cpp -I headers -o part.ii && plx-c++ -Werror -c part.ii || wrong
 # The library has no debug information, so the program's describes the library's classes.
 echo '#include <string>
 std::string text("x"); int main() { return 0; }' > debug.cpp
-plx-c++ -g debug.cpp -o debug && readelf --debug-dump=info debug 2> log | grep -q 'DW_AT_name.*: rep_$' ||
+plx-c++ -g debug.cpp -o debug && readelf --debug-dump=info debug 2> log | grep -q 'DW_AT_name.*: _rep_$' ||
   wrong "-g leaves std::string incomplete"
 plx-c++ -nostdlib main.o part.o -o program 2> log && wrong "-nostdlib links the library"
 plx-c++ -pthread "${sources[@]}" -o program && ./program > out || wrong "-pthread"

@@ -33,12 +33,12 @@ static TEST_UNUSED int broken_invariant(const std::string &text) {
     if (rep->count < 2 || rep->count == unshareable) return 9;  // the class keeps one for itself
     return 0;
   }
-  if (rep->capacity >= rep->room) return 10;
-  const unsigned int block = rep->block & ~1u;
+  if (rep->capacity >= rep->_room) return 10;
+  const unsigned int block = rep->_block & ~1u;
   if (block % 32 != 0 || block < 64) return 11;
   const bool inside = rep->data == reinterpret_cast<const char *>(rep + 1);
-  if (inside && rep->room != block - sizeof *rep) return 12;
-  if (!inside && (rep->room % 32 != 0 || rep->block == block)) return 13;
+  if (inside && rep->_room != block - sizeof *rep) return 12;
+  if (!inside && (rep->_room % 32 != 0 || rep->_block == block)) return 13;
   return 0;
 }
 
