@@ -5,7 +5,7 @@ namespace __zor {
 
 // Looks at whole steps of four words: where the word is, or where the rest of the range begins.
 __attribute__((__visibility__("hidden"), __regparm__(3))) const unsigned *find_word_sse2(const unsigned *first,
-                                                                                          const unsigned *last,
-                                                                                          unsigned word);
+                                                                                         const unsigned *last,
+                                                                                         unsigned word);
 
 }  // namespace __zor

@@ -28,8 +28,7 @@ unsigned long __random_generator::operator()(unsigned long limit) PLX_NOTHROW {
   unsigned long long product = static_cast<unsigned long long>(next()) * bound;
   if (static_cast<unsigned int>(product) < bound) {
     const unsigned int surplus = (0u - bound) % bound;
-    while (static_cast<unsigned int>(product) < surplus)
-      product = static_cast<unsigned long long>(next()) * bound;
+    while (static_cast<unsigned int>(product) < surplus) product = static_cast<unsigned long long>(next()) * bound;
   }
   return static_cast<unsigned long>(product >> 32);
 }

@@ -1,5 +1,5 @@
-// Whether this build is watched by the address sanitizer: pools then stand aside, so that it sees every block, and jumps
-// tell it which frames they leave.
+// Whether this build is watched by the address sanitizer: pools then stand aside, so that it sees every block, and
+// jumps tell it which frames they leave.
 #pragma once
 
 #if defined(__SANITIZE_ADDRESS__)
