@@ -1,0 +1,102 @@
+// ctype<char>: the classic table of masks and the conversions that go with it.
+
+#include <string.h>
+
+#include <plx/ctype.h>
+
+namespace std {
+
+const ctype_base::mask ctype_base::space;
+const ctype_base::mask ctype_base::print;
+const ctype_base::mask ctype_base::cntrl;
+const ctype_base::mask ctype_base::upper;
+const ctype_base::mask ctype_base::lower;
+const ctype_base::mask ctype_base::alpha;
+const ctype_base::mask ctype_base::digit;
+const ctype_base::mask ctype_base::punct;
+const ctype_base::mask ctype_base::xdigit;
+const ctype_base::mask ctype_base::alnum;
+const ctype_base::mask ctype_base::graph;
+
+locale::id ctype<char>::id;
+const size_t ctype<char>::table_size;
+
+namespace {
+
+typedef ctype_base base;
+
+constexpr base::mask mask_of(int c) {
+  if (c == 0 || c > 127) return 0;
+  if (c >= 9 && c <= 13) return base::space | base::cntrl;
+  if (c < 32 || c == 127) return base::cntrl;
+  if (c == ' ') return base::space | base::print;
+  if (c >= '0' && c <= '9') return base::digit | base::xdigit | base::print;
+  const base::mask hex = (c | 32) <= 'f' ? base::xdigit : 0;
+  if (c >= 'A' && c <= 'Z') return base::upper | base::alpha | base::print | hex;
+  if (c >= 'a' && c <= 'z') return base::lower | base::alpha | base::print | hex;
+  return base::punct | base::print;
+}
+
+struct masks {
+  base::mask of[256];
+};
+
+constexpr masks make_masks() {
+  masks made = {};
+  for (int c = 0; c < 256; ++c) made.of[c] = mask_of(c);
+  return made;
+}
+
+constexpr masks classic = make_masks();
+
+char upper_of(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 32) : c; }
+char lower_of(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; }
+
+void copy(const char *lo, const char *hi, char *to) {
+  if (lo != hi) memcpy(to, lo, static_cast<size_t>(hi - lo));
+}
+
+}  // namespace
+
+ctype<char>::ctype(const mask *table, bool del, size_t refs) PLX_NOTHROW : facet(refs),
+                                                                           _table_(table ? table : classic.of),
+                                                                           _del_(table &&del) {}
+
+ctype<char>::~ctype() {
+  if (_del_) operator delete(const_cast<mask *>(_table_));
+}
+
+const ctype_base::mask *ctype<char>::classic_table() PLX_NOTHROW { return classic.of; }
+
+char ctype<char>::do_toupper(char c) const { return upper_of(c); }
+
+const char *ctype<char>::do_toupper(char *lo, const char *hi) const {
+  for (; lo != hi; ++lo) *lo = upper_of(*lo);
+  return hi;
+}
+
+char ctype<char>::do_tolower(char c) const { return lower_of(c); }
+
+const char *ctype<char>::do_tolower(char *lo, const char *hi) const {
+  for (; lo != hi; ++lo) *lo = lower_of(*lo);
+  return hi;
+}
+
+char ctype<char>::do_widen(char c) const { return c; }
+
+const char *ctype<char>::do_widen(const char *lo, const char *hi, char *to) const {
+  copy(lo, hi, to);
+  return hi;
+}
+
+char ctype<char>::do_narrow(char c, char) const { return c; }
+
+const char *ctype<char>::do_narrow(const char *lo, const char *hi, char, char *to) const {
+  copy(lo, hi, to);
+  return hi;
+}
+
+ctype_byname<char>::ctype_byname(const char *, size_t refs) : ctype<char>(nullptr, false, refs) {}
+ctype_byname<char>::~ctype_byname() {}
+
+}  // namespace std

@@ -1,0 +1,41 @@
+// The facets of each category. A new facet class of the library is named here, in both functions, and nowhere else.
+//
+// The order is the order of identities in a process whose first locale is built here, and of allocations: keep it.
+
+#include "standard_facets.h"
+
+#include <plx/codecvt.h>
+#include <plx/collate.h>
+#include <plx/ctype.h>
+
+#include "own.h"
+
+using namespace std;
+
+namespace __zor {
+
+namespace {
+
+template <class Facet, class... Arguments> void install(locale::imp &table, const Arguments &...arguments) {
+  eh_local<facet_hold> hold(make<Facet>(arguments...));
+  table._store(hold->held, Facet::id);
+}
+
+}  // namespace
+
+void install_standard_facets(locale::imp &table, const char *, int categories) {
+  if (categories & locale::ctype) {
+    install<ctype<char>>(table);
+    install<codecvt<char, char, int>>(table);
+  }
+  if (categories & locale::collate) install<collate<char>>(table);
+}
+
+// codecvt and the facets of time stay: what a stream's file holds, and how a program writes dates, are not settings of
+// the text's language that a mixture of locales is made for.
+void carry_standard_facets(locale &to, locale::imp *from, int categories) {
+  if (categories & locale::ctype) to.set_imp(from, ctype<char>::id);
+  if (categories & locale::collate) to.set_imp(from, collate<char>::id);
+}
+
+}  // namespace __zor
