@@ -1,0 +1,146 @@
+// Text to numbers, without a stream: what the extractors' quick paths and num_get share.
+//
+//   quick_integer, quick_real   one number at the front of [p, end), in the plain locale: no grouping, point '.'
+//   decimal_text                a floating text collected digit by digit, of any length, in constant space
+//   integer_append, integer_fit the steps of integers: one digit more; sign and range
+//
+// Values are those that the C library's sscanf gives for the same text: rounded once, as the x87 control word says;
+// infinite beyond the range and zero or denormal below it, which is no error. Nothing here throws or allocates, or
+// looks at the C library's locale.
+#pragma once
+
+#include <plx/config.h>
+
+#define NUMBER_CALL __attribute__((__regparm__(3)))
+
+namespace __zor {
+
+// ios_base::fmtflags of the base; any other mixture stands for "as the prefix says".
+const unsigned int number_dec = 0x2, number_hex = 0x8, number_oct = 0x40, number_basefield = 0x4A;
+
+// value := value * 10 + digit; false, and nothing done, when that does not fit.
+inline bool integer_append(unsigned long &value, unsigned int digit) noexcept {
+  const unsigned long most = 0xFFFFFFFFul / 10;
+  if (value >= most && (value > most || digit > 0xFFFFFFFFul % 10)) return false;
+  value = value * 10 + digit;
+  return true;
+}
+
+// What an integer overload stores when the number does not fit.
+inline unsigned long integer_limit(bool negative, bool is_signed, unsigned long max) noexcept {
+  return is_signed ? (max >> 1) + (negative ? 1 : 0) : max;
+}
+
+// Turns the magnitude into the value of a type whose bits are `max`; false, with the limit, when it does not fit.
+// Unsigned types take negative numbers down to minus half their range: "-1" is their largest value.
+inline bool integer_fit(unsigned long &value, bool negative, bool is_signed, unsigned long max) noexcept {
+  const unsigned long half = (max >> 1) + 1;
+  if (value <= (negative ? half : is_signed ? max >> 1 : max)) {
+    if (negative) value = (0 - value) & max;
+    return true;
+  }
+  value = integer_limit(negative, is_signed, max);
+  return false;
+}
+
+// The digits at p, as quick_integer does.
+inline const char *quick_decimal(const char *p, const char *end, unsigned long &value) noexcept {
+  if (p == end) return nullptr;
+  unsigned int digit = static_cast<unsigned char>(*p) - static_cast<unsigned int>('0');
+  if (digit > 9) return nullptr;
+  unsigned long sum = digit;
+  ++p;
+  const char *const sure = end - p > 8 ? p + 8 : end;  // nine digits always fit
+  for (; p != sure; ++p) {
+    digit = static_cast<unsigned char>(*p) - static_cast<unsigned int>('0');
+    if (digit > 9) {
+      value = sum;
+      return p;
+    }
+    sum = sum * 10 + digit;
+  }
+  for (; p != end; ++p) {
+    digit = static_cast<unsigned char>(*p) - static_cast<unsigned int>('0');
+    if (digit > 9) break;
+    if (!integer_append(sum, digit)) return nullptr;
+  }
+  value = sum;
+  return p;
+}
+
+// The same for the other bases.
+NUMBER_CALL const char *quick_based(const char *p, const char *end, unsigned long &value, unsigned int flags) noexcept;
+
+// Reads an integer of the type whose bits are `Max` from [p, end): sign, prefix and digits as the stream's flags say.
+// Returns where it stopped. When that is `end`, the value holds only if the input ends there: a caller that may get
+// more takes the general path instead, from p. Null, with `value` untouched: no plain number in range; the general path
+// decides (white space after the sign, overflow, no digits).
+template <bool Signed, unsigned long Max>
+inline const char *quick_integer(const char *p, const char *end, unsigned int flags, unsigned long &value) noexcept {
+  if (p == end) return nullptr;
+  const bool negative = *p == '-';
+  if (negative || *p == '+') ++p;
+  unsigned long sum;
+  const char *const stop =
+      (flags & number_basefield) == number_dec ? quick_decimal(p, end, sum) : quick_based(p, end, sum, flags);
+  if (!stop || !integer_fit(sum, negative, Signed, Max)) return nullptr;
+  value = sum;
+  return stop;
+}
+
+// The same for sign, digits, point, digits, exponent. Null, with `value` untouched, only when there is no digit
+// directly after sign and point. An exponent letter without digits is taken and means nothing.
+NUMBER_CALL const char *quick_real(const char *p, const char *end, float &value) noexcept;
+NUMBER_CALL const char *quick_real(const char *p, const char *end, double &value) noexcept;
+NUMBER_CALL const char *quick_real(const char *p, const char *end, long double &value) noexcept;
+
+// A floating text while it is read: the caller tells the sign, the digits before and after the point, and the exponent.
+//
+// No value depends on more than 11,515 significant digits (a number halfway between two denormal long doubles has that
+// many); of those beyond, only whether all are zero matters.
+class decimal_text {
+public:
+  decimal_text() noexcept
+      : negative_(false), any_(false), rest_(false), exponent_negative_(false), count_(0), scale_(0), exponent_(0) {}
+
+  void negate() noexcept { negative_ = true; }
+  void digit(unsigned int digit) noexcept { take(digit, 0); }
+  void fraction_digit(unsigned int digit) noexcept { take(digit, 1); }
+  void negate_exponent() noexcept { exponent_negative_ = true; }
+  void exponent_digit(unsigned int digit) noexcept {
+    if (exponent_ < 1000000000000000ll) exponent_ = exponent_ * 10 + digit;
+  }
+
+  // Without any digit before the exponent there is no number.
+  bool any_digit() const noexcept { return any_; }
+
+  // Each may be called once, last.
+  void get(float &value) noexcept;
+  void get(double &value) noexcept;
+  void get(long double &value) noexcept;
+
+private:
+  enum { most_digits = 11520 };
+
+  void take(unsigned int digit, int places) noexcept {
+    any_ = true;
+    if (count_ == 0 && digit == 0) {
+      scale_ -= places;
+    } else if (count_ < most_digits) {
+      text_[++count_] = static_cast<char>('0' + digit);
+      scale_ -= places;
+    } else {
+      rest_ |= digit != 0;
+      scale_ += 1 - places;
+    }
+  }
+  template <class Real> void convert(Real &value) noexcept;
+
+  bool negative_, any_, rest_, exponent_negative_;
+  int count_;           // digits in text_, after a place for the sign; the first of them is not 0
+  long long scale_;     // the number is text_ * 10 ^ (scale_ +- exponent_)
+  long long exponent_;  // stays below 10 ^ 16
+  char text_[most_digits + 16];
+};
+
+}  // namespace __zor

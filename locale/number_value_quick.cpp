@@ -1,0 +1,150 @@
+// The contiguous forms: numbers read straight from a stream's buffer.
+#include "number_real.h"
+
+namespace __zor {
+namespace {
+
+inline unsigned int digit_of(char c) { return static_cast<unsigned char>(c) - static_cast<unsigned int>('0'); }
+
+// The digits' value, or 16 and more.
+inline unsigned int hex_digit_of(char c) {
+  const unsigned int digit = digit_of(c);
+  if (digit <= 9) return digit;
+  const unsigned int letter = (static_cast<unsigned char>(c) | 0x20u) - static_cast<unsigned int>('a');
+  return letter < 6 ? letter + 10 : 16;
+}
+
+// Any length: collects the digits one by one.
+template <class Real> __attribute__((__noinline__)) const char *long_real(const char *p, const char *end, Real &value) {
+  decimal_text text;
+  if (*p == '-') text.negate();
+  if (*p == '-' || *p == '+') ++p;
+  for (; p != end && digit_of(*p) <= 9; ++p) text.digit(digit_of(*p));
+  if (p != end && *p == '.')
+    for (++p; p != end && digit_of(*p) <= 9; ++p) text.fraction_digit(digit_of(*p));
+  if (!text.any_digit()) return nullptr;
+  if (p != end && (*p | 0x20) == 'e') {
+    ++p;
+    if (p != end && *p == '-') text.negate_exponent();
+    if (p != end && (*p == '-' || *p == '+')) ++p;
+    for (; p != end && digit_of(*p) <= 9; ++p) text.exponent_digit(digit_of(*p));
+  }
+  text.get(value);
+  return p;
+}
+
+const unsigned int small_power[10] = {1, 10, 100, 1000, 10000, 100000, 1000000, 10000000, 100000000, 1000000000};
+
+// A number of 10 to 18 digits, as its first nine and those that follow.
+struct two_words {
+  unsigned int high, low, power;  // the number is high * power + low
+
+  // Of n digits, with a point among or before them, whose value modulo 2^32 is known. Zeros in front do not count.
+  bool split(const char *p, unsigned int n, unsigned int sum) {
+    for (; n != 0 && (*p == '0' || *p == '.'); ++p) n -= *p == '0';
+    if (n > 18) return false;
+    high = 0;
+    low = sum;
+    power = 1;
+    if (n <= 9) return true;
+    for (unsigned int left = 9; left != 0; ++p) {
+      const unsigned int digit = digit_of(*p);
+      if (digit > 9) continue;
+      high = high * 10 + digit;
+      --left;
+    }
+    power = small_power[n - 9];
+    low = sum - high * power;
+    return true;
+  }
+};
+
+template <class Real> inline const char *read_real(const char *const begin, const char *const end, Real &value) {
+  const char *p = begin;
+  if (p == end) return nullptr;
+  decimal_real number;
+  number.negative = *p == '-';
+  if (number.negative || *p == '+') ++p;
+  const char *const first = p;
+  unsigned int digit, sum = 0;  // modulo 2^32
+  for (; p != end && (digit = digit_of(*p)) <= 9; ++p) sum = sum * 10 + digit;
+  unsigned int digits = p - first;
+  int places = 0;
+  if (p != end && *p == '.') {
+    const char *const fraction = ++p;
+    for (; p != end && (digit = digit_of(*p)) <= 9; ++p) sum = sum * 10 + digit;
+    places = p - fraction;
+    digits += places;
+  }
+  if (digits == 0) return nullptr;
+  int exponent = 0;
+  if (p != end && (*p | 0x20) == 'e') {
+    ++p;
+    const bool negative = p != end && *p == '-';
+    if (p != end && (*p == '-' || *p == '+')) ++p;
+    const char *const letter = p;
+    for (; p != end && (digit = digit_of(*p)) <= 9; ++p) exponent = static_cast<int>(exponent * 10u + digit);
+    if (p - letter > 8) return long_real(begin, end, value);
+    if (negative) exponent = -exponent;
+  }
+  number.exponent = exponent - places;
+  if (digits <= 9) {
+    number.mantissa = sum;
+    to_real(
+        number, [sum] { return static_cast<long double>(static_cast<int>(sum)); }, value);
+    return p;
+  }
+  two_words words;
+  if (!words.split(first, digits, sum)) return long_real(begin, end, value);
+  number.mantissa = static_cast<unsigned long long>(words.high) * words.power + words.low;
+  to_real(
+      number,
+      [&words] {
+        // Quicker than storing two words and loading them as one.
+        return static_cast<long double>(static_cast<int>(words.high)) * static_cast<int>(words.power) +
+               static_cast<int>(words.low);
+      },
+      value);
+  return p;
+}
+
+}  // namespace
+
+NUMBER_CALL const char *quick_real(const char *p, const char *end, float &value) noexcept {
+  return read_real(p, end, value);
+}
+NUMBER_CALL const char *quick_real(const char *p, const char *end, double &value) noexcept {
+  return read_real(p, end, value);
+}
+NUMBER_CALL const char *quick_real(const char *p, const char *end, long double &value) noexcept {
+  return read_real(p, end, value);
+}
+
+NUMBER_CALL const char *quick_based(const char *p, const char *end, unsigned long &value, unsigned int flags) noexcept {
+  if (p == end) return nullptr;
+  flags &= number_basefield;
+  bool hex = flags == number_hex;
+  const char *first = p;
+  if (*p == '0') {
+    ++p;
+    if (flags != number_oct && p != end && (*p | 0x20) == 'x') {
+      hex = true;
+      first = ++p;
+    }
+  } else if (!hex && flags != number_oct) {
+    return nullptr;  // the base stays unknown
+  }
+  const unsigned int shift = hex ? 4 : 3;
+  unsigned long sum = 0;
+  for (; p != end; ++p) {
+    const unsigned int digit = hex_digit_of(*p);
+    if (digit >> shift) break;
+    if (sum >> (32 - shift)) return nullptr;
+    sum = sum << shift | digit;
+  }
+  if (p == first) return nullptr;
+  value = sum;
+  return p;
+}
+
+}  // namespace __zor
