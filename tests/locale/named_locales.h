@@ -1,0 +1,52 @@
+// Real named locales for tests, built from tests/locale/data by the machine's localedef; nothing else is to be
+// installed.
+//
+//   if (!named_locales_setup()) return TEST_SKIP;   // before the first use of a locale
+//
+// xx_DE  German, ISO-8859-1: 1.234,5; collates a A (a umlaut) b B ...
+// xx_FR  French, UTF-8: separator of thousands and euro sign of three bytes each
+// xx_IN  Indian, ASCII: 12,34,567.8; "+", and parentheses around negative money
+// xx_JP  Japanese, UTF-8: money without decimals; names of days and months without letters
+#ifndef TESTS_NAMED_LOCALES_H
+#define TESTS_NAMED_LOCALES_H
+
+#include <string>
+
+#include "../harness.h"
+
+static std::string named_locales_folder;
+static pid_t named_locales_maker;
+
+static void named_locales_remove() {
+  // A child that calls exit leaves them to its parent.
+  if (getpid() == named_locales_maker) (void)!system(("rm -rf " + named_locales_folder).c_str());
+}
+
+// False when there is no localedef.
+static TEST_UNUSED bool named_locales_setup() {
+  if (system("command -v localedef > /dev/null 2>&1") != 0) return false;
+  char folder[] = "/tmp/named_locales.XXXXXX";
+  if (!mkdtemp(folder)) return false;
+  named_locales_folder = folder;
+  named_locales_maker = getpid();
+  atexit(named_locales_remove);
+  std::string data = __FILE__;
+  data.erase(data.find_last_of('/') + 1);
+  data += "data";
+  static const char *const names[][2] = {{"DE", "latin1"}, {"FR", "utf8"}, {"IN", "latin1"}, {"JP", "utf8"}};
+  for (int i = 0; i < 4; ++i) {
+    const std::string made = named_locales_folder + "/xx_" + names[i][0];
+    // Its status is 1 for the categories that the sources leave out.
+    const std::string command = "cd " + data + " && localedef -c --quiet --no-archive -i ./xx_" + names[i][0] +
+                                " -f ./" + names[i][1] + ".charmap " + made + " 2> /dev/null";
+    (void)!system(command.c_str());
+    if (access((made + "/LC_TIME").c_str(), R_OK) != 0) {
+      fprintf(stderr, "localedef made no %s\n", made.c_str());
+      exit(1);
+    }
+  }
+  setenv("LOCPATH", folder, 1);
+  return true;
+}
+
+#endif
