@@ -23,7 +23,7 @@ const a_library_class library_classes[] = {
     LIBRARY_CLASS(St16invalid_argument), LIBRARY_CLASS(St12length_error),  LIBRARY_CLASS(St12out_of_range),
     LIBRARY_CLASS(St13runtime_error),    LIBRARY_CLASS(St11range_error),   LIBRARY_CLASS(St14overflow_error),
     LIBRARY_CLASS(St15underflow_error),  LIBRARY_CLASS(St9bad_alloc),      LIBRARY_CLASS(St8bad_cast),
-    LIBRARY_CLASS(St10bad_typeid),       LIBRARY_CLASS(St13bad_exception),
+    LIBRARY_CLASS(St10bad_typeid),       LIBRARY_CLASS(St13bad_exception), LIBRARY_CLASS(NSt8ios_base7failureE),
 };
 
 const char *fundamental_identity(char code) {
@@ -54,7 +54,8 @@ const char *fundamental_identity(char code) {
 const char *library_identity(const __cxxabiv1::abi_type_info *type) {
   const char *name = type->encoded_name();
   if (name[0] != 0 && name[1] == 0) return fundamental_identity(name[0]);
-  if (name[0] != 'S' || name[1] != 't') return nullptr;
+  const char *scope = name[0] == 'N' ? name + 1 : name;  // nested names
+  if (scope[0] != 'S' || scope[1] != 't') return nullptr;
   for (const a_library_class &known : library_classes)
     if (strcmp(name, known.encoded_name) == 0) return known.identity;
   return nullptr;

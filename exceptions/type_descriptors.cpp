@@ -27,3 +27,5 @@ DERIVED(St13runtime_error, "std::runtime_error", St9exception)
 DERIVED(St11range_error, "std::range_error", St13runtime_error)
 DERIVED(St14overflow_error, "std::overflow_error", St13runtime_error)
 DERIVED(St15underflow_error, "std::underflow_error", St13runtime_error)
+
+DERIVED(NSt8ios_base7failureE, "std::ios_base::failure", St9exception)

@@ -14,7 +14,7 @@ using ::mbstate_t;
 using ::size_t;
 
 typedef int streamsize;
-typedef int streamoff;
+typedef long streamoff;
 template <class _State> class fpos;
 typedef fpos<mbstate_t> streampos;
 

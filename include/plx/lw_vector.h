@@ -32,6 +32,15 @@ public:
       _shrink(_n);
   }
 
+  void swap(lw_vector &_other) PLX_NOTHROW {
+    _T *const _data = _data_;
+    const unsigned int _size = _size_;
+    _data_ = _other._data_;
+    _size_ = _other._size_;
+    _other._data_ = _data;
+    _other._size_ = _size;
+  }
+
 private:
   lw_vector(const lw_vector &);
   lw_vector &operator=(const lw_vector &);
@@ -41,12 +50,7 @@ private:
     _made.get().assign(*this, _n);
     // Here, while the value still is where it was.
     _made.get().fill(_n, _value);
-    _T *const _data = _data_;
-    const unsigned int _size = _size_;
-    _data_ = _made.get()._data_;
-    _size_ = _made.get()._size_;
-    _made.get()._data_ = _data;
-    _made.get()._size_ = _size;
+    swap(_made.get());
   }
   void _shrink(unsigned int _n) {
     while (_size_ > _n) _data_[--_size_].~_T();

@@ -486,6 +486,7 @@ PLX_DECLARE_TYPE(St9bad_alloc);
 PLX_DECLARE_TYPE(St8bad_cast);
 PLX_DECLARE_TYPE(St10bad_typeid);
 PLX_DECLARE_TYPE(St13bad_exception);
+PLX_DECLARE_TYPE(NSt8ios_base7failureE); /* std::ios_base::failure */
 
 #if defined(__GNUC__)
 #pragma GCC visibility pop

@@ -1,0 +1,108 @@
+// The iterators over a stream buffer (1998, 24.5.3 and 24.5.4).
+#ifndef PLX_STREAMBUF_ITERATORS_H
+#define PLX_STREAMBUF_ITERATORS_H
+
+#include <plx/iterator_base.h>
+#include <plx/streambuf.h>
+
+namespace std {
+
+// Reads characters. It looks ahead by one, which it keeps until it is incremented; a default-constructed one is at the
+// end, and so is any whose buffer has no more.
+template <class _Ct, class _T> class PLX_API istreambuf_iterator
+    : public iterator<input_iterator_tag, _Ct, typename _T::off_type, _Ct *, _Ct &> {
+public:
+  typedef _Ct char_type;
+  typedef _T traits_type;
+  typedef typename _T::int_type int_type;
+  typedef basic_streambuf<_Ct, _T> streambuf_type;
+  typedef basic_istream<_Ct, _T> istream_type;
+
+  // What it++ gives: the character that was passed, and the buffer.
+  class _passed {
+  public:
+    _Ct operator*() const PLX_NOTHROW { return _c_; }
+
+  private:
+    friend class istreambuf_iterator;
+    _passed(_Ct _c, streambuf_type *_sb) PLX_NOTHROW : _c_(_c), _sb_(_sb) {}
+    _Ct _c_;
+    streambuf_type *_sb_;
+  };
+
+  istreambuf_iterator() PLX_NOTHROW : _c_(_T::eof()), _sb_(0) {}
+  istreambuf_iterator(istream_type &_in) PLX_NOTHROW : _c_(_T::eof()), _sb_(_in.rdbuf()) {}
+  istreambuf_iterator(streambuf_type *_sb) PLX_NOTHROW : _c_(_T::eof()), _sb_(_sb) {}
+  istreambuf_iterator(const _passed &_p) PLX_NOTHROW : _c_(_T::eof()), _sb_(_p._sb_) {}
+
+  _Ct operator*() const { return _T::to_char_type(_peek()); }
+  istreambuf_iterator &operator++() {
+    if (_sb_) _sb_->sbumpc();
+    _c_ = _T::eof();
+    return *this;
+  }
+  _passed operator++(int) {
+    const _Ct _c = **this;
+    ++*this;
+    return _passed(_c, _sb_);
+  }
+
+  // Both at the end, or neither.
+  bool equal(const istreambuf_iterator &_other) const { return _at_end() == _other._at_end(); }
+
+private:
+  friend struct __zor::buffer_access;
+
+  int_type _peek() const {
+    if (_T::eq_int_type(_c_, _T::eof()) && _sb_) {
+      _c_ = _sb_->sgetc();
+      if (_T::eq_int_type(_c_, _T::eof())) _sb_ = 0;
+    }
+    return _c_;
+  }
+  bool _at_end() const { return _T::eq_int_type(_peek(), _T::eof()); }
+
+  mutable int_type _c_;  // eof: none is kept
+  mutable streambuf_type *_sb_;
+};
+
+template <class _Ct, class _T>
+inline bool operator==(const istreambuf_iterator<_Ct, _T> &_left, const istreambuf_iterator<_Ct, _T> &_right) {
+  return _left.equal(_right);
+}
+template <class _Ct, class _T>
+inline bool operator!=(const istreambuf_iterator<_Ct, _T> &_left, const istreambuf_iterator<_Ct, _T> &_right) {
+  return !_left.equal(_right);
+}
+
+// Writes characters. After one that the buffer did not take, it drops all that follow.
+template <class _Ct, class _T> class PLX_API ostreambuf_iterator
+    : public iterator<output_iterator_tag, void, void, void, void> {
+public:
+  typedef _Ct char_type;
+  typedef _T traits_type;
+  typedef basic_streambuf<_Ct, _T> streambuf_type;
+  typedef basic_ostream<_Ct, _T> ostream_type;
+
+  ostreambuf_iterator(ostream_type &_out) PLX_NOTHROW : _sb_(_out.rdbuf()), _failed_(!_sb_) {}
+  ostreambuf_iterator(streambuf_type *_sb) PLX_NOTHROW : _sb_(_sb), _failed_(!_sb) {}
+
+  ostreambuf_iterator &operator=(_Ct _c) {
+    if (!_failed_ && _T::eq_int_type(_sb_->sputc(_c), _T::eof())) _failed_ = true;
+    return *this;
+  }
+  ostreambuf_iterator &operator*() PLX_NOTHROW { return *this; }
+  ostreambuf_iterator &operator++() PLX_NOTHROW { return *this; }
+  ostreambuf_iterator &operator++(int) PLX_NOTHROW { return *this; }
+  bool failed() const PLX_NOTHROW { return _failed_; }
+
+private:
+  friend struct __zor::buffer_access;
+
+  streambuf_type *_sb_;
+  bool _failed_;
+};
+
+}  // namespace std
+
+#endif

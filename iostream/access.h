@@ -1,0 +1,38 @@
+// The library's way into the fields of streams and buffers, which their classes keep to themselves.
+#pragma once
+
+#include <plx/basic_ios.h>
+#include <plx/filebuf.h>
+#include <plx/streambuf_iterators.h>
+
+namespace __zor {
+
+struct stream_access {
+  static std::ios_base::iostate &state(std::ios &s) { return s._state_; }
+  static std::ios_base::iostate exceptions(const std::ios &s) { return s._exceptions_; }
+  static std::ios_base::fmtflags flags(const std::ios_base &s) { return s._flags_; }
+  static std::streamsize &width(std::ios_base &s) { return s._width_; }
+  static const std::locale &loc(const std::ios_base &s) { return s._loc_; }  // getloc without the copy
+  static std::streambuf *buffer(const std::ios &s) { return s._sb_; }
+  static std::ostream *tie(const std::ios &s) { return s._tie_; }
+  static char fill(const std::ios &s) { return s._fill_; }
+};
+
+struct buffer_access {
+  static const std::locale &loc(const std::streambuf &b) { return b._loc_; }
+  static char *&eback(std::streambuf &b) { return b._eback_; }
+  static char *&gptr(std::streambuf &b) { return b._gptr_; }
+  static char *&egptr(std::streambuf &b) { return b._egptr_; }
+  static char *&pbase(std::streambuf &b) { return b._pbase_; }
+  static char *&pptr(std::streambuf &b) { return b._pptr_; }
+  static char *&epptr(std::streambuf &b) { return b._epptr_; }
+
+  static FILE *file(std::streambuf &b) { return static_cast<std::filebuf &>(b)._file_; }
+
+  static std::streambuf *buffer(const std::istreambuf_iterator<char> &i) { return i._sb_; }
+  static std::streambuf *buffer(const std::ostreambuf_iterator<char> &i) { return i._sb_; }
+  static bool &failed(std::ostreambuf_iterator<char> &i) { return i._failed_; }
+  static void forget(std::istreambuf_iterator<char> &i) { i._c_ = -1; }  // the character it keeps
+};
+
+}  // namespace __zor

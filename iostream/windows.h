@@ -1,0 +1,66 @@
+// Windows: the part of a buffer's characters, or of its room, that can be used at once, without a call that might throw
+// or fail. They make the streams' quick paths.
+//
+//     get window   the get area, or for a buffer over a file what stdio holds ready      what getc_unlocked would take
+//     put window   the put area, or for a buffer over a file the room in stdio's buffer  what putc_unlocked would fill
+//
+// The cursor is moved once, when the operation is done. A class derived from the file buffer may override anything, so
+// only objects of exactly the library's class are looked into.
+#pragma once
+
+#include <stdio.h>
+
+#include <plx/filebuf.h>
+
+#include "access.h"
+
+namespace __zor {
+
+extern PLX_API const void *const filebuf_table[] __asm__("_ZTVSt13basic_filebufIcSt11char_traitsIcEE");
+
+// The virtual table pointer of an object points behind the table's two leading words.
+inline bool is_plain_filebuf(const std::streambuf *buffer) {
+  return *reinterpret_cast<const void *const *const *>(buffer) == filebuf_table + 2;
+}
+
+struct get_window {
+  const char *at, *end;
+  char **cursor;
+  void take_up_to(const char *next) const { *cursor = const_cast<char *>(next); }
+};
+
+struct put_window {
+  char *at, *end;
+  char **cursor;
+  void filled_up_to(char *next) const { *cursor = next; }
+};
+
+// Opens a window of at least one character; false when there is none.
+inline bool open_get_window(std::streambuf *buffer, get_window &window) {
+  char *&gptr = buffer_access::gptr(*buffer), *const egptr = buffer_access::egptr(*buffer);
+  if (gptr < egptr) {
+    window = {gptr, egptr, &gptr};
+    return true;
+  }
+  if (!is_plain_filebuf(buffer)) return false;
+  FILE *const file = buffer_access::file(*buffer);
+  if (!file || file->_IO_read_ptr >= file->_IO_read_end) return false;
+  window = {file->_IO_read_ptr, file->_IO_read_end, &file->_IO_read_ptr};
+  return true;
+}
+
+// Opens a window with room for n characters; false when there is none.
+inline bool open_put_window(std::streambuf *buffer, int n, put_window &window) {
+  char *&pptr = buffer_access::pptr(*buffer), *const epptr = buffer_access::epptr(*buffer);
+  if (epptr - pptr >= n) {
+    window = {pptr, epptr, &pptr};
+    return true;
+  }
+  if (!is_plain_filebuf(buffer) || !buffer_access::loc(*buffer)._has_quick(std::locale::_quick_codecvt)) return false;
+  FILE *const file = buffer_access::file(*buffer);
+  if (!file || file->_IO_write_end - file->_IO_write_ptr < n) return false;
+  window = {file->_IO_write_ptr, file->_IO_write_end, &file->_IO_write_ptr};
+  return true;
+}
+
+}  // namespace __zor
