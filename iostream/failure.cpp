@@ -6,10 +6,20 @@
 
 namespace std {
 
-// The base's message ends at the first null character; this copy is whole.
-ios_base::failure::failure(const string &text) : exception(text), _text_(text) {}
+// The base's message ends at the first null character; the copy here is whole. The base is given its message last, when
+// nothing can be lost any more.
+ios_base::failure::failure(const string &text) {
+  __zor::eh_local<string> copy(text);
+  __zor::eh_local<exception> base(text);
+  exception::operator=(base.get());
+  _text_.swap(copy.get());
+}
 
-ios_base::failure::failure(const failure &other) : exception(other), _text_(other._text_) {}
+ios_base::failure::failure(const failure &other) : exception() {
+  __zor::eh_local<string> copy(other._text_);
+  exception::operator=(other);
+  _text_.swap(copy.get());
+}
 
 ios_base::failure &ios_base::failure::operator=(const failure &other) {
   __zor::eh_local<string> text(other._text_);

@@ -1,8 +1,6 @@
-// The parts of a stream operation's frame, and the sentries, which are the same for users' operators.
+// The parts of an output operation's frame; the sentry is the same for users' operators.
 
-#include "operation.h"
-
-#include "white_space.h"
+#include "output_operation.h"
 
 namespace __zor {
 
@@ -20,23 +18,6 @@ iostate output_suffix(std::ostream &out) {
   int synchronised = -1;
   eh_guard([&] { synchronised = buffer->pubsync(); });
   return synchronised == -1 ? ios_base::badbit : ios_base::goodbit;
-}
-
-bool input_prefix(std::istream &in, bool noskipws) {
-  iostate error = ios_base::goodbit;
-  start_count(in);
-  if (stream_access::state(in) != ios_base::goodbit)
-    error = ios_base::failbit;
-  else {
-    const bool skips = !noskipws && (stream_access::flags(in) & ios_base::skipws);
-    if ((skips || stream_access::tie(in)) && eh_guard([&] {
-          if (stream_access::tie(in)) std::__zor_do_flush(stream_access::tie(in));
-          if (skips) skip_white_space(in);
-        }))
-      error = ios_base::badbit;
-  }
-  update_state(in, error);
-  return stream_access::state(in) == ios_base::goodbit;
 }
 
 }  // namespace __zor

@@ -1,0 +1,26 @@
+// The frame of output operations (operation.h has the drawing).
+#pragma once
+
+#include <plx/ostream.h>
+
+#include "operation.h"
+
+namespace __zor {
+
+// Returns whether the operation may go on. What the tied stream's flush or the update throws passes.
+bool output_prefix(std::ostream &out);
+
+// Synchronises for unitbuf. Returns badbit when the buffer failed or threw.
+iostate output_suffix(std::ostream &out);
+
+// body(error) writes to out.rdbuf() and adds to error; `refused` is added when the prefix says no.
+template <class Body> inline void output_operation(std::ostream &out, iostate refused, Body body) {
+  iostate error = ios_base::goodbit;
+  if (!output_prefix(out))
+    error = refused;
+  else if (eh_guard([&] { body(error); }))
+    error |= ios_base::badbit;
+  update_state(out, error | output_suffix(out));
+}
+
+}  // namespace __zor
