@@ -6,7 +6,7 @@
 
 namespace std {
 
-template <> void basic_ios<char>::init(streambuf *buffer) {
+template <class C, class T> void basic_ios<C, T>::init(basic_streambuf<C, T> *buffer) {
   _sb_ = buffer;
   _tie_ = nullptr;
   _state_ = buffer ? goodbit : badbit;
@@ -18,7 +18,7 @@ template <> void basic_ios<char>::init(streambuf *buffer) {
   _loc_ = locale();
 }
 
-template <> locale basic_ios<char>::imbue(const locale &loc) {
+template <class C, class T> locale basic_ios<C, T>::imbue(const locale &loc) {
   __zor::eh_local<locale> old(ios_base::imbue(loc));
   if (_sb_) _sb_->pubimbue(loc);
   return *old;

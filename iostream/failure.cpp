@@ -32,9 +32,7 @@ ios_base::failure::~failure() PLX_NOTHROW {}
 
 const char *ios_base::failure::what() const PLX_NOTHROW { return _text_.c_str(); }
 
-void ios_base::failure::__throw(const char *text) {
-  __zor::throw_with_text<failure>(__TI_NSt8ios_base7failureE, text);
-}
+void ios_base::failure::__throw(const char *text) { __zor::throw_with_text<failure>(__TI_NSt8ios_base7failureE, text); }
 
 void ios_base::throwfailure() { failure::__throw("Failure reported"); }
 

@@ -1,5 +1,6 @@
 // The parts of an input operation's frame; the sentry is the same for users' operators.
 
+#if __has_include(<plx/istream.h>)
 #include "input_operation.h"
 
 #include "white_space.h"
@@ -24,3 +25,4 @@ bool input_prefix(std::istream &in, bool noskipws) {
 }
 
 }  // namespace __zor
+#endif

@@ -8,34 +8,45 @@
 
 namespace std {
 
-template <> basic_streambuf<char>::basic_streambuf()
+template <class C, class T> basic_streambuf<C, T>::basic_streambuf()
     : _eback_(nullptr), _gptr_(nullptr), _egptr_(nullptr), _pbase_(nullptr), _pptr_(nullptr), _epptr_(nullptr) {}
 
-template <> basic_streambuf<char>::~basic_streambuf() {}
+template <class C, class T> basic_streambuf<C, T>::~basic_streambuf() {}
 
-template <> locale basic_streambuf<char>::pubimbue(const locale &loc) {
+template <class C, class T> locale basic_streambuf<C, T>::pubimbue(const locale &loc) {
   __zor::eh_local<locale> old(_loc_);
   imbue(loc);
   _loc_ = loc;
   return *old;
 }
 
-template <> void basic_streambuf<char>::imbue(const locale &) {}
-template <> streambuf *basic_streambuf<char>::setbuf(char *, streamsize) { return this; }
-template <> streampos basic_streambuf<char>::seekoff(streamoff, ios_base::seekdir, ios_base::openmode) { return -1; }
-template <> streampos basic_streambuf<char>::seekpos(streampos, ios_base::openmode) { return -1; }
-template <> int basic_streambuf<char>::sync() { return 0; }
-template <> streamsize basic_streambuf<char>::showmanyc() { return 0; }
-template <> int basic_streambuf<char>::underflow() { return -1; }
-template <> int basic_streambuf<char>::pbackfail(int) { return -1; }
-template <> int basic_streambuf<char>::overflow(int) { return -1; }
+template <class C, class T> void basic_streambuf<C, T>::imbue(const locale &) {}
+template <class C, class T> basic_streambuf<C, T> *basic_streambuf<C, T>::setbuf(C *, streamsize) { return this; }
+template <class C, class T>
+typename basic_streambuf<C, T>::pos_type basic_streambuf<C, T>::seekoff(off_type, ios_base::seekdir,
+                                                                        ios_base::openmode) {
+  return -1;
+}
+template <class C, class T>
+typename basic_streambuf<C, T>::pos_type basic_streambuf<C, T>::seekpos(pos_type, ios_base::openmode) {
+  return -1;
+}
+template <class C, class T> int basic_streambuf<C, T>::sync() { return 0; }
+template <class C, class T> streamsize basic_streambuf<C, T>::showmanyc() { return 0; }
+template <class C, class T> typename basic_streambuf<C, T>::int_type basic_streambuf<C, T>::underflow() { return -1; }
+template <class C, class T> typename basic_streambuf<C, T>::int_type basic_streambuf<C, T>::pbackfail(int_type) {
+  return -1;
+}
+template <class C, class T> typename basic_streambuf<C, T>::int_type basic_streambuf<C, T>::overflow(int_type) {
+  return -1;
+}
 
-template <> int basic_streambuf<char>::uflow() {
+template <class C, class T> typename basic_streambuf<C, T>::int_type basic_streambuf<C, T>::uflow() {
   if (underflow() == -1) return -1;
   return static_cast<unsigned char>(*_gptr_++);
 }
 
-template <> streamsize basic_streambuf<char>::xsgetn(char *to, streamsize n) {
+template <class C, class T> streamsize basic_streambuf<C, T>::xsgetn(C *to, streamsize n) {
   streamsize done = 0;
   while (done < n) {
     const streamsize ready = _egptr_ - _gptr_;
@@ -53,7 +64,7 @@ template <> streamsize basic_streambuf<char>::xsgetn(char *to, streamsize n) {
   return done;
 }
 
-template <> streamsize basic_streambuf<char>::xsputn(const char *from, streamsize n) {
+template <class C, class T> streamsize basic_streambuf<C, T>::xsputn(const C *from, streamsize n) {
   streamsize done = 0;
   while (done < n) {
     const streamsize room = _epptr_ - _pptr_;

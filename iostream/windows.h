@@ -56,7 +56,9 @@ inline bool open_put_window(std::streambuf *buffer, int n, put_window &window) {
     window = {pptr, epptr, &pptr};
     return true;
   }
-  if (!is_plain_filebuf(buffer) || !buffer_access::loc(*buffer)._has_quick(std::locale::_quick_codecvt)) return false;
+  if (!is_plain_filebuf(buffer) ||
+      !(buffer_access::loc(*buffer)._get_imp()->_get_quick() & std::locale::imp::_quick_codecvt))
+    return false;
   FILE *const file = buffer_access::file(*buffer);
   if (!file || file->_IO_write_end - file->_IO_write_ptr < n) return false;
   window = {file->_IO_write_ptr, file->_IO_write_end, &file->_IO_write_ptr};

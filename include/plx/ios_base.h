@@ -96,9 +96,7 @@ public:
     return _old;
   }
   fmtflags setf(fmtflags _flags) PLX_NOTHROW { return flags(_flags_ | _flags); }
-  fmtflags setf(fmtflags _flags, fmtflags _mask) PLX_NOTHROW {
-    return flags((_flags_ & ~_mask) | (_flags & _mask));
-  }
+  fmtflags setf(fmtflags _flags, fmtflags _mask) PLX_NOTHROW { return flags((_flags_ & ~_mask) | (_flags & _mask)); }
   void unsetf(fmtflags _mask) PLX_NOTHROW { _flags_ &= ~_mask; }
   streamsize precision() const PLX_NOTHROW { return _precision_; }
   streamsize precision(streamsize _precision) PLX_NOTHROW {

@@ -92,20 +92,20 @@ protected:
   }
 
   // What derived buffers override, with what these here do.
-  virtual void imbue(const locale &_loc);                            // nothing
-  virtual basic_streambuf *setbuf(_Ct *_at, streamsize _n);          // returns this
-  virtual pos_type seekoff(off_type _off, ios_base::seekdir _way,    // fails
+  virtual void imbue(const locale &_loc);                          // nothing
+  virtual basic_streambuf *setbuf(_Ct *_at, streamsize _n);        // returns this
+  virtual pos_type seekoff(off_type _off, ios_base::seekdir _way,  // fails
                            ios_base::openmode _which = ios_base::in | ios_base::out);
-  virtual pos_type seekpos(pos_type _pos,                            // fails
+  virtual pos_type seekpos(pos_type _pos,  // fails
                            ios_base::openmode _which = ios_base::in | ios_base::out);
-  virtual int sync();                                                // returns 0
-  virtual streamsize showmanyc();                                    // returns 0
-  virtual streamsize xsgetn(_Ct *_to, streamsize _n);                // from the get area, then by uflow, in turns
-  virtual int_type underflow();                                      // eof
-  virtual int_type uflow();                                          // underflow, and steps over the character
-  virtual int_type pbackfail(int_type _c = _T::eof());               // eof
-  virtual streamsize xsputn(const _Ct *_from, streamsize _n);        // to the put area, then by overflow, in turns
-  virtual int_type overflow(int_type _c = _T::eof());                // eof
+  virtual int sync();                                          // returns 0
+  virtual streamsize showmanyc();                              // returns 0
+  virtual streamsize xsgetn(_Ct *_to, streamsize _n);          // from the get area, then by uflow, in turns
+  virtual int_type underflow();                                // eof
+  virtual int_type uflow();                                    // underflow, and steps over the character
+  virtual int_type pbackfail(int_type _c = _T::eof());         // eof
+  virtual streamsize xsputn(const _Ct *_from, streamsize _n);  // to the put area, then by overflow, in turns
+  virtual int_type overflow(int_type _c = _T::eof());          // eof
 
   locale _loc_;
 
