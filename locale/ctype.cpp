@@ -96,7 +96,4 @@ const char *ctype<char>::do_narrow(const char *lo, const char *hi, char, char *t
   return hi;
 }
 
-ctype_byname<char>::ctype_byname(const char *, size_t refs) : ctype<char>(nullptr, false, refs) {}
-ctype_byname<char>::~ctype_byname() {}
-
 }  // namespace std

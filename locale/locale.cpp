@@ -2,7 +2,6 @@
 // default_locale.cpp.
 
 #include <stdexcept>
-#include <string.h>
 
 #include <plx/collate.h>
 
@@ -11,6 +10,8 @@
 #include "standard_facets.h"
 
 using namespace __zor;
+
+void __zor::invalid_locale_name() { std::runtime_error::__throw("Invalid locale name\n"); }
 
 namespace std {
 
@@ -23,22 +24,16 @@ const locale::category locale::time;
 const locale::category locale::messages;
 const locale::category locale::all;
 
-namespace {
-
-[[noreturn]] void invalid_name() { runtime_error::__throw("Invalid locale name\n"); }
-
-}  // namespace
-
 locale::locale(const char *name) {
   eh_local<c_locale_switch> c_library;
-  if (!c_library->to(name)) invalid_name();
+  if (!c_library->to(name)) invalid_locale_name();
   _imp_ = make<imp>(name, int(all));
 }
 
 locale::locale(const locale &other, const char *name, category categories) {
   eh_local<c_locale_switch> c_library;
   eh_local<imp_owner> combined(make<imp>(*other._imp_));
-  if (!c_library->to(name)) invalid_name();
+  if (!c_library->to(name)) invalid_locale_name();
   eh_local<imp_owner> source(make<imp>(name, categories));
   _imp_ = combined->imp;
   set_cat(source->imp, categories);

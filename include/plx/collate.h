@@ -41,13 +41,23 @@ protected:
   virtual long do_hash(const char *_lo, const char *_hi) const;
 };
 
-// 22.2.4.2.
-template <class _Ct> class collate_byname : public collate<_Ct> {
+// 22.2.4.2: by one of the C library's locales. Throws runtime_error with "Invalid locale name\n". A program installs it
+// by itself: the locales that are made from names hold a plain collate.
+template <class _Ct> class collate_byname {
+  typedef typename __zor::plx_supports_only_char_as_character_type<_Ct>::_type _checked_character_type;
+};
+
+template <> class PLX_API collate_byname<char> : public collate<char> {
 public:
-  explicit collate_byname(const char *, size_t _refs = 0) : collate<_Ct>(_refs) {}
+  explicit collate_byname(const char *_name, size_t _refs = 0);
 
 protected:
-  virtual ~collate_byname() {}
+  virtual ~collate_byname();
+  virtual int do_compare(const char *_lo1, const char *_hi1, const char *_lo2, const char *_hi2) const;
+  virtual string do_transform(const char *_lo, const char *_hi) const;
+
+private:
+  void *_c_locale_;
 };
 
 }  // namespace std

@@ -94,7 +94,9 @@ private:
   bool _del_;
 };
 
-// 22.2.1.4. The name is not used: named locales classify as the classic one does.
+// 22.2.1.4: of one of the C library's locales, for bytes from 0x80 on; those below are classified as in the classic
+// table. Throws runtime_error with "Invalid locale name\n". A program installs it by itself: the locales that are made
+// from names hold a plain ctype.
 template <class _Ct> class ctype_byname {
   typedef typename __zor::plx_supports_only_char_as_character_type<_Ct>::_type _checked_character_type;
 };
@@ -104,7 +106,16 @@ public:
   explicit ctype_byname(const char *_name, size_t _refs = 0);
 
 protected:
+  virtual char do_toupper(char _c) const;
+  virtual const char *do_toupper(char *_lo, const char *_hi) const;
+  virtual char do_tolower(char _c) const;
+  virtual const char *do_tolower(char *_lo, const char *_hi) const;
   virtual ~ctype_byname();
+
+private:
+  mask _masks_[256];
+  char _upper_[256];
+  char _lower_[256];
 };
 
 }  // namespace std
