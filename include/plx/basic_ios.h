@@ -103,7 +103,7 @@ private:
   _Ct _fill_;
 };
 
-extern template class basic_ios<char, char_traits<char> >;
+__extension__ extern template class PLX_API basic_ios<char, char_traits<char> >;
 
 }  // namespace std
 

@@ -55,7 +55,7 @@ private:
   short _mode_;
 };
 
-extern template class basic_filebuf<char, char_traits<char> >;
+__extension__ extern template class PLX_API basic_filebuf<char, char_traits<char> >;
 
 }  // namespace std
 

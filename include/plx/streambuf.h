@@ -122,7 +122,7 @@ private:
   _Ct *_epptr_;
 };
 
-extern template class basic_streambuf<char, char_traits<char> >;
+__extension__ extern template class PLX_API basic_streambuf<char, char_traits<char> >;
 
 }  // namespace std
 
