@@ -102,10 +102,17 @@ private:
 
 // The base of every facet.
 class PLX_API locale::facet {
+public:
+  // What a class of the library wants known of the objects of classes derived from it.
+  enum _facet_mark { _takes_mbstate = 1 };
+  bool _has_mark(_facet_mark _m) const PLX_NOTHROW { return _marks_ == _m; }
+
 protected:
   // refs == 0: the locales that hold it own it. Otherwise it is the program's.
-  explicit facet(size_t _refs = 0) PLX_NOTHROW : _deletable_(_refs == 0), _refcount_(0) {}
+  explicit facet(size_t _refs = 0) PLX_NOTHROW : _deletable_(_refs == 0), _marks_(0), _refcount_(0) {}
   virtual ~facet();
+
+  void _mark(_facet_mark _m) PLX_NOTHROW { _marks_ = static_cast<unsigned char>(_m); }
 
 private:
   facet(const facet &);
@@ -113,6 +120,7 @@ private:
   friend class locale::imp;
 
   bool _deletable_;
+  unsigned char _marks_;
   unsigned int _refcount_;  // implementations that hold it, if deletable
 };
 
