@@ -30,11 +30,11 @@ public:
   c_locale_switch &operator=(const c_locale_switch &) = delete;
 
   // False, and nothing has changed, when there is no such locale.
-  bool to(const char *name) {
+  bool to(const char *name, int category = LC_ALL) {
     if (!name) return false;
     // As most programs have it all the time.
     if (strcmp(name, "C") == 0 && strcmp(before_, "C") == 0) return true;
-    return switched_ = setlocale(LC_ALL, name);
+    return switched_ = setlocale(category, name);
   }
 
 private:
