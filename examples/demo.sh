@@ -134,6 +134,27 @@ run 1 word_frequency "$work/nothing"
 expect_line "$work/nothing: No such file or directory"
 run 1 word_frequency "$work"
 
+# ---- tour: streams, files, locales ----------------------------------------------------------------------------------
+
+heading "tour: files measured through streams, with numbers grouped by a locale"
+build tour plx-c++ -O2 tour.cpp
+run 0 tour "$work/report" "${texts[@]}"
+[ "$(sed -n '2,$p' "$work/output" | sed '$d')" = "$(cat "$work/report")" ] || wrong "the report differs from the table"
+for file in "${texts[@]}"; do
+  read -r lines words bytes < <(wc -lwc < "$file")
+  row=$(grep -F "  $file" "$work/report" | tr -d "'")
+  [ "$(echo "$row" | awk '{print $1, $2, $3}')" = "$lines $words $bytes" ] || wrong "$file has $lines lines, $words words, $bytes bytes"
+done
+run 1 tour "$work/report" "${texts[0]}" "$work/nothing" "$work"
+expect_line "$work/nothing cannot be read"
+expect_line "$work cannot be read"
+run 2 tour "$work/nowhere/report" "${texts[0]}"
+expect_line "$work/nowhere/report cannot be written: Failure reported"
+if [ -w /dev/full ]; then
+  run 2 tour /dev/full "${texts[0]}"
+  expect_line "/dev/full cannot be written: Failure reported"
+fi
+
 # ---- two_worlds: one exception, two languages ----------------------------------------------------------------------
 
 text=$(first_file /etc/services /usr/share/common-licenses/GPL-3 /etc/mime.types /etc/login.defs "$table")
