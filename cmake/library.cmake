@@ -1,6 +1,6 @@
 # libplx.so.3: every source of the library's folders, in one shared object that stands on the C library only.
 
-set(PLX_FOLDERS libC exceptions string containers locale iostream clang)
+set(PLX_FOLDERS libC libC/i386 exceptions string containers locale iostream clang)
 list(TRANSFORM PLX_FOLDERS APPEND /*.cpp OUTPUT_VARIABLE PLX_GLOBS)
 file(GLOB PLX_SOURCES CONFIGURE_DEPENDS RELATIVE ${CMAKE_SOURCE_DIR} ${PLX_GLOBS})
 file(GLOB_RECURSE PLX_HEADERS CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/include/[a-z]*)

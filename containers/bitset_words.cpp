@@ -5,7 +5,7 @@
 
 #include <string.h>
 
-#include "../string/processor.h"
+#include "../libC/i386/processor.h"
 #include "bitset_sse2.h"
 
 namespace __zor {

@@ -2,7 +2,7 @@
 
 #include <plx/search_algorithms.h>
 
-#include "../string/processor.h"
+#include "../libC/i386/processor.h"
 #include "find_word_sse2.h"
 
 namespace __zor {

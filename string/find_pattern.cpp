@@ -6,7 +6,7 @@
 
 #include <string.h>
 
-#include "processor.h"
+#include "../libC/i386/processor.h"
 
 namespace __zor {
 
