@@ -1,18 +1,9 @@
 // The contiguous forms: numbers read straight from a stream's buffer.
+#include "digits.h"
 #include "number_real.h"
 
 namespace __zor {
 namespace {
-
-inline unsigned int digit_of(char c) { return static_cast<unsigned char>(c) - static_cast<unsigned int>('0'); }
-
-// The digits' value, or 16 and more.
-inline unsigned int hex_digit_of(char c) {
-  const unsigned int digit = digit_of(c);
-  if (digit <= 9) return digit;
-  const unsigned int letter = (static_cast<unsigned char>(c) | 0x20u) - static_cast<unsigned int>('a');
-  return letter < 6 ? letter + 10 : 16;
-}
 
 // Any length: collects the digits one by one.
 template <class Real> __attribute__((__noinline__)) const char *long_real(const char *p, const char *end, Real &value) {
