@@ -22,13 +22,17 @@ struct candidate {
   bool alive;
 };
 
-struct names {
-  explicit names(const numpunct<char> &punct) : of_true(punct.truename()), of_false(punct.falsename()) {}
-  const string of_true, of_false;
+// Made by the call alone, so that a throwing operation leaves nothing behind.
+struct true_name {
+  explicit true_name(const numpunct<char> &punct) : text(punct.truename()) {}
+  const string text;
+};
+struct false_name {
+  explicit false_name(const numpunct<char> &punct) : text(punct.falsename()) {}
+  const string text;
 };
 
-ios_base::iostate scan(character_cursor &in, const names &both, bool &v) {
-  candidate yes(both.of_true), no(both.of_false);
+ios_base::iostate scan(character_cursor &in, candidate yes, candidate no, bool &v) {
   ios_base::iostate state = ios_base::goodbit;
   for (unsigned int read = 0; yes.alive || no.alive; ++read) {
     // Looks for one more character unless the only name left is complete.
@@ -54,9 +58,11 @@ ios_base::iostate scan(character_cursor &in, const names &both, bool &v) {
 }  // namespace
 
 ios_base::iostate scan_name_of_bool(character_source &from, ios_base &str, bool &v) {
-  eh_local<names> both(use_facet<numpunct<char>>(stream_access::loc(str)));
+  const numpunct<char> &punct = use_facet<numpunct<char>>(stream_access::loc(str));
+  eh_local<true_name> yes(punct);
+  eh_local<false_name> no(punct);
   character_cursor in(from);
-  const ios_base::iostate state = scan(in, *both, v);
+  const ios_base::iostate state = scan(in, candidate(yes->text), candidate(no->text), v);
   in.done();
   return state;
 }

@@ -5,10 +5,15 @@
 
 #include <plx/codecvt.h>
 #include <plx/ctype.h>
+#include <plx/num_get.h>
+#include <plx/numpunct.h>
 
 extern "C" {
 extern PLX_API const void *const ctype_table[] __asm__("_ZTVSt5ctypeIcE");
 extern PLX_API const void *const codecvt_table[] __asm__("_ZTVSt7codecvtIcciE");
+extern PLX_API const void *const numpunct_table[] __asm__("_ZTVSt8numpunctIcE");
+extern PLX_API const void *const num_get_table[] __asm__(
+    "_ZTVSt7num_getIcSt19istreambuf_iteratorIcSt11char_traitsIcEEE");
 }
 
 namespace std {
@@ -34,6 +39,12 @@ void locale::imp::_look() PLX_NOTHROW {
     seen |= _quick_ctype;
   const facet *conversion = _get(codecvt<char, char, int>::id._get_value());
   if (conversion && has_virtual_table(conversion, codecvt_table)) seen |= _quick_codecvt;
+  const facet *punctuation = _get(std::numpunct<char>::id._get_value());
+  if (punctuation && has_virtual_table(punctuation, numpunct_table) &&
+      static_cast<const std::numpunct<char> *>(punctuation)->_is_plain()) {
+    const facet *input = _get(num_get<char>::id._get_value());
+    if (input && has_virtual_table(input, num_get_table) && (seen & _quick_ctype)) seen |= _quick_num_get;
+  }
   _quick_ = seen;
 }
 

@@ -7,6 +7,7 @@
 #include <plx/codecvt.h>
 #include <plx/collate.h>
 #include <plx/ctype.h>
+#include <plx/num_get.h>
 #include <plx/numpunct.h>
 
 #include "own.h"
@@ -25,7 +26,10 @@ template <class Facet, class... Arguments> void install(locale::imp &table, cons
 }  // namespace
 
 void install_standard_facets(locale::imp &table, const char *name, int categories) {
-  if (categories & locale::numeric) install<numpunct<char>>(table, name);
+  if (categories & locale::numeric) {
+    install<numpunct<char>>(table, name);
+    install<num_get<char>>(table);
+  }
   if (categories & locale::ctype) {
     install<ctype<char>>(table);
     install<codecvt<char, char, int>>(table);
@@ -36,7 +40,10 @@ void install_standard_facets(locale::imp &table, const char *name, int categorie
 // codecvt and the facets of time stay: what a stream's file holds, and how a program writes dates, are not settings of
 // the text's language that a mixture of locales is made for.
 void carry_standard_facets(locale &to, locale::imp *from, int categories) {
-  if (categories & locale::numeric) to.set_imp(from, numpunct<char>::id);
+  if (categories & locale::numeric) {
+    to.set_imp(from, numpunct<char>::id);
+    to.set_imp(from, num_get<char>::id);
+  }
   if (categories & locale::ctype) to.set_imp(from, ctype<char>::id);
   if (categories & locale::collate) to.set_imp(from, collate<char>::id);
 }

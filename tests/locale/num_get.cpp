@@ -5,7 +5,7 @@
 #include <locale>
 
 #include <deque>
-#include <ios>
+#include <ostream>
 #include <streambuf>
 
 #include "../fail_allocation.h"
@@ -98,8 +98,8 @@ struct reader {
     if (manner < 0) {
       const std::deque<char> characters(text.begin(), text.end());
       typedef std::deque<char>::const_iterator iterator;
-      got.stop = getter<iterator>().get(characters.begin(), characters.end(), stream, err, got.value) -
-                 characters.begin();
+      got.stop =
+          getter<iterator>().get(characters.begin(), characters.end(), stream, err, got.value) - characters.begin();
     } else {
       pieces buffer(text, manner);
       typedef std::istreambuf_iterator<char> iterator;
@@ -119,7 +119,7 @@ template <class T> void check(int flags, const std::string &text, T value, int e
   CHECK(got.value == value);
   CHECK_INT(got.err, err);
   CHECK_INT(got.stop, stop);
-  if (got.value != value || got.err != err || got.stop != stop) fprintf(stderr, "  reading \"%s\"\n", text.c_str());
+  if (got.value != value || got.err != err || got.stop != stop) fprintf(stderr, "  reading \"%.60s\"\n", text.c_str());
 }
 
 void check_integers() {
@@ -203,7 +203,7 @@ void check_reals() {
   check(plain, "-1e999", -infinite, eof, 6);
   check(plain, "1e-999", 0.0, eof, 6);
   check(plain, "1e99999999999999999999", infinite, eof, 22);
-  check(plain, "0." + std::string(5000, '0') + "1e5001", 1.0, eof, 5009);
+  check(plain, "0." + std::string(5000, '0') + "1e5001", 1.0, eof, 5008);
   check(plain, "1" + std::string(5000, '0') + "e-5000", 1.0, eof, 5007);
   check(plain, "1e39", (float)infinite, eof, 4);
   // Rounded once: 1 + 2^-24 + 2^-60 is nearer to the larger float, but its double lies half-way.
@@ -286,7 +286,7 @@ void check_groups() {
   const model::rules threes = {plain, "\3", ',', '.'};
   CHECK(reader(threes).read(many + "e-9000", 0.0).value == 1);
   CHECK(reader(threes).read(many + "0", 0.0).err & fail);
-  many.replace(5000, 4, "0,00");
+  many.replace(5000, 4, ",000");
   CHECK(reader(threes).read(many, 0.0).err & fail);
   CHECK(reader(threes).read("0" + std::string(4000, ',') + "1", 0L).err & fail);
   // A grouping as long as it likes to be.
@@ -331,15 +331,16 @@ void check_sources() {
 template <class T> bool same(const T &a, const T &b) { return a == b; }
 bool same(double a, double b) { return memcmp(&a, &b, sizeof a) == 0; }
 
-template <class T> void compare(const model::rules &rules, const std::string &text, const model::reading &want,
-                                T value, int manner) {
+template <class T>
+void compare(const model::rules &rules, const std::string &text, const model::reading &want, T value, int manner) {
   const T before = T(77);
   reader one(rules);
   const outcome<T> got = manner < -1 ? one.read(text, before) : one.read_by(manner, text, before);
   const bool ok = same(got.value, want.stored ? value : before) && got.err == want.err && got.stop == want.stop;
   CHECK(ok);
-  if (!ok) fprintf(stderr, "  \"%s\": err %d %d, stop %u %u\n", text.c_str(), got.err, want.err, unsigned(got.stop),
-                   unsigned(want.stop));
+  if (!ok)
+    fprintf(stderr, "  \"%s\": err %d %d, stop %u %u\n", text.c_str(), got.err, want.err, unsigned(got.stop),
+            unsigned(want.stop));
 }
 
 void check_random() {
@@ -351,8 +352,9 @@ void check_random() {
       return unsigned(*state >> 33) % n;
     }
   } random = {&state};
-  static const char *const parts[] = {"0", "1", "12", "999", "4294967295", "2147483648", "0x", "-", "+", " ", ",",
-                                      ".", "e", "E-", "000", "fF", "7", ",234", "123456789", "(nil)", "x", "8"};
+  static const char *const parts[] = {"0", "1",    "12",        "999",   "4294967295", "2147483648", "0x",  "-",
+                                      "+", " ",    ",",         ".",     "e",          "E-",         "000", "fF",
+                                      "7", ",234", "123456789", "(nil)", "x",          "8"};
   const char *const groupings[] = {"", "\3", "\3\2", "\1\177", "\2\1\3", "\21"};
   const int bases[] = {0, ios_base::dec, ios_base::dec, ios_base::oct, ios_base::hex, ios_base::basefield};
   for (int i = 0; i < 60000; ++i) {
@@ -404,7 +406,8 @@ void check_throwing() {
     long value = 5;
     bool caught = false;
     try {
-      std::use_facet<std::num_get<char> >(one.stream.getloc()).get(iterator(&buffer), iterator(), one.stream, err, value);
+      std::use_facet<std::num_get<char> >(one.stream.getloc())
+          .get(iterator(&buffer), iterator(), one.stream, err, value);
     } catch (int) {
       caught = true;
     }

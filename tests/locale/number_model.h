@@ -6,7 +6,7 @@
 #include <stdlib.h>
 #include <string.h>
 
-#include <ios>
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -67,10 +67,7 @@ inline reading read_integer(const std::string &text, const rules &how, bool is_s
   reader r(text, how);
   const bool negative = r.take_sign();
   const int field = how.flags & std::ios_base::basefield;
-  int base = field == std::ios_base::dec   ? 10
-             : field == std::ios_base::hex ? 16
-             : field == std::ios_base::oct ? 8
-                                           : 0;
+  int base = field == std::ios_base::dec ? 10 : field == std::ios_base::hex ? 16 : field == std::ios_base::oct ? 8 : 0;
   bool zero = false;
   if (r.next_is("0")) {
     ++r.at;
@@ -155,8 +152,8 @@ inline reading read_pointer(const std::string &text, const rules &how) {
   while (result.stop < null.size() && result.stop < text.size() && text[result.stop] == null[result.stop])
     ++result.stop;
   result.stored = result.stop == null.size();
-  result.err = (result.stored ? 0 : int(std::ios_base::failbit)) |
-               (result.stop == text.size() ? int(std::ios_base::eofbit) : 0);
+  result.err =
+      (result.stored ? 0 : int(std::ios_base::failbit)) | (result.stop == text.size() ? int(std::ios_base::eofbit) : 0);
   return result;
 }
 
