@@ -6,6 +6,7 @@
 #include <plx/codecvt.h>
 #include <plx/ctype.h>
 #include <plx/num_get.h>
+#include <plx/num_put.h>
 #include <plx/numpunct.h>
 
 extern "C" {
@@ -14,6 +15,8 @@ extern PLX_API const void *const codecvt_table[] __asm__("_ZTVSt7codecvtIcciE");
 extern PLX_API const void *const numpunct_table[] __asm__("_ZTVSt8numpunctIcE");
 extern PLX_API const void *const num_get_table[] __asm__(
     "_ZTVSt7num_getIcSt19istreambuf_iteratorIcSt11char_traitsIcEEE");
+extern PLX_API const void *const num_put_table[] __asm__(
+    "_ZTVSt7num_putIcSt19ostreambuf_iteratorIcSt11char_traitsIcEEE");
 }
 
 namespace std {
@@ -40,10 +43,12 @@ void locale::imp::_look() PLX_NOTHROW {
   const facet *conversion = _get(codecvt<char, char, int>::id._get_value());
   if (conversion && has_virtual_table(conversion, codecvt_table)) seen |= _quick_codecvt;
   const facet *punctuation = _get(std::numpunct<char>::id._get_value());
-  if (punctuation && has_virtual_table(punctuation, numpunct_table) &&
+  if (classes && punctuation && has_virtual_table(punctuation, numpunct_table) &&
       static_cast<const std::numpunct<char> *>(punctuation)->_is_plain()) {
     const facet *input = _get(num_get<char>::id._get_value());
     if (input && has_virtual_table(input, num_get_table) && (seen & _quick_ctype)) seen |= _quick_num_get;
+    const facet *output = _get(num_put<char>::id._get_value());
+    if (output && has_virtual_table(output, num_put_table)) seen |= _quick_num_put;
   }
   _quick_ = seen;
 }

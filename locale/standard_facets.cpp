@@ -8,6 +8,7 @@
 #include <plx/collate.h>
 #include <plx/ctype.h>
 #include <plx/num_get.h>
+#include <plx/num_put.h>
 #include <plx/numpunct.h>
 
 #include "own.h"
@@ -29,6 +30,7 @@ void install_standard_facets(locale::imp &table, const char *name, int categorie
   if (categories & locale::numeric) {
     install<numpunct<char>>(table, name);
     install<num_get<char>>(table);
+    install<num_put<char>>(table);
   }
   if (categories & locale::ctype) {
     install<ctype<char>>(table);
@@ -42,6 +44,7 @@ void install_standard_facets(locale::imp &table, const char *name, int categorie
 void carry_standard_facets(locale &to, locale::imp *from, int categories) {
   if (categories & locale::numeric) {
     to.set_imp(from, numpunct<char>::id);
+    to.set_imp(from, num_put<char>::id);
     to.set_imp(from, num_get<char>::id);
   }
   if (categories & locale::ctype) to.set_imp(from, ctype<char>::id);

@@ -1,0 +1,175 @@
+// How num_put lays a number's text out: groups of digits, the locale's decimal point, width and fill.
+//
+//     -1234567.5e+10      sign or base, digits that are grouped, point, rest, extra zeros before the exponent
+//     |`-----'|`---'
+//
+// Where a text has no point, all of it is digits as far as grouping goes, so that an exponent without a point before
+// it, "1e+10", keeps its small letter, and infinity is grouped like a number.
+
+#include <limits.h>
+#include <locale.h>
+
+#include <plx/num_put.h>
+
+#include "../libC/eh_tools.h"
+#include "num_put_plain.h"
+
+using namespace std;
+
+namespace __zor {
+
+namespace {
+
+// The groups of `digits` characters, counted from their end.
+class digit_groups {
+public:
+  digit_groups(const char *sizes, unsigned digits) : sizes_(reinterpret_cast<const signed char *>(sizes)), cuts_(0) {
+    const signed char *size = sizes_;
+    while (*size != SCHAR_MAX && *size >= 1 && static_cast<unsigned>(*size) < digits) {
+      digits -= static_cast<unsigned>(*size);
+      ++cuts_;
+      if (size[1] > 0) ++size;
+    }
+    last_ = static_cast<unsigned>(size - sizes_);
+    head_ = digits;
+  }
+  unsigned cuts() const { return cuts_; }
+  unsigned head() const { return head_; }
+  unsigned after_cut(unsigned cut) const { return static_cast<unsigned>(sizes_[cut < last_ ? cut : last_]); }
+
+private:
+  const signed char *sizes_;
+  unsigned cuts_, last_, head_;
+};
+
+// What the layout asks of the locale.
+struct a_punctuation {
+  const numpunct<char> *facet;  // null: as in "C"
+  char separator;
+  const char *sizes;
+};
+
+inline void put(a_text_sink *sink, const char *first, const char *last) {
+  if (first != last) sink->_put(sink, first, static_cast<unsigned>(last - first));
+}
+
+// Sign or base, fill and digits in their order. Returns the fill that is to come behind the number.
+unsigned put_whole(a_text_sink *sink, const ios_base &str, char fill, const char *text, const char *whole_end,
+                   unsigned prefix, unsigned behind, const a_punctuation &punctuation) {
+  const digit_groups groups(punctuation.sizes, static_cast<unsigned>(whole_end - text) - prefix);
+  const unsigned length = static_cast<unsigned>(whole_end - text) + groups.cuts() + behind;
+  unsigned pad = str.width() > 0 && static_cast<unsigned>(str.width()) > length ? str.width() - length : 0;
+  const int adjust = str.flags() & ios_base::adjustfield;
+  const char *from = text;
+  if (adjust == ios_base::internal) {
+    put(sink, text, text + prefix);
+    from += prefix;
+  }
+  if (pad && adjust != ios_base::left) {
+    sink->_fill(sink, fill, pad);
+    pad = 0;
+  }
+  const char *to = text + prefix + groups.head();
+  put(sink, from, to);
+  for (unsigned cut = groups.cuts(); cut-- != 0;) {
+    sink->_fill(sink, punctuation.separator, 1);
+    from = to;
+    to += groups.after_cut(cut);
+    put(sink, from, to);
+  }
+  return pad;
+}
+
+void put_integer_with(a_text_sink *sink, ios_base &str, char fill, const char *text, unsigned n,
+                      const a_punctuation &punctuation) {
+  const unsigned pad = put_whole(sink, str, fill, text, text + n, integer_prefix(text, n), 0, punctuation);
+  str.width(0);
+  if (pad) sink->_fill(sink, fill, pad);
+}
+
+void put_float_with(a_text_sink *sink, ios_base &str, char fill, const char *text, unsigned n, unsigned extra_zeros,
+                    char point, const a_punctuation &punctuation) {
+  const char *const end = text + n;
+  const char *at = static_cast<const char *>(memchr(text, point, n));
+  if (!at) at = end;
+  const unsigned behind = static_cast<unsigned>(end - at) + extra_zeros;
+  const unsigned pad = put_whole(sink, str, fill, text, at, sign_prefix(text), behind, punctuation);
+  if (at != end) {
+    sink->_fill(sink, punctuation.facet ? punctuation.facet->decimal_point() : '.', 1);
+    ++at;
+  }
+  const char *exponent = static_cast<const char *>(memchr(at, 'e', static_cast<size_t>(end - at)));
+  if (exponent) {
+    put(sink, at, exponent);
+    if (extra_zeros) sink->_fill(sink, '0', extra_zeros);
+    sink->_fill(sink, str.flags() & ios_base::uppercase ? 'E' : 'e', 1);
+    at = exponent + 1;
+  }
+  put(sink, at, end);
+  if (!exponent && extra_zeros) sink->_fill(sink, '0', extra_zeros);
+  str.width(0);
+  if (pad) sink->_fill(sink, fill, pad);
+}
+
+struct group_sizes {
+  explicit group_sizes(const numpunct<char> &facet) : sizes(facet.grouping()) {}
+  const string sizes;
+};
+
+const a_punctuation plain_punctuation = {nullptr, 0, ""};
+
+// body(punctuation) with what the stream's locale says. The locale is held: what runs meanwhile may change the
+// stream's.
+template <class Body> inline void with_punctuation(const ios_base &str, Body body) {
+  if (is_plain_number_locale(str)) return body(plain_punctuation);
+  eh_local<locale> loc(str.getloc());
+  const numpunct<char> &facet = use_facet<numpunct<char>>(*loc);
+  use_facet<ctype<char>>(*loc);
+  const char separator = facet.thousands_sep();
+  eh_local<group_sizes> grouping(facet);
+  body(a_punctuation{&facet, separator, grouping->sizes.c_str()});
+}
+
+}  // namespace
+
+void put_integer_text(a_text_sink *sink, ios_base &str, char fill, const char *text, unsigned n) {
+  with_punctuation(str,
+                   [&](const a_punctuation &punctuation) { put_integer_with(sink, str, fill, text, n, punctuation); });
+}
+
+void put_float_text(a_text_sink *sink, ios_base &str, char fill, const char *text, unsigned n, unsigned extra_zeros,
+                    char point) {
+  with_punctuation(str, [&](const a_punctuation &punctuation) {
+    put_float_with(sink, str, fill, text, n, extra_zeros, point, punctuation);
+  });
+}
+
+char local_decimal_point() noexcept { return localeconv()->decimal_point[0]; }
+
+void make_integer_format(char *format, char conversion, int flags) noexcept {
+  *format++ = '%';
+  if (conversion != 'p') {
+    if (flags & ios_base::showpos) *format++ = '+';
+    if (flags & ios_base::showbase) *format++ = '#';
+    *format++ = 'l';
+    const int base = flags & ios_base::basefield;
+    if (base == ios_base::oct) conversion = 'o';
+    if (base == ios_base::hex) conversion = flags & ios_base::uppercase ? 'X' : 'x';
+  }
+  *format++ = conversion;
+  *format = '\0';
+}
+
+void make_float_format(char *format, char modifier, int flags) noexcept {
+  const int style = flags & ios_base::floatfield;
+  *format++ = '%';
+  if (flags & ios_base::showpos) *format++ = '+';
+  if (flags & ios_base::showpoint) *format++ = '#';
+  *format++ = '.';
+  *format++ = '*';
+  if (modifier) *format++ = modifier;
+  *format++ = style == ios_base::fixed ? 'f' : style == ios_base::scientific ? 'e' : 'g';
+  *format = '\0';
+}
+
+}  // namespace __zor
