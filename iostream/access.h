@@ -16,6 +16,7 @@ struct stream_access {
   static std::streambuf *buffer(const std::ios &s) { return s._sb_; }
   static std::ostream *tie(const std::ios &s) { return s._tie_; }
   static char fill(const std::ios &s) { return s._fill_; }
+  template <class Stream> static std::streamsize &count(Stream &in) { return in._gcount_; }  // of a basic_istream
 };
 
 struct buffer_access {

@@ -1,13 +1,11 @@
 // The parts of an input operation's frame; the sentry is the same for users' operators.
 
-#if __has_include(<plx/istream.h>)
 #include "input_operation.h"
-
-#include "white_space.h"
 
 namespace __zor {
 
 bool input_prefix(std::istream &in, bool noskipws) {
+  if (starts_plainly(in, noskipws)) return true;
   iostate error = ios_base::goodbit;
   start_count(in);
   if (stream_access::state(in) != ios_base::goodbit)
@@ -25,4 +23,3 @@ bool input_prefix(std::istream &in, bool noskipws) {
 }
 
 }  // namespace __zor
-#endif

@@ -1,0 +1,56 @@
+// Reading characters by blocks: all loops of the input streams stand on read_blocks.
+//
+// A buffer's get window is one block. Where there is none, a buffer over a file is refilled by stdio, and any other
+// gives one character by its virtual uflow, which is a block of its own and given back if it is not wanted: so a
+// program's buffer sees what a reader character by character would call.
+#pragma once
+
+#include "windows.h"
+
+namespace __zor {
+
+extern PLX_API const void *const stringbuf_table[] __asm__("_ZTVSt15basic_stringbufIcSt11char_traitsIcESaIcEE")
+    __attribute__((__weak__));
+
+inline bool is_plain_stringbuf(const std::streambuf *buffer) {
+  return *reinterpret_cast<const void *const *const *>(buffer) == stringbuf_table + 2;
+}
+
+// Exactly one of the library's buffers: reading from it cannot throw, and nobody sees how it is done.
+inline bool is_plain_buffer(const std::streambuf *buffer) {
+  return is_plain_filebuf(buffer) || is_plain_stringbuf(buffer);
+}
+
+// Makes a get window of stdio's next characters; false at the end. A character that was read can always be unread.
+inline bool refill(FILE *file) {
+  if (!file || getc_unlocked(file) == EOF) return false;
+  --file->_IO_read_ptr;
+  return true;
+}
+
+// Calls accept(at, end) with block after block. It moves `at` behind what it takes, and returns whether it wants more;
+// it must take the whole block then. Returns false when the input ended first. What the buffer or accept throws passes,
+// and the block at hand is not taken then.
+template <class Accept> [[gnu::always_inline]] inline bool read_blocks(std::streambuf *buffer, Accept accept) {
+  for (;;) {
+    get_window window;
+    if (open_get_window(buffer, window)) {
+      const char *at = window.at;
+      const bool more = accept(at, window.end);
+      window.take_up_to(at);
+      if (!more) return true;
+    } else if (is_plain_filebuf(buffer)) {
+      if (!refill(buffer_access::file(*buffer))) return false;
+    } else {
+      const int c = buffer->sbumpc();
+      if (c == EOF) return false;
+      const char block[1] = {static_cast<char>(c)};
+      const char *at = block;
+      const bool more = accept(at, block + 1);
+      if (at == block) buffer->sputbackc(static_cast<char>(c));
+      if (!more) return true;
+    }
+  }
+}
+
+}  // namespace __zor
