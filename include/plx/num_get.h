@@ -175,9 +175,9 @@ private:
 
 template <class _Ct, class _InIter> locale::id num_get<_Ct, _InIter>::id;
 
-extern template class num_get<char, istreambuf_iterator<char, char_traits<char> > >;
-extern template class num_get<char, char *>;
-extern template class num_get<char, const char *>;
+__extension__ extern template class PLX_API num_get<char, istreambuf_iterator<char, char_traits<char> > >;
+__extension__ extern template class PLX_API num_get<char, char *>;
+__extension__ extern template class PLX_API num_get<char, const char *>;
 
 }  // namespace std
 
