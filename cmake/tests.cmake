@@ -85,6 +85,7 @@ endfunction()
 
 file(MAKE_DIRECTORY ${CMAKE_BINARY_DIR}/tests)
 file(GLOB test_files CONFIGURE_DEPENDS RELATIVE ${CMAKE_SOURCE_DIR}/tests tests/*/*.cpp tests/*/*.c tests/*/*.sh)
+list(FILTER test_files EXCLUDE REGEX "^fuzz/")
 foreach(file IN LISTS test_files)
   string(REGEX REPLACE "\\.[a-z]+$" "" name ${file})
   set(source ${CMAKE_SOURCE_DIR}/tests/${file})
@@ -105,6 +106,8 @@ foreach(folder IN LISTS mixed_folders)
     plx_program_tests(${folder} plx-c++ "${sources}" "${headers};${PLX_HEADERS};${CMAKE_SOURCE_DIR}/tests/harness.h")
   endif()
 endforeach()
+
+include(cmake/fuzz.cmake)
 
 # One test and its build target in each line, for ./dev test NAME.
 get_property(test_targets GLOBAL PROPERTY PLX_TEST_TARGETS)
