@@ -49,8 +49,29 @@ constexpr masks make_masks() {
 
 constexpr masks classic = make_masks();
 
-char upper_of(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 32) : c; }
-char lower_of(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; }
+unsigned int in_each_byte(unsigned int c) { return c * 0x01010101u; }
+
+// 0x20 in each byte that is one of 26 letters of ASCII from `first` on: what its case differs in.
+unsigned int case_bits(unsigned int bytes, unsigned int first) {
+  const unsigned int low = bytes & in_each_byte(0x7F);
+  const unsigned int from_first = low + in_each_byte(0x80 - first), beyond_last = low + in_each_byte(0x80 - first - 26);
+  return ((from_first ^ beyond_last) & ~bytes & in_each_byte(0x80)) >> 2;
+}
+
+char other_case(char c, char first) {
+  return static_cast<unsigned char>(c - first) < 26 ? static_cast<char>(c ^ 0x20) : c;
+}
+
+// Four bytes at a time, since texts to convert tend to be long.
+void convert(char *lo, const char *hi, char first) {
+  for (; hi - lo >= 4; lo += 4) {
+    unsigned int bytes;
+    memcpy(&bytes, lo, 4);
+    bytes ^= case_bits(bytes, static_cast<unsigned char>(first));
+    memcpy(lo, &bytes, 4);
+  }
+  for (; lo != hi; ++lo) *lo = other_case(*lo, first);
+}
 
 void copy(const char *lo, const char *hi, char *to) {
   if (lo != hi) memcpy(to, lo, static_cast<size_t>(hi - lo));
@@ -68,17 +89,17 @@ ctype<char>::~ctype() {
 
 const ctype_base::mask *ctype<char>::classic_table() PLX_NOTHROW { return classic.of; }
 
-char ctype<char>::do_toupper(char c) const { return upper_of(c); }
+char ctype<char>::do_toupper(char c) const { return other_case(c, 'a'); }
 
 const char *ctype<char>::do_toupper(char *lo, const char *hi) const {
-  for (; lo != hi; ++lo) *lo = upper_of(*lo);
+  convert(lo, hi, 'a');
   return hi;
 }
 
-char ctype<char>::do_tolower(char c) const { return lower_of(c); }
+char ctype<char>::do_tolower(char c) const { return other_case(c, 'A'); }
 
 const char *ctype<char>::do_tolower(char *lo, const char *hi) const {
-  for (; lo != hi; ++lo) *lo = lower_of(*lo);
+  convert(lo, hi, 'A');
   return hi;
 }
 

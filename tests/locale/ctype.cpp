@@ -34,6 +34,11 @@ static void classes() {
     const char lower = static_cast<char>(c >= 'A' && c <= 'Z' ? c + 32 : c);
     CHECK(classic().toupper(text[0]) == upper && std::toupper(text[0], std::locale::classic()) == upper);
     CHECK(classic().tolower(text[0]) == lower);
+    char five[] = {'{', text[0], '\x7F', 'm', text[0]};
+    CHECK(classic().toupper(five, five + 5) == five + 5);
+    CHECK(five[0] == '{' && five[1] == upper && five[2] == '\x7F' && five[3] == 'M' && five[4] == upper);
+    CHECK(classic().tolower(five, five + 5) == five + 5);
+    CHECK(five[1] == lower && five[3] == 'm' && five[4] == lower);
     CHECK(classic().widen(text[0]) == text[0] && classic().narrow(text[0], '?') == text[0]);
   }
 }
