@@ -1,0 +1,91 @@
+// basic_filebuf<char>: the operations on an open file. filebuf_open.cpp opens and closes, filebuf_convert.cpp writes
+// through a program's own codecvt.
+
+#include <plx/codecvt.h>
+#include <plx/filebuf.h>
+
+#include "filebuf_convert.h"
+#include "stdio_file.h"
+
+using namespace __zor;
+
+namespace std {
+
+namespace {
+
+// Whether characters go out as they are; else `facet` is asked. Throws bad_cast when there is none.
+inline bool writes_plainly(const locale &loc, const codecvt<char, char, int> *&facet) {
+  if (loc._get_imp()->_get_quick() & locale::imp::_quick_codecvt) return true;
+  facet = &use_facet<codecvt<char, char, int>>(loc);
+  return facet->always_noconv();
+}
+
+}  // namespace
+
+template <class C, class T> basic_filebuf<C, T>::~basic_filebuf() {
+  if (_file_ && !is_standard_file(_file_)) fclose(_file_);
+}
+
+template <class C, class T> void basic_filebuf<C, T>::imbue(const locale &loc) { this->_loc_ = loc; }
+
+template <class C, class T> basic_streambuf<C, T> *basic_filebuf<C, T>::setbuf(C *, streamsize) {
+  return _file_ ? this : nullptr;
+}
+
+template <class C, class T> typename basic_filebuf<C, T>::int_type basic_filebuf<C, T>::overflow(int_type c) {
+  const codecvt<char, char, int> *facet;
+  const bool plain = writes_plainly(this->_loc_, facet);
+  if (!_file_) return -1;
+  if (c == -1) return 0;
+  if (plain) return put_into_file(_file_, c) == EOF ? -1 : c;
+  const char one = static_cast<char>(c);
+  return write_converted(_file_, *facet, &one, 1) ? c : -1;
+}
+
+template <class C, class T> streamsize basic_filebuf<C, T>::xsputn(const C *from, streamsize n) {
+  const codecvt<char, char, int> *facet;
+  const bool plain = writes_plainly(this->_loc_, facet);
+  if (!_file_ || n <= 0) return 0;
+  if (plain) return write_file(_file_, from, n);
+  return write_converted(_file_, *facet, from, n) ? n : 0;
+}
+
+template <class C, class T> typename basic_filebuf<C, T>::int_type basic_filebuf<C, T>::underflow() {
+  return _file_ ? peek_file(_file_) : -1;
+}
+
+template <class C, class T> typename basic_filebuf<C, T>::int_type basic_filebuf<C, T>::uflow() {
+  return _file_ ? get_from_file(_file_) : -1;
+}
+
+template <class C, class T> streamsize basic_filebuf<C, T>::xsgetn(C *to, streamsize n) {
+  return _file_ && n > 0 ? read_file(_file_, to, n) : 0;
+}
+
+template <class C, class T> typename basic_filebuf<C, T>::int_type basic_filebuf<C, T>::pbackfail(int_type c) {
+  if (!_file_) return -1;
+  if (c == -1) return fseek(_file_, -1, SEEK_CUR) == 0 ? 0 : -1;
+  if (__fwriting(_file_)) turn_to_reading(_file_);
+  return ungetc(c, _file_) == EOF ? -1 : c;
+}
+
+template <class C, class T> typename basic_filebuf<C, T>::pos_type basic_filebuf<C, T>::seekoff(off_type off,
+                                                                                                ios_base::seekdir way,
+                                                                                                ios_base::openmode) {
+  if (!_file_ || ((way & ios_base::beg) && off < 0) || ((way & ios_base::end) && off > 0)) return -1;
+  return move_by(_file_, off, way & ios_base::beg ? SEEK_SET : way & ios_base::end ? SEEK_END : SEEK_CUR);
+}
+
+template <class C, class T>
+typename basic_filebuf<C, T>::pos_type basic_filebuf<C, T>::seekpos(pos_type pos, ios_base::openmode) {
+  if (!_file_ || pos == pos_type(-1)) return -1;
+  return move_by(_file_, pos, SEEK_SET);
+}
+
+template <class C, class T> int basic_filebuf<C, T>::sync() { return _file_ ? fflush_unlocked(_file_) : 0; }
+
+template <class C, class T> streamsize basic_filebuf<C, T>::showmanyc() { return _file_ ? left_in_file(_file_) : -1; }
+
+template class basic_filebuf<char, char_traits<char>>;
+
+}  // namespace std

@@ -1,0 +1,71 @@
+// What file buffers need of stdio, in one place. Calls are the unlocked ones, and short cases are done in stdio's own
+// buffer, as its macros do, so that a program may use the same FILE by both ways in any order.
+//
+// C asks for a positioning call between writing and reading of one file: each slow path here makes it when the
+// direction has changed, so streams need none.
+#pragma once
+
+#include <stdio.h>
+#include <stdio_ext.h>
+#include <string.h>
+
+// What getc's macro calls when the buffer is empty: it fills it and returns the first character, which stays.
+extern "C" int __underflow(FILE *file);
+
+namespace __zor {
+
+inline bool is_standard_file(const FILE *file) { return file == stdin || file == stdout || file == stderr; }
+
+// What is written becomes visible to reading, and the end is looked for anew: the file may have grown.
+void turn_to_reading(FILE *file);
+
+// Forgets what was read ahead. Most calls come while nothing is, and cost one comparison.
+inline void turn_to_writing(FILE *file) {
+  if (file->_IO_read_base != file->_IO_read_end) fseek(file, 0, SEEK_CUR);
+}
+
+// The next character, which stays; EOF at the end.
+inline int peek_file(FILE *file) {
+  if (file->_IO_read_ptr < file->_IO_read_end) return static_cast<unsigned char>(*file->_IO_read_ptr);
+  turn_to_reading(file);
+  return __underflow(file);
+}
+
+inline int get_from_file(FILE *file) {
+  if (file->_IO_read_ptr >= file->_IO_read_end) turn_to_reading(file);
+  return getc_unlocked(file);
+}
+
+inline long read_file(FILE *file, char *to, long n) {
+  if (n <= file->_IO_read_end - file->_IO_read_ptr) {
+    memcpy(to, file->_IO_read_ptr, n);
+    file->_IO_read_ptr += n;
+    return n;
+  }
+  if (file->_IO_read_ptr >= file->_IO_read_end) turn_to_reading(file);
+  return static_cast<long>(fread_unlocked(to, 1, n, file));
+}
+
+inline int put_into_file(FILE *file, int c) {
+  turn_to_writing(file);
+  return putc_unlocked(c, file);
+}
+
+inline long write_file(FILE *file, const char *from, long n) {
+  if (n <= file->_IO_write_end - file->_IO_write_ptr) {
+    memcpy(file->_IO_write_ptr, from, n);
+    file->_IO_write_ptr += n;
+    return n;
+  }
+  turn_to_writing(file);
+  return static_cast<long>(fwrite_unlocked(from, 1, n, file));
+}
+
+// Positions: -1 for failure, and for any that a long does not hold; a refused move leaves the file where it was.
+long position_of(FILE *file);
+long move_by(FILE *file, long offset, int whence);
+
+// The number of characters from the position to the end; -1 when there are none or nobody knows.
+long left_in_file(FILE *file);
+
+}  // namespace __zor
