@@ -84,6 +84,24 @@ struct my_collate : std::collate<char> {
   virtual int do_compare(const char *, const char *, const char *, const char *) const { return -1; }
 };
 
+struct my_numpunct : std::numpunct<char> {};
+struct my_num_put : std::num_put<char> {};
+
+// Which facets streams may take for the library's own, unchanged.
+static unsigned int quick(const locale &loc) { return loc._get_imp()->_get_quick() & 15u; }
+
+static void quick_facets() {
+  const unsigned int classes = locale::imp::_quick_ctype, conversion = locale::imp::_quick_codecvt,
+                     output = locale::imp::_quick_num_put, input = locale::imp::_quick_num_get;
+  const locale &classic = locale::classic();
+  CHECK_INT(quick(classic), classes | conversion | output | input);
+  CHECK_INT(quick(locale(classic, new my_ctype)), conversion | output);
+  CHECK_INT(quick(locale(classic, new my_numpunct)), classes | conversion);
+  CHECK_INT(quick(locale(classic, new my_num_put)), classes | conversion | input);
+  CHECK_INT(quick(locale(classic, new noted)), 15);
+  CHECK_INT(quick(locale(locale(classic, new my_numpunct), classic, locale::numeric)), 15);
+}
+
 static void combining() {
   const locale::imp *plain = locale::classic()._get_imp();
   const unsigned int both = locale::imp::_quick_ctype | locale::imp::_quick_codecvt;
@@ -170,6 +188,7 @@ int main() {
   counting();
   owned_facets();
   combining();
+  quick_facets();
   names();
   errors();
   the_default();

@@ -48,6 +48,23 @@ static void name_is_not_used() {
   setlocale(LC_COLLATE, "C");
 }
 
+static char point(const locale &loc) { return std::use_facet<std::numpunct<char> >(loc).decimal_point(); }
+
+static void categories() {
+  const locale german("xx_DE"), indian("xx_IN");
+  CHECK(point(german) == ',' && point(locale::classic()) == '.');
+  const locale numbers(indian, german, locale::numeric);
+  CHECK(point(numbers) == ',' && numbers.name() == "xx_IN" && numbers != indian);
+  CHECK(point(locale(indian, "xx_DE", locale::numeric)) == ',');
+  CHECK(point(locale(indian, german, locale::all & ~locale::numeric)) == '.');
+  CHECK(point(locale(indian, "xx_DE", locale::monetary | locale::ctype)) == '.');
+  CHECK_INT(numbers._get_imp()->_get_quick() & (locale::imp::_quick_num_put | locale::imp::_quick_num_get), 0);
+  // The environment's.
+  setenv("LC_ALL", "xx_DE", 1);
+  const locale environment("");
+  CHECK(point(environment) == ',' && environment.name() == "");
+}
+
 static void by_name() {
   const locale german(locale(locale::classic(), new std::ctype_byname<char>("xx_DE")),
                       new std::collate_byname<char>("xx_DE"));
@@ -88,6 +105,7 @@ int main() {
   if (!named_locales_setup()) return TEST_SKIP;
   c_library_is_kept();
   name_is_not_used();
+  categories();
   by_name();
   the_default();
   return TEST_RESULT();
