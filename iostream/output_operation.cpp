@@ -1,6 +1,5 @@
 // The parts of an output operation's frame; the sentry is the same for users' operators.
 
-#if __has_include(<plx/ostream.h>)
 #include "output_operation.h"
 
 namespace __zor {
@@ -22,4 +21,3 @@ iostate output_suffix(std::ostream &out) {
 }
 
 }  // namespace __zor
-#endif

@@ -16,7 +16,8 @@
 
 namespace __zor {
 
-extern PLX_API const void *const filebuf_table[] __asm__("_ZTVSt13basic_filebufIcSt11char_traitsIcEE");
+extern PLX_API const void *const filebuf_table[] __asm__("_ZTVSt13basic_filebufIcSt11char_traitsIcEE")
+    __attribute__((__weak__));
 
 // The virtual table pointer of an object points behind the table's two leading words.
 inline bool is_plain_filebuf(const std::streambuf *buffer) {

@@ -1,9 +1,9 @@
 // basic_ostream (1998, 27.6.2): values become characters on a stream's buffer.
 //
 // Every operation has the same frame. When the stream is not good, it gets failbit and nothing is written; otherwise a
-// tied stream is flushed first. What a buffer or a facet throws is discarded and becomes badbit. With unitbuf the buffer
-// is synchronised at the end, and -1 becomes badbit. An operation that leaves a bit of exceptions() set throws failure,
-// and nothing else is ever thrown from one.
+// tied stream is flushed first. What a buffer or a facet throws is discarded and becomes badbit. With unitbuf the
+// buffer is synchronised at the end, and -1 becomes badbit. An operation that leaves a bit of exceptions() set throws
+// failure, and nothing else is ever thrown from one.
 //
 // Where it differs from the 1998 class on purpose: characters are never padded, a C string without an adjustment is
 // padded behind, and what num_put could not write is not noticed. docs/deviations.md has the list.
@@ -50,7 +50,8 @@ public:
     basic_ostream &_out_;
   };
 
-  // The frame's two ends in the older form (1998, annex D.6 has no more of it; plx's own).
+  // The frame's two ends as functions, of the time before the sentry: whether the stream is good once the tied one is
+  // flushed; and the synchronisation for unitbuf. plx's own.
   bool opfx();
   void osfx();
 
@@ -103,12 +104,12 @@ protected:
   basic_ostream() {}  // for classes that initialise the shared base themselves
 };
 
-__extension__ extern template class basic_ostream<char, char_traits<char> >;
+__extension__ extern template class PLX_API basic_ostream<char, char_traits<char> >;
 
-// What the operators below do. A character is never padded, and what the buffer does not take is not noticed. A C string
-// (null: an empty one) is padded to the width, in front when the adjustment is exactly right, and otherwise behind. A
-// string is padded behind when the adjustment is exactly left, and otherwise in front (1998, 21.3.7.9). All of them reset
-// the width.
+// What the operators below do. A character is never padded, and what the buffer does not take is not noticed. A C
+// string (null: an empty one) is padded to the width, in front when the adjustment is exactly right, and otherwise
+// behind. A string is padded behind when the adjustment is exactly left, and otherwise in front (1998, 21.3.7.9). All
+// of them reset the width.
 PLX_API ostream &__zor_insert_char(ostream &_out, char _c);
 PLX_API ostream &__zor_insert_c_string(ostream &_out, const char *_text);
 PLX_API ostream &__zor_insert_string(ostream &_out, const char *_text, streamsize _n);

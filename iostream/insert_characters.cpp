@@ -1,0 +1,93 @@
+// What is written without padding: single characters, blocks, and the manipulators that write a character.
+
+#include "output_window.h"
+
+using namespace __zor;
+
+namespace std {
+
+namespace {
+
+// Writes one character where that needs no frame. `failed` says whether stdio refused it.
+inline bool put_at_once(ios &stream, char c, bool &failed) {
+  if (!is_quiet(stream)) return false;
+  streambuf *const buffer = stream_access::buffer(stream);
+  char *&next = buffer_access::pptr(*buffer);
+  if (next < buffer_access::epptr(*buffer)) {
+    *next++ = c;
+    return true;
+  }
+  FILE *const file = plain_file(buffer);
+  if (!file) return false;
+  failed = putc_unlocked(c, file) == EOF;
+  return true;
+}
+
+PLX_LONG_WAY ostream &put_guarded(ostream &out, char c) {
+  output_operation(out, ios_base::badbit, [&](iostate &error) {
+    if (out.rdbuf()->sputc(c) == -1) error |= ios_base::badbit;
+  });
+  return out;
+}
+
+// What the buffer does not take is not noticed.
+PLX_LONG_WAY ostream &insert_guarded(ostream &out, char c) {
+  output_operation(
+      out, ios_base::goodbit, [&](iostate &) { out.rdbuf()->sputc(c); }, [&](bool) { out.width(0); });
+  return out;
+}
+
+PLX_LONG_WAY ostream &write_guarded(ostream &out, const char *text, streamsize n) {
+  output_operation(out, ios_base::goodbit, [&](iostate &error) {
+    if (out.rdbuf()->sputn(text, n) != n) error |= ios_base::badbit;
+  });
+  return out;
+}
+
+PLX_LONG_WAY ostream &put_failed(ostream &out) {
+  update_state(out, ios_base::badbit);
+  return out;
+}
+
+}  // namespace
+
+template <class C, class T> basic_ostream<C, T> &basic_ostream<C, T>::put(C c) {
+  bool failed = false;
+  if (!put_at_once(*this, c, failed)) return put_guarded(*this, c);
+  return failed ? put_failed(*this) : *this;
+}
+
+ostream &__zor_insert_char(ostream &out, char c) {
+  bool failed;
+  ios &stream = out;
+  if (!put_at_once(stream, c, failed)) return insert_guarded(out, c);
+  stream_access::width(stream) = 0;
+  return out;
+}
+
+template <class C, class T> basic_ostream<C, T> &basic_ostream<C, T>::write(const C *text, streamsize n) {
+  ios &stream = *this;
+  if (!is_quiet(stream) || n < 0) return write_guarded(*this, text, n);
+  FILE *const file = plain_file(stream_access::buffer(stream));
+  if (!file) return write_guarded(*this, text, n);
+  if (n <= room_in(file)) {
+    copy_text(file->_IO_write_ptr, text, n);
+    file->_IO_write_ptr += n;
+    return *this;
+  }
+  return fwrite_unlocked(text, 1, n, file) == static_cast<size_t>(n) ? *this : put_failed(*this);
+}
+
+template <> ostream &endl(ostream &out) {
+  ios &stream = out;
+  const locale &loc = stream_access::loc(stream);
+  return out.put(has_quick(loc, locale::imp::_quick_ctype) ? '\n' : use_facet<ctype<char>>(loc).widen('\n')).flush();
+}
+
+template <> ostream &ends(ostream &out) { return out.put('\0'); }
+template <> ostream &flush(ostream &out) { return out.flush(); }
+
+template ostream &ostream::put(char);
+template ostream &ostream::write(const char *, streamsize);
+
+}  // namespace std

@@ -1,0 +1,61 @@
+// What the quick paths of output operations share. They serve the common case: the stream is good, nothing is to be
+// flushed before or after, and the buffer has room for the text, or is the library's own over a file. Nothing can throw
+// there, so no frame is needed; everything else takes the long way.
+#pragma once
+
+#include <string.h>
+
+#include "output_operation.h"
+#include "windows.h"
+
+// For the long ways: out of line, so that the quick ones save few registers.
+#define PLX_LONG_WAY __attribute__((__noinline__, __visibility__("hidden")))
+
+namespace __zor {
+
+inline bool is_quiet(const std::ios &stream) {
+  return !(stream_access::state(const_cast<std::ios &>(stream)) | (stream_access::flags(stream) & ios_base::unitbuf)) &&
+         !stream_access::tie(stream);
+}
+
+inline bool has_quick(const std::locale &loc, std::locale::imp::_quick bits) {
+  return (loc._get_imp()->_get_quick() & bits) != 0;
+}
+
+// The file under a buffer that hands its characters to stdio as they are, or null.
+inline FILE *plain_file(std::streambuf *buffer) {
+  if (!is_plain_filebuf(buffer) || !has_quick(buffer_access::loc(*buffer), std::locale::imp::_quick_codecvt))
+    return nullptr;
+  return buffer_access::file(*buffer);
+}
+
+// Of string buffers too only exactly the library's class is known to want blocks.
+extern PLX_API const void *const stringbuf_table[] __asm__("_ZTVSt15basic_stringbufIcSt11char_traitsIcESaIcEE")
+    __attribute__((__weak__));
+
+inline bool is_plain_stringbuf(const std::streambuf *buffer) {
+  return *reinterpret_cast<const void *const *const *>(buffer) == stringbuf_table + 2;
+}
+
+inline int room_in(const FILE *file) { return static_cast<int>(file->_IO_write_end - file->_IO_write_ptr); }
+
+// Copies exactly n characters; most texts are shorter than a call of memcpy is worth.
+inline void copy_text(char *to, const char *from, unsigned n) {
+  if (n > 16) {
+    memcpy(to, from, n);
+  } else if (n >= 8) {
+    memcpy(to, from, 4);
+    memcpy(to + 4, from + 4, 4);
+    memcpy(to + n - 8, from + n - 8, 4);
+    memcpy(to + n - 4, from + n - 4, 4);
+  } else if (n >= 4) {
+    memcpy(to, from, 4);
+    memcpy(to + n - 4, from + n - 4, 4);
+  } else if (n) {
+    to[0] = from[0];
+    to[n / 2] = from[n / 2];
+    to[n - 1] = from[n - 1];
+  }
+}
+
+}  // namespace __zor
