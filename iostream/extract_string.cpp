@@ -1,0 +1,100 @@
+// operator>> for string. It is not in the frame of the other operations: after the sentry, what the buffer, the facets
+// or the string throw passes.
+
+#include "extract_string.h"
+
+#include "input_operation.h"
+
+namespace __zor {
+
+namespace {
+
+// A word that lies whole in the buffer's window, where nothing is to be done for the stream.
+inline bool extract_at_once(std::istream &in, std::string &text) {
+  if (!starts_at_once(in) || !is_quick(in, std::locale::imp::_quick_ctype) || stream_access::width(in) != 0 ||
+      !(stream_access::flags(in) & ios_base::skipws))
+    return false;
+  get_window window;
+  if (!open_get_window(stream_access::buffer(in), window)) return false;
+  const char *at = window.at, *const end = window.end;
+  while (is_classic_space(*at))
+    if (++at == end) return false;
+  const char *const word = at;
+  do
+    if (++at == end) return false;
+  while (!is_classic_space(*at));
+  start_count(in);
+  text.assign(word, at - word);
+  window.take_up_to(at);
+  return true;
+}
+
+[[gnu::noinline]] void extract_word(std::istream &in, std::string &text) {
+  if (!input_prefix(in, false)) return;
+  const std::ctype<char> &classes = std::use_facet<std::ctype<char>>(stream_access::loc(in));
+  text.clear();
+  const std::streamsize width = stream_access::width(in);
+  const unsigned int limit = width ? static_cast<unsigned int>(width) : 0xFFFFFFFEu;
+  unsigned int stored = 0, kept = 0;
+  char block[512];  // single characters, until there are many
+  iostate error = ios_base::goodbit;
+  const bool stopped = read_blocks(stream_access::buffer(in), [&](const char *&at, const char *end) {
+    const unsigned int room = limit - stored;
+    const char *const stop = room < static_cast<unsigned int>(end - at) ? at + room : end;
+    const char *const space = classes.scan_is(std::ctype_base::space, at, stop);
+    const unsigned int n = space - at;
+    if (n == 1 && end - at == 1) {
+      block[kept++] = *at;
+      if (kept == sizeof block) {
+        kept = 0;
+        text.append(block, sizeof block);
+      }
+    } else if (n) {
+      if (kept) {
+        const unsigned int before = kept;
+        kept = 0;
+        text.append(block, before);
+      }
+      text.append(at, n);
+    }
+    stored += n;
+    at = space;
+    return space == end && stored != limit;
+  });
+  if (kept) text.append(block, kept);
+  if (!stopped) error |= ios_base::eofbit;
+  if (stored == 0) error |= ios_base::failbit;
+  if (error != ios_base::goodbit) update_state(in, error);
+}
+
+}  // namespace
+
+bool extract_bits(std::istream &in, std::string &text, unsigned count) {
+  bool any = false;
+  input_operation(in, false, [&](iostate &error) {
+    text.clear();
+    unsigned taken = 0;
+    if (count && !read_blocks(stream_access::buffer(in), [&](const char *&at, const char *end) {
+          const char *p = at;
+          while (p != end && taken != count && (*p == '0' || *p == '1')) ++p, ++taken;
+          text.append(at, p - at);
+          any |= p != at;
+          at = p;
+          return p == end && taken != count;
+        }))
+      error |= ios_base::eofbit;
+    if (!any) error |= ios_base::failbit;
+  });
+  return any;
+}
+
+}  // namespace __zor
+
+namespace std {
+
+template <> istream &operator>>(istream &in, string &text) {
+  if (!__zor::extract_at_once(in, text)) __zor::extract_word(in, text);
+  return in;
+}
+
+}  // namespace std

@@ -1,0 +1,27 @@
+// Strings as destinations of input.
+#pragma once
+
+#include <plx/basic_string.h>
+
+#include "../libC/eh_tools.h"
+
+namespace __zor {
+
+// The string is one pointer.
+inline b_str_ref *&representation_of(std::string &text) { return reinterpret_cast<b_str_ref *&>(text); }
+
+// What is put into the string first empties it.
+inline void assign_text(std::string &text, const char *from, unsigned int n) {
+  if (n == 0)
+    text.clear();
+  else
+    text.assign(from, n);
+}
+
+// n more characters fit without a new block: appending them cannot throw.
+inline bool has_place(std::string &text, unsigned int n) {
+  const b_str_ref *const rep = representation_of(text);
+  return string_is_private(rep) && n < rep->capacity && rep->length < rep->capacity - n;
+}
+
+}  // namespace __zor

@@ -1,0 +1,22 @@
+// basic_istream<char> and basic_iostream<char>: the classes themselves. Their operations are in extract_*.cpp,
+// getline.cpp and unformatted*.cpp.
+
+#include "../containers/cleanup_by_hand.h"
+
+#include <plx/basic_iostream.h>
+
+#include "input_operation.h"
+
+namespace std {
+
+template <class C, class T> basic_istream<C, T>::sentry::sentry(basic_istream &in, bool noskipws)
+    : _ok_(__zor::input_prefix(in, noskipws)) {}
+
+template <class C, class T> bool basic_istream<C, T>::ipfx(bool noskipws) {
+  return __zor::input_prefix(*this, noskipws);
+}
+
+template class basic_istream<char, char_traits<char>>;
+template class basic_iostream<char, char_traits<char>>;
+
+}  // namespace std

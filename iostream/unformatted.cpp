@@ -1,0 +1,134 @@
+// Unformatted input: single characters, blocks, and characters given back or dropped.
+
+#include <limits.h>
+#include <string.h>
+
+#include "input_operation.h"
+
+namespace std {
+
+using namespace __zor;
+
+namespace {
+
+// One character, straight from where it lies; EOF: the frame is needed, or there is none.
+inline int take_at_once(istream &in) {
+  if (!starts_at_once(in)) return EOF;
+  get_window window;
+  if (!open_get_window(stream_access::buffer(in), window)) return EOF;
+  window.take_up_to(window.at + 1);
+  stream_access::count(in) = 1;
+  return static_cast<unsigned char>(*window.at);
+}
+
+[[gnu::noinline]] int take_in_frame(istream &in) {
+  int c = EOF;
+  light_input_operation(
+      in, true,
+      [&](iostate &error) {
+        c = stream_access::buffer(in)->sbumpc();
+        if (c == EOF)
+          error |= ios_base::eofbit;
+        else
+          stream_access::count(in) = 1;
+      },
+      [&](iostate &error) {
+        if (c == EOF) error |= ios_base::failbit;
+      });
+  return c;
+}
+
+// Counts no further than a streamsize goes.
+inline void count_more(streamsize &count, streamsize n) { count = count > INT_MAX - n ? INT_MAX : count + n; }
+
+}  // namespace
+
+template <class C, class T> typename basic_istream<C, T>::int_type basic_istream<C, T>::get() {
+  const int c = take_at_once(*this);
+  return __builtin_expect(c == EOF, false) ? take_in_frame(*this) : c;
+}
+
+template <class C, class T> basic_istream<C, T> &basic_istream<C, T>::get(C &to) {
+  int c = take_at_once(*this);
+  if (__builtin_expect(c == EOF, false)) c = take_in_frame(*this);
+  if (c != EOF) to = static_cast<char>(c);
+  return *this;
+}
+
+template <class C, class T> typename basic_istream<C, T>::int_type basic_istream<C, T>::peek() {
+  int c = EOF;
+  light_input_operation(*this, true, [&](iostate &error) {
+    c = stream_access::buffer(*this)->sgetc();
+    if (c == EOF) error |= ios_base::eofbit;
+  });
+  return c;
+}
+
+template <class C, class T> basic_istream<C, T> &basic_istream<C, T>::read(C *to, streamsize n) {
+  get_window window;
+  if (starts_at_once(*this) && n > 0 && open_get_window(stream_access::buffer(*this), window) &&
+      window.end - window.at >= n) {
+    memcpy(to, window.at, n);
+    window.take_up_to(window.at + n);
+    _gcount_ = n;
+    return *this;
+  }
+  light_input_operation(*this, true, [&](iostate &error) {
+    if (n < 1) return;
+    _gcount_ = stream_access::buffer(*this)->sgetn(to, n);
+    if (_gcount_ != n) error |= ios_base::eofbit | ios_base::failbit;
+  });
+  return *this;
+}
+
+template <class C, class T> streamsize basic_istream<C, T>::readsome(C *to, streamsize n) {
+  streamsize got = 0;
+  input_operation(*this, true, [&](iostate &error) {
+    streambuf *const buffer = stream_access::buffer(*this);
+    const streamsize ready = buffer->in_avail();
+    if (ready == -1)
+      error |= ios_base::eofbit;
+    else if (ready > 0 && n > 0)
+      got = _gcount_ = buffer->sgetn(to, ready < n ? ready : n);
+  });
+  return got;
+}
+
+template <class C, class T> basic_istream<C, T> &basic_istream<C, T>::ignore(streamsize n, int_type delim) {
+  if (n < 1) n = 0;
+  light_input_operation(*this, true, [&](iostate &error) {
+    streamsize left = n;
+    if (n && !read_blocks(stream_access::buffer(*this), [&](const char *&at, const char *end) {
+          const streamsize part = end - at < left ? end - at : left;
+          const char *const found =
+              delim == EOF ? nullptr : static_cast<const char *>(memchr(at, static_cast<char>(delim), part));
+          // A delimiter that is no character is never met.
+          const bool met = found && delim == static_cast<unsigned char>(delim);
+          const streamsize taken = met ? found + 1 - at : part;
+          at += taken;
+          count_more(_gcount_, taken);
+          if (n != INT_MAX) left -= taken;
+          return !met && left;
+        }))
+      error |= ios_base::eofbit;
+  });
+  return *this;
+}
+
+template <class C, class T> basic_istream<C, T> &basic_istream<C, T>::putback(C c) {
+  light_input_operation(*this, true, [&](iostate &error) {
+    if (stream_access::buffer(*this)->sputbackc(c) == EOF) error |= ios_base::badbit;
+  });
+  return *this;
+}
+
+template <class C, class T> basic_istream<C, T> &basic_istream<C, T>::unget() {
+  light_input_operation(*this, true, [&](iostate &error) {
+    if (stream_access::buffer(*this)->sungetc() == EOF) error |= ios_base::badbit;
+  });
+  return *this;
+}
+
+template class basic_istream<char, char_traits<char>>;
+
+}  // namespace std
