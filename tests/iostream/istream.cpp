@@ -1,0 +1,144 @@
+// The frame of input: the sentry and what it skips, ties, states, manipulators, old forms, and the stream iterators.
+// test-variants: -O0 | -O2
+
+#include <iterator>
+
+#include "input_buffers.h"
+
+static void test_sentry() {
+  slow blanks(" \t\n\v\f\r");
+  {
+    std::istream::sentry ok(blanks.in);
+    CHECK(ok);  // the extractor will meet the end itself
+  }
+  CHECK_INT(blanks.in.rdstate(), good);
+  CHECK_TEXT(blanks.buffer.rest().c_str(), "");
+
+  slow word("  x");
+  {
+    std::istream::sentry raw(word.in, true);
+    CHECK(raw);
+    CHECK_TEXT(word.buffer.rest().c_str(), "  x");
+    word.in.unsetf(std::ios_base::skipws);
+    std::istream::sentry unskipped(word.in);
+    CHECK_TEXT(word.buffer.rest().c_str(), "  x");
+    word.in.setf(std::ios_base::skipws);
+    CHECK(word.in.ipfx());
+    word.in.isfx();
+    CHECK_TEXT(word.buffer.rest().c_str(), "x");
+  }
+  CHECK_INT(word.in.get(), 'x');
+  CHECK_INT(word.in.gcount(), 1);
+  { std::istream::sentry again(word.in); }
+  CHECK_INT(word.in.gcount(), 0);
+  word.in.setstate(eof);
+  CHECK(!word.in.ipfx(true));
+  CHECK_INT(word.in.rdstate(), eof | fail);
+
+  std::istream none(0);
+  { CHECK(!std::istream::sentry(none)); }
+  CHECK_INT(none.rdstate(), bad | fail);
+}
+
+// A table of the program's own decides what is white space.
+static void test_own_white_space() {
+  static std::ctype_base::mask table[256];
+  table['_'] = std::ctype_base::space;
+  std::locale own(std::locale::classic(), new std::ctype<char>(table));
+  slow words("__a_ b");
+  words.in.imbue(own);
+  char text[8];
+  words.in >> text;
+  CHECK_TEXT(text, "a");
+  std::string next;
+  words.in >> next;
+  CHECK_TEXT(next.c_str(), " b");
+  CHECK_INT(words.in.rdstate(), eof);
+}
+
+struct flushed_buffer : std::streambuf {
+  flushed_buffer() : flushes(0) {}
+  virtual int sync() {
+    ++flushes;
+    return 0;
+  }
+  int flushes;
+};
+
+static void test_tie() {
+  flushed_buffer out;
+  std::ostream tied(&out);
+  slow text("1 2 word\nline\n");
+  text.in.tie(&tied);
+  int n;
+  text.in >> n;
+  CHECK_INT(out.flushes, 1);
+  text.in.get();
+  CHECK_INT(out.flushes, 2);
+  text.in >> std::ws >> n;
+  CHECK_INT(out.flushes, 4);
+  std::string word;
+  text.in >> word;
+  std::getline(text.in, word);
+  CHECK_INT(out.flushes, 6);
+  text.in.setstate(eof);
+  text.in.get();
+  CHECK_INT(out.flushes, 6);  // not when nothing is read
+}
+
+static void test_ws() {
+  slow text(" \n a ");
+  text.in >> std::ws;
+  CHECK_INT(text.in.get(), 'a');
+  text.in >> std::ws;
+  CHECK_INT(text.in.rdstate(), eof);
+  CHECK_INT(text.in.gcount(), 1);  // not an operation of its own
+  text.in >> std::ws;
+  CHECK_INT(text.in.rdstate(), eof);  // nothing to complain of
+}
+
+static std::ios_base &hex(std::ios_base &s) {
+  s.setf(std::ios_base::hex, std::ios_base::basefield);
+  return s;
+}
+static std::ios &wide(std::ios &s) {
+  s.width(3);
+  return s;
+}
+
+static void test_manipulators() {
+  slow text("ff abcdef");
+  int n = 0;
+  char word[8];
+  text.in >> hex >> n >> wide >> word;
+  CHECK_INT(n, 255);
+  CHECK_TEXT(word, "ab");
+  CHECK_INT(text.in.width(), 0);
+}
+
+static void test_iterators() {
+  slow numbers("1 2 3 x");
+  int sum = 0, count = 0;
+  for (std::istream_iterator<int> at(numbers.in), end; at != end; ++at, ++count) sum += *at;
+  CHECK_INT(sum, 6);
+  CHECK_INT(count, 3);
+  CHECK_INT(numbers.in.rdstate(), fail);
+
+  slow words("alpha beta");
+  std::istream_iterator<std::string> at(words.in);
+  CHECK_INT(at->size(), 5);
+  CHECK_TEXT((*at++).c_str(), "alpha");
+  CHECK_TEXT(at->c_str(), "beta");
+  CHECK(at == std::istream_iterator<std::string>(at));
+  CHECK(++at == std::istream_iterator<std::string>());
+}
+
+int main() {
+  test_sentry();
+  test_own_white_space();
+  test_tie();
+  test_ws();
+  test_manipulators();
+  test_iterators();
+  return TEST_RESULT();
+}
