@@ -3,6 +3,8 @@
 
 #include "extract_string.h"
 
+#include <plx/bitset_io.h>
+
 #include "input_operation.h"
 
 namespace __zor {

@@ -1,6 +1,8 @@
 // What user buffers and facets throw from each virtual operation: it becomes badbit, or failure when exceptions() asks
 // for it, and for words into strings it passes. No exception is lost, no memory leaks, no character goes missing.
 
+#include <locale>
+
 #include "input_buffers.h"
 
 #include "../fail_allocation.h"

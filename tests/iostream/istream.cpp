@@ -43,7 +43,7 @@ static void test_sentry() {
 // A table of the program's own decides what is white space.
 static void test_own_white_space() {
   static std::ctype_base::mask table[256];
-  table['_'] = std::ctype_base::space;
+  table[static_cast<int>('_')] = std::ctype_base::space;
   std::locale own(std::locale::classic(), new std::ctype<char>(table));
   slow words("__a_ b");
   words.in.imbue(own);
