@@ -12,10 +12,11 @@ struct decimal_real {
   bool negative;
 };
 
-// Exact up to 10^27; power_28[i] is 10^(28 i) rounded.
-const unsigned int exact_powers = 28, rounded_powers = 13;
-extern const long double power_1[exact_powers];
-extern const long double power_28[rounded_powers];
+// Powers of ten, rounded: 10^e and 10^(28 e). Those from 10^0 to 10^27 are exact.
+const int small_powers = 27, large_powers = 12;
+extern const long double power_1[2 * small_powers + 1];
+extern const long double power_28[2 * large_powers + 1];
+inline const long double &power_of_ten(int e) noexcept { return power_1[small_powers + e]; }
 
 // Any number, in any rounding mode.
 NUMBER_CALL void real_by_strtod(const decimal_real &number, float &value) noexcept;
@@ -52,28 +53,44 @@ inline bool x87_is_default() noexcept {
   return (control & 0xF00) == 0x300;
 }
 
+// Whether the product of the mantissa and a negative power may be tried, which is inexact in its last bits but several
+// times faster than a quotient.
+inline bool may_try(double) noexcept { return true; }
+inline bool may_try(float) noexcept { return true; }
+inline bool may_try(long double) noexcept { return false; }
+
 // `mantissa` loads number.mantissa into an x87 register, which keeps all of its bits.
 template <class Real, class Mantissa>
 inline void to_real(const decimal_real &number, Mantissa mantissa, Real &value) noexcept {
-  const unsigned int power = number.exponent < 0 ? 0u - number.exponent : number.exponent;
-  if (__builtin_expect(x87_is_default() && power < exact_powers * rounded_powers, 1)) {
-    long_double_image x;
-    x.value = mantissa();
-    if (number.negative) x.value = -x.value;
-    unsigned int slack = 0;
-    if (power >= exact_powers) {
-      slack = 8;
-      const long double large = power_28[power / exact_powers], small = power_1[power % exact_powers];
-      x.value = number.exponent < 0 ? x.value / small / large : x.value * small * large;
-    } else if (number.exponent < 0) {
-      x.value /= power_1[power];
-    } else if (power != 0) {
-      x.value *= power_1[power];
-    }
-    const bool normal = slack == 0 || is_normal((x.bits.sign_and_exponent & 0x7FFF) - 16383, Real());
-    if (__builtin_expect(power == 0 || (normal && rounds_surely(x, slack, Real())), 1)) {
-      value = static_cast<Real>(x.value);
+  const int e = number.exponent;
+  if (__builtin_expect(x87_is_default(), 1)) {
+    const long double whole = number.negative ? -mantissa() : mantissa();
+    if (e == 0) {
+      value = static_cast<Real>(whole);
       return;
+    }
+    long_double_image x;
+    if (e >= -small_powers && e <= small_powers) {
+      if (e > 0 || may_try(Real())) {
+        x.value = whole * power_of_ten(e);
+        if (__builtin_expect(rounds_surely(x, e > 0 ? 0 : 2, Real()), 1)) {
+          value = static_cast<Real>(x.value);
+          return;
+        }
+      }
+      if (e < 0) {
+        x.value = whole / power_of_ten(-e);
+        if (rounds_surely(x, 0, Real())) {
+          value = static_cast<Real>(x.value);
+          return;
+        }
+      }
+    } else if (e >= -28 * large_powers && e <= 28 * large_powers) {
+      x.value = whole * power_of_ten(e % 28) * power_28[large_powers + e / 28];
+      if (is_normal((x.bits.sign_and_exponent & 0x7FFF) - 16383, Real()) && rounds_surely(x, 8, Real())) {
+        value = static_cast<Real>(x.value);
+        return;
+      }
     }
   }
   real_by_strtod(number, value);

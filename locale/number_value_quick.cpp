@@ -26,11 +26,31 @@ template <class Real> __attribute__((__noinline__)) const char *long_real(const 
 
 const unsigned int small_power[10] = {1, 10, 100, 1000, 10000, 100000, 1000000, 10000000, 100000000, 1000000000};
 
-// A number of 10 to 18 digits, as its first nine and those that follow.
+// Reads digits up to `stop` and adds them to the sum, modulo 2^32: one by one, or four in a step.
+inline const char *add_digits(const char *p, const char *stop, unsigned int &sum) {
+  for (unsigned int digit; p != stop && (digit = digit_of(*p)) <= 9; ++p) sum = sum * 10 + digit;
+  return p;
+}
+inline const char *add_many_digits(const char *p, const char *stop, unsigned int &sum) {
+  while (stop - p >= 4) {
+    unsigned int four;
+    __builtin_memcpy(&four, p, 4);
+    const unsigned int high_halves = 0xF0F0F0F0, digits = 0x30303030;
+    if ((four & high_halves) != digits || ((four + 0x06060606) & high_halves) != digits) break;
+    four &= 0x0F0F0F0F;
+    four = (four * 10 + (four >> 8)) & 0x00FF00FF;
+    sum = sum * 10000 + ((four * 100 + (four >> 16)) & 0xFFFF);
+    p += 4;
+  }
+  return add_digits(p, stop, sum);
+}
+
+// The mantissa: high * power + low.
 struct two_words {
-  unsigned int high, low, power;  // the number is high * power + low
+  unsigned int high, low, power;
 
   // Of n digits, with a point among or before them, whose value modulo 2^32 is known. Zeros in front do not count.
+  // False for more than 18.
   bool split(const char *p, unsigned int n, unsigned int sum) {
     for (; n != 0 && (*p == '0' || *p == '.'); ++p) n -= *p == '0';
     if (n > 18) return false;
@@ -50,6 +70,9 @@ struct two_words {
   }
 };
 
+inline const char *up_to(const char *p, const char *end, int n) { return end - p > n ? p + n : end; }
+inline bool at_digit(const char *p, const char *end) { return p != end && digit_of(*p) <= 9; }
+
 template <class Real> inline const char *read_real(const char *const begin, const char *const end, Real &value) {
   const char *p = begin;
   if (p == end) return nullptr;
@@ -57,13 +80,29 @@ template <class Real> inline const char *read_real(const char *const begin, cons
   number.negative = *p == '-';
   if (number.negative || *p == '+') ++p;
   const char *const first = p;
-  unsigned int digit, sum = 0;  // modulo 2^32
-  for (; p != end && (digit = digit_of(*p)) <= 9; ++p) sum = sum * 10 + digit;
+  unsigned int sum = 0;
+  p = add_digits(p, end, sum);
   unsigned int digits = p - first;
   int places = 0;
+  two_words words;
+  words.high = 0;
+  bool whole = digits <= 9;  // words hold the mantissa
   if (p != end && *p == '.') {
     const char *const fraction = ++p;
-    for (; p != end && (digit = digit_of(*p)) <= 9; ++p) sum = sum * 10 + digit;
+    if (whole) {
+      // Nine digits in one word, and nine in the other.
+      p = add_many_digits(p, up_to(p, end, 9 - digits), sum);
+      if (at_digit(p, end) && p - fraction == static_cast<int>(9 - digits)) {
+        const char *const second = p;
+        words.high = sum;
+        words.low = 0;
+        p = add_many_digits(p, up_to(p, end, 9), words.low);
+        words.power = small_power[p - second];
+        sum = sum * words.power + words.low;
+        whole = !at_digit(p, end);
+      }
+    }
+    if (!whole) p = add_digits(p, end, sum);
     places = p - fraction;
     digits += places;
   }
@@ -74,9 +113,10 @@ template <class Real> inline const char *read_real(const char *const begin, cons
     const bool negative = p != end && *p == '-';
     if (p != end && (*p == '-' || *p == '+')) ++p;
     const char *const letter = p;
-    for (; p != end && (digit = digit_of(*p)) <= 9; ++p) exponent = static_cast<int>(exponent * 10u + digit);
+    unsigned int power = 0;
+    p = add_digits(p, end, power);
     if (p - letter > 8) return long_real(begin, end, value);
-    if (negative) exponent = -exponent;
+    exponent = negative ? -static_cast<int>(power) : static_cast<int>(power);
   }
   number.exponent = exponent - places;
   if (digits <= 9) {
@@ -85,8 +125,7 @@ template <class Real> inline const char *read_real(const char *const begin, cons
         number, [sum] { return static_cast<long double>(static_cast<int>(sum)); }, value);
     return p;
   }
-  two_words words;
-  if (!words.split(first, digits, sum)) return long_real(begin, end, value);
+  if (!whole && !words.split(first, digits, sum)) return long_real(begin, end, value);
   number.mantissa = static_cast<unsigned long long>(words.high) * words.power + words.low;
   to_real(
       number,

@@ -9,6 +9,7 @@
 
 #include <string>
 
+#include "../../locale/digits.cpp"
 #include "../../locale/number_value.cpp"
 #include "../../locale/number_value_quick.cpp"
 #include "named_locales.h"
