@@ -1,7 +1,7 @@
 // The source of characters that scanners read stream buffers through.
 #include <plx/character_source.h>
 
-#include "access.h"
+#include "windows.h"
 
 namespace __zor {
 
@@ -28,11 +28,11 @@ bool streambuf_source::_fetch(character_source *self) {
   if (source._at_.equal(source._last_)) return false;
   std::streambuf *const buffer = buffer_access::buffer(source._at_);
   if (!buffer) return false;
-  char *&next = buffer_access::gptr(*buffer);
-  if (next < buffer_access::egptr(*buffer)) {
-    source._cursor_ = &next;
-    source._begin_ = source._next = next;
-    source._end = buffer_access::egptr(*buffer);
+  get_window window;
+  if (open_get_window(buffer, window)) {
+    source._cursor_ = window.cursor;
+    source._begin_ = source._next = window.at;
+    source._end = window.end;
     return true;
   }
   source._c_ = *source._at_;
