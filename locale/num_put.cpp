@@ -4,7 +4,8 @@
 #include <plx/num_put.h>
 
 #include "../libC/eh_tools.h"
-#include "num_put_plain.h"
+#include "num_put_locale.h"
+#include "number_text.h"
 
 using namespace std;
 
@@ -19,6 +20,19 @@ static_assert(number_dec == ios_base::dec && number_fixed == ios_base::fixed && 
               "flags of numbers and of streams");
 
 namespace {
+
+// The digits to ask for, and the zeros that follow them.
+struct a_number_precision {
+  a_number_precision(unsigned flags, int wanted) : digits(6), zeros(0) {
+    const int least = flags & number_fixed ? 0 : 1;
+    if (wanted < least) return;
+    digits = static_cast<unsigned>(wanted);
+    if (digits <= number_precision_limit) return;
+    zeros = digits - number_precision_limit;
+    digits = number_precision_limit;
+  }
+  unsigned digits, zeros;
+};
 
 struct truth_name {
   truth_name(const numpunct<char> &names, bool value) : text(name(names, value)) {}
@@ -79,7 +93,7 @@ void put_pointer(a_text_sink *sink, ios_base &str, char fill, const void *value)
 
 namespace std {
 
-template class PLX_API num_put<char, ostreambuf_iterator<char>>;
-template class PLX_API num_put<char, char *>;
+template class num_put<char, ostreambuf_iterator<char>>;
+template class num_put<char, char *>;
 
 }  // namespace std

@@ -12,7 +12,8 @@
 #include <plx/num_put.h>
 
 #include "../libC/eh_tools.h"
-#include "num_put_plain.h"
+#include "num_put_locale.h"
+#include "number_text.h"
 
 using namespace std;
 
