@@ -9,6 +9,7 @@
 #include <streambuf>
 
 #include "../fail_allocation.h"
+#include "named_locales.h"
 #include "number_model.h"
 
 namespace {
@@ -418,6 +419,33 @@ void check_throwing() {
   CHECK_INT(live_blocks, before);
 }
 
+void check_named() {
+  reader german(plain), indian(plain);
+  german.stream.imbue(std::locale("xx_DE"));
+  indian.stream.imbue(std::locale("xx_IN"));
+  CHECK(german.read("1.234.567,5", 0.0).value == 1234567.5);
+  CHECK_INT(german.read("1.234", 0L).value, 1234);
+  CHECK(german.read("3.5", 0.0).err & fail);
+  CHECK(indian.read("12,34,567.8", 0.0).value == 1234567.8);
+  CHECK(indian.read("1,234,567.8", 0.0).err & fail);
+}
+
+struct other : std::num_get<char> {};
+struct classes : std::ctype<char> {};
+
+// Streams read numbers by themselves where the locale's facets are the library's own and plain, and nowhere else.
+void check_quick_bit() {
+  const model::rules rules = {plain, "", ',', '.'};
+  const std::locale &classic = std::locale::classic();
+  const std::locale changed[] = {std::locale(classic, new other), std::locale(classic, new classes),
+                                 std::locale(classic, new punctuation(rules)),
+                                 std::locale(classic, new std::numpunct<char>("xx_DE"))};
+  const unsigned int bit = std::locale::imp::_quick_num_get;
+  CHECK(classic._get_imp()->_get_quick() & bit);
+  CHECK(std::locale(classic, new std::numpunct<char>)._get_imp()->_get_quick() & bit);
+  for (int i = 0; i < 4; ++i) CHECK(!(changed[i]._get_imp()->_get_quick() & bit));
+}
+
 struct reading_groups {
   reader *one;
   outcome<long> got;
@@ -444,6 +472,10 @@ int main() {
   check_sources();
   check_random();
   check_throwing();
+  if (named_locales_setup()) {
+    check_named();
+    check_quick_bit();
+  }
   CHECK(fail_each_allocation<reading_groups>() >= 1);
   return TEST_RESULT();
 }
