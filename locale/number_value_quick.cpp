@@ -84,8 +84,7 @@ template <class Real> inline const char *read_real(const char *const begin, cons
   p = add_digits(p, end, sum);
   unsigned int digits = p - first;
   int places = 0;
-  two_words words;
-  words.high = 0;
+  two_words words = {0, 0, 1};
   bool whole = digits <= 9;  // words hold the mantissa
   if (p != end && *p == '.') {
     const char *const fraction = ++p;
