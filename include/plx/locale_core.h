@@ -87,6 +87,7 @@ public:
   void set_cat(imp *_source, category _categories);
 
   imp *_get_imp() const PLX_NOTHROW { return _imp_; }  // never null
+  void _release() PLX_NOTHROW;                         // what the destructor does
 
 private:
   explicit locale(imp *_adopted) PLX_NOTHROW : _imp_(_adopted) {}
@@ -188,9 +189,10 @@ typedef char _locale_layout[sizeof(locale) == 4 && sizeof(locale::imp) == 20 && 
 
 inline locale::locale(const locale &_other) PLX_NOTHROW : _imp_(_other._imp_) { ++_imp_->_refcount_; }
 
-inline locale::~locale() PLX_NOTHROW {
+inline void locale::_release() PLX_NOTHROW {
   if (--_imp_->_refcount_ == 0) _free(_imp_);
 }
+inline locale::~locale() PLX_NOTHROW { _release(); }
 
 }  // namespace std
 
