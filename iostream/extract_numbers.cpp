@@ -39,15 +39,9 @@ template <class T> [[gnu::noinline]] std::istream &extract_same_by_facet(std::is
 }
 inline bool open_number_window(std::istream &in, get_window &window) {
   if (!starts_at_once(in) || !is_quick(in, std::locale::imp::_quick_num_get)) return false;
-  std::streambuf *const buffer = stream_access::buffer(in);
-  const bool opened = open_get_window(buffer, window);
-  if (!(stream_access::flags(in) & ios_base::skipws)) return opened;
-  if (opened) {
-    while (is_classic_space(*window.at))
-      if (++window.at == window.end) return open_number_window_beyond_space(buffer, window);
-    return true;
-  }
-  return open_number_window_beyond_space(buffer, window);
+  if (__builtin_expect(open_window_beyond_space(in, window), true)) return true;
+  return (stream_access::flags(in) & ios_base::skipws) &&
+         open_number_window_beyond_space(stream_access::buffer(in), window);
 }
 
 // A number that reaches to the end of the window counts if the input ends there, which only a plain string buffer tells

@@ -3,6 +3,8 @@
 
 #include "extract_string.h"
 
+#include <string.h>
+
 #include <plx/bitset_io.h>
 
 #include "input_operation.h"
@@ -11,23 +13,36 @@ namespace __zor {
 
 namespace {
 
+// Copies a short text with what follows it, up to 16 bytes, where the string has a block of its own. All is read before
+// anything is written.
+inline bool assign_short(std::string &text, const char *from, unsigned int n, const char *end) {
+  b_str_ref *const rep = representation_of(text);
+  if (n > 16 || end - from < 16 || !string_is_private(rep)) return false;
+  const unsigned int a = four_bytes_at(from), b = four_bytes_at(from + 4), c = four_bytes_at(from + 8),
+                     d = four_bytes_at(from + 12);
+  char *const to = rep->data;
+  memcpy(to, &a, 4);
+  memcpy(to + 4, &b, 4);
+  memcpy(to + 8, &c, 4);
+  memcpy(to + 12, &d, 4);
+  to[n] = 0;
+  rep->length = n;
+  rep->count = 1;
+  return true;
+}
+
 // A word that lies whole in the buffer's window, where nothing is to be done for the stream.
 inline bool extract_at_once(std::istream &in, std::string &text) {
-  if (!starts_at_once(in) || !is_quick(in, std::locale::imp::_quick_ctype) || stream_access::width(in) != 0 ||
-      !(stream_access::flags(in) & ios_base::skipws))
-    return false;
   get_window window;
-  if (!open_get_window(stream_access::buffer(in), window)) return false;
-  const char *at = window.at, *const end = window.end;
-  while (is_classic_space(*at))
-    if (++at == end) return false;
-  const char *const word = at;
-  do
-    if (++at == end) return false;
-  while (!is_classic_space(*at));
+  if (!starts_at_once(in) || !is_quick(in, std::locale::imp::_quick_ctype) || stream_access::width(in) != 0 ||
+      !open_window_beyond_space(in, window))
+    return false;
+  const char *const stop = find_classic_space(window.at, window.end);
+  if (stop == window.end || stop == window.at) return false;
   start_count(in);
-  text.assign(word, at - word);
-  window.take_up_to(at);
+  const unsigned int n = stop - window.at;
+  if (!assign_short(text, window.at, n, window.end)) text.assign(window.at, n);
+  window.take_up_to(stop);
   return true;
 }
 

@@ -1,13 +1,17 @@
 // The extractors of characters and C strings.
 
+#include <string.h>
+
 #include "input_operation.h"
 
 namespace std {
 
 using namespace __zor;
 
+namespace {
+
 // The end gives failbit alone.
-istream &__zor_extract_char(istream &in, char &c) {
+[[gnu::noinline]] istream &extract_char(istream &in, char &c) {
   bool stored = false;
   light_input_operation(
       in, false,
@@ -24,7 +28,36 @@ istream &__zor_extract_char(istream &in, char &c) {
   return in;
 }
 
-istream &__zor_extract_c_string(istream &in, char *to) {
+// A word without a limit that lies whole in the buffer's window. What is not whole is read again.
+inline bool extract_word_at_once(istream &in, char *to) {
+  get_window window;
+  if (!starts_at_once(in) || !is_quick(in, locale::imp::_quick_ctype) || stream_access::width(in) != 0 ||
+      !open_window_beyond_space(in, window))
+    return false;
+  const char *at = window.at;
+  while (window.end - at >= 4) {
+    const unsigned int four = four_bytes_at(at), low = low_bytes(four);
+    if (!low) {
+      memcpy(to, &four, 4);
+      at += 4;
+      to += 4;
+      continue;
+    }
+    for (unsigned int n = __builtin_ctz(low) >> 3; n != 0; --n) *to++ = *at++;
+    if (*at != 0 && !is_classic_space(*at)) {
+      *to++ = *at++;
+      continue;
+    }
+    if (at == window.at) return false;
+    *to = 0;
+    window.take_up_to(at + (*at == 0));
+    start_count(in);
+    return true;
+  }
+  return false;
+}
+
+[[gnu::noinline]] istream &extract_word(istream &in, char *to) {
   char *next = to;
   light_input_operation(
       in, false,
@@ -59,6 +92,22 @@ istream &__zor_extract_c_string(istream &in, char *to) {
         if (next == to) error |= ios_base::failbit;
       });
   return in;
+}
+
+}  // namespace
+
+istream &__zor_extract_char(istream &in, char &c) {
+  get_window window;
+  if (!starts_at_once(in) || !is_quick(in, locale::imp::_quick_ctype) || !open_window_beyond_space(in, window))
+    return extract_char(in, c);
+  start_count(in);
+  window.take_up_to(window.at + 1);
+  c = *window.at;
+  return in;
+}
+
+istream &__zor_extract_c_string(istream &in, char *to) {
+  return extract_word_at_once(in, to) ? in : extract_word(in, to);
 }
 
 }  // namespace std

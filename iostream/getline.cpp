@@ -68,6 +68,20 @@ inline bool get_line_at_once(std::istream &in, std::string &text, char delim) {
   return in;
 }
 
+// The same for an array that has room for the line.
+inline bool get_line_at_once(std::istream &in, char *to, std::streamsize n, char delim, std::streamsize &count) {
+  get_window window;
+  if (n < 1 || !starts_at_once(in) || !open_get_window(stream_access::buffer(in), window)) return false;
+  const char *const stop = find_delimiter(window.at, n < window.end - window.at ? window.at + n : window.end, delim);
+  if (!stop) return false;
+  const std::streamsize length = stop - window.at;
+  memcpy(to, window.at, length);
+  to[length] = 0;
+  count = length + 1;
+  window.take_up_to(stop + 1);
+  return true;
+}
+
 // Both members end the text and complain when nothing was taken.
 inline void end_text(std::istream &in, char *next, iostate &error) {
   *next = 0;
@@ -118,6 +132,7 @@ template <class C, class T> basic_istream<C, T> &basic_istream<C, T>::get(C *to,
 }
 
 template <class C, class T> basic_istream<C, T> &basic_istream<C, T>::getline(C *to, streamsize n, C delim) {
+  if (get_line_at_once(*this, to, n, delim, _gcount_)) return *this;
   char *next = to;
   light_input_operation(
       *this, true,

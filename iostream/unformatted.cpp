@@ -38,8 +38,41 @@ inline int take_at_once(istream &in) {
   return c;
 }
 
+[[gnu::noinline]] int peek_in_frame(istream &in) {
+  int c = EOF;
+  light_input_operation(in, true, [&](iostate &error) {
+    c = stream_access::buffer(in)->sgetc();
+    if (c == EOF) error |= ios_base::eofbit;
+  });
+  return c;
+}
+
+// Behind the delimiter, or null. One that is no character is never met.
+inline const char *find_end_of_ignored(const char *at, const char *end, int delim) {
+  if (delim != static_cast<unsigned char>(delim)) return nullptr;
+  const void *const found = memchr(at, delim, end - at);
+  return found ? static_cast<const char *>(found) + 1 : nullptr;
+}
+
 // Counts no further than a streamsize goes.
 inline void count_more(streamsize &count, streamsize n) { count = count > INT_MAX - n ? INT_MAX : count + n; }
+
+[[gnu::noinline]] void ignore_in_frame(istream &in, streamsize n, int delim) {
+  if (n < 1) n = 0;
+  light_input_operation(in, true, [&](iostate &error) {
+    streamsize left = n;
+    if (n && !read_blocks(stream_access::buffer(in), [&](const char *&at, const char *end) {
+          const streamsize part = end - at < left ? end - at : left;
+          const char *const next = find_end_of_ignored(at, at + part, delim);
+          const streamsize taken = next ? next - at : part;
+          at += taken;
+          count_more(stream_access::count(in), taken);
+          if (n != INT_MAX) left -= taken;
+          return !next && left;
+        }))
+      error |= ios_base::eofbit;
+  });
+}
 
 }  // namespace
 
@@ -56,12 +89,12 @@ template <class C, class T> basic_istream<C, T> &basic_istream<C, T>::get(C &to)
 }
 
 template <class C, class T> typename basic_istream<C, T>::int_type basic_istream<C, T>::peek() {
-  int c = EOF;
-  light_input_operation(*this, true, [&](iostate &error) {
-    c = stream_access::buffer(*this)->sgetc();
-    if (c == EOF) error |= ios_base::eofbit;
-  });
-  return c;
+  get_window window;
+  if (starts_at_once(*this) && open_get_window(stream_access::buffer(*this), window)) {
+    _gcount_ = 0;
+    return static_cast<unsigned char>(*window.at);
+  }
+  return peek_in_frame(*this);
 }
 
 template <class C, class T> basic_istream<C, T> &basic_istream<C, T>::read(C *to, streamsize n) {
@@ -95,23 +128,17 @@ template <class C, class T> streamsize basic_istream<C, T>::readsome(C *to, stre
 }
 
 template <class C, class T> basic_istream<C, T> &basic_istream<C, T>::ignore(streamsize n, int_type delim) {
-  if (n < 1) n = 0;
-  light_input_operation(*this, true, [&](iostate &error) {
-    streamsize left = n;
-    if (n && !read_blocks(stream_access::buffer(*this), [&](const char *&at, const char *end) {
-          const streamsize part = end - at < left ? end - at : left;
-          const char *const found =
-              delim == EOF ? nullptr : static_cast<const char *>(memchr(at, static_cast<char>(delim), part));
-          // A delimiter that is no character is never met.
-          const bool met = found && delim == static_cast<unsigned char>(delim);
-          const streamsize taken = met ? found + 1 - at : part;
-          at += taken;
-          count_more(_gcount_, taken);
-          if (n != INT_MAX) left -= taken;
-          return !met && left;
-        }))
-      error |= ios_base::eofbit;
-  });
+  get_window window;
+  if (n > 0 && starts_at_once(*this) && open_get_window(stream_access::buffer(*this), window)) {
+    const streamsize ready = window.end - window.at, part = ready < n ? ready : n;
+    const char *const next = find_end_of_ignored(window.at, window.at + part, delim);
+    if (next || part == n) {
+      _gcount_ = next ? next - window.at : n;
+      window.take_up_to(window.at + _gcount_);
+      return *this;
+    }
+  }
+  ignore_in_frame(*this, n, delim);
   return *this;
 }
 

@@ -4,6 +4,15 @@
 
 namespace __zor {
 
+bool has_nothing_to_flush(const std::ostream *tied) PLX_NOTHROW {
+  if (stream_access::state(const_cast<std::ostream &>(*tied)) != ios_base::goodbit || stream_access::tie(*tied))
+    return false;
+  std::streambuf *const buffer = stream_access::buffer(*tied);
+  if (!is_plain_filebuf(buffer)) return false;
+  const FILE *const file = buffer_access::file(*buffer);
+  return !file || (file->_IO_write_ptr <= file->_IO_write_base && file->_IO_read_ptr == file->_IO_read_end);
+}
+
 bool skip_white_space(std::istream &in) {
   const std::ctype<char> &classes = std::use_facet<std::ctype<char>>(stream_access::loc(in));
   return read_blocks(stream_access::buffer(in), [&](const char *&at, const char *end) {

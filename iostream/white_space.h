@@ -14,6 +14,31 @@ inline void start_count(std::istream &in) { stream_access::count(in) = 0; }
 // As the classic table has it.
 inline bool is_classic_space(char c) { return c == ' ' || static_cast<unsigned char>(c - '\t') < 5; }
 
+// The bytes of a word that are below 0x21, white space among them, as bit 7 of each. Those above the lowest may be
+// wrong.
+inline unsigned int low_bytes(unsigned int four) { return (four - 0x21212121u) & ~four & 0x80808080u; }
+inline unsigned int four_bytes_at(const char *p) {
+  unsigned int four;
+  __builtin_memcpy(&four, p, sizeof four);
+  return four;
+}
+
+// The first white space of the classic table in the range, or its end.
+inline const char *find_classic_space(const char *at, const char *end) {
+  while (end - at >= 4) {
+    const unsigned int low = low_bytes(four_bytes_at(at));
+    if (!low) {
+      at += 4;
+      continue;
+    }
+    at += __builtin_ctz(low) >> 3;
+    if (is_classic_space(*at)) return at;
+    ++at;
+  }
+  while (at != end && !is_classic_space(*at)) ++at;
+  return at;
+}
+
 // Drops white space; false when the input ended. Throws bad_cast without a ctype facet, and what the buffer throws.
 bool skip_white_space(std::istream &in);
 
@@ -26,20 +51,22 @@ inline bool is_quick(const std::istream &in, unsigned int facets) {
 
 // Flushing the tied stream would do nothing: the C library holds nothing of it back. (A file that was read from is set
 // to where the reader is, so that is looked at, too.)
-inline bool has_nothing_to_flush(const std::ostream *tied) {
-  if (stream_access::state(const_cast<std::ostream &>(*tied)) != ios_base::goodbit || stream_access::tie(*tied))
-    return false;
-  std::streambuf *const buffer = stream_access::buffer(*tied);
-  if (!is_plain_filebuf(buffer)) return false;
-  const FILE *const file = buffer_access::file(*buffer);
-  return !file || (file->_IO_write_ptr <= file->_IO_write_base && file->_IO_read_ptr == file->_IO_read_end);
-}
+[[gnu::regparm(1)]] bool has_nothing_to_flush(const std::ostream *tied) PLX_NOTHROW;
 
 // The stream is good, so it has a buffer, and nothing has to be flushed.
 inline bool starts_at_once(std::istream &in) {
   if (__builtin_expect(stream_access::state(in) != ios_base::goodbit, false)) return false;
   const std::ostream *const tied = stream_access::tie(in);
-  return !tied || has_nothing_to_flush(tied);
+  return __builtin_expect(!tied, true) || has_nothing_to_flush(tied);
+}
+
+// The window at the first character that is no classic white space; false when that is not in the buffer's window.
+inline bool open_window_beyond_space(std::istream &in, get_window &window) {
+  if (!open_get_window(stream_access::buffer(in), window)) return false;
+  if (stream_access::flags(in) & ios_base::skipws)
+    while (is_classic_space(*window.at))
+      if (++window.at == window.end) return false;
+  return true;
 }
 
 // Begins an operation that needs no frame because nothing can throw. False: nothing was done, the frame is needed.
