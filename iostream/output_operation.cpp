@@ -5,8 +5,10 @@
 namespace __zor {
 
 bool output_prefix(std::ostream &out) {
-  if (stream_access::state(out) == ios_base::goodbit && stream_access::tie(out)) stream_access::tie(out)->flush();
-  // Flushing may have changed this stream: a stream may be tied to one that shares its buffer, or to itself.
+  // A stream tied to itself would flush, and so flush, for ever.
+  std::ostream *const tie = stream_access::tie(out);
+  if (stream_access::state(out) == ios_base::goodbit && tie && tie != &out) tie->flush();
+  // What the flush ran may have changed this stream as well.
   if (stream_access::state(out) == ios_base::goodbit) return true;
   update_state(out, ios_base::failbit);
   return false;
