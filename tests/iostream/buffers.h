@@ -1,5 +1,5 @@
-// Stream buffers of a program's own, for the tests of streams: one that takes characters one by one, one with a put area,
-// one whose virtual operations fail or throw on demand.
+// Stream buffers of a program's own, for the tests of streams: one that takes characters one by one, one with a put
+// area, one whose virtual operations fail or throw on demand.
 #ifndef TESTS_IOSTREAM_BUFFERS_H
 #define TESTS_IOSTREAM_BUFFERS_H
 

@@ -16,17 +16,21 @@ void flags() {
   const struct {
     a_manipulator set, clear;
     b::fmtflags flag;
-  } single[] = {{std::boolalpha, std::noboolalpha, b::boolalpha},    {std::showbase, std::noshowbase, b::showbase},
-                {std::showpoint, std::noshowpoint, b::showpoint},    {std::showpos, std::noshowpos, b::showpos},
-                {std::skipws, std::noskipws, b::skipws},             {std::uppercase, std::nouppercase, b::uppercase},
+  } single[] = {{std::boolalpha, std::noboolalpha, b::boolalpha}, {std::showbase, std::noshowbase, b::showbase},
+                {std::showpoint, std::noshowpoint, b::showpoint}, {std::showpos, std::noshowpos, b::showpos},
+                {std::skipws, std::noskipws, b::skipws},          {std::uppercase, std::nouppercase, b::uppercase},
                 {std::unitbuf, std::nounitbuf, b::unitbuf}};
   const struct {
     a_manipulator set;
     b::fmtflags flag, field;
-  } one_of[] = {{std::internal, b::internal, b::adjustfield}, {std::left, b::left, b::adjustfield},
-                {std::right, b::right, b::adjustfield},       {std::dec, b::dec, b::basefield},
-                {std::hex, b::hex, b::basefield},             {std::oct, b::oct, b::basefield},
-                {std::fixed, b::fixed, b::floatfield},        {std::scientific, b::scientific, b::floatfield}};
+  } one_of[] = {{std::internal, b::internal, b::adjustfield},
+                {std::left, b::left, b::adjustfield},
+                {std::right, b::right, b::adjustfield},
+                {std::dec, b::dec, b::basefield},
+                {std::hex, b::hex, b::basefield},
+                {std::oct, b::oct, b::basefield},
+                {std::fixed, b::fixed, b::floatfield},
+                {std::scientific, b::scientific, b::floatfield}};
   const b::fmtflags all = 0x7FFF;
   taking buffer;
   std::ostream out(&buffer);

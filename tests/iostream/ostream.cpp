@@ -91,7 +91,6 @@ void numbers() {
   CHECK_TEXT(b.taken(), "0x1a2b ##0x1a2b (nil)");
 }
 
-
 // What no long holds is formatted by the same rules; what one holds is a long.
 void long_longs() {
   taking b;
@@ -106,7 +105,9 @@ void long_longs() {
   CHECK_TEXT(b.taken(), "2147483648 -2147483648 42 -1 ffffffffffffffff 01000000000000000000000 052");
   out << std::dec << std::setfill('*') << std::internal << std::setw(15) << -million_million << std::hex
       << std::uppercase << std::setw(16) << million_million;
-  CHECK_TEXT(b.taken(), "-*1000000000000" "0X****E8D4A51000");
+  CHECK_TEXT(b.taken(),
+             "-*1000000000000"
+             "0X****E8D4A51000");
   CHECK_INT(out.width(), 0);
 }
 
@@ -205,7 +206,9 @@ void inserted_buffers() {
   out << std::setw(9) << &in;
   CHECK(out.good());
   CHECK_INT(out.width(), 9);
-  CHECK_TEXT(b.taken(), "ab\xff" "21");
+  CHECK_TEXT(b.taken(),
+             "ab\xff"
+             "21");
   b.room = 1;
   out << &more;  // what was refused is not taken from the source
   CHECK(out.good());

@@ -1,5 +1,6 @@
-// Output that goes wrong: buffers whose operations fail or throw, facets that are missing or throw, ties that fail, with
-// and without an exception mask. What counts: the state, the width, that only failure is ever thrown, no exception leaks.
+// Output that goes wrong: buffers whose operations fail or throw, facets that are missing or throw, ties that fail,
+// with and without an exception mask. What counts: the state, the width, that only failure is ever thrown, no exception
+// leaks.
 #include <plx/num_put.h>
 #include <ostream>
 #include <string>
@@ -44,13 +45,20 @@ const struct {
   an_operation needs;
   int bit;
   bool resets_width;
-} operations[] = {{a_long, overflow_operation, good, true},      {a_double, overflow_operation, good, true},
-                  {a_bool, overflow_operation, good, false},     {a_pointer, overflow_operation, good, true},
-                  {a_long_long, overflow_operation, good, true}, {a_char, overflow_operation, good, true},
-                  {a_text, overflow_operation, good, true},      {a_string, xsputn_operation, failed, true},
-                  {a_put, overflow_operation, bad, false},       {a_write, xsputn_operation, bad, false},
-                  {a_flush, sync_operation, bad, false},         {a_seek, seek_operation, failed, false},
-                  {a_relative_seek, seek_operation, failed, false}, {a_buffer, overflow_operation, failed, false}};
+} operations[] = {{a_long, overflow_operation, good, true},
+                  {a_double, overflow_operation, good, true},
+                  {a_bool, overflow_operation, good, false},
+                  {a_pointer, overflow_operation, good, true},
+                  {a_long_long, overflow_operation, good, true},
+                  {a_char, overflow_operation, good, true},
+                  {a_text, overflow_operation, good, true},
+                  {a_string, xsputn_operation, failed, true},
+                  {a_put, overflow_operation, bad, false},
+                  {a_write, xsputn_operation, bad, false},
+                  {a_flush, sync_operation, bad, false},
+                  {a_seek, seek_operation, failed, false},
+                  {a_relative_seek, seek_operation, failed, false},
+                  {a_buffer, overflow_operation, failed, false}};
 const unsigned operation_count = sizeof operations / sizeof *operations;
 
 // Runs the insertion and returns whether it threw a failure; anything else thrown counts as a failed check.
@@ -110,8 +118,7 @@ void bad_streams() {
       none.clear();
       try {
         none.exceptions(failed);
-      } catch (const std::ios_base::failure &) {
-      }
+      } catch (const std::ios_base::failure &) {}
       CHECK(throws_failure(none, operations[i].insert));
     }
   }
