@@ -1,8 +1,8 @@
 // The quick way from double and long double to text: the processor's long double holds the value times a power of ten
 // with 64 bits, and where its rounding to an integer is certain, that integer has the digits that are wanted.
 //
-//     |value| * 10^m = scaled, off by `error` at most      1234.5678 * 10^2 = 123456.78
-//     rounded        = digits                              123457, unless scaled is within `error` of a half
+//     |value| * 10^m = scaled, with an error     1234.5678 * 10^2 = 123456.78
+//     rounded        = digits                    123457, unless a half is within the error
 //
 // "f" with precision p asks for m = p; "e" and "g" for as many digits as the precision says, so m follows from the
 // value's decimal exponent. What is not certain is left to number_text_exact.cpp.
@@ -46,9 +46,10 @@ inline long double as_float(unsigned long long value) {
 
 constexpr long double largest_scaled = 9e18L;
 
-// Whether `scaled` is so near to a half that the true product may round the other way.
-inline bool is_doubtful(long double scaled, long double whole, long double relative_error) {
-  return __builtin_expect(0.5L - __builtin_fabsl(scaled - whole) <= scaled * relative_error, 0);
+// Whether `scaled` is so near to a half that the true product may round the other way. Without an error of the power
+// only a half itself is: one rounding of the processor's passes no number that it can represent.
+inline bool is_doubtful(long double scaled, long double whole, long double error) {
+  return __builtin_expect(0.5L - __builtin_fabsl(scaled - whole) <= error, 0);
 }
 
 // Digits of `digits` as a number with `fraction` digits behind the point. Writes up to 8 characters more.
@@ -137,7 +138,7 @@ inline char *fixed_text(char *at, unsigned flags, unsigned precision, const a_ma
   if (!(scaled < largest_scaled)) return nullptr;
   const unsigned long long digits = rounded(scaled);
   const bool exact = precision == 0 || number.is_short || (number.is_double && precision <= 4);
-  if (!exact && is_doubtful(scaled, as_float(digits), 0x1p-63L)) return nullptr;
+  if (!exact && is_doubtful(scaled, as_float(digits), 0)) return nullptr;
   at = pointed_digits(at, digits, precision);
   if (precision == 0 && (flags & number_showpoint)) *at++ = '.';
   return at;
@@ -157,17 +158,17 @@ inline bool scaled_digits(const a_magnitude &number, int count, bool may_carry, 
   for (;;) {
     const int up = count - 1 - exponent;
     const unsigned distance = static_cast<unsigned>(up < 0 ? -up : up);
-    long double power, relative_error = 0x1p-63L;
+    long double power, relative_error = 0;
     if (distance < exact_powers) {
       power = powers_of_ten.exact[distance];
     } else {
       power = powers_of_ten.step[distance / power_step] * powers_of_ten.exact[distance % power_step];
-      relative_error = 0x1p-61L;
+      relative_error = 0x1p-61L;  // three roundings, of 2^-64 each
     }
     const long double scaled = up < 0 ? number.value / power : number.value * power;
     digits = rounded(scaled);
     const long double whole = as_float(digits);
-    if (is_doubtful(scaled, whole, relative_error)) {
+    if (is_doubtful(scaled, whole, scaled * relative_error)) {
       const bool exact = up >= 0 ? up <= 18 && (number.is_short || (number.is_double && up <= 4))
                                  : exponent < 18 && is_true_half(number.value, scaled, power);
       if (!exact) return false;
@@ -253,9 +254,12 @@ __attribute__((__regparm__(3))) char *quick_double_text(char *at, unsigned flags
 
 __attribute__((__regparm__(3))) char *quick_long_double_text(char *at, unsigned flags, unsigned precision,
                                                              long double value) noexcept {
+  const long double size = __builtin_fabsl(value);
+  // Outside of a double's range the exponent is not looked up, and the conversion would set the processor's flags.
+  const bool is_near = size >= __DBL_MIN__ && size <= __DBL_MAX__;
   a_double near;
-  near.value = static_cast<double>(value);
-  const a_magnitude number = {__builtin_fabsl(value), near.word[1] & 0x7FFFFFFF, false, false};
+  near.value = is_near ? static_cast<double>(size) : 0;
+  const a_magnitude number = {size, near.word[1], false, false};
   return signed_text(at, flags, precision, __builtin_signbit(value), number);
 }
 
