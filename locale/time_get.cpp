@@ -25,7 +25,8 @@ char in_lower_case(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c -
 bool get_integral_data(character_cursor &in, int width, int &value, int *digits = nullptr) {
   int count = 0;
   value = 0;
-  for (; count < width && !in.at_end() && *in >= '0' && *in <= '9'; ++count, in.pass()) value = value * 10 + (*in - '0');
+  for (; count < width && !in.at_end() && *in >= '0' && *in <= '9'; ++count, in.pass())
+    value = value * 10 + (*in - '0');
   if (digits) *digits = count;
   return count != 0;
 }

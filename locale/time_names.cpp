@@ -16,10 +16,10 @@ namespace __zor {
 namespace {
 
 const char *const classic[time_name_count] = {
-    "Sun",      "Mon",     "Tue",      "Wed",    "Thu", "Fri",  "Sat",  "Sunday", "Monday",    "Tuesday",
-    "Wednesday", "Thursday", "Friday", "Saturday", "Jan", "Feb", "Mar", "Apr",    "May",       "Jun",
-    "Jul",      "Aug",     "Sep",      "Oct",    "Nov", "Dec",  "January", "February", "March", "April",
-    "May",      "June",    "July",     "August", "September", "October", "November", "December", "AM", "PM"};
+    "Sun",       "Mon",      "Tue",    "Wed",      "Thu",       "Fri",     "Sat",      "Sunday",   "Monday", "Tuesday",
+    "Wednesday", "Thursday", "Friday", "Saturday", "Jan",       "Feb",     "Mar",      "Apr",      "May",    "Jun",
+    "Jul",       "Aug",      "Sep",    "Oct",      "Nov",       "Dec",     "January",  "February", "March",  "April",
+    "May",       "June",     "July",   "August",   "September", "October", "November", "December", "AM",     "PM"};
 
 // One block: the environment's words, then the names, each with a null character behind it. It is no part of what
 // programs count that replace operator new.
