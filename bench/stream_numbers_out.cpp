@@ -4,7 +4,8 @@
 
 #include "streams.h"
 
-namespace {
+// Not unnamed: a template argument of 1998 needs external linkage.
+namespace streams {
 
 const int count = 1000;
 
@@ -74,6 +75,6 @@ const bench_case cases[] = {
     {"int, hex and showbase, to a string stream", 1, count, to_string<hexadecimal>},
 };
 
-}  // namespace
+}  // namespace streams
 
-BENCH_MAIN(cases)
+BENCH_MAIN(streams::cases)

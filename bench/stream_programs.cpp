@@ -5,7 +5,8 @@
 
 #include "streams.h"
 
-namespace {
+// Not unnamed: a template argument of 1998 needs external linkage.
+namespace streams {
 
 const std::string &prose() {
   static std::string text;
@@ -131,6 +132,6 @@ const bench_case cases[] = {
     {"copy of a file by lines", 2, 1, from_file<prose, copy>},
 };
 
-}  // namespace
+}  // namespace streams
 
-BENCH_MAIN(cases)
+BENCH_MAIN(streams::cases)

@@ -1,7 +1,8 @@
 // Text written through streams: characters, C strings, strings, blocks of 4 KB and lines that endl flushes.
 #include "streams.h"
 
-namespace {
+// Not unnamed: a template argument of 1998 needs external linkage.
+namespace streams {
 
 const int count = 1000;
 
@@ -50,6 +51,6 @@ const bench_case cases[] = {
     {"line with endl to cout", 1, 16, to_cout<lines>},
 };
 
-}  // namespace
+}  // namespace streams
 
-BENCH_MAIN(cases)
+BENCH_MAIN(streams::cases)
