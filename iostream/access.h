@@ -4,6 +4,7 @@
 #include <plx/basic_ios.h>
 #include <plx/filebuf.h>
 #include <plx/streambuf_iterators.h>
+#include <plx/stringbuf.h>
 
 namespace __zor {
 
@@ -16,6 +17,7 @@ struct stream_access {
   static std::streambuf *buffer(const std::ios &s) { return s._sb_; }
   static std::ostream *tie(const std::ios &s) { return s._tie_; }
   static char fill(const std::ios &s) { return s._fill_; }
+  static void init(std::ios &s, std::streambuf *b) { s.init(b); }
   template <class Stream> static std::streamsize &count(Stream &in) { return in._gcount_; }  // of a basic_istream
 };
 
@@ -27,6 +29,13 @@ struct buffer_access {
   static char *&pbase(std::streambuf &b) { return b._pbase_; }
   static char *&pptr(std::streambuf &b) { return b._pptr_; }
   static char *&epptr(std::streambuf &b) { return b._epptr_; }
+
+  // Of a buffer that is exactly a stringbuf. Room for n characters behind the put position: false where there is none
+  // that could be had without throwing.
+  static bool make_room(std::stringbuf &b, unsigned n);
+  static void set_text(std::stringbuf &b, const std::string &text) { b._set_text(text.data(), text.size(), true); }
+  static char *room_end(const std::stringbuf &b) { return b._room_end_; }
+  static bool reads(const std::stringbuf &b) { return b._mode_ & std::ios_base::in; }
 
   static FILE *file(std::streambuf &b) { return static_cast<std::filebuf &>(b)._file_; }
 

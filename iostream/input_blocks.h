@@ -9,13 +9,6 @@
 
 namespace __zor {
 
-extern PLX_API const void *const stringbuf_table[] __asm__("_ZTVSt15basic_stringbufIcSt11char_traitsIcESaIcEE")
-    __attribute__((__weak__));
-
-inline bool is_plain_stringbuf(const std::streambuf *buffer) {
-  return *reinterpret_cast<const void *const *const *>(buffer) == stringbuf_table + 2;
-}
-
 // Exactly one of the library's buffers: reading from it cannot throw, and nobody sees how it is done.
 inline bool is_plain_buffer(const std::streambuf *buffer) {
   return is_plain_filebuf(buffer) || is_plain_stringbuf(buffer);

@@ -29,14 +29,6 @@ inline FILE *plain_file(std::streambuf *buffer) {
   return buffer_access::file(*buffer);
 }
 
-// Of string buffers too only exactly the library's class is known to want blocks.
-extern PLX_API const void *const stringbuf_table[] __asm__("_ZTVSt15basic_stringbufIcSt11char_traitsIcESaIcEE")
-    __attribute__((__weak__));
-
-inline bool is_plain_stringbuf(const std::streambuf *buffer) {
-  return *reinterpret_cast<const void *const *const *>(buffer) == stringbuf_table + 2;
-}
-
 inline int room_in(const FILE *file) { return static_cast<int>(file->_IO_write_end - file->_IO_write_ptr); }
 
 // Copies exactly n characters; most texts are shorter than a call of memcpy is worth.

@@ -3,9 +3,10 @@
 //
 //     get window   the get area, or for a buffer over a file what stdio holds ready      what getc_unlocked would take
 //     put window   the put area, or for a buffer over a file the room in stdio's buffer  what putc_unlocked would fill
+//                  or for a string buffer the room in its block
 //
-// The cursor is moved once, when the operation is done. A class derived from the file buffer may override anything, so
-// only objects of exactly the library's class are looked into.
+// The cursor is moved once, when the operation is done. A class derived from one of these buffers may override
+// anything, so only objects of exactly the library's class are looked into.
 #pragma once
 
 #include <stdio.h>
@@ -24,6 +25,12 @@ inline bool is_plain_filebuf(const std::streambuf *buffer) {
   return *reinterpret_cast<const void *const *const *>(buffer) == filebuf_table + 2;
 }
 
+extern PLX_API const void *const stringbuf_table[] __asm__("_ZTVSt15basic_stringbufIcSt11char_traitsIcESaIcEE");
+
+inline bool is_plain_stringbuf(const std::streambuf *buffer) {
+  return *reinterpret_cast<const void *const *const *>(buffer) == stringbuf_table + 2;
+}
+
 struct get_window {
   const char *at, *end;
   char **cursor;
@@ -33,7 +40,11 @@ struct get_window {
 struct put_window {
   char *at, *end;
   char **cursor;
-  void filled_up_to(char *next) const { *cursor = next; }
+  std::streambuf *both;  // a string buffer where what is written can be read at once; or null
+  void filled_up_to(char *next) const {
+    *cursor = next;
+    if (both && next > buffer_access::epptr(*both)) buffer_access::epptr(*both) = buffer_access::egptr(*both) = next;
+  }
 };
 
 // Opens a window of at least one character; false when there is none.
@@ -50,19 +61,28 @@ inline bool open_get_window(std::streambuf *buffer, get_window &window) {
   return true;
 }
 
+// The same for a string buffer whose put area has no room for n: it gets some. Whoever opens it goes on to write.
+inline bool open_string_window(std::stringbuf &buffer, int n, put_window &window) {
+  if (!buffer_access::make_room(buffer, n)) return false;
+  char *&pptr = buffer_access::pptr(buffer);
+  window = {pptr, buffer_access::room_end(buffer), &pptr, buffer_access::reads(buffer) ? &buffer : nullptr};
+  return true;
+}
+
 // Opens a window with room for n characters; false when there is none.
 inline bool open_put_window(std::streambuf *buffer, int n, put_window &window) {
   char *&pptr = buffer_access::pptr(*buffer), *const epptr = buffer_access::epptr(*buffer);
   if (epptr - pptr >= n) {
-    window = {pptr, epptr, &pptr};
+    window = {pptr, epptr, &pptr, nullptr};
     return true;
   }
+  if (is_plain_stringbuf(buffer)) return open_string_window(static_cast<std::stringbuf &>(*buffer), n, window);
   if (!is_plain_filebuf(buffer) ||
       !(buffer_access::loc(*buffer)._get_imp()->_get_quick() & std::locale::imp::_quick_codecvt))
     return false;
   FILE *const file = buffer_access::file(*buffer);
   if (!file || file->_IO_write_end - file->_IO_write_ptr < n) return false;
-  window = {file->_IO_write_ptr, file->_IO_write_end, &file->_IO_write_ptr};
+  window = {file->_IO_write_ptr, file->_IO_write_end, &file->_IO_write_ptr, nullptr};
   return true;
 }
 

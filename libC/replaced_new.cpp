@@ -22,4 +22,11 @@ bool operator_new_is_replaced() {
   return !is_ours(reinterpret_cast<size_t>(allocate)) || !is_ours(reinterpret_cast<size_t>(deallocate));
 }
 
+bool array_operator_new_is_replaced() {
+  void *(*allocate)(size_t) = operator new[];
+  void (*deallocate)(void *) PLX_NOTHROW = operator delete[];
+  return !is_ours(reinterpret_cast<size_t>(allocate)) || !is_ours(reinterpret_cast<size_t>(deallocate)) ||
+         operator_new_is_replaced();
+}
+
 }  // namespace __zor

@@ -6,4 +6,7 @@ namespace __zor {
 
 bool operator_new_is_replaced();
 
+// One of those, or of operator new[] and operator delete[].
+bool array_operator_new_is_replaced();
+
 }  // namespace __zor
