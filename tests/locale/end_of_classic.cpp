@@ -2,6 +2,7 @@
 // whether its first implementation is gone by then or held by others. Freed memory is overwritten here, so that use of
 // it shows.
 
+#include <iostream>
 #include <locale>
 #include <new>
 
@@ -21,12 +22,15 @@ void operator delete(void *place) throw() {
 
 static bool held_to_the_end;
 
+static bool used_before;
+
 static void use(const char *who) {
   std::locale loc;
   std::locale another(loc);
   const bool works = std::use_facet<std::ctype<char> >(loc).is(std::ctype_base::alpha, 'x') &&
                      std::use_facet<std::ctype<char> >(std::locale::classic()).is(std::ctype_base::alpha, 'x') &&
                      (loc == std::locale::classic()) == (loc.name() == "C");
+  used_before = true;
   printf("%s: %s\n", who, works ? loc.name().c_str() : "broken");
 }
 
@@ -48,6 +52,18 @@ struct late {
 
 static late last("last"), before_last("before last");
 
+// Later than any static object. The standard streams, which still live, let go of what may be the last implementation.
+__attribute__((__destructor__)) static void at_unloading() {
+  if (!used_before) return;
+  const std::locale other("POSIX");
+  std::cin.imbue(other);
+  std::cout.imbue(other);
+  std::cerr.imbue(other);
+  std::clog.imbue(other);
+  use("unloading");
+  fflush(stdout);
+}
+
 static void plain() {
   std::locale::classic();
   exit(0);
@@ -63,8 +79,8 @@ static void with_a_global() {
 }
 
 int main() {
-  CHECK_ENDS(plain, 0, "before last: C\nlast: C\n");
-  CHECK_ENDS(with_a_keeper, 0, "before last: C\nwithout keeper: C\nlast: C\n");
-  CHECK_ENDS(with_a_global, 0, "before last: *\nlast: *\n");
+  CHECK_ENDS(plain, 0, "before last: C\nlast: C\nunloading: C\n");
+  CHECK_ENDS(with_a_keeper, 0, "before last: C\nwithout keeper: C\nlast: C\nunloading: C\n");
+  CHECK_ENDS(with_a_global, 0, "before last: *\nlast: *\nunloading: *\n");
   return TEST_RESULT();
 }

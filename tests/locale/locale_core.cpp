@@ -16,15 +16,24 @@ public:
 };
 locale::id other_noted::id;
 
-// Before anything else: the first class that is asked for has number 1.
+// Numbers from 1 on, in the order in which classes are first asked for: the classic locale's facets come first.
 static void identities() {
-  CHECK_INT(noted::id.init(), 1);
-  CHECK_INT(noted::id.init(), 1);
-  CHECK_INT(other_noted::id.init(), 2);
   const locale loc;
+  CHECK_INT(std::numpunct<char>::id.init(), 1);
+  CHECK_INT(std::num_get<char>::id.init(), 2);
+  CHECK_INT(std::num_put<char>::id.init(), 3);
+  CHECK_INT(std::ctype<char>::id.init(), 4);
+  CHECK_INT((std::codecvt<char, char, int>::id.init()), 5);
+  CHECK_INT(std::collate<char>::id.init(), 6);
+  const unsigned int first = noted::id.init();
+  CHECK(first > 6);
+  CHECK_INT(other_noted::id.init(), first + 1);
+  CHECK_INT(noted::id.init(), first);
   CHECK(record_of(loc).size >= 13);
-  CHECK(record_of(loc).facets[0] == 0 && record_of(loc).facets[1] == 0);
-  CHECK(std::has_facet<std::ctype<char> >(loc));
+  CHECK(record_of(loc).facets[0] == 0);
+  // A table grows for a facet whose number it has no slot for.
+  const locale grown(locale(loc, new noted), new other_noted);
+  CHECK_INT(record_of(grown).size, first + 1 < 13 ? 13 : first + 2);
 }
 
 static void counting() {
