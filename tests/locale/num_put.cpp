@@ -265,6 +265,55 @@ static void test_buffer_iterator() {
   CHECK_INT(s.width(), 0);
 }
 
+// The inserters have shorter ways of their own: they must lead to the same text, state and width.
+struct wide_buffer : std::streambuf {
+  void begin(int room) { setp(room_, room_ + room); }
+  const char *text() {
+    *pptr() = 0;
+    return room_;
+  }
+  char room_[600];
+};
+
+template <class T> static void compare_inserter(base::fmtflags flags, int width, int precision, T value) {
+  wide_buffer buffer;
+  buffer.begin(500);
+  std::ostream out(&buffer);
+  number_stream s;
+  out.flags(flags);
+  out.width(width);
+  out.precision(precision);
+  out.fill('#');
+  out << value;
+  s.flags(flags);
+  s.width(width);
+  s.precision(precision);
+  CHECK_TEXT(buffer.text(), put(s, value));
+  CHECK_INT(out.width(), s.width());
+  CHECK(out.good());
+}
+
+static void test_inserters() {
+  static const base::fmtflags sides[] = {0, base::left, base::right, base::internal};
+  static const base::fmtflags styles[] = {0, base::fixed, base::scientific, base::hex, base::oct};
+  static const base::fmtflags extras[] = {0, base::showpos, base::showpoint | base::showbase, base::uppercase,
+                                          base::boolalpha};
+  static const int widths[] = {0, 5, 63, 64, 65, 120}, precisions[] = {-1, 0, 2, 6, 18, 40, 127, 130};
+  static const double values[] = {0, 1, -3.25, 1e20, 0.1, 2.5e-7, 123456.5, HUGE_VAL};
+  for (int i = 0; i < 4 * 5 * 5 * 6 * 8; ++i) {
+    const base::fmtflags flags = sides[i % 4] | styles[i / 4 % 5] | extras[i / 20 % 5];
+    const int width = widths[i / 100 % 6], precision = precisions[i / 600];
+    const double value = values[i * 7 % 8];
+    compare_inserter(flags, width, precision, value);
+    compare_inserter(flags, width, precision, static_cast<long double>(value) / 3);
+    if (i >= 600) continue;
+    compare_inserter(flags, width, precision, -1234567l >> i % 32);
+    compare_inserter(flags, width, precision, 3456789012ul >> i % 32);
+    compare_inserter(flags, width, precision, i % 8 < 4);
+    compare_inserter(flags, width, precision, reinterpret_cast<const void *>(i / 8));
+  }
+}
+
 static void test_formats() {
   number_stream s;
   char format[8];
@@ -323,6 +372,7 @@ int main() {
   test_throwing_punctuation();
   test_own_iterator();
   test_buffer_iterator();
+  test_inserters();
   test_formats();
   if (are_named)
     test_named_locales();
