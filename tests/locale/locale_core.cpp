@@ -26,7 +26,13 @@ static void identities() {
   CHECK_INT((std::codecvt<char, char, int>::id.init()), 5);
   CHECK_INT(std::collate<char>::id.init(), 6);
   const unsigned int first = noted::id.init();
-  CHECK(first > 6);
+  CHECK_INT(std::time_put<char>::id.init(), 7);
+  CHECK_INT(std::time_get<char>::id.init(), 8);
+  CHECK_INT((std::moneypunct<char, true>::id.init()), 9);
+  CHECK_INT((std::moneypunct<char, false>::id.init()), 10);
+  CHECK_INT(std::money_put<char>::id.init(), 11);
+  CHECK_INT(std::money_get<char>::id.init(), 12);
+  CHECK_INT(first, 13);
   CHECK_INT(other_noted::id.init(), first + 1);
   CHECK_INT(noted::id.init(), first);
   CHECK(record_of(loc).size >= 13);
@@ -85,6 +91,22 @@ static void owned_facets() {
   CHECK_INT(noted_alive, 1);  // `mine`
   // A null facet is none.
   CHECK(locale(locale::classic(), static_cast<noted *>(0)) == locale::classic());
+}
+
+template <class Facet> static bool same(const locale &left, const locale &right) {
+  return &std::use_facet<Facet>(left) == &std::use_facet<Facet>(right);
+}
+
+// Dates stay, whatever is asked for; money goes as a whole.
+static void time_and_money() {
+  const locale &classic = locale::classic();
+  const locale other("POSIX"), all(classic, other, locale::all), by_name(classic, "POSIX", locale::all);
+  CHECK(same<std::time_put<char> >(all, classic) && same<std::time_get<char> >(all, classic));
+  CHECK(same<std::time_put<char> >(by_name, classic) && same<std::time_get<char> >(by_name, classic));
+  CHECK((same<std::moneypunct<char, true> >(all, other) && same<std::moneypunct<char, false> >(all, other)));
+  CHECK(same<std::money_put<char> >(all, other) && same<std::money_get<char> >(all, other));
+  CHECK(same<std::num_put<char> >(all, other) && same<std::num_get<char> >(all, other));
+  CHECK(same<std::collate<char> >(all, other) && !same<std::collate<char> >(by_name, classic));
 }
 
 struct my_ctype : std::ctype<char> {};
@@ -197,6 +219,7 @@ int main() {
   counting();
   owned_facets();
   combining();
+  time_and_money();
   quick_facets();
   names();
   errors();
