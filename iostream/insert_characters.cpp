@@ -53,22 +53,30 @@ PLX_LONG_WAY ostream &put_failed(ostream &out) {
 
 template <class C, class T> basic_ostream<C, T> &basic_ostream<C, T>::put(C c) {
   bool failed = false;
-  if (!put_at_once(*this, c, failed)) return put_guarded(*this, c);
+  if (!put_at_once(base_of(*this), c, failed)) return put_guarded(*this, c);
   return failed ? put_failed(*this) : *this;
 }
 
 ostream &__zor_insert_char(ostream &out, char c) {
   bool failed;
-  ios &stream = out;
+  ios &stream = base_of(out);
   if (!put_at_once(stream, c, failed)) return insert_guarded(out, c);
   stream_access::width(stream) = 0;
   return out;
 }
 
 template <class C, class T> basic_ostream<C, T> &basic_ostream<C, T>::write(const C *text, streamsize n) {
-  ios &stream = *this;
+  ios &stream = base_of(*this);
   if (!is_quiet(stream) || n < 0) return write_guarded(*this, text, n);
-  FILE *const file = plain_file(stream_access::buffer(stream));
+  streambuf *const buffer = stream_access::buffer(stream);
+  if (is_plain_stringbuf(buffer)) {
+    char *&next = buffer_access::pptr(*buffer);
+    if (buffer_access::epptr(*buffer) - next < n) return write_guarded(*this, text, n);
+    memcpy(next, text, n);
+    next += n;
+    return *this;
+  }
+  FILE *const file = plain_file(buffer);
   if (!file) return write_guarded(*this, text, n);
   if (n <= room_in(file)) {
     copy_text(file->_IO_write_ptr, text, n);

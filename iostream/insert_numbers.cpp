@@ -86,7 +86,8 @@ template <class Value> PLX_LONG_WAY ostream &insert_by_facet(ostream &out, Value
   return out;
 }
 
-template <class Value> inline ostream &insert_integer(ostream &out, Value value) {
+// Any flags and width, into any room.
+template <class Value> PLX_LONG_WAY ostream &insert_integer(ostream &out, Value value) {
   ios &stream = out;
   if (is_quick(stream)) {
     const unsigned flags = stream_access::flags(stream);
@@ -98,6 +99,30 @@ template <class Value> inline ostream &insert_integer(ostream &out, Value value)
       return out;
   }
   return insert_by_facet(out, value);
+}
+
+// Decimal, without width: what most programs write. One function for all types, with the digits inline.
+template <class Value>
+PLX_NUMBER_CALL __attribute__((__noinline__, __flatten__)) ostream &insert_decimal(ostream &out, Value value) {
+  constexpr unsigned unusual = ios_base::unitbuf | ios_base::hex | ios_base::oct | ios_base::showpos;
+  ios &stream = base_of(out);
+  if ((stream_access::state(stream) | (stream_access::flags(stream) & unusual) | stream_access::width(stream)) ||
+      stream_access::tie(stream) || !has_quick(stream_access::loc(stream), locale::imp::_quick_num_put))
+    return insert_integer(out, value);
+  streambuf *const buffer = stream_access::buffer(stream);
+  if (is_plain_filebuf(buffer)) {
+    FILE *const file = plain_file(buffer);
+    if (!file || room_in(file) < static_cast<int>(integer_text_room)) return insert_integer(out, value);
+    file->_IO_write_ptr = integer_text(file->_IO_write_ptr, 0, value);
+    return out;
+  }
+  char text[integer_text_room];
+  char *&next = buffer_access::pptr(*buffer);
+  const int n = static_cast<int>(integer_text(text, 0, value) - text);
+  if (buffer_access::epptr(*buffer) - next < n) return insert_integer(out, value);
+  copy_text(next, text, n);
+  next += n;
+  return out;
 }
 
 // Of the floating texts the exponent's case and unusual precisions are left to num_put.
@@ -118,9 +143,6 @@ template <class Value, class Text> inline ostream &insert_floating(ostream &out,
   return insert_by_facet(out, value);
 }
 
-PLX_LONG_WAY ostream &insert_long(ostream &out, long value) { return insert_integer(out, value); }
-PLX_LONG_WAY ostream &insert_unsigned_long(ostream &out, unsigned long value) { return insert_integer(out, value); }
-
 inline bool shows_bits(const ostream &out) {
   const ios_base::fmtflags base = out.flags() & ios_base::basefield;
   return base == ios_base::oct || base == ios_base::hex;
@@ -129,22 +151,22 @@ inline bool shows_bits(const ostream &out) {
 }  // namespace
 
 template <class C, class T> basic_ostream<C, T> &basic_ostream<C, T>::operator<<(long value) {
-  return insert_long(*this, value);
+  return insert_decimal<long>(*this, value);
 }
 template <class C, class T> basic_ostream<C, T> &basic_ostream<C, T>::operator<<(unsigned long value) {
-  return insert_unsigned_long(*this, value);
+  return insert_decimal<unsigned long>(*this, value);
 }
 template <class C, class T> basic_ostream<C, T> &basic_ostream<C, T>::operator<<(int value) {
-  return insert_long(*this, value);
+  return insert_decimal<long>(*this, value);
 }
 template <class C, class T> basic_ostream<C, T> &basic_ostream<C, T>::operator<<(unsigned int value) {
-  return insert_unsigned_long(*this, value);
+  return insert_decimal<unsigned long>(*this, value);
 }
 template <class C, class T> basic_ostream<C, T> &basic_ostream<C, T>::operator<<(unsigned short value) {
-  return insert_unsigned_long(*this, value);
+  return insert_decimal<unsigned long>(*this, value);
 }
 template <class C, class T> basic_ostream<C, T> &basic_ostream<C, T>::operator<<(short value) {
-  return insert_long(*this, shows_bits(*this) ? static_cast<unsigned short>(value) : value);
+  return insert_decimal<long>(*this, shows_bits(*this) ? static_cast<unsigned short>(value) : value);
 }
 
 template <class C, class T> basic_ostream<C, T> &basic_ostream<C, T>::operator<<(double value) {

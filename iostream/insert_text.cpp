@@ -9,40 +9,43 @@ namespace std {
 
 namespace {
 
-// Writes the text, with fill before or behind it, where that needs no frame. A buffer that is not the library's is
-// served through its put area only when all fits there: `by_characters` says that its owner expects no block.
-inline bool insert_at_once(ios &stream, const char *text, unsigned n, bool by_characters, bool fill_first) {
-  if (!is_quiet(stream)) return false;
+// Writes a text that needs no fill, where that needs no frame. A put area is used without asking its buffer only where
+// `any_area` says that the program expects no block, or is the library's own.
+inline bool insert_at_once(ios &stream, const char *text, unsigned n, bool any_area) {
+  if (!is_quiet(stream) || stream_access::width(stream) > static_cast<streamsize>(n)) return false;
   streambuf *const buffer = stream_access::buffer(stream);
-  streamsize &width = stream_access::width(stream);
-  FILE *const file = plain_file(buffer);
-  char **next;
-  unsigned room;
-  if (file) {
-    next = &file->_IO_write_ptr;
-    room = room_in(file);
+  char *&next = buffer_access::pptr(*buffer);
+  if (static_cast<unsigned>(buffer_access::epptr(*buffer) - next) >= n && (any_area || is_plain_stringbuf(buffer))) {
+    copy_text(next, text, n);
+    next += n;
   } else {
-    if (!by_characters && !is_plain_stringbuf(buffer)) return false;
-    next = &buffer_access::pptr(*buffer);
-    room = buffer_access::epptr(*buffer) - *next;
-  }
-  char *at = *next;
-  if (width <= static_cast<streamsize>(n)) {
-    if (n > room) {
-      if (!file) return false;
-      fwrite_unlocked(text, 1, n, file);
+    FILE *const file = plain_file(buffer);
+    if (!file) return false;
+    if (static_cast<unsigned>(room_in(file)) >= n) {
+      copy_text(file->_IO_write_ptr, text, n);
+      file->_IO_write_ptr += n;
     } else {
-      copy_text(at, text, n);
-      *next = at + n;
+      fwrite_unlocked(text, 1, n, file);
     }
-  } else {
-    const unsigned whole = width;
-    if (whole > room) return false;
-    memset(fill_first ? at : at + n, stream_access::fill(stream), whole - n);
-    memcpy(fill_first ? at + (whole - n) : at, text, n);
-    *next = at + whole;
   }
-  width = 0;
+  stream_access::width(stream) = 0;
+  return true;
+}
+
+// The same with fill, into a put area or stdio's buffer that has room for all.
+bool insert_filled(ios &stream, const char *text, unsigned n, bool any_area, bool fill_first) {
+  const unsigned width = stream_access::width(stream);
+  if (!is_quiet(stream) || static_cast<int>(width) <= static_cast<int>(n)) return false;
+  streambuf *const buffer = stream_access::buffer(stream);
+  FILE *const file = plain_file(buffer);
+  if (!file && !any_area && !is_plain_stringbuf(buffer)) return false;
+  char *&next = file ? file->_IO_write_ptr : buffer_access::pptr(*buffer);
+  const char *const end = file ? file->_IO_write_end : buffer_access::epptr(*buffer);
+  if (static_cast<unsigned>(end - next) < width) return false;
+  memset(fill_first ? next : next + n, stream_access::fill(stream), width - n);
+  memcpy(fill_first ? next + (width - n) : next, text, n);
+  next += width;
+  stream_access::width(stream) = 0;
   return true;
 }
 
@@ -52,13 +55,14 @@ bool put_fill(streambuf &buffer, char fill, streamsize count) {
   return true;
 }
 
-PLX_LONG_WAY ostream &insert_c_string_guarded(ostream &out, const char *text, unsigned n) {
+PLX_LONG_WAY ostream &insert_c_string_elsewhere(ostream &out, const char *text, unsigned n) {
+  const bool right = (out.flags() & ios_base::adjustfield) == ios_base::right;
+  if (insert_filled(out, text, n, true, right)) return out;
   output_operation(
       out, ios_base::goodbit,
       [&](iostate &) {
         streambuf &buffer = *out.rdbuf();
         const streamsize padding = out.width() - static_cast<streamsize>(n);
-        const bool right = (out.flags() & ios_base::adjustfield) == ios_base::right;
         if (right && !put_fill(buffer, out.fill(), padding)) return;
         for (unsigned i = 0; i < n; ++i)
           if (buffer.sputc(text[i]) == -1) return;
@@ -70,13 +74,14 @@ PLX_LONG_WAY ostream &insert_c_string_guarded(ostream &out, const char *text, un
   return out;
 }
 
-PLX_LONG_WAY ostream &insert_string_guarded(ostream &out, const char *text, streamsize n) {
+PLX_LONG_WAY ostream &insert_string_elsewhere(ostream &out, const char *text, streamsize n) {
+  const bool left = (out.flags() & ios_base::adjustfield) == ios_base::left;
+  if (insert_filled(out, text, n, false, !left)) return out;
   output_operation(
       out, ios_base::goodbit,
       [&](iostate &error) {
         streambuf &buffer = *out.rdbuf();
         const streamsize padding = out.width() - n;
-        const bool left = (out.flags() & ios_base::adjustfield) == ios_base::left;
         if ((!left && !put_fill(buffer, out.fill(), padding)) || buffer.sputn(text, n) != n ||
             (left && !put_fill(buffer, out.fill(), padding)))
           error |= ios_base::failbit;
@@ -90,16 +95,12 @@ PLX_LONG_WAY ostream &insert_string_guarded(ostream &out, const char *text, stre
 }  // namespace
 
 ostream &__zor_insert_c_string(ostream &out, const char *text) {
-  ios &stream = out;
   const unsigned n = text ? strlen(text) : 0;
-  const bool right = (stream_access::flags(stream) & ios_base::adjustfield) == ios_base::right;
-  return insert_at_once(stream, text, n, true, right) ? out : insert_c_string_guarded(out, text, n);
+  return insert_at_once(base_of(out), text, n, true) ? out : insert_c_string_elsewhere(out, text, n);
 }
 
 ostream &__zor_insert_string(ostream &out, const char *text, streamsize n) {
-  ios &stream = out;
-  const bool left = (stream_access::flags(stream) & ios_base::adjustfield) == ios_base::left;
-  return insert_at_once(stream, text, n, false, !left) ? out : insert_string_guarded(out, text, n);
+  return insert_at_once(base_of(out), text, n, false) ? out : insert_string_elsewhere(out, text, n);
 }
 
 }  // namespace std

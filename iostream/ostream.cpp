@@ -42,8 +42,11 @@ PLX_LONG_WAY ostream &flush_guarded(ostream &out) {
 
 template <class C, class T> basic_ostream<C, T> &basic_ostream<C, T>::flush() {
   ios &stream = *this;
-  if (!is_quiet(stream) || !is_plain_filebuf(stream_access::buffer(stream))) return flush_guarded(*this);
-  FILE *const file = buffer_access::file(*stream_access::buffer(stream));
+  if (!is_quiet(stream)) return flush_guarded(*this);
+  streambuf *const buffer = stream_access::buffer(stream);
+  if (is_plain_stringbuf(buffer)) return *this;  // it has nothing to synchronise
+  if (!is_plain_filebuf(buffer)) return flush_guarded(*this);
+  FILE *const file = buffer_access::file(*buffer);
   if (file && fflush_unlocked(file) != 0) update_state(stream, ios_base::badbit);
   return *this;
 }

@@ -13,6 +13,13 @@
 
 namespace __zor {
 
+// The stream's base as one address: compilers would rather add the offset to every access, and run out of registers.
+inline std::ios &base_of(std::ostream &out) {
+  std::ios *base = &out;
+  __asm__("" : "+r"(base));
+  return *base;
+}
+
 inline bool is_quiet(const std::ios &stream) {
   return !(stream_access::state(const_cast<std::ios &>(stream)) | (stream_access::flags(stream) & ios_base::unitbuf)) &&
          !stream_access::tie(stream);

@@ -17,8 +17,7 @@
 
 namespace __zor {
 
-extern PLX_API const void *const filebuf_table[] __asm__("_ZTVSt13basic_filebufIcSt11char_traitsIcEE")
-    __attribute__((__weak__));
+extern PLX_API const void *const filebuf_table[] __asm__("_ZTVSt13basic_filebufIcSt11char_traitsIcEE");
 
 // The virtual table pointer of an object points behind the table's two leading words.
 inline bool is_plain_filebuf(const std::streambuf *buffer) {
