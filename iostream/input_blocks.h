@@ -5,6 +5,7 @@
 // program's buffer sees what a reader character by character would call.
 #pragma once
 
+#include "stdio_file.h"
 #include "windows.h"
 
 namespace __zor {
@@ -14,12 +15,8 @@ inline bool is_plain_buffer(const std::streambuf *buffer) {
   return is_plain_filebuf(buffer) || is_plain_stringbuf(buffer);
 }
 
-// Makes a get window of stdio's next characters; false at the end. A character that was read can always be unread.
-inline bool refill(FILE *file) {
-  if (!file || getc_unlocked(file) == EOF) return false;
-  --file->_IO_read_ptr;
-  return true;
-}
+// Makes a get window of stdio's next characters; false at the end.
+inline bool refill(FILE *file) { return file && peek_file(file) != EOF; }
 
 // Calls accept(at, end) with block after block. It moves `at` behind what it takes, and returns whether it wants more;
 // it must take the whole block then. Returns false when the input ended first. What the buffer or accept throws passes,
