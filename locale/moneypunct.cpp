@@ -36,11 +36,9 @@ money_base::pattern local_pattern(char cs_precedes, char sep_by_space, char sign
 struct sign_text {
   sign_text(const char *sign, bool paren) : text(paren ? in_parentheses(sign) : string(sign)) {}
   static string in_parentheses(const char *sign) {
-    const size_t length = strlen(sign);
-    string made(length + 2, '(');
-    made.replace(0, length, sign, length);
-    made[length + 1] = ')';
-    return made;
+    eh_local<string> made(sign);
+    made->append("()", 2);
+    return *made;
   }
   const string text;
 };
