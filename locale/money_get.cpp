@@ -213,7 +213,7 @@ bool scan_money(character_source &from, ios_base &str, bool intl, long double &u
 
 namespace std {
 
-template class PLX_API money_get<char, istreambuf_iterator<char>>;
-template class PLX_API money_get<char, char *>;
+template class money_get<char, istreambuf_iterator<char>>;
+template class money_get<char, char *>;
 
 }  // namespace std

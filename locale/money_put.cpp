@@ -113,7 +113,7 @@ void make_money_text(string &text, ios_base &str, bool intl, char fill, long dou
 
 namespace std {
 
-template class PLX_API money_put<char, ostreambuf_iterator<char>>;
-template class PLX_API money_put<char, char *>;
+template class money_put<char, ostreambuf_iterator<char>>;
+template class money_put<char, char *>;
 
 }  // namespace std
