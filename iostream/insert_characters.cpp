@@ -8,21 +8,6 @@ namespace std {
 
 namespace {
 
-// Writes one character where that needs no frame. `failed` says whether stdio refused it.
-inline bool put_at_once(ios &stream, char c, bool &failed) {
-  if (!is_quiet(stream)) return false;
-  streambuf *const buffer = stream_access::buffer(stream);
-  char *&next = buffer_access::pptr(*buffer);
-  if (next < buffer_access::epptr(*buffer)) {
-    *next++ = c;
-    return true;
-  }
-  FILE *const file = plain_file(buffer);
-  if (!file) return false;
-  failed = putc_unlocked(c, file) == EOF;
-  return true;
-}
-
 PLX_LONG_WAY ostream &put_guarded(ostream &out, char c) {
   output_operation(out, ios_base::badbit, [&](iostate &error) {
     if (out.rdbuf()->sputc(c) == -1) error |= ios_base::badbit;
@@ -50,20 +35,39 @@ PLX_LONG_WAY ostream &put_failed(ostream &out) {
 }
 
 }  // namespace
+}  // namespace std
 
-template <class C, class T> basic_ostream<C, T> &basic_ostream<C, T>::put(C c) {
-  bool failed = false;
-  if (!put_at_once(base_of(*this), c, failed)) return put_guarded(*this, c);
-  return failed ? put_failed(*this) : *this;
+namespace __zor {
+
+// Characters that are not put at once. `is_put` says that a refusal is noticed.
+template <bool is_put> PLX_STEP std::ostream &put_elsewhere(std::ostream &out, char c) {
+  FILE *const file = is_quiet(out) ? plain_file(stream_access::buffer(out)) : nullptr;
+  if (!file) return is_put ? std::put_guarded(out, c) : std::insert_guarded(out, c);
+  return putc_unlocked(c, file) == EOF && is_put ? std::put_failed(out) : out;
 }
 
-ostream &__zor_insert_char(ostream &out, char c) {
-  bool failed;
-  ios &stream = base_of(out);
-  if (!put_at_once(stream, c, failed)) return insert_guarded(out, c);
-  stream_access::width(stream) = 0;
+template <bool is_put> inline std::ostream &put_at_once(std::ostream &out, char c) {
+  std::ios &stream = base_of(out);
+  if (!is_quiet(stream)) return put_elsewhere<is_put>(out, c);
+  std::streambuf *const buffer = stream_access::buffer(stream);
+  char **next = &buffer_access::pptr(*buffer);
+  if (*next >= buffer_access::epptr(*buffer)) {
+    FILE *const file = plain_file(buffer);
+    if (!file || file->_IO_write_ptr >= file->_IO_write_end) return put_elsewhere<is_put>(out, c);
+    next = &file->_IO_write_ptr;
+  }
+  *(*next)++ = c;
+  if (!is_put) stream_access::width(stream) = 0;
   return out;
 }
+
+}  // namespace __zor
+
+namespace std {
+
+template <class C, class T> basic_ostream<C, T> &basic_ostream<C, T>::put(C c) { return put_at_once<true>(*this, c); }
+
+ostream &__zor_insert_char(ostream &out, char c) { return put_at_once<false>(out, c); }
 
 template <class C, class T> basic_ostream<C, T> &basic_ostream<C, T>::write(const C *text, streamsize n) {
   ios &stream = base_of(*this);

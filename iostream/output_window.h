@@ -11,6 +11,10 @@
 // For the long ways: out of line, so that the quick ones save few registers.
 #define PLX_LONG_WAY __attribute__((__noinline__, __visibility__("hidden")))
 
+// A later step of a quick way. It has the arguments of the operation itself, so that the step before can jump to it; to
+// local functions compilers would give a calling convention without that.
+#define PLX_STEP __attribute__((__noinline__, __visibility__("hidden")))
+
 namespace __zor {
 
 // The stream's base as one address: compilers would rather add the offset to every access, and run out of registers.
