@@ -116,7 +116,7 @@ PLX_NUMBER_CALL __attribute__((__noinline__, __flatten__)) ostream &insert_decim
     file->_IO_write_ptr = integer_text(file->_IO_write_ptr, 0, value);
     return out;
   }
-  char text[integer_text_room];
+  char text[2 * integer_text_room];  // g++ imagines longer texts
   char *&next = buffer_access::pptr(*buffer);
   const int n = static_cast<int>(integer_text(text, 0, value) - text);
   if (buffer_access::epptr(*buffer) - next < n) return insert_integer(out, value);
