@@ -1,199 +1,204 @@
-// strstreambuf: arrays and their growth, characters in and out, positions.
-//
-// Two conversions are through signed char, as ever: underflow returns bytes from 0x80 on as negative numbers, so that
-// 0xFF reads as the end.
+// strstreambuf: arrays that the program gave, or that grow.
 
 #include <limits.h>
 #include <stdint.h>
+#include <stdlib.h>
 #include <string.h>
 
-#include "../libC/eh_tools.h"
+#include <new>
+
+#include "../containers/cleanup_by_hand.h"
 
 #include <plx/strstream.h>
 
-namespace {
+#include "stringbuf_block.h"
 
-enum { allocated = 1, constant = 2, dynamic = 4, frozen = 8 };
-
-// The end of an array, never beyond the top of the address space.
-char *end_of(char *from, std::streamsize n) {
-  const uintptr_t left = UINTPTR_MAX - reinterpret_cast<uintptr_t>(from);
-  return from + (static_cast<uintptr_t>(n) < left ? static_cast<uintptr_t>(n) : left);
-}
-
-void *allocate_by_default(size_t n) { return std::strstreambuf::default_alloc(static_cast<long>(n)); }
-
-template <class Ch> char *characters(Ch *at) {
-  return reinterpret_cast<char *>(const_cast<char *>(reinterpret_cast<const char *>(at)));
-}
-
-}  // namespace
+using namespace __zor;
 
 namespace std {
 
-strstreambuf::strstreambuf(streamsize alsize)
-    : _state_(dynamic),
-      _allocation_size_(alsize),
-      _array_size_(0),
-      _allocate_(allocate_by_default),
-      _release_(default_free) {}
+namespace {
 
-strstreambuf::strstreambuf(void *(*palloc)(size_t), void (*pfree)(void *))
-    : _state_(dynamic),
-      _allocation_size_(16),
-      _array_size_(0),
-      _allocate_(palloc ? palloc : allocate_by_default),
-      _release_(pfree ? pfree : default_free) {}
+// An array without an end must not go around the end of memory.
+inline char *end_of(char *begin, streamsize n) {
+  const uintptr_t left = ~reinterpret_cast<uintptr_t>(begin);
+  return begin + (static_cast<uintptr_t>(n) < left ? n : left);
+}
 
-strstreambuf::strstreambuf(char *gnext, streamsize n, char *pbeg) : _state_(0), _allocation_size_(16) {
+inline streamsize length_meant(const char *array, streamsize n) {
+  return n > 0 ? n : n < 0 ? INT_MAX : static_cast<streamsize>(strlen(array));
+}
+
+inline char *plain(const void *array) { return static_cast<char *>(const_cast<void *>(array)); }
+
+inline int as_signed(char c) { return static_cast<signed char>(c); }
+
+}  // namespace
+
+#define PLX_FIELDS(state, alsize, palloc, pfree) \
+  _state_(state), _alsize_(alsize), _size_(0), _palloc_(palloc), _pfree_(pfree), _room_(0)
+
+strstreambuf::strstreambuf(streamsize alsize) : PLX_FIELDS(_dynamic, alsize, nullptr, nullptr) {}
+strstreambuf::strstreambuf(void *(*palloc)(size_t), void (*pfree)(void *)) : PLX_FIELDS(_dynamic, 16, palloc, pfree) {}
+strstreambuf::strstreambuf(char *gnext, streamsize n, char *pbeg) : PLX_FIELDS(0, 16, nullptr, nullptr) {
   _initialize(gnext, n, pbeg);
 }
-strstreambuf::strstreambuf(signed char *gnext, streamsize n, signed char *pbeg) : _state_(0), _allocation_size_(0) {
-  _initialize(characters(gnext), n, characters(pbeg));
+strstreambuf::strstreambuf(const char *gnext, streamsize n) : PLX_FIELDS(_constant, 0, nullptr, nullptr) {
+  _initialize(plain(gnext), n, nullptr);
 }
-strstreambuf::strstreambuf(unsigned char *gnext, streamsize n, unsigned char *pbeg) : _state_(0), _allocation_size_(0) {
-  _initialize(characters(gnext), n, characters(pbeg));
+strstreambuf::strstreambuf(signed char *gnext, streamsize n, signed char *pbeg) : PLX_FIELDS(0, 0, nullptr, nullptr) {
+  _initialize(plain(gnext), n, plain(pbeg));
 }
-strstreambuf::strstreambuf(const char *gnext, streamsize n) : _state_(constant), _allocation_size_(0) {
-  _initialize(characters(gnext), n, nullptr);
+strstreambuf::strstreambuf(const signed char *gnext, streamsize n) : PLX_FIELDS(_constant, 0, nullptr, nullptr) {
+  _initialize(plain(gnext), n, nullptr);
 }
-strstreambuf::strstreambuf(const signed char *gnext, streamsize n) : _state_(constant), _allocation_size_(0) {
-  _initialize(characters(gnext), n, nullptr);
+strstreambuf::strstreambuf(unsigned char *gnext, streamsize n, unsigned char *pbeg)
+    : PLX_FIELDS(0, 0, nullptr, nullptr) {
+  _initialize(plain(gnext), n, plain(pbeg));
 }
-strstreambuf::strstreambuf(const unsigned char *gnext, streamsize n) : _state_(constant), _allocation_size_(0) {
-  _initialize(characters(gnext), n, nullptr);
+strstreambuf::strstreambuf(const unsigned char *gnext, streamsize n) : PLX_FIELDS(_constant, 0, nullptr, nullptr) {
+  _initialize(plain(gnext), n, nullptr);
 }
 
-strstreambuf::strstreambuf(char *array, int n, ios_base::openmode mode) : _state_(0), _allocation_size_(16) {
-  if (!(mode & ios_base::app)) {
-    _initialize(array, n, array);
-    return;
-  }
-  // The room ends with the array, not n characters behind the text that is there; an array without a null is full.
-  const size_t used = n > 0 ? strnlen(array, static_cast<size_t>(n)) : strlen(array);
-  _initialize(array, n, array + used);
-  if (n >= 0) setp(array + used, array + _array_size_);
+// Only of the array's own characters a terminator is looked for, and the put area ends with them.
+strstreambuf::strstreambuf(char *array, streamsize n, bool appends) PLX_NOTHROW : PLX_FIELDS(0, 16, nullptr, nullptr) {
+  char *next = array;
+  if (appends) next += n > 0 ? strnlen(array, n) : strlen(array);
+  _initialize(array, n, next);
+  if (n >= 0) setp(next, end_of(array, _size_));
 }
+
+#undef PLX_FIELDS
 
 strstreambuf::~strstreambuf() {}
 
 void strstreambuf::_initialize(char *gnext, streamsize n, char *pbeg) PLX_NOTHROW {
-  _allocate_ = nullptr;
-  _release_ = nullptr;
-  _array_size_ = n > 0 ? n : n == 0 ? static_cast<streamsize>(strlen(gnext)) : INT_MAX;
-  if (pbeg) {
-    setg(gnext, gnext, pbeg);
-    setp(pbeg, end_of(pbeg, _array_size_));
-  } else {
-    setg(gnext, gnext, end_of(gnext, _array_size_));
+  _size_ = length_meant(gnext, n);
+  setg(gnext, gnext, pbeg ? pbeg : end_of(gnext, _size_));
+  if (pbeg) setp(pbeg, end_of(pbeg, _size_));
+}
+
+void *strstreambuf::default_alloc(long n) { return new char[n]; }
+void strstreambuf::default_free(void *array) PLX_NOTHROW { delete[] static_cast<char *>(array); }
+
+void strstreambuf::freeze(bool f) PLX_NOTHROW {
+  if (_state_ & _dynamic) _state_ = f ? _state_ & ~_frozen : _state_ | _frozen;
+}
+
+void strstreambuf::_set_put(char *begin, char *next, char *end) PLX_NOTHROW {
+  setp(begin, end);
+  pbump(static_cast<int>(next - begin));
+}
+
+// A new array, which may be larger where nobody can see that.
+char *strstreambuf::_make(streamsize n) {
+  if (_palloc_) return static_cast<char *>(_palloc_(n));
+  if (string_blocks_are_free()) {
+    const unsigned room = grown_string_room(_room_, n);
+    if (void *const at = room <= INT_MAX ? malloc(room) : nullptr) {
+      _room_ = room;
+      return static_cast<char *>(at);
+    }
   }
+  char *const at = static_cast<char *>(default_alloc(n));
+  _room_ = n;
+  return at;
 }
 
-void strstreambuf::freeze(bool freezefl) PLX_NOTHROW {
-  if (_state_ & dynamic) _state_ = freezefl ? _state_ & ~frozen : _state_ | frozen;
-}
-
-void *strstreambuf::default_alloc(long n) { return new char[static_cast<unsigned long>(n)]; }
-void strstreambuf::default_free(void *p) { delete[] static_cast<char *>(p); }
-
-// Room for one more character in a dynamic array. What the allocation function throws passes; nothing has changed then.
-bool strstreambuf::_make_room() {
-  if ((_state_ & (dynamic | frozen)) != dynamic) return false;
-  const streamsize used = epptr() - pbase();
-  if (_array_size_ > used) {
-    char *const base = pbase();
-    setp(base, base + used + 1);
-    pbump(used);
+// Makes room for one character behind the put area.
+bool strstreambuf::_grow() {
+  char *const from = pbase();
+  const streamsize used = static_cast<streamsize>(epptr() - from);
+  if (_size_ > used) {
+    _set_put(from, from + used, from + used + 1);
     return true;
   }
   if (used > INT_MAX - 16) return false;
-  const streamsize size = used + 16 > _allocation_size_ ? used + 16 : _allocation_size_;
-  char *const array = static_cast<char *>(_allocate_(static_cast<size_t>(size)));
-  if (!array) return false;
-  char *const old = pbase();
-  if (used) memcpy(array, old, static_cast<size_t>(used));
-  const long readable = egptr() - eback();
-  // The count of unread characters becomes the read position. It has always been so.
-  const long position = egptr() - gptr();
-  setg(array, array + position, array + readable);
-  setp(array, array + used + 1);
-  pbump(used);
-  _array_size_ = size;
-  if (old) _release_(old);
-  _state_ |= allocated;
+  const streamsize size = used + 16 > _alsize_ ? used + 16 : _alsize_;
+  char *at = from;
+  if (_room_ < size) {
+    at = _make(size);
+    if (!at) return false;
+    if (used) memcpy(at, from, used);
+  }
+  // The read position becomes the number of characters that were not read yet.
+  const int unread = static_cast<int>(egptr() - gptr()), readable = static_cast<int>(egptr() - eback());
+  _size_ = size;
+  _set_put(at, at + used, at + used + 1);
+  setg(at, at + unread, at + readable);
+  if (_pfree_)
+    _pfree_(from);
+  else if (at != from)
+    default_free(from);
+  _state_ |= _allocated;
   return true;
 }
 
-strstreambuf::int_type strstreambuf::overflow(int_type c) {
+int strstreambuf::overflow(int c) {
   if (c == -1) return 0;
-  if (pptr() >= epptr() && !_make_room()) return -1;
+  if (pptr() >= epptr() && ((_state_ & (_dynamic | _frozen)) != _dynamic || !_grow())) return -1;
   *pptr() = static_cast<char>(c);
   pbump(1);
   return c;
 }
 
-streamsize strstreambuf::xsputn(const char *from, streamsize n) {
-  streamsize done = 0;
-  for (; done < n; ++done) {
-    if (pptr() && pptr() < epptr()) {
-      *pptr() = from[done];
-      pbump(1);
-    } else if (overflow(static_cast<unsigned char>(from[done])) == -1) {
-      break;
-    }
-  }
-  return done;
+streamsize strstreambuf::xsputn(const char *from, streamsize n) { return streambuf::xsputn(from, n); }
+
+int strstreambuf::underflow() {
+  char *const next = gptr();
+  if (next < egptr()) return as_signed(*next);
+  if (!next || !pptr() || pptr() <= egptr()) return -1;
+  setg(eback(), next, pptr());
+  return as_signed(*next);
 }
 
-strstreambuf::int_type strstreambuf::underflow() {
-  if (gptr() >= egptr()) {
-    if (!gptr() || !pptr() || pptr() <= egptr()) return -1;
-    setg(eback(), gptr(), pptr());
-  }
-  return static_cast<signed char>(*gptr());
-}
-
-strstreambuf::int_type strstreambuf::pbackfail(int_type c) {
-  if (gptr() <= eback()) return -1;
-  if (c != -1 && gptr()[-1] != static_cast<char>(c)) return -1;
+int strstreambuf::pbackfail(int c) {
+  if (gptr() <= eback() || (c != -1 && gptr()[-1] != static_cast<char>(c))) return -1;
   gbump(-1);
   return c == -1 ? 0 : c;
 }
 
-strstreambuf::pos_type strstreambuf::seekoff(off_type off, ios_base::seekdir way, ios_base::openmode which) {
-  pos_type result(-1);
-  if ((which & ios_base::in) && gptr()) {
-    const long long base = way & ios_base::beg ? 0 : way & ios_base::end ? egptr() - eback() : gptr() - eback();
-    const long long to = base + off;
-    if (to < 0 || to > egptr() - eback()) return pos_type(-1);
-    setg(eback(), eback() + to, egptr());
-    result = pos_type(static_cast<streamoff>(to));
-  }
-  if ((which & ios_base::out) && pptr()) {
-    if (!(way & (ios_base::beg | ios_base::end)) && (which & ios_base::in)) return pos_type(-1);
-    const long long base = way & ios_base::beg ? 0 : way & ios_base::end ? epptr() - pbase() : pptr() - pbase();
-    const long long to = base + off;
-    if (to < 0 || to > epptr() - pbase()) return pos_type(-1);
-    pbump(static_cast<int>(to - (pptr() - pbase())));
-    result = pos_type(static_cast<streamoff>(to));
-  }
-  return result;
+namespace {
+
+// The offset that base + off means, in 0 .. last; -1 for any other.
+inline long within(long base, long off, long last) {
+  const long long at = static_cast<long long>(base) + off;
+  return 0 <= at && at <= last ? static_cast<long>(at) : -1;
 }
 
-strstreambuf::pos_type strstreambuf::seekpos(pos_type pos, ios_base::openmode which) {
-  const streamoff to = pos;
-  if (to < 0) return pos_type(-1);
-  pos_type result(-1);
+}  // namespace
+
+streampos strstreambuf::seekoff(streamoff off, ios_base::seekdir way, ios_base::openmode which) {
+  const bool begins = way == ios_base::beg, continues = way == ios_base::cur;
+  if (!begins && !continues && way != ios_base::end) return -1;
+  long at = -1;
+  if ((which & ios_base::in) && gptr()) {
+    const long size = egptr() - eback();
+    at = within(begins ? 0 : continues ? gptr() - eback() : size, off, size);
+    if (at == -1) return -1;
+    setg(eback(), eback() + at, egptr());
+  }
+  if ((which & ios_base::out) && pptr()) {
+    if (continues && (which & ios_base::in)) return -1;
+    const long size = epptr() - pbase();
+    at = within(begins ? 0 : continues ? pptr() - pbase() : size, off, size);
+    if (at != -1) _set_put(pbase(), pbase() + at, epptr());
+  }
+  return at;
+}
+
+streampos strstreambuf::seekpos(streampos pos, ios_base::openmode which) {
+  const streamoff at = pos;
+  if (at < 0) return -1;
   if (which & ios_base::in) {
-    if (!gptr() || to > egptr() - eback()) return pos_type(-1);
-    setg(eback(), eback() + to, egptr());
-    result = pos;
+    if (!gptr() || at > egptr() - eback()) return -1;
+    setg(eback(), eback() + at, egptr());
   }
-  if ((which & ios_base::out) && pptr() && to <= epptr() - pbase()) {
-    pbump(static_cast<int>(to - (pptr() - pbase())));
-    result = pos;
+  if ((which & ios_base::out) && pptr() && at <= epptr() - pbase()) {
+    _set_put(pbase(), pbase() + at, epptr());
+    return pos;
   }
-  return result;
+  return which & ios_base::in ? pos : streampos(-1);
 }
 
 }  // namespace std

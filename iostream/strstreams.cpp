@@ -1,37 +1,57 @@
-// The streams over strstreambuf.
+// The streams over character arrays.
+
+#include "../containers/cleanup_by_hand.h"
 
 #include <plx/strstream.h>
 
+#include "string_stream_start.h"
+
+using namespace __zor;
+
+namespace __zor {
+
+extern PLX_API const void *const array_in_table[] __asm__("_ZTVSt10istrstream");
+extern PLX_API const void *const array_out_table[] __asm__("_ZTVSt10ostrstream");
+extern PLX_API const void *const array_both_table[] __asm__("_ZTVSt9strstream");
+
+}  // namespace __zor
+
 namespace std {
 
-isstream::isstream(streambuf *buffer) : istream(buffer) {}
+isstream::isstream(streambuf *buffer) { init(buffer); }
 isstream::~isstream() {}
 
-isstream &isstream::seekg(pos_type pos) {
-  if (!fail()) basic_ios::rdbuf()->pubseekpos(pos, in);
+isstream &isstream::seekg(streampos pos) {
+  if (!fail()) stream_access::buffer(*this)->pubseekpos(pos, ios_base::in);
   return *this;
 }
 
-isstream &isstream::seekg(off_type off, ios_base::seekdir way) {
-  if (!fail()) basic_ios::rdbuf()->pubseekoff(off, way, in);
+isstream &isstream::seekg(streamoff off, ios_base::seekdir way) {
+  if (!fail()) stream_access::buffer(*this)->pubseekoff(off, way, ios_base::in);
   return *this;
 }
 
-istrstream::istrstream(const char *text) : isstream(nullptr), _buffer_(text, 0) { init(&_buffer_); }
-istrstream::istrstream(char *text) : isstream(nullptr), _buffer_(text, 0) { init(&_buffer_); }
-istrstream::istrstream(const char *text, streamsize n) : isstream(nullptr), _buffer_(text, n) { init(&_buffer_); }
-istrstream::istrstream(char *text, streamsize n) : isstream(nullptr), _buffer_(text, n) { init(&_buffer_); }
+istrstream::istrstream(const char *text) : isstream(), _buffer_(text, 0) {
+  start_stream(*this, _buffer_, array_in_table);
+}
+istrstream::istrstream(char *text) : isstream(), _buffer_(text, 0) { start_stream(*this, _buffer_, array_in_table); }
+istrstream::istrstream(const char *text, streamsize n) : isstream(), _buffer_(text, n) {
+  start_stream(*this, _buffer_, array_in_table);
+}
+istrstream::istrstream(char *text, streamsize n) : isstream(), _buffer_(text, n) {
+  start_stream(*this, _buffer_, array_in_table);
+}
 istrstream::~istrstream() {}
 
-ostrstream::ostrstream() : ostream(nullptr), _buffer_(streamsize(0)) { init(&_buffer_); }
-ostrstream::ostrstream(char *array, int n, ios_base::openmode mode) : ostream(nullptr), _buffer_(array, n, mode) {
-  init(&_buffer_);
+ostrstream::ostrstream() { start_stream(*this, _buffer_, array_out_table); }
+ostrstream::ostrstream(char *array, int n, ios_base::openmode mode) : _buffer_(array, n, (mode & ios_base::app) != 0) {
+  start_stream(*this, _buffer_, array_out_table);
 }
 ostrstream::~ostrstream() {}
 
-strstream::strstream() : iostream(nullptr), _buffer_(streamsize(0)) { init(&_buffer_); }
-strstream::strstream(char *array, int n, ios_base::openmode mode) : iostream(nullptr), _buffer_(array, n, mode) {
-  init(&_buffer_);
+strstream::strstream() { start_stream(*this, _buffer_, array_both_table); }
+strstream::strstream(char *array, int n, ios_base::openmode mode) : _buffer_(array, n, (mode & ios_base::app) != 0) {
+  start_stream(*this, _buffer_, array_both_table);
 }
 strstream::~strstream() {}
 

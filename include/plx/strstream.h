@@ -1,8 +1,8 @@
-// The character-array streams (1998, annex D.7): strstreambuf over an array of the program's, or over one that it
-// allocates and grows itself, and the streams on it.
+// strstreambuf and its streams (1998, annex D.7): characters in an array that the program supplies, or in one that is
+// allocated and grows.
 //
-// freeze works the other way round, and the destructor releases nothing: whoever needs the memory of a dynamic array
-// back takes it by str() and gives it to the release function. docs/deviations.md has the list.
+// Where it differs from the 1998 classes on purpose: freeze works the other way round, no destructor releases an array,
+// and the functions that return a character return it as a signed char, so that 0xFF looks like the end.
 #ifndef PLX_STRSTREAM_H
 #define PLX_STRSTREAM_H
 
@@ -10,68 +10,85 @@
 
 namespace std {
 
-class PLX_API strstreambuf : public streambuf {
+class PLX_API strstreambuf : public basic_streambuf<char> {
 public:
-  // Dynamic: empty at first, and `_alsize` characters are the least that is allocated.
+  // An array that grows, made at the first character: of `_alsize` bytes, or 16 if that is more, by the given functions
+  // or else by the two below. It grows by 16 bytes, or to `_alsize`.
   explicit strstreambuf(streamsize _alsize = 0);
-
-  // Dynamic, with functions for memory; a null one stands for new char[] or delete[].
   strstreambuf(void *(*_palloc)(size_t), void (*_pfree)(void *));
 
-  // Over an array of n characters; 0: up to its null character; negative: without end. Reading starts at `_gnext`.
-  // With `_pbeg`, reading ends and writing starts there.
+  // A given array of n characters; 0: up to its terminator; negative: as far as memory goes. It is read up to `_pbeg`
+  // and written from there on, n characters at most; without `_pbeg` it is only read.
   strstreambuf(char *_gnext, streamsize _n, char *_pbeg = 0);
-  strstreambuf(signed char *_gnext, streamsize _n, signed char *_pbeg = 0);
-  strstreambuf(unsigned char *_gnext, streamsize _n, unsigned char *_pbeg = 0);
   strstreambuf(const char *_gnext, streamsize _n);
+  strstreambuf(signed char *_gnext, streamsize _n, signed char *_pbeg = 0);
   strstreambuf(const signed char *_gnext, streamsize _n);
+  strstreambuf(unsigned char *_gnext, streamsize _n, unsigned char *_pbeg = 0);
   strstreambuf(const unsigned char *_gnext, streamsize _n);
+
+  // The array stays: str() has it.
   virtual ~strstreambuf();
 
-  // Of a dynamic array: freeze(false) refuses all writing that needs room, freeze(true) allows it again.
+  // Of an array that grows: false forbids it to, true allows it again.
   void freeze(bool _freezefl = true) PLX_NOTHROW;
 
-  // The array's start, which may be null; it stays the buffer's as it is. No null character is added.
-  char *str() const PLX_NOTHROW { return pbase() ? pbase() : eback(); }
+  // The array, null when there is none yet. Nothing is written behind the characters, and nothing is frozen.
+  char *str() PLX_NOTHROW { return eback() ? eback() : pbase(); }
+
+  // How many characters are before the write position.
   int pcount() const PLX_NOTHROW { return static_cast<int>(pptr() - pbase()); }
 
+  // The next character, as a signed char.
+  int sgetc() { return underflow(); }
+
+  // How arrays are made (may throw bad_alloc) and given back when the program has no functions of its own: new char[n]
+  // and delete[].
   static void *default_alloc(long _n);
-  static void default_free(void *_p);
+  static void default_free(void *_array) PLX_NOTHROW;
 
 protected:
-  virtual pos_type seekoff(off_type _off, ios_base::seekdir _way,
-                           ios_base::openmode _which = ios_base::in | ios_base::out);
-  virtual pos_type seekpos(pos_type _pos, ios_base::openmode _which = ios_base::in | ios_base::out);
-  virtual int_type underflow();
-  virtual int_type pbackfail(int_type _c = -1);
+  virtual int overflow(int _c = -1);
+  virtual int pbackfail(int _c = -1);  // never writes
+  virtual int underflow();
+  virtual streampos seekoff(streamoff _off, ios_base::seekdir _way,
+                            ios_base::openmode _which = ios_base::in | ios_base::out);
+  virtual streampos seekpos(streampos _pos, ios_base::openmode _which = ios_base::in | ios_base::out);
   virtual streamsize xsputn(const char *_from, streamsize _n);
-  virtual int_type overflow(int_type _c = -1);
 
 private:
-  // The streams over an array that is appended to: writing starts at `_pbeg`, the array ends at `_gnext` + n.
   friend class ostrstream;
   friend class strstream;
-  strstreambuf(char *_gnext, int _n, ios_base::openmode _mode);
+  enum { _allocated = 1, _constant = 2, _dynamic = 4, _frozen = 8 };
 
+  // An array of n characters, as above, which is written from its beginning, or from its terminator.
+  strstreambuf(char *_array, streamsize _n, bool _appends) PLX_NOTHROW;
   void _initialize(char *_gnext, streamsize _n, char *_pbeg) PLX_NOTHROW;
-  bool _make_room();
+  void _set_put(char *_begin, char *_next, char *_end) PLX_NOTHROW;
+  char *_make(streamsize _n);
+  bool _grow();
 
-  int _state_;  // bits: 1 allocated, 2 constant, 4 dynamic, 8 frozen
-  streamsize _allocation_size_;
-  streamsize _array_size_;
-  void *(*_allocate_)(size_t);
-  void (*_release_)(void *);
+  int _state_;
+  streamsize _alsize_;
+  streamsize _size_;          // of the array, as it is said to be
+  void *(*_palloc_)(size_t);  // null: default_alloc
+  void (*_pfree_)(void *);    // null: default_free
+  streamsize _room_;          // of an array that grows, if it really is larger
 };
 
-// What istrstream stands on. Its seekg never changes the state. plx's own.
-class PLX_API isstream : public istream {
+// The input streams' base. Its own seeks never touch the state. plx's own.
+class PLX_API isstream : public basic_istream<char> {
 public:
-  explicit isstream(streambuf *_buffer);
+  explicit isstream(basic_streambuf<char> *_buffer);
   virtual ~isstream();
-  isstream &seekg(pos_type _pos);
-  isstream &seekg(off_type _off, ios_base::seekdir _way);
+
+  isstream &seekg(streampos _pos);
+  isstream &seekg(streamoff _off, ios_base::seekdir _way);
+
+protected:
+  isstream() {}  // for classes that initialise the shared base themselves
 };
 
+// Reads an array up to its terminator, or n characters of it; with a negative n, as far as memory goes.
 class PLX_API istrstream : public isstream {
 public:
   explicit istrstream(const char *_text);
@@ -81,29 +98,31 @@ public:
   virtual ~istrstream();
 
   strstreambuf *rdbuf() const PLX_NOTHROW { return const_cast<strstreambuf *>(&_buffer_); }
-  char *str() const PLX_NOTHROW { return _buffer_.str(); }
+  char *str() PLX_NOTHROW { return _buffer_.str(); }
 
 private:
   strstreambuf _buffer_;
 };
 
-class PLX_API ostrstream : public ostream {
+// Writes into an array that grows, or into the n characters of one: from its beginning, or with app from its
+// terminator on. Characters beyond are refused.
+class PLX_API ostrstream : public basic_ostream<char> {
 public:
   ostrstream();
-  // With app, writing starts at the array's null character.
   ostrstream(char *_array, int _n, ios_base::openmode _mode = ios_base::out);
   virtual ~ostrstream();
 
   strstreambuf *rdbuf() const PLX_NOTHROW { return const_cast<strstreambuf *>(&_buffer_); }
   void freeze(bool _freezefl = true) PLX_NOTHROW { _buffer_.freeze(_freezefl); }
-  char *str() const PLX_NOTHROW { return _buffer_.str(); }
+  char *str() PLX_NOTHROW { return _buffer_.str(); }
   int pcount() const PLX_NOTHROW { return _buffer_.pcount(); }
 
 private:
   strstreambuf _buffer_;
 };
 
-class PLX_API strstream : public iostream {
+// Both.
+class PLX_API strstream : public basic_iostream<char> {
 public:
   strstream();
   strstream(char *_array, int _n, ios_base::openmode _mode = ios_base::in | ios_base::out);
@@ -111,7 +130,7 @@ public:
 
   strstreambuf *rdbuf() const PLX_NOTHROW { return const_cast<strstreambuf *>(&_buffer_); }
   void freeze(bool _freezefl = true) PLX_NOTHROW { _buffer_.freeze(_freezefl); }
-  char *str() const PLX_NOTHROW { return _buffer_.str(); }
+  char *str() PLX_NOTHROW { return _buffer_.str(); }
   int pcount() const PLX_NOTHROW { return _buffer_.pcount(); }
 
 private:
