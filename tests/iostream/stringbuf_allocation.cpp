@@ -1,0 +1,153 @@
+// A program that replaced operator new[] sees every block of a string buffer, in the sizes of the rule, from plain and
+// derived buffers alike; and each of them may fail. Nothing may be lost then but what was to be written, and
+// constructors leave nothing behind.
+#include <locale>
+#include <sstream>
+
+#include "../fail_allocation.h"
+
+static bool traced;
+
+void *operator new[](std::size_t bytes) FAIL_ALLOCATION_MAY_THROW {
+  if (traced) trace("%u", static_cast<unsigned>(bytes));
+  return operator new(bytes);
+}
+
+void operator delete[](void *block) FAIL_ALLOCATION_NOTHROW {
+  if (traced && block) trace("free");
+  operator delete(block);
+}
+
+namespace {
+
+class derived : public std::stringbuf {
+public:
+  explicit derived(int mode) : std::stringbuf(mode) {}
+};
+
+template <class Buffer> void sizes() {
+  const std::string longer(130, 'x'), shorter(129, 'y');
+  for (int mode = std::ios_base::out; mode <= (std::ios_base::out | std::ios_base::in); mode += std::ios_base::in) {
+    {
+      Buffer b(mode);
+      std::ostream s(&b);
+      traced = true;
+      s << 'a';
+      CHECK_TRACE("64");
+      s << "bcd" << 12345 << longer.substr(0, 55).c_str();
+      CHECK_TRACE("");  // 64 characters now
+      s << 7;
+      CHECK_TRACE("128 free");
+      s.write(longer.data(), 130);
+      CHECK_TRACE("192 free 256 free");
+      s << longer << longer.c_str();
+      CHECK_TRACE("320 free 384 free 448 free 512 free");
+      b.str(longer);
+      CHECK_TRACE("");
+      b.str("");
+      CHECK_TRACE("free");
+      b.str(longer);
+      CHECK_TRACE("192");
+      b.str(std::string(192, 'z'));
+      CHECK_TRACE("");
+      b.str(std::string(193, 'z'));
+      CHECK_TRACE("free 256");
+      CHECK(b.str() == std::string(193, 'z'));
+    }
+    CHECK_TRACE("free");
+    traced = false;
+  }
+}
+
+struct writing {
+  std::stringstream s;
+  std::string text;
+  writing() : text(30, 'x') { s.exceptions(std::ios_base::badbit); }
+  void run() {
+    try {
+      for (int i = 0; i < 9; ++i) s << text << i << '.';
+    } catch (const std::ios_base::failure &) {
+      throw std::bad_alloc();
+    }
+    s.str(text + text + text);
+  }
+  void check(bool failed) {
+    allocation_to_fail = 0;
+    s.clear();
+    s.exceptions(std::ios_base::goodbit);
+    const std::string all = s.str();
+    if (failed)
+      for (unsigned i = 0; i < all.size(); ++i)
+        CHECK(all[i] == (i % 32 == 30 ? char('0' + i / 32) : i % 32 == 31 ? '.' : 'x'));
+    s.seekp(0, std::ios_base::end);
+    s.clear();
+    s << "end";
+    CHECK(s.str() == all + "end");
+  }
+};
+
+template <class Stream> struct making {
+  std::string text;
+  making() : text(100, 'x') {}
+  void run() {
+    Stream s(text);
+    CHECK(s.str() == text);
+    std::stringbuf b(text);
+    CHECK(b.str() == text);
+  }
+  void check(bool) {}
+};
+
+// A facet that throws where init asks for the fill character.
+class refusing : public std::ctype<char> {
+protected:
+  virtual char do_widen(char) const { throw 5; }
+  virtual const char *do_widen(const char *, const char *, char *) const { throw 5; }
+};
+
+template <class Make> bool refused() {
+  try {
+    Make made;
+  } catch (int) {
+    return true;
+  }
+  return false;
+}
+struct empty_out : std::ostringstream {};
+struct empty_both : std::stringstream {};
+struct text_in : std::istringstream {
+  text_in() : std::istringstream(std::string(200, 'x')) {}
+};
+struct plain_text_in {
+  std::istringstream s;
+  plain_text_in() : s(std::string(200, 'x')) {}
+};
+
+void refused_constructors() {
+  const long before = live_blocks;
+  {
+    const std::locale old = std::locale::global(std::locale(std::locale::classic(), new refusing));
+    CHECK(refused<std::ostringstream>());
+    CHECK(refused<std::istringstream>());
+    CHECK(refused<std::stringstream>());
+    CHECK(refused<empty_out>());
+    CHECK(refused<empty_both>());
+    CHECK(refused<text_in>());
+    CHECK(refused<plain_text_in>());
+    std::locale::global(old);
+  }
+  CHECK_INT(live_blocks, before);
+}
+
+}  // namespace
+
+int main() {
+  sizes<std::stringbuf>();
+  sizes<derived>();
+  CHECK(fail_each_allocation<writing>() >= 5);
+  CHECK(fail_each_allocation<making<std::istringstream> >() >= 4);
+  CHECK(fail_each_allocation<making<std::ostringstream> >() >= 4);
+  CHECK(fail_each_allocation<making<std::stringstream> >() >= 4);
+  refused_constructors();
+  return TEST_RESULT();
+}
