@@ -126,10 +126,7 @@ bool strstreambuf::_grow() {
   _size_ = size;
   _set_put(at, at + used, at + used + 1);
   setg(at, at + unread, at + readable);
-  if (_pfree_)
-    _pfree_(from);
-  else if (at != from)
-    default_free(from);
+  if (from && at != from) _pfree_ ? _pfree_(from) : default_free(from);
   _state_ |= _allocated;
   return true;
 }

@@ -33,7 +33,7 @@ public:
   void freeze(bool _freezefl = true) PLX_NOTHROW;
 
   // The array, null when there is none yet. Nothing is written behind the characters, and nothing is frozen.
-  char *str() PLX_NOTHROW { return eback() ? eback() : pbase(); }
+  char *str() const PLX_NOTHROW { return eback() ? eback() : pbase(); }
 
   // How many characters are before the write position.
   int pcount() const PLX_NOTHROW { return static_cast<int>(pptr() - pbase()); }
@@ -98,7 +98,7 @@ public:
   virtual ~istrstream();
 
   strstreambuf *rdbuf() const PLX_NOTHROW { return const_cast<strstreambuf *>(&_buffer_); }
-  char *str() PLX_NOTHROW { return _buffer_.str(); }
+  char *str() const PLX_NOTHROW { return _buffer_.str(); }
 
 private:
   strstreambuf _buffer_;
@@ -114,7 +114,7 @@ public:
 
   strstreambuf *rdbuf() const PLX_NOTHROW { return const_cast<strstreambuf *>(&_buffer_); }
   void freeze(bool _freezefl = true) PLX_NOTHROW { _buffer_.freeze(_freezefl); }
-  char *str() PLX_NOTHROW { return _buffer_.str(); }
+  char *str() const PLX_NOTHROW { return _buffer_.str(); }
   int pcount() const PLX_NOTHROW { return _buffer_.pcount(); }
 
 private:
@@ -130,7 +130,7 @@ public:
 
   strstreambuf *rdbuf() const PLX_NOTHROW { return const_cast<strstreambuf *>(&_buffer_); }
   void freeze(bool _freezefl = true) PLX_NOTHROW { _buffer_.freeze(_freezefl); }
-  char *str() PLX_NOTHROW { return _buffer_.str(); }
+  char *str() const PLX_NOTHROW { return _buffer_.str(); }
   int pcount() const PLX_NOTHROW { return _buffer_.pcount(); }
 
 private:
