@@ -10,14 +10,6 @@ namespace __zor {
 // The string is one pointer.
 inline b_str_ref *&representation_of(std::string &text) { return reinterpret_cast<b_str_ref *&>(text); }
 
-// What is put into the string first empties it.
-inline void assign_text(std::string &text, const char *from, unsigned int n) {
-  if (n == 0)
-    text.clear();
-  else
-    text.assign(from, n);
-}
-
 // n more characters fit without a new block: appending them cannot throw.
 inline bool has_place(std::string &text, unsigned int n) {
   const b_str_ref *const rep = representation_of(text);

@@ -2,7 +2,9 @@
 
 #include <string.h>
 
+#include "../libC/i386/processor.h"
 #include "extract_string.h"
+#include "getline_sse2.h"
 #include "input_operation.h"
 
 namespace __zor {
@@ -22,16 +24,31 @@ const char *find_delimiter(const char *at, const char *end, char delim) {
 }
 inline char newline(std::istream &in) { return is_quick(in, std::locale::imp::_quick_ctype) ? '\n' : find_newline(in); }
 
-// A line that lies whole in the buffer's window, into a string that needs no new block for it.
+// Copies what comes before the first delimiter among n characters, and returns where that is. Null: there is none, or
+// the texts overlap; what was at `to` may be lost.
+inline const char *copy_line(char *to, const char *from, unsigned int n, char delim) {
+  if (from < to + n && to < from + n) return nullptr;
+  if (__builtin_expect(processor_has_sse2, true)) return copy_line_sse2(to, from, n, delim);
+  const char *const found = find_delimiter(from, from + n, delim);
+  if (found) memcpy(to, from, found - from);
+  return found;
+}
+
+inline unsigned int window_size(const get_window &window) { return window.end - window.at; }
+
+// A line that lies whole in the buffer's window, into a string that has a block for it.
 inline bool get_line_at_once(std::istream &in, std::string &text, char delim) {
   get_window window;
   if (!starts_at_once(in) || !open_get_window(stream_access::buffer(in), window)) return false;
-  const char *const stop = find_delimiter(window.at, window.end, delim);
+  b_str_ref *const rep = representation_of(text);
+  if (!string_is_private(rep)) return false;
+  const unsigned int size = window_size(window), most = size < rep->capacity ? size : rep->capacity;
+  const char *const stop = copy_line(rep->data, window.at, most, delim);
   if (!stop) return false;
   const unsigned int n = stop - window.at;
-  b_str_ref *const rep = representation_of(text);
-  if (n && !(string_is_private(rep) && n < rep->capacity)) return false;
-  assign_text(text, window.at, n);
+  rep->count = 1;
+  rep->length = n;
+  rep->data[n] = 0;
   window.take_up_to(stop + 1);
   start_count(in);
   return true;
@@ -72,12 +89,11 @@ inline bool get_line_at_once(std::istream &in, std::string &text, char delim) {
 inline bool get_line_at_once(std::istream &in, char *to, std::streamsize n, char delim, std::streamsize &count) {
   get_window window;
   if (n < 1 || !starts_at_once(in) || !open_get_window(stream_access::buffer(in), window)) return false;
-  const char *const stop = find_delimiter(window.at, n < window.end - window.at ? window.at + n : window.end, delim);
+  const unsigned int size = window_size(window), most = size < static_cast<unsigned int>(n) ? size : n;
+  const char *const stop = copy_line(to, window.at, most, delim);
   if (!stop) return false;
-  const std::streamsize length = stop - window.at;
-  memcpy(to, window.at, length);
-  to[length] = 0;
-  count = length + 1;
+  count = stop - window.at + 1;
+  to[count - 1] = 0;
   window.take_up_to(stop + 1);
   return true;
 }
@@ -94,7 +110,7 @@ inline bool copy_up_to(const char *&at, const char *end, char delim, char *&next
   const std::streamsize n = end - at < room ? end - at : room;
   const char *const found = find_delimiter(at, at + n, delim);
   const std::streamsize part = found ? found - at : n;
-  memcpy(next, at, part);
+  memmove(next, at, part);  // a program may read into the place it reads from
   next += part;
   room -= part;
   count += part;
@@ -114,7 +130,10 @@ template <> istream &getline(istream &in, string &text, char delim) {
   return get_line_at_once(in, text, delim) ? in : get_line(in, text, delim);
 }
 
-template <> istream &getline(istream &in, string &text) { return getline(in, text, newline(in)); }
+template <> istream &getline(istream &in, string &text) {
+  const char delim = newline(in);
+  return get_line_at_once(in, text, delim) ? in : get_line(in, text, delim);
+}
 
 template <class C, class T> basic_istream<C, T> &basic_istream<C, T>::get(C *to, streamsize n, C delim) {
   char *next = to;

@@ -3,6 +3,7 @@
 
 #include <bitset>
 #include <complex>
+#include <sstream>
 
 #include "input_buffers.h"
 
@@ -90,6 +91,42 @@ static void test_lines() {
   CHECK(line == nulls);
 }
 
+// All lengths, from places of all alignments; nothing is written behind an array's terminator.
+static void test_line_lengths() {
+  std::string all;
+  for (int n = 0; n < 100; ++n) all += std::string(n, static_cast<char>('a' + n % 26)) + '\n';
+  piece_buffer pieces(all, 64);
+  std::istringstream strings(all), arrays(all);
+  std::istream some(&pieces);
+  std::string one(200, 'z'), other;
+  for (int n = 0; n < 100; ++n) {
+    const std::string want(n, static_cast<char>('a' + n % 26));
+    std::getline(strings, one);
+    std::getline(some, other);
+    CHECK(one == want && other == want);
+    char array[128];
+    memset(array, '#', sizeof array);
+    arrays.getline(array, 110);
+    CHECK(array == want);
+    CHECK_INT(array[n + 1], '#');
+  }
+}
+
+// A line that is read into the place it is read from.
+static void test_line_in_place() {
+  struct memory : std::streambuf {
+    memory(char *first, char *last) { setg(first, first, last); }
+  };
+  char text[] = "......abc\ndefghijklmnopqrstuvwxyz\n";
+  memory buffer(text + 6, text + sizeof text - 1);
+  std::istream in(&buffer);
+  in.getline(text, 30);
+  CHECK_TEXT(text, "abc");
+  std::string line;
+  std::getline(in, line);
+  CHECK_TEXT(line.c_str(), "defghijklmnopqrstuvwxyz");
+}
+
 static void test_bits_and_complex() {
   slow text("  10112 x");
   std::bitset<8> bits;
@@ -124,6 +161,8 @@ int main() {
   test_words();
   test_long_words();
   test_lines();
+  test_line_lengths();
+  test_line_in_place();
   test_bits_and_complex();
   return TEST_RESULT();
 }
