@@ -1,9 +1,9 @@
 // cin, cout, cerr and clog, and who builds and destroys them: ios_base::Init, counted, of which every unit that
-// includes <iostream> has one. The library has three of its own, registered before any of the program's, so the streams
-// live until everything that was registered has been destroyed.
+// includes <iostream> has one. The library has three of its own, registered before the program's first, so the streams
+// live until everything that was registered after it has been destroyed.
 //
-// After that there is still code that may print: the C library's own exit functions. It finds streams that work, over
-// buffers that nobody destroys; what these write, stdio flushes in the end.
+// After that there is still code that may print: older objects, and the C library's own exit functions. It finds
+// streams that work, over buffers that nobody destroys; what these write, stdio flushes in the end.
 
 #include <new>
 
@@ -73,6 +73,14 @@ void destroy() {
 
 }  // namespace
 
+namespace {
+
+a_needed_destruction records[3];
+
+void give_up_share(void *init, int) { static_cast<ios_base::Init *>(init)->~Init(); }
+
+}  // namespace
+
 ios_base::Init::Init() {
   if (init_cnt == 0) {
     if (last_streams_live) destroy();
@@ -83,6 +91,16 @@ ios_base::Init::Init() {
     build(__vexil_fin, __vexil_fout, __vexil_ferr);
   }
   ++init_cnt;
+  // The library's share comes with the first object, and is registered before it: programs that use no standard stream
+  // have no streams, no locale and no block of theirs.
+  static bool shared;
+  if (shared) return;
+  shared = true;
+  for (a_needed_destruction &record : records) {
+    ++init_cnt;
+    record = {nullptr, &record, give_up_share};
+    __record_needed_destruction(&record);
+  }
 }
 
 ios_base::Init::~Init() {
@@ -95,21 +113,3 @@ ios_base::Init::~Init() {
         new (last_buffers[2]) filebuf(stderr));
   last_streams_live = true;
 }
-
-namespace {
-
-alignas(ios_base::Init) char own[3][sizeof(ios_base::Init)];
-a_needed_destruction records[3];
-
-void end(void *init, int) { static_cast<ios_base::Init *>(init)->~Init(); }
-
-// The library's share, when it is loaded, which is before any constructor of the program.
-__attribute__((__constructor__)) void begin() {
-  for (int i = 0; i < 3; ++i) {
-    new (own[i]) ios_base::Init;
-    records[i] = {nullptr, own[i], end};
-    __record_needed_destruction(&records[i]);
-  }
-}
-
-}  // namespace

@@ -111,9 +111,9 @@ template <class Ct, bool Intl> money_base::pattern moneypunct<Ct, Intl>::do_neg_
 
 template <class Ct, bool Intl> locale::id moneypunct<Ct, Intl>::id;
 
-template class PLX_API moneypunct<char, false>;
-template class PLX_API moneypunct<char, true>;
-template class PLX_API moneypunct_byname<char, false>;
-template class PLX_API moneypunct_byname<char, true>;
+template class moneypunct<char, false>;
+template class moneypunct<char, true>;
+template class moneypunct_byname<char, false>;
+template class moneypunct_byname<char, true>;
 
 }  // namespace std

@@ -134,7 +134,7 @@ bool scan_month_name(character_source &from, tm *t, const timepunct<char> *names
 
 namespace std {
 
-template class PLX_API time_get<char, istreambuf_iterator<char>>;
-template class PLX_API time_get_byname<char, istreambuf_iterator<char>>;
+template class time_get<char, istreambuf_iterator<char>>;
+template class time_get_byname<char, istreambuf_iterator<char>>;
 
 }  // namespace std

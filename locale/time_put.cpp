@@ -37,7 +37,7 @@ char *make_time_text(char *text, char conversion, const tm *t, const timepunct<c
 
 namespace std {
 
-template class PLX_API time_put<char, ostreambuf_iterator<char>>;
-template class PLX_API time_put_byname<char, ostreambuf_iterator<char>>;
+template class time_put<char, ostreambuf_iterator<char>>;
+template class time_put_byname<char, ostreambuf_iterator<char>>;
 
 }  // namespace std

@@ -213,6 +213,7 @@ static void test_memory() {
 }
 
 int main() {
+  std::locale::classic();  // its blocks stay
   test_throwing_buffers();
   test_words_pass();
   test_facets();

@@ -1,6 +1,7 @@
 // Output that goes wrong: buffers whose operations fail or throw, facets that are missing or throw, ties that fail,
 // with and without an exception mask. What counts: the state, the width, that only failure is ever thrown, no exception
 // leaks.
+#include <locale>
 #include <plx/num_put.h>
 #include <ostream>
 #include <string>
@@ -278,6 +279,7 @@ void allocations() {
 }  // namespace
 
 int main() {
+  std::locale::classic();  // its blocks stay
   const long before = live_blocks;
   failing_buffers();
   bad_streams();
