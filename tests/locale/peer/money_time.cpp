@@ -84,7 +84,8 @@ static void times() {
     if (kind == 1) sprintf(text, "%02u/%02u/%02u", drawn[0], drawn[1], drawn[2] + 20);
     if (kind == 2) sprintf(text, "%04u", 1000 + draw(3000));
     if (kind >= 3) sprintf(text, "%s", names[kind == 3 ? draw(6) : 6 + draw(8)]);
-    const std::string given = kind == 2 ? std::string(text) : mutated(text, kind < 3 ? ":/x" : "abcdenory, ");
+    std::string given = kind == 2 ? std::string(text) : mutated(text, kind < 3 ? ":/x" : "abcdenory, ");
+    if (kind >= 3 && !given.empty() && given[0] >= 'a') given[0] = char(given[0] - 'a' + 'A');
     const char *const begin = given.data(), *const end = begin + given.size(), *stop = begin;
     tm t = tm();
     std::ios_base::iostate err = std::ios_base::goodbit;
