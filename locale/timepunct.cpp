@@ -25,7 +25,39 @@ unsigned time_name_for(char conversion, const tm &t) {
   }
 }
 
+namespace {
+
+char *write_pair(char *text, unsigned value) {
+  *text++ = static_cast<char>('0' + value / 10);
+  *text++ = static_cast<char>('0' + value % 10);
+  return text;
+}
+
+// The commonest numbers, for which strftime would look at the time zone first; null for what is left to it.
+char *write_number(char *text, char conversion, const tm &t) {
+  unsigned pair = 100;
+  switch (conversion) {
+    case 'd': pair = static_cast<unsigned>(t.tm_mday); break;
+    case 'H': pair = static_cast<unsigned>(t.tm_hour); break;
+    case 'M': pair = static_cast<unsigned>(t.tm_min); break;
+    case 'S': pair = static_cast<unsigned>(t.tm_sec); break;
+    case 'm': pair = static_cast<unsigned>(t.tm_mon) + 1; break;
+    case 'y':
+      if (t.tm_year >= 0) pair = static_cast<unsigned>(t.tm_year) % 100;
+      break;
+    case 'Y':
+      if (t.tm_year < -900 || t.tm_year >= 8100) return nullptr;
+      text = write_pair(text, static_cast<unsigned>(t.tm_year + 1900) / 100);
+      pair = static_cast<unsigned>(t.tm_year + 1900) % 100;
+      break;
+  }
+  return pair < 100 ? write_pair(text, pair) : nullptr;
+}
+
+}  // namespace
+
 char *write_time(char *text, char conversion, const tm &t, const char *locale_name) {
+  if (char *const end = write_number(text, conversion, t)) return end;
   const char format[] = {'%', conversion, '\0'};
   if (!conversion || !strchr("crxXPEO+", conversion)) return text + strftime(text, _time_text_room, format, &t);
   eh_local<c_locale_switch> c_library;

@@ -72,6 +72,20 @@ static void test_put() {
   CHECK_TEXT(put(writer(), "%a%A%b%B", odd).c_str(), "????");
 }
 
+// Numbers in and out of range are strftime's.
+static void test_numbers() {
+  static const int values[] = {-2147483647, -2000, -1901, -1900, -901, -900, -1, 0, 9, 60, 99, 100, 8099, 8100};
+  for (size_t i = 0; i < sizeof values / sizeof *values; ++i)
+    for (const char *c = "dHMSmyYjIeCug"; *c; ++c) {
+      tm t = some_time();
+      t.tm_mday = t.tm_hour = t.tm_min = t.tm_sec = t.tm_mon = t.tm_year = values[i];
+      const char format[] = {'%', *c, 0};
+      char want[100] = "";
+      strftime(want, sizeof want, format, &t);
+      CHECK_TEXT(put(writer(), format, t).c_str(), want);
+    }
+}
+
 // What a derived class sees: every conversion but those that are expanded.
 struct spelling : writer {
 protected:
@@ -252,6 +266,7 @@ static void test_buffers() {
 int main() {
   setenv("LC_ALL", "C", 1);
   test_put();
+  test_numbers();
   CHECK_TEXT(put(spelling(), "%a %x%%%E", some_time()).c_str(), "<a> <m>/<d>/<y><%><E>");
   test_get();
   check_round_trips(writer(), reader());
