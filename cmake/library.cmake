@@ -30,9 +30,10 @@ set_target_properties(plx PROPERTIES
   POSITION_INDEPENDENT_CODE ON
   LIBRARY_OUTPUT_DIRECTORY ${PLX_LIB})
 # Calls inside the library go straight to their target, except those of the replaceable operators new and delete and of
-# functions that are compared; data stays preemptible, because programs for a fixed address hold copies of it.
+# functions that are compared; data stays preemptible, because programs for a fixed address hold copies of it. Code and
+# constants share pages: two mappings fewer at every start.
 target_link_options(plx PRIVATE -m32 -static-libgcc ${PLX_PROGRAM_FLAGS}
-  LINKER:-O1,--hash-style=gnu,--as-needed,--gc-sections,-z,text,-z,relro,-z,noexecstack
+  LINKER:-O1,--hash-style=gnu,--as-needed,--gc-sections,-z,text,-z,relro,-z,noexecstack,-z,noseparate-code
   LINKER:--dynamic-list-data,--dynamic-list-cpp-new,--dynamic-list=${CMAKE_SOURCE_DIR}/cmake/preemptible.list)
 set_target_properties(plx PROPERTIES LINK_DEPENDS ${CMAKE_SOURCE_DIR}/cmake/preemptible.list)
 if(NOT PLX_SANITIZE)

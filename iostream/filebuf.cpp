@@ -20,6 +20,16 @@ inline bool writes_plainly(const locale &loc, const codecvt<char, char, int> *&f
   return facet->always_noconv();
 }
 
+int __attribute__((__noinline__, __regparm__(3))) overflow_through(const locale &loc, FILE *file, int c) {
+  const codecvt<char, char, int> *facet;
+  const bool plain = writes_plainly(loc, facet);
+  if (!file) return -1;
+  if (c == -1) return 0;
+  if (plain) return put_into_file(file, c);
+  const char one = static_cast<char>(c);
+  return write_converted(file, *facet, &one, 1) ? c : -1;
+}
+
 }  // namespace
 
 template <class C, class T> basic_filebuf<C, T>::~basic_filebuf() {
@@ -33,13 +43,10 @@ template <class C, class T> basic_streambuf<C, T> *basic_filebuf<C, T>::setbuf(C
 }
 
 template <class C, class T> typename basic_filebuf<C, T>::int_type basic_filebuf<C, T>::overflow(int_type c) {
-  const codecvt<char, char, int> *facet;
-  const bool plain = writes_plainly(this->_loc_, facet);
-  if (!_file_) return -1;
-  if (c == -1) return 0;
-  if (plain) return put_into_file(_file_, c) == EOF ? -1 : c;
-  const char one = static_cast<char>(c);
-  return write_converted(_file_, *facet, &one, 1) ? c : -1;
+  // Nothing is in the way of most characters.
+  if ((this->_loc_._get_imp()->_get_quick() & locale::imp::_quick_codecvt) && _file_ && c != -1)
+    return put_into_file(_file_, c);
+  return overflow_through(this->_loc_, _file_, c);
 }
 
 template <class C, class T> streamsize basic_filebuf<C, T>::xsputn(const C *from, streamsize n) {
@@ -64,7 +71,7 @@ template <class C, class T> streamsize basic_filebuf<C, T>::xsgetn(C *to, stream
 
 template <class C, class T> typename basic_filebuf<C, T>::int_type basic_filebuf<C, T>::pbackfail(int_type c) {
   if (!_file_) return -1;
-  if (c == -1) return fseek(_file_, -1, SEEK_CUR) == 0 ? 0 : -1;
+  if (c == -1) return step_back(_file_) ? 0 : -1;
   if (__fwriting(_file_)) turn_to_reading(_file_);
   return ungetc(c, _file_) == EOF ? -1 : c;
 }

@@ -31,9 +31,13 @@ inline int peek_file(FILE *file) {
   return __underflow(file);
 }
 
+// The long ways are functions of their own, so that the short ones need no frame.
+int get_after_refill(FILE *file) __attribute__((__noinline__, __regparm__(1)));
+int put_after_flush(FILE *file, int c) __attribute__((__noinline__, __regparm__(2)));
+
 inline int get_from_file(FILE *file) {
-  if (file->_IO_read_ptr >= file->_IO_read_end) turn_to_reading(file);
-  return getc_unlocked(file);
+  if (file->_IO_read_ptr < file->_IO_read_end) return static_cast<unsigned char>(*file->_IO_read_ptr++);
+  return get_after_refill(file);
 }
 
 inline long read_file(FILE *file, char *to, long n) {
@@ -47,8 +51,9 @@ inline long read_file(FILE *file, char *to, long n) {
 }
 
 inline int put_into_file(FILE *file, int c) {
-  turn_to_writing(file);
-  return putc_unlocked(c, file);
+  if (file->_IO_write_ptr >= file->_IO_write_end) return put_after_flush(file, c);
+  *file->_IO_write_ptr++ = static_cast<char>(c);
+  return c;
 }
 
 inline long write_file(FILE *file, const char *from, long n) {
@@ -64,6 +69,17 @@ inline long write_file(FILE *file, const char *from, long n) {
 // Positions: -1 for failure, and for any that a long does not hold; a refused move leaves the file where it was.
 long position_of(FILE *file);
 long move_by(FILE *file, long offset, int whence);
+
+// One character back, by position, which a pipe does not have; false when that fails.
+inline bool step_back(FILE *file) {
+  // stdio knows the offset of its buffer only when the file can be positioned.
+  if (file->_offset >= 0 && !file->_IO_save_base && file->_IO_read_ptr > file->_IO_read_base) {
+    --file->_IO_read_ptr;
+    file->_flags &= ~_IO_EOF_SEEN;
+    return true;
+  }
+  return fseek(file, -1, SEEK_CUR) == 0;
+}
 
 // The number of characters from the position to the end; -1 when there are none or nobody knows.
 long left_in_file(FILE *file);

@@ -1,0 +1,132 @@
+// Megabytes from cin to cout through pipes, by each means, byte for byte; and cout interleaved with stdio, in order.
+#include <iostream>
+#include <string>
+
+#include "../harness.h"
+
+using std::cin;
+using std::cout;
+
+namespace {
+
+// Every byte value, lines of all lengths up to 3000, and a last one without an end.
+std::string make_text() {
+  std::string text;
+  unsigned seed = 7;
+  while (text.size() < 1200000) {
+    seed = seed * 1103515245 + 12345;
+    const unsigned length = (seed >> 16) % ((seed & 1024) ? 3000 : 60);
+    for (unsigned i = 0; i < length; ++i) text += static_cast<char>((seed >> 8) + i * 37);
+    text += '\n';
+  }
+  return text + "no end";
+}
+
+void characters() {
+  char c;
+  while (cin.get(c)) cout.put(c);
+}
+void numbers_of_characters() {
+  for (int c; (c = cin.get()) != -1;) cout << static_cast<char>(c);
+}
+void blocks() {
+  static char block[70001];
+  while (cin.read(block, sizeof block) || cin.gcount()) cout.write(block, cin.gcount());
+}
+void lines() {
+  std::string line;
+  while (std::getline(cin, line)) {
+    cout << line;
+    if (!cin.eof()) cout << '\n';
+  }
+}
+void array_lines() {
+  static char line[4000];
+  while (cin.getline(line, sizeof line)) {
+    cout.write(line, cin.eof() ? cin.gcount() : cin.gcount() - 1);
+    if (!cin.eof()) cout << '\n';
+  }
+}
+void buffer_out() { cout << cin.rdbuf(); }
+void buffer_in() { cin >> cout.rdbuf(); }
+void iterators() {
+  std::istreambuf_iterator<char> from(cin), end;
+  for (std::ostreambuf_iterator<char> to(cout); from != end; ++from) *to = *from;
+}
+void with_stdio() {  // both sides of both files by turns
+  for (int i = 0;; ++i) {
+    const int c = i % 3 == 0 ? getchar() : i % 3 == 1 ? cin.get() : cin.rdbuf()->sbumpc();
+    if (c == -1) break;
+    if (i % 2)
+      putchar(c);
+    else
+      cout.put(static_cast<char>(c));
+  }
+}
+void (*const all[])() = {
+    characters, numbers_of_characters, blocks, lines, array_lines, buffer_out, buffer_in, iterators, with_stdio};
+const unsigned count = sizeof all / sizeof *all;
+
+// Runs this program with the text as its input; returns its output.
+std::string filtered(const char *self, unsigned which, const std::string &text) {
+  int to[2], from[2];
+  if (pipe(to) != 0 || pipe(from) != 0) return "no pipe";
+  const pid_t reader = fork();
+  if (reader == 0) {
+    char number[8];
+    sprintf(number, "%u", which);
+    dup2(to[0], 0);
+    dup2(from[1], 1);
+    close(to[0]), close(to[1]), close(from[0]), close(from[1]);
+    execl("/proc/self/exe", self, number, static_cast<char *>(0));
+    _exit(99);
+  }
+  close(to[0]), close(from[1]);
+  const pid_t writer = fork();
+  if (writer == 0) {
+    close(from[0]);
+    for (size_t at = 0; at < text.size();) {
+      const ssize_t n = write(to[1], text.data() + at, text.size() - at);
+      if (n < 0) _exit(1);
+      at += n;
+    }
+    _exit(0);
+  }
+  close(to[1]);
+  std::string got;
+  char block[65536];
+  for (ssize_t n; (n = read(from[0], block, sizeof block)) > 0;) got.append(block, n);
+  close(from[0]);
+  int status;
+  waitpid(writer, &status, 0);
+  waitpid(reader, &status, 0);
+  return status == 0 ? got : got + "(failed)";
+}
+
+void interleaved() {
+  cout << "a" << 1;
+  printf("b%d", 2);
+  cout.put('c').write("de", 2);
+  fputs("f", stdout);
+  cout << std::string("g") << 1.5;
+  putchar('h');
+  cout << "i\n";
+}
+
+}  // namespace
+
+int main(int argc, char **argv) {
+  if (argc > 1) {
+    all[atoi(argv[1])]();
+    return 0;
+  }
+  const std::string text = make_text();
+  for (unsigned i = 0; i < count; ++i) {
+    const bool same = filtered(argv[0], i, text) == text;
+    CHECK(same);
+    if (!same) fprintf(stderr, "  by means %u\n", i);
+    CHECK(filtered(argv[0], i, "") == "");
+  }
+  CHECK_TEXT(test_run_child(interleaved).text, "a1b2cdefg1.5hi\n");
+  return TEST_RESULT();
+}
