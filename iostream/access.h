@@ -31,11 +31,12 @@ struct buffer_access {
   static char *&epptr(std::streambuf &b) { return b._epptr_; }
 
   // Of a buffer that is exactly a stringbuf. Room for n characters behind the put position: false where there is none
-  // that could be had without throwing.
+  // that could be had without throwing. And the get area, which is hidden while it is written.
   static bool make_room(std::stringbuf &b, unsigned n);
+  static void settle(std::stringbuf &b);
+  static bool is_settled(const std::stringbuf &b) { return !b._wide_; }
+  static void start(std::stringbuf &b) { b._start(); }
   static void set_text(std::stringbuf &b, const std::string &text) { b._set_text(text.data(), text.size(), true); }
-  static char *room_end(const std::stringbuf &b) { return b._room_end_; }
-  static bool reads(const std::stringbuf &b) { return b._mode_ & std::ios_base::in; }
 
   static FILE *file(std::streambuf &b) { return static_cast<std::filebuf &>(b)._file_; }
 

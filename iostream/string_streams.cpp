@@ -16,10 +16,12 @@ extern PLX_API const void *const string_both_table[] __asm__("_ZTVSt18basic_stri
 
 template <class Stream>
 void start_with_text(Stream &s, std::stringbuf &b, const void *const *table, const std::string &text) {
-  if (text.empty())
+  if (text.empty()) {
+    buffer_access::start(b);
     start_stream(s, b, table);
-  else
-    start_stream_guarded(s, b, table, [&] { buffer_access::set_text(b, text); });
+    return;
+  }
+  start_stream_guarded(s, b, table, [&] { buffer_access::set_text(b, text); });
 }
 
 }  // namespace __zor
@@ -28,6 +30,7 @@ namespace std {
 
 template <class C, class T, class A> basic_istringstream<C, T, A>::basic_istringstream(ios_base::openmode mode)
     : _buffer_(mode | ios_base::in) {
+  buffer_access::start(_buffer_);
   start_stream(*this, _buffer_, string_in_table);
 }
 template <class C, class T, class A>
@@ -39,6 +42,7 @@ template <class C, class T, class A> basic_istringstream<C, T, A>::~basic_istrin
 
 template <class C, class T, class A> basic_ostringstream<C, T, A>::basic_ostringstream(ios_base::openmode mode)
     : _buffer_(mode | ios_base::out) {
+  buffer_access::start(_buffer_);
   start_stream(*this, _buffer_, string_out_table);
 }
 template <class C, class T, class A>
@@ -50,6 +54,7 @@ template <class C, class T, class A> basic_ostringstream<C, T, A>::~basic_ostrin
 
 template <class C, class T, class A> basic_stringstream<C, T, A>::basic_stringstream(ios_base::openmode mode)
     : _buffer_(mode) {
+  buffer_access::start(_buffer_);
   start_stream(*this, _buffer_, string_both_table);
 }
 template <class C, class T, class A>

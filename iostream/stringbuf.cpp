@@ -27,12 +27,24 @@ struct unfinished {
 }  // namespace
 
 template <class C, class T, class A> basic_stringbuf<C, T, A>::basic_stringbuf(ios_base::openmode mode)
-    : _mode_(mode), _buffer_end_(nullptr), _block_(nullptr), _room_end_(nullptr), _written_(nullptr), _wide_(false) {}
+    : _mode_(mode),
+      _buffer_end_(nullptr),
+      _block_(nullptr),
+      _room_end_(nullptr),
+      _written_(nullptr),
+      _wide_(false),
+      _fresh_(false) {}
 
 // A derived object passes here too, and must find a block that it may free: so this is no plain buffer yet.
 template <class C, class T, class A>
 basic_stringbuf<C, T, A>::basic_stringbuf(const basic_string<C, T, A> &text, ios_base::openmode mode)
-    : _mode_(mode), _buffer_end_(nullptr), _block_(nullptr), _room_end_(nullptr), _written_(nullptr), _wide_(false) {
+    : _mode_(mode),
+      _buffer_end_(nullptr),
+      _block_(nullptr),
+      _room_end_(nullptr),
+      _written_(nullptr),
+      _wide_(false),
+      _fresh_(false) {
   if (text.empty()) return;
   eh_local<unfinished> base(this);
   _set_text(text.data(), text.size(), false);
@@ -44,21 +56,22 @@ template <class C, class T, class A> basic_stringbuf<C, T, A>::~basic_stringbuf(
 template <class C, class T, class A> basic_string<C, T, A> basic_stringbuf<C, T, A>::str() const {
   const C *begin = this->eback(), *end = this->egptr();
   if ((_mode_ & ios_base::out) && this->pptr()) {
-    const bool both = begin == this->pbase();
-    begin = this->pbase();
     const C *const put_end = _put_end();
-    // Written characters that have not become readable; or readable ones, where a derived class set the areas.
-    if (!both || end < put_end) end = put_end;
+    // Characters that can be read but not written any more count, where both areas are of one block.
+    if (begin != this->pbase() || end < put_end) end = put_end;
+    begin = this->pbase();
   }
   return basic_string<C, T, A>(begin ? begin : "", static_cast<unsigned>(end - begin));
 }
 
 template <class C, class T, class A> void basic_stringbuf<C, T, A>::str(const basic_string<C, T, A> &text) {
   const unsigned n = text.size();
+  _settle();
   C *const base = _mode_ & ios_base::out ? this->pbase() : _mode_ & ios_base::in ? this->eback() : nullptr;
   if (n == 0) {
     _release();
     _forget();
+    if (_is_plain()) _start();
   } else if (base && base >= _block_ && base <= _buffer_end_ && n <= static_cast<unsigned>(_buffer_end_ - base)) {
     memcpy(base, text.data(), n);
     _set_areas(base, n);
@@ -98,7 +111,7 @@ template <class C, class T, class A> void basic_stringbuf<C, T, A>::_set_put(C *
 }
 
 template <class C, class T, class A> void basic_stringbuf<C, T, A>::_set_areas(C *at, unsigned n) PLX_NOTHROW {
-  _wide_ = false;
+  _wide_ = _fresh_ = false;
   _written_ = at + n;
   if (_mode_ & ios_base::in) this->setg(at, at, at + n);
   if (_mode_ & ios_base::out) _set_put(at, _mode_ & ios_base::app ? at + n : at, at + n);
@@ -120,7 +133,7 @@ template <class C, class T, class A> void basic_stringbuf<C, T, A>::_forget() PL
   this->setg(nullptr, nullptr, nullptr);
   this->setp(nullptr, nullptr);
   _buffer_end_ = _block_ = _room_end_ = _written_ = nullptr;
-  _wide_ = false;
+  _wide_ = _fresh_ = false;
 }
 
 template <class C, class T, class A> bool basic_stringbuf<C, T, A>::_is_plain() const PLX_NOTHROW {

@@ -28,6 +28,8 @@ bool buffer_access::make_room(std::stringbuf &b, unsigned n) {
   return true;
 }
 
+void buffer_access::settle(std::stringbuf &b) { b._settle(); }
+
 }  // namespace __zor
 
 namespace std {
@@ -61,17 +63,22 @@ template <class C, class T, class A> void basic_stringbuf<C, T, A>::_grow() {
 template <class C, class T, class A>
 void basic_stringbuf<C, T, A>::_move_to(C *at, unsigned room, bool moved) PLX_NOTHROW {
   C *const from = _block_;
-  const ptrdiff_t next = this->pptr() - from, end = this->epptr() - from, read = this->gptr() - from,
+  const ptrdiff_t next = this->pptr() - from, end = this->epptr() - from, read = _fresh_ ? 0 : this->gptr() - from,
                   readable = this->egptr() - from, written = _put_end() - from, recorded = _buffer_end_ - from;
   if (!moved && from) {
     memcpy(at, from, _wide_ ? written : end);
     if (from != _small_) operator delete[](from);
   }
   _adopt(at, room);
+  _fresh_ = false;
   _buffer_end_ = at + recorded;
   _written_ = at + written;
   _set_put(at, at + next, _wide_ ? _room_end_ : at + end);
-  if (_mode_ & ios_base::in) this->setg(at, at + read, at + readable);
+  if (!(_mode_ & ios_base::in)) return;
+  if (_wide_)
+    this->setg(at + read, at + read, at + read);
+  else
+    this->setg(at, at + read, at + readable);
 }
 
 // Gives a plain object room for n characters behind the put position, by other means than operator new[]; false where
@@ -94,17 +101,40 @@ template <class C, class T, class A> bool basic_stringbuf<C, T, A>::_make_room(u
   return false;
 }
 
-// The put area of a plain object that has room goes to the end of it, unless the characters are to be readable at once.
+// A plain object without a block gets the room within itself, before anything is written.
+template <class C, class T, class A> void basic_stringbuf<C, T, A>::_start() PLX_NOTHROW {
+  if (!(_mode_ & ios_base::out) || !string_blocks_are_free()) return;
+  _adopt(_small_, _step);
+  _written_ = _block_;
+  _wide_ = _fresh_ = true;
+  this->setp(_block_, _room_end_);
+}
+
+// Opens the put area of a plain object to all its room, and hides the get area. Reading and giving back then reach the
+// virtual operations, which settle.
 template <class C, class T, class A> void basic_stringbuf<C, T, A>::_open_up() PLX_NOTHROW {
-  if (_wide_ || (_mode_ & ios_base::in)) return;
+  if (_wide_) return;
   _wide_ = true;
   _set_put(this->pbase(), this->pptr(), _room_end_);
+  this->setg(this->gptr(), this->gptr(), this->gptr());
+}
+
+// Sets the areas of a plain object as the rules have them.
+template <class C, class T, class A> void basic_stringbuf<C, T, A>::_settle() PLX_NOTHROW {
+  if (!_wide_) return;
+  if (_fresh_ && this->pptr() == _block_) return _forget();
+  _written_ = _put_end();
+  if (_buffer_end_ < _written_) _buffer_end_ = _block_ + _rule(static_cast<unsigned>(_written_ - _block_) - 1);
+  _set_put(_block_, this->pptr(), _written_);
+  if (_mode_ & ios_base::in) this->setg(_block_, _fresh_ ? _block_ : this->gptr(), _written_);
+  _wide_ = _fresh_ = false;
 }
 
 // Gives a plain object a put area of n characters or more. Throws bad_alloc.
 template <class C, class T, class A> void basic_stringbuf<C, T, A>::_widen(unsigned n) {
   if (!_block_ || static_cast<unsigned>(_room_end_ - this->pptr()) < n) {
     if (!string_blocks_are_free()) {
+      _settle();
       _grow();
     } else if (!_make_room(n)) {
       const unsigned size = _rule(static_cast<unsigned>(this->pptr() - this->pbase()) + n);
@@ -112,7 +142,6 @@ template <class C, class T, class A> void basic_stringbuf<C, T, A>::_widen(unsig
     }
   }
   _open_up();
-  if (static_cast<unsigned>(this->epptr() - this->pptr()) < n) _set_put(this->pbase(), this->pptr(), this->pptr() + n);
 }
 
 template class basic_stringbuf<char, char_traits<char>, allocator<char>>;

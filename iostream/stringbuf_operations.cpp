@@ -40,6 +40,7 @@ template <class C, class T, class A> typename T::int_type basic_stringbuf<C, T, 
   }
   *this->pptr() = as_byte(c);
   this->pbump(1);
+  if (_wide_) return c;
   if ((_mode_ & ios_base::in) && this->gptr()) this->setg(this->eback(), this->gptr(), this->pptr());
   _note_written();
   return c;
@@ -51,12 +52,14 @@ template <class C, class T, class A> streamsize basic_stringbuf<C, T, A>::xsputn
   _widen(n);
   memcpy(this->pptr(), from, n);
   this->pbump(n);
-  if ((_mode_ & ios_base::in) && this->egptr() < this->pptr()) this->setg(this->eback(), this->gptr(), this->pptr());
-  _note_written();
   return n;
 }
 
 template <class C, class T, class A> typename T::int_type basic_stringbuf<C, T, A>::underflow() {
+  if (_wide_) {
+    _settle();
+    return this->gptr() < this->egptr() ? static_cast<unsigned char>(*this->gptr()) : -1;
+  }
   C *const next = this->gptr(), *const end = this->egptr();
   if (!next || !(_mode_ & ios_base::out) || next < end || this->pptr() <= end) return -1;
   this->setg(this->eback(), next, this->pptr());
@@ -65,6 +68,11 @@ template <class C, class T, class A> typename T::int_type basic_stringbuf<C, T, 
 }
 
 template <class C, class T, class A> typename T::int_type basic_stringbuf<C, T, A>::pbackfail(int_type c) {
+  if (_wide_) {
+    // With the get area in sight, nobody would have called.
+    _settle();
+    return c == -1 ? this->sungetc() : this->sputbackc(static_cast<C>(c));
+  }
   C *const next = this->gptr();
   if (!next || next <= this->eback()) return -1;
   if (c != -1 && (_mode_ & ios_base::out)) {
@@ -77,16 +85,18 @@ template <class C, class T, class A> typename T::int_type basic_stringbuf<C, T, 
   return c == -1 ? 0 : c;
 }
 
-// Where the put area ends by the rule of sizes.
-template <class C, class T, class A> C *basic_stringbuf<C, T, A>::_ruled_epptr() const PLX_NOTHROW {
-  return _wide_ ? _put_end() : this->epptr();
+// What a hidden get area holds.
+template <class C, class T, class A> streamsize basic_stringbuf<C, T, A>::showmanyc() {
+  _settle();
+  return this->gptr() < this->egptr() ? static_cast<streamsize>(this->egptr() - this->gptr()) : 0;
 }
 
 template <class C, class T, class A>
 typename T::pos_type basic_stringbuf<C, T, A>::seekoff(off_type off, ios_base::seekdir way, ios_base::openmode which) {
+  _settle();
   C *const get = this->gptr(), *const put = this->pptr();
   const bool moves_get = get && (which & ios_base::in), moves_put = put && (which & ios_base::out);
-  const long size = _ruled_epptr() - this->pbase(), readable = this->egptr() - this->eback();
+  const long size = this->epptr() - this->pbase(), readable = this->egptr() - this->eback();
   const bool begins = way == ios_base::beg, continues = way == ios_base::cur;
   if ((!moves_get && !moves_put) || (!begins && !continues && way != ios_base::end)) return -1;
   _note_written();
@@ -111,6 +121,7 @@ template <class C, class T, class A>
 typename T::pos_type basic_stringbuf<C, T, A>::seekpos(pos_type pos, ios_base::openmode which) {
   const long at = streamoff(pos);
   if (at < 0) return -1;
+  _settle();
   C *const get = this->gptr(), *const put = this->pptr();
   if (get && put && put > this->egptr()) this->setg(this->eback(), get, put);
   bool moved = false;
@@ -118,7 +129,7 @@ typename T::pos_type basic_stringbuf<C, T, A>::seekpos(pos_type pos, ios_base::o
     this->setg(this->eback(), this->eback() + at, this->egptr());
     moved = true;
   }
-  if ((which & ios_base::out) && put && at <= _ruled_epptr() - this->pbase()) {
+  if ((which & ios_base::out) && put && at <= this->epptr() - this->pbase()) {
     _note_written();
     _set_put(this->pbase(), this->pbase() + at, this->epptr());
     moved = true;

@@ -39,12 +39,17 @@ struct get_window {
 struct put_window {
   char *at, *end;
   char **cursor;
-  std::streambuf *both;  // a string buffer where what is written can be read at once; or null
-  void filled_up_to(char *next) const {
-    *cursor = next;
-    if (both && next > buffer_access::epptr(*both)) buffer_access::epptr(*both) = buffer_access::egptr(*both) = next;
-  }
+  void filled_up_to(char *next) const { *cursor = next; }
 };
+
+// The same as below, of a string buffer whose get area is hidden or empty.
+inline bool open_string_window(std::stringbuf &buffer, get_window &window) {
+  if (buffer_access::is_settled(buffer)) return false;
+  buffer_access::settle(buffer);
+  char *&gptr = buffer_access::gptr(buffer), *const egptr = buffer_access::egptr(buffer);
+  window = {gptr, egptr, &gptr};
+  return gptr < egptr;
+}
 
 // Opens a window of at least one character; false when there is none.
 inline bool open_get_window(std::streambuf *buffer, get_window &window) {
@@ -53,6 +58,7 @@ inline bool open_get_window(std::streambuf *buffer, get_window &window) {
     window = {gptr, egptr, &gptr};
     return true;
   }
+  if (is_plain_stringbuf(buffer)) return open_string_window(static_cast<std::stringbuf &>(*buffer), window);
   if (!is_plain_filebuf(buffer)) return false;
   FILE *const file = buffer_access::file(*buffer);
   if (!file || file->_IO_read_ptr >= file->_IO_read_end) return false;
@@ -60,28 +66,25 @@ inline bool open_get_window(std::streambuf *buffer, get_window &window) {
   return true;
 }
 
-// The same for a string buffer whose put area has no room for n: it gets some. Whoever opens it goes on to write.
-inline bool open_string_window(std::stringbuf &buffer, int n, put_window &window) {
-  if (!buffer_access::make_room(buffer, n)) return false;
-  char *&pptr = buffer_access::pptr(buffer);
-  window = {pptr, buffer_access::room_end(buffer), &pptr, buffer_access::reads(buffer) ? &buffer : nullptr};
-  return true;
-}
-
 // Opens a window with room for n characters; false when there is none.
 inline bool open_put_window(std::streambuf *buffer, int n, put_window &window) {
   char *&pptr = buffer_access::pptr(*buffer), *const epptr = buffer_access::epptr(*buffer);
   if (epptr - pptr >= n) {
-    window = {pptr, epptr, &pptr, nullptr};
+    window = {pptr, epptr, &pptr};
     return true;
   }
-  if (is_plain_stringbuf(buffer)) return open_string_window(static_cast<std::stringbuf &>(*buffer), n, window);
+  if (is_plain_stringbuf(buffer)) {
+    // Whoever opens the window goes on to write.
+    if (!buffer_access::make_room(static_cast<std::stringbuf &>(*buffer), n)) return false;
+    window = {pptr, buffer_access::epptr(*buffer), &pptr};
+    return true;
+  }
   if (!is_plain_filebuf(buffer) ||
       !(buffer_access::loc(*buffer)._get_imp()->_get_quick() & std::locale::imp::_quick_codecvt))
     return false;
   FILE *const file = buffer_access::file(*buffer);
   if (!file || file->_IO_write_end - file->_IO_write_ptr < n) return false;
-  window = {file->_IO_write_ptr, file->_IO_write_end, &file->_IO_write_ptr, nullptr};
+  window = {file->_IO_write_ptr, file->_IO_write_end, &file->_IO_write_ptr};
   return true;
 }
 

@@ -7,7 +7,8 @@
 //
 // Both areas lie in one block. The put area ends with the characters: overflow widens it by one, as long as the block
 // lasts, and then moves to a block of (n & ~63) + 64 bytes for n characters. A derived class sees exactly this. Of
-// objects that are exactly of this class nobody sees the areas: theirs may be wider, and short texts need no block.
+// objects that are exactly of this class nobody sees the areas: short texts of theirs need no block, and while they are
+// written the put area is the whole room and the get area is hidden behind the virtual operations.
 #ifndef PLX_STRINGBUF_H
 #define PLX_STRINGBUF_H
 
@@ -53,6 +54,7 @@ protected:
   // A buffer that can be written takes any character, and returns it as a signed char: 0xFF looks like eof.
   virtual int_type pbackfail(int_type _c = _T::eof());
 
+  virtual streamsize showmanyc();
   virtual streamsize xsputn(const _Ct *_from, streamsize _n);
   virtual int_type overflow(int_type _c = _T::eof());  // throws bad_alloc, with nothing changed
 
@@ -74,9 +76,10 @@ private:
   void _grow();
   void _move_to(_Ct *_at, unsigned int _room, bool _moved) PLX_NOTHROW;
   bool _make_room(unsigned int _n) PLX_NOTHROW;
+  void _start() PLX_NOTHROW;
   void _open_up() PLX_NOTHROW;
+  void _settle() PLX_NOTHROW;
   void _widen(unsigned int _n);
-  _Ct *_ruled_epptr() const PLX_NOTHROW;
 
   ios_base::openmode _mode_;
   _Ct *_buffer_end_;  // one past the block as the rule of sizes has it; null: there is none
@@ -84,7 +87,8 @@ private:
   _Ct *_block_;     // where the block starts
   _Ct *_room_end_;  // where it really ends
   _Ct *_written_;   // characters reach as far as this, or as the put position if that is further
-  bool _wide_;      // the put area goes to _room_end_: only of a plain buffer that cannot be read
+  bool _wide_;      // only of a plain buffer: the put area goes to _room_end_, the get area is hidden
+  bool _fresh_;     // the same, and if nothing was written there are no areas yet
   _Ct _small_[_step];
 };
 
