@@ -6,14 +6,13 @@
 #include <plx/streambuf_iterators.h>
 #include <plx/stringbuf.h>
 
+#include "../locale/ios_base_access.h"
+
 namespace __zor {
 
-struct stream_access {
+struct stream_access : ios_base_access {
   static std::ios_base::iostate &state(std::ios &s) { return s._state_; }
   static std::ios_base::iostate exceptions(const std::ios &s) { return s._exceptions_; }
-  static std::ios_base::fmtflags flags(const std::ios_base &s) { return s._flags_; }
-  static std::streamsize &width(std::ios_base &s) { return s._width_; }
-  static const std::locale &loc(const std::ios_base &s) { return s._loc_; }  // getloc without the copy
   static std::streambuf *buffer(const std::ios &s) { return s._sb_; }
   static std::ostream *tie(const std::ios &s) { return s._tie_; }
   static char fill(const std::ios &s) { return s._fill_; }

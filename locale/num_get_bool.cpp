@@ -2,9 +2,9 @@
 #include <plx/num_get.h>
 #include <plx/numpunct.h>
 
-#include "../iostream/access.h"
 #include "../libC/eh_tools.h"
 #include "character_cursor.h"
+#include "ios_base_access.h"
 
 using namespace std;
 
@@ -58,7 +58,7 @@ ios_base::iostate scan(character_cursor &in, candidate yes, candidate no, bool &
 }  // namespace
 
 ios_base::iostate scan_name_of_bool(character_source &from, ios_base &str, bool &v) {
-  const numpunct<char> &punct = use_facet<numpunct<char>>(stream_access::loc(str));
+  const numpunct<char> &punct = use_facet<numpunct<char>>(ios_base_access::loc(str));
   eh_local<true_name> yes(punct);
   eh_local<false_name> no(punct);
   character_cursor in(from);

@@ -2,11 +2,11 @@
 #include <plx/ctype.h>
 #include <plx/num_get.h>
 
-#include "../iostream/access.h"
 #include "../libC/eh_tools.h"
 #include "character_cursor.h"
 #include "digit_groups.h"
 #include "digits.h"
+#include "ios_base_access.h"
 #include "number_value.h"
 
 using namespace std;
@@ -82,7 +82,7 @@ unsigned long scan(character_cursor &in, const locale &loc, int flags, int &base
 
 unsigned long scan_integer(character_source &from, ios_base &str, int &base, bool is_signed, unsigned long max) {
   character_cursor in(from);
-  const unsigned long value = scan(in, stream_access::loc(str), str.flags(), base, is_signed, max);
+  const unsigned long value = scan(in, ios_base_access::loc(str), str.flags(), base, is_signed, max);
   in.done();
   return value;
 }
@@ -95,7 +95,7 @@ bool scan_pointer(character_source &from, ios_base &str, void *&v) {
     if (in.pass('n') && in.pass('i') && in.pass('l') && in.pass(')')) base = 16;
   } else {
     const int flags = (str.flags() & ~ios_base::basefield) | ios_base::hex;
-    value = scan(in, stream_access::loc(str), flags, base, false, 0xFFFFFFFFul);
+    value = scan(in, ios_base_access::loc(str), flags, base, false, 0xFFFFFFFFul);
   }
   in.done();
   if (base == -1) return false;

@@ -2,11 +2,11 @@
 #include <plx/ctype.h>
 #include <plx/num_get.h>
 
-#include "../iostream/access.h"
 #include "../libC/eh_tools.h"
 #include "character_cursor.h"
 #include "digit_groups.h"
 #include "digits.h"
+#include "ios_base_access.h"
 #include "number_value.h"
 
 using namespace std;
@@ -16,7 +16,7 @@ namespace {
 
 // False when the digits are grouped wrongly. What is read need not be a number: that shows in `text`.
 bool scan(character_cursor &in, ios_base &str, decimal_text &text) {
-  const locale &loc = stream_access::loc(str);
+  const locale &loc = ios_base_access::loc(str);
   const numpunct<char> &punct = use_facet<numpunct<char>>(loc);
   eh_local<digit_groups> groups(punct);
   const char separator = punct.thousands_sep();

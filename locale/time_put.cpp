@@ -4,7 +4,7 @@
 
 #include <string.h>
 
-#include "../iostream/access.h"
+#include "ios_base_access.h"
 #include "time_names.h"
 
 using namespace std;
@@ -12,7 +12,7 @@ using namespace std;
 namespace __zor {
 
 const ctype<char> &begin_time_put(ios_base &str) {
-  const ctype<char> &classes = use_facet<ctype<char>>(stream_access::loc(str));
+  const ctype<char> &classes = use_facet<ctype<char>>(ios_base_access::loc(str));
   environment_time_names();
   return classes;
 }

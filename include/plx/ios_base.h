@@ -12,8 +12,9 @@
 #include <plx/pair.h>
 
 namespace __zor {
+struct ios_base_access;
 struct stream_access;
-}
+}  // namespace __zor
 
 namespace std {
 
@@ -162,7 +163,7 @@ protected:
   static int index;  // the next that xalloc gives out
 
 private:
-  friend struct __zor::stream_access;
+  friend struct __zor::ios_base_access;
   ios_base(const ios_base &);
   ios_base &operator=(const ios_base &);
 };
