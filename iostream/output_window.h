@@ -24,9 +24,10 @@ inline std::ios &base_of(std::ostream &out) {
   return *base;
 }
 
+// One branch for all.
 inline bool is_quiet(const std::ios &stream) {
-  return !(stream_access::state(const_cast<std::ios &>(stream)) | (stream_access::flags(stream) & ios_base::unitbuf)) &&
-         !stream_access::tie(stream);
+  return !(stream_access::state(const_cast<std::ios &>(stream)) | (stream_access::flags(stream) & ios_base::unitbuf) |
+           reinterpret_cast<int>(stream_access::tie(stream)));
 }
 
 inline bool has_quick(const std::locale &loc, std::locale::imp::_quick bits) {

@@ -12,16 +12,15 @@
 #include <stdio.h>
 
 #include <plx/filebuf.h>
+#include <plx/put_character.h>
 
 #include "access.h"
 
 namespace __zor {
 
-extern PLX_API const void *const filebuf_table[] __asm__("_ZTVSt13basic_filebufIcSt11char_traitsIcEE");
-
 // The virtual table pointer of an object points behind the table's two leading words.
 inline bool is_plain_filebuf(const std::streambuf *buffer) {
-  return *reinterpret_cast<const void *const *const *>(buffer) == filebuf_table + 2;
+  return *reinterpret_cast<const void *const *const *>(buffer) == _filebuf_table + 2;
 }
 
 extern PLX_API const void *const stringbuf_table[] __asm__("_ZTVSt15basic_stringbufIcSt11char_traitsIcESaIcEE");

@@ -12,6 +12,7 @@
 
 #include <plx/basic_ios.h>
 #include <plx/is_integer.h>
+#include <plx/put_character.h>
 #include <plx/streambuf_iterators.h>
 
 #if __cplusplus >= 201103L
@@ -21,6 +22,15 @@
 #endif
 
 namespace std {
+
+// What the operations below do, put and the operators for characters, C strings and strings. Inserted characters are
+// never padded, and what the buffer does not take is not noticed. A C string (null: an empty one) is padded to the
+// width, in front when the adjustment is exactly right, and otherwise behind. A string is padded behind when the
+// adjustment is exactly left, and otherwise in front (1998, 21.3.7.9). All but put reset the width.
+PLX_API ostream &__zor_put_char(ostream &_out, char _c);
+PLX_API ostream &__zor_insert_char(ostream &_out, char _c);
+PLX_API ostream &__zor_insert_c_string(ostream &_out, const char *_text);
+PLX_API ostream &__zor_insert_string(ostream &_out, const char *_text, streamsize _n);
 
 template <class _Ct, class _T> class PLX_API basic_ostream : virtual public basic_ios<_Ct, _T> {
 public:
@@ -88,7 +98,7 @@ public:
   basic_ostream &operator<<(basic_streambuf<_Ct, _T> *_from);
 
   // As they are: width and padding have no part in it. What the buffer does not take gives badbit.
-  basic_ostream &put(_Ct _c);
+  basic_ostream &put(_Ct _c) { return PLX_PUT_AT_ONCE(*this, _c, false) ? *this : __zor_put_char(*this, _c); }
   basic_ostream &write(const _Ct *_text, streamsize _n);
 
   // Synchronises the buffer; badbit when that fails.
@@ -106,25 +116,17 @@ protected:
 
 __extension__ extern template class PLX_API basic_ostream<char, char_traits<char> >;
 
-// What the operators below do. A character is never padded, and what the buffer does not take is not noticed. A C
-// string (null: an empty one) is padded to the width, in front when the adjustment is exactly right, and otherwise
-// behind. A string is padded behind when the adjustment is exactly left, and otherwise in front (1998, 21.3.7.9). All
-// of them reset the width.
-PLX_API ostream &__zor_insert_char(ostream &_out, char _c);
-PLX_API ostream &__zor_insert_c_string(ostream &_out, const char *_text);
-PLX_API ostream &__zor_insert_string(ostream &_out, const char *_text, streamsize _n);
-
 // _out->flush(), for those who only know the name of the class.
 PLX_API void __zor_do_flush(ostream *_out);
 
 template <class _T> inline basic_ostream<char, _T> &operator<<(basic_ostream<char, _T> &_out, char _c) {
-  return __zor_insert_char(_out, _c);
+  return PLX_PUT_AT_ONCE(_out, _c, true) ? _out : __zor_insert_char(_out, _c);
 }
 template <class _T> inline basic_ostream<char, _T> &operator<<(basic_ostream<char, _T> &_out, signed char _c) {
-  return __zor_insert_char(_out, static_cast<char>(_c));
+  return _out << static_cast<char>(_c);
 }
 template <class _T> inline basic_ostream<char, _T> &operator<<(basic_ostream<char, _T> &_out, unsigned char _c) {
-  return __zor_insert_char(_out, static_cast<char>(_c));
+  return _out << static_cast<char>(_c);
 }
 template <class _T> inline basic_ostream<char, _T> &operator<<(basic_ostream<char, _T> &_out, const char *_text) {
   return __zor_insert_c_string(_out, _text);
@@ -157,5 +159,6 @@ template <> PLX_API ostream &flush(ostream &_out);
 }  // namespace std
 
 #undef PLX_MAY_THROW
+#undef PLX_PUT_AT_ONCE
 
 #endif

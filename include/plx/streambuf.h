@@ -111,6 +111,7 @@ protected:
 
 private:
   friend struct __zor::buffer_access;
+  friend struct __zor::_put_access;
   basic_streambuf(const basic_streambuf &);
   basic_streambuf &operator=(const basic_streambuf &);
 
