@@ -1,5 +1,6 @@
 // What is written without padding: blocks, and the manipulators that write a character.
 
+#include "../libC/i386/copy_block.h"
 #include "output_window.h"
 #include "stdio_file.h"
 
@@ -29,7 +30,7 @@ template <class C, class T> basic_ostream<C, T> &basic_ostream<C, T>::write(cons
   if (is_plain_stringbuf(buffer)) {
     char *&next = buffer_access::pptr(*buffer);
     if (buffer_access::epptr(*buffer) - next < n) return write_guarded(*this, text, n);
-    memcpy(next, text, n);
+    copy_block(next, text, n);
     next += n;
     return *this;
   }

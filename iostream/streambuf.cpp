@@ -1,8 +1,7 @@
 // basic_streambuf<char>: what the virtual operations do unless they are overridden.
 
-#include <string.h>
-
 #include "../containers/cleanup_by_hand.h"
+#include "../libC/i386/copy_block.h"
 
 #include <plx/streambuf.h>
 
@@ -52,7 +51,7 @@ template <class C, class T> streamsize basic_streambuf<C, T>::xsgetn(C *to, stre
     const streamsize ready = _egptr_ - _gptr_;
     if (ready > 0) {
       const streamsize part = ready < n - done ? ready : n - done;
-      memcpy(to + done, _gptr_, part);
+      __zor::copy_block(to + done, _gptr_, part);
       _gptr_ += part;
       done += part;
       continue;
@@ -70,7 +69,7 @@ template <class C, class T> streamsize basic_streambuf<C, T>::xsputn(const C *fr
     const streamsize room = _epptr_ - _pptr_;
     if (room > 0) {
       const streamsize part = room < n - done ? room : n - done;
-      memcpy(_pptr_, from + done, part);
+      __zor::copy_block(_pptr_, from + done, part);
       _pptr_ += part;
       done += part;
       continue;

@@ -5,6 +5,7 @@
 #include <string.h>
 
 #include "../containers/cleanup_by_hand.h"
+#include "../libC/i386/copy_block.h"
 #include "windows.h"
 
 #include "stringbuf_block.h"
@@ -101,7 +102,7 @@ template <class C, class T, class A> void basic_stringbuf<C, T, A>::_set_text(co
     _adopt(static_cast<C *>(at), size);
   }
   _buffer_end_ = _block_ + size;
-  memcpy(_block_, text, n);
+  copy_block(_block_, text, n);
   _set_areas(_block_, n);
 }
 

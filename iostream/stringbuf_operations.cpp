@@ -1,7 +1,6 @@
 // basic_stringbuf<char>: what the streams call when an area is exhausted, and positions.
 
-#include <string.h>
-
+#include "../libC/i386/copy_block.h"
 #include "windows.h"
 
 #include "stringbuf_block.h"
@@ -50,7 +49,7 @@ template <class C, class T, class A> typename T::int_type basic_stringbuf<C, T, 
 template <class C, class T, class A> streamsize basic_stringbuf<C, T, A>::xsputn(const C *from, streamsize n) {
   if (n <= 0 || !(_mode_ & ios_base::out) || !_is_plain() || !string_blocks_are_free()) return _base::xsputn(from, n);
   _widen(n);
-  memcpy(this->pptr(), from, n);
+  copy_block(this->pptr(), from, n);
   this->pbump(n);
   return n;
 }

@@ -1,8 +1,8 @@
 // Unformatted input: single characters, blocks, and characters given back or dropped.
 
 #include <limits.h>
-#include <string.h>
 
+#include "../libC/i386/copy_block.h"
 #include "input_operation.h"
 
 namespace std {
@@ -101,7 +101,7 @@ template <class C, class T> basic_istream<C, T> &basic_istream<C, T>::read(C *to
   get_window window;
   if (starts_at_once(*this) && n > 0 && open_get_window(stream_access::buffer(*this), window) &&
       window.end - window.at >= n) {
-    memcpy(to, window.at, n);
+    copy_block(to, window.at, n);
     window.take_up_to(window.at + n);
     _gcount_ = n;
     return *this;
