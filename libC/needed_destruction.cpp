@@ -7,11 +7,15 @@
 
 using namespace __zor;
 
-namespace {
+namespace __zor {
 
 // Ends the list. Not null: a null link marks a record that is not registered.
 a_needed_destruction *const end_of_list = reinterpret_cast<a_needed_destruction *>(17);
 a_needed_destruction *needed_destruction_head = end_of_list;
+
+}  // namespace __zor
+
+namespace {
 
 // Unlinks first: the record may be registered again, or be gone, once it has run.
 void run(a_needed_destruction **link) {
