@@ -1,83 +1,140 @@
 # Iterators print what they point to. The end of a map or set is known as such; that of another container cannot be
 # told from a place with an element, so what is printed there is whatever memory holds.
 
-from .memory import behind, check_readable, number
-from .printer import Printer, prints
-from .sequences import LINKS
-from .trees import is_header
+import gdb
+
+from .memory import behind, check_readable, number, object_at
+from .printer import Printer, class_name, prints
+from .sequences import DEQUE_BLOCK, LINKS
+from .trees import is_header, previous_node
 
 
 class Iterator(Printer):
-    """check() leaves the address that is singular when null in `address`; target() is what is pointed to."""
+    """place() is the address where an iterator stands, 0 for a singular one; previous() the place before; target()
+    what lies at a place, a value or a text."""
 
-    def check(self):
-        self.address = int(self.value[self.members[0]])
+    def place(self):
+        return int(self.value[self.members[0]])
 
     def text(self):
-        if self.address == 0:
+        return self.shown(self.place())
+
+    def reversed(self):
+        """What a reverse iterator over this one points to."""
+        return self.shown(self.place() and self.previous())
+
+    def shown(self, place):
+        if place == 0:
             return "<singular %s>" % self.title.split("::")[-1]
-        target = self.target()
-        if not isinstance(target, str):
+        target = self.target(place)
+        if isinstance(target, gdb.Value):
             check_readable(int(target.address), target.type.sizeof)
         return target
 
 
-@prints("__zor::pointer_iterator")
-class PointerIterator(Iterator):
-    members = ("_at_",)
+class ToElement(Iterator):
+    """One whose place is the element's own address."""
 
-    def target(self):
-        return self.value["_at_"].dereference()
+    def check(self):
+        self.element = self.value[self.members[0]].type.strip_typedefs().target()
+
+    def target(self, place):
+        return object_at(place, self.element)
+
+    def previous(self):
+        return self.place() - self.element.sizeof
+
+
+@prints("__zor::pointer_iterator")
+class PointerIterator(ToElement):
+    members = ("_at_",)
 
 
 @prints("__zor::deque_iterator")
-class DequeIterator(Iterator):
-    members = ("_cur", "_node")
+class DequeIterator(ToElement):
+    members = ("_cur", "_last", "_node")
 
-    def target(self):
-        return self.value["_cur"].dereference()
+    def previous(self):
+        size = self.element.sizeof
+        if self.place() != int(self.value["_last"]) - DEQUE_BLOCK * size:
+            return self.place() - size
+        return int((self.value["_node"] - 1).dereference()) + (DEQUE_BLOCK - 1) * size
 
 
 @prints("__zor::list_iterator")
 class ListIterator(Iterator):
     members = ("_node",)
 
-    def target(self):
-        return behind(self.address, LINKS, self.value.type.strip_typedefs().template_argument(0))
+    def target(self, place):
+        return behind(place, LINKS, self.value.type.strip_typedefs().template_argument(0))
+
+    def previous(self):
+        return number(self.place() + 4)
 
 
 @prints("__zor::tree_iterator")
 class TreeIterator(Iterator):
     members = ("_at_",)
 
-    def target(self):
-        if is_header(self.address):
+    def target(self, place):
+        if is_header(place):
             return "<end>"
-        node = self.value.type.strip_typedefs().template_argument(0)
-        return self.value["_at_"].dereference().address.cast(node.pointer()).dereference()["value"]
+        return object_at(place, self.value.type.strip_typedefs().template_argument(0))["value"]
+
+    def previous(self):
+        return previous_node(self.place())
 
 
 @prints("__zor::bit_iterator")
 class BitIterator(Iterator):
     members = ("_word", "_bit")
 
-    def target(self):
-        return "true" if number(self.address) >> int(self.value["_bit"]) & 1 else "false"
+    def target(self, place):
+        return _bit(place, int(self.value["_bit"]))
+
+    def reversed(self):
+        place, bit = self.place(), int(self.value["_bit"])
+        if place == 0:
+            return self.shown(0)
+        return _bit(place, bit - 1) if bit else _bit(place - 4, 31)
+
+
+def _bit(word, bit):
+    return "true" if number(word) >> bit & 1 else "false"
 
 
 @prints("__zor::bit_reference")
 class BitReference(Iterator):
     members = ("_word_", "_mask_")
 
-    def target(self):
-        return "true" if number(self.address) & int(self.value["_mask_"]) else "false"
+    def target(self, place):
+        return "true" if number(place) & int(self.value["_mask_"]) else "false"
 
 
 @prints("std::reverse_iterator")
 class ReverseIterator(Printer):
-    """What base() points to: the element after the one that it stands for."""
-
     members = ("current",)
 
-    def children(self):
-        yield "base()", self.value["current"]
+    def check(self):
+        self.current = self.value["current"]
+        self.inner = None
+        kind = _KINDS.get(class_name(self.current.type))
+        if kind is not None:
+            self.inner = kind(self.current)
+            self.inner.check()
+        elif self.current.type.strip_typedefs().code != gdb.TYPE_CODE_PTR:
+            # A program's own iterator.
+            self.children = lambda: [("base()", self.current)]
+
+    def text(self):
+        if self.inner is not None:
+            return self.inner.reversed()
+        if hasattr(self, "children"):
+            return self.title
+        return (self.current - 1).dereference() if int(self.current) else "<singular reverse_iterator>"
+
+
+_KINDS = {
+    "__zor::pointer_iterator": PointerIterator, "__zor::deque_iterator": DequeIterator,
+    "__zor::list_iterator": ListIterator, "__zor::tree_iterator": TreeIterator, "__zor::bit_iterator": BitIterator,
+}

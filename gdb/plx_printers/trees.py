@@ -9,29 +9,40 @@ LEFT, RIGHT, PARENT = 0, 4, 8
 STRING_DIGEST = 8  # nodes with strings as keys keep the first characters too
 
 
-def first_below(node):
-    left = number(node + LEFT)
-    steps = 0
-    while left:
-        if number(left + PARENT) != node or steps > 128:
-            raise Invalid("a node does not link back")
-        node, left, steps = left, number(left + LEFT), steps + 1
-    return node
+_HIGHEST = 128  # no tree that fits into memory is higher
 
 
-def next_node(node):
-    right = number(node + RIGHT)
-    if right:
-        if number(right + PARENT) != node:
+def _step(node, towards, back):
+    """The next node on one side: the outermost below on that side, or the first above from the other side."""
+    below = number(node + towards)
+    above = node
+    for _ in range(_HIGHEST):
+        if below == 0:
+            break
+        if number(below + PARENT) != above:
             raise Invalid("a node does not link back")
-        return first_below(right)
-    # No tree that fits into memory is higher.
-    for _ in range(128):
+        above, below = below, number(below + back)
+    else:
+        raise Invalid("its nodes go in circles")
+    if above != node:
+        return above
+    for _ in range(_HIGHEST):
         above = number(node + PARENT)
-        if number(above + RIGHT) != node:
+        if number(above + towards) != node:
             return above
         node = above
     raise Invalid("its nodes go in circles")
+
+
+def next_node(node):
+    return _step(node, RIGHT, LEFT)
+
+
+def previous_node(node):
+    """Also of the header: its left link leads to the last node."""
+    if is_header(node):
+        return number(node + LEFT) or node
+    return _step(node, LEFT, RIGHT)
 
 
 def is_header(node):
