@@ -2,6 +2,8 @@
 # tests/mixed/<name>/ is one program of C and C++ files. CTest knows them as <folder>/<name>.
 #
 # A line `test-variants: <flags> | <flags>` at the top of a file makes one test per set of flags, <folder>/<name>:<flags>.
+# tests/<folder>/peer/<name>.cpp must print the same with plx and with the host's library; a line `test-peer: <dialects>`
+# says that a test holds for the host's library too, and makes a test <folder>/<name>:peer of that. See tests/peer.
 # Programs are built with the rest of the tree, so that a test runs again at once when nothing changed.
 
 set(PLX_TEST_C_COMPILER ${PLX_CLANG})
@@ -107,6 +109,12 @@ foreach(folder IN LISTS mixed_folders)
   endif()
 endforeach()
 
+file(GLOB peer_files CONFIGURE_DEPENDS RELATIVE ${CMAKE_SOURCE_DIR}/tests tests/*/peer/*.cpp)
+foreach(file IN LISTS peer_files)
+  cmake_path(REMOVE_EXTENSION file OUTPUT_VARIABLE name)
+  plx_add_test(${name} ${CMAKE_SOURCE_DIR}/tests/peer compare ${CMAKE_SOURCE_DIR}/tests/${file})
+endforeach()
+
 include(cmake/fuzz.cmake)
 
 # One test and its build target in each line, for ./dev test NAME.
@@ -114,8 +122,19 @@ get_property(test_targets GLOBAL PROPERTY PLX_TEST_TARGETS)
 list(JOIN test_targets "\n" test_targets)
 file(WRITE ${CMAKE_BINARY_DIR}/tests/targets "${test_targets}\n")
 
-# Each public header, and C's own in our include path. They do not depend on what built the library: once is enough.
+# What does not depend on how the library was built: once is enough.
 if(CMAKE_CXX_COMPILER_ID STREQUAL Clang AND NOT PLX_SANITIZE)
+  foreach(file IN LISTS test_files)
+    file(STRINGS tests/${file} dialects LIMIT_INPUT 2000 LIMIT_COUNT 1 REGEX "^// test-peer: ")
+    if(dialects)
+      string(REGEX REPLACE "^// test-peer: " "" dialects "${dialects}")
+      separate_arguments(dialects)
+      cmake_path(REMOVE_EXTENSION file OUTPUT_VARIABLE name)
+      plx_add_test(${name}:peer ${CMAKE_SOURCE_DIR}/tests/peer run ${CMAKE_SOURCE_DIR}/tests/${file} ${dialects})
+    endif()
+  endforeach()
+
+  # Each public header, and C's own in our include path.
   file(GLOB headers CONFIGURE_DEPENDS RELATIVE ${CMAKE_SOURCE_DIR}/include include/[a-z]* include/plx/*.h)
   list(FILTER headers EXCLUDE REGEX "^plx$")
   list(APPEND headers assert.h ctype.h errno.h float.h iso646.h limits.h locale.h signal.h stdarg.h stddef.h stdio.h

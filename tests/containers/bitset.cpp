@@ -1,6 +1,7 @@
 // test-variants: -O0 | -O2 | -O2 -std=gnu++11 | -O2 -std=gnu++20
 // bitset<N> against an array of bool, at sizes around the word boundaries: every operation in long random runs, the
-// bits above N zero after each. Builds against the host's library too (bitset_peer.sh), which vouches for the array.
+// bits above N zero after each.
+// test-peer: gnu++98 gnu++20
 #include <bitset>
 #include <stdexcept>
 #include <string>

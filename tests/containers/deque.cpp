@@ -1,6 +1,7 @@
 // test-variants: -O0 | -O2 | -O2 -std=gnu++20
 // deque: random runs against an array at both ends and in the middle, with the map checked after each step; the places of
-// the first elements; use as a queue; limits. Builds against the host's library too.
+// the first elements; use as a queue; limits.
+// test-peer: gnu++98
 
 #include <stdexcept>
 

@@ -1,6 +1,7 @@
 // test-variants: -O0 | -O2 | -O2 -std=gnu++20
 // list: random runs against an array with every link checked; splicing, merging, removing, reversing and sorting, also of
-// a list with itself and with elements of its own. Builds against the host's library too.
+// a list with itself and with elements of its own.
+// test-peer: gnu++98
 
 #include <functional>
 #include <stdexcept>

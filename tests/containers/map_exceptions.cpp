@@ -1,5 +1,6 @@
 // Every operation of the ordered containers with each of its allocations, copies and comparisons failing in turn:
 // nothing is lost, and the container is as it was before, but for range insertions, which keep what went in.
+// test-peer: gnu++98
 #include <map>
 #include <set>
 #include <string>

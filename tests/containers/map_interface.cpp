@@ -1,6 +1,7 @@
 // test-variants: -O1 | -O2 -std=gnu++17 | -O0 -std=gnu++20
 //
-// map and multimap (1998, 23.3.1, 23.3.2) member by member. Also built against the host's library by map_peer.sh.
+// map and multimap (1998, 23.3.1, 23.3.2) member by member.
+// test-peer: gnu++98
 #include <map>
 
 #include <string>

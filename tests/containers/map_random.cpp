@@ -3,6 +3,7 @@
 // Long random runs of every operation of the four ordered containers beside a sorted array that does the same in the
 // plainest way; after each change the tree's rules are checked, and often all elements. Keys are of the kinds that trees
 // compare in different ways: integers, strings, and what only a comparison of the program's can order.
+// test-peer: gnu++98
 #include <map>
 #include <set>
 #include <string>

@@ -1,5 +1,5 @@
-// stack, queue and priority_queue over their default and other sequences, with numbers and strings. Builds against the
-// host's library too.
+// stack, queue and priority_queue over their default and other sequences, with numbers and strings.
+// test-peer: gnu++98
 
 #include <functional>
 #include <list>

@@ -1,7 +1,7 @@
 // test-variants: -O0 | -O2
 // vector, deque and list when copies of elements or allocations fail, each N-th one of every operation: nothing leaks, the
-// container stays usable, and what the standard promises to leave alone is as before. Builds against the host's library
-// too.
+// container stays usable, and what the standard promises to leave alone is as before.
+// test-peer: gnu++98
 
 #include "fail_allocation.h"
 

@@ -1,7 +1,8 @@
 // test-variants: -O1 | -O2 -std=gnu++17 | -O0 -std=gnu++20
 //
 // set and multiset (1998, 23.3.3, 23.3.4): what differs from map, programs' own allocators, and that elements are keys,
-// which no iterator lets change. Also built against the host's library by map_peer.sh.
+// which no iterator lets change.
+// test-peer: gnu++98
 #include <set>
 
 #include <string>

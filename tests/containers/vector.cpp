@@ -1,6 +1,7 @@
 // test-variants: -O0 | -O2 | -O2 -std=gnu++20
 // vector: random runs against an array for numbers, strings, vectors and elements that know their place; growth; what is
-// out of range; lengths that no vector can have. Builds against the host's library too.
+// out of range; lengths that no vector can have.
+// test-peer: gnu++98
 
 #include <stdexcept>
 

@@ -1,6 +1,7 @@
 // test-variants: -O0 | -O2 | -O2 -std=gnu++20
 // vector<bool>: random runs against an array, with sizes around the ends of words; references and iterators over bits;
-// algorithms over them; limits. Builds against the host's library too.
+// algorithms over them; limits.
+// test-peer: gnu++98
 
 #include <algorithm>
 #include <stdexcept>

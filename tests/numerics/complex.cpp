@@ -1,6 +1,7 @@
 // test-variants: -O0 | -O2 | -O2 -std=gnu++20
 // complex<T> for the three floating types and for int: arithmetic, conversions, and every function against formulas in
-// long double, at branch cuts and where the textbook's formulas would overflow. Builds against the host's library too.
+// long double, at branch cuts and where the textbook's formulas would overflow.
+// test-peer: gnu++98
 #include <complex>
 
 #include <float.h>

@@ -2,6 +2,7 @@
 // the same values, states and counts, and each step is printed, so that two libraries can be compared. What is
 // deliberately different in plx is not shown, such as exponents without a number, the values of numbers that failed,
 // and eofbit where a character was wanted.
+// prints: 45000 lines
 #include <stdio.h>
 #include <stdlib.h>
 #include <string.h>

@@ -1,5 +1,6 @@
 // Where classification, case and collation of the "C" locale are those of the 1998 standard: all bytes below 0x80 but
 // the null character, which plx gives no class, and texts in ranges. Printed for comparison with the host's library.
+// prints: 20794 lines
 
 #include <locale>
 #include <stdio.h>

@@ -1,10 +1,10 @@
 // Prints what num_get makes of 60,000 texts, made from a grammar of numbers and mutated, in several bases and with
-// grouping. Standard C++98: num_get_peer.sh runs it with two libraries. Not among the texts, because plx and the peer
-// differ on purpose or the 1998 standard leaves it open:
+// grouping. Not among the texts, because plx and the peer differ on purpose or the 1998 standard leaves it open:
 //   white space after a sign; integers without a prefix and without a base; negative numbers as unsigned ones
 //   the value after a failure; how far an integer out of range is read in bases 8 and 16
 //   floating numbers out of range, which 1998 lets scanf decide; exponents without digits
 //   separators next to a leading zero, a point, the end, or each other
+// prints: 58257 lines
 #include <locale>
 #include <ostream>
 

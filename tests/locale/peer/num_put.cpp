@@ -10,6 +10,7 @@
 //   grouping of texts without a point          the exponent is grouped too
 //   `internal` with an octal prefix            the fill is behind the prefix
 //   `fixed` and `scientific` together          hexadecimal in later standards
+// prints: 200000 lines
 #include <locale>
 #include <ostream>
 #include <streambuf>
