@@ -74,9 +74,9 @@ private:
     if (d > 9) d = (static_cast<unsigned char>(c) | 0x20u) - 'a' < 6 ? (c | 0x20) - 'a' + 10 : 16;
     if (d >= base_) return false;
     any_ = true;
-    if (value_ > (~0ull - d) / base_) {
+    if (overflow_ || value_ > (~0ull - d) / base_) {
       overflow_ = true;
-      return false;
+      return base_ == 10;  // decimal digits are read to their end
     }
     value_ = value_ * base_ + d;
     return true;

@@ -2,6 +2,18 @@
 
 #include <plx/fstream.h>
 
+#include "stream_start.h"
+
+namespace __zor {
+
+extern PLX_API const void *const file_in_table[] __asm__("_ZTVSt14basic_ifstreamIcSt11char_traitsIcEE");
+extern PLX_API const void *const file_out_table[] __asm__("_ZTVSt14basic_ofstreamIcSt11char_traitsIcEE");
+extern PLX_API const void *const file_both_table[] __asm__("_ZTVSt13basic_fstreamIcSt11char_traitsIcEE");
+
+}  // namespace __zor
+
+using namespace __zor;
+
 namespace std {
 
 namespace {
@@ -19,9 +31,9 @@ template <class Stream> void close_buffer(Stream &stream) {
 
 }  // namespace
 
-template <class C, class T> basic_ifstream<C, T>::basic_ifstream() { this->init(&_buffer_); }
+template <class C, class T> basic_ifstream<C, T>::basic_ifstream() { start_stream(*this, _buffer_, file_in_table); }
 template <class C, class T> basic_ifstream<C, T>::basic_ifstream(const char *path, ios_base::openmode mode) {
-  this->init(&_buffer_);
+  start_stream(*this, _buffer_, file_in_table);
   open(path, mode);
 }
 template <class C, class T> basic_ifstream<C, T>::~basic_ifstream() {}
@@ -30,9 +42,9 @@ template <class C, class T> void basic_ifstream<C, T>::open(const char *path, io
 }
 template <class C, class T> void basic_ifstream<C, T>::close() { close_buffer(*this); }
 
-template <class C, class T> basic_ofstream<C, T>::basic_ofstream() { this->init(&_buffer_); }
+template <class C, class T> basic_ofstream<C, T>::basic_ofstream() { start_stream(*this, _buffer_, file_out_table); }
 template <class C, class T> basic_ofstream<C, T>::basic_ofstream(const char *path, ios_base::openmode mode) {
-  this->init(&_buffer_);
+  start_stream(*this, _buffer_, file_out_table);
   open(path, mode);
 }
 template <class C, class T> basic_ofstream<C, T>::~basic_ofstream() {}
@@ -41,9 +53,9 @@ template <class C, class T> void basic_ofstream<C, T>::open(const char *path, io
 }
 template <class C, class T> void basic_ofstream<C, T>::close() { close_buffer(*this); }
 
-template <class C, class T> basic_fstream<C, T>::basic_fstream() { this->init(&_buffer_); }
+template <class C, class T> basic_fstream<C, T>::basic_fstream() { start_stream(*this, _buffer_, file_both_table); }
 template <class C, class T> basic_fstream<C, T>::basic_fstream(const char *path, ios_base::openmode mode) {
-  this->init(&_buffer_);
+  start_stream(*this, _buffer_, file_both_table);
   if (!_buffer_.open(path, mode | ios_base::in | ios_base::out)) open(path, mode);
 }
 template <class C, class T> basic_fstream<C, T>::~basic_fstream() {}

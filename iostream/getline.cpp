@@ -39,7 +39,7 @@ inline unsigned int window_size(const get_window &window) { return window.end - 
 // A line that lies whole in the buffer's window, into a string that has a block for it.
 inline bool get_line_at_once(std::istream &in, std::string &text, char delim) {
   get_window window;
-  if (!starts_at_once(in) || !open_get_window(stream_access::buffer(in), window)) return false;
+  if (!starts_at_once(in) || !open_get_window(stream_access::buffer(in), window) || is_endless(window)) return false;
   b_str_ref *const rep = representation_of(text);
   if (!string_is_private(rep)) return false;
   const unsigned int size = window_size(window), most = size < rep->capacity ? size : rep->capacity;
@@ -88,7 +88,8 @@ inline bool get_line_at_once(std::istream &in, std::string &text, char delim) {
 // The same for an array that has room for the line.
 inline bool get_line_at_once(std::istream &in, char *to, std::streamsize n, char delim, std::streamsize &count) {
   get_window window;
-  if (n < 1 || !starts_at_once(in) || !open_get_window(stream_access::buffer(in), window)) return false;
+  if (n < 1 || !starts_at_once(in) || !open_get_window(stream_access::buffer(in), window) || is_endless(window))
+    return false;
   const unsigned int size = window_size(window), most = size < static_cast<unsigned int>(n) ? size : n;
   const char *const stop = copy_line(to, window.at, most, delim);
   if (!stop) return false;

@@ -41,7 +41,7 @@ template <class C, class T> basic_ostream<C, T> &basic_ostream<C, T>::write(cons
     file->_IO_write_ptr += n;
     return *this;
   }
-  return fwrite_unlocked(text, 1, n, file) == static_cast<size_t>(n) ? *this : write_failed(*this);
+  return write_file(file, text, n) == n ? *this : write_failed(*this);
 }
 
 template <> ostream &endl(ostream &out) {

@@ -8,6 +8,7 @@
 
 #include "../locale/number_text.h"
 #include "output_window.h"
+#include "stdio_file.h"
 
 using namespace __zor;
 
@@ -47,7 +48,7 @@ struct a_place {
     }
     const int n = static_cast<int>(last - local);
     if (file) {
-      fwrite_unlocked(local, 1, n, file);
+      write_file(file, local, n);
       return true;
     }
     char *&next = buffer_access::pptr(*buffer);
@@ -182,12 +183,9 @@ template <class C, class T> basic_ostream<C, T> &basic_ostream<C, T>::operator<<
 // Neither is filled when it is not told to be: a bool never, a pointer in a way of its own.
 template <class C, class T> basic_ostream<C, T> &basic_ostream<C, T>::operator<<(bool value) {
   ios &stream = *this;
-  if (!is_quick(stream) || (stream_access::flags(stream) & ios_base::boolalpha)) return insert_by_facet(*this, value);
-  const streamsize width = stream_access::width(stream);
-  stream_access::width(stream) = 0;
-  __zor_insert_char(*this, value ? '1' : '0');
-  stream_access::width(stream) = width;
-  return *this;
+  if (!is_quick(stream) || (stream_access::flags(stream) & ios_base::boolalpha) || stream_access::width(stream) != 0)
+    return insert_by_facet(*this, value);
+  return __zor_insert_char(*this, value ? '1' : '0');
 }
 
 template <class C, class T> basic_ostream<C, T> &basic_ostream<C, T>::operator<<(const void *value) {

@@ -2,6 +2,7 @@
 // the buffer, and in whether a refusal is noticed.
 
 #include "output_window.h"
+#include "stdio_file.h"
 
 using namespace __zor;
 
@@ -25,7 +26,7 @@ inline bool insert_at_once(ios &stream, const char *text, unsigned n, bool any_a
       copy_text(file->_IO_write_ptr, text, n);
       file->_IO_write_ptr += n;
     } else {
-      fwrite_unlocked(text, 1, n, file);
+      write_file(file, text, static_cast<long>(n));
     }
   }
   stream_access::width(stream) = 0;

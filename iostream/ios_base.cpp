@@ -39,15 +39,18 @@ locale ios_base::imbue(const locale &loc) {
 
 int ios_base::xalloc() PLX_NOTHROW { return index++; }
 
+// A negative index asks for more than there is, which the array refuses.
+static unsigned int length_for(unsigned int slot) { return slot + 1 != 0 ? slot + 1 : slot; }
+
 long &ios_base::iword(int i) {
   const unsigned int slot = static_cast<unsigned int>(i);
-  if (slot >= _iwords_.size()) _iwords_.resize(slot + 1, 0);
+  if (slot >= _iwords_.size()) _iwords_.resize(length_for(slot), 0);
   return _iwords_[slot];
 }
 
 void *&ios_base::pword(int i) {
   const unsigned int slot = static_cast<unsigned int>(i);
-  if (slot >= _pwords_.size()) _pwords_.resize(slot + 1, nullptr);
+  if (slot >= _pwords_.size()) _pwords_.resize(length_for(slot), nullptr);
   return _pwords_[slot];
 }
 

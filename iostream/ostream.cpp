@@ -1,10 +1,21 @@
 // basic_ostream<char>: the sentry, flushing and positions. Texts and numbers have files of their own.
 
 #include "output_window.h"
+#include "stream_start.h"
 
 using namespace __zor;
 
+namespace __zor {
+
+extern PLX_API const void *const ostream_table[] __asm__("_ZTVSo");
+
+}  // namespace __zor
+
 namespace std {
+
+template <class C, class T> basic_ostream<C, T>::basic_ostream(basic_streambuf<C, T> *buffer) {
+  start_stream(*this, buffer, false, ostream_table);
+}
 
 template <class C, class T> basic_ostream<C, T>::sentry::sentry(basic_ostream &out)
     : _ok_(output_prefix(out)), _out_(out) {}

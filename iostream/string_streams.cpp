@@ -4,7 +4,7 @@
 
 #include <plx/sstream.h>
 
-#include "string_stream_start.h"
+#include "stream_start.h"
 
 using namespace __zor;
 
@@ -21,7 +21,7 @@ void start_with_text(Stream &s, std::stringbuf &b, const void *const *table, con
     start_stream(s, b, table);
     return;
   }
-  start_stream_guarded(s, b, table, [&] { buffer_access::set_text(b, text); });
+  start_stream_guarded(s, &b, true, table, [&] { buffer_access::set_text(b, text); });
 }
 
 }  // namespace __zor

@@ -4,12 +4,13 @@
 
 #include <plx/strstream.h>
 
-#include "string_stream_start.h"
+#include "stream_start.h"
 
 using namespace __zor;
 
 namespace __zor {
 
+extern PLX_API const void *const isstream_table[] __asm__("_ZTVSt8isstream");
 extern PLX_API const void *const array_in_table[] __asm__("_ZTVSt10istrstream");
 extern PLX_API const void *const array_out_table[] __asm__("_ZTVSt10ostrstream");
 extern PLX_API const void *const array_both_table[] __asm__("_ZTVSt9strstream");
@@ -18,7 +19,7 @@ extern PLX_API const void *const array_both_table[] __asm__("_ZTVSt9strstream");
 
 namespace std {
 
-isstream::isstream(streambuf *buffer) { init(buffer); }
+isstream::isstream(streambuf *buffer) { start_stream(*this, buffer, false, isstream_table); }
 isstream::~isstream() {}
 
 isstream &isstream::seekg(streampos pos) {

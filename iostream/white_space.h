@@ -60,9 +60,10 @@ inline bool starts_at_once(std::istream &in) {
   return __builtin_expect(!tied, true) || has_nothing_to_flush(tied);
 }
 
-// The window at the first character that is no classic white space; false when that is not in the buffer's window.
+// The window at the first character that is no classic white space; false when that is not in the buffer's window, or
+// when the window has no known end.
 inline bool open_window_beyond_space(std::istream &in, get_window &window) {
-  if (!open_get_window(stream_access::buffer(in), window)) return false;
+  if (!open_get_window(stream_access::buffer(in), window) || is_endless(window)) return false;
   if (stream_access::flags(in) & ios_base::skipws)
     while (is_classic_space(*window.at))
       if (++window.at == window.end) return false;

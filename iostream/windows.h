@@ -50,6 +50,12 @@ inline bool open_string_window(std::stringbuf &buffer, get_window &window) {
   return gptr < egptr;
 }
 
+// The array of a character-array buffer may have no known end. What reads several bytes at once must then not read
+// ahead of what is asked for: the next page of memory may be missing.
+inline bool is_endless(const get_window &window) {
+  return window.end == reinterpret_cast<const char *>(-1) || window.end - window.at > 0x3FFFFFFF;
+}
+
 // Opens a window of at least one character; false when there is none.
 inline bool open_get_window(std::streambuf *buffer, get_window &window) {
   char *&gptr = buffer_access::gptr(*buffer), *const egptr = buffer_access::egptr(*buffer);

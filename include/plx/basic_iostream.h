@@ -17,7 +17,7 @@ public:
   typedef typename _T::off_type off_type;
 
   // On a buffer that stays the caller's. Without one the stream is bad.
-  explicit basic_iostream(basic_streambuf<_Ct, _T> *_buffer) { this->init(_buffer); }
+  explicit basic_iostream(basic_streambuf<_Ct, _T> *_buffer);
   virtual ~basic_iostream() {}
 
 protected:

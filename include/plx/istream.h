@@ -27,7 +27,7 @@ public:
   typedef typename _T::off_type off_type;
 
   // On a buffer that stays the caller's. Without one the stream is bad.
-  explicit basic_istream(basic_streambuf<_Ct, _T> *_buffer) : _gcount_(0) { this->init(_buffer); }
+  explicit basic_istream(basic_streambuf<_Ct, _T> *_buffer);
   virtual ~basic_istream() {}
 
   // The frame's beginning, for extractors that read from rdbuf() themselves, and whether they may. Starts gcount anew.

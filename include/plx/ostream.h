@@ -41,7 +41,7 @@ public:
   typedef typename _T::off_type off_type;
 
   // On a buffer that stays the caller's. Without one the stream is bad.
-  explicit basic_ostream(basic_streambuf<_Ct, _T> *_buffer) { this->init(_buffer); }
+  explicit basic_ostream(basic_streambuf<_Ct, _T> *_buffer);
   virtual ~basic_ostream() {}
 
   // The frame, for inserters that write to rdbuf() themselves: its beginning, whether they may write, and its end. The

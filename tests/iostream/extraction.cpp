@@ -50,7 +50,7 @@ static void test_long_long() {
   CHECK_NUMBER(long long, "9223372036854775807", LLONG_MAX, eof, "");
   CHECK_NUMBER(long long, "9223372036854775808 ", LLONG_MAX, fail, " ");
   CHECK_NUMBER(long long, "+ 5,", 5, good, ",");
-  CHECK_NUMBER(long long, "99999999999999999999 ", LLONG_MAX, fail, "9 ");  // the digit that is too much stays
+  CHECK_NUMBER(long long, "99999999999999999999999 ", LLONG_MAX, fail, " ");  // decimal digits are read to their end
   CHECK_NUMBER(long long, "-", 0, eof | fail, "");
   CHECK_NUMBER(unsigned long long, "18446744073709551615 ", ULLONG_MAX, good, " ");
   CHECK_NUMBER(unsigned long long, "-1 ", ULLONG_MAX, good, " ");

@@ -75,6 +75,14 @@ void words() {
   s.iword(2) = 7;
   CHECK(fifth == &s.iword(5));
   CHECK(s.pword(3) == 0);
+  bool refused = false;
+  try {
+    s.iword(-1) = 1;
+  } catch (const std::exception &) {
+    refused = true;
+  }
+  CHECK(refused);
+  CHECK_INT(s.iword(2), 7);
   const int first = std::ios_base::xalloc();
   CHECK_INT(std::ios_base::xalloc(), first + 1);
 }
@@ -122,6 +130,37 @@ void callbacks() {
     CHECK(thrown);
   }  // discarded there
   CHECK_TRACE("");
+  // Before the copy nothing has changed; after it only the mask has not.
+  stream from(&buffer), to(&buffer), also_to(&buffer);
+  from.exceptions(std::ios::eofbit);
+  from.iword(0) = 1;
+  from.register_callback(refuse, 0);
+  to.register_callback(refuse, 0);
+  stream *const refused[] = {&to, &also_to};
+  for (int i = 0; i < 2; ++i) {
+    bool thrown = false;
+    try {
+      refused[i]->copyfmt(from);
+    } catch (int) {
+      thrown = true;
+    }
+    CHECK(thrown);
+    CHECK_INT(refused[i]->iword(0), i);
+    CHECK_INT(refused[i]->exceptions(), 0);
+  }
+  // What the buffer throws passes as well, and the stream has the locale by then.
+  struct refusing : std::streambuf {
+    virtual void imbue(const std::locale &) { throw 1; }
+  } no;
+  stream s(&no);
+  const std::locale other(std::locale::classic(), new std::ctype<char>);
+  bool thrown = false;
+  try {
+    s.imbue(other);
+  } catch (int) {
+    thrown = true;
+  }
+  CHECK(thrown && s.getloc() == other && no.getloc() == std::locale::classic());
 }
 
 struct growing {

@@ -1,6 +1,7 @@
 // Output that goes wrong: buffers whose operations fail or throw, facets that are missing or throw, ties that fail,
 // with and without an exception mask. What counts: the state, the width, that only failure is ever thrown, no exception
 // leaks.
+#include <istream>
 #include <locale>
 #include <plx/num_put.h>
 #include <ostream>
@@ -89,7 +90,7 @@ void failing_buffers() {
         if (state != bit) fprintf(stderr, "operation %u, throws %d, mask %d\n", i, throws, mask);
         CHECK_INT(state, bit);
         CHECK_INT(buffer_error::live, 0);
-        if (!throws) CHECK_INT(out.width(), operations[i].resets_width ? 0 : 2);
+        if (!throws || operations[i].insert == a_bool) CHECK_INT(out.width(), operations[i].resets_width ? 0 : 2);
       }
     }
   }
@@ -185,6 +186,44 @@ void failing_ties() {
   tied.exceptions(bad);
   CHECK(throws_failure(out, a_long));
   CHECK(out.good());
+  // An input stream that waits for it becomes bad instead.
+  struct reading : std::streambuf {
+    virtual int underflow() { return '1'; }
+    virtual int uflow() { return '1'; }
+  } digits;
+  std::istream in(&digits);
+  in.tie(&tied);
+  tied.clear();
+  CHECK_INT(in.get(), -1);
+  CHECK_INT(in.rdstate(), bad | failed);
+  CHECK_INT(tied.rdstate(), bad);
+  CHECK_INT(buffer_error::live, 0);
+}
+
+// A buffer that is written out throws: what came before it counts.
+void failing_sources() {
+  for (int peeks = 0; peeks < 2; ++peeks) {
+    struct throwing : std::streambuf {
+      bool peeks;
+      int left;
+      virtual int underflow() {
+        if (peeks && left == 0) throw buffer_error();
+        return 'a';
+      }
+      virtual int uflow() {
+        if (left-- == 0) throw buffer_error();
+        return 'a';
+      }
+    } from;
+    from.peeks = peeks != 0;
+    from.left = 2;
+    taking buffer;
+    std::ostream out(&buffer);
+    out << &from;
+    CHECK_INT(out.rdstate(), bad);
+    CHECK_TEXT(buffer.taken(), peeks ? "aa" : "aaa");
+    CHECK_INT(buffer_error::live, 0);
+  }
 }
 
 typedef std::num_put<char, std::ostreambuf_iterator<char> > a_num_put;
@@ -286,6 +325,7 @@ int main() {
   positions();
   failing_unitbuf();
   failing_ties();
+  failing_sources();
   facets();
   users_operators();
   while_unwinding();
