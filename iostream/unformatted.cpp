@@ -5,6 +5,18 @@
 #include "../libC/i386/copy_block.h"
 #include "input_operation.h"
 
+namespace __zor {
+
+int _take_from_file(void *of) PLX_NOTHROW {
+  std::streambuf *const buffer = static_cast<std::streambuf *>(of);
+  if (!is_plain_filebuf(buffer)) return EOF;
+  FILE *const file = buffer_access::file(*buffer);
+  if (!file || file->_IO_read_ptr >= file->_IO_read_end) return EOF;
+  return static_cast<unsigned char>(*file->_IO_read_ptr++);
+}
+
+}  // namespace __zor
+
 namespace std {
 
 using namespace __zor;
@@ -76,14 +88,14 @@ inline void count_more(streamsize &count, streamsize n) { count = count > INT_MA
 
 }  // namespace
 
-template <class C, class T> typename basic_istream<C, T>::int_type basic_istream<C, T>::get() {
+// The streams that get() and get(c) have not dealt with in the header.
+template <class C, class T> typename basic_istream<C, T>::int_type basic_istream<C, T>::_get() {
   const int c = take_at_once(*this);
   return __builtin_expect(c == EOF, false) ? take_in_frame(*this) : c;
 }
 
-template <class C, class T> basic_istream<C, T> &basic_istream<C, T>::get(C &to) {
-  int c = take_at_once(*this);
-  if (__builtin_expect(c == EOF, false)) c = take_in_frame(*this);
+template <class C, class T> basic_istream<C, T> &basic_istream<C, T>::_get(C &to) {
+  const int c = _get();
   if (c != EOF) to = static_cast<char>(c);
   return *this;
 }

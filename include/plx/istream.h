@@ -84,8 +84,16 @@ public:
   streamsize gcount() const PLX_NOTHROW { return _gcount_; }
 
   // The next character: eof, with eofbit and failbit, when there is none.
-  int_type get();
-  basic_istream &get(_Ct &_c);
+  int_type get() {
+    const int_type _c = _take_ready();
+    return __builtin_expect(_T::eq_int_type(_c, _T::eof()), false) ? _get() : _c;
+  }
+  basic_istream &get(_Ct &_c) {
+    const int_type _taken = _take_ready();
+    if (__builtin_expect(_T::eq_int_type(_taken, _T::eof()), false)) return _get(_c);
+    _c = _T::to_char_type(_taken);
+    return *this;
+  }
 
   // Up to n - 1 characters before `_delim` (newline), which stays, and a null character. None at all gives failbit. A
   // null character is written even when n is below 1.
@@ -130,6 +138,17 @@ protected:
 
 private:
   friend struct __zor::stream_access;
+
+  // Most characters need no frame: the stream is good, nothing is tied to it, and its buffer has one ready. eof: it is
+  // to be asked for in the frame.
+  int_type _take_ready() {
+    if (__builtin_expect(!this->good() || this->tie(), false)) return _T::eof();
+    const int_type _c = this->rdbuf()->_take_ready();
+    if (__builtin_expect(!_T::eq_int_type(_c, _T::eof()), true)) _gcount_ = 1;
+    return _c;
+  }
+  int_type _get();
+  basic_istream &_get(_Ct &_c);
 
   streamsize _gcount_;
 };

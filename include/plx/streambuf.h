@@ -12,7 +12,10 @@
 
 namespace __zor {
 struct buffer_access;
-}
+
+// For a filebuf that is of no derived class: the next character, which is taken, if stdio has it ready. Else -1.
+PLX_API int _take_from_file(void *_buffer) PLX_NOTHROW __attribute__((__regparm__(1)));
+}  // namespace __zor
 
 namespace std {
 
@@ -112,8 +115,14 @@ protected:
 private:
   friend struct __zor::buffer_access;
   friend struct __zor::_put_access;
+  friend class basic_istream<_Ct, _T>;
   basic_streambuf(const basic_streambuf &);
   basic_streambuf &operator=(const basic_streambuf &);
+
+  // The next character, if that can be taken without a virtual call; else eof.
+  int_type _take_ready() {
+    return _gptr_ < _egptr_ ? _T::to_int_type(*_gptr_++) : static_cast<int_type>(__zor::_take_from_file(this));
+  }
 
   _Ct *_eback_;
   _Ct *_gptr_;
