@@ -105,7 +105,7 @@ template <class C, class T, class A> bool basic_stringbuf<C, T, A>::_make_room(u
 template <class C, class T, class A> void basic_stringbuf<C, T, A>::_start() PLX_NOTHROW {
   if (!(_mode_ & ios_base::out) || !string_blocks_are_free()) return;
   _adopt(_small_, _step);
-  _written_ = _block_;
+  _buffer_end_ = _written_ = _block_;
   _wide_ = _fresh_ = true;
   this->setp(_block_, _room_end_);
 }
