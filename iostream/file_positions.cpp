@@ -20,11 +20,6 @@ int get_after_refill(FILE *file) {
   return getc_unlocked(file);
 }
 
-int put_after_flush(FILE *file, int c) {
-  turn_to_writing(file);
-  return putc_unlocked(c, file) == EOF ? EOF : c;
-}
-
 namespace {
 
 long as_long(off64_t position) { return position > LONG_MAX ? -1 : static_cast<long>(position); }

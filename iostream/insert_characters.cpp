@@ -1,6 +1,5 @@
 // What is written without padding: blocks, and the manipulators that write a character.
 
-#include "../libC/i386/copy_block.h"
 #include "output_window.h"
 #include "stdio_file.h"
 
@@ -30,18 +29,18 @@ template <class C, class T> basic_ostream<C, T> &basic_ostream<C, T>::write(cons
   if (is_plain_stringbuf(buffer)) {
     char *&next = buffer_access::pptr(*buffer);
     if (buffer_access::epptr(*buffer) - next < n) return write_guarded(*this, text, n);
-    copy_block(next, text, n);
+    memcpy(next, text, n);
     next += n;
     return *this;
   }
   FILE *const file = plain_file(buffer);
   if (!file) return write_guarded(*this, text, n);
-  if (n <= room_in(file)) {
+  if (n < room_in(file)) {
     copy_text(file->_IO_write_ptr, text, n);
     file->_IO_write_ptr += n;
     return *this;
   }
-  return write_file(file, text, n) == n ? *this : write_failed(*this);
+  return write_after_flush(file, text, n) == n ? *this : write_failed(*this);
 }
 
 template <> ostream &endl(ostream &out) {

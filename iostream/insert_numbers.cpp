@@ -48,7 +48,7 @@ struct a_place {
     }
     const int n = static_cast<int>(last - local);
     if (file) {
-      write_file(file, local, n);
+      write_after_flush(file, local, n);
       return true;
     }
     char *&next = buffer_access::pptr(*buffer);

@@ -12,24 +12,24 @@ namespace {
 
 // Writes a text that needs no fill, where that needs no frame. A put area is used without asking its buffer only where
 // `any_area` says that the program expects no block, or is the library's own.
-inline bool insert_at_once(ios &stream, const char *text, unsigned n, bool any_area) {
+template <bool any_area> inline PLX_INLINE bool insert_at_once(ios &stream, const char *text, unsigned n) {
   if (!is_quiet(stream) || stream_access::width(stream) > static_cast<streamsize>(n)) return false;
   streambuf *const buffer = stream_access::buffer(stream);
-  char *&next = buffer_access::pptr(*buffer);
-  if (static_cast<unsigned>(buffer_access::epptr(*buffer) - next) >= n && (any_area || is_plain_stringbuf(buffer))) {
-    copy_text(next, text, n);
-    next += n;
-  } else {
+  char **next = &buffer_access::pptr(*buffer);
+  if (static_cast<unsigned>(buffer_access::epptr(*buffer) - *next) < n || !(any_area || is_plain_stringbuf(buffer))) {
     FILE *const file = plain_file(buffer);
     if (!file) return false;
-    if (static_cast<unsigned>(room_in(file)) >= n) {
-      copy_text(file->_IO_write_ptr, text, n);
-      file->_IO_write_ptr += n;
-    } else {
-      write_file(file, text, static_cast<long>(n));
+    if (static_cast<unsigned>(room_in(file)) < n) {
+      write_after_flush(file, text, n);
+      stream_access::width(stream) = 0;
+      return true;
     }
+    next = &file->_IO_write_ptr;
   }
   stream_access::width(stream) = 0;
+  char *const at = *next;
+  *next = at + n;
+  copy_text(at, text, n);
   return true;
 }
 
@@ -56,7 +56,8 @@ bool put_fill(streambuf &buffer, char fill, streamsize count) {
   return true;
 }
 
-PLX_LONG_WAY ostream &insert_c_string_elsewhere(ostream &out, const char *text, unsigned n) {
+PLX_LONG_WAY ostream &insert_c_string_elsewhere(ostream &out, const char *text) {
+  const unsigned n = text ? strlen(text) : 0;
   const bool right = (out.flags() & ios_base::adjustfield) == ios_base::right;
   if (insert_filled(out, text, n, true, right)) return out;
   output_operation(
@@ -96,12 +97,12 @@ PLX_LONG_WAY ostream &insert_string_elsewhere(ostream &out, const char *text, st
 }  // namespace
 
 ostream &__zor_insert_c_string(ostream &out, const char *text) {
-  const unsigned n = text ? strlen(text) : 0;
-  return insert_at_once(base_of(out), text, n, true) ? out : insert_c_string_elsewhere(out, text, n);
+  const bool done = insert_at_once<true>(base_of(out), text, text ? strlen(text) : 0);
+  return done ? out : insert_c_string_elsewhere(out, text);
 }
 
 ostream &__zor_insert_string(ostream &out, const char *text, streamsize n) {
-  return insert_at_once(base_of(out), text, n, false) ? out : insert_string_elsewhere(out, text, n);
+  return insert_at_once<false>(base_of(out), text, n) ? out : insert_string_elsewhere(out, text, n);
 }
 
 }  // namespace std

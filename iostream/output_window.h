@@ -8,6 +8,9 @@
 #include "output_operation.h"
 #include "windows.h"
 
+// For the quick ways: in one piece, whatever compilers think of their size.
+#define PLX_INLINE __attribute__((__always_inline__))
+
 // For the long ways: out of line, so that the quick ones save few registers.
 #define PLX_LONG_WAY __attribute__((__noinline__, __visibility__("hidden")))
 
@@ -43,15 +46,22 @@ inline FILE *plain_file(std::streambuf *buffer) {
 
 inline int room_in(const FILE *file) { return static_cast<int>(file->_IO_write_end - file->_IO_write_ptr); }
 
+inline void copy_eight(char *to, const char *from) {
+  memcpy(to, from, 4);
+  memcpy(to + 4, from + 4, 4);
+}
+
 // Copies exactly n characters; most texts are shorter than a call of memcpy is worth.
 inline void copy_text(char *to, const char *from, unsigned n) {
-  if (n > 16) {
+  if (n > 32) {
     memcpy(to, from, n);
   } else if (n >= 8) {
-    memcpy(to, from, 4);
-    memcpy(to + 4, from + 4, 4);
-    memcpy(to + n - 8, from + n - 8, 4);
-    memcpy(to + n - 4, from + n - 4, 4);
+    copy_eight(to, from);
+    if (n > 16) {
+      copy_eight(to + 8, from + 8);
+      copy_eight(to + n - 16, from + n - 16);
+    }
+    copy_eight(to + n - 8, from + n - 8);
   } else if (n >= 4) {
     memcpy(to, from, 4);
     memcpy(to + n - 4, from + n - 4, 4);

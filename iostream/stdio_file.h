@@ -34,6 +34,7 @@ inline int peek_file(FILE *file) {
 // The long ways are functions of their own, so that the short ones need no frame.
 int get_after_refill(FILE *file) __attribute__((__noinline__, __regparm__(1)));
 int put_after_flush(FILE *file, int c) __attribute__((__noinline__, __regparm__(2)));
+long write_after_flush(FILE *file, const char *from, long n) __attribute__((__noinline__, __regparm__(3)));
 
 inline int get_from_file(FILE *file) {
   if (file->_IO_read_ptr < file->_IO_read_end) return static_cast<unsigned char>(*file->_IO_read_ptr++);
@@ -57,13 +58,12 @@ inline int put_into_file(FILE *file, int c) {
 }
 
 inline long write_file(FILE *file, const char *from, long n) {
-  if (n <= file->_IO_write_end - file->_IO_write_ptr) {
+  if (n < file->_IO_write_end - file->_IO_write_ptr) {
     memcpy(file->_IO_write_ptr, from, n);
     file->_IO_write_ptr += n;
     return n;
   }
-  turn_to_writing(file);
-  return static_cast<long>(fwrite_unlocked(from, 1, n, file));
+  return write_after_flush(file, from, n);
 }
 
 // Positions: -1 for failure, and for any that a long does not hold; a refused move leaves the file where it was.
