@@ -39,13 +39,7 @@ template <class C, class T, class A> basic_stringbuf<C, T, A>::basic_stringbuf(i
 // A derived object passes here too, and must find a block that it may free: so this is no plain buffer yet.
 template <class C, class T, class A>
 basic_stringbuf<C, T, A>::basic_stringbuf(const basic_string<C, T, A> &text, ios_base::openmode mode)
-    : _mode_(mode),
-      _buffer_end_(nullptr),
-      _block_(nullptr),
-      _room_end_(nullptr),
-      _written_(nullptr),
-      _wide_(false),
-      _fresh_(false) {
+    : basic_stringbuf(mode) {
   if (text.empty()) return;
   eh_local<unfinished> base(this);
   _set_text(text.data(), text.size(), false);
@@ -106,21 +100,11 @@ template <class C, class T, class A> void basic_stringbuf<C, T, A>::_set_text(co
   _set_areas(_block_, n);
 }
 
-template <class C, class T, class A> void basic_stringbuf<C, T, A>::_set_put(C *begin, C *next, C *end) PLX_NOTHROW {
-  this->setp(begin, end);
-  this->pbump(static_cast<int>(next - begin));
-}
-
 template <class C, class T, class A> void basic_stringbuf<C, T, A>::_set_areas(C *at, unsigned n) PLX_NOTHROW {
   _wide_ = _fresh_ = false;
   _written_ = at + n;
   if (_mode_ & ios_base::in) this->setg(at, at, at + n);
   if (_mode_ & ios_base::out) _set_put(at, _mode_ & ios_base::app ? at + n : at, at + n);
-}
-
-template <class C, class T, class A> void basic_stringbuf<C, T, A>::_adopt(C *at, unsigned room) PLX_NOTHROW {
-  _block_ = at;
-  _room_end_ = at + room;
 }
 
 // The block belongs to the area that lies in it: a derived class that took it away also took the areas away.
@@ -139,17 +123,6 @@ template <class C, class T, class A> void basic_stringbuf<C, T, A>::_forget() PL
 
 template <class C, class T, class A> bool basic_stringbuf<C, T, A>::_is_plain() const PLX_NOTHROW {
   return is_plain_stringbuf(this);
-}
-
-// The end of the characters that can have been written. In a derived object overflow may have widened the put area by
-// more than it wrote.
-template <class C, class T, class A> C *basic_stringbuf<C, T, A>::_put_end() const PLX_NOTHROW {
-  C *const next = this->pptr();
-  return next < _written_ && _written_ <= this->epptr() && _written_ >= this->pbase() ? _written_ : next;
-}
-
-template <class C, class T, class A> void basic_stringbuf<C, T, A>::_note_written() PLX_NOTHROW {
-  if (_written_ < this->pptr()) _written_ = this->pptr();
 }
 
 template class basic_stringbuf<char, char_traits<char>, allocator<char>>;

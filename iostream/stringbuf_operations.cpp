@@ -1,6 +1,7 @@
 // basic_stringbuf<char>: what the streams call when an area is exhausted, and positions.
 
 #include "../libC/i386/copy_block.h"
+#include "offset.h"
 #include "windows.h"
 
 #include "stringbuf_block.h"
@@ -12,12 +13,6 @@ namespace std {
 namespace {
 
 inline char as_byte(int c) { return 0 <= c && c <= 255 ? static_cast<char>(c) : 0; }
-
-// The offset that base + off means, in 0 .. last; -1 for any other.
-inline long within(long base, long off, long last) {
-  const long long at = static_cast<long long>(base) + off;
-  return 0 <= at && at <= last ? static_cast<long>(at) : -1;
-}
 
 }  // namespace
 

@@ -11,6 +11,7 @@
 
 #include <plx/strstream.h>
 
+#include "offset.h"
 #include "stringbuf_block.h"
 
 using namespace __zor;
@@ -90,10 +91,10 @@ void strstreambuf::_set_put(char *begin, char *next, char *end) PLX_NOTHROW {
   pbump(static_cast<int>(next - begin));
 }
 
-// A new array, which may be larger where nobody can see that.
+// A new array, which may be larger where nobody can see that: a release function sees every array that is left.
 char *strstreambuf::_make(streamsize n) {
   if (_palloc_) return static_cast<char *>(_palloc_(n));
-  if (string_blocks_are_free()) {
+  if (!_pfree_ && string_blocks_are_free()) {
     const unsigned room = grown_string_room(_room_, n);
     if (void *const at = room <= INT_MAX ? malloc(room) : nullptr) {
       _room_ = room;
@@ -154,16 +155,6 @@ int strstreambuf::pbackfail(int c) {
   gbump(-1);
   return c == -1 ? 0 : c;
 }
-
-namespace {
-
-// The offset that base + off means, in 0 .. last; -1 for any other.
-inline long within(long base, long off, long last) {
-  const long long at = static_cast<long long>(base) + off;
-  return 0 <= at && at <= last ? static_cast<long>(at) : -1;
-}
-
-}  // namespace
 
 streampos strstreambuf::seekoff(streamoff off, ios_base::seekdir way, ios_base::openmode which) {
   const bool begins = way == ios_base::beg, continues = way == ios_base::cur;

@@ -65,12 +65,26 @@ private:
 
   static unsigned int _rule(unsigned int _n) PLX_NOTHROW { return (_n & ~(_step - 1u)) + _step; }
   bool _is_plain() const PLX_NOTHROW;
-  _Ct *_put_end() const PLX_NOTHROW;
-  void _set_put(_Ct *_begin, _Ct *_next, _Ct *_end) PLX_NOTHROW;
-  void _note_written() PLX_NOTHROW;
+
+  // The end of the characters that can have been written. In a derived object overflow may have widened the put area
+  // by more than it wrote.
+  _Ct *_put_end() const PLX_NOTHROW {
+    _Ct *const _next = this->pptr();
+    return _next < _written_ && _written_ <= this->epptr() && _written_ >= this->pbase() ? _written_ : _next;
+  }
+  void _note_written() PLX_NOTHROW {
+    if (_written_ < this->pptr()) _written_ = this->pptr();
+  }
+  void _set_put(_Ct *_begin, _Ct *_next, _Ct *_end) PLX_NOTHROW {
+    this->setp(_begin, _end);
+    this->pbump(static_cast<int>(_next - _begin));
+  }
+  void _adopt(_Ct *_at, unsigned int _room) PLX_NOTHROW {
+    _block_ = _at;
+    _room_end_ = _at + _room;
+  }
   void _set_areas(_Ct *_at, unsigned int _n) PLX_NOTHROW;
   void _set_text(const _Ct *_text, unsigned int _n, bool _plain);
-  void _adopt(_Ct *_at, unsigned int _room) PLX_NOTHROW;
   void _release() PLX_NOTHROW;
   void _forget() PLX_NOTHROW;
   void _grow();

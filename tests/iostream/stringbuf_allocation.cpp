@@ -3,6 +3,7 @@
 // constructors leave nothing behind.
 #include <locale>
 #include <sstream>
+#include <strstream>
 
 #include "../fail_allocation.h"
 
@@ -118,6 +119,9 @@ struct empty_both : std::stringstream {};
 struct text_in : std::istringstream {
   text_in() : std::istringstream(std::string(200, 'x')) {}
 };
+struct array_in : std::istrstream {
+  array_in() : std::istrstream("text") {}
+};
 struct plain_text_in {
   std::istringstream s;
   plain_text_in() : s(std::string(200, 'x')) {}
@@ -134,6 +138,9 @@ void refused_constructors() {
     CHECK(refused<empty_both>());
     CHECK(refused<text_in>());
     CHECK(refused<plain_text_in>());
+    CHECK(refused<array_in>());
+    CHECK(refused<std::ostrstream>());
+    CHECK(refused<std::strstream>());
     std::locale::global(old);
   }
   CHECK_INT(live_blocks, before);

@@ -12,17 +12,22 @@ namespace {
 const int in = std::ios_base::in, out = std::ios_base::out, app = std::ios_base::app;
 
 char arena[4096];
-bool refuse;
+bool refuse, throws;
 int arena_used;
 
 void *take(size_t n) {
   trace("+%u", static_cast<unsigned>(n));
+  if (throws) throw 7;
   if (refuse) return 0;
   char *const at = arena + arena_used;
   arena_used += static_cast<int>(n);
   return at;
 }
 void give(void *p) { trace("-%d", static_cast<int>(static_cast<char *>(p) - arena)); }
+void give_back(void *p) {
+  trace("-");
+  std::strstreambuf::default_free(p);
+}
 
 class probe : public std::strstreambuf {
 public:
@@ -59,9 +64,29 @@ void growing() {
   CHECK_INT(b.sputc('x'), -1);
   refuse = false;
   CHECK_TRACE("+48");
+  throws = true;
+  bool thrown = false;
+  try {
+    b.sputc('x');
+  } catch (int) {
+    thrown = true;
+  }
+  throws = false;
+  CHECK(thrown);
+  CHECK_TRACE("+48");
   CHECK_INT(b.pcount(), 32);
   CHECK_INT(b.sputn("xy", 2), 2);
   CHECK_TRACE("+48 -16");
+
+  // A function to release alone sees every array that is left.
+  probe released(0, give_back);
+  for (int i = 0; i < 33; ++i) CHECK_INT(released.sputc('x'), 'x');
+  CHECK_TRACE("- -");
+  give_back(released.str());
+  CHECK_TRACE("-");
+  probe own(take, 0);
+  own.sputc('x');
+  CHECK_TRACE("+16");
 
   probe larger(100);
   for (int i = 0; i < 2000; ++i) {
@@ -83,6 +108,8 @@ void freezing() {
   s << 'd';
   CHECK_INT(s.pcount(), 4);
   CHECK(memcmp(s.str(), "abcd", 4) == 0);
+  s << "0123456789012345";  // str() freezes nothing
+  CHECK(s.pcount() == 20 && memcmp(s.str(), "abcd0123", 8) == 0);
   delete[] s.str();
 
   char array[4];
