@@ -38,6 +38,7 @@ struct buffer_access {
   static void set_text(std::stringbuf &b, const std::string &text) { b._set_text(text.data(), text.size(), true); }
 
   static FILE *file(std::streambuf &b) { return static_cast<std::filebuf &>(b)._file_; }
+  static unsigned char &refills(std::filebuf &b) { return b._refills_; }
 
   static std::streambuf *buffer(const std::istreambuf_iterator<char> &i) { return i._sb_; }
   static std::streambuf *buffer(const std::ostreambuf_iterator<char> &i) { return i._sb_; }

@@ -15,11 +15,6 @@ void turn_to_reading(FILE *file) {
   if (feof_unlocked(file) && !isatty(fileno_unlocked(file))) file->_flags &= ~_IO_EOF_SEEN;
 }
 
-int get_after_refill(FILE *file) {
-  turn_to_reading(file);
-  return getc_unlocked(file);
-}
-
 namespace {
 
 long as_long(off64_t position) { return position > LONG_MAX ? -1 : static_cast<long>(position); }

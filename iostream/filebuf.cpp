@@ -5,6 +5,7 @@
 #include <plx/filebuf.h>
 
 #include "filebuf_convert.h"
+#include "read_ahead.h"
 #include "stdio_file.h"
 
 using namespace __zor;
@@ -58,15 +59,15 @@ template <class C, class T> streamsize basic_filebuf<C, T>::xsputn(const C *from
 }
 
 template <class C, class T> typename basic_filebuf<C, T>::int_type basic_filebuf<C, T>::underflow() {
-  return _file_ ? peek_file(_file_) : -1;
+  return peek_file(*this);
 }
 
 template <class C, class T> typename basic_filebuf<C, T>::int_type basic_filebuf<C, T>::uflow() {
-  return _file_ ? get_from_file(_file_) : -1;
+  return get_from_file(*this);
 }
 
 template <class C, class T> streamsize basic_filebuf<C, T>::xsgetn(C *to, streamsize n) {
-  return _file_ && n > 0 ? read_file(_file_, to, n) : 0;
+  return _file_ && n > 0 ? read_file(*this, to, n) : 0;
 }
 
 template <class C, class T> typename basic_filebuf<C, T>::int_type basic_filebuf<C, T>::pbackfail(int_type c) {
@@ -80,12 +81,14 @@ template <class C, class T> typename basic_filebuf<C, T>::pos_type basic_filebuf
                                                                                                 ios_base::seekdir way,
                                                                                                 ios_base::openmode) {
   if (!_file_ || ((way & ios_base::beg) && off < 0) || ((way & ios_base::end) && off > 0)) return -1;
+  _refills_ = 0;
   return move_by(_file_, off, way & ios_base::beg ? SEEK_SET : way & ios_base::end ? SEEK_END : SEEK_CUR);
 }
 
 template <class C, class T>
 typename basic_filebuf<C, T>::pos_type basic_filebuf<C, T>::seekpos(pos_type pos, ios_base::openmode) {
   if (!_file_ || pos == pos_type(-1)) return -1;
+  _refills_ = 0;
   return move_by(_file_, pos, SEEK_SET);
 }
 

@@ -40,9 +40,9 @@ bool release(FILE *file) { return (is_standard_file(file) ? fflush_unlocked(file
 
 }  // namespace
 
-template <class C, class T> basic_filebuf<C, T>::basic_filebuf() : _file_(nullptr), _mode_(0) {}
+template <class C, class T> basic_filebuf<C, T>::basic_filebuf() : _file_(nullptr), _mode_(0), _refills_(0) {}
 
-template <class C, class T> basic_filebuf<C, T>::basic_filebuf(FILE *file) : _file_(file), _mode_(0) {}
+template <class C, class T> basic_filebuf<C, T>::basic_filebuf(FILE *file) : _file_(file), _mode_(0), _refills_(0) {}
 
 template <class C, class T> basic_filebuf<C, T> *basic_filebuf<C, T>::open(const char *path, ios_base::openmode mode) {
   if (_file_) return nullptr;
@@ -65,6 +65,7 @@ template <class C, class T> basic_filebuf<C, T> *basic_filebuf<C, T>::open(const
     return nullptr;
   }
   _file_ = file;
+  _refills_ = 0;
   return this;
 }
 

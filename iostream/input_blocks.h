@@ -5,7 +5,7 @@
 // program's buffer sees what a reader character by character would call.
 #pragma once
 
-#include "stdio_file.h"
+#include "read_ahead.h"
 #include "windows.h"
 
 namespace __zor {
@@ -16,7 +16,7 @@ inline bool is_plain_buffer(const std::streambuf *buffer) {
 }
 
 // Makes a get window of stdio's next characters; false at the end.
-inline bool refill(FILE *file) { return file && peek_file(file) != EOF; }
+inline bool refill(std::streambuf *buffer) { return peek_file(static_cast<std::filebuf &>(*buffer)) != EOF; }
 
 // Calls accept(at, end) with block after block. It moves `at` behind what it takes, and returns whether it wants more;
 // it must take the whole block then. Returns false when the input ended first. What the buffer or accept throws passes,
@@ -30,7 +30,7 @@ template <class Accept> [[gnu::always_inline]] inline bool read_blocks(std::stre
       window.take_up_to(at);
       if (!more) return true;
     } else if (is_plain_filebuf(buffer)) {
-      if (!refill(buffer_access::file(*buffer))) return false;
+      if (!refill(buffer)) return false;
     } else {
       const int c = buffer->sbumpc();
       if (c == EOF) return false;

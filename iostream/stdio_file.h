@@ -9,9 +9,6 @@
 #include <stdio_ext.h>
 #include <string.h>
 
-// What getc's macro calls when the buffer is empty: it fills it and returns the first character, which stays.
-extern "C" int __underflow(FILE *file);
-
 namespace __zor {
 
 inline bool is_standard_file(const FILE *file) { return file == stdin || file == stdout || file == stderr; }
@@ -24,32 +21,9 @@ inline void turn_to_writing(FILE *file) {
   if (file->_IO_read_base != file->_IO_read_end) fseek(file, 0, SEEK_CUR);
 }
 
-// The next character, which stays; EOF at the end.
-inline int peek_file(FILE *file) {
-  if (file->_IO_read_ptr < file->_IO_read_end) return static_cast<unsigned char>(*file->_IO_read_ptr);
-  turn_to_reading(file);
-  return __underflow(file);
-}
-
-// The long ways are functions of their own, so that the short ones need no frame.
-int get_after_refill(FILE *file) __attribute__((__noinline__, __regparm__(1)));
+// The long way is a function of its own, so that the short one needs no frame.
 int put_after_flush(FILE *file, int c) __attribute__((__noinline__, __regparm__(2)));
 long write_after_flush(FILE *file, const char *from, long n) __attribute__((__noinline__, __regparm__(3)));
-
-inline int get_from_file(FILE *file) {
-  if (file->_IO_read_ptr < file->_IO_read_end) return static_cast<unsigned char>(*file->_IO_read_ptr++);
-  return get_after_refill(file);
-}
-
-inline long read_file(FILE *file, char *to, long n) {
-  if (n <= file->_IO_read_end - file->_IO_read_ptr) {
-    memcpy(to, file->_IO_read_ptr, n);
-    file->_IO_read_ptr += n;
-    return n;
-  }
-  if (file->_IO_read_ptr >= file->_IO_read_end) turn_to_reading(file);
-  return static_cast<long>(fread_unlocked(to, 1, n, file));
-}
 
 inline int put_into_file(FILE *file, int c) {
   if (file->_IO_write_ptr >= file->_IO_write_end) return put_after_flush(file, c);

@@ -63,8 +63,8 @@ inline bool open_get_window(std::streambuf *buffer, get_window &window) {
     window = {gptr, egptr, &gptr};
     return true;
   }
-  if (is_plain_stringbuf(buffer)) return open_string_window(static_cast<std::stringbuf &>(*buffer), window);
-  if (!is_plain_filebuf(buffer)) return false;
+  if (!is_plain_filebuf(buffer))
+    return is_plain_stringbuf(buffer) && open_string_window(static_cast<std::stringbuf &>(*buffer), window);
   FILE *const file = buffer_access::file(*buffer);
   if (!file || file->_IO_read_ptr >= file->_IO_read_end) return false;
   window = {file->_IO_read_ptr, file->_IO_read_end, &file->_IO_read_ptr};

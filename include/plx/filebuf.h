@@ -53,6 +53,7 @@ private:
 
   FILE *_file_;  // null: closed
   short _mode_;
+  unsigned char _refills_;  // of stdio's buffer, one after the other; no more are counted than matter
 };
 
 __extension__ extern template class PLX_API basic_filebuf<char, char_traits<char> >;
