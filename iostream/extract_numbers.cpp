@@ -37,7 +37,7 @@ template <class T> [[gnu::noinline]] std::istream &extract_same_by_facet(std::is
 [[gnu::noinline]] bool open_number_window_beyond_space(std::streambuf *buffer, get_window &window) {
   return is_plain_buffer(buffer) && skip_plain_space(buffer) && open_get_window(buffer, window);
 }
-inline bool open_number_window(std::istream &in, get_window &window) {
+[[gnu::always_inline]] inline bool open_number_window(std::istream &in, get_window &window) {
   if (!starts_at_once(in) || !is_quick(in, std::locale::imp::_quick_num_get)) return false;
   if (__builtin_expect(open_window_beyond_space(in, window), true)) return true;
   return (stream_access::flags(in) & ios_base::skipws) &&

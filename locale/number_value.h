@@ -43,27 +43,51 @@ inline bool integer_fit(unsigned long &value, bool negative, bool is_signed, uns
   return false;
 }
 
+// Four characters at once, in memory's order: the first is in the lowest byte.
+inline unsigned int four_characters(const char *p) noexcept {
+  unsigned int four;
+  __builtin_memcpy(&four, p, sizeof four);
+  return four;
+}
+// Bit 7 of the bytes that are no digits. Those above the lowest may be wrong.
+inline unsigned int other_than_digits(unsigned int four) noexcept {
+  return ((four - 0x30303030u) | (four + 0x46464646u) | four) & 0x80808080u;
+}
+// The number of four digits' values; for fewer, the lowest bytes are 0.
+inline unsigned int value_of_four(unsigned int digits) noexcept {
+  const unsigned int pairs = (digits * 10 + (digits >> 8)) & 0x00FF00FF;
+  return (pairs * (100u << 16 | 1)) >> 16;
+}
+
 // The digits at p, as quick_integer does.
-inline const char *quick_decimal(const char *p, const char *end, unsigned long &value) noexcept {
-  if (p == end) return nullptr;
-  unsigned int digit = static_cast<unsigned char>(*p) - static_cast<unsigned int>('0');
-  if (digit > 9) return nullptr;
-  unsigned long sum = digit;
-  ++p;
-  const char *const sure = end - p > 8 ? p + 8 : end;  // nine digits always fit
-  for (; p != sure; ++p) {
-    digit = static_cast<unsigned char>(*p) - static_cast<unsigned int>('0');
-    if (digit > 9) {
-      value = sum;
-      return p;
+[[gnu::always_inline]] inline const char *quick_decimal(const char *p, const char *end, unsigned long &value) noexcept {
+  unsigned long sum = 0;
+  const char *const begin = p;
+  if (__builtin_expect(end - p >= 8, true)) {
+    // Most numbers end in their first eight characters, and few branches depend on where.
+    static const unsigned short powers[] = {1, 10, 100, 1000};
+    unsigned int four = four_characters(p), others = other_than_digits(four);
+    if (others == 0) {
+      sum = value_of_four(four - 0x30303030u);
+      p += 4;
+      four = four_characters(p);
+      others = other_than_digits(four);
     }
-    sum = sum * 10 + digit;
+    if (others != 0) {
+      const unsigned int n = static_cast<unsigned int>(__builtin_ctz(others)) >> 3;
+      value = sum * powers[n] + value_of_four((four - 0x30303030u) << 8 << (24 - 8 * n));
+      p += n;
+      return p == begin ? nullptr : p;
+    }
+    sum = sum * 10000 + value_of_four(four - 0x30303030u);
+    p += 4;
   }
   for (; p != end; ++p) {
-    digit = static_cast<unsigned char>(*p) - static_cast<unsigned int>('0');
+    const unsigned int digit = static_cast<unsigned char>(*p) - static_cast<unsigned int>('0');
     if (digit > 9) break;
     if (!integer_append(sum, digit)) return nullptr;
   }
+  if (p == begin) return nullptr;
   value = sum;
   return p;
 }
@@ -76,7 +100,8 @@ NUMBER_CALL const char *quick_based(const char *p, const char *end, unsigned lon
 // more takes the general path instead, from p. Null, with `value` untouched: no plain number in range; the general path
 // decides (white space after the sign, overflow, no digits).
 template <bool Signed, unsigned long Max>
-inline const char *quick_integer(const char *p, const char *end, unsigned int flags, unsigned long &value) noexcept {
+[[gnu::always_inline]] inline const char *quick_integer(const char *p, const char *end, unsigned int flags,
+                                                        unsigned long &value) noexcept {
   if (p == end) return nullptr;
   const bool negative = *p == '-';
   if (negative || *p == '+') ++p;
