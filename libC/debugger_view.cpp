@@ -20,5 +20,4 @@ static_assert(sizeof(a_debugger_view) == 12, "the debugger's commands know this 
 }  // namespace __zor
 
 extern "C" PLX_API const __zor::a_debugger_view __zor_debugger_view;
-const __zor::a_debugger_view __zor_debugger_view = {1, &__zor::curr_throw_stack_entry,
-                                                    &__zor::needed_destruction_head};
+const __zor::a_debugger_view __zor_debugger_view = {1, &__zor::curr_throw_stack_entry, &__zor::needed_destruction_head};

@@ -116,6 +116,15 @@ _KINDS = {
 }
 
 
+def _where(frames, entry, kind):
+    if kind in (IN_PROGRESS, TERMINATE_BARRIER):
+        return ""
+    if kind == FOREIGN_FRAME:
+        context = Record(CONTEXT, entry.address - CONTEXT["next"][0])
+        return frames.of_code(context["landing_address"], entry.address)
+    return frames.around(entry.address)
+
+
 def lines(count):
     frames = Frames()
     region = current_region()
@@ -134,8 +143,7 @@ def lines(count):
         kind = entry["kind"]
         if kind not in _KINDS:
             raise Invalid("an entry of kind %d at 0x%x" % (kind, address))
-        in_frame = kind not in (IN_PROGRESS, TERMINATE_BARRIER)
-        where = frames.at(address) if in_frame else ""
+        where = _where(frames, entry, kind)
         parts = _KINDS[kind](entry, region)
         yield "#%-3d 0x%08x  %s%s" % (len(seen) - 1, address, next(parts), " in " + where if where else "")
         try:

@@ -1,7 +1,11 @@
-# Which function an eh stack entry on the stack belongs to: the one whose frame holds the entry's address. Entries come
-# innermost first, so the frames are walked once.
+# Which function an eh stack entry belongs to. Entries come innermost first, so the frames are walked once.
+#
+# Clang writes no unwind tables for C++ with this exception scheme: in optimised programs without frame pointers gdb may
+# lose its way. Then nothing is said rather than something wrong.
 
 import gdb
+
+from .memory import shortened, symbol_at
 
 
 class Frames:
@@ -11,8 +15,8 @@ class Frames:
         except gdb.error:
             self.frame = None
 
-    def at(self, address):
-        """"function at file:line" of the frame that an address lies in, or ""."""
+    def _holding(self, address):
+        """The frame that an address lies in, or None."""
         try:
             while self.frame is not None:
                 older = self.frame.older()
@@ -20,14 +24,37 @@ class Frames:
                 while older is not None and self.frame.type() == gdb.INLINE_FRAME:
                     self.frame, older = older, older.older()
                 if older is None or address < int(older.read_register("sp")) & 0xFFFFFFFF:
-                    return _described(self.frame)
+                    return self.frame
                 self.frame = older
         except gdb.error:
             self.frame = None
-        return ""
+        return None
+
+    def around(self, address):
+        """"function at file:line" of the frame that holds an address, or ""."""
+        frame = self._holding(address)
+        if frame is None or not frame.name():
+            return ""
+        return _with_line(frame.name(), frame)
+
+    def of_code(self, code, address):
+        """The same of the function that a piece of code belongs to, and whose frame holds an address."""
+        name = _function_at(code)
+        frame = self._holding(address)
+        if frame is None or not name or _function_at(_pc(frame)) != name:
+            return name
+        return _with_line(name, frame)
 
 
-def _described(frame):
-    name = frame.name() or "0x%x" % frame.pc()
+def _pc(frame):
+    # Of a call that does not return the next instruction may be another function's.
+    return frame.pc() - (0 if frame == gdb.newest_frame() else 1)
+
+
+def _function_at(code):
+    return shortened(symbol_at(code)[0])
+
+
+def _with_line(name, frame):
     line = frame.find_sal()
     return "%s at %s:%d" % (name, line.symtab.filename, line.line) if line.symtab else name

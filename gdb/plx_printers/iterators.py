@@ -13,6 +13,10 @@ class Iterator(Printer):
     """place() is the address where an iterator stands, 0 for a singular one; previous() the place before; target()
     what lies at a place, a value or a text."""
 
+    def __init__(self, value):
+        super().__init__(value)
+        self.title = self.title.split("::")[-1]
+
     def place(self):
         return int(self.value[self.members[0]])
 
@@ -25,7 +29,7 @@ class Iterator(Printer):
 
     def shown(self, place):
         if place == 0:
-            return "<singular %s>" % self.title.split("::")[-1]
+            return "<singular %s>" % self.title
         target = self.target(place)
         if isinstance(target, gdb.Value):
             check_readable(int(target.address), target.type.sizeof)

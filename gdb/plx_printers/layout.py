@@ -36,7 +36,7 @@ THROW = {
 DESTRUCTION = {"next": (0, "I"), "object": (4, "I"), "destructor": (8, "I")}
 
 # libC/eh_state.h: the body of a throw's marker.
-THROW_STATE = {"native": (28, "I"), "landed": (32, "I")}
+THROW_STATE = {"native": (24, "I")}
 
 # clang/frame.h; the eh stack entry is the field `next`.
 CONTEXT = {

@@ -86,7 +86,7 @@ def named_address(address):
 
 def shortened(name):
     """A C++ name with the library's usual arguments left out."""
-    name = name.replace("std::basic_string<char, std::char_traits<char>, std::allocator<char> >", "std::string")
+    name = name.replace("@plt", "").replace("std::basic_string<char, std::char_traits<char>, std::allocator<char> >", "std::string")
     return re.sub(r"std::basic_(\w+)<char, std::char_traits<char>(, std::allocator<char>)? >", r"std::\1", name)
 
 

@@ -2,7 +2,7 @@
 
 import gdb
 
-from .memory import plain
+from .memory import object_at, plain
 
 _table = {}
 
@@ -77,6 +77,8 @@ class _WithChildren(_Childless):
                 yield child
         except Exception as error:
             yield "...", invalid("rest", error)
+            if self.printer.kind == "map":
+                yield "...", "..."
 
 
 class _Invalid:
@@ -94,7 +96,8 @@ def printer_for(value):
         factory = _table.get(class_name(type))
         if factory is None or type.code != gdb.TYPE_CODE_STRUCT or not factory.fits(type) or value.is_optimized_out:
             return None
-        made = factory(value)
+        # Afresh by its address: gdb confuses the bases of what it knows to be a part of a larger object.
+        made = factory(value if value.address is None else object_at(int(value.address), value.type))
     except Exception:
         return None
     try:

@@ -45,8 +45,8 @@ class Vector(Array):
         self.first = storage["first"]
         self.n = distance(self.first, storage["_last"])
         self.capacity = distance(self.first, storage["_limit"])
-        if self.n > self.capacity:
-            raise Invalid("its end lies behind its block")
+        if self.n > self.capacity or self.capacity == 0 and int(self.first) != 0:
+            raise Invalid("its end does not fit its block at 0x%x" % int(self.first))
 
 
 class VectorOfBool(Printer):
@@ -146,6 +146,8 @@ class List(Printer):
     def children(self):
         node = int(self.head["next"])
         for i in range(self.n):
+            if self.head.address is not None and node == int(self.head.address):
+                raise Invalid("there are fewer nodes")
             yield "[%d]" % i, behind(node, LINKS, self.element)
             next = number(node)
             if number(next + 4) != node:

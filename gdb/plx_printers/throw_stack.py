@@ -1,6 +1,6 @@
 # plx throw-stack: the exception objects that exist and the rethrows of them, newest first.
 
-from .layout import ENTRY, THROW, THROW_STATE, Record
+from .layout import ENTRY, THROW, THROW_STATE, TYPE_POINTER, Record
 from .memory import Invalid
 from .roots import throw_stack
 from .type_names import message, qualified_name, type_name
@@ -40,7 +40,7 @@ def _message(thrown):
     native = _native(thrown)
     if native:
         return message(native, thrown["object"])
-    return message(thrown["type"], thrown["object"]) if not thrown["flags"] & 1 else ""
+    return "" if thrown["flags"] & TYPE_POINTER else message(thrown["type"], thrown["object"])
 
 
 def lines(count):
@@ -61,8 +61,7 @@ def lines(count):
             return
         line = "#%-3d %s at 0x%x, %s" % (i, thrown_type(thrown), thrown["object"], _state(thrown))
         if thrown["is_rethrow"]:
-            source = places.get(thrown["source"])
-            line += ", thrown again" if source is None else ", #%d thrown again" % source
+            line += ", rethrow of #%d" % places[thrown["source"]]
         else:
             line += ", references %d" % thrown["reference_count"]
         yield line

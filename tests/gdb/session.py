@@ -3,7 +3,7 @@
 #   //> COMMAND          is executed; `continue` goes on to the next call
 #   //= TEXT             lines that it must print, all of them
 #
-# Addresses are compared as 0xN. The last line that is printed says how it went.
+# Addresses are compared as 0xN, and places in the source by their text instead of a number. The last line that is printed says how it went.
 
 import os
 import re
@@ -29,12 +29,20 @@ def to_stop(command):
     gdb.execute("up", to_string=True)
 
 
+def line_of_source(found):
+    return os.path.basename(source) + ": " + open(source).readlines()[int(found.group(1)) - 1].strip()
+
+
 def printed(command):
     try:
         text = gdb.execute(command, to_string=True)
     except gdb.error as error:
         text = "error: %s" % error
-    return [re.sub("0x[0-9a-f]{4,}", "0xN", line).rstrip() for line in text.splitlines()]
+    text = re.sub("0x[0-9a-f]{4,}", "0xN", text.replace(os.path.dirname(source) + "/", ""))
+    text = re.sub(re.escape(os.path.basename(source)) + r":(\d+)", line_of_source, text)
+    # What the library's own functions are called is its compiler's affair.
+    text = re.sub("(0xN  array) in .*", r"\1", text)
+    return [line.rstrip() for line in text.splitlines()]
 
 
 def run():

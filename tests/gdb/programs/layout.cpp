@@ -1,0 +1,22 @@
+// The records whose offsets gdb's commands know: each as the compiler lays it out, for tests/gdb/layout.py to compare.
+#include <libC/eh_state.h>
+
+#include <clang/frame.h>
+
+an_eh_stack_entry entry;
+an_exception_type_specification clause;
+a_region_record region;
+an_array_record array;
+an_array_alloc_eh_info info;
+a_throw_stack_entry thrown;
+a_needed_destruction destruction;
+a_type_info_impl type;
+a_base_class_spec base;
+__zor::a_throw_state state;
+__zor::a_function_context context;
+__zor::private_eh_kind kind;
+FILE *file = stdin;
+
+void stop() { __asm__ volatile(""); }
+
+int main() { stop(); }
