@@ -1,0 +1,68 @@
+#!/bin/bash
+# What the documents name is there: targets of links with their anchors, files of this tree, verbs of ./dev, and for each
+# row of docs/deviations.md a test. The protocol names every entry point of the header that it explains.
+. "$PLX_SOURCE/tests/driver/common.bash"
+documents() { (cd "$PLX_SOURCE" && ls README.md CONTRIBUTING.md CHANGELOG.md docs/*.md); }
+# The text of a document without its blocks of code.
+text_of() { awk '/^ *```/ { inside = !inside; next } !inside' "$PLX_SOURCE/$1"; }
+
+# Anchors are made of a heading as web pages of repositories make them.
+anchors() {
+  text_of "$1" | sed -nE 's/^#+ +//p' | tr 'A-Z' 'a-z' | sed -E 's/[^a-z0-9 _-]//g; s/ /-/g'
+}
+for document in $(documents); do
+  text_of "$document" | grep -oE '\]\([^)]+\)' | tr -d ']()' | while read -r link; do
+    case $link in http://* | https://*) continue ;; esac
+    target=${link%%#*}
+    case $target in
+      '') target=$document ;;
+      *) target=$(realpath -m --relative-to="$PLX_SOURCE" "$PLX_SOURCE/$(dirname "$document")/$target") ;;
+    esac
+    if [ ! -e "$PLX_SOURCE/$target" ]; then
+      echo "$document: a link to nothing: $link"
+    elif [ "${link#*#}" != "$link" ] && ! anchors "$target" | grep -qx -- "${link#*#}"; then
+      echo "$document: $target has no such heading: $link"
+    fi
+  done
+done > missing
+# Names in code quotes that look like files of this tree: `folder/name`. A comma list or a pattern counts by its parts.
+folders=$(cd "$PLX_SOURCE" && git ls-files 2> log | cut -d/ -f1 -s | sort -u | tr '\n' '|')
+[ -n "$folders" ] || folders='libC|exceptions|string|containers|locale|iostream|clang|driver|include|tests|docs|bench|examples|cmake|man|'
+for document in $(documents); do
+  text_of "$document" | grep -oE '`[^` ]+`' | tr -d '\140' | grep -E "^(${folders%|})/" | sort -u | while read -r name; do
+    compgen -G "$PLX_SOURCE/$name" > found && continue
+    # Tests go by their names too.
+    compgen -G "$PLX_SOURCE/tests/${name#tests/}*" > found || echo "$document: no such file: $name"
+  done
+done >> missing
+"$PLX_SOURCE/dev" help > help || wrong "./dev help"
+for document in $(documents); do
+  grep -oE '\./dev( --preset[ =][a-z]+)? [a-z]+' "$PLX_SOURCE/$document" | awk '{ print $NF }' | sort -u | while read -r verb; do
+    [ "$verb" = help ] || grep -q "^  $verb\b" help || echo "$document: ./dev does not know $verb"
+  done
+done >> missing
+[ ! -s missing ] || wrong "$(cat missing)"
+
+# Each deviation has a test that CTest knows: a source, a script, a folder of sources, or a header.
+tests_of() { awk -F '|' '/^\|/ && !/^\|[-| ]*$/ && $0 !~ /\| Test \|$/ { print FNR ":" $(NF - 1) }' "$PLX_SOURCE/docs/deviations.md"; }
+rows=0
+while IFS=: read -r line names; do
+  rows=$((rows + 1))
+  quoted=$(grep -oE '`[a-z_]+/[a-z_.]+`' <<< "$names" | tr -d '\140')
+  [ -n "$quoted" ] || wrong "docs/deviations.md:$line: no test"
+  [ "$(tr -d ' ,' <<< "$names")" = "$(printf '`%s`' $quoted)" ] || wrong "docs/deviations.md:$line: tests as \`folder/name\`, please"
+  for name in $quoted; do
+    found=
+    for file in "$PLX_SOURCE/tests/$name".{cpp,c,sh} "$PLX_SOURCE/tests/$name"/; do [ -e "$file" ] && found=1; done
+    case $name in headers/*) [ -e "$PLX_SOURCE/include/${name#headers/}" ] && found=1 ;; esac
+    [ -n "$found" ] || wrong "docs/deviations.md:$line: there is no test $name"
+  done
+done < <(tests_of)
+[ $rows -ge 100 ] || wrong "docs/deviations.md: only $rows rows were found"
+
+# Names of the contract: everything that the header declares or defines, except the parts that make other names.
+grep -oE '\b(_[_A-Za-z][A-Za-z0-9_]+|PLX_[A-Z_]+[A-Z])\b' "$PLX_SOURCE/include/plx/runtime.h" | sort -u |
+  grep -vE '^(PLX_(LAYOUT_ASSERT|NORETURN|RUNTIME_H|DECLARE_TYPE)|_CONST|_VOLATILE|_ZTS|__GNUC__|__cplusplus|__noreturn__|_dtor|_ref)$' |
+  while read -r name; do grep -qF -- "$name" "$PLX_SOURCE/docs/protocol.md" || echo "$name"; done > missing
+[ ! -s missing ] || wrong "docs/protocol.md does not tell of $(tr '\n' ' ' < missing)"
+finish
