@@ -1,0 +1,59 @@
+#!/bin/bash
+# The rules that CONTRIBUTING.md states for the library's sources and that no compiler checks: which folder may know
+# which, who may touch the eh stack, no exceptions syntax, comments at the top, one format, nobody's own paths.
+. "$PLX_SOURCE/tests/driver/common.bash"
+cd "$PLX_SOURCE" || exit 1
+shopt -s globstar
+library=(libC/**/*.{cpp,h} exceptions/*.{cpp,h} string/*.{cpp,h} containers/*.{cpp,h} locale/*.{cpp,h} iostream/*.{cpp,h}
+  clang/**/*.{cpp,h})
+headers=(include/*[a-z] include/plx/*.h)
+for file in "${!headers[@]}"; do [ -f "${headers[file]}" ] || unset "headers[$file]"; done
+[ ${#library[@]} -ge 150 ] && [ ${#headers[@]} -ge 100 ] || wrong "files are missing: ${#library[@]}, ${#headers[@]}"
+
+# nothing TEXT: standard input is empty.
+nothing() {
+  local found
+  found=$(cat)
+  [ -z "$found" ] || wrong "$1:
+$found"
+}
+
+# Floors. locale reaches one header of iostream: the fields of ios_base, which lives below the facets.
+awk '
+  BEGIN {
+    below["libC"] = ""
+    below["exceptions"] = below["string"] = below["clang"] = "libC"
+    below["containers"] = "libC exceptions string"
+    below["locale"] = "libC exceptions string containers"
+    below["iostream"] = "libC exceptions string containers locale"
+  }
+  /^#include "\.\.\// {
+    split(FILENAME, from, "/")
+    match($0, /[A-Za-z]+\//); to = substr($0, RSTART, RLENGTH - 1)
+    if (FILENAME ~ /^[A-Za-z]+\/[^\/]+\// && to !~ /^(libC|exceptions|string|containers|locale|iostream|clang)$/) next
+    if (to == from[1] || $0 ~ /"\.\.\/[a-z_]+\.h"/) next
+    if (from[1] == "locale" && $0 ~ /"\.\.\/iostream\/access\.h"/) next
+    if (index(" " below[from[1]] " ", " " to " ") == 0) print FILENAME ": " $0
+  }' "${library[@]}" | nothing "a folder knows one that is not below it"
+
+for file in "${library[@]}"; do
+  case $file in libC/* | clang/*) continue ;; esac
+  grep -HnE 'an_eh_stack_entry|__curr_eh_stack_entry|__eh_curr_region' "$file"
+done | nothing "the eh stack is touched outside of libC and clang"
+
+# The library's sources are compiled without exceptions. So are the headers here, templates and all.
+for file in "${headers[@]}"; do echo "#include <${file#include/}>"; done > "$work/unit.cpp"
+plx-c++ -nostdinc++ -I include -fno-exceptions -fsyntax-only "$work/unit.cpp" 2>&1 | grep error | nothing "try, catch or throw in a header"
+
+for file in "${library[@]}" "${headers[@]}" tests/*/*.{cpp,c} bench/*.{cpp,c,h}; do
+  head -1 "$file" | grep -qE '^(//|/\*)' || echo "$file"
+done | nothing "no comment at the top that says what the file is for"
+
+if clang-format --version 2> /dev/null | grep -q 'version 14'; then
+  clang-format --dry-run "${library[@]}" 2>&1 | grep warning | cut -d: -f1 | sort -u | nothing "clang-format -i would change"
+else
+  echo "clang-format 14 is not here: the format is not checked"
+fi
+
+grep -rnI --exclude-dir=build --exclude-dir=.git --exclude=.git -E '/(home|work|root)/[a-z]' . | nothing "a path of somebody's machine"
+finish
