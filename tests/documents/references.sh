@@ -43,6 +43,17 @@ for document in $(documents); do
 done >> missing
 [ ! -s missing ] || wrong "$(cat missing)"
 
+# In docs/internals.md a row `file` | `name`, ... says where names are.
+awk -F '|' 'NF == 5 && $3 ~ /^ `[^`]+` $/ && $4 ~ /`/ { print $3 "|" $4 }' "$PLX_SOURCE/docs/internals.md" > steps
+[ "$(wc -l < steps)" -ge 30 ] || wrong "docs/internals.md: only $(wc -l < steps) steps were found"
+while IFS='|' read -r file names; do
+  file=$(tr -d '\140 ' <<< "$file")
+  grep -oE '`[^`]+`' <<< "$names" | tr -d '\140' | while read -r name; do
+    grep -qF -- "$name" "$PLX_SOURCE/$file" || echo "docs/internals.md: $file has no $name"
+  done
+done < steps > missing
+[ ! -s missing ] || wrong "$(cat missing)"
+
 # Each deviation has a test that CTest knows: a source, a script, a folder of sources, or a header.
 tests_of() { awk -F '|' '/^\|/ && !/^\|[-| ]*$/ && $0 !~ /\| Test \|$/ { print FNR ":" $(NF - 1) }' "$PLX_SOURCE/docs/deviations.md"; }
 rows=0
