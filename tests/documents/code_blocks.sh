@@ -2,7 +2,8 @@
 # Every code block of README.md, CONTRIBUTING.md and docs/ does what the text around it says. Blocks of C++ and C are
 # complete programs, which are built and run; `sh` blocks are run; an `output` block is what the block before it prints.
 #
-#   ```cpp [file=NAME] [with=FILE,...] [options=OPTION,...] [status=N] [refused=TEXT]     built by plx-c++; C: by plx-cc
+#   ```cpp [file=NAME] [with=FILE,...] [in=FOLDER] [options=OPTION,...] [status=N] [refused=TEXT]
+#                                 built by plx-c++, C by plx-cc, as if it stood in that folder of the sources
 #   ```sh [status=N]              run in the document's folder, where file= put the earlier blocks
 #   ```make file=NAME             (cmake, cpp and c headers too) a file for the blocks behind it
 #   ```output   ```text           compared; never looked at
@@ -39,7 +40,7 @@ split() {
           reason = "not-run"
           break
         }
-        if (word[i] !~ /^(file|with|options|status|refused)=./) fault("no attribute: " word[i])
+        if (word[i] !~ /^(file|with|in|options|status|refused)=./) fault("no attribute: " word[i])
         if (word[i] ~ /^file=/) name = substr(word[i], 6)
         else attributes = attributes " " word[i]
       }
@@ -98,10 +99,10 @@ build() {
   case "$3 $5" in "c "*.cpp*) ;; "c "*) driver=plx-cc ;; esac
   # A program beside which others stand is linked with them; a block that only others use has no main.
   local link=()
-  grep -q 'main *(' "$4" || link=(-c)
+  grep -qi 'main *(' "$4" || link=(-c)
   # shellcheck disable=SC2046 # words
-  $driver -Wall -Wextra -Werror $(attribute options "$5") "${link[@]}" "$4" $(attribute with "$5") -o "block$2.program" \
-    > "block$2.log" 2>&1 || rm -f "block$2.program"
+  $driver -Wall -Wextra -Werror -iquote "$PLX_SOURCE/$(attribute in "$5")" $(attribute options "$5") "${link[@]}" "$4" \
+    $(attribute with "$5") -o "block$2.program" > "block$2.log" 2>&1 || rm -f "block$2.program"
 }
 export -f build attribute
 for document in "${documents[@]}"; do

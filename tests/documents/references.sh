@@ -29,7 +29,7 @@ done > missing
 folders=$(cd "$PLX_SOURCE" && git ls-files 2> log | cut -d/ -f1 -s | sort -u | tr '\n' '|')
 [ -n "$folders" ] || folders='libC|exceptions|string|containers|locale|iostream|clang|driver|include|tests|docs|bench|examples|cmake|man|'
 for document in $(documents); do
-  text_of "$document" | grep -oE '`[^` ]+`' | tr -d '\140' | grep -E "^(${folders%|})/" | sort -u | while read -r name; do
+  text_of "$document" | grep -oE '`[^` ]+`' | tr -d '\140' | grep -E "^(${folders%|})/" | grep -vE 'NAME|FOLDER' | sort -u | while read -r name; do
     compgen -G "$PLX_SOURCE/$name" > found && continue
     # Tests go by their names too.
     compgen -G "$PLX_SOURCE/tests/${name#tests/}*" > found || echo "$document: no such file: $name"

@@ -1,0 +1,26 @@
+#!/bin/bash
+# The manual pages are written without a warning of the formatter, and tell of what the drivers know: the variables that
+# they read, the options that they refuse, the version.
+. "$PLX_SOURCE/tests/driver/common.bash"
+cd "$PLX_SOURCE" || exit 1
+plain=$work/plain
+if command -v groff > "$work/log"; then
+  for page in man/*.[1-8]; do
+    groff -ww -man -Tascii "$page" > "$work/page" 2> "$work/warnings"
+    [ ! -s "$work/warnings" ] || wrong "$page: $(head -3 "$work/warnings")"
+    [ "$(wc -l < "$work/page")" -ge 40 ] || wrong "$page: nothing comes out"
+  done
+else
+  echo "groff is not here: the pages are not formatted"
+fi
+sed 's/\\-/-/g; s/^\.[A-Z]* //' man/plx-c++.1 > "$plain"
+for name in $(grep -ohE '\b(PLX_[A-Z]+|XDG_[A-Z_]+|TMPDIR|HOME)\b' driver/plx-c++ driver/plx-cc | grep -v PLX_PROGRAM | sort -u); do
+  grep -qw -- "$name" "$plain" || wrong "plx-c++(1) does not tell of $name"
+done
+for option in -fPIC -fPIE -pie -shared -flto -m64 -mx32 -fopenmp -stdlib= -lstdc++ -lc++; do
+  grep -qF -- "$option" driver/plx-c++ || wrong "plx-c++ does not know $option"
+  grep -qF -- "$option" "$plain" || wrong "plx-c++(1) does not tell that $option is refused"
+done
+version=$(plx-c++ --version | sed -n '1s/plx-c++ //p')
+grep -L "\"plx $version\"" man/* | grep . && wrong "those pages are not of version $version"
+finish
