@@ -20,44 +20,19 @@ typedef num_put<char, ostreambuf_iterator<char>> a_num_put;
 
 constexpr int widest = 64;  // the quick paths fill up to here
 
-// Where in the buffer a text goes, and how it is committed.
-struct a_place {
-  streambuf *buffer;
-  FILE *file;
-  char *local;
-  bool direct;
-
-  // The start of room for `most` characters, or null when the buffer is closed.
-  char *begin(ios &stream, char *own, int most) {
-    buffer = stream_access::buffer(stream);
-    local = own;
-    file = nullptr;
-    direct = false;
-    if (!is_plain_filebuf(buffer)) return own;
-    file = plain_file(buffer);
-    if (!file) return nullptr;
-    direct = room_in(file) >= most;
-    return direct ? file->_IO_write_ptr : own;
-  }
-
-  // What stdio does not take is not noticed, as num_put's iterator is not asked either.
-  bool end(char *last) const {
-    if (direct) {
-      file->_IO_write_ptr = last;
-      return true;
-    }
-    const int n = static_cast<int>(last - local);
-    if (file) {
-      write_after_flush(file, local, n);
-      return true;
-    }
-    char *&next = buffer_access::pptr(*buffer);
-    if (buffer_access::epptr(*buffer) - next < n) return false;
-    copy_text(next, local, n);
-    next += n;
+// Writes a text that was made next to the buffer. What stdio does not take is not noticed, as num_put's iterator is not
+// asked either.
+PLX_NUMBER_CALL bool insert_copy(streambuf &buffer, const char *text, int n) {
+  if (FILE *const file = plain_file(&buffer)) {
+    write_file(file, text, n);
     return true;
   }
-};
+  char *&next = buffer_access::pptr(buffer);
+  if (buffer_access::epptr(buffer) - next < n) return false;
+  memcpy(next, text, n);
+  next += n;
+  return true;
+}
 
 inline bool is_quick(const ios &stream) {
   return is_quiet(stream) && has_quick(stream_access::loc(stream), locale::imp::_quick_num_put);
@@ -65,19 +40,23 @@ inline bool is_quick(const ios &stream) {
 
 // write(at) makes the text and returns its end, or null; pad(first, last, width) fills it.
 template <int room, class Write, class Pad> inline bool insert_at_once(ios &stream, Write write, Pad pad) {
-  char local[room + widest];
-  a_place place;
-  char *const at = place.begin(stream, local, room + widest);
-  if (!at) return false;
-  char *last = write(at);
+  constexpr int most = room + widest + pad_overrun;
+  char local[most];
+  streambuf *const buffer = stream_access::buffer(stream);
+  char **const cursor = roomy_cursor(buffer, most);
+  char *const first = cursor ? *cursor : local;
+  char *last = write(first);
   if (!last) return false;
-  streamsize &width = stream_access::width(stream);
-  if (width > last - at) {
+  const streamsize width = stream_access::width(stream);
+  if (width > last - first) {
     if (width > widest) return false;
-    last = pad(at, last, static_cast<int>(width));
+    last = pad(first, last, static_cast<int>(width));
   }
-  if (!place.end(last)) return false;
-  width = 0;
+  if (cursor)
+    *cursor = last;
+  else if (!insert_copy(*buffer, local, static_cast<int>(last - local)))
+    return false;
+  stream_access::width(stream) = 0;
   return true;
 }
 
@@ -87,44 +66,55 @@ template <class Value> PLX_LONG_WAY ostream &insert_by_facet(ostream &out, Value
   return out;
 }
 
+}  // namespace
+}  // namespace std
+
+namespace __zor {
+
 // Any flags and width, into any room.
-template <class Value> PLX_LONG_WAY ostream &insert_integer(ostream &out, Value value) {
-  ios &stream = out;
-  if (is_quick(stream)) {
+template <class Value> PLX_STEP std::ostream &insert_integer(std::ostream &out, Value value) {
+  std::ios &stream = base_of(out);
+  if (std::is_quick(stream)) {
     const unsigned flags = stream_access::flags(stream);
-    if (insert_at_once<integer_text_room>(
+    if (std::insert_at_once<integer_text_room>(
             stream, [=](char *at) { return integer_text(at, flags, value); },
             [&](char *first, char *last, int width) {
               return pad_integer(first, last, flags, width, stream_access::fill(stream));
             }))
       return out;
   }
-  return insert_by_facet(out, value);
+  return std::insert_by_facet(out, value);
 }
 
-// Decimal, without width: what most programs write. One function for all types, with the digits inline.
+// Decimal, without width: what most programs write.
 template <class Value>
-PLX_NUMBER_CALL __attribute__((__noinline__, __flatten__)) ostream &insert_decimal(ostream &out, Value value) {
+PLX_STEP __attribute__((__flatten__)) std::ostream &insert_decimal(std::ostream &out, Value value) {
   constexpr unsigned unusual = ios_base::unitbuf | ios_base::hex | ios_base::oct | ios_base::showpos;
-  ios &stream = base_of(out);
-  if ((stream_access::state(stream) | (stream_access::flags(stream) & unusual) | stream_access::width(stream)) ||
-      stream_access::tie(stream) || !has_quick(stream_access::loc(stream), locale::imp::_quick_num_put))
+  std::ios &stream = base_of(out);
+  if ((stream_access::state(stream) | (stream_access::flags(stream) & unusual) | stream_access::width(stream) |
+       reinterpret_cast<int>(stream_access::tie(stream))) ||
+      !has_quick(stream_access::loc(stream), std::locale::imp::_quick_num_put))
     return insert_integer(out, value);
-  streambuf *const buffer = stream_access::buffer(stream);
-  if (is_plain_filebuf(buffer)) {
-    FILE *const file = plain_file(buffer);
-    if (!file || room_in(file) < static_cast<int>(integer_text_room)) return insert_integer(out, value);
-    file->_IO_write_ptr = integer_text(file->_IO_write_ptr, 0, value);
+  if (char **const next = roomy_cursor(stream_access::buffer(stream), integer_text_room)) {
+    char *at = *next;
+    unsigned digits = static_cast<unsigned>(value);
+    if (Value(-1) < 0) {
+      const unsigned sign = static_cast<unsigned>(static_cast<long>(value) >> 31);
+      *at = '-';
+      at -= static_cast<int>(sign);
+      digits = (digits ^ sign) - sign;
+    }
+    *next = decimal_digits(at, digits);
     return out;
   }
-  char text[2 * integer_text_room];  // g++ imagines longer texts
-  char *&next = buffer_access::pptr(*buffer);
-  const int n = static_cast<int>(integer_text(text, 0, value) - text);
-  if (buffer_access::epptr(*buffer) - next < n) return insert_integer(out, value);
-  copy_text(next, text, n);
-  next += n;
-  return out;
+  return insert_integer(out, value);
 }
+
+}  // namespace __zor
+
+namespace std {
+
+namespace {
 
 // Of the floating texts the exponent's case and unusual precisions are left to num_put.
 template <class Value, class Text> inline ostream &insert_floating(ostream &out, Value value, Text text) {

@@ -44,6 +44,17 @@ inline FILE *plain_file(std::streambuf *buffer) {
   return buffer_access::file(*buffer);
 }
 
+// Where the next character goes in a buffer that nobody sees beyond its end, when it has room for n; or null.
+inline PLX_INLINE char **roomy_cursor(std::streambuf *buffer, int n) {
+  if (is_plain_stringbuf(buffer)) {
+    char *&next = buffer_access::pptr(*buffer);
+    if (buffer_access::epptr(*buffer) - next < n) return nullptr;
+    return buffer_access::is_at_end(static_cast<std::stringbuf &>(*buffer)) ? &next : nullptr;
+  }
+  FILE *const file = plain_file(buffer);
+  return file && file->_IO_write_end - file->_IO_write_ptr >= n ? &file->_IO_write_ptr : nullptr;
+}
+
 inline int room_in(const FILE *file) { return static_cast<int>(file->_IO_write_end - file->_IO_write_ptr); }
 
 inline void copy_eight(char *to, const char *from) {

@@ -38,7 +38,8 @@ enum a_number_room : unsigned {
   quick_text_room = 48,
   double_text_room = 512,        // sign, 309 digits, a point of several bytes, 127 digits
   long_double_text_room = 5120,  // the same with 4933 digits
-  number_precision_limit = 127   // the longest fraction asked for; callers add zeros for the rest
+  pad_overrun = 16,
+  number_precision_limit = 127  // the longest fraction asked for; callers add zeros for the rest
 };
 
 // Octal, if the base field is exactly `oct`, or hexadecimal: a prefix for `showbase` unless the value is 0.
@@ -86,13 +87,17 @@ inline unsigned integer_prefix(const char *text, unsigned length) {
 }
 
 // Widens the text [first, last) to `width` characters in place and returns its end: fill before it, behind it if the
-// adjustment is exactly `left`, and behind the prefix if it is exactly `internal`. Needs room for `width` at `first`.
+// adjustment is exactly `left`, and behind the prefix if it is exactly `internal`. Needs room for `width` + pad_overrun
+// characters at `first`.
 PLX_NUMBER_CALL char *pad_number(char *first, char *last, unsigned prefix, unsigned flags, int width,
                                  char fill) noexcept;
 
 inline char *pad_integer(char *first, char *last, unsigned flags, int width, char fill) {
   if (width <= last - first) return last;
-  return pad_number(first, last, integer_prefix(first, static_cast<unsigned>(last - first)), flags, width, fill);
+  unsigned prefix = 0;
+  if (__builtin_expect((flags & number_adjustfield) == number_internal, 0))
+    prefix = integer_prefix(first, static_cast<unsigned>(last - first));
+  return pad_number(first, last, prefix, flags, width, fill);
 }
 inline char *pad_float(char *first, char *last, unsigned flags, int width, char fill) {
   if (width <= last - first) return last;
