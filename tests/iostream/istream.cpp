@@ -57,12 +57,12 @@ static void test_own_white_space() {
 }
 
 struct flushed_buffer : std::streambuf {
-  flushed_buffer() : flushes(0) {}
+  flushed_buffer() : flushes(0), result(0) {}
   virtual int sync() {
     ++flushes;
-    return 0;
+    return result;
   }
-  int flushes;
+  int flushes, result;
 };
 
 static void test_tie() {
@@ -84,6 +84,40 @@ static void test_tie() {
   text.in.setstate(eof);
   text.in.get();
   CHECK_INT(out.flushes, 6);  // not when nothing is read
+}
+
+// Streams tied to themselves, or in a circle, flush each buffer and come to an end.
+static void test_circles() {
+  flushed_buffer first, second;
+  std::iostream a(&first), b(&second);
+  a.tie(&a);
+  a.get();
+  CHECK_INT(first.flushes, 1);
+  a.clear();
+  a << 1 << std::flush;
+  CHECK_INT(first.flushes, 2);
+  a.tie(&b);
+  b.tie(&a);
+  first.flushes = second.flushes = 0;
+  a.get();
+  CHECK(first.flushes == 1 && second.flushes >= 1);
+  a.clear();
+  b.flush();
+  CHECK(first.flushes >= 2 && second.flushes >= 2);
+
+  // What a flush throws by the stream's own mask leaves no trace of the circle.
+  first.result = -1;
+  a.exceptions(bad);
+  int thrown = 0;
+  for (int i = 0; i < 2; ++i) {
+    a.clear();
+    try {
+      b.flush();
+    } catch (const std::ios_base::failure &) {
+      ++thrown;
+    }
+  }
+  CHECK_INT(thrown, 2);
 }
 
 static void test_ws() {
@@ -137,6 +171,7 @@ int main() {
   test_sentry();
   test_own_white_space();
   test_tie();
+  test_circles();
   test_ws();
   test_manipulators();
   test_iterators();
