@@ -5,6 +5,7 @@
 #include <iostream>
 #include <locale>
 #include <new>
+#include <sstream>
 
 #include "../harness.h"
 
@@ -27,7 +28,11 @@ static bool used_before;
 static void use(const char *who) {
   std::locale loc;
   std::locale another(loc);
-  const bool works = std::use_facet<std::ctype<char> >(loc).is(std::ctype_base::alpha, 'x') &&
+  std::stringstream stream;
+  int number = 0;
+  stream << 42 << ' ';
+  stream >> number;
+  const bool works = number == 42 && std::use_facet<std::ctype<char> >(loc).is(std::ctype_base::alpha, 'x') &&
                      std::use_facet<std::ctype<char> >(std::locale::classic()).is(std::ctype_base::alpha, 'x') &&
                      (loc == std::locale::classic()) == (loc.name() == "C");
   used_before = true;
