@@ -24,6 +24,18 @@ static void large_number(std::istream &in) {
   long long n;
   in >> n;
 }
+static void real(std::istream &in) {
+  double d;
+  in >> d;
+}
+static void into_buffer(std::istream &in) {
+  slow_buffer none("");
+  in.get(none);
+}
+static void all_into_buffer(std::istream &in) {
+  slow_buffer none("");
+  in >> &none;
+}
 static void character(std::istream &in) {
   char c;
   in >> c;
@@ -46,14 +58,34 @@ static void test_throwing_buffers() {
     void (*read)(std::istream &);
     operation what;
     int calm;  // calls that go well before
-  } cases[] = {
-      {get_char, at_uflow, 0},  {get_array, at_uflow, 2},     {get_line, at_uflow, 2},     {get_string, at_uflow, 2},
-      {number, at_uflow, 0},    {number, at_underflow, 1},    {large_number, at_uflow, 1}, {character, at_uflow, 0},
-      {character, at_uflow, 1}, {word, at_uflow, 2},          {word, at_pbackfail, 0},     {skip, at_uflow, 0},
-      {skip, at_pbackfail, 0},  {ignore, at_uflow, 2},        {peek, at_underflow, 0},     {read, at_xsgetn, 0},
-      {read, at_uflow, 2},      {read_some, at_showmanyc, 0}, {read_some, at_xsgetn, 0},   {putback, at_pbackfail, 0},
-      {unget, at_pbackfail, 0}, {tell, at_seekoff, 0},        {seek_to, at_seekpos, 0},    {seek_by, at_seekoff, 0},
-      {sync, at_sync, 0}};
+  } cases[] = {{get_char, at_uflow, 0},
+               {get_array, at_uflow, 2},
+               {get_line, at_uflow, 2},
+               {get_string, at_uflow, 2},
+               {number, at_uflow, 0},
+               {number, at_underflow, 1},
+               {large_number, at_uflow, 1},
+               {character, at_uflow, 0},
+               {character, at_uflow, 1},
+               {word, at_uflow, 2},
+               {word, at_pbackfail, 0},
+               {skip, at_uflow, 0},
+               {skip, at_pbackfail, 0},
+               {ignore, at_uflow, 2},
+               {peek, at_underflow, 0},
+               {read, at_xsgetn, 0},
+               {read, at_uflow, 2},
+               {read_some, at_showmanyc, 0},
+               {read_some, at_xsgetn, 0},
+               {putback, at_pbackfail, 0},
+               {unget, at_pbackfail, 0},
+               {tell, at_seekoff, 0},
+               {seek_to, at_seekpos, 0},
+               {seek_by, at_seekoff, 0},
+               {sync, at_sync, 0},
+               {real, at_uflow, 1},
+               {into_buffer, at_underflow, 0},
+               {all_into_buffer, at_uflow, 0}};
   for (unsigned int i = 0; i < sizeof cases / sizeof *cases; ++i)
     for (int mask = 0; mask < 8; ++mask) {
       const long blocks = live_blocks;

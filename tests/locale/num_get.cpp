@@ -4,7 +4,9 @@
 // random texts against the model, and what happens when a facet or a buffer throws.
 #include <locale>
 
+#include <algorithm>
 #include <deque>
+#include <limits>
 #include <ostream>
 #include <streambuf>
 
@@ -214,6 +216,27 @@ void check_reals() {
   check(plain, half_way, 9007199254740992.0, eof, half_way.size());
   check(plain, half_way + "1", 9007199254740994.0, eof, half_way.size() + 1);
   check(plain, "18446744073709551615", 18446744073709551615.0L, eof, 20);
+}
+
+// Half-way between the two smallest numbers of a type, which are 1 and 2 times 2 / 2^n: 3 / 2^n, in all of its digits.
+template <class Real> void check_between_the_smallest(int n) {
+  std::string digits("3");
+  for (int i = 0; i < n; ++i) {
+    int carry = 0;
+    for (std::string::iterator d = digits.begin(); d != digits.end(); ++d, carry /= 10) {
+      carry += (*d - '0') * 5;
+      *d = static_cast<char>('0' + carry % 10);
+    }
+    if (carry) digits += static_cast<char>('0' + carry);
+  }
+  std::reverse(digits.begin(), digits.end());
+  char exponent[20];
+  const long all = sprintf(exponent, "e-%d", n) + static_cast<long>(digits.size());
+  const Real smallest = std::numeric_limits<Real>::denorm_min();
+  check(plain, digits + exponent, 2 * smallest, eof, all);
+  check(plain, digits + ".01" + exponent, 2 * smallest, eof, all + 3);
+  *digits.rbegin() = '4';  // of a 5
+  check(plain, digits + exponent, smallest, eof, all);
 }
 
 void check_others() {
@@ -467,6 +490,9 @@ int main() {
   check_bases();
   check_limits();
   check_reals();
+  check_between_the_smallest<float>(150);
+  check_between_the_smallest<double>(1075);
+  check_between_the_smallest<long double>(16446);
   check_others();
   check_groups();
   check_sources();
