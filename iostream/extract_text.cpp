@@ -63,7 +63,7 @@ inline bool extract_word_at_once(istream &in, char *to) {
       in, false,
       [&](iostate &error) {
         const streamsize width = stream_access::width(in);
-        const char *const last = next + ((width > 0 ? width : 0x7fffffff) - 1);
+        const char *const last = width > 0 ? next + (width - 1) : nullptr;
         if (next == last) return;
         const ctype<char> &classes = use_facet<ctype<char>>(stream_access::loc(in));
         const ctype_base::mask *const table = classes._get_table();
