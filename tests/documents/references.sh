@@ -1,6 +1,7 @@
 #!/bin/bash
-# What the documents name is there: targets of links with their anchors, files of this tree, verbs of ./dev, and for each
-# row of docs/deviations.md a test. The protocol names every entry point of the header that it explains.
+# What the documents name is there: targets of links with their anchors, files of this tree, verbs of ./dev, names in the
+# files that docs/internals.md leads to, and for each row of docs/deviations.md a test. The protocol names every entry
+# point of the header that it explains; the changelog keeps its form.
 . "$PLX_SOURCE/tests/driver/common.bash"
 documents() { (cd "$PLX_SOURCE" && ls README.md CONTRIBUTING.md CHANGELOG.md docs/*.md); }
 # The text of a document without its blocks of code.
@@ -70,6 +71,18 @@ while IFS=: read -r line names; do
   done
 done < <(tests_of)
 [ $rows -ge 100 ] || wrong "docs/deviations.md: only $rows rows were found"
+
+# The changelog has the library's version on top, and only the groups that it always has, in their order.
+version=$(plx-c++ --version | sed -n '1s/plx-c++ //p')
+awk -v version="$version" '
+  /^## / { if (!released++ && $2 != version) print "the newest release is not " version; place = 0 }
+  /^### / {
+    order = index(" Added Changed Deprecated Removed Fixed Security ", " " $2 " ")
+    if (NF != 2 || order <= place) print FILENAME ":" FNR ": not a group here: " $0
+    place = order
+  }
+  END { if (!released) print "no release" }' "$PLX_SOURCE/CHANGELOG.md" > missing
+[ ! -s missing ] || wrong "CHANGELOG.md: $(cat missing)"
 
 # Names of the contract: everything that the header declares or defines, except the parts that make other names.
 grep -oE '\b(_[_A-Za-z][A-Za-z0-9_]+|PLX_[A-Z_]+[A-Z])\b' "$PLX_SOURCE/include/plx/runtime.h" | sort -u |
