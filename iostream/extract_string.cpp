@@ -1,5 +1,5 @@
-// operator>> for string. It is not in the frame of the other operations: after the sentry, what the buffer, the facets
-// or the string throw passes.
+// operator>> for string. Its frame is its own: a locale without ctype is reported by bad_cast, which passes, and the
+// characters that were taken before something threw are kept.
 
 #include "extract_string.h"
 
@@ -31,6 +31,19 @@ inline bool assign_short(std::string &text, const char *from, unsigned int n, co
   return true;
 }
 
+// Any text; false, with an empty string, when there is no memory for it.
+inline bool assign_long(std::string &text, const char *from, unsigned int n) {
+  const b_str_ref *const rep = representation_of(text);
+  if (string_is_private(rep) && n < rep->capacity) {
+    text.assign(from, n);
+    return true;
+  }
+  return !eh_guard([&] {
+    text.clear();
+    text.assign(from, n);
+  });
+}
+
 // A word that lies whole in the buffer's window, where nothing is to be done for the stream.
 inline bool extract_at_once(std::istream &in, std::string &text) {
   get_window window;
@@ -41,46 +54,66 @@ inline bool extract_at_once(std::istream &in, std::string &text) {
   if (stop == window.end || stop == window.at) return false;
   start_count(in);
   const unsigned int n = stop - window.at;
-  if (!assign_short(text, window.at, n, window.end)) text.assign(window.at, n);
+  if (!assign_short(text, window.at, n, window.end) && !assign_long(text, window.at, n)) {
+    update_state(in, ios_base::badbit);
+    return true;
+  }
   window.take_up_to(stop);
   return true;
+}
+
+// Characters that came one by one, until there are enough to append them.
+struct a_block {
+  unsigned int size = 0;
+  char text[512];
+
+  void append_to(std::string &to) {
+    if (size == 0) return;
+    to.append(text, size);
+    size = 0;
+  }
+};
+
+// Moves a word of up to `limit` characters to the end of the text, and counts them; false when the input ended.
+inline bool read_word(std::streambuf *buffer, const std::ctype<char> &classes, std::string &text, a_block &block,
+                      unsigned int limit, unsigned int &count) {
+  return read_blocks(buffer, [&](const char *&at, const char *end) {
+    const unsigned int room = limit - count;
+    const char *const stop = room < static_cast<unsigned int>(end - at) ? at + room : end;
+    const char *const space = classes.scan_is(std::ctype_base::space, at, stop);
+    const unsigned int n = space - at;
+    if (n == 1 && end - at == 1) {
+      block.text[block.size++] = *at;
+      ++count;
+      if (block.size == sizeof block.text) block.append_to(text);
+    } else if (n) {
+      block.append_to(text);
+      text.append(at, n);
+      count += n;
+    }
+    at = space;
+    return space == end && count != limit;
+  });
 }
 
 [[gnu::noinline]] void extract_word(std::istream &in, std::string &text) {
   if (!input_prefix(in, false)) return;
   const std::ctype<char> &classes = std::use_facet<std::ctype<char>>(stream_access::loc(in));
-  text.clear();
   const std::streamsize width = stream_access::width(in);
   const unsigned int limit = width ? static_cast<unsigned int>(width) : 0xFFFFFFFEu;
-  unsigned int stored = 0, kept = 0;
-  char block[512];  // single characters, until there are many
+  unsigned int count = 0;
+  a_block block;
+  bool ended = false;
   iostate error = ios_base::goodbit;
-  const bool stopped = read_blocks(stream_access::buffer(in), [&](const char *&at, const char *end) {
-    const unsigned int room = limit - stored;
-    const char *const stop = room < static_cast<unsigned int>(end - at) ? at + room : end;
-    const char *const space = classes.scan_is(std::ctype_base::space, at, stop);
-    const unsigned int n = space - at;
-    if (n == 1 && end - at == 1) {
-      block[kept++] = *at;
-      if (kept == sizeof block) {
-        kept = 0;
-        text.append(block, sizeof block);
-      }
-    } else if (n) {
-      if (kept) {
-        const unsigned int before = kept;
-        kept = 0;
-        text.append(block, before);
-      }
-      text.append(at, n);
-    }
-    stored += n;
-    at = space;
-    return space == end && stored != limit;
-  });
-  if (kept) text.append(block, kept);
-  if (!stopped) error |= ios_base::eofbit;
-  if (stored == 0) error |= ios_base::failbit;
+  if (eh_guard([&] {
+        text.clear();
+        ended = !read_word(stream_access::buffer(in), classes, text, block, limit, count);
+      }))
+    error |= ios_base::badbit;
+  // What was taken before the buffer threw is kept.
+  if (eh_guard([&] { block.append_to(text); })) error |= ios_base::badbit;
+  if (ended) error |= ios_base::eofbit;
+  if (count == 0) error |= ios_base::failbit;
   if (error != ios_base::goodbit) update_state(in, error);
 }
 
