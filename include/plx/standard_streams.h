@@ -22,6 +22,12 @@ extern PLX_API ostream cout;
 extern PLX_API ostream cerr;
 extern PLX_API ostream clog;
 
+// There are none: they are named only so that whoever uses one is told why.
+extern wistream wcin;
+extern wostream wcout;
+extern wostream wcerr;
+extern wostream wclog;
+
 static ios_base::Init __vexil_ios_init;
 
 }  // namespace std
