@@ -3,6 +3,9 @@
 
 #include <limits.h>
 
+#include <fstream>
+#include <sstream>
+
 #include "input_buffers.h"
 
 // The value, the state and what is left, over buffers that show one character, some, and all at once.
@@ -73,6 +76,43 @@ static void test_reals() {
   CHECK(p == reinterpret_cast<void *>(0x1f));
 }
 
+// Numbers of any length, of which most digits may not matter, through buffers of any kind.
+template <class T> void check_long(std::istream &in, T want, int state, int line) {
+  T value = T();
+  in >> value;
+  test_report(value == want, __FILE__, line, "value");
+  test_report_int(in.rdstate(), state, __FILE__, line, "state");
+  in.clear();
+  test_report_int(in.get(), '|', __FILE__, line, "what follows");
+}
+template <class T> void check_long(const std::string &text, T want, int state, int line) {
+  slow one(text + "|");
+  check_long(one.in, want, state, line);
+  over_text<std::stringbuf> string(text + "|");
+  check_long(string.in, want, state, line);
+  char path[64];
+  sprintf(path, "extraction.%d.tmp", static_cast<int>(getpid()));
+  std::fstream file(path, std::ios_base::in | std::ios_base::out | std::ios_base::trunc);
+  remove(path);
+  file << text << '|';
+  file.seekg(0);
+  check_long(file, want, state, line);
+}
+static void test_long_numbers() {
+  const std::string zeros(5000, '0'), nines(5000, '9');
+  check_long("-" + zeros + "42", -42, good, __LINE__);
+  check_long(nines, INT_MAX, fail, __LINE__);
+  check_long("-" + nines, INT_MIN, fail, __LINE__);
+  check_long(nines, ULONG_MAX, fail, __LINE__);
+  check_long(zeros + "123456789012", 123456789012ll, good, __LINE__);
+  check_long("1" + zeros + "e-5000", 1.0, good, __LINE__);
+  check_long("." + zeros + "25e5001", 2.5f, good, __LINE__);
+  check_long(nines + "." + nines + "e-5000", 1.0, good, __LINE__);
+  check_long("9007199254740993." + zeros + "1", 9007199254740994.0, good, __LINE__);  // above the middle by a little
+  check_long("9007199254740993." + zeros, 9007199254740992.0, good, __LINE__);
+  check_long("1." + zeros + "e" + zeros + "1", 10.0L, good, __LINE__);
+}
+
 static void test_characters() {
   slow text(" ab");
   char c = '.';
@@ -136,6 +176,7 @@ int main() {
   test_integers();
   test_long_long();
   test_reals();
+  test_long_numbers();
   test_characters();
   test_words();
   return TEST_RESULT();

@@ -238,6 +238,31 @@ void both_directions() {
   CHECK(content() == model);
 }
 
+// A file that is read through, with looks elsewhere: positions and text stay right when blocks get larger.
+void reading_through() {
+  std::string model;
+  while (model.size() < 200000) model += "line " + std::string(model.size() % 97, 'x') + '\n';
+  make(model.c_str());
+  std::ifstream f(path);
+  std::string line;
+  std::string::size_type at = 0;
+  for (int i = 0; std::getline(f, line); ++i) {
+    if (model.compare(at, line.size(), line) != 0) CHECK(!"the line");
+    at += line.size() + 1;
+    if (i % 100 == 99) CHECK_INT(f.tellg(), at);
+    if (i % 700 == 699) {
+      f.unget();
+      CHECK_INT(f.get(), '\n');
+      const std::string::size_type elsewhere = at * 7919 % model.size();
+      f.seekg(elsewhere);
+      CHECK_INT(f.get(), model[elsewhere]);
+      f.seekg(at);
+    }
+    if (i % 700 == 10) f.rdbuf()->sputbackc('\n'), f.get();
+  }
+  CHECK_INT(at, model.size());
+}
+
 // Drops '-', doubles '*', makes 30 of '3', refuses '!', leaves '?' incomplete; null characters pass.
 class doubling : public std::codecvt<char, char, int> {
   virtual bool do_always_noconv() const { return false; }
@@ -252,6 +277,12 @@ class doubling : public std::codecvt<char, char, int> {
       for (int i = 0; i < n; ++i) *to_next++ = *next;
     }
     return ok;
+  }
+  virtual result do_in(int &, const char *from, const char *, const char *&next, char *to, char *,
+                       char *&to_next) const {
+    next = from;
+    to_next = to;
+    return error;
   }
 };
 
@@ -271,6 +302,14 @@ void converting() {
   CHECK_INT(b.sputn(threes.data(), 1000), 1000);
   b.close();
   CHECK(content() == std::string("**\0#a\0**", 8) + std::string(30000, '3'));
+
+  // Reading converts nothing.
+  std::ifstream f;
+  f.imbue(std::locale(std::locale::classic(), new doubling));
+  f.open(path);
+  std::string text;
+  std::getline(f, text, 'a');
+  CHECK(text == std::string("**\0#", 4) && f.get() == 0 && f.peek() == '*' && f.good());
 }
 
 // Streams never go round what a derived class overrides.
@@ -330,6 +369,7 @@ int main() {
   positions();
   growing();
   both_directions();
+  reading_through();
   converting();
   derived();
   remove(path);
