@@ -63,8 +63,21 @@ void with_stdio() {  // both sides of both files by turns
       cout.put(static_cast<char>(c));
   }
 }
+void blocks_with_stdio() {  // shorter and longer than stdio's buffer
+  static char block[9000];
+  for (unsigned i = 0; cin.read(block, static_cast<int>(1 + i * 611 % sizeof block)) || cin.gcount(); ++i) {
+    const unsigned n = static_cast<unsigned>(cin.gcount());
+    if (i % 3 == 0)
+      fwrite(block, 1, n, stdout);
+    else if (i % 3 == 1)
+      cout.write(block, cin.gcount());
+    else
+      cout << std::string(block, n);
+  }
+}
 void (*const all[])() = {
-    characters, numbers_of_characters, blocks, lines, array_lines, buffer_out, buffer_in, iterators, with_stdio};
+    characters, numbers_of_characters, blocks, lines, array_lines, buffer_out, buffer_in, iterators,
+    with_stdio, blocks_with_stdio};
 const unsigned count = sizeof all / sizeof *all;
 
 // Runs this program with the text as its input; returns its output.

@@ -1,5 +1,6 @@
 // Output streams that work: texts, padding, widths, numbers of every type, buffers inserted, ties, unitbuf, sentries.
 // Deliberate differences from the standard are here too. Failures have a test of their own.
+// test-variants: -O0 | -O2
 #include <iomanip>
 #include <ostream>
 
