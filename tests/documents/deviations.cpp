@@ -3,6 +3,7 @@
 // test-variants: -O0 | -O2
 #include <exception>
 #include <iostream>
+#include <strstream>
 
 #include <plx/runtime.h>
 
@@ -50,7 +51,17 @@ static void synchronised() {
   std::cout << "c";
 }
 
+static void put_back_another() {
+  char text[] = "abcdef";
+  std::strstreambuf buffer(text, 3, text + 3);
+  buffer.sbumpc();
+  CHECK_INT(buffer.sputbackc('x'), -1);
+  CHECK_INT(buffer.sputbackc('a'), 'a');
+  CHECK_TEXT(text, "abcdef");
+}
+
 int main() {
+  put_back_another();
   nested_specifications();
   CHECK_ABORTS(no_element_size, "");
   CHECK_TEXT(test_run_child(synchronised).text, "abc");
