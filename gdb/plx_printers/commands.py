@@ -66,7 +66,7 @@ class _ThrowStack(_List):
     """Print the throw stack, newest exception first: plx throw-stack [COUNT].
 
     Each exception object is shown with its type, its address, its state
-    (under construction, in flight, handled, released or destroyed) and how many
+    (not thrown yet, in flight, handled, released or destroyed) and how many
     throws refer to it; exceptions of the library also with their message."""
 
     def __init__(self):

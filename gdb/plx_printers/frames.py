@@ -52,7 +52,16 @@ def _pc(frame):
 
 
 def _function_at(code):
-    return shortened(symbol_at(code)[0])
+    """As gdb names functions: without parameters."""
+    name = shortened(symbol_at(code)[0])
+    if "operator" in name:
+        return name
+    depth = 0
+    for i, character in enumerate(name):
+        if character == "(" and depth == 0 and not name.startswith("(anonymous namespace)", i):
+            return name[:i]
+        depth += {"<": 1, ">": -1}.get(character, 0)
+    return name
 
 
 def _with_line(name, frame):

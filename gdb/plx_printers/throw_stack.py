@@ -31,7 +31,7 @@ def _state(thrown):
         return "released"
     if thrown["handled"]:
         return "handled"
-    return "in flight" if thrown["thrown"] else "under construction"
+    return "in flight" if thrown["thrown"] else "not thrown yet"
 
 
 def _message(thrown):

@@ -1,9 +1,11 @@
-# Runs in gdb. The comments of a source are a session: at each call of stop(), in the frame of the caller,
+# Runs in gdb. The comments of a source are a session: at each call of stop(), or of the function that PLX_STOP names, in
+# the frame of the caller,
 #
 #   //> COMMAND          is executed; `continue` goes on to the next call
 #   //= TEXT             lines that it must print, all of them
 #
-# Addresses are compared as 0xN, and places in the source by their text instead of a number. The last line that is printed says how it went.
+# Addresses are compared as 0xN, and places in the source by their text instead of a number. The last line that is
+# printed says how it went.
 
 import os
 import re
@@ -13,6 +15,10 @@ import gdb
 source = os.environ["PLX_SESSION"]
 
 
+def without_addresses(text):
+    return re.sub("0x[0-9a-f]{4,}", "0xN", text)
+
+
 def steps():
     found = []
     for number, line in enumerate(open(source), 1):
@@ -20,7 +26,7 @@ def steps():
         if match and match.group(1) == ">":
             found.append((number, match.group(2), []))
         elif match:
-            found[-1][2].append(match.group(2))
+            found[-1][2].append(without_addresses(match.group(2)).rstrip())
     return found
 
 
@@ -38,7 +44,7 @@ def printed(command):
         text = gdb.execute(command, to_string=True)
     except gdb.error as error:
         text = "error: %s" % error
-    text = re.sub("0x[0-9a-f]{4,}", "0xN", text.replace(os.path.dirname(source) + "/", ""))
+    text = without_addresses(text.replace(os.path.dirname(source) + "/", ""))
     text = re.sub(re.escape(os.path.basename(source)) + r":(\d+)", line_of_source, text)
     # What the library's own functions are called is its compiler's affair.
     text = re.sub("(0xN  array) in .*", r"\1", text)
@@ -48,7 +54,7 @@ def printed(command):
 def run():
     for setting in ("pagination off", "width 0", "confirm off"):
         gdb.execute("set " + setting)
-    gdb.execute("break stop", to_string=True)
+    gdb.execute("break " + os.environ.get("PLX_STOP", "stop"), to_string=True)
     to_stop("run")
     wrong = count = 0
     for number, command, expected in steps():

@@ -29,9 +29,9 @@ int main() {
   //= #0   std::out_of_range at 0xN, handled, references 1
   //=         "far"
   //> plx eh-stack 2
-  //= #0   0xN  C++ frame in catches(int) at found.cpp: to_stop();
+  //= #0   0xN  C++ frame in catches at found.cpp: to_stop();
   //=         cleanup
-  //= #1   0xN  C++ frame in catches(int) at found.cpp: catches(depth - 1);
+  //= #1   0xN  C++ frame in catches at found.cpp: catches(depth - 1);
   //=         catch std::logic_error
   //=         cleanup
   //= (more entries)

@@ -128,7 +128,7 @@ int main(void) {
   tries(throws);
   //> continue
   //> plx throw-stack
-  //= #0   char const* at 0xN, under construction, references 1
+  //= #0   char const* at 0xN, not thrown yet, references 1
   //> continue
   //> plx eh-stack
   //= #0   0xN  exception in progress

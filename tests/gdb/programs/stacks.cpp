@@ -65,17 +65,17 @@ int main() {
   atexit(at_exit);
   handles(0);
   //> plx eh-stack
-  //= #0   0xN  C++ frame in allows() at stacks.cpp: static void allows() throw(int, failure) { to_stop(); }
+  //= #0   0xN  C++ frame in allows at stacks.cpp: static void allows() throw(int, failure) { to_stop(); }
   //=         throw (int, failure)
-  //= #1   0xN  C++ frame in passes(int) at stacks.cpp: if (kind == 0) allows();
+  //= #1   0xN  C++ frame in passes at stacks.cpp: if (kind == 0) allows();
   //=         cleanup
-  //= #2   0xN  C++ frame in handles(int) at stacks.cpp: passes(kind);
+  //= #2   0xN  C++ frame in handles at stacks.cpp: passes(kind);
   //=         catch std::logic_error
   //=         catch char const*
   //=         catch std::exception
   //=         catch ...
   //> plx eh-stack 1
-  //= #0   0xN  C++ frame in allows() at stacks.cpp: static void allows() throw(int, failure) { to_stop(); }
+  //= #0   0xN  C++ frame in allows at stacks.cpp: static void allows() throw(int, failure) { to_stop(); }
   //=         throw (int, failure)
   //= (more entries)
   //> plx throw-stack
@@ -86,9 +86,9 @@ int main() {
   //= (more entries)
   //> continue
   //> plx eh-stack
-  //= #0   0xN  C++ frame in passes(int) at stacks.cpp: }
+  //= #0   0xN  C++ frame in passes at stacks.cpp: }
   //=         nothing to do here
-  //= #1   0xN  C++ frame in handles(int) at stacks.cpp: passes(kind);
+  //= #1   0xN  C++ frame in handles at stacks.cpp: passes(kind);
   //=         catch std::logic_error
   //=         catch char const*
   //=         catch std::exception
@@ -97,11 +97,11 @@ int main() {
   // In the destructor of a local, while the exception passes it.
   //> continue
   //> plx eh-stack
-  //= #0   0xN  C++ frame in passes(int) at stacks.cpp: }
+  //= #0   0xN  C++ frame in passes at stacks.cpp: }
   //=         catch ...
   //= #1   0xN  exception in progress
   //=         failure at 0xN
-  //= #2   0xN  C++ frame in handles(int) at stacks.cpp: passes(kind);
+  //= #2   0xN  C++ frame in handles at stacks.cpp: passes(kind);
   //=         catch std::logic_error
   //=         catch char const*
   //=         catch std::exception
@@ -129,7 +129,7 @@ int main() {
   // In the constructor of an exception object.
   //> continue
   //> plx throw-stack
-  //= #0   object at 0xN, under construction, references 1
+  //= #0   object at 0xN, not thrown yet, references 1
   // In the destructor of the local: the construction was left by an exception.
   //> continue
   //> plx throw-stack
@@ -143,9 +143,9 @@ int main() {
   //> plx eh-stack
   //= #0   0xN  unexpected handler at work in __cxa_call_unexpected
   //=         throw (int)
-  //= #1   0xN  C++ frame in violates() at stacks.cpp: static void violates() throw(int) { throw failure(); }
+  //= #1   0xN  C++ frame in violates at stacks.cpp: static void violates() throw(int) { throw failure(); }
   //=         nothing to do here
-  //= #2   0xN  C++ frame in main() at stacks.cpp: violates();
+  //= #2   0xN  C++ frame in main at stacks.cpp: violates();
   //=         catch int
   //> plx throw-stack
   //= #0   failure at 0xN, handled, references 1
