@@ -16,6 +16,12 @@
 
 using namespace __zor;
 
+namespace __zor {
+
+extern PLX_API const void *const array_buffer_table[] __asm__("_ZTVSt12strstreambuf");
+
+}  // namespace __zor
+
 namespace std {
 
 namespace {
@@ -33,6 +39,10 @@ inline streamsize length_meant(const char *array, streamsize n) {
 inline char *plain(const void *array) { return static_cast<char *>(const_cast<void *>(array)); }
 
 inline int as_signed(char c) { return static_cast<signed char>(c); }
+
+inline bool is_plain(const strstreambuf *buffer) {
+  return *reinterpret_cast<const void *const *const *>(buffer) == array_buffer_table + 2;
+}
 
 }  // namespace
 
@@ -83,6 +93,7 @@ void *strstreambuf::default_alloc(long n) { return new char[n]; }
 void strstreambuf::default_free(void *array) PLX_NOTHROW { delete[] static_cast<char *>(array); }
 
 void strstreambuf::freeze(bool f) PLX_NOTHROW {
+  _settle();
   if (_state_ & _dynamic) _state_ = f ? _state_ & ~_frozen : _state_ | _frozen;
 }
 
@@ -132,9 +143,33 @@ bool strstreambuf::_grow() {
   return true;
 }
 
+// By the rule the put area ends with the characters, and is widened by one at a time. Of an object that is exactly of
+// this class nobody sees that: while it is written, its area goes to the end of the array, and beyond where the array
+// is larger than it is said to be. Not if there are characters to read, of which each growth changes the position.
+void strstreambuf::_open_up() PLX_NOTHROW {
+  if (!is_plain(this)) return;
+  streamsize end = _size_;
+  if (!_pfree_ && eback() == egptr() && _room_ > _size_) end += (_room_ - _size_) & ~15;
+  _set_put(pbase(), pptr(), pbase() + end);
+  _state_ |= _wide;
+}
+
+// Back to the rule; the write position is behind all characters.
+void strstreambuf::_settle() PLX_NOTHROW {
+  if (!(_state_ & _wide)) return;
+  _state_ &= ~_wide;
+  const streamsize used = static_cast<streamsize>(pptr() - pbase());
+  if (used > _size_) _size_ += (used - _size_ + 15) & ~15;
+  _set_put(pbase(), pptr(), pptr());
+}
+
 int strstreambuf::overflow(int c) {
   if (c == -1) return 0;
-  if (pptr() >= epptr() && ((_state_ & (_dynamic | _frozen)) != _dynamic || !_grow())) return -1;
+  if (pptr() >= epptr()) {
+    _settle();
+    if ((_state_ & (_dynamic | _frozen)) != _dynamic || !_grow()) return -1;
+    _open_up();
+  }
   *pptr() = static_cast<char>(c);
   pbump(1);
   return c;
@@ -143,6 +178,7 @@ int strstreambuf::overflow(int c) {
 streamsize strstreambuf::xsputn(const char *from, streamsize n) { return streambuf::xsputn(from, n); }
 
 int strstreambuf::underflow() {
+  _settle();
   char *const next = gptr();
   if (next < egptr()) return as_signed(*next);
   if (!next || !pptr() || pptr() <= egptr()) return -1;
@@ -159,6 +195,7 @@ int strstreambuf::pbackfail(int c) {
 streampos strstreambuf::seekoff(streamoff off, ios_base::seekdir way, ios_base::openmode which) {
   const bool begins = way == ios_base::beg, continues = way == ios_base::cur;
   if (!begins && !continues && way != ios_base::end) return -1;
+  _settle();
   long at = -1;
   if ((which & ios_base::in) && gptr()) {
     const long size = egptr() - eback();
@@ -178,6 +215,7 @@ streampos strstreambuf::seekoff(streamoff off, ios_base::seekdir way, ios_base::
 streampos strstreambuf::seekpos(streampos pos, ios_base::openmode which) {
   const streamoff at = pos;
   if (at < 0) return -1;
+  _settle();
   if (which & ios_base::in) {
     if (!gptr() || at > egptr() - eback()) return -1;
     setg(eback(), eback() + at, egptr());

@@ -58,7 +58,7 @@ protected:
 private:
   friend class ostrstream;
   friend class strstream;
-  enum { _allocated = 1, _constant = 2, _dynamic = 4, _frozen = 8 };
+  enum { _allocated = 1, _constant = 2, _dynamic = 4, _frozen = 8, _wide = 16 };
 
   // An array of n characters, as above, which is written from its beginning, or from its terminator.
   strstreambuf(char *_array, streamsize _n, bool _appends) PLX_NOTHROW;
@@ -66,6 +66,8 @@ private:
   void _set_put(char *_begin, char *_next, char *_end) PLX_NOTHROW;
   char *_make(streamsize _n);
   bool _grow();
+  void _open_up() PLX_NOTHROW;
+  void _settle() PLX_NOTHROW;
 
   int _state_;
   streamsize _alsize_;
