@@ -4,7 +4,8 @@
 #
 #   ```cpp [file=NAME] [with=FILE,...] [in=FOLDER] [options=OPTION,...] [status=N] [refused=TEXT]
 #                                 built by plx-c++, C by plx-cc, as if it stood in that folder of the sources
-#   ```sh [status=N]              run in the document's folder, where file= put the earlier blocks
+#   ```sh [status=N] [needs=COMMAND,...]   run in the document's folder, where file= put the earlier blocks; $PLX is the
+#                                 prefix. Without one of the commands it is left out, and said so
 #   ```make file=NAME             (cmake, cpp and c headers too) a file for the blocks behind it
 #   ```output   ```text           compared; never looked at
 #   ```... not-run: REASON        of any kind
@@ -13,6 +14,7 @@
 # an attribute that nobody knows are faults, so that no example escapes by a slip.
 . "$PLX_SOURCE/tests/driver/common.bash"
 
+export PLX=$PLX_PREFIX
 documents=(README.md CONTRIBUTING.md)
 for file in "$PLX_SOURCE"/docs/*.md; do documents+=("docs/${file##*/}"); done
 if [ $# -gt 0 ]; then documents=("$@"); fi
@@ -40,7 +42,7 @@ split() {
           reason = "not-run"
           break
         }
-        if (word[i] !~ /^(file|with|in|options|status|refused)=./) fault("no attribute: " word[i])
+        if (word[i] !~ /^(file|with|in|needs|options|status|refused)=./) fault("no attribute: " word[i])
         if (word[i] ~ /^file=/) name = substr(word[i], 6)
         else attributes = attributes " " word[i]
       }
@@ -50,6 +52,7 @@ split() {
       if (name ~ /^\/|\.\./) fault("a name that leads elsewhere")
       if (name ~ /\.h$/) kind = "header"
       printf "%d\t%d\t%s\t%s\t%s\t%s\n", number, FNR, kind, reason == "" ? "run" : reason, target, attributes > plan
+      dir = target; if (sub(/\/[^\/]*$/, "", dir)) system("mkdir -p " dir)
       printf "" > target
     }
     inside && $0 == fence { inside = 0; close(target); blank = 1; next }
@@ -145,6 +148,7 @@ for document in "${documents[@]}"; do
   before=
   while IFS=$'\t' read -r number line kind run target attributes; do
     if [ "$kind" = output ]; then
+      [ "$before" != skipped ] || continue
       [ -n "$before" ] || wrong "$document:$line: output of nothing"
       sed '$a\' printed | diff -Z "$target" - > difference || { log=difference; wrong "$document:$line: the block before prints something else"; }
       before=
@@ -152,6 +156,9 @@ for document in "${documents[@]}"; do
     fi
     before=
     [ "$run" = run ] || continue
+    for tool in $(attribute needs "$attributes"); do
+      command -v "$tool" > /dev/null || { echo "$document:$line: not run: there is no $tool"; before=skipped; continue 2; }
+    done
     run_block "$document" "$number" "$line" "$kind" "$target" "$attributes"
     case $kind in cpp | c | sh) before=1 ;; esac
   done < plan
