@@ -24,37 +24,33 @@ const char *find_delimiter(const char *at, const char *end, char delim) {
 }
 inline char newline(std::istream &in) { return is_quick(in, std::locale::imp::_quick_ctype) ? '\n' : find_newline(in); }
 
-// Copies what comes before the first delimiter among n characters, and returns where that is. Null: there is none, or
-// the texts overlap; what was at `to` may be lost.
-inline const char *copy_line(char *to, const char *from, unsigned int n, char delim) {
-  if (from < to + n && to < from + n) return nullptr;
-  if (__builtin_expect(processor_has_sse2, true)) return copy_line_sse2(to, from, n, delim);
-  const char *const found = find_delimiter(from, from + n, delim);
-  if (found) memcpy(to, from, found - from);
-  return found;
+// Both members end the text and complain when nothing was taken.
+inline void end_text(std::istream &in, char *next, iostate &error) {
+  *next = 0;
+  if (stream_access::count(in) == 0) error |= ios_base::failbit;
 }
 
-inline unsigned int window_size(const get_window &window) { return window.end - window.at; }
-
-// A line that lies whole in the buffer's window, into a string that has a block for it.
-inline bool get_line_at_once(std::istream &in, std::string &text, char delim) {
-  get_window window;
-  if (!starts_at_once(in) || !open_get_window(stream_access::buffer(in), window) || is_endless(window)) return false;
-  b_str_ref *const rep = representation_of(text);
-  if (!string_is_private(rep)) return false;
-  const unsigned int size = window_size(window), most = size < rep->capacity ? size : rep->capacity;
-  const char *const stop = copy_line(rep->data, window.at, most, delim);
-  if (!stop) return false;
-  const unsigned int n = stop - window.at;
-  rep->count = 1;
-  rep->length = n;
-  rep->data[n] = 0;
-  window.take_up_to(stop + 1);
-  start_count(in);
-  return true;
+// Copies what comes before the delimiter, up to the room that is left, and counts it; returns whether it is there.
+inline bool copy_up_to(const char *&at, const char *end, char delim, char *&next, std::streamsize &room,
+                       std::streamsize &count) {
+  const std::streamsize n = end - at < room ? end - at : room;
+  const char *const found = find_delimiter(at, at + n, delim);
+  const std::streamsize part = found ? found - at : n;
+  memmove(next, at, part);  // a program may read into the place it reads from
+  next += part;
+  room -= part;
+  count += part;
+  at += part;
+  return found != nullptr;
 }
 
-[[gnu::noinline]] std::istream &get_line(std::istream &in, std::string &text, char delim) {
+template <class... To> inline std::istream &quickest_get_line(std::istream &in, To &...to) {
+  return __builtin_expect(processor_has_sse2, true) ? get_line_sse2(in, to...) : get_line(in, to...);
+}
+
+}  // namespace
+
+std::istream &get_line(std::istream &in, std::string &text, char delim) {
   light_input_operation(in, true, [&](iostate &error) {
     text.clear();
     const unsigned int most = text.max_size();
@@ -85,41 +81,30 @@ inline bool get_line_at_once(std::istream &in, std::string &text, char delim) {
   return in;
 }
 
-// The same for an array that has room for the line.
-inline bool get_line_at_once(std::istream &in, char *to, std::streamsize n, char delim, std::streamsize &count) {
-  get_window window;
-  if (n < 1 || !starts_at_once(in) || !open_get_window(stream_access::buffer(in), window) || is_endless(window))
-    return false;
-  const unsigned int size = window_size(window), most = size < static_cast<unsigned int>(n) ? size : n;
-  const char *const stop = copy_line(to, window.at, most, delim);
-  if (!stop) return false;
-  count = stop - window.at + 1;
-  to[count - 1] = 0;
-  window.take_up_to(stop + 1);
-  return true;
+std::istream &get_line(std::istream &in, char *to, std::streamsize n, char delim) {
+  char *next = to;
+  light_input_operation(
+      in, true,
+      [&](iostate &error) {
+        if (n < 1) return;
+        std::streamsize room = n - 1;
+        if (!read_blocks(stream_access::buffer(in), [&](const char *&at, const char *end) {
+              const bool found = copy_up_to(at, end, delim, next, room, stream_access::count(in));
+              if (!found && at == end) return true;
+              // Without room the delimiter may still follow; what else follows does not fit.
+              if (*at == delim) {
+                ++at;
+                ++stream_access::count(in);
+              } else {
+                error |= ios_base::failbit;
+              }
+              return false;
+            }))
+          error |= ios_base::eofbit;
+      },
+      [&](iostate &error) { end_text(in, next, error); });
+  return in;
 }
-
-// Both members end the text and complain when nothing was taken.
-inline void end_text(std::istream &in, char *next, iostate &error) {
-  *next = 0;
-  if (stream_access::count(in) == 0) error |= ios_base::failbit;
-}
-
-// Copies what comes before the delimiter, up to the room that is left, and counts it; returns whether it is there.
-inline bool copy_up_to(const char *&at, const char *end, char delim, char *&next, std::streamsize &room,
-                       std::streamsize &count) {
-  const std::streamsize n = end - at < room ? end - at : room;
-  const char *const found = find_delimiter(at, at + n, delim);
-  const std::streamsize part = found ? found - at : n;
-  memmove(next, at, part);  // a program may read into the place it reads from
-  next += part;
-  room -= part;
-  count += part;
-  at += part;
-  return found != nullptr;
-}
-
-}  // namespace
 
 }  // namespace __zor
 
@@ -127,13 +112,11 @@ namespace std {
 
 using namespace __zor;
 
-template <> istream &getline(istream &in, string &text, char delim) {
-  return get_line_at_once(in, text, delim) ? in : get_line(in, text, delim);
-}
+template <> istream &getline(istream &in, string &text, char delim) { return quickest_get_line(in, text, delim); }
 
 template <> istream &getline(istream &in, string &text) {
   const char delim = newline(in);
-  return get_line_at_once(in, text, delim) ? in : get_line(in, text, delim);
+  return quickest_get_line(in, text, delim);
 }
 
 template <class C, class T> basic_istream<C, T> &basic_istream<C, T>::get(C *to, streamsize n, C delim) {
@@ -152,29 +135,7 @@ template <class C, class T> basic_istream<C, T> &basic_istream<C, T>::get(C *to,
 }
 
 template <class C, class T> basic_istream<C, T> &basic_istream<C, T>::getline(C *to, streamsize n, C delim) {
-  if (get_line_at_once(*this, to, n, delim, _gcount_)) return *this;
-  char *next = to;
-  light_input_operation(
-      *this, true,
-      [&](iostate &error) {
-        if (n < 1) return;
-        streamsize room = n - 1;
-        if (!read_blocks(stream_access::buffer(*this), [&](const char *&at, const char *end) {
-              const bool found = copy_up_to(at, end, delim, next, room, _gcount_);
-              if (!found && at == end) return true;
-              // Without room the delimiter may still follow; what else follows does not fit.
-              if (*at == delim) {
-                ++at;
-                ++_gcount_;
-              } else {
-                error |= ios_base::failbit;
-              }
-              return false;
-            }))
-          error |= ios_base::eofbit;
-      },
-      [&](iostate &error) { end_text(*this, next, error); });
-  return *this;
+  return quickest_get_line(*this, to, n, delim);
 }
 
 template <class C, class T> basic_istream<C, T> &basic_istream<C, T>::get(C *to, streamsize n) {
@@ -182,7 +143,8 @@ template <class C, class T> basic_istream<C, T> &basic_istream<C, T>::get(C *to,
 }
 
 template <class C, class T> basic_istream<C, T> &basic_istream<C, T>::getline(C *to, streamsize n) {
-  return getline(to, n, newline(*this));
+  const char delim = newline(*this);
+  return quickest_get_line(*this, to, n, delim);
 }
 
 template class basic_istream<char, char_traits<char>>;
