@@ -1,8 +1,13 @@
-# libplx.so.3: every source of the library's folders, in one shared object that stands on the C library only.
+# libplx.so.3: every source of the library's folders, in one shared object that stands on the C library only; and
+# libplx.a, the same for static programs.
 
 set(PLX_FOLDERS libC libC/i386 exceptions string containers locale iostream clang)
 list(TRANSFORM PLX_FOLDERS APPEND /*.cpp OUTPUT_VARIABLE PLX_GLOBS)
-file(GLOB PLX_SOURCES CONFIGURE_DEPENDS RELATIVE ${CMAKE_SOURCE_DIR} ${PLX_GLOBS})
+file(GLOB PLX_COMMON_SOURCES CONFIGURE_DEPENDS RELATIVE ${CMAKE_SOURCE_DIR} ${PLX_GLOBS})
+# What depends on how the library is linked to a program.
+file(GLOB PLX_SHARED_SOURCES CONFIGURE_DEPENDS RELATIVE ${CMAKE_SOURCE_DIR} */shared/*.cpp)
+file(GLOB PLX_STATIC_SOURCES CONFIGURE_DEPENDS RELATIVE ${CMAKE_SOURCE_DIR} */archive/*.cpp)
+set(PLX_SOURCES ${PLX_COMMON_SOURCES} ${PLX_SHARED_SOURCES})
 file(GLOB_RECURSE PLX_HEADERS CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/include/[a-z]*)
 
 # The processor that everything may count on; whatever needs more asks the processor at run time.
@@ -39,4 +44,21 @@ set_target_properties(plx PROPERTIES LINK_DEPENDS ${CMAKE_SOURCE_DIR}/cmake/pree
 if(NOT PLX_SANITIZE)
   # The sanitizer's own entry points come from the program.
   target_link_options(plx PRIVATE LINKER:-z,defs)
+endif()
+
+# Compiled once more and not position-independent, as the programs that take it in are: smaller, and quicker where every
+# register counts. Not combined with sanitizers, which need shared libraries.
+if(NOT PLX_SANITIZE)
+  add_library(plx_static STATIC ${PLX_COMMON_SOURCES} ${PLX_STATIC_SOURCES})
+  target_compile_features(plx_static PRIVATE cxx_std_17)
+  target_include_directories(plx_static PRIVATE include)
+  target_compile_options(plx_static PRIVATE ${PLX_TARGET_FLAGS} ${PLX_CXX_FLAGS} ${PLX_WARNINGS} -fno-pic -fno-pie)
+  if(CMAKE_CXX_COMPILER_ID STREQUAL GNU)
+    target_compile_options(plx_static PRIVATE -Wno-sized-deallocation)
+  endif()
+  set_target_properties(plx_static PROPERTIES
+    OUTPUT_NAME plx
+    CXX_EXTENSIONS OFF
+    POSITION_INDEPENDENT_CODE OFF
+    ARCHIVE_OUTPUT_DIRECTORY ${PLX_LIB})
 endif()

@@ -33,6 +33,9 @@ function(plx_variants out)
       string(REGEX REPLACE "\\*/.*" "" line "${line}")
       string(REPLACE "|" ";" line "${line}")
       list(TRANSFORM line STRIP)
+      if(PLX_SANITIZE)
+        list(FILTER line EXCLUDE REGEX "(^| )-static( |$)")
+      endif()
       set(${out} "${line}" PARENT_SCOPE)
       return()
     endif()
@@ -61,6 +64,10 @@ function(plx_program_tests name driver sources headers)
     cmake_path(GET program PARENT_PATH folder)
     file(MAKE_DIRECTORY ${folder})
     separate_arguments(flags UNIX_COMMAND "${flags}")
+    set(archive "")
+    if(-static IN_LIST flags)
+      set(archive plx_static)
+    endif()
     # One dependency file holds one unit only.
     list(LENGTH sources units)
     set(depfile "")
@@ -74,7 +81,7 @@ function(plx_program_tests name driver sources headers)
       COMMAND ${CMAKE_COMMAND} -E env PLX_CC=${PLX_TEST_C_COMPILER} PLX_CLANG=${PLX_CLANG}
               ${PLX_BIN}/${driver} ${flags} -g -Wall -Wextra -I ${CMAKE_SOURCE_DIR}/tests ${sources} -o ${program}
               ${depflags}
-      DEPENDS ${PLX_TEST_BASE} ${sources} ${headers}
+      DEPENDS ${PLX_TEST_BASE} ${archive} ${sources} ${headers}
       ${depfile}
       COMMENT "Building test ${variant}"
       VERBATIM)

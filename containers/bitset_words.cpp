@@ -16,7 +16,7 @@ constexpr unsigned word_bytes = sizeof(unsigned long);
 
 // From this many words on, the call of the other form is worth it.
 constexpr unsigned sse2_words = 8;
-bool by_sse2(unsigned n) { return n >= sse2_words && processor_has_sse2; }
+bool by_sse2(unsigned n) { return n >= sse2_words && processor_has(processor_sse2); }
 
 }  // namespace
 
@@ -51,7 +51,7 @@ bool any(const unsigned long *w, unsigned n) PLX_NOTHROW {
 }
 
 unsigned count(const unsigned long *w, unsigned n) PLX_NOTHROW {
-  if (processor_has_popcnt) return count_popcnt(w, n);
+  if (processor_has(processor_popcnt)) return count_popcnt(w, n);
   unsigned sum = 0;
   for (unsigned i = 0; i < n; ++i) sum += static_cast<unsigned>(count_in_word(w[i]));
   return sum;

@@ -9,7 +9,7 @@ namespace __zor {
 
 __attribute__((__regparm__(3))) const unsigned int *find_word(const unsigned int *first, const unsigned int *last,
                                                               unsigned int word) PLX_NOTHROW {
-  if (processor_has_sse2) {
+  if (processor_has(processor_sse2)) {
     first = find_word_sse2(first, last, word);
   } else {
     for (; last - first >= 4; first += 4) {

@@ -2,22 +2,46 @@
 
 #include <plx/random_generator.h>
 
-namespace std {
+namespace {
 
-// Ready before any static object of a program asks for it: the library's own are made when it is loaded.
-__random_generator __vexil_rd(161803398);
+constexpr unsigned int size = 55;
 
-void __random_generator::seed(unsigned long s) PLX_NOTHROW {
-  _table_[size - 1] = static_cast<unsigned int>(s);
-  unsigned int k = 1, j = static_cast<unsigned int>(s);
+// A generator's data. `fill` works at compile time too, where it makes the library's own.
+struct a_generator {
+  unsigned int table[size], index1, index2;
+};
+
+constexpr void fill(unsigned int (&table)[size], unsigned int seed) {
+  table[size - 1] = seed;
+  unsigned int k = 1, j = seed;
   for (unsigned int i = 0; i < size; ++i) {
-    unsigned int &word = _table_[21 * i % size];
+    unsigned int &word = table[21 * i % size];
     word = k;
     k = j - k;
     j = word;
   }
   for (int pass = 0; pass < 4; ++pass)
-    for (unsigned int i = 0; i < size; ++i) _table_[i] -= _table_[(i + 31) % size];
+    for (unsigned int i = 0; i < size; ++i) table[i] -= table[(i + 31) % size];
+}
+
+constexpr a_generator seeded(unsigned int seed) {
+  a_generator made = {{}, 0, 31};
+  fill(made.table, seed);
+  return made;
+}
+
+static_assert(sizeof(a_generator) == sizeof(std::__random_generator), "the same data");
+
+}  // namespace
+
+// std::__vexil_rd by its mangled name: ready before any code runs.
+extern "C" PLX_API a_generator library_generator __asm__("_ZSt10__vexil_rd");
+a_generator library_generator = seeded(161803398);
+
+namespace std {
+
+void __random_generator::seed(unsigned long s) PLX_NOTHROW {
+  fill(_table_, static_cast<unsigned int>(s));
   _index1_ = 0;
   _index2_ = 31;
 }

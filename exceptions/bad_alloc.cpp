@@ -9,6 +9,7 @@
 
 #include <plx/runtime.h>
 
+#include "../libC/needed_destruction.h"
 #include "throw_object.h"
 
 namespace {
@@ -28,11 +29,9 @@ namespace {
 
 static_assert(sizeof(std::string) == sizeof bad_alloc_message, "a string is one pointer");
 
-a_needed_destruction record = {nullptr, &bad_alloc_message, destroy_message};
-
-__attribute__((__constructor__)) void record_message() { __record_needed_destruction(&record); }
-
 }  // namespace
+
+a_needed_destruction __zor::oldest_needed_destruction = {PLX_END_OF_DESTRUCTIONS, &bad_alloc_message, destroy_message};
 
 namespace std {
 

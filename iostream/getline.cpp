@@ -45,7 +45,7 @@ inline bool copy_up_to(const char *&at, const char *end, char delim, char *&next
 }
 
 template <class... To> inline std::istream &quickest_get_line(std::istream &in, To &...to) {
-  return __builtin_expect(processor_has_sse2, true) ? get_line_sse2(in, to...) : get_line(in, to...);
+  return __builtin_expect(processor_has(processor_sse2), true) ? get_line_sse2(in, to...) : get_line(in, to...);
 }
 
 }  // namespace

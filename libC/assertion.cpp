@@ -4,10 +4,12 @@
 
 #include "eh_state.h"
 
-FILE *__f_debug = stderr;
+// What stderr points to at the start, by the C library's own name for it: so no code has to run to set this up.
+extern "C" FILE standard_error __asm__("_IO_2_1_stderr_");
+
+FILE *__f_debug = &standard_error;
 
 void __zor::assertion_failed(int line) {
-  // Null only in a constructor that runs before this library's own.
   fprintf(__f_debug ? __f_debug : stderr, "Assertion failed in file \"%s\", line %d\n", "libC/throw", line);
   abort();
 }

@@ -5,11 +5,7 @@
 
 using namespace __zor;
 
-// The C name is spelled out: in C++ it belongs to the compiler, which calls a function of other parameters.
-extern "C" void *plx_dynamic_cast(void *object, const a_virtual_table_slot *slot,
-                                  const a_type_info_impl *target) __asm__("__dynamic_cast");
-
-// The same under a name that no C++ compiler uses, for programs that hold code of both kinds.
+// __dynamic_cast under a name that no C++ compiler uses, for programs that hold code of both kinds.
 extern "C" __attribute__((__visibility__("default"))) void *__zor_dynamic_cast(void *object,
                                                                                const a_virtual_table_slot *slot,
                                                                                const a_type_info_impl *target) {
@@ -17,12 +13,6 @@ extern "C" __attribute__((__visibility__("default"))) void *__zor_dynamic_cast(v
   if (!target || same_type(slot->type, target)) return complete;
   void *converted;
   return __derived_to_base_conversion(complete, &converted, slot->type, target, nullptr, 0) ? converted : nullptr;
-}
-
-extern "C" __attribute__((__visibility__("default"))) void *plx_dynamic_cast(void *object,
-                                                                             const a_virtual_table_slot *slot,
-                                                                             const a_type_info_impl *target) {
-  return __zor_dynamic_cast(object, slot, target);
 }
 
 void *__dynamic_cast_ref(void *object, const a_virtual_table_slot *slot, const a_type_info_impl *target) {

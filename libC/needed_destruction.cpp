@@ -4,14 +4,13 @@
 #include <stdlib.h>
 
 #include "eh_tools.h"
+#include "needed_destruction.h"
 
 using namespace __zor;
 
 namespace __zor {
 
-// Ends the list. Not null: a null link marks a record that is not registered.
-a_needed_destruction *const end_of_list = reinterpret_cast<a_needed_destruction *>(17);
-a_needed_destruction *needed_destruction_head = end_of_list;
+a_needed_destruction *needed_destruction_head = &oldest_needed_destruction;
 
 }  // namespace __zor
 
@@ -61,7 +60,7 @@ int __zor_std_atexit(void (*function)()) {
 
 void __process_needed_destructions() {
   run_or_terminate([] {
-    while (needed_destruction_head != end_of_list) run(&needed_destruction_head);
+    while (needed_destruction_head != PLX_END_OF_DESTRUCTIONS) run(&needed_destruction_head);
   });
 }
 
@@ -71,7 +70,7 @@ void __process_shared_object_destruction(const void *start1, unsigned int size1,
                                          unsigned int size2) {
   run_or_terminate([=] {
     a_needed_destruction **link = &needed_destruction_head;
-    while (*link != end_of_list) {
+    while (*link != PLX_END_OF_DESTRUCTIONS) {
       const a_needed_destruction *record = *link;
       const void *destructor = reinterpret_cast<const void *>(record->destructor);
       if (lies_in(record, start2, size2) || lies_in(record->object, start2, size2) ||

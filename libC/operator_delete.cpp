@@ -4,4 +4,8 @@
 
 #include <stdlib.h>
 
+#include "replaced_new.h"
+
 void operator delete(void *block) PLX_NOTHROW { free(block); }
+
+const char __zor::own_operator_delete = 0;

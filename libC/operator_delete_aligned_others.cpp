@@ -2,14 +2,20 @@
 
 #include <new>
 
-void operator delete[](void *block, std::align_val_t alignment) PLX_NOTHROW { operator delete(block, alignment); }
-void operator delete(void *block, size_t, std::align_val_t alignment) PLX_NOTHROW { operator delete(block, alignment); }
-void operator delete[](void *block, size_t, std::align_val_t alignment) PLX_NOTHROW {
-  operator delete[](block, alignment);
-}
-void operator delete(void *block, std::align_val_t alignment, const std::nothrow_t &) PLX_NOTHROW {
+#include "replaced_new.h"
+
+PLX_REPLACEABLE void operator delete[](void *block, std::align_val_t alignment) PLX_NOTHROW {
   operator delete(block, alignment);
 }
-void operator delete[](void *block, std::align_val_t alignment, const std::nothrow_t &) PLX_NOTHROW {
+PLX_REPLACEABLE void operator delete(void *block, size_t, std::align_val_t alignment) PLX_NOTHROW {
+  operator delete(block, alignment);
+}
+PLX_REPLACEABLE void operator delete[](void *block, size_t, std::align_val_t alignment) PLX_NOTHROW {
+  operator delete[](block, alignment);
+}
+PLX_REPLACEABLE void operator delete(void *block, std::align_val_t alignment, const std::nothrow_t &) PLX_NOTHROW {
+  operator delete(block, alignment);
+}
+PLX_REPLACEABLE void operator delete[](void *block, std::align_val_t alignment, const std::nothrow_t &) PLX_NOTHROW {
   operator delete[](block, alignment);
 }

@@ -2,4 +2,8 @@
 
 #include <new>
 
+#include "replaced_new.h"
+
 void operator delete[](void *block) PLX_NOTHROW { operator delete(block); }
+
+const char __zor::own_operator_delete_array = 0;

@@ -3,7 +3,9 @@
 
 #include <new>
 
-void operator delete(void *block, const std::nothrow_t &) PLX_NOTHROW { operator delete(block); }
-void operator delete[](void *block, const std::nothrow_t &) PLX_NOTHROW { operator delete[](block); }
-void operator delete(void *block, size_t) PLX_NOTHROW { operator delete(block); }
-void operator delete[](void *block, size_t) PLX_NOTHROW { operator delete[](block); }
+#include "replaced_new.h"
+
+PLX_REPLACEABLE void operator delete(void *block, const std::nothrow_t &) PLX_NOTHROW { operator delete(block); }
+PLX_REPLACEABLE void operator delete[](void *block, const std::nothrow_t &) PLX_NOTHROW { operator delete[](block); }
+PLX_REPLACEABLE void operator delete(void *block, size_t) PLX_NOTHROW { operator delete(block); }
+PLX_REPLACEABLE void operator delete[](void *block, size_t) PLX_NOTHROW { operator delete[](block); }

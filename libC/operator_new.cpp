@@ -7,6 +7,7 @@
 
 #include "eh_tools.h"
 #include "new_handler.h"
+#include "replaced_new.h"
 
 using namespace __zor;
 
@@ -29,3 +30,5 @@ void *operator new(size_t bytes) {
   if (void *block = malloc(bytes)) return block;
   return ask_the_handler(bytes);
 }
+
+const char __zor::own_operator_new = 0;

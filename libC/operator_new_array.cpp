@@ -3,4 +3,8 @@
 
 #include <new>
 
+#include "replaced_new.h"
+
 void *operator new[](size_t bytes) { return operator new(bytes); }
+
+const char __zor::own_operator_new_array = 0;

@@ -10,8 +10,6 @@
 
 using namespace __zor;
 
-const std::nothrow_t std::nothrow = {};
-
 namespace {
 
 // Runs the body; returns whether it threw bad_alloc. Anything else that it throws goes on.

@@ -5,6 +5,8 @@
 
 #include <plx/codecvt.h>
 
+#include "standard_facets.h"
+
 namespace std {
 
 typedef codecvt<char, char, int> identity;
@@ -121,3 +123,6 @@ int codecvt_by_mbstate::do_length(int &state, const char *from, const char *from
 }
 
 }  // namespace __zor
+
+const __zor::standard_facet __zor::codecvt_facet = {made_alike<std::codecvt<char, char, int>>,
+                                                    &std::codecvt<char, char, int>::id};

@@ -4,6 +4,7 @@
 
 #include "../libC/eh_tools.h"
 #include "c_locale.h"
+#include "standard_facets.h"
 
 using namespace __zor;
 
@@ -120,3 +121,5 @@ string collate_byname<char>::do_transform(const char *lo, const char *hi) const 
 }
 
 }  // namespace std
+
+const __zor::standard_facet __zor::collate_facet = {made_alike<std::collate<char>>, &std::collate<char>::id};

@@ -4,6 +4,8 @@
 
 #include <plx/ctype.h>
 
+#include "standard_facets.h"
+
 namespace std {
 
 const ctype_base::mask ctype_base::space;
@@ -118,3 +120,5 @@ const char *ctype<char>::do_narrow(const char *lo, const char *hi, char, char *t
 }
 
 }  // namespace std
+
+const __zor::standard_facet __zor::ctype_facet = {made_alike<std::ctype<char>>, &std::ctype<char>::id};

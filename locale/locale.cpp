@@ -3,8 +3,6 @@
 
 #include <stdexcept>
 
-#include <plx/collate.h>
-
 #include "c_locale.h"
 #include "own.h"
 #include "standard_facets.h"
@@ -91,10 +89,6 @@ string locale::name() const { return _imp_->_name_; }
 bool locale::operator==(const locale &other) const PLX_NOTHROW {
   return _imp_ == other._imp_ ||
          ((_imp_->_quick_ & other._imp_->_quick_ & imp::_named_whole) && _imp_->_name_ == other._imp_->_name_);
-}
-
-bool locale::_before(const char *lo1, const char *hi1, const char *lo2, const char *hi2) const {
-  return use_facet<std::collate<char>>(*this).compare(lo1, hi1, lo2, hi2) < 0;
 }
 
 }  // namespace std

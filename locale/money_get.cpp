@@ -9,6 +9,7 @@
 
 #include "character_cursor.h"
 #include "money_style.h"
+#include "standard_facets.h"
 
 using namespace std;
 
@@ -217,3 +218,5 @@ template class money_get<char, istreambuf_iterator<char>>;
 template class money_get<char, char *>;
 
 }  // namespace std
+
+const __zor::standard_facet __zor::money_get_facet = {made_alike<std::money_get<char>>, &std::money_get<char>::id};

@@ -12,6 +12,7 @@
 #include <stdio.h>
 
 #include "money_style.h"
+#include "standard_facets.h"
 
 using namespace std;
 
@@ -117,3 +118,5 @@ template class money_put<char, ostreambuf_iterator<char>>;
 template class money_put<char, char *>;
 
 }  // namespace std
+
+const __zor::standard_facet __zor::money_put_facet = {made_alike<std::money_put<char>>, &std::money_put<char>::id};

@@ -4,6 +4,7 @@
 
 #include "../libC/eh_tools.h"
 #include "c_locale.h"
+#include "standard_facets.h"
 
 using namespace __zor;
 
@@ -117,3 +118,8 @@ template class moneypunct_byname<char, false>;
 template class moneypunct_byname<char, true>;
 
 }  // namespace std
+
+const __zor::standard_facet __zor::moneypunct_intl_facet = {made_by_name<std::moneypunct_byname<char, true>>,
+                                                            &std::moneypunct<char, true>::id};
+const __zor::standard_facet __zor::moneypunct_facet = {made_by_name<std::moneypunct_byname<char, false>>,
+                                                       &std::moneypunct<char, false>::id};

@@ -6,6 +6,7 @@
 #include "../libC/eh_tools.h"
 #include "num_put_locale.h"
 #include "number_text.h"
+#include "standard_facets.h"
 
 using namespace std;
 
@@ -97,3 +98,5 @@ template class num_put<char, ostreambuf_iterator<char>>;
 template class num_put<char, char *>;
 
 }  // namespace std
+
+const __zor::standard_facet __zor::num_put_facet = {made_alike<std::num_put<char>>, &std::num_put<char>::id};

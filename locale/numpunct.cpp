@@ -4,6 +4,7 @@
 
 #include "../libC/eh_tools.h"
 #include "c_locale.h"
+#include "standard_facets.h"
 
 using namespace __zor;
 
@@ -45,3 +46,5 @@ string numpunct<char>::do_truename() const { return _truename_; }
 string numpunct<char>::do_falsename() const { return _falsename_; }
 
 }  // namespace std
+
+const __zor::standard_facet __zor::numpunct_facet = {made_by_name<std::numpunct<char>>, &std::numpunct<char>::id};

@@ -6,6 +6,7 @@
 
 #include "character_cursor.h"
 #include "time_names.h"
+#include "standard_facets.h"
 
 using namespace std;
 
@@ -138,3 +139,5 @@ template class time_get<char, istreambuf_iterator<char>>;
 template class time_get_byname<char, istreambuf_iterator<char>>;
 
 }  // namespace std
+
+const __zor::standard_facet __zor::time_get_facet = {made_alike<std::time_get<char>>, &std::time_get<char>::id};

@@ -6,6 +6,7 @@
 
 #include "ios_base_access.h"
 #include "time_names.h"
+#include "standard_facets.h"
 
 using namespace std;
 
@@ -41,3 +42,5 @@ template class time_put<char, ostreambuf_iterator<char>>;
 template class time_put_byname<char, ostreambuf_iterator<char>>;
 
 }  // namespace std
+
+const __zor::standard_facet __zor::time_put_facet = {made_alike<std::time_put<char>>, &std::time_put<char>::id};

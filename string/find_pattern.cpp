@@ -22,7 +22,7 @@ const char *find_pattern(const char *text, const char *end, const char *pattern,
     ++text;
     misses += 1 + n / 64;  // as if all had been compared
   }
-  if (processor_has_sse2) {
+  if (processor_has(processor_sse2)) {
     const char *found = find_pattern_sse2(text, end, pattern, n);
     if (!text) return found;
   }

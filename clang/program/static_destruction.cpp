@@ -1,5 +1,4 @@
-// Static objects of C++ go to the same list as those of generated code, so that all die in one order. It is in the
-// program because the C library has a function of the same name, which shared objects must go on calling.
+// Static objects of C++ go to the same list as those of generated code, so that all die in one order.
 
 #include <stdlib.h>
 
@@ -27,9 +26,9 @@ a_needed_destruction *new_record() {
 
 }  // namespace
 
-// Returns 0, or -1 when there is no memory. The shared object that the ABI passes last is always the program.
-extern "C" __attribute__((__visibility__("hidden"))) int __cxa_atexit(void (*destructor)(void *), void *object,
-                                                                      void *) {
+// Returns 0, or -1 when there is no memory.
+extern "C" __attribute__((__visibility__("hidden"))) int __zor_destroy_at_exit(void (*destructor)(void *),
+                                                                               void *object) {
   a_needed_destruction *record = new_record();
   if (!record) return -1;
   record->object = object;
@@ -40,6 +39,6 @@ extern "C" __attribute__((__visibility__("hidden"))) int __cxa_atexit(void (*des
 
 // Objects of each thread: there is one thread, so they die with the static ones.
 extern "C" __attribute__((__visibility__("hidden"))) int __cxa_thread_atexit(void (*destructor)(void *), void *object,
-                                                                             void *handle) {
-  return __cxa_atexit(destructor, object, handle);
+                                                                             void *) {
+  return __zor_destroy_at_exit(destructor, object);
 }

@@ -6,18 +6,16 @@
 
 namespace __zor {
 
-bool processor_has_sse2;
-bool processor_has_popcnt;
+unsigned char processor_features;
 
-namespace {
-
-__attribute__((__constructor__)) void ask() {
+unsigned char ask_processor() {
+  unsigned char features = processor_was_asked;
   unsigned a, b, c, d;
-  if (!__get_cpuid(1, &a, &b, &c, &d)) return;
-  processor_has_sse2 = d & bit_SSE2;
-  processor_has_popcnt = c & bit_POPCNT;
+  if (__get_cpuid(1, &a, &b, &c, &d)) {
+    if (d & bit_SSE2) features |= processor_sse2;
+    if (c & bit_POPCNT) features |= processor_popcnt;
+  }
+  return processor_features = features;
 }
-
-}  // namespace
 
 }  // namespace __zor

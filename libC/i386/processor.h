@@ -1,9 +1,21 @@
-// What the processor can do beyond the i686 that everything may count on; asked once, when the library is loaded.
+// What the processor can do beyond the i686 that everything may count on. Asked at the first use and remembered, so
+// that starting a program costs nothing, and code that runs before any constructor may ask too.
 #pragma once
 
 namespace __zor {
 
-extern __attribute__((__visibility__("hidden"))) bool processor_has_sse2;
-extern __attribute__((__visibility__("hidden"))) bool processor_has_popcnt;
+enum processor_feature : unsigned char { processor_was_asked = 1, processor_sse2 = 2, processor_popcnt = 4 };
+
+// The features, or 0 before the first question.
+extern __attribute__((__visibility__("hidden"))) unsigned char processor_features;
+
+// Fills in and returns `processor_features`.
+__attribute__((__visibility__("hidden"), __noinline__, __cold__)) unsigned char ask_processor();
+
+inline bool processor_has(processor_feature feature) {
+  unsigned char features = processor_features;
+  if (__builtin_expect(features == 0, 0)) features = ask_processor();
+  return features & feature;
+}
 
 }  // namespace __zor

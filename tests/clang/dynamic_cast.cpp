@@ -1,6 +1,6 @@
 // dynamic_cast: up, down and across, to void *, of references with bad_cast, through virtual, repeated, private and
 // ambiguous bases, of objects under construction, and in a hierarchy too deep to be guessed at.
-// test-variants: -O0 | -O2 | -O3 | -O1 -std=gnu++17
+// test-variants: -O0 | -O2 | -O3 | -O1 -std=gnu++17 | -O2 -static
 #include <typeinfo>
 
 #include "../harness.h"

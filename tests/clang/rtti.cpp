@@ -1,6 +1,6 @@
 // typeid and std::type_info: of types, of objects with and without virtual functions, of objects under construction, of
 // dereferenced null pointers; equality, order and names.
-// test-variants: -O0 | -O2 | -O1 -std=gnu++20
+// test-variants: -O0 | -O2 | -O1 -std=gnu++20 | -O1 -static
 #include <typeinfo>
 
 #include "../harness.h"

@@ -8,7 +8,8 @@ for option in -fPIC -fpic -fPIE -fpie -pie -static-pie; do
   expect_error "error: $option: C++ for plx is built for a fixed address" plx-c++ $option main.cpp -o program
 done
 expect_error "shared objects of C with plx-cc" plx-c++ -shared main.cpp -o program
-expect_error "error: -static: plx is a shared library only" plx-c++ -static main.cpp -o program
+expect_error "error: -static: the address sanitizer does not work" plx-c++ -fsanitize=address -static main.cpp -o program
+expect_error "error: -static-pie: libplx.a is code for a fixed address" plx-cc -static-pie main.c -o program
 for option in -flto -flto=thin -flto=full; do
   expect_error "error: $option: plx's exceptions do not survive" plx-c++ $option -c main.cpp
 done

@@ -1,5 +1,5 @@
 // Formatted input: which numbers, characters and C strings are read, what stays, and the states that result.
-// test-variants: -O0 | -O2
+// test-variants: -O0 | -O2 | -O2 -static
 
 #include <limits.h>
 

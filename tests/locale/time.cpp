@@ -1,6 +1,6 @@
 // time_put and time_get: patterns and their ends, names of the environment's locale, what is read and where it stops,
 // round trips over all days, buffers that fail, and environments that name no locale.
-// test-variants: -O1 | -O2 -std=gnu++17
+// test-variants: -O1 | -O2 -std=gnu++17 | -O1 -static
 
 #include <locale.h>
 

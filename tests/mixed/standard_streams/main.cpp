@@ -1,6 +1,6 @@
 // The standard streams from the first static constructor to the last destructor, in several files of C++ and one of
 // generated C, mixed with stdio on the same output: everything arrives, in the order of the calls. Then what Init does.
-// test-variants: -O0 | -O2
+// test-variants: -O0 | -O2 | -O2 -static
 #include "says.h"
 
 #include <cstdlib>

@@ -1,7 +1,7 @@
 // Everything that ends with the program ends in the reverse order of its beginning: static objects of several C++
 // files, local ones, std::atexit functions, records of generated C; the same by exit, by return from main, and when
 // static objects are destroyed while exceptions are about.
-// test-variants: -O0 | -O2
+// test-variants: -O0 | -O2 | -O1 -static
 #include "statics.h"
 
 #include <cstdlib>

@@ -1,7 +1,7 @@
 // Exceptions across the worlds: thrown by generated C and caught by C++ and the other way round, thrown by the
 // library and caught by both, with objects and arrays of both worlds between throw and catch, destroyed in true
 // nesting order.
-// test-variants: -O0 | -O2 | -O3 -fomit-frame-pointer
+// test-variants: -O0 | -O2 | -O3 -fomit-frame-pointer | -O2 -static
 #include "worlds.h"
 
 #include <malloc.h>

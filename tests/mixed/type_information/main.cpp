@@ -1,6 +1,6 @@
 // Type information of both worlds in one program: type_info objects of generated C, of the library and of the C++
 // compiler compare as the types they stand for, and each world's dynamic_cast works on its own objects.
-// test-variants: -O0 | -O2
+// test-variants: -O0 | -O2 | -O1 -static
 #include <plx/runtime.h>
 
 #include <new>

@@ -1,6 +1,7 @@
-// Both names are resolved as the program resolves them; the library's own lie between its first and its last byte.
+// In the shared object: both names are resolved as the program resolves them; the library's own lie between its first
+// and its last byte.
 
-#include "replaced_new.h"
+#include "../replaced_new.h"
 
 #include <new>
 
