@@ -117,25 +117,24 @@ class BitReference(Iterator):
 
 @prints("std::reverse_iterator")
 class ReverseIterator(Printer):
-    members = ("current",)
+    """Over the library's iterators and pointers; a program's own iterators stay as they are."""
 
-    def check(self):
-        self.current = self.value["current"]
-        self.inner = None
-        kind = _KINDS.get(class_name(self.current.type))
-        if kind is not None:
-            self.inner = kind(self.current)
-            self.inner.check()
-        elif self.current.type.strip_typedefs().code != gdb.TYPE_CODE_PTR:
-            # A program's own iterator.
-            self.children = lambda: [("base()", self.current)]
+    @classmethod
+    def fits(cls, type):
+        current = [field.type.strip_typedefs() for field in type.fields() if field.name == "current"]
+        if not current:
+            return False
+        is_pointer = current[0].code == gdb.TYPE_CODE_PTR and current[0].sizeof == 4
+        return is_pointer or class_name(current[0]) in _KINDS
 
     def text(self):
-        if self.inner is not None:
-            return self.inner.reversed()
-        if hasattr(self, "children"):
-            return self.title
-        return (self.current - 1).dereference() if int(self.current) else "<singular reverse_iterator>"
+        current = self.value["current"]
+        kind = _KINDS.get(class_name(current.type))
+        if kind is None:
+            return (current - 1).dereference() if int(current) else "<singular %s>" % self.title.split("::")[-1]
+        inner = kind(current)
+        inner.check()
+        return inner.reversed()
 
 
 _KINDS = {

@@ -166,5 +166,33 @@ int main(void) {
   //= The eh stack is empty.
   //> plx throw-stack
   //= No exception exists.
+  /* Broken stacks end where they cannot be followed. */
+  //> set var everything.next = &everything
+  //> set var *(void **)&__curr_eh_stack_entry = &everything
+  //> plx eh-stack
+  //= #0   0xN  try block in main at records.c: to_stop();
+  //=         catches everything
+  //= <invalid: the eh stack goes in circles at 0xN>
+  //> set var everything.kind = 77
+  //> plx eh-stack
+  //= <invalid: an entry of kind 77 at 0xN>
+  //> set var *(void **)&__curr_eh_stack_entry = (void *)16
+  //> plx eh-stack
+  //= <invalid: Cannot access memory at address 0x14>
+  //> set var everything.kind = 0
+  //> set var everything.next = 0
+  //> set var everything.body.try_block.clause_list = (void *)&everything
+  //> set var *(void **)&__curr_eh_stack_entry = &everything
+  //> plx eh-stack
+  //= #0   0xN  try block in main at records.c: to_stop();
+  //=         <invalid: Cannot access memory at address 0x0>
+  //> set var record.next = (a_needed_destruction *)3
+  //> plx destructions
+  //= #0   0xN  object 0xN <object>, stop_and_destroy
+  //= <invalid: Cannot access memory at address 0x7>
+  //> set var record.next = &record
+  //> plx destructions
+  //= #0   0xN  object 0xN <object>, stop_and_destroy
+  //= <invalid: the list is broken at 0xN>
   return 0;
 }
