@@ -75,8 +75,9 @@ inline bool starts_plainly(std::istream &in, bool noskipws) {
   if (!starts_at_once(in)) return false;
   std::streambuf *const buffer = stream_access::buffer(in);
   if (!is_plain_buffer(buffer)) return false;
+  // Formatted input asks the facet for more than that.
+  if (!noskipws && !is_quick(in, std::locale::imp::_quick_ctype)) return false;
   if (!noskipws && (stream_access::flags(in) & ios_base::skipws)) {
-    if (!is_quick(in, std::locale::imp::_quick_ctype)) return false;
     get_window window;
     if (!open_get_window(buffer, window) || is_classic_space(*window.at)) skip_plain_space(buffer);
   }
