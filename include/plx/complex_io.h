@@ -62,6 +62,10 @@ basic_ostream<_Ct, _Traits> &operator<<(basic_ostream<_Ct, _Traits> &_out, const
   _text.imbue(_out.getloc());
   _text.precision(_out.precision());
   _text << _Ct('(') << _z.real() << _Ct(',') << _z.imag() << _Ct(')');
+  if (!_text) {  // half a number is none
+    _out.setstate(basic_ostream<_Ct, _Traits>::badbit);
+    return _out;
+  }
   return _out << _buffer._text();
 }
 

@@ -1,5 +1,6 @@
 // Streams whose locale lacks facets, as only generated code can make one: what needs a facet gives badbit, what does
 // not works as ever, and where there is no frame bad_cast passes.
+#include <complex>
 #include <fstream>
 #include <iostream>
 #include <locale>
@@ -84,6 +85,7 @@ const struct {
              {no_numbers, insert<double>, bad, bad},
              {no_numbers, insert<bool>, bad, bad},
              {no_numbers, insert<void *>, bad, bad},
+             {no_numbers, insert<std::complex<double> >, bad, bad},
              {no_numbers, extract<short>, bad, bad},
              {no_numbers, extract<float>, bad, bad},
              {no_numbers, extract<bool>, bad, bad},
