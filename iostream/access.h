@@ -36,6 +36,7 @@ struct buffer_access {
   static bool is_settled(const std::stringbuf &b) { return !b._wide_; }
   static void start(std::stringbuf &b) { b._start(); }
   static bool is_at_end(const std::stringbuf &b) { return b._pptr_ >= b._written_; }  // of what was written
+  static bool fits_within(const std::string &text) { return text.size() < std::stringbuf::_step; }
   static void set_text(std::stringbuf &b, const std::string &text) { b._set_text(text.data(), text.size(), true); }
 
   static FILE *file(std::streambuf &b) { return static_cast<std::filebuf &>(b)._file_; }

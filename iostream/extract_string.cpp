@@ -7,6 +7,7 @@
 
 #include <plx/bitset_io.h>
 
+#include "../string/representation.h"
 #include "input_operation.h"
 
 namespace __zor {
@@ -34,7 +35,7 @@ inline bool assign_short(std::string &text, const char *from, unsigned int n, co
 // Any text; false, with an empty string, when there is no memory for it.
 inline bool assign_long(std::string &text, const char *from, unsigned int n) {
   const b_str_ref *const rep = representation_of(text);
-  if (string_is_private(rep) && n < rep->capacity) {
+  if ((string_is_private(rep) && n < rep->capacity) || has_block_for(n)) {
     text.assign(from, n);
     return true;
   }

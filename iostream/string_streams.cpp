@@ -5,6 +5,7 @@
 #include <plx/sstream.h>
 
 #include "stream_start.h"
+#include "stringbuf_block.h"
 
 using namespace __zor;
 
@@ -18,6 +19,11 @@ template <class Stream>
 void start_with_text(Stream &s, std::stringbuf &b, const void *const *table, const std::string &text) {
   if (text.empty()) {
     buffer_access::start(b);
+    start_stream(s, b, table);
+    return;
+  }
+  if (buffer_access::fits_within(text) && string_blocks_are_free()) {
+    buffer_access::set_text(b, text);  // cannot fail
     start_stream(s, b, table);
     return;
   }

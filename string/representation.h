@@ -100,6 +100,12 @@ PLX_STRING_HIDDEN b_str_ref *make_roomy_representation(unsigned capacity, unsign
   return make_roomy_representation(capacity, 0);
 }
 
+// Whether a representation of n characters can be made from a pooled block, which cannot fail.
+inline bool has_block_for(unsigned n) {
+  const unsigned capacity = capacity_for(n);
+  return n < largest_pooled - 2 * block_step && string_pool.free[capacity / block_step + 1];
+}
+
 // Gives a private representation this capacity and room in a larger block; its other fields and characters stay. Null
 // where that is no gain over copying: then nothing was changed.
 PLX_STRING_HIDDEN b_str_ref *extend_representation(b_str_ref *rep, unsigned capacity, unsigned room);
