@@ -1,8 +1,8 @@
 # gdb's view of plx: printers and commands in share/plx-3/gdb, and the file by which gdb finds them on its own.
 #
-# gdb looks for such a file beside the library, as libplx.so.3.3.0-gdb.py, and below the auto-load folder of its own data
-# directory, under the library's whole path. It runs those below its data directory, and others only where the user said
-# so (add-auto-load-safe-path). The first that exists decides, so only one is installed: below /usr, where the data
+# gdb looks for such a file beside the library, as libplx.so.3.3.0-gdb.py, and below the auto-load folder of its own
+# data directory, under the library's whole path. It runs those below its data directory, and others only where the user
+# said so (add-auto-load-safe-path). The first that exists decides, so only one is installed: below /usr, where the data
 # directory is, there; elsewhere beside the library, which also goes with a tree that is moved.
 
 set(PLX_GDB_DATA share/plx-3/gdb)

@@ -5,7 +5,8 @@ load.py and the auto-load file call register() once for each object file they ar
 
 import gdb
 
-from . import buffers, commands, iterators, locales, sequences, settings, streams, strings, trees, values
+from . import commands
+from . import buffers, iterators, locales, sequences, streams, strings, trees, values  # noqa: F401, they register
 from .printer import Collection
 
 _registered = False

@@ -41,10 +41,10 @@ class _List(gdb.Command):
         if argument and not argument.isdigit():
             raise gdb.GdbError("plx %s: an optional COUNT is all that it takes." % self.name)
         try:
-            for line in self.lines(int(argument) if argument else None):
-                gdb.write(line + "\n")
-        except KeyboardInterrupt:
-            raise
+            # Names are read as C++ has them, whatever the language of the current function.
+            with gdb.with_parameter("language", "c++"):
+                for line in self.lines(int(argument) if argument else None):
+                    gdb.write(line + "\n")
         except Exception as error:
             gdb.write("<invalid: %s>\n" % (str(error) or type(error).__name__))
 

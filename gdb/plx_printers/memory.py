@@ -72,8 +72,9 @@ def address_of_symbol(*names):
 def symbol_at(address):
     """(name, offset) of the symbol that holds an address; ("", 0) when there is none."""
     value = gdb.Value(address & 0xFFFFFFFF).cast(gdb.lookup_type("unsigned long"))
-    with gdb.with_parameter("print asm-demangle", True):
-        found = re.search(r"<(.*?)(?:\+(\d+))?>$", value.format_string(format="a"))
+    with gdb.with_parameter("print asm-demangle", True), gdb.with_parameter("print symbol-filename", False):
+        with gdb.with_parameter("print max-symbolic-offset", None):
+            found = re.search(r"<(.*?)(?:\+(\d+))?>$", value.format_string(format="a"))
     return (found.group(1), int(found.group(2) or 0)) if found else ("", 0)
 
 
@@ -86,8 +87,9 @@ def named_address(address):
 
 def shortened(name):
     """A C++ name with the library's usual arguments left out."""
-    name = name.replace("@plt", "").replace("std::basic_string<char, std::char_traits<char>, std::allocator<char> >", "std::string")
-    return re.sub(r"std::basic_(\w+)<char, std::char_traits<char>(, std::allocator<char>)? >", r"std::\1", name)
+    return re.sub(
+        r"std::basic_(\w+)<char, std::char_traits<char>(, std::allocator<char>)? >", r"std::\1", name.replace("@plt", "")
+    )
 
 
 def demangled(symbol):

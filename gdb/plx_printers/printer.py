@@ -12,7 +12,7 @@ def prints(*names):
 
     def register(printer):
         for name in names:
-            _table[name] = printer
+            _table.setdefault(name, []).append(printer)
         return printer
 
     return register
@@ -89,12 +89,20 @@ class _Invalid:
         return self.text
 
 
+def printer_class(type):
+    """The printer for objects of a type, or None where plx has none."""
+    type = plain(type)
+    if type.code == gdb.TYPE_CODE_STRUCT:
+        for factory in _table.get(class_name(type), ()):
+            if factory.fits(type):
+                return factory
+    return None
+
+
 def printer_for(value):
-    """The printer for a value, or None where plx has none."""
     try:
-        type = plain(value.type)
-        factory = _table.get(class_name(type))
-        if factory is None or type.code != gdb.TYPE_CODE_STRUCT or not factory.fits(type) or value.is_optimized_out:
+        factory = printer_class(value.type)
+        if factory is None or value.is_optimized_out:
             return None
         # Afresh by its address: gdb confuses the bases of what it knows to be a part of a larger object.
         made = factory(value if value.address is None else object_at(int(value.address), value.type))

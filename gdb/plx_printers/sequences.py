@@ -1,7 +1,7 @@
 # vector, vector<bool>, deque, list, the adaptors over them, valarray, and the library's own small array.
 
-from .memory import Invalid, behind, check_readable, number, plain
-from .printer import Printer, prints, printer_for
+from .memory import Invalid, behind, check_readable, number
+from .printer import Printer, printer_class, printer_for, prints
 
 DEQUE_BLOCK = 20
 LINKS = 8  # of a list's node: next, previous
@@ -49,6 +49,7 @@ class Vector(Array):
             raise Invalid("its end does not fit its block at 0x%x" % int(self.first))
 
 
+@prints("std::vector")
 class VectorOfBool(Printer):
     members = ("_words_", "_size_")
     kind = "array"
@@ -68,14 +69,6 @@ class VectorOfBool(Printer):
         for i in range(self.n):
             bit = number(self.first + i // 32 * 4) >> i % 32 & 1
             yield "[%d]" % i, "true" if bit else "false"
-
-
-@prints("std::vector")
-def _vector(value):
-    return VectorOfBool(value) if VectorOfBool.fits(plain(value.type)) else Vector(value)
-
-
-_vector.fits = lambda type: Vector.fits(type) or VectorOfBool.fits(type)
 
 
 @prints("std::valarray")
@@ -157,16 +150,17 @@ class List(Printer):
 
 @prints("std::stack", "std::queue", "std::priority_queue")
 class Adaptor(Printer):
-    members = ("c",)
+    """Over the library's containers; what a program's own look like it knows best."""
+
+    @classmethod
+    def fits(cls, type):
+        return any(field.name == "c" and printer_class(field.type) for field in type.fields())
 
     def check(self):
-        inner = printer_for(self.value["c"])
-        self.inner = inner
-        if inner is not None and hasattr(inner, "children"):
-            self.kind = inner.display_hint()
-            self.children = inner.children
-        else:
-            self.children = lambda: [("c", self.value["c"])]
+        self.inner = printer_for(self.value["c"])
+        if hasattr(self.inner, "children"):
+            self.kind = self.inner.display_hint()
+            self.children = self.inner.children
 
     def text(self):
-        return self.title if self.inner is None else "%s over %s" % (self.title, self.inner.to_string())
+        return "%s over %s" % (self.title, self.inner.to_string())

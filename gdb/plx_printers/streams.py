@@ -2,7 +2,7 @@
 
 from . import settings
 from .locales import locale_name
-from .memory import Invalid, base_part, complete_object
+from .memory import base_part, complete_object
 from .printer import Printer, prints
 
 _STATE = ((1, "bad"), (2, "eof"), (4, "fail"))

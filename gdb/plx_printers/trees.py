@@ -7,8 +7,6 @@ from .sequences import counted
 LINKS = 16  # left, right, parent, color
 LEFT, RIGHT, PARENT = 0, 4, 8
 STRING_DIGEST = 8  # nodes with strings as keys keep the first characters too
-
-
 _HIGHEST = 128  # no tree that fits into memory is higher
 
 

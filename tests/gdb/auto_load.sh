@@ -28,7 +28,8 @@ DESTDIR=$work/staged install /usr
 # That gdb looks there is seen with a folder of our own in its place.
 mkdir -p "folder$work/moved/lib"
 mv "moved/lib/$name" "folder$work/moved/lib"
-session "$program" ./program -iex "set auto-load scripts-directory $work/folder" -iex "add-auto-load-safe-path $work/folder"
+session "$program" ./program -iex "set auto-load scripts-directory $work/folder" \
+  -iex "add-auto-load-safe-path $work/folder"
 
 # Stripped, library and program; the objects keep what -g wrote in another file.
 strip --strip-unneeded moved/lib/libplx.so.3.3.0

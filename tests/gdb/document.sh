@@ -11,7 +11,10 @@ awk '
 plx-c++ -g inventory.cpp -o program 2> log || wrong "inventory.cpp does not build"
 for file in session.*; do
   # Where `up` leads is said on the terminal only.
-  awk '/^\(gdb\) / { up = $2 == "up"; sub(/^\(gdb\) /, "//> "); print; next } !up { print "//= " $0 }' "$file" > commands
+  awk '
+    /^\(gdb\) / { up = $2 == "up"; sub(/^\(gdb\) /, "//> "); print; next }
+    !up { print "//= " $0 }
+  ' "$file" > commands
   PLX_STOP=${file#session.} session "$PWD/commands" ./program
 done
 [ -f session.__cxa_throw ] && [ -f session.__cxa_end_catch ] || wrong "the sessions are not found"

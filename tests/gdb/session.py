@@ -1,5 +1,5 @@
-# Runs in gdb. The comments of a source are a session: at each call of stop(), or of the function that PLX_STOP names, in
-# the frame of the caller,
+# Runs in gdb. The comments of a source are a session: at each call of stop(), or of the function that PLX_STOP names,
+# in the frame of the caller,
 #
 #   //> COMMAND          is executed; `continue` goes on to the next call
 #   //= TEXT             lines that it must print, all of them
@@ -48,6 +48,7 @@ def printed(command):
     text = re.sub(re.escape(os.path.basename(source)) + r":(\d+)", line_of_source, text)
     # What the library's own functions are called is its compiler's affair.
     text = re.sub("(0xN  array) in .*", r"\1", text)
+    text = re.sub("(__cxa_call_unexpected) at .*", r"\1", text)
     return [line.rstrip() for line in text.splitlines()]
 
 

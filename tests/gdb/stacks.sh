@@ -7,7 +7,8 @@ sessions records.c -I "$PLX_SOURCE/tests"
 
 for options in "-O2" "-O2 -fno-omit-frame-pointer" "-Os -std=gnu++17"; do
   # shellcheck disable=SC2086 # words
-  plx-c++ -g $options "$PLX_SOURCE/tests/gdb/programs/found.cpp" -o program 2> log || wrong "found.cpp does not build: $options"
+  plx-c++ -g $options "$PLX_SOURCE/tests/gdb/programs/found.cpp" -o program 2> log ||
+    wrong "found.cpp does not build: $options"
   gdb -nx -batch -iex "add-auto-load-safe-path $PLX_PREFIX" -ex 'break stop' -ex run -ex 'plx eh-stack' \
     -ex 'plx throw-stack' ./program > log 2>&1 < /dev/null
   grep -q 'invalid' log && wrong "$options: something is invalid"
