@@ -1,6 +1,7 @@
 // Random operations on string streams of every mode, written and read and moved in any order. Each step is printed, so
 // that two libraries can be compared. What is deliberately different in plx is not done: positions of an empty buffer,
 // eofbit where a character was wanted, and 0xFF given back.
+// prints: 113465 lines
 #include <stdio.h>
 
 #include <iomanip>
