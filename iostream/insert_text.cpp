@@ -44,7 +44,7 @@ bool insert_filled(ios &stream, const char *text, unsigned n, bool any_area, boo
   const char *const end = file ? file->_IO_write_end : buffer_access::epptr(*buffer);
   if (static_cast<unsigned>(end - next) < width) return false;
   memset(fill_first ? next : next + n, stream_access::fill(stream), width - n);
-  memcpy(fill_first ? next + (width - n) : next, text, n);
+  copy_text(fill_first ? next + (width - n) : next, text, n);
   next += width;
   stream_access::width(stream) = 0;
   return true;
