@@ -42,7 +42,7 @@ class Frames:
         name = _function_at(code)
         frame = self._holding(address)
         if frame is None or not name or _function_at(_pc(frame)) != name:
-            return name
+            return _brief(name)
         return _with_line(name, frame)
 
 
@@ -64,6 +64,20 @@ def _function_at(code):
     return name
 
 
+def _brief(name):
+    """A name that fits a line: arguments of templates are left out where it is long."""
+    if len(name) <= 80 or "operator" in name:
+        return name
+    kept = ""
+    depth = 0
+    for character in name:
+        depth -= character == ">"
+        if depth == 0:
+            kept += "...>" if character == ">" else character
+        depth += character == "<"
+    return kept
+
+
 def _with_line(name, frame):
     line = frame.find_sal()
-    return "%s at %s:%d" % (name, line.symtab.filename, line.line) if line.symtab else name
+    return "%s at %s:%d" % (_brief(name), line.symtab.filename, line.line) if line.symtab else _brief(name)
