@@ -11,7 +11,6 @@ set(PLX_GDB_FILE libplx.so.${PROJECT_VERSION}-gdb.py)
 cmake_path(RELATIVE_PATH PLX_GDB_DATA BASE_DIRECTORY ${PLX_GDB_LIB} OUTPUT_VARIABLE PLX_GDB_RELATIVE)
 
 # The build tree.
-set(PLX_GDB_INSTALLED ${CMAKE_SOURCE_DIR}/gdb)
 configure_file(gdb/auto_load.py.in ${PLX_LIB}/${PLX_GDB_FILE} @ONLY)
 file(MAKE_DIRECTORY ${CMAKE_BINARY_DIR}/share/plx-3)
 file(CREATE_LINK ${CMAKE_SOURCE_DIR}/gdb ${CMAKE_BINARY_DIR}/share/plx-3/gdb SYMBOLIC)
@@ -19,13 +18,9 @@ file(CREATE_LINK ${CMAKE_SOURCE_DIR}/gdb ${CMAKE_BINARY_DIR}/share/plx-3/gdb SYM
 install(DIRECTORY gdb/plx_printers DESTINATION ${PLX_GDB_DATA} FILES_MATCHING PATTERN "*.py")
 install(FILES gdb/load.py DESTINATION ${PLX_GDB_DATA})
 install(CODE "
-  set(PLX_GDB_INSTALLED \"\${CMAKE_INSTALL_PREFIX}/${PLX_GDB_DATA}\")
-  set(PLX_GDB_RELATIVE \"${PLX_GDB_RELATIVE}\")
   set(folder \"\${CMAKE_INSTALL_PREFIX}/${PLX_GDB_LIB}\")
-  set(file \"${CMAKE_BINARY_DIR}/gdb/${PLX_GDB_FILE}\")
-  configure_file(\"${CMAKE_SOURCE_DIR}/gdb/auto_load.py.in\" \"\${file}\" @ONLY)
   if(CMAKE_INSTALL_PREFIX STREQUAL \"/usr\")
     set(folder \"/usr/share/gdb/auto-load\${folder}\")
   endif()
-  file(INSTALL \"\${file}\" DESTINATION \"\${folder}\")
+  file(INSTALL \"${PLX_LIB}/${PLX_GDB_FILE}\" DESTINATION \"\${folder}\")
 ")
