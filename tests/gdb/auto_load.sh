@@ -40,8 +40,8 @@ session "$program" ./program -iex "set auto-load scripts-directory $work/folder"
 
 # By hand; gdb need not trust anything then. Programs that are linked statically have no other way.
 session "$program" ./whole -x "$work/moved/share/plx-3/gdb/load.py"
-if [ -f moved/lib/libplx.a ]; then
-  moved/bin/plx-c++ -g -static "$program" -o static 2> log || wrong "found.cpp does not build statically"
+if [ -f "$PLX_PREFIX/lib/libplx.a" ]; then
+  plx-c++ -g -static "$program" -o static 2> log || wrong "found.cpp does not build statically"
   session "$program" ./static -x "$work/moved/share/plx-3/gdb/load.py"
 fi
 finish
