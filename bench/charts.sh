@@ -1,11 +1,11 @@
 #!/bin/sh
 # Writes the figures of one run into docs/performance.md and draws them as docs/charts/*.svg.
 #
-#   bench/charts.sh            measures everything first (a quiet machine, please; some minutes), as ./dev bench does
+#   bench/charts.sh            runs ./dev bench first (a quiet machine, please; some minutes)
 #   bench/charts.sh FILE       takes what ./dev bench printed into FILE
 #
-# PLX_PREFIX is the build tree to measure, build/release by default. The text around the marked places of the page is
-# not touched. Needs a shell and awk only.
+# The text around the marked places of the page is not touched, and nothing is when a measurement failed. Needs a shell
+# and awk only.
 set -eu
 export LC_ALL=C
 source_dir=$(cd "$(dirname "$0")/.." && pwd)
@@ -15,7 +15,7 @@ trap 'rm -rf "$work"' EXIT
 
 case $# in
   0)
-    PLX_PREFIX=${PLX_PREFIX:-$source_dir/build/release} "$source_dir/bench/run.sh" > "$work/output"
+    "$source_dir/dev" bench > "$work/output"
     results=$work/output ;;
   1) results=$1 ;;
   *) echo "usage: bench/charts.sh [FILE]" >&2; exit 2 ;;
