@@ -6,8 +6,8 @@ namespace __zor {
 
 namespace {
 
-// The streams whose tied streams are being flushed, innermost first. Streams tied in a circle would flush, and so flush,
-// for ever.
+// The streams whose tied streams are being flushed, innermost first. Streams tied in a circle would flush, and so
+// flush, for ever.
 class a_flush {
 public:
   explicit a_flush(const std::ostream *of) : of_(of), outer_(innermost) { innermost = this; }

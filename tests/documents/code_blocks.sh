@@ -4,14 +4,16 @@
 #
 #   ```cpp [file=NAME] [with=FILE,...] [in=FOLDER] [options=OPTION,...] [status=N] [refused=TEXT]
 #                                 built by plx-c++, C by plx-cc, as if it stood in that folder of the sources
-#   ```sh [status=N] [needs=COMMAND,...]   run in the document's folder, where file= put the earlier blocks; $PLX is the
-#                                 prefix. Without one of the commands it is left out, and said so
+#   ```sh [status=N] [needs=COMMAND,...]
+#                                 run in the document's folder, where file= put the earlier blocks; $PLX is the prefix.
+#                                 Left out without one of the commands, or, with / in front, files of the prefix
 #   ```make file=NAME             (cmake, cpp and c headers too) a file for the blocks behind it
 #   ```output   ```text           compared; never looked at
 #   ```... not-run: REASON        of any kind
 #
-# Blanks at the ends of lines do not count. `refused` is a part of the compiler's message, in which _ may be a blank. A fence of another kind, a block without a fence and
-# an attribute that nobody knows are faults, so that no example escapes by a slip.
+# Blanks at the ends of lines do not count. `refused` is a part of the compiler's message, in which _ may be a blank. A
+# fence of another kind, a block without a fence and an attribute that nobody knows are faults, so that no example
+# escapes by a slip.
 . "$PLX_SOURCE/tests/driver/common.bash"
 
 export PLX=$PLX_PREFIX
@@ -157,7 +159,8 @@ for document in "${documents[@]}"; do
     before=
     [ "$run" = run ] || continue
     for tool in $(attribute needs "$attributes"); do
-      command -v "$tool" > /dev/null || { echo "$document:$line: not run: there is no $tool"; before=skipped; continue 2; }
+      case $tool in /*) tool=$PLX$tool ;; esac
+      command -v "$tool" > /dev/null || [ -f "$tool" ] || { echo "$document:$line: not run: there is no $tool"; before=skipped; continue 2; }
     done
     run_block "$document" "$number" "$line" "$kind" "$target" "$attributes"
     case $kind in cpp | c | sh) before=1 ;; esac
