@@ -11,7 +11,7 @@ namespace std {
 namespace {
 
 // Writes a text that needs no fill, where that needs no frame. A put area is used without asking its buffer only where
-// `any_area` says that the program expects no block, or is the library's own.
+// `any_area` says that the program expects no block, or is the library's own; where it expects one, a refusal counts.
 template <bool any_area> inline PLX_INLINE bool insert_at_once(ios &stream, const char *text, unsigned n) {
   if (!is_quiet(stream) || stream_access::width(stream) > static_cast<streamsize>(n)) return false;
   streambuf *const buffer = stream_access::buffer(stream);
@@ -20,8 +20,9 @@ template <bool any_area> inline PLX_INLINE bool insert_at_once(ios &stream, cons
     FILE *const file = plain_file(buffer);
     if (!file) return false;
     if (static_cast<unsigned>(room_in(file)) < n) {
-      write_after_flush(file, text, n);
+      const bool taken = write_after_flush(file, text, n) == static_cast<long>(n);
       stream_access::width(stream) = 0;
+      if (!any_area && !taken) update_state(stream, ios_base::failbit);
       return true;
     }
     next = &file->_IO_write_ptr;

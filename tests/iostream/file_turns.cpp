@@ -1,6 +1,6 @@
 // Reading and writing of one file in any order, without a seek in between: what the streams do by themselves in stdio's
 // buffer gives the same as the buffer's virtual operations, which a class derived from it still goes through. A write
-// after a character was put back used to crash.
+// after a character was put back used to crash, and a string that a file did not take was not noticed.
 #include <fstream>
 #include <iomanip>
 #include <iostream>
@@ -23,7 +23,7 @@ void step(std::iostream &s, std::string &log) {
   char text[64] = "";
   std::string word;
   int n = -7;
-  switch (any(22)) {
+  switch (any(32)) {
     case 0: s << 42; break;
     case 1: s << "text"; break;
     case 2: s << std::string("string"); break;
@@ -49,7 +49,18 @@ void step(std::iostream &s, std::string &log) {
     case 19: n = s.peek(); break;
     case 20: s.ignore(5); break;
     case 21: s.flush(); break;
+    case 22: s.seekp(any(6000)); break;
+    case 23: s.seekp(-static_cast<int>(any(5)), std::ios::cur); break;
+    case 24: s.seekp(0, std::ios::end); break;
+    case 25: s.getline(text, 10); break;
+    case 26: s.get(text, 10, ' '); break;
+    case 27: s >> text[0]; break;
+    case 28: s >> std::setw(9) >> text; break;
+    case 29: n = s.readsome(text, 5); break;
+    case 30: s.ignore(3000, '\n'); break;
+    case 31: s >> std::ws; break;
   }
+  s.width(0);
   log += text + word + static_cast<char>(n) + static_cast<char>(n >> 8) + static_cast<char>('0' + s.rdstate());
   s.clear();
 }
@@ -64,9 +75,11 @@ template <class Buffer> std::string run(unsigned long which) {
   std::string log;
   {
     Buffer buffer;
-    CHECK(buffer.open(name, std::ios::in | std::ios::out) != 0);
-    std::iostream s(&buffer);
     seed = which;
+    static const int modes[] = {std::ios::in | std::ios::out, std::ios::in, std::ios::out,
+                                std::ios::out | std::ios::app, std::ios::in | std::ios::out | std::ios::trunc};
+    CHECK(buffer.open(name, modes[any(5)]) != 0);
+    std::iostream s(&buffer);
     for (int i = 0; i < 40; ++i) step(s, log);
   }
   rewind(file);
