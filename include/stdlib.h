@@ -1,7 +1,7 @@
 /* <stdlib.h> (1998, 18.3, 26.5): the C library's, and for C++ three things more.
  *
  * exit and atexit lead to the list of static objects, so that functions registered here and destructors run in one
- * order, newest first. abs and div have forms for long.
+ * order, newest first. abs and div have forms for long, abs for long long too.
  */
 #ifndef PLX_STDLIB_H
 #define PLX_STDLIB_H
@@ -23,9 +23,8 @@ int atexit(void (*)(void)) PLX_NOTHROW __asm__("__zor_std_atexit");
 
 extern "C++" {
 inline long abs(long __x) PLX_NOTHROW { return __builtin_labs(__x); }
-#if __cplusplus >= 201103L
-inline long long abs(long long __x) PLX_NOTHROW { return __builtin_llabs(__x); }
-#endif
+// In 1998's dialect too: without it, abs(off_t) is ambiguous where files are large.
+__extension__ inline long long abs(long long __x) PLX_NOTHROW { return __builtin_llabs(__x); }
 inline ldiv_t div(long __x, long __y) PLX_NOTHROW { return ::ldiv(__x, __y); }
 }
 

@@ -190,10 +190,7 @@ template <class _T, class _A = allocator<_T> > class PLX_API deque : private _A 
   typedef __zor::deque_nothing<_T> _nothing;
   typedef __zor::node_source<_T, _A, __zor::deque_block> _source;
   typedef typename _A::template rebind<_T *>::other _map_allocator;
-  typedef typename __zor::element_traits<_T, _A>::_plain _plain;
-  typedef typename __zor::element_traits<_T, _A>::_trivially_destroyed _trivially_destroyed;
-  typedef
-      typename __zor::_truth<__zor::element_traits<_T, _A>::_standard && __zor::is_scalar<_T>::value>::_type _number;
+  typedef __zor::element_traits<_T, _A> _traits;
   typedef __zor::_yes _yes;
   typedef __zor::_no _no;
   enum { _block = __zor::deque_block };
@@ -321,8 +318,8 @@ public:
 
   // Modifiers. What is inserted may be an element of this deque.
 
-  void push_front(const _T &_value) { push_front(_value, _number()); }
-  void push_back(const _T &_value) { push_back(_value, _number()); }
+  void push_front(const _T &_value) { push_front(_value, typename _traits::_number()); }
+  void push_back(const _T &_value) { push_back(_value, typename _traits::_number()); }
   void pop_front() {
     _A::destroy(*_start_node_ + _start_offset_);
     unsigned long _next = _start_offset_ + 1;
@@ -618,7 +615,7 @@ private:
     __zor::destroy_range(static_cast<_A &>(*this), _first, _last);
   }
   void _destroy_between(const iterator &_first, const iterator &_last) {
-    _destroy_between(_first._cur, _first._node, _last._cur, _last._node, _trivially_destroyed());
+    _destroy_between(_first._cur, _first._node, _last._cur, _last._node, typename _traits::_trivially_destroyed());
   }
   void _cut_back(iterator _at) {
     _destroy_between(_at, end());

@@ -89,7 +89,7 @@ template <class _T, class _A = allocator<_T> > class PLX_API list : private _A {
   typedef __zor::list_links _links;
   typedef __zor::list_node<_T> _node;
   typedef __zor::node_source<_node, _A> _source;
-  typedef typename __zor::element_traits<_T, _A>::_plain _plain;
+  typedef __zor::element_traits<_T, _A> _traits;
   typedef __zor::_yes _yes;
   typedef __zor::_no _no;
 
@@ -353,7 +353,7 @@ private:
     _node *_node_;
   };
 
-  _node *_make(const _T &_value) { return _make(_value, _plain()); }
+  _node *_make(const _T &_value) { return _make(_value, typename _traits::_plain()); }
   _node *_make(const _T &_value, _yes) {
     _node *const _made = _source::_take(_alloc());
     _A::construct(__zor::address_of(_made->value), _value);
@@ -373,7 +373,7 @@ private:
   // All nodes go; the links of the list stay as they are.
   void _give_all() {
     if (_size_ == 0) return;
-    if (__zor::same_type<typename __zor::element_traits<_T, _A>::_trivially_destroyed, _yes>::value &&
+    if (__zor::same_type<typename _traits::_trivially_destroyed, _yes>::value &&
         _source::_give_chain(_alloc(), static_cast<_node *>(_head_.next), static_cast<_node *>(_head_._prev)))
       return;
     for (_links *_at = _head_.next; _at != &_head_;) {

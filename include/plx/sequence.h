@@ -29,11 +29,14 @@ template <class _A> struct is_standard_allocator { static const bool value = fal
 template <class _T> struct is_standard_allocator<std::allocator<_T> > { static const bool value = true; };
 
 // The road for elements _T with the allocator A. Another allocator's construct and destroy are called for each.
+// Containers ask in their functions only: a class may have a container of itself as a member, where it is still
+// incomplete.
 template <class _T, class _A> struct element_traits {
   static const bool _standard = is_standard_allocator<_A>::value;
   typedef typename _truth<_standard && is_plain<_T>::value>::_type _plain;
   typedef typename _truth<_standard && is_relocatable<_T>::value>::_type _relocatable;
   typedef typename _truth<_standard && is_trivially_destroyed<_T>::value>::_type _trivially_destroyed;
+  typedef typename _truth<_standard && is_scalar<_T>::value>::_type _number;
 };
 
 // How a value goes to a function that is not inline: numbers by value, because a reference would keep the caller's

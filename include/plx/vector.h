@@ -98,10 +98,7 @@ namespace std {
 
 template <class _T, class _A = allocator<_T> > class PLX_API vector {
   typedef __zor::vector_storage<_T, _A> _storage;
-  typedef typename __zor::element_traits<_T, _A>::_plain _plain;
-  typedef typename __zor::element_traits<_T, _A>::_relocatable _relocatable;
-  typedef
-      typename __zor::_truth<__zor::element_traits<_T, _A>::_standard && __zor::is_scalar<_T>::value>::_type _number;
+  typedef __zor::element_traits<_T, _A> _traits;
   typedef __zor::_yes _yes;
   typedef __zor::_no _no;
 
@@ -191,7 +188,7 @@ public:
   void reserve(size_type _n) {
     if (_n > capacity()) {
       if (_n > max_size()) __zor::sequence_length_error();
-      _grow(_n, _relocatable());
+      _grow(_n, typename _traits::_relocatable());
     }
   }
 
@@ -214,7 +211,7 @@ public:
 
   // Modifiers. What is inserted may be an element of this vector.
 
-  void push_back(const _T &_value) { push_back(_value, _number()); }
+  void push_back(const _T &_value) { push_back(_value, typename _traits::_number()); }
   void pop_back() { _storage_.destroy(--_storage_._last); }
 
   iterator insert(iterator _at, const _T &_value) {
@@ -222,7 +219,7 @@ public:
     if (_storage_._last == _storage_._limit)
       _insert_full(_at.base(), _value);
     else
-      _insert_one(_at.base(), _value, _relocatable());
+      _insert_one(_at.base(), _value, typename _traits::_relocatable());
     return iterator(_storage_.first + _n);
   }
   void insert(iterator _at, size_type _n, const _T &_value) { _insert_filled(_at.base(), _n, _value); }
@@ -237,7 +234,7 @@ public:
 
   iterator erase(iterator _at) { return erase(_at, _at + 1); }
   iterator erase(iterator _first, iterator _last) {
-    if (_first != _last) _close(_first.base(), _last.base(), _relocatable());
+    if (_first != _last) _close(_first.base(), _last.base(), typename _traits::_relocatable());
     return _first;
   }
   void swap(vector &_other) PLX_NOTHROW { _storage_._swap_blocks(_other._storage_); }
@@ -336,12 +333,12 @@ private:
   }
 
   __attribute__((__noinline__, __regparm__(3))) void _insert_full(_T *_at, typename __zor::_passed<_T>::_type _value) {
-    _insert_full(_at, _value, _relocatable());
+    _insert_full(_at, _value, typename _traits::_relocatable());
   }
 
   void _insert_full(_T *_at, const _T &_value, _yes) {
     const size_type _index = static_cast<size_type>(_at - _storage_.first);
-    __zor::held_copy<_T, _A, _plain> _copy(_alloc(), _value);
+    __zor::held_copy<_T, _A, typename _traits::_plain> _copy(_alloc(), _value);
     _grow(_grown(1), _yes());
     _at = _storage_.first + _index;
     __zor::slide_bytes(_at + 1, _at, _storage_._last);
@@ -356,7 +353,7 @@ private:
   }
 
   void _insert_one(_T *_at, const _T &_value, _yes) {
-    __zor::held_copy<_T, _A, _plain> _copy(_alloc(), _value);
+    __zor::held_copy<_T, _A, typename _traits::_plain> _copy(_alloc(), _value);
     __zor::slide_bytes(_at + 1, _at, _storage_._last);
     _copy._move_to(_at);
     ++_storage_._last;
@@ -377,13 +374,13 @@ private:
   // ---- Several equal elements.
 
   void _insert_filled(_T *_at, size_type _n, const _T &_value) {
-    if (_n != 0) _insert_filled(_at, _n, _value, _relocatable());
+    if (_n != 0) _insert_filled(_at, _n, _value, typename _traits::_relocatable());
   }
   void _insert_filled(_T *_at, size_type _n, const _T &_value, _yes) {
     const size_type _index = static_cast<size_type>(_at - _storage_.first);
-    __zor::held_copy<_T, _A, _plain> _copy(_alloc(), _value);
+    __zor::held_copy<_T, _A, typename _traits::_plain> _copy(_alloc(), _value);
     if (_n > _free_room()) _grow(_grown(_n), _yes());
-    _fill_gap(_storage_.first + _index, _n, _copy.get(), _plain());
+    _fill_gap(_storage_.first + _index, _n, _copy.get(), typename _traits::_plain());
   }
   void _fill_gap(_T *_at, size_type _n, const _T &_value, _yes) {
     __zor::slide_bytes(_at + _n, _at, _storage_._last);
@@ -457,7 +454,7 @@ private:
   };
 
   template <class _Iterator> void _insert_sized(_T *_at, _Iterator _first, _Iterator _last, size_type _n) {
-    if (_n != 0) _insert_sized(_at, _first, _last, _n, _relocatable());
+    if (_n != 0) _insert_sized(_at, _first, _last, _n, typename _traits::_relocatable());
   }
   template <class _Iterator> void _insert_sized(_T *_at, _Iterator _first, _Iterator _last, size_type _n, _yes) {
     const size_type _index = static_cast<size_type>(_at - _storage_.first);
@@ -549,7 +546,7 @@ private:
       _become(_made);
     } else {
       _assign_within(_first, _last, _n,
-                     typename __zor::_truth < __zor::same_type<_plain, _yes>::value &&
+                     typename __zor::_truth < __zor::same_type<typename _traits::_plain, _yes>::value &&
                          __zor::is_array_of<_Iterator, _T>::value > ::_type());
     }
   }

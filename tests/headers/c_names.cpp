@@ -105,6 +105,8 @@ static void test_arithmetic_forms() {
   CHECK_INT(type_of(std::abs(-e)), 'e');
   CHECK_INT(type_of(std::abs(-2)), 'i');
   CHECK_INT(type_of(std::abs(-2L)), 'l');
+  __extension__ const long long huge = -5000000000LL;
+  CHECK(std::abs(huge) == -huge);
   CHECK_INT(type_of(abs(-2.5)), 'd');
   CHECK(abs(-2.5) == 2.5 && std::abs(-2L) == 2 && std::abs(-0.5f) == 0.5f);
   CHECK_INT(type_of(std::div(7, 2)), '2');
