@@ -1,6 +1,10 @@
-# The build tree as an installed prefix: the drivers, the headers and the canary where the drivers look for them; and the
-# same for installation, below CMAKE_INSTALL_PREFIX and DESTDIR.
+# The build tree as an installed prefix: the drivers, the headers, the canary and the files for other build tools where
+# programs look for them; and the same for installation, below CMAKE_INSTALL_PREFIX and DESTDIR. Nothing that is installed
+# holds the prefix, so the tree may be moved. driver/install.sh adds the list that ./dev uninstall reads.
 
+include(CMakePackageConfigHelpers)
+
+set(PLX_SHARE ${CMAKE_BINARY_DIR}/share)
 list(JOIN PLX_PROGRAM_FLAGS " " PLX_PROGRAM_FLAGS_TEXT)
 set(PLX_DRIVERS "")
 foreach(driver plx-c++ plx-cc)
@@ -8,13 +12,52 @@ foreach(driver plx-c++ plx-cc)
     FILE_PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
   list(APPEND PLX_DRIVERS ${PLX_BIN}/${driver})
 endforeach()
+configure_file(driver/plx.pc.in ${PLX_SHARE}/pkgconfig/plx.pc @ONLY)
+configure_file(driver/plxConfig.cmake ${PLX_SHARE}/cmake/plx/plxConfig.cmake COPYONLY)
+write_basic_package_version_file(${PLX_SHARE}/cmake/plx/plxConfigVersion.cmake
+  COMPATIBILITY SameMajorVersion ARCH_INDEPENDENT)
 
-file(MAKE_DIRECTORY ${CMAKE_BINARY_DIR}/include ${CMAKE_BINARY_DIR}/share/plx-3)
+file(MAKE_DIRECTORY ${CMAKE_BINARY_DIR}/include)
 file(CREATE_LINK ${CMAKE_SOURCE_DIR}/include ${CMAKE_BINARY_DIR}/include/plx-3 SYMBOLIC)
-file(CREATE_LINK ${CMAKE_SOURCE_DIR}/driver/canary ${CMAKE_BINARY_DIR}/share/plx-3/canary SYMBOLIC)
+# Copied: it finds the prefix relative to itself.
+configure_file(driver/toolchain.cmake ${PLX_SHARE}/plx-3/toolchain.cmake COPYONLY)
+file(CREATE_LINK ${CMAKE_SOURCE_DIR}/driver/canary ${PLX_SHARE}/plx-3/canary SYMBOLIC)
+
+# All that belongs into the prefix and must be built.
+add_custom_target(libraries)
+add_dependencies(libraries plx plx_clang)
+if(TARGET plx_static)
+  add_dependencies(libraries plx_static)
+endif()
 
 install(TARGETS plx LIBRARY DESTINATION lib)
 install(FILES ${PLX_ARCHIVE} DESTINATION lib)
+if(TARGET plx_static)
+  install(TARGETS plx_static ARCHIVE DESTINATION lib)
+endif()
 install(PROGRAMS ${PLX_DRIVERS} DESTINATION bin)
 install(DIRECTORY include/ DESTINATION include/plx-3 PATTERN ".clang-format" EXCLUDE)
 install(DIRECTORY driver/canary DESTINATION share/plx-3)
+install(FILES driver/toolchain.cmake DESTINATION share/plx-3)
+install(DIRECTORY ${PLX_SHARE}/cmake/plx DESTINATION share/cmake)
+install(FILES ${PLX_SHARE}/pkgconfig/plx.pc DESTINATION share/pkgconfig)
+
+# gdb looks for a file of the library's name beside it; that one loads the rest from share.
+if(EXISTS ${CMAKE_SOURCE_DIR}/gdb/auto_load.py.in)
+  set(PLX_GDB_RELATIVE ../share/plx-3/gdb)
+  set(PLX_GDB_INSTALLED "")
+  set(auto_load ${PLX_LIB}/libplx.so.${PROJECT_VERSION}-gdb.py)
+  configure_file(gdb/auto_load.py.in ${auto_load} @ONLY)
+  file(CREATE_LINK ${CMAKE_SOURCE_DIR}/gdb ${PLX_SHARE}/plx-3/gdb SYMBOLIC)
+  install(FILES ${auto_load} DESTINATION lib)
+  install(DIRECTORY gdb/ DESTINATION share/plx-3/gdb FILES_MATCHING PATTERN "*.py" PATTERN "__pycache__" EXCLUDE)
+endif()
+
+# Documents keep their places, so that the links between them hold.
+foreach(section 1 7)
+  file(GLOB pages CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/man/*.${section})
+  install(FILES ${pages} DESTINATION share/man/man${section})
+endforeach()
+file(GLOB texts CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/*.md)
+install(FILES ${texts} DESTINATION share/doc/plx)
+install(DIRECTORY docs examples DESTINATION share/doc/plx USE_SOURCE_PERMISSIONS PATTERN ".clang-format" EXCLUDE)

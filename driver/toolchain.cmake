@@ -1,0 +1,16 @@
+# Compiles a CMake project for plx:  cmake --toolchain PREFIX/share/plx-3/toolchain.cmake ...
+#
+# It finds the drivers relative to itself. CMAKE_SYSTEM_NAME stays unset: what is built runs on this machine, so CMake may
+# run it while it configures.
+
+get_filename_component(_plx_prefix "${CMAKE_CURRENT_LIST_DIR}" REALPATH)
+get_filename_component(_plx_prefix "${_plx_prefix}/../.." ABSOLUTE)
+set(CMAKE_C_COMPILER "${_plx_prefix}/bin/plx-cc")
+set(CMAKE_CXX_COMPILER "${_plx_prefix}/bin/plx-c++")
+# For find_package(plx).
+list(FIND CMAKE_PREFIX_PATH "${_plx_prefix}" _plx_known)
+if(_plx_known EQUAL -1)
+  list(INSERT CMAKE_PREFIX_PATH 0 "${_plx_prefix}")
+endif()
+unset(_plx_prefix)
+unset(_plx_known)

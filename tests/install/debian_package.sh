@@ -1,0 +1,54 @@
+#!/bin/bash
+# ./dev package: dpkg installs the package into an empty root, its drivers build programs that run, and dpkg removes it
+# without a trace. The dependencies are not in that root, so they are looked up here.
+. "$PLX_SOURCE/tests/install/common.bash"
+need dpkg-deb dpkg
+[ "$(id -u)" -eq 0 ] || { echo "skipped: only root installs packages"; exit 77; }
+
+# What the package is made of comes from the build tree; where it goes, not.
+"$PLX_SOURCE/driver/debian_package.sh" "$PLX_PREFIX" "$work/packages" > log 2>&1 || { wrong "making it"; finish; }
+package=$work/packages/plx_3.3.0_amd64.deb
+dpkg-deb --info "$package" > log || wrong "dpkg-deb does not read it"
+[ "$(dpkg-deb -f "$package" Package Architecture | tr '\n' ' ')" = "Package: plx Architecture: amd64 " ] || wrong "its name"
+dpkg-deb -c "$package" | awk '$2 != "root/root" || substr($1, 6, 1) == "w" && $1 !~ /^l/' | grep . &&
+  wrong "owners or permissions"
+dpkg-deb -c "$package" | grep -E ' \./(usr/lib/|usr/local|opt|etc)' && wrong "files in other places than Debian's"
+for name in $(dpkg-deb -f "$package" Depends | sed 's/([^)]*)//g; s/,//g'); do
+  dpkg-query -W -f '${db:Status-Abbrev}\n' "$name" 2> /dev/null | grep -q '^.i' || echo "$name"
+done > missing
+[ ! -s missing ] || wrong "it depends on packages that this machine can do without: $(tr '\n' ' ' < missing)"
+
+root=$work/root
+mkdir -p "$root"/var/lib/dpkg/{info,updates,triggers}
+touch "$root/var/lib/dpkg/status"
+(cd "$root" && find . | LC_ALL=C sort) > before
+own_dpkg() { dpkg --root="$root" --log=/dev/null --force-depends --force-script-chrootless "$@" > log 2>&1; }
+own_dpkg --install "$package" || wrong "dpkg --install"
+[ "$(dpkg-query --admindir="$root/var/lib/dpkg" -W -f '${db:Status-Abbrev}' plx)" = "ii " ] || wrong "it is not configured"
+(cd "$root" && md5sum --quiet -c var/lib/dpkg/info/plx.md5sums) > log 2>&1 || wrong "its sums"
+
+PATH=$root/usr/bin:$PATH
+hash -r
+cp "$PLX_SOURCE"/examples/hello.c* .
+printf '#include <iostream>\nint main() { std::cout << "streams: " << 42 << std::endl; }\n' > streams.cpp
+expect_output "streams: 42" "a program with streams" plx-c++ streams.cpp -o program
+ldd program | grep -qF "$root/usr/lib32/libplx.so.3" || wrong "the program uses another library"
+expect_output "hello from the handler: caught 42" "generated C" plx-cc hello.c -o program
+if [ -f "$root/usr/lib32/libplx.a" ]; then
+  expect_output "streams: 42" "a static program" plx-c++ -static streams.cpp -o program
+fi
+# The tree holds no absolute paths, so pkg-config and CMake can be asked in that root.
+if command -v pkg-config > /dev/null; then
+  # shellcheck disable=SC2046
+  PKG_CONFIG_PATH=$root/usr/share/pkgconfig expect_output "hello from the handler: caught 42" "pkg-config" \
+    cc hello.c $(PKG_CONFIG_PATH=$root/usr/share/pkgconfig pkg-config --cflags --libs plx) -o program
+fi
+printf '%s\n' 'cmake_minimum_required(VERSION 3.5)' 'project(s LANGUAGES C)' 'find_package(plx REQUIRED)' \
+  'add_executable(s hello.c)' 'target_link_libraries(s plx::plx)' > CMakeLists.txt
+{ cmake --toolchain "$root/usr/share/plx-3/toolchain.cmake" -B cmake . && cmake --build cmake && cmake/s; } > log 2>&1 ||
+  wrong "CMake with the package's toolchain file"
+
+own_dpkg --purge plx || wrong "dpkg --purge"
+(cd "$root" && find . ! -path './var/lib/dpkg/*' | LC_ALL=C sort) > after
+grep -v '^./var/lib/dpkg/' before | diff - after > log || wrong "dpkg leaves something"
+finish
