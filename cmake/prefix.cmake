@@ -1,6 +1,7 @@
 # The build tree as an installed prefix: the drivers, the headers, the canary and the files for other build tools where
 # programs look for them; and the same for installation, below CMAKE_INSTALL_PREFIX and DESTDIR. Nothing that is installed
-# holds the prefix, so the tree may be moved. driver/install.sh adds the list that ./dev uninstall reads.
+# relies on the prefix, so the tree may be moved. driver/install.sh adds the list that ./dev
+# uninstall reads, gdb.cmake what gdb needs.
 
 include(CMakePackageConfigHelpers)
 
@@ -41,17 +42,6 @@ install(DIRECTORY driver/canary DESTINATION share/plx-3)
 install(FILES driver/toolchain.cmake DESTINATION share/plx-3)
 install(DIRECTORY ${PLX_SHARE}/cmake/plx DESTINATION share/cmake)
 install(FILES ${PLX_SHARE}/pkgconfig/plx.pc DESTINATION share/pkgconfig)
-
-# gdb looks for a file of the library's name beside it; that one loads the rest from share.
-if(EXISTS ${CMAKE_SOURCE_DIR}/gdb/auto_load.py.in)
-  set(PLX_GDB_RELATIVE ../share/plx-3/gdb)
-  set(PLX_GDB_INSTALLED "")
-  set(auto_load ${PLX_LIB}/libplx.so.${PROJECT_VERSION}-gdb.py)
-  configure_file(gdb/auto_load.py.in ${auto_load} @ONLY)
-  file(CREATE_LINK ${CMAKE_SOURCE_DIR}/gdb ${PLX_SHARE}/plx-3/gdb SYMBOLIC)
-  install(FILES ${auto_load} DESTINATION lib)
-  install(DIRECTORY gdb/ DESTINATION share/plx-3/gdb FILES_MATCHING PATTERN "*.py" PATTERN "__pycache__" EXCLUDE)
-endif()
 
 # Documents keep their places, so that the links between them hold.
 foreach(section 1 7)

@@ -34,11 +34,9 @@ chmod 644 "$library"
 strip --strip-unneeded "$library"
 for archive in "$root"/usr/lib32/*.a; do strip -D --strip-debug "$archive"; done
 sed -i 's|^libdir=.*|libdir=${prefix}/lib32|' "$root/usr/share/pkgconfig/plx.pc"
-# gdb trusts the files in its own folder only.
-if [ -f "$library-gdb.py" ]; then
-  mkdir -p "$root/usr/share/gdb/auto-load/usr/lib32"
-  mv "$library-gdb.py" "$root/usr/share/gdb/auto-load/usr/lib32"
-fi
+# gdb finds its file by the library's path.
+auto_load=$root/usr/share/gdb/auto-load/usr
+[ ! -d "$auto_load/lib" ] || mv "$auto_load/lib" "$auto_load/lib32"
 
 # The time that everything carries: the same sources make the same package.
 : "${SOURCE_DATE_EPOCH:=$(git log -1 --format=%ct 2> /dev/null || date +%s)}"
