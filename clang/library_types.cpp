@@ -10,21 +10,18 @@
 namespace __zor {
 namespace {
 
-struct a_library_class {
-  const char *encoded_name;
-  const char *identity;
-};
+// Encoded names, and identities in the same order: text needs no relocation.
+#define LIBRARY_CLASSES(entry)                                                                            \
+  entry(St9exception), entry(St11logic_error), entry(St12domain_error), entry(St16invalid_argument),      \
+      entry(St12length_error), entry(St12out_of_range), entry(St13runtime_error), entry(St11range_error), \
+      entry(St14overflow_error), entry(St15underflow_error), entry(St9bad_alloc), entry(St8bad_cast),     \
+      entry(St10bad_typeid), entry(St13bad_exception), entry(NSt8ios_base7failureE)
 
-#define LIBRARY_CLASS(encoded) \
-  { #encoded, &__TID_##encoded }
+#define ENCODED_NAME(encoded) #encoded
+#define IDENTITY(encoded) &__TID_##encoded
 
-const a_library_class library_classes[] = {
-    LIBRARY_CLASS(St9exception),         LIBRARY_CLASS(St11logic_error),   LIBRARY_CLASS(St12domain_error),
-    LIBRARY_CLASS(St16invalid_argument), LIBRARY_CLASS(St12length_error),  LIBRARY_CLASS(St12out_of_range),
-    LIBRARY_CLASS(St13runtime_error),    LIBRARY_CLASS(St11range_error),   LIBRARY_CLASS(St14overflow_error),
-    LIBRARY_CLASS(St15underflow_error),  LIBRARY_CLASS(St9bad_alloc),      LIBRARY_CLASS(St8bad_cast),
-    LIBRARY_CLASS(St10bad_typeid),       LIBRARY_CLASS(St13bad_exception), LIBRARY_CLASS(NSt8ios_base7failureE),
-};
+const char encoded_names[][22] = {LIBRARY_CLASSES(ENCODED_NAME)};
+const char *const identities[] = {LIBRARY_CLASSES(IDENTITY)};
 
 const char *fundamental_identity(char code) {
   switch (code) {
@@ -56,8 +53,8 @@ const char *library_identity(const __cxxabiv1::abi_type_info *type) {
   if (name[0] != 0 && name[1] == 0) return fundamental_identity(name[0]);
   const char *scope = name[0] == 'N' ? name + 1 : name;  // nested names
   if (scope[0] != 'S' || scope[1] != 't') return nullptr;
-  for (const a_library_class &known : library_classes)
-    if (strcmp(name, known.encoded_name) == 0) return known.identity;
+  for (size_t i = 0; i < sizeof identities / sizeof *identities; ++i)
+    if (strcmp(name, encoded_names[i]) == 0) return identities[i];
   return nullptr;
 }
 

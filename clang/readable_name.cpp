@@ -100,7 +100,7 @@ private:
   bool substitution() {
     static const struct {
       char code;
-      const char *name;
+      char name[18];
     } known[] = {{'a', "std::allocator"}, {'b', "std::basic_string"}, {'s', "std::string"},
                  {'i', "std::istream"},   {'o', "std::ostream"},      {'d', "std::iostream"}};
     for (const auto &name : known)
@@ -133,13 +133,34 @@ private:
   }
 
   bool fundamental() {
-    static const char *const names[26] = {"signed char", "bool",  "char",          "double",    "long double",
-                                          "float",       nullptr, "unsigned char", "int",       "unsigned int",
-                                          nullptr,       "long",  "unsigned long", nullptr,     nullptr,
-                                          nullptr,       nullptr, nullptr,         "short",     "unsigned short",
-                                          nullptr,       "void",  "wchar_t",       "long long", "unsigned long long",
-                                          "..."};
-    if (*at_ < 'a' || *at_ > 'z' || !names[*at_ - 'a']) return false;
+    // Text, not pointers, here and above: pointers would have to be relocated at every start.
+    static const char names[26][19] = {"signed char",
+                                       "bool",
+                                       "char",
+                                       "double",
+                                       "long double",
+                                       "float",
+                                       "",
+                                       "unsigned char",
+                                       "int",
+                                       "unsigned int",
+                                       "",
+                                       "long",
+                                       "unsigned long",
+                                       "",
+                                       "",
+                                       "",
+                                       "",
+                                       "",
+                                       "short",
+                                       "unsigned short",
+                                       "",
+                                       "void",
+                                       "wchar_t",
+                                       "long long",
+                                       "unsigned long long",
+                                       "..."};
+    if (*at_ < 'a' || *at_ > 'z' || !*names[*at_ - 'a']) return false;
     return add(names[*at_++ - 'a']);
   }
 

@@ -8,6 +8,7 @@ file(GLOB PLX_COMMON_SOURCES CONFIGURE_DEPENDS RELATIVE ${CMAKE_SOURCE_DIR} ${PL
 file(GLOB PLX_SHARED_SOURCES CONFIGURE_DEPENDS RELATIVE ${CMAKE_SOURCE_DIR} */shared/*.cpp)
 file(GLOB PLX_STATIC_SOURCES CONFIGURE_DEPENDS RELATIVE ${CMAKE_SOURCE_DIR} */archive/*.cpp)
 set(PLX_SOURCES ${PLX_COMMON_SOURCES} ${PLX_SHARED_SOURCES})
+include(cmake/start_order.cmake)
 file(GLOB_RECURSE PLX_HEADERS CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/include/[a-z]*)
 
 # The processor that everything may count on; whatever needs more asks the processor at run time.
@@ -34,12 +35,12 @@ set_target_properties(plx PROPERTIES
   CXX_EXTENSIONS OFF
   POSITION_INDEPENDENT_CODE ON
   LIBRARY_OUTPUT_DIRECTORY ${PLX_LIB})
-# Calls inside the library go straight to their target, except those of the replaceable operators new and delete and of
-# functions that are compared; data stays preemptible, because programs for a fixed address hold copies of it. Code and
-# constants share pages: two mappings fewer at every start.
+# References inside the library go straight to their target, except to the replaceable operators new and delete, to
+# functions that are compared, and to data of which programs for a fixed address hold copies. Code and constants share
+# pages: two mappings fewer at every start.
 target_link_options(plx PRIVATE -m32 -static-libgcc ${PLX_PROGRAM_FLAGS}
   LINKER:-O1,--hash-style=gnu,--as-needed,--gc-sections,-z,text,-z,relro,-z,noexecstack,-z,noseparate-code
-  LINKER:--dynamic-list-data,--dynamic-list-cpp-new,--dynamic-list=${CMAKE_SOURCE_DIR}/cmake/preemptible.list)
+  LINKER:--dynamic-list-cpp-new,--dynamic-list=${CMAKE_SOURCE_DIR}/cmake/preemptible.list)
 set_target_properties(plx PROPERTIES LINK_DEPENDS ${CMAKE_SOURCE_DIR}/cmake/preemptible.list)
 if(NOT PLX_SANITIZE)
   # The sanitizer's own entry points come from the program.

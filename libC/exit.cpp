@@ -5,7 +5,8 @@
 // The C library's own: in <stdlib.h> these names lead back to this file and to the needed-destruction list.
 extern "C" {
 [[noreturn]] void c_library_exit(int status) __asm__("exit");
-int c_library_atexit(void (*function)()) __asm__("atexit");
+int __cxa_atexit(void (*function)(void *), void *argument, void *owner) noexcept;
+extern __attribute__((__visibility__("hidden"))) void *__dso_handle;  // who registers: the object of the link
 [[noreturn]] void abort();
 }
 
@@ -15,7 +16,8 @@ void __call_dtors() { __process_needed_destructions(); }
 
 // Constructors are run by the platform; this only makes sure of the destructors.
 void __call_ctors() {
-  if (!__dtor_processing_scheduled) __dtor_processing_scheduled = c_library_atexit(__call_dtors) == 0;
+  if (!__dtor_processing_scheduled)
+    __dtor_processing_scheduled = __cxa_atexit([](void *) { __call_dtors(); }, nullptr, __dso_handle) == 0;
 }
 
 void _main() {

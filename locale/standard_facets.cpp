@@ -12,7 +12,7 @@ namespace {
 
 struct a_member {
   const standard_facet *facet;  // null in a static program that has no use for it
-  int category;
+  short category;
   bool carried;
 };
 

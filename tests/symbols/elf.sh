@@ -28,6 +28,21 @@ if [ -z "$PLX_SANITIZE" ]; then
   echo "$dynamic" | grep -q 'INIT_ARRAYSZ.* 4 (bytes)' || wrong "it has constructors of static objects"
 fi
 
+# Data of which programs hold copies: all that can be written, and what stands for a type by its address. The library
+# must reach the copies, so each name is in the list of what is preemptible; constants need not be.
+nm -D --defined-only "$library" | awk '$2 ~ /[BDGVu]/ || $3 ~ /^__T/ { print $3 }' |
+  grep -Ev '^_ZT[SCT]|^_ZNSs4nposE$|4intlE$|^__zor_debugger_view$' |
+  while read -r name; do
+    found=
+    for pattern in $(sed -n 's/^  \(.*\);$/\1/p' "$PLX_SOURCE/cmake/preemptible.list"); do
+      # shellcheck disable=SC2254 # a pattern
+      case $name in $pattern) found=1; break ;; esac
+    done
+    [ -n "$found" ] || echo "$name"
+  done > "${TMPDIR:-/tmp}/plx-elf.$$"
+[ ! -s "${TMPDIR:-/tmp}/plx-elf.$$" ] || wrong "not in cmake/preemptible.list: $(tr '\n' ' ' < "${TMPDIR:-/tmp}/plx-elf.$$")"
+rm -f "${TMPDIR:-/tmp}/plx-elf.$$"
+
 # Nothing in it, and nothing in the archive, asks for the table-driven unwinder.
 nm -D --undefined-only "$library" | grep -E '_Unwind_|__gxx_personality|__register_frame' && wrong "it asks for the unwinder"
 [ "$(readlink "$PLX_PREFIX/lib/libplx.so")" = libplx.so.3 ] || wrong "libplx.so does not lead to libplx.so.3"

@@ -1,0 +1,20 @@
+# The order of the sources in libplx.so. What every start runs through stands together at the beginning, in pages that
+# the dynamic linker has touched anyhow; the 8 KB that the runtime keeps for exceptions stand behind all other data, so
+# that what a start writes lies in one page. A source that is not named here only costs pages.
+
+set(PLX_START_SOURCES
+  libC/exit.cpp libC/needed_destruction.cpp libC/eh_globals.cpp libC/eh_tools.cpp libC/operator_new.cpp
+  libC/operator_delete.cpp libC/shared/replaced_new.cpp
+  string/representation.cpp string/block_pool.cpp string/modify.cpp exceptions/bad_alloc.cpp
+  locale/default_locale.cpp locale/locale.cpp locale/imp.cpp locale/facet.cpp locale/quick.cpp locale/standard_facets.cpp
+  locale/numpunct.cpp locale/ctype.cpp locale/moneypunct.cpp
+  iostream/standard_streams.cpp iostream/filebuf.cpp iostream/filebuf_open.cpp iostream/streambuf.cpp
+  iostream/ios_base.cpp iostream/basic_ios.cpp iostream/ostream.cpp iostream/istream.cpp iostream/output_operation.cpp
+  iostream/insert_characters.cpp iostream/insert_text.cpp iostream/put_character.cpp iostream/file_output.cpp
+  locale/num_put.cpp locale/num_get.cpp locale/collate.cpp locale/codecvt.cpp locale/money_put.cpp locale/money_get.cpp
+  locale/time_put.cpp locale/time_get.cpp)
+set(PLX_LAST_SOURCES libC/eh_memory.cpp)
+
+list(REMOVE_ITEM PLX_SOURCES ${PLX_START_SOURCES} ${PLX_LAST_SOURCES})
+list(PREPEND PLX_SOURCES ${PLX_START_SOURCES})
+list(APPEND PLX_SOURCES ${PLX_LAST_SOURCES})
