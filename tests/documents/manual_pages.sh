@@ -6,6 +6,7 @@ cd "$PLX_SOURCE" || exit 1
 plain=$work/plain
 if command -v groff > "$work/log"; then
   for page in man/*.[1-8]; do
+    grep -q '^\.so ' "$page" && continue
     groff -ww -man -Tascii "$page" > "$work/page" 2> "$work/warnings"
     [ ! -s "$work/warnings" ] || wrong "$page: $(head -3 "$work/warnings")"
     [ "$(wc -l < "$work/page")" -ge 40 ] || wrong "$page: nothing comes out"
@@ -13,6 +14,9 @@ if command -v groff > "$work/log"; then
 else
   echo "groff is not here: the pages are not formatted"
 fi
+# A page that only leads to another.
+sed -n 's/^\.so man[0-9]*\///p' man/* | while read -r target; do [ -f "man/$target" ] || echo "$target"; done > "$work/missing"
+[ ! -s "$work/missing" ] || wrong "there is no page $(cat "$work/missing")"
 sed 's/\\-/-/g; s/^\.[A-Z]* //' man/plx-c++.1 > "$plain"
 for name in $(grep -ohE '\b(PLX_[A-Z]+|XDG_[A-Z_]+|TMPDIR|HOME)\b' driver/plx-c++ driver/plx-cc | grep -v PLX_PROGRAM | sort -u); do
   grep -qw -- "$name" "$plain" || wrong "plx-c++(1) does not tell of $name"
@@ -22,5 +26,5 @@ for option in -fPIC -fPIE -pie -shared -flto -m64 -mx32 -fopenmp -stdlib= -lstdc
   grep -qF -- "$option" "$plain" || wrong "plx-c++(1) does not tell that $option is refused"
 done
 version=$(plx-c++ --version | sed -n '1s/plx-c++ //p')
-grep -L "\"plx $version\"" man/* | grep . && wrong "those pages are not of version $version"
+grep -LE "\"plx $version\"|^\.so " man/* | grep . && wrong "those pages are not of version $version"
 finish
