@@ -1,6 +1,8 @@
 // basic_filebuf<char>: the operations on an open file. filebuf_open.cpp opens and closes, filebuf_convert.cpp writes
 // through a program's own codecvt.
 
+#include <stddef.h>
+
 #include <plx/codecvt.h>
 #include <plx/filebuf.h>
 
@@ -9,6 +11,10 @@
 #include "stdio_file.h"
 
 using namespace __zor;
+
+static_assert(offsetof(_quick_input::_file, _next_) == offsetof(FILE, _IO_read_ptr));
+static_assert(offsetof(_quick_input::_file, _end_) == offsetof(FILE, _IO_read_end));
+static_assert(offsetof(_quick_input::_start, _file_) == sizeof(std::streambuf));
 
 namespace std {
 

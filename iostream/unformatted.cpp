@@ -5,18 +5,6 @@
 #include "../libC/i386/copy_block.h"
 #include "input_operation.h"
 
-namespace __zor {
-
-int _take_from_file(void *of) PLX_NOTHROW {
-  std::streambuf *const buffer = static_cast<std::streambuf *>(of);
-  if (!is_plain_filebuf(buffer)) return EOF;
-  FILE *const file = buffer_access::file(*buffer);
-  if (!file || file->_IO_read_ptr >= file->_IO_read_end) return EOF;
-  return static_cast<unsigned char>(*file->_IO_read_ptr++);
-}
-
-}  // namespace __zor
-
 namespace std {
 
 using namespace __zor;

@@ -9,13 +9,11 @@
 #define PLX_STREAMBUF_H
 
 #include <plx/ios_base.h>
+#include <plx/quick_input.h>
 
 namespace __zor {
 struct buffer_access;
-
-// For a filebuf that is of no derived class: the next character, which is taken, if stdio has it ready. Else -1.
-PLX_API int _take_from_file(void *_buffer) PLX_NOTHROW __attribute__((__regparm__(1)));
-}  // namespace __zor
+}
 
 namespace std {
 
@@ -49,8 +47,15 @@ public:
   // Reading. Characters are returned as unsigned char, and the end as eof, -1.
   streamsize in_avail() { return _gptr_ < _egptr_ ? static_cast<streamsize>(_egptr_ - _gptr_) : showmanyc(); }
   int_type snextc() { return _T::eq_int_type(sbumpc(), _T::eof()) ? _T::eof() : sgetc(); }
-  int_type sbumpc() { return _gptr_ < _egptr_ ? _T::to_int_type(*_gptr_++) : uflow(); }
-  int_type sgetc() { return _gptr_ < _egptr_ ? _T::to_int_type(*_gptr_) : underflow(); }
+  int_type sbumpc() {
+    const int_type _c = _take_ready();
+    return __builtin_expect(_T::eq_int_type(_c, _T::eof()), false) ? uflow() : _c;
+  }
+  int_type sgetc() {
+    if (_gptr_ < _egptr_) return _T::to_int_type(*_gptr_);
+    const int_type _c = static_cast<int_type>(__zor::_quick_input::_peek(this));
+    return __builtin_expect(_T::eq_int_type(_c, _T::eof()), false) ? underflow() : _c;
+  }
   streamsize sgetn(_Ct *_to, streamsize _n) { return xsgetn(_to, _n); }
 
   // Giving back: one character before the position, with or without saying which.
@@ -121,7 +126,7 @@ private:
 
   // The next character, if that can be taken without a virtual call; else eof.
   int_type _take_ready() {
-    return _gptr_ < _egptr_ ? _T::to_int_type(*_gptr_++) : static_cast<int_type>(__zor::_take_from_file(this));
+    return _gptr_ < _egptr_ ? _T::to_int_type(*_gptr_++) : static_cast<int_type>(__zor::_quick_input::_take(this));
   }
 
   _Ct *_eback_;

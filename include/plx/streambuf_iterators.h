@@ -4,6 +4,17 @@
 
 #include <plx/iterator_base.h>
 #include <plx/streambuf.h>
+#include <plx/string_fwd.h>
+
+namespace __zor {
+
+template <class _String, class _Iterator> class string_range;
+
+// Appends _c, the buffer's next character, and all that follow it up to the end.
+PLX_API void _append_rest(std::basic_string<char, std::char_traits<char>, std::allocator<char> > &_text,
+                          std::basic_streambuf<char, std::char_traits<char> > &_from, int _c);
+
+}  // namespace __zor
 
 namespace std {
 
@@ -52,6 +63,7 @@ public:
 
 private:
   friend struct __zor::buffer_access;
+  template <class _String, class _Iterator> friend class __zor::string_range;
 
   int_type _peek() const {
     if (_T::eq_int_type(_c_, _T::eof()) && _sb_) {
@@ -104,5 +116,25 @@ private:
 };
 
 }  // namespace std
+
+namespace __zor {
+
+// What is left in a buffer becomes a string by blocks.
+template <class _String> class string_range<_String, std::istreambuf_iterator<char, std::char_traits<char> > > {
+  typedef std::istreambuf_iterator<char, std::char_traits<char> > _iterator;
+
+public:
+  string_range(_iterator _first, _iterator _last) : _made_(0u, char()) {
+    if (!_first.equal(_last) && !_first._at_end()) _append_rest(_made_, *_first._sb_, _first._peek());
+  }
+  const char *data() const PLX_NOTHROW { return _made_.data(); }
+  unsigned int size() const PLX_NOTHROW { return _made_.size(); }
+  const _String &_text() const PLX_NOTHROW { return _made_; }
+
+private:
+  _String _made_;
+};
+
+}  // namespace __zor
 
 #endif

@@ -1,7 +1,9 @@
 // The frame of input: the sentry and what it skips, ties, states, manipulators, old forms, and the stream iterators.
 // test-variants: -O0 | -O2
 
+#include <fstream>
 #include <iterator>
+#include <sstream>
 
 #include "input_buffers.h"
 
@@ -167,6 +169,46 @@ static void test_iterators() {
   CHECK(++at == std::istream_iterator<std::string>());
 }
 
+// All that is left becomes a string by blocks, where the buffer shows any, and the position is the end.
+static void test_rest_as_string() {
+  typedef std::istreambuf_iterator<char> iterator;
+  std::string text;
+  for (int i = 0; i < 70000; ++i) text += static_cast<char>(i * 7);
+  slow_buffer one(text);
+  piece_buffer some(text, 48);
+  std::stringbuf all(text);
+  char path[64];
+  sprintf(path, "istream.%d.tmp", static_cast<int>(getpid()));
+  std::filebuf file;
+  file.open(path, std::ios_base::in | std::ios_base::out | std::ios_base::trunc);
+  remove(path);
+  file.sputn(text.data(), text.size());
+  file.pubseekpos(0);
+  std::streambuf *const buffers[] = {&one, &some, &all, &file};
+  for (int i = 0; i < 4; ++i) {
+    iterator first(buffers[i]), end;
+    ++first;
+    CHECK_INT(*first, text[1]);
+    CHECK(std::string(first, first) == "" && std::string(end, first) == "");
+    std::string rest = "before";
+    rest.append(first, end);
+    CHECK(rest == "before" + text.substr(1));
+    CHECK_INT(buffers[i]->sgetc(), EOF);
+    CHECK(std::string(iterator(buffers[i]), end) == "");
+  }
+  throwing_buffer throwing("abcdef", at_underflow, 3);
+  std::string kept = "kept";
+  int passed = 0;
+  try {
+    kept.assign(iterator(&throwing), iterator());
+  } catch (const thrown &) {
+    passed = 1;
+  }
+  CHECK_INT(passed, 1);
+  CHECK_TEXT(kept.c_str(), "kept");
+  CHECK_TEXT(throwing.rest().c_str(), "def");
+}
+
 int main() {
   test_sentry();
   test_own_white_space();
@@ -175,5 +217,6 @@ int main() {
   test_ws();
   test_manipulators();
   test_iterators();
+  test_rest_as_string();
   return TEST_RESULT();
 }
