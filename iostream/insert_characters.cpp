@@ -36,7 +36,7 @@ template <class C, class T> basic_ostream<C, T> &basic_ostream<C, T>::write(cons
   FILE *const file = plain_file(buffer);
   if (!file) return write_guarded(*this, text, n);
   if (n < room_in(file)) {
-    copy_text(file->_IO_write_ptr, text, n);
+    _quick_output::_copy(file->_IO_write_ptr, text, static_cast<unsigned>(n));
     file->_IO_write_ptr += n;
     return *this;
   }

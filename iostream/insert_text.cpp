@@ -10,27 +10,18 @@ namespace std {
 
 namespace {
 
-// Writes a text that needs no fill, where that needs no frame. A put area is used without asking its buffer only where
-// `any_area` says that the program expects no block, or is the library's own; where it expects one, a refusal counts.
-template <bool any_area> inline PLX_INLINE bool insert_at_once(ios &stream, const char *text, unsigned n) {
+// A width that needs no fill is dropped, and the text written at once, or through stdio when its buffer is full: false
+// where that is not the way. `any_area` is of C strings; of strings a refusal counts.
+inline bool insert_unfilled(ostream &out, const char *text, unsigned n, bool any_area) {
+  ios &stream = out;
   if (!is_quiet(stream) || stream_access::width(stream) > static_cast<streamsize>(n)) return false;
-  streambuf *const buffer = stream_access::buffer(stream);
-  char **next = &buffer_access::pptr(*buffer);
-  if (static_cast<unsigned>(buffer_access::epptr(*buffer) - *next) < n || !(any_area || is_plain_stringbuf(buffer))) {
-    FILE *const file = plain_file(buffer);
-    if (!file) return false;
-    if (static_cast<unsigned>(room_in(file)) < n) {
-      const bool taken = write_after_flush(file, text, n) == static_cast<long>(n);
-      stream_access::width(stream) = 0;
-      if (!any_area && !taken) update_state(stream, ios_base::failbit);
-      return true;
-    }
-    next = &file->_IO_write_ptr;
-  }
+  if (static_cast<long>(n) < 0) return false;
   stream_access::width(stream) = 0;
-  char *const at = *next;
-  *next = at + n;
-  copy_text(at, text, n);
+  if (_quick_output::_write(stream, text, static_cast<long>(n), any_area)) return true;
+  FILE *const file = plain_file(stream_access::buffer(stream));
+  if (!file) return false;
+  const bool taken = write_file(file, text, static_cast<long>(n)) == static_cast<long>(n);
+  if (!any_area && !taken) update_state(stream, ios_base::failbit);
   return true;
 }
 
@@ -57,8 +48,11 @@ bool put_fill(streambuf &buffer, char fill, streamsize count) {
   return true;
 }
 
-PLX_LONG_WAY ostream &insert_c_string_elsewhere(ostream &out, const char *text) {
+}  // namespace
+
+PLX_STEP ostream &insert_c_string_elsewhere(ostream &out, const char *text) {
   const unsigned n = text ? strlen(text) : 0;
+  if (insert_unfilled(out, text, n, true)) return out;
   const bool right = (out.flags() & ios_base::adjustfield) == ios_base::right;
   if (insert_filled(out, text, n, true, right)) return out;
   output_operation(
@@ -77,7 +71,8 @@ PLX_LONG_WAY ostream &insert_c_string_elsewhere(ostream &out, const char *text) 
   return out;
 }
 
-PLX_LONG_WAY ostream &insert_string_elsewhere(ostream &out, const char *text, streamsize n) {
+PLX_STEP ostream &insert_string_elsewhere(ostream &out, const char *text, streamsize n) {
+  if (insert_unfilled(out, text, n, false)) return out;
   const bool left = (out.flags() & ios_base::adjustfield) == ios_base::left;
   if (insert_filled(out, text, n, false, !left)) return out;
   output_operation(
@@ -95,15 +90,13 @@ PLX_LONG_WAY ostream &insert_string_elsewhere(ostream &out, const char *text, st
   return out;
 }
 
-}  // namespace
-
 ostream &__zor_insert_c_string(ostream &out, const char *text) {
-  const bool done = insert_at_once<true>(base_of(out), text, text ? strlen(text) : 0);
-  return done ? out : insert_c_string_elsewhere(out, text);
+  const long n = text ? static_cast<long>(strlen(text)) : -1;
+  return n >= 0 && _quick_output::_write(base_of(out), text, n, true) ? out : insert_c_string_elsewhere(out, text);
 }
 
 ostream &__zor_insert_string(ostream &out, const char *text, streamsize n) {
-  return insert_at_once<false>(base_of(out), text, n) ? out : insert_string_elsewhere(out, text, n);
+  return _quick_output::_write(base_of(out), text, n, false) ? out : insert_string_elsewhere(out, text, n);
 }
 
 }  // namespace std

@@ -27,11 +27,7 @@ inline std::ios &base_of(std::ostream &out) {
   return *base;
 }
 
-// One branch for all.
-inline bool is_quiet(const std::ios &stream) {
-  return !(stream_access::state(const_cast<std::ios &>(stream)) | (stream_access::flags(stream) & ios_base::unitbuf) |
-           reinterpret_cast<int>(stream_access::tie(stream)));
-}
+inline bool is_quiet(const std::ios &stream) { return _quick_output::_is_quiet(stream, 0); }
 
 inline bool has_quick(const std::locale &loc, std::locale::imp::_quick bits) {
   return (loc._get_imp()->_get_quick() & bits) != 0;
@@ -56,31 +52,5 @@ inline PLX_INLINE char **roomy_cursor(std::streambuf *buffer, int n) {
 }
 
 inline int room_in(const FILE *file) { return static_cast<int>(file->_IO_write_end - file->_IO_write_ptr); }
-
-inline void copy_eight(char *to, const char *from) {
-  memcpy(to, from, 4);
-  memcpy(to + 4, from + 4, 4);
-}
-
-// Copies exactly n characters; most texts are shorter than a call of memcpy is worth.
-inline void copy_text(char *to, const char *from, unsigned n) {
-  if (n > 32) {
-    memcpy(to, from, n);
-  } else if (n >= 8) {
-    copy_eight(to, from);
-    if (n > 16) {
-      copy_eight(to + 8, from + 8);
-      copy_eight(to + n - 16, from + n - 16);
-    }
-    copy_eight(to + n - 8, from + n - 8);
-  } else if (n >= 4) {
-    memcpy(to, from, 4);
-    memcpy(to + n - 4, from + n - 4, 4);
-  } else if (n) {
-    to[0] = from[0];
-    to[n / 2] = from[n / 2];
-    to[n - 1] = from[n - 1];
-  }
-}
 
 }  // namespace __zor

@@ -9,9 +9,9 @@
 
 using namespace __zor;
 
-static_assert(offsetof(_put_access::_file, _write_next_) == offsetof(FILE, _IO_write_ptr));
-static_assert(offsetof(_put_access::_file, _write_end_) == offsetof(FILE, _IO_write_end));
-static_assert(offsetof(_put_access::_file_buffer, _file_) == sizeof(std::streambuf));
+static_assert(offsetof(_quick_output::_file, _write_next_) == offsetof(FILE, _IO_write_ptr));
+static_assert(offsetof(_quick_output::_file, _write_end_) == offsetof(FILE, _IO_write_end));
+static_assert(offsetof(_quick_output::_start, _file_) == sizeof(std::streambuf));
 
 namespace std {
 
@@ -55,11 +55,11 @@ PLX_LONG_WAY ostream &insert_elsewhere(ostream &out, char c) {
 }  // namespace
 
 ostream &__zor_put_char(ostream &out, char c) {
-  return _put_access::_at_once(base_of(out), c, false) ? out : put_elsewhere(out, c);
+  return _quick_output::_put(base_of(out), c, false) ? out : put_elsewhere(out, c);
 }
 
 ostream &__zor_insert_char(ostream &out, char c) {
-  return _put_access::_at_once(base_of(out), c, true) ? out : insert_elsewhere(out, c);
+  return _quick_output::_put(base_of(out), c, true) ? out : insert_elsewhere(out, c);
 }
 
 }  // namespace std

@@ -12,9 +12,8 @@
 #include <stdio.h>
 
 #include <plx/filebuf.h>
-#include <plx/put_character.h>
+#include <plx/quick_output.h>
 
-#include "../libC/if_linked.h"
 #include "access.h"
 
 namespace __zor {
@@ -24,11 +23,8 @@ inline bool is_plain_filebuf(const std::streambuf *buffer) {
   return *reinterpret_cast<const void *const *const *>(buffer) == _filebuf_table + 2;
 }
 
-extern PLX_API PLX_IF_LINKED const void *const stringbuf_table[] __asm__(
-    "_ZTVSt15basic_stringbufIcSt11char_traitsIcESaIcEE");
-
 inline bool is_plain_stringbuf(const std::streambuf *buffer) {
-  return *reinterpret_cast<const void *const *const *>(buffer) == stringbuf_table + 2;
+  return *reinterpret_cast<const void *const *const *>(buffer) == _stringbuf_table + 2;
 }
 
 struct get_window {

@@ -14,7 +14,7 @@
 namespace __zor {
 struct ios_base_access;
 struct stream_access;
-struct _put_access;
+struct _quick_output;
 }  // namespace __zor
 
 namespace std {
@@ -165,7 +165,7 @@ protected:
 
 private:
   friend struct __zor::ios_base_access;
-  friend struct __zor::_put_access;
+  friend struct __zor::_quick_output;
   ios_base(const ios_base &);
   ios_base &operator=(const ios_base &);
 };

@@ -12,7 +12,7 @@
 
 #include <plx/basic_ios.h>
 #include <plx/is_integer.h>
-#include <plx/put_character.h>
+#include <plx/quick_output.h>
 #include <plx/streambuf_iterators.h>
 
 #if __cplusplus >= 201103L
@@ -31,6 +31,12 @@ PLX_API ostream &__zor_put_char(ostream &_out, char _c);
 PLX_API ostream &__zor_insert_char(ostream &_out, char _c);
 PLX_API ostream &__zor_insert_c_string(ostream &_out, const char *_text);
 PLX_API ostream &__zor_insert_string(ostream &_out, const char *_text, streamsize _n);
+
+#if defined(__OPTIMIZE__) && !defined(__OPTIMIZE_SIZE__)
+#define PLX_QUICK_PUT(_out, _c, _resets_width) __zor::_quick_output::_put(_out, _c, _resets_width)
+#else
+#define PLX_QUICK_PUT(_out, _c, _resets_width) false
+#endif
 
 template <class _Ct, class _T> class PLX_API basic_ostream : virtual public basic_ios<_Ct, _T> {
 public:
@@ -98,7 +104,7 @@ public:
   basic_ostream &operator<<(basic_streambuf<_Ct, _T> *_from);
 
   // As they are: width and padding have no part in it. What the buffer does not take gives badbit.
-  basic_ostream &put(_Ct _c) { return PLX_PUT_AT_ONCE(*this, _c, false) ? *this : __zor_put_char(*this, _c); }
+  basic_ostream &put(_Ct _c) { return PLX_QUICK_PUT(*this, _c, false) ? *this : __zor_put_char(*this, _c); }
   basic_ostream &write(const _Ct *_text, streamsize _n);
 
   // Synchronises the buffer; badbit when that fails.
@@ -119,8 +125,53 @@ __extension__ extern template class PLX_API basic_ostream<char, char_traits<char
 // _out->flush(), for those who only know the name of the class.
 PLX_API void __zor_do_flush(ostream *_out);
 
+}  // namespace std
+
+namespace __zor {
+
+// Texts, as the functions for all cases above write them. Optimised programs have one copy of the quick ways, which
+// need not find its data as a shared object's do.
+#if defined(__OPTIMIZE__) && !defined(__OPTIMIZE_SIZE__)
+#define PLX_IN_PROGRAM inline __attribute__((__noinline__, __visibility__("hidden"), __regparm__(3)))
+
+template <bool _any_area>
+inline __attribute__((__always_inline__)) bool _write_quickly(std::ostream &_out, const char *_text, long _n) {
+  _quick_output::_ios *_base = &_out;
+  __asm__("" : "+r"(_base));  // one address: compilers would rather add the offset to every access
+  return _quick_output::_write(*_base, _text, _n, _any_area);
+}
+PLX_IN_PROGRAM std::ostream &_insert_string(std::ostream &_out, const char *_text, long _n) {
+  return _write_quickly<false>(_out, _text, _n) ? _out : std::__zor_insert_string(_out, _text, _n);
+}
+PLX_IN_PROGRAM std::ostream &_insert_known_c_string(std::ostream &_out, const char *_text, long _n) {
+  return _write_quickly<true>(_out, _text, _n) ? _out : std::__zor_insert_c_string(_out, _text);
+}
+PLX_IN_PROGRAM std::ostream &_insert_any_c_string(std::ostream &_out, const char *_text) {
+  const long _n = _text ? static_cast<long>(__builtin_strlen(_text)) : -1;
+  return _n >= 0 && _write_quickly<true>(_out, _text, _n) ? _out : std::__zor_insert_c_string(_out, _text);
+}
+inline std::ostream &_insert_c_string(std::ostream &_out, const char *_text) {
+  if (_text && __builtin_constant_p(__builtin_strlen(_text)))
+    return _insert_known_c_string(_out, _text, static_cast<long>(__builtin_strlen(_text)));
+  return _insert_any_c_string(_out, _text);
+}
+
+#undef PLX_IN_PROGRAM
+#else
+inline std::ostream &_insert_string(std::ostream &_out, const char *_text, long _n) {
+  return std::__zor_insert_string(_out, _text, _n);
+}
+inline std::ostream &_insert_c_string(std::ostream &_out, const char *_text) {
+  return std::__zor_insert_c_string(_out, _text);
+}
+#endif
+
+}  // namespace __zor
+
+namespace std {
+
 template <class _T> inline basic_ostream<char, _T> &operator<<(basic_ostream<char, _T> &_out, char _c) {
-  return PLX_PUT_AT_ONCE(_out, _c, true) ? _out : __zor_insert_char(_out, _c);
+  return PLX_QUICK_PUT(_out, _c, true) ? _out : __zor_insert_char(_out, _c);
 }
 template <class _T> inline basic_ostream<char, _T> &operator<<(basic_ostream<char, _T> &_out, signed char _c) {
   return _out << static_cast<char>(_c);
@@ -129,19 +180,19 @@ template <class _T> inline basic_ostream<char, _T> &operator<<(basic_ostream<cha
   return _out << static_cast<char>(_c);
 }
 template <class _T> inline basic_ostream<char, _T> &operator<<(basic_ostream<char, _T> &_out, const char *_text) {
-  return __zor_insert_c_string(_out, _text);
+  return __zor::_insert_c_string(_out, _text);
 }
 template <class _T>
 inline basic_ostream<char, _T> &operator<<(basic_ostream<char, _T> &_out, const signed char *_text) {
-  return __zor_insert_c_string(_out, reinterpret_cast<const char *>(_text));
+  return __zor::_insert_c_string(_out, reinterpret_cast<const char *>(_text));
 }
 template <class _T>
 inline basic_ostream<char, _T> &operator<<(basic_ostream<char, _T> &_out, const unsigned char *_text) {
-  return __zor_insert_c_string(_out, reinterpret_cast<const char *>(_text));
+  return __zor::_insert_c_string(_out, reinterpret_cast<const char *>(_text));
 }
 template <class _Ct, class _T, class _A>
 inline basic_ostream<_Ct, _T> &operator<<(basic_ostream<_Ct, _T> &_out, const basic_string<_Ct, _T, _A> &_text) {
-  return __zor_insert_string(_out, _text.data(), static_cast<streamsize>(_text.size()));
+  return __zor::_insert_string(_out, _text.data(), static_cast<streamsize>(_text.size()));
 }
 
 // Manipulators (1998, 27.6.2.7). endl writes the stream's newline and flushes; without a ctype facet: bad_cast,
@@ -159,6 +210,6 @@ template <> PLX_API ostream &flush(ostream &_out);
 }  // namespace std
 
 #undef PLX_MAY_THROW
-#undef PLX_PUT_AT_ONCE
+#undef PLX_QUICK_PUT
 
 #endif

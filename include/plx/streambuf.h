@@ -119,7 +119,7 @@ protected:
 
 private:
   friend struct __zor::buffer_access;
-  friend struct __zor::_put_access;
+  friend struct __zor::_quick_output;
   friend class basic_istream<_Ct, _T>;
   basic_streambuf(const basic_streambuf &);
   basic_streambuf &operator=(const basic_streambuf &);
