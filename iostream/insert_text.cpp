@@ -34,9 +34,9 @@ bool insert_filled(ios &stream, const char *text, unsigned n, bool any_area, boo
   if (!file && !any_area && !is_plain_stringbuf(buffer)) return false;
   char *&next = file ? file->_IO_write_ptr : buffer_access::pptr(*buffer);
   const char *const end = file ? file->_IO_write_end : buffer_access::epptr(*buffer);
-  if (static_cast<unsigned>(end - next) < width) return false;
+  if (end - next < static_cast<int>(width)) return false;
   memset(fill_first ? next : next + n, stream_access::fill(stream), width - n);
-  copy_text(fill_first ? next + (width - n) : next, text, n);
+  _quick_output::_copy(fill_first ? next + (width - n) : next, text, n);
   next += width;
   stream_access::width(stream) = 0;
   return true;

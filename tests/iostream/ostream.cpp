@@ -127,6 +127,20 @@ void put_areas() {
   out3 << 1234567;  // the rest is dropped, which num_put's inserter does not notice
   CHECK(memcmp(d.text, "12345....", 9) == 0);
   CHECK(out3.good());
+  // A position that its class has moved past the end is no room.
+  struct past_end : taking {
+    char own[16];
+    past_end() {
+      memset(own, '.', sizeof own);
+      setp(own, own + 4);
+      pbump(6);
+    }
+  } e;
+  std::ostream out4(&e);
+  out4 << "ab" << 'c' << 12 << 1.5 << std::setw(3) << "d" << std::setw(3) << 7;
+  out4.put('e').write("fg", 2);
+  CHECK(memcmp(e.own, "................", 16) == 0);
+  CHECK_TEXT(e.taken(), "abc121.5d    7efg");
 }
 
 class counting_sync : public taking {
