@@ -1,6 +1,7 @@
 #!/bin/bash
 # Measures plx against its peers, the host's C++ library under g++ and under clang++: times of every case, then what
-# exception handling costs in instructions where nothing is thrown, then sizes, start-up and relocations of a hello.
+# exception handling costs in instructions where nothing is thrown, then sizes, start-up and what is taken in of two
+# small programs, with shared libraries and static.
 #
 #   bench/run.sh [NAME...]     NAME: a program (exceptions), part of a case's name ("append"), `instructions` or `size`
 #
@@ -43,7 +44,7 @@ if [ ${#builds[@]} -eq 0 ]; then
   exit 1
 fi
 
-# compile BUILD SOURCE OUTPUT: one program, with the same options everywhere. The peers are built for a fixed address
+# compile BUILD SOURCE OUTPUT [OPTION...]: one program, with the same options everywhere. The peers are built for a fixed address
 # too, because position-independent code on this processor pays for itself at every call.
 compile() {
   local build=$1 source=$2 output=$3 compiler
@@ -53,7 +54,7 @@ compile() {
     gcc:*) compiler=("$gcc" -m32 -O2 -std=gnu++98 -fno-pic -no-pie) ;;
     clang:*) compiler=("$clang" -m32 -O2 -std=gnu++98 -fno-pic -no-pie) ;;
   esac
-  "${compiler[@]}" "$source" -o "$output" 2> "$work/log" && return
+  "${compiler[@]}" "$source" -o "$output" "${@:4}" 2> "$work/log" && return
   fail "$source does not build with ${compiler[0]##*/}:"
   head -5 "$work/log" >&2
   return 1
@@ -206,34 +207,94 @@ relocations() {
   while IFS= read -r file; do readelf -rW "$file"; done | grep -c ' R_386_'
 }
 
+# symbols PROGRAM: how many the dynamic linker looks up before main.
+symbols() {
+  LD_DEBUG=statistics "$1" 2>&1 > "$work/log" | awk '/total startup/ { start = 1 } start && /number of relocations:/ { print $NF; exit }'
+}
+
+# Takes what a linker tells with -t -t; prints the members that it took of the C++ library's archives.
+members() { sed -nE 's/^\(.*\/lib(plx|plx_clang|stdc\+\+|supc\+\+)\.a\)(.*)$/\2/p' | sort -u; }
+
+# The builds of the small programs: those of the times, and static ones.
+declare -a size_builds
+prepare_sizes() {
+  local build name source
+  size_builds=("${builds[@]}")
+  for build in plx gcc; do
+    [[ " ${builds[*]} " == *" $build "* ]] || continue
+    if [ "$build" = plx ] && [ ! -f "$prefix/lib/libplx.a" ]; then
+      echo "without plx-static: there is no $prefix/lib/libplx.a"
+    else
+      size_builds+=("$build-static")
+    fi
+  done
+  for source in "$source_dir"/startup/hello_*.cpp; do
+    name=$(program_of "$source")
+    for build in "${size_builds[@]}"; do
+      case $build in
+        *-static) compile "${build%-static}" "$source" "$work/$name.$build" -static -Wl,-t,-t > "$work/trace" || return ;;
+        *) compile "$build" "$source" "$work/$name.$build" || return ;;
+      esac
+      case $build in *-static) members < "$work/trace" > "$work/$name.$build.members" ;; esac
+      strip "$work/$name.$build"
+    done
+  done
+}
+
+# size_row LABEL COMMAND...: one value of each build; the command's last argument is the program.
+size_row() {
+  local label=$1 build
+  shift
+  printf '%-50s' "$label"
+  for build in "${size_builds[@]}"; do printf ' %10s' "$("$@" "$work/$name.$build")"; done
+  echo
+}
+size_of_program() { wc -c < "$1"; }
+size_of_libraries() { case $1 in *-static) echo - ;; *) libraries "$1" | stripped_size ;; esac; }
+relocations_in_all() { { echo "$1"; case $1 in *-static) ;; *) libraries "$1" ;; esac; } | relocations; }
+symbols_looked_up() { case $1 in *-static) echo - ;; *) symbols "$1" ;; esac; }
+objects_taken_in() { case $1 in *-static) wc -l < "$1.members" ;; *) echo - ;; esac; }
+start_up() { awk -v program="$2" -v column="$1" '$3 == program { print $column }' "$work/startup"; }
+
 run_size() {
   wanted size || return
-  local build files=() row
-  for build in "${builds[@]}"; do
-    compile "$build" "$source_dir/startup/hello.cpp" "$work/hello.$build" || return
-    strip "$work/hello.$build"
-    files+=("$work/hello.$build")
+  local build name what files=() folder
+  prepare_sizes || { fail "the programs of startup/ do not build"; return; }
+  "${CC:-cc}" -O2 "$source_dir/startup/spawn.c" -o "$work/spawn" || { fail "startup/spawn.c does not build"; return; }
+  for name in hello_throw hello_iostream; do
+    for build in "${size_builds[@]}"; do files+=("$work/$name.$build"); done
   done
-  printf '%-50s' "a hello that throws, and its libraries"
-  printf ' %10s' "${builds[@]}"
+  "$work/spawn" 400 "${files[@]}" > "$work/startup" || fail "a hello fails"
+  printf '%-50s' "a hello that throws, one that has <iostream>"
+  printf ' %10s' "${size_builds[@]}"
   echo
-  for row in "stripped libraries, bytes" "stripped hello, bytes" "relocations of the libraries" "relocations of hello"; do
-    printf '%-50s' "$row"
-    for build in "${builds[@]}"; do
-      case $row in
-        "stripped libraries, bytes") printf ' %10s' "$(libraries "$work/hello.$build" | stripped_size)" ;;
-        "stripped hello, bytes") printf ' %10s' "$(wc -c < "$work/hello.$build")" ;;
-        "relocations of the libraries") printf ' %10s' "$(libraries "$work/hello.$build" | relocations)" ;;
-        "relocations of hello") printf ' %10s' "$(echo "$work/hello.$build" | relocations)" ;;
-      esac
+  for name in hello_throw hello_iostream; do
+    what=${name#hello_}
+    size_row "$what: the program stripped, bytes" size_of_program
+    size_row "$what: its libraries stripped, bytes" size_of_libraries
+    size_row "$what: objects of the C++ library in it" objects_taken_in
+    size_row "$what: dynamic relocations in all" relocations_in_all
+    size_row "$what: symbols looked up at the start" symbols_looked_up
+    size_row "$what: from fork to exit, us, least of 400" start_up 1
+    size_row "$what: from fork to exit, us, median" start_up 2
+  done
+  echo
+  for build in "${builds[@]}"; do
+    [ "$build" != plx ] && [[ " ${builds[*]} " == *" plx "* ]] && awk -v peer="$build" -v ours="$work/hello_iostream.plx" \
+      -v theirs="$work/hello_iostream.$build" '$3 == ours { a = $1; b = $2 } $3 == theirs { c = $1; d = $2 } END {
+      printf "hello by <iostream> from fork to exit, of %s'"'"'s time: %.2f by the least, %.2f by the median (target 0.60)\n",
+             peer, a / c, b / d }' "$work/startup"
+  done
+  [ -f "$work/hello_throw.plx-static.members" ] || return
+  printf '\n%-50s %10s %10s\n' "objects of libplx.a in a static program" throw iostream
+  for folder in libC exceptions string containers locale iostream clang; do
+    printf '%-50s' "$folder"
+    for name in hello_throw hello_iostream; do
+      (cd "$source_dir/../$folder" && find . -name '*.cpp' -o -name '*.S') | sed 's/.*\///; s/$/.o/' | sort -u |
+        comm -12 - "$work/$name.plx-static.members" | wc -l | awk '{ printf " %10s", $1 }'
     done
     echo
   done
-  "${CC:-cc}" -O2 "$source_dir/startup/spawn.c" -o "$work/spawn" || { fail "startup/spawn.c does not build"; return; }
-  printf '%-50s' "from fork to exit, microseconds (median of 400)"
-  "$work/spawn" 400 "${files[@]}" > "$work/startup" || fail "a hello fails"
-  while read -r row; do printf ' %10s' "$row"; done < "$work/startup"
-  echo
 }
 
 run_times

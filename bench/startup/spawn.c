@@ -1,5 +1,5 @@
 /* Measures how long programs take from fork to exit: runs each of the given programs in turn, ROUNDS times, with
- * standard output discarded, and prints the median in microseconds for each, in the order given.
+ * standard output discarded, and prints the least and the median in microseconds and its name for each, in the order given.
  *
  *   spawn ROUNDS PROGRAM...
  */
@@ -54,7 +54,7 @@ int main(int argc, char **argv) {
   dup2(output, 1);
   for (i = 0; i < programs; ++i) {
     qsort(times + i * rounds, rounds, sizeof *times, by_value);
-    printf("%.0f\n", times[i * rounds + rounds / 2]);
+    printf("%.0f %.0f %s\n", times[i * rounds], times[i * rounds + rounds / 2], argv[2 + i]);
   }
   return 0;
 }
