@@ -42,11 +42,12 @@ auto_load=$root/usr/share/gdb/auto-load/usr
 : "${SOURCE_DATE_EPOCH:=$(git log -1 --format=%ct 2> /dev/null || date +%s)}"
 export SOURCE_DATE_EPOCH
 date=$(LC_ALL=C date -u -R -d "@$SOURCE_DATE_EPOCH")
-maintainer="${DEBFULLNAME:-The plx maintainers} <${DEBEMAIL:-plx@localhost.localdomain}>"
+address=${DEBEMAIL:-$(git log -1 --format=%ae 2> /dev/null)} || address=
+maintainer="${DEBFULLNAME:-The plx maintainers} <${address:-plx@localhost.localdomain}>"
 doc=$root/usr/share/doc/plx
 printf 'plx (%s) unstable; urgency=medium\n\n  * Release %s; see CHANGELOG.md.\n\n -- %s  %s\n' \
   "$version" "$version" "$maintainer" "$date" > "$doc/changelog"
-cp driver/debian_copyright "$doc/copyright"
+sed "s/@YEAR@/$(date -u -d "@$SOURCE_DATE_EPOCH" +%Y)/" driver/debian_copyright > "$doc/copyright"
 gzip -9n "$doc/changelog"
 [ ! -d "$root/usr/share/man" ] || find "$root/usr/share/man" -type f -exec gzip -9n {} +
 
