@@ -14,7 +14,8 @@ bool move_piece(std::streambuf *from, std::streambuf *to, int delim, std::stream
   get_window source;
   put_window room;
   if (!open_get_window(from, source) || !open_put_window(to, 1, room)) return false;
-  int n = source.end - source.at < room.end - room.at ? source.end - source.at : room.end - room.at;
+  const unsigned int ready = source.end - source.at, place = room.end - room.at;
+  unsigned int n = ready < place ? ready : place;
   if (delim != EOF) {
     const void *const found = memchr(source.at, delim, n);
     if (found) n = static_cast<const char *>(found) - source.at;

@@ -10,9 +10,14 @@ namespace __zor {
 
 template <class _String, class _Iterator> class string_range;
 
-// Appends _c, the buffer's next character, and all that follow it up to the end.
+// Takes _c, the buffer's next character, and all that follow it up to the end: into a string, or into another buffer.
+// When that takes no more, or is null, the rest is dropped and the result false.
 PLX_API void _append_rest(std::basic_string<char, std::char_traits<char>, std::allocator<char> > &_text,
                           std::basic_streambuf<char, std::char_traits<char> > &_from, int _c);
+PLX_API bool _copy_rest(std::basic_streambuf<char, std::char_traits<char> > *_to,
+                        std::basic_streambuf<char, std::char_traits<char> > &_from, int _c);
+
+struct _buffer_range;
 
 }  // namespace __zor
 
@@ -63,7 +68,7 @@ public:
 
 private:
   friend struct __zor::buffer_access;
-  template <class _String, class _Iterator> friend class __zor::string_range;
+  friend struct __zor::_buffer_range;
 
   int_type _peek() const {
     if (_T::eq_int_type(_c_, _T::eof()) && _sb_) {
@@ -110,6 +115,7 @@ public:
 
 private:
   friend struct __zor::buffer_access;
+  friend struct __zor::_buffer_range;
 
   streambuf_type *_sb_;
   bool _failed_;
@@ -119,13 +125,28 @@ private:
 
 namespace __zor {
 
+struct _buffer_range {
+  typedef std::istreambuf_iterator<char, std::char_traits<char> > _input;
+  typedef std::ostreambuf_iterator<char, std::char_traits<char> > _output;
+
+  // The buffer of a range that goes on to its end, or null when the range is empty.
+  static std::basic_streambuf<char, std::char_traits<char> > *_of(const _input &_first, const _input &_last) {
+    return _first.equal(_last) || _first._at_end() ? 0 : _first._sb_;
+  }
+  static void _copy(const _input &_first, const _input &_last, _output &_out) {
+    std::basic_streambuf<char, std::char_traits<char> > *const _from = _of(_first, _last);
+    if (_from && !_copy_rest(_out._failed_ ? 0 : _out._sb_, *_from, _first._peek())) _out._failed_ = true;
+  }
+};
+
 // What is left in a buffer becomes a string by blocks.
 template <class _String> class string_range<_String, std::istreambuf_iterator<char, std::char_traits<char> > > {
   typedef std::istreambuf_iterator<char, std::char_traits<char> > _iterator;
 
 public:
   string_range(_iterator _first, _iterator _last) : _made_(0u, char()) {
-    if (!_first.equal(_last) && !_first._at_end()) _append_rest(_made_, *_first._sb_, _first._peek());
+    std::basic_streambuf<char, std::char_traits<char> > *const _from = _buffer_range::_of(_first, _last);
+    if (_from) _append_rest(_made_, *_from, std::char_traits<char>::to_int_type(*_first));
   }
   const char *data() const PLX_NOTHROW { return _made_.data(); }
   unsigned int size() const PLX_NOTHROW { return _made_.size(); }
@@ -136,5 +157,17 @@ private:
 };
 
 }  // namespace __zor
+
+namespace std {
+
+// 25.2.1: from buffer to buffer by blocks, too.
+template <class _T> inline ostreambuf_iterator<char, _T> copy(istreambuf_iterator<char, _T> _first,
+                                                              istreambuf_iterator<char, _T> _last,
+                                                              ostreambuf_iterator<char, _T> _out) {
+  __zor::_buffer_range::_copy(_first, _last, _out);
+  return _out;
+}
+
+}  // namespace std
 
 #endif

@@ -1,6 +1,7 @@
 // The frame of input: the sentry and what it skips, ties, states, manipulators, old forms, and the stream iterators.
 // test-variants: -O0 | -O2
 
+#include <algorithm>
 #include <fstream>
 #include <iterator>
 #include <sstream>
@@ -169,8 +170,21 @@ static void test_iterators() {
   CHECK(++at == std::istream_iterator<std::string>());
 }
 
+// Takes `room` characters.
+struct small_destination : std::streambuf {
+  explicit small_destination(int room) : room(room) {}
+  virtual int overflow(int c) {
+    if (room == 0) return EOF;
+    --room;
+    taken += static_cast<char>(c);
+    return c & 0xFF;
+  }
+  int room;
+  std::string taken;
+};
+
 // All that is left becomes a string by blocks, where the buffer shows any, and the position is the end.
-static void test_rest_as_string() {
+static void test_rest_of_buffer() {
   typedef std::istreambuf_iterator<char> iterator;
   std::string text;
   for (int i = 0; i < 70000; ++i) text += static_cast<char>(i * 7);
@@ -196,6 +210,23 @@ static void test_rest_as_string() {
     CHECK_INT(buffers[i]->sgetc(), EOF);
     CHECK(std::string(iterator(buffers[i]), end) == "");
   }
+
+  // The same into another buffer, or one that takes no more.
+  small_destination full(5);
+  for (int i = 0; i < 8; ++i) {
+    slow_buffer again(text);
+    std::stringbuf whole(text), into;
+    file.pubseekpos(0);
+    std::streambuf *const from = i % 4 == 0 ? &again : i % 4 == 1 ? &whole : static_cast<std::streambuf *>(&file);
+    if (i < 4) {
+      CHECK(!std::copy(iterator(from), iterator(), std::ostreambuf_iterator<char>(&into)).failed());
+      CHECK(into.str() == text);
+    } else {
+      CHECK(std::copy(iterator(from), iterator(), std::ostreambuf_iterator<char>(&full)).failed());
+    }
+    CHECK_INT(from->sgetc(), EOF);  // what is not taken is dropped
+  }
+  CHECK(full.taken == text.substr(0, 5));
   throwing_buffer throwing("abcdef", at_underflow, 3);
   std::string kept = "kept";
   int passed = 0;
@@ -217,6 +248,6 @@ int main() {
   test_ws();
   test_manipulators();
   test_iterators();
-  test_rest_as_string();
+  test_rest_of_buffer();
   return TEST_RESULT();
 }
