@@ -66,7 +66,7 @@ inline bool extract_word_at_once(istream &in, char *to) {
         const char *const last = width > 0 ? next + (width - 1) : nullptr;
         if (next == last) return;
         const ctype<char> &classes = use_facet<ctype<char>>(stream_access::loc(in));
-        const ctype_base::mask *const table = classes._get_table();
+        const ctype_base::mask *const table = classes.table();
         if (!read_blocks(stream_access::buffer(in), [&](const char *&at, const char *end) {
               for (const char *p = at; p != end; ++p) {
                 const char c = *p;

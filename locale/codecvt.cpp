@@ -55,6 +55,8 @@ int standard::do_length(mbstate_t &, const char *from, const char *from_end, siz
   return identity::do_length(unused, from, from_end, max);
 }
 
+int standard::do_encoding() const { return 1; }
+
 template <> const standard &use_facet<standard>(const locale &loc) {
   const identity &held = use_facet<identity>(loc);
   if (held._has_mark(locale::facet::_takes_mbstate)) return static_cast<const standard &>(held);

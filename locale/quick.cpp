@@ -42,7 +42,7 @@ void locale::imp::_look() PLX_NOTHROW {
   unsigned int seen = 0;
   const facet *classes = get(*this, &__zor::ctype_facet);
   if (classes && has_virtual_table(classes, ctype_table) &&
-      static_cast<const std::ctype<char> *>(classes)->_get_table() == classic_ctype::masks())
+      static_cast<const std::ctype<char> *>(classes)->table() == classic_ctype::masks())
     seen |= _quick_ctype;
   const facet *conversion = get(*this, &__zor::codecvt_facet);
   if (conversion && has_virtual_table(conversion, codecvt_table)) seen |= _quick_codecvt;

@@ -116,6 +116,9 @@ public:
     return do_length(_state, _from, _from_end, _max);
   }
 
+  // How many bytes make a character: 1; 0 if that varies, -1 if it depends on the state. Nothing in plx asks.
+  int encoding() const { return do_encoding(); }
+
 protected:
   using __zor::codecvt_by_mbstate::do_in;
   using __zor::codecvt_by_mbstate::do_length;
@@ -128,6 +131,7 @@ protected:
   virtual result do_in(state_type &_state, const char *_from, const char *_from_end, const char *&_from_next, char *_to,
                        char *_to_end, char *&_to_next) const;
   virtual int do_length(state_type &_state, const char *_from, const char *_from_end, size_t _max) const;
+  virtual int do_encoding() const;
 };
 
 // The locale's, if it was made for a mbstate_t. Otherwise the identity: of the other kind there is no telling what its

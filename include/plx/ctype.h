@@ -72,13 +72,11 @@ public:
     return do_narrow(_lo, _hi, _dfault, _to);
   }
 
-  // plx's own: the table in use, for callers that classify many characters. `table` is for derived classes.
-  const mask *_get_table() const PLX_NOTHROW { return _table_; }
-
-protected:
+  // The table in use, and that of the classic locale, of table_size masks each. (For derived classes only in 1998.)
   const mask *table() const PLX_NOTHROW { return _table_; }
   static const mask *classic_table() PLX_NOTHROW;
 
+protected:
   virtual char do_toupper(char _c) const;
   virtual const char *do_toupper(char *_lo, const char *_hi) const;
   virtual char do_tolower(char _c) const;

@@ -4,6 +4,7 @@
 #define PLX_FPOS_H
 
 #include <plx/char_traits.h>
+#include <plx/is_integer.h>
 
 namespace std {
 
@@ -23,11 +24,17 @@ public:
     _offset_ -= _off;
     return *this;
   }
-  // For int as well as for long: one of them alone would be ambiguous with the built-in operators.
-  fpos operator+(long _off) const PLX_NOTHROW { return fpos(*this) += _off; }
+  // For every type that sums of numbers have: for others than these the built-in operators would do as well.
   fpos operator+(int _off) const PLX_NOTHROW { return fpos(*this) += _off; }
-  fpos operator-(long _off) const PLX_NOTHROW { return fpos(*this) -= _off; }
+  fpos operator+(unsigned int _off) const PLX_NOTHROW { return fpos(*this) += static_cast<streamoff>(_off); }
+  fpos operator+(long _off) const PLX_NOTHROW { return fpos(*this) += _off; }
+  fpos operator+(unsigned long _off) const PLX_NOTHROW { return fpos(*this) += static_cast<streamoff>(_off); }
+  fpos operator+(__zor::_longest _off) const PLX_NOTHROW { return fpos(*this) += static_cast<streamoff>(_off); }
   fpos operator-(int _off) const PLX_NOTHROW { return fpos(*this) -= _off; }
+  fpos operator-(unsigned int _off) const PLX_NOTHROW { return fpos(*this) -= static_cast<streamoff>(_off); }
+  fpos operator-(long _off) const PLX_NOTHROW { return fpos(*this) -= _off; }
+  fpos operator-(unsigned long _off) const PLX_NOTHROW { return fpos(*this) -= static_cast<streamoff>(_off); }
+  fpos operator-(__zor::_longest _off) const PLX_NOTHROW { return fpos(*this) -= static_cast<streamoff>(_off); }
   streamoff operator-(const fpos &_other) const PLX_NOTHROW { return _offset_ - _other._offset_; }
 
 private:

@@ -12,6 +12,7 @@
 #ifndef PLX_LOCALE_CORE_H
 #define PLX_LOCALE_CORE_H
 
+#include <stdexcept>
 #include <string>
 
 #include <plx/locale_fwd.h>

@@ -9,8 +9,9 @@
 namespace std {
 
 // One word, of at most width() characters if that is not 0. The width stays, unlike the 1998 operator's. An empty word
-// gives failbit, the end eofbit. There is no guard: what the buffer throws passes, and so do bad_alloc, length_error
-// and, from a locale without ctype, bad_cast; what was read before such an exception may be lost.
+// gives failbit, the end eofbit. What the buffer, the facet or the string throws becomes badbit, and the characters
+// that were taken before it are in the string. Without skipws a locale without ctype is reported: bad_cast, "Facet not
+// present\n".
 template <class _Ct, class _T, class _A>
 PLX_API basic_istream<_Ct, _T> &operator>>(basic_istream<_Ct, _T> &_in, basic_string<_Ct, _T, _A> &_text);
 

@@ -71,6 +71,8 @@ void plain_base() {
   CHECK_INT(b.in_avail(), 0);
   const std::streampos at = std::streampos(5) + 2;
   CHECK(at - 3 == 4 && at - std::streampos(2) == 5 && at != 6 && sizeof at == 12);
+  const long long wide = 1;
+  CHECK(at + sizeof(int) * 2u - 5u + 2ul - wide + wide == 12 && at - 1ul == 6);
 }
 
 void iterators() {

@@ -72,14 +72,12 @@ void operator delete(void *block) throw() {
 
 struct vowels : ctype {
   explicit vowels(const mask *table, bool del) : ctype(table, del) {}
-  using ctype::classic_table;
-  using ctype::table;
   virtual char do_toupper(char c) const { return c == 'e' ? 'E' : c; }
 };
 
 static void own_tables() {
   ctype::mask *masks = new ctype::mask[ctype::table_size];
-  for (int c = 0; c < 256; ++c) masks[c] = vowels::classic_table()[c];
+  for (int c = 0; c < 256; ++c) masks[c] = ctype::classic_table()[c];
   masks[0xE4] = ctype::lower | ctype::alpha;
   table_to_watch = masks;
   {
@@ -91,14 +89,14 @@ static void own_tables() {
     // The very class, but with a table of its own.
     const std::locale with_table(std::locale::classic(), new ctype(masks));
     CHECK_INT(with_table._get_imp()->_get_quick() & std::locale::imp::_quick_ctype, 0);
-    const std::locale classic_again(with_table, new ctype(vowels::classic_table(), false));
+    const std::locale classic_again(with_table, new ctype(ctype::classic_table(), false));
     CHECK(classic_again._get_imp()->_get_quick() & std::locale::imp::_quick_ctype);
   }
   CHECK_INT(tables_freed, 0);
   { const std::locale loc(std::locale::classic(), new vowels(masks, true)); }
   CHECK_INT(tables_freed, 1);
   // Nothing is freed where there is no table.
-  table_to_watch = const_cast<ctype::mask *>(vowels::classic_table());
+  table_to_watch = const_cast<ctype::mask *>(ctype::classic_table());
   { const std::locale loc(std::locale::classic(), new ctype(0, true)); }
   CHECK_INT(tables_freed, 1);
 }
@@ -118,6 +116,7 @@ struct counting : standard_conversion {
     to_next = to;
     return from == from_end ? ok : partial;
   }
+  virtual int do_encoding() const throw() { return -1; }
 };
 
 static void conversions() {
@@ -149,6 +148,8 @@ static void conversions() {
                 .in(whole, text, text + 3, from_next, to, to + 3, to_next),
             conversion::noconv);
   CHECK_INT(std::use_facet<standard_conversion>(loc).length(whole, text, text + 3, 2), 2);
+  CHECK_INT(std::use_facet<standard_conversion>(loc).encoding(), -1);
+  CHECK_INT(std::use_facet<standard_conversion>(std::locale::classic()).encoding(), 1);
 }
 
 int main() {
