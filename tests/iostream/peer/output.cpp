@@ -176,8 +176,9 @@ static void make_comparable(a_case &c) {
 static void choose_value(a_case &c) {
   c.integer = random_integer();
   c.real = random_real((c.format & base::uppercase) != 0);
-  const unsigned length = 1 + below(below(10) ? 12 : 6000);
-  c.text.assign(length, static_cast<char>('a' + below(26)));
+  const unsigned limit = below(10) == 0 ? 6000 : below(3) == 0 ? 40 : 12, length = 1 + below(limit), first = below(26);
+  c.text.resize(length);
+  for (unsigned i = 0; i < length; ++i) c.text[i] = static_cast<char>('a' + (first + i) % 26);
   c.text[0] = static_cast<char>(11 + below(245));
 }
 
