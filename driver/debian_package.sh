@@ -31,7 +31,8 @@ mv "$root/usr/lib" "$root/usr/lib32"
 library=$root/usr/lib32/libplx.so.$version
 [ -f "$library" ] || fail "there is no libplx.so.$version"
 chmod 644 "$library"
-strip --strip-unneeded "$library"
+# Debuggers walk the stack by what is kept.
+strip --strip-unneeded --keep-section=.debug_frame "$library"
 for archive in "$root"/usr/lib32/*.a; do strip -D --strip-debug "$archive"; done
 sed -i 's|^libdir=.*|libdir=${prefix}/lib32|' "$root/usr/share/pkgconfig/plx.pc"
 # gdb finds its file by the library's path.
