@@ -23,10 +23,10 @@ function group_of(program) {
 
 /^ns per operation/ { state = "times"; rounds = $6; next }
 /^geometric mean of/ { summary = $0; state = ""; next }
-/^instructions per call  / || /^a hello that throws/ {
-  state = /^instr/ ? "instructions" : "size"
+/^instructions per call  / || /^a hello that throws/ || /^objects of libplx\.a/ {
+  state = /^instr/ ? "instructions" : /^a hello/ ? "size" : "objects"
   columns = split(substr($0, 51), column, " ")
-  line = "| " trimmed(substr($0, 1, 50)) " |"; rule = "|---|"
+  line = "| " cell(trimmed(substr($0, 1, 50))) " |"; rule = "|---|"
   for (i = 1; i <= columns; ++i) { line = line " " column[i] " |"; rule = rule "---|" }
   table[state] = line "\n" rule
   next
@@ -50,7 +50,7 @@ state == "times" {
   next
 }
 state != "" {
-  line = "| " joined(1, NF - columns) " |"
+  line = "| " cell(joined(1, NF - columns)) " |"
   for (i = NF - columns + 1; i <= NF; ++i) line = line " " $i " |"
   table[state] = table[state] "\n" line
   if (state == "size") {
@@ -173,13 +173,19 @@ function draw_overview(   file, i, p, y, from, to, mean) {
 function draw_sizes(   file, r, c, y, most) {
   if (!sizes) return
   file = folder "/size.svg"
-  open_svg(file, 820, 40 + sizes * (22 + size_columns * 14), "A hello that throws, and its libraries: less is better")
+  y = 40
+  for (r = 1; r <= sizes; ++r) {
+    y += 22
+    for (c = 1; c <= size_columns; ++c) if (size_value[r, c] != "-") y += 14
+  }
+  open_svg(file, 820, y, "A program that throws, and one that has <iostream>: less is better")
   y = 34
   for (r = 1; r <= sizes; ++r) {
     text_at(file, 12, y + 12, "start", "", size_name[r])
     y += 18; most = 1
     for (c = 1; c <= size_columns; ++c) if (size_value[r, c] + 0 > most) most = size_value[r, c] + 0
     for (c = 1; c <= size_columns; ++c) {
+      if (size_value[r, c] == "-") continue
       text_at(file, 112, y + 9, "end", "note", size_column[c])
       printf "<rect class=\"%s\" x=\"120\" y=\"%d\" width=\"%.1f\" height=\"10\"/>\n", \
         size_column[c] ~ /plx/ ? "faster" : "peer", y, 580 * size_value[r, c] / most + 1 > file
@@ -204,7 +210,7 @@ END {
     exit 1
   }
   draw_sizes()
-  print table["size"] > (tables "/size.md")
+  print table["size"] (table["objects"] == "" ? "" : "\n\n" table["objects"]) > (tables "/size.md")
   print (table["instructions"] == "" ? "Not counted in this run." : table["instructions"]) > (tables "/instructions.md")
   sub(/^g/, "G", summary)
   print "Of " day ", on " machine "; medians of " rounds " runs. " summary "." > (tables "/machine.md")
