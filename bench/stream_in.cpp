@@ -95,6 +95,17 @@ unsigned long blocks(std::istream &in) {
   return sum;
 }
 
+unsigned long rest(std::istream &in) {
+  const std::string text((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+  return text.size() + text[text.size() / 2];
+}
+
+unsigned long iterated(std::istream &in) {
+  unsigned long sum = 0;
+  for (std::istreambuf_iterator<char> at(in), end; at != end; ++at) sum += *at;
+  return sum;
+}
+
 const unsigned long prose_size = 232159;
 const unsigned long prose_blocks = 57;
 
@@ -113,6 +124,9 @@ const bench_case cases[] = {
     FROM_ALL("getline into an array", prose, array_lines, 2, 2, count / 10),
     FROM_ALL("get(char)", prose, characters, 2, 2, prose_size),
     {"get() from a file", 2, prose_size, from_file<prose, returned_characters>},
+    {"istreambuf_iterator from a file", 1, prose_size, from_file<prose, iterated>},
+    {"istreambuf_iterator from cin", 1, prose_size, from_cin<prose, iterated>},
+    FROM_ALL("rest into a string", prose, rest, 1, 1, prose_size),
     FROM_ALL("block of 4 KB", prose, blocks, 1, 1, prose_blocks),
 };
 

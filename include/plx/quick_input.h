@@ -27,9 +27,9 @@ struct _quick_input {
   // The file of a filebuf where stdio has a character ready; or null.
   static _file *_ready_file(const void *_buffer) PLX_NOTHROW {
     const _start *const _at = static_cast<const _start *>(_buffer);
-    if (_at->_table_ != _filebuf_table + 2) return 0;
+    if (__builtin_expect(_at->_table_ != _filebuf_table + 2, false)) return 0;
     _file *const _stdio = _at->_file_;
-    return _stdio && _stdio->_next_ < _stdio->_end_ ? _stdio : 0;
+    return __builtin_expect(_stdio && _stdio->_next_ < _stdio->_end_, true) ? _stdio : 0;
   }
 
   // The next character, which stays, or is taken. -1: ask the buffer.
