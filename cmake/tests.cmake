@@ -114,6 +114,11 @@ foreach(file IN LISTS test_files)
   endif()
 endforeach()
 
+# Much to compile, and sources to fetch.
+if(TEST install/foreign_programs)
+  set_tests_properties(install/foreign_programs PROPERTIES TIMEOUT 900)
+endif()
+
 file(GLOB mixed_folders CONFIGURE_DEPENDS RELATIVE ${CMAKE_SOURCE_DIR}/tests LIST_DIRECTORIES true tests/mixed/*)
 foreach(folder IN LISTS mixed_folders)
   file(GLOB sources CONFIGURE_DEPENDS tests/${folder}/*.c tests/${folder}/*.cpp)
