@@ -1,4 +1,5 @@
-// Megabytes from cin to cout through pipes, by each means, byte for byte; and cout interleaved with stdio, in order.
+// Megabytes from cin to cout through pipes, by each means, byte for byte; and cout interleaved with stdio, in order,
+// in each of its ways of buffering.
 #include <iostream>
 #include <string>
 
@@ -126,6 +127,22 @@ void interleaved() {
   cout << "i\n";
 }
 
+// What stdio holds back, and no more, is held back: lines that have not ended, or nothing.
+void by_lines() {
+  setvbuf(stdout, 0, _IOLBF, BUFSIZ);
+  cout << "ab" << 'c' << 1 << '\n' << std::string("d");
+  fputs("|", stderr);
+  cout.put('\n').write("e\nf", 3);
+  fputs("|", stderr);
+}
+void unbuffered() {
+  setvbuf(stdout, 0, _IONBF, 0);
+  cout << "a" << 'b';
+  fputs("|", stderr);
+  cout << 1 << std::string("c");
+  fputs("|", stderr);
+}
+
 }  // namespace
 
 int main(int argc, char **argv) {
@@ -141,5 +158,7 @@ int main(int argc, char **argv) {
     CHECK(filtered(argv[0], i, "") == "");
   }
   CHECK_TEXT(test_run_child(interleaved).text, "a1b2cdefg1.5hi\n");
+  CHECK_TEXT(test_run_child(by_lines).text, "abc1\n|d\ne\n|f");
+  CHECK_TEXT(test_run_child(unbuffered).text, "ab|1c|");
   return TEST_RESULT();
 }
