@@ -11,8 +11,8 @@ set(PLX_START_SOURCES
   iostream/standard_streams.cpp iostream/filebuf.cpp iostream/filebuf_open.cpp iostream/streambuf.cpp
   iostream/ios_base.cpp iostream/basic_ios.cpp iostream/ostream.cpp iostream/istream.cpp iostream/output_operation.cpp
   iostream/insert_characters.cpp iostream/insert_text.cpp iostream/put_character.cpp iostream/file_output.cpp
-  locale/num_put.cpp locale/num_get.cpp locale/collate.cpp locale/codecvt.cpp locale/money_put.cpp locale/money_get.cpp
-  locale/time_put.cpp locale/time_get.cpp)
+  locale/collate.cpp locale/codecvt.cpp locale/time_put.cpp locale/time_get.cpp locale/money_put.cpp locale/money_get.cpp
+  locale/num_put.cpp locale/num_get.cpp)
 set(PLX_LAST_SOURCES libC/eh_memory.cpp)
 
 list(REMOVE_ITEM PLX_SOURCES ${PLX_START_SOURCES} ${PLX_LAST_SOURCES})
