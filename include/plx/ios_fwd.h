@@ -6,6 +6,17 @@
 #include <plx/char_traits.h>
 #include <plx/string_fwd.h>
 
+namespace __zor {
+
+// The refusal of other traits, which strings may have, but streams may not; other characters are refused elsewhere.
+template <class _Ct, class _T> struct plx_streams_use_only_the_standard_traits { typedef _T _type; };
+template <class _T> struct plx_streams_use_only_the_standard_traits<char, _T>;
+template <> struct plx_streams_use_only_the_standard_traits<char, std::char_traits<char> > {
+  typedef std::char_traits<char> _type;
+};
+
+}  // namespace __zor
+
 namespace std {
 
 template <class _Ct, class _T = char_traits<_Ct> > class basic_ios;

@@ -19,6 +19,7 @@ namespace std {
 
 template <class _Ct, class _T> class PLX_API basic_streambuf {
   typedef typename __zor::plx_supports_only_char_as_character_type<_Ct>::_type _checked_character_type;
+  typedef typename __zor::plx_streams_use_only_the_standard_traits<_Ct, _T>::_type _checked_traits_type;
 
 public:
   typedef _Ct char_type;

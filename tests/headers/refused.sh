@@ -44,6 +44,9 @@ refused $only_char wofstream 'void f() { std::wofstream file("x"); }'
 refused $only_char wfstream 'struct s { std::wfstream file; };'
 refused $only_char ostreambuf_iterator 'void f(std::ostreambuf_iterator<wchar_t> i) { *i = 0; }'
 refused $only_char other_characters 'void f(std::basic_ostream<unsigned char> &out) { out.put(1); }'
+for use in 'basic_ostream<char, mine> &stream) { stream << 1' 'basic_streambuf<char, mine> &buffer) { buffer.pubsync()'; do
+  refused streams_use_only_the_standard_traits "${use%%<*}" "struct mine : std::char_traits<char> {}; void f(std::$use; }"
+done
 
 compile named 'void f(std::wostream &, std::wstringbuf *, const std::wstring *); int main() { return 0; }' ||
   wrong 'types that are only named are refused'
