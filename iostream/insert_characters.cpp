@@ -22,6 +22,7 @@ PLX_LONG_WAY ostream &write_failed(ostream &out) {
 }
 
 }  // namespace
+
 template <class C, class T> basic_ostream<C, T> &basic_ostream<C, T>::write(const C *text, streamsize n) {
   ios &stream = base_of(*this);
   if (!is_quiet(stream) || n <= 0) return write_guarded(*this, text, n);

@@ -71,10 +71,6 @@ void destroy() {
   out().~ostream();
 }
 
-}  // namespace
-
-namespace {
-
 a_needed_destruction records[3];
 
 void give_up_share(void *init, int) { static_cast<ios_base::Init *>(init)->~Init(); }

@@ -51,8 +51,8 @@ protected:
 private:
   friend struct __zor::buffer_access;
 
-  FILE *_file_;  // null: closed
-  short _mode_;
+  FILE *_file_;             // null: closed
+  short _mode_;             // as open was called with
   unsigned char _refills_;  // of stdio's buffer, one after the other; no more are counted than matter
 };
 
