@@ -35,8 +35,12 @@ cat > main.cpp <<'END'
 extern "C" void foreign();
 struct base { virtual ~base() {} };
 struct derived : base {};
+struct after {
+  ~after() { std::cout << "made after the foreign atexit\n"; }
+};
 int main() {
   foreign();
+  static after late;
   static base *objects[2] = {new derived, new base};
   std::cout << (typeid(*objects[0]) == typeid(derived)) << (dynamic_cast<derived *>(objects[1]) == 0) << '\n';
   std::clog << "to the log" << std::endl;
@@ -57,7 +61,7 @@ for order in "a.o b.o main.o foreign.o" "foreign.o main.o b.o a.o"; do
   # shellcheck disable=SC2086 # words
   plx-c++ $order -o with_shared && plx-c++ -static $order -o program 2> log && ./with_shared > expected 2>&1 &&
     ./program > got 2>&1 || wrong "static: $order"
-  diff expected got > log && [ "$(wc -l < got)" -eq 15 ] || wrong "static and shared differ: $order"
+  diff expected got > log && [ "$(wc -l < got)" -eq 16 ] || wrong "static and shared differ: $order"
 done
 # shellcheck disable=SC2086
 plx-c++ -static -Wl,--gc-sections $order -o program && ./program > got 2>&1 && cmp got expected || wrong "--gc-sections"
