@@ -89,4 +89,8 @@ grep -oE '\b(_[_A-Za-z][A-Za-z0-9_]+|PLX_[A-Z_]+[A-Z])\b' "$PLX_SOURCE/include/p
   grep -vE '^(PLX_(LAYOUT_ASSERT|NORETURN|RUNTIME_H|DECLARE_TYPE)|_CONST|_VOLATILE|_ZTS|__GNUC__|__cplusplus|__noreturn__|_dtor|_ref)$' |
   while read -r name; do grep -qF -- "$name" "$PLX_SOURCE/docs/protocol.md" || echo "$name"; done > missing
 [ ! -s missing ] || wrong "docs/protocol.md does not tell of $(tr '\n' ' ' < missing)"
+# And what it names is exported.
+cut -d ' ' -f 1 "$PLX_SOURCE/tests/symbols/exported.txt" > exported
+grep -oE '`_Z[A-Za-z0-9_]+`' "$PLX_SOURCE/docs/protocol.md" | tr -d '\140' | sort -u | grep -vxFf exported > missing
+[ ! -s missing ] || wrong "docs/protocol.md names what is not exported: $(tr '\n' ' ' < missing)"
 finish
