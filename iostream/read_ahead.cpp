@@ -41,7 +41,9 @@ FILE *prepare_refill(std::filebuf &buffer) {
   if (!file) return nullptr;
   turn_to_reading(file);
   unsigned char &refills = buffer_access::refills(buffer);
-  if (refills < enough_refills && ++refills == enough_refills) use_larger_buffer(file);
+  if (refills < enough_refills) ++refills;
+  // Asked each time: freopen gives the file a small buffer again.
+  if (refills == enough_refills) use_larger_buffer(file);
   return file;
 }
 
