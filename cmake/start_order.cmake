@@ -15,6 +15,13 @@ set(PLX_START_SOURCES
   locale/num_put.cpp locale/num_get.cpp)
 set(PLX_LAST_SOURCES libC/eh_memory.cpp)
 
+foreach(source IN LISTS PLX_START_SOURCES PLX_LAST_SOURCES)
+  if(NOT source IN_LIST PLX_SOURCES)
+    message(WARNING "cmake/start_order.cmake names ${source}, which is not there")
+    list(REMOVE_ITEM PLX_START_SOURCES ${source})
+    list(REMOVE_ITEM PLX_LAST_SOURCES ${source})
+  endif()
+endforeach()
 list(REMOVE_ITEM PLX_SOURCES ${PLX_START_SOURCES} ${PLX_LAST_SOURCES})
 list(PREPEND PLX_SOURCES ${PLX_START_SOURCES})
 list(APPEND PLX_SOURCES ${PLX_LAST_SOURCES})
