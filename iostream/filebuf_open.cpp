@@ -35,12 +35,8 @@ const char *c_mode_of(ios_base::openmode mode) {
   return nullptr;
 }
 
-// Gives the file back, a standard one only flushed. Returns whether all was written: what could not be, stdio has
-// forgotten, but for the mark of an error, and not every operation reports it.
-bool release(FILE *file) {
-  const bool lost = __fwritable(file) && ferror_unlocked(file);
-  return (is_standard_file(file) ? fflush_unlocked(file) : fclose(file)) == 0 && !lost;
-}
+// Gives the file back, a standard one only flushed. Returns whether all was written.
+bool release(FILE *file) { return (is_standard_file(file) ? fflush_unlocked(file) : fclose(file)) == 0; }
 
 }  // namespace
 
