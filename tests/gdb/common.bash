@@ -8,21 +8,21 @@ gdb -nx -batch -ex 'break exit' -ex run -ex 'info registers' true > log 2>&1
 grep -q '^rip\|^eip\|exited normally' log || { echo "skipped: gdb cannot run programs here"; exit 77; }
 : > log
 
-# session SOURCE PROGRAM [GDB OPTION...]: what the comments of the source ask for, as session.py has it. gdb finds the
+# transcript SOURCE PROGRAM [GDB OPTION...]: what the comments of the source ask for, as transcript.py has it. gdb finds the
 # printers on its own unless the options say something else.
-session() {
+transcript() {
   local source=$1 program=$2
   shift 2
   [ $# -gt 0 ] || set -- -iex "add-auto-load-safe-path $PLX_PREFIX"
-  PLX_SESSION=$source gdb -nx -batch "$@" -x "$PLX_SOURCE/tests/gdb/session.py" "$program" > log 2>&1 < /dev/null
-  tail -n 1 log | grep -q '^session: [1-9][0-9]* commands, all as expected$' || wrong "${source##*/}"
+  PLX_TRANSCRIPT=$source gdb -nx -batch "$@" -x "$PLX_SOURCE/tests/gdb/transcript.py" "$program" > log 2>&1 < /dev/null
+  tail -n 1 log | grep -q '^transcript: [1-9][0-9]* commands, all as expected$' || wrong "${source##*/}"
 }
 
-# sessions NAME [OPTION...]: builds programs/NAME, with the driver's options, and runs the session that stands in it.
-sessions() {
+# transcripts NAME [OPTION...]: builds programs/NAME, with the driver's options, and runs the transcript that stands in it.
+transcripts() {
   local source=$PLX_SOURCE/tests/gdb/programs/$1 driver=plx-c++
   case $1 in *.c) driver=plx-cc ;; esac
   shift
   "$driver" -g "$@" "$source" -o program 2> log || { wrong "${source##*/} does not build"; return; }
-  session "$source" ./program
+  transcript "$source" ./program
 }

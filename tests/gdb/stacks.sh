@@ -2,8 +2,8 @@
 # The commands that print the eh stack, the throw stack and what exit will destroy: in C++, in generated C, and what of
 # it does not depend on what the optimiser does to functions and their frames.
 . "$PLX_SOURCE/tests/gdb/common.bash"
-sessions stacks.cpp
-sessions records.c -I "$PLX_SOURCE/tests"
+transcripts stacks.cpp
+transcripts records.c -I "$PLX_SOURCE/tests"
 
 for options in "-O2" "-O2 -fno-omit-frame-pointer" "-Os -std=gnu++17"; do
   # shellcheck disable=SC2086 # words

@@ -1,5 +1,5 @@
 #!/bin/bash
 # Streams in every state, their buffers, and locales, as gdb prints them.
 . "$PLX_SOURCE/tests/gdb/common.bash"
-sessions streams.cpp
+transcripts streams.cpp
 finish

@@ -1,5 +1,5 @@
-// Strings, containers, iterators and small values, as gdb prints them. The comments are the session that
-// tests/gdb/session.py runs.
+// Strings, containers, iterators and small values, as gdb prints them. The comments are the transcript that
+// tests/gdb/transcript.py runs.
 #include <bitset>
 #include <complex>
 #include <deque>

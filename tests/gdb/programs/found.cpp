@@ -1,5 +1,5 @@
-// A little of everything, to see whether the printers and commands are there. The comments are the session that
-// tests/gdb/session.py runs.
+// A little of everything, to see whether the printers and commands are there. The comments are the transcript that
+// tests/gdb/transcript.py runs.
 #include <stdexcept>
 #include <string>
 #include <vector>

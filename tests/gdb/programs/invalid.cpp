@@ -1,5 +1,5 @@
 // Objects that are none: never constructed, overwritten, or cut off by what memory there is. Each prints something
-// short, and nothing ends in an error of Python. The comments are the session that tests/gdb/session.py runs.
+// short, and nothing ends in an error of Python. The comments are the transcript that tests/gdb/transcript.py runs.
 #include <complex>
 #include <deque>
 #include <fstream>

@@ -1,4 +1,4 @@
-/* Every record of generated C, as the commands of gdb print it. The comments are the session that tests/gdb/session.py
+/* Every record of generated C, as the commands of gdb print it. The comments are the transcript that tests/gdb/transcript.py
  * runs. */
 #include <generated/emit.h>
 

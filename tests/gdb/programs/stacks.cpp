@@ -1,5 +1,5 @@
 // The eh stack, the throw stack and the static objects of a program in C++, as the commands of gdb print them. The
-// comments are the session that tests/gdb/session.py runs.
+// comments are the transcript that tests/gdb/transcript.py runs.
 #include <cstdlib>
 #include <exception>
 #include <stdexcept>

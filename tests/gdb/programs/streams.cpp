@@ -1,5 +1,5 @@
-// Streams in every state, their buffers, and locales, as gdb prints them. The comments are the session that
-// tests/gdb/session.py runs.
+// Streams in every state, their buffers, and locales, as gdb prints them. The comments are the transcript that
+// tests/gdb/transcript.py runs.
 #include <fstream>
 #include <iomanip>
 #include <iostream>
@@ -29,7 +29,7 @@ public:
 static void noticed(ios_base::event, ios_base &, int) {}
 
 int main() {
-  // Whatever the caller left open: the session knows descriptors by number.
+  // Whatever the caller left open: the transcript knows descriptors by number.
   for (int i = 3; i < 20; ++i) close(i);
   ostringstream out;
   out << hex << showbase << setfill('*') << setprecision(3) << 255 << setw(4);

@@ -1,4 +1,4 @@
-# Runs in gdb. The comments of a source are a session: at each call of stop(), or of the function that PLX_STOP names,
+# Runs in gdb. The comments of a source are a transcript: at each call of stop(), or of the function that PLX_STOP names,
 # in the frame of the caller,
 #
 #   //> COMMAND          is executed; `continue` goes on to the next call
@@ -12,7 +12,7 @@ import re
 
 import gdb
 
-source = os.environ["PLX_SESSION"]
+source = os.environ["PLX_TRANSCRIPT"]
 
 
 def without_addresses(text):
@@ -69,7 +69,7 @@ def run():
             print("%s:%d: %s" % (os.path.basename(source), number, command))
             print("\n".join(["  expected: " + line for line in expected] + ["  printed:  " + line for line in actual]))
     gdb.execute("kill", to_string=True)
-    print("session: %d commands, %s" % (count, "%d not as expected" % wrong if wrong else "all as expected"))
+    print("transcript: %d commands, %s" % (count, "%d not as expected" % wrong if wrong else "all as expected"))
 
 
 run()
