@@ -98,7 +98,13 @@ typename basic_filebuf<C, T>::pos_type basic_filebuf<C, T>::seekpos(pos_type pos
   return move_by(_file_, pos, SEEK_SET);
 }
 
-template <class C, class T> int basic_filebuf<C, T>::sync() { return _file_ ? fflush_unlocked(_file_) : 0; }
+template <class C, class T> int basic_filebuf<C, T>::sync() {
+  if (!_file_) return 0;
+  const int result = fflush_unlocked(_file_);
+  if (!_lost_) return result;
+  _lost_ = false;
+  return -1;
+}
 
 template <class C, class T> streamsize basic_filebuf<C, T>::showmanyc() { return _file_ ? left_in_file(_file_) : -1; }
 

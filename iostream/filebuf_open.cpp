@@ -40,9 +40,11 @@ bool release(FILE *file) { return (is_standard_file(file) ? fflush_unlocked(file
 
 }  // namespace
 
-template <class C, class T> basic_filebuf<C, T>::basic_filebuf() : _file_(nullptr), _mode_(0), _refills_(0) {}
+template <class C, class T> basic_filebuf<C, T>::basic_filebuf()
+    : _file_(nullptr), _mode_(0), _refills_(0), _lost_(false) {}
 
-template <class C, class T> basic_filebuf<C, T>::basic_filebuf(FILE *file) : _file_(file), _mode_(0), _refills_(0) {}
+template <class C, class T> basic_filebuf<C, T>::basic_filebuf(FILE *file)
+    : _file_(file), _mode_(0), _refills_(0), _lost_(false) {}
 
 template <class C, class T> basic_filebuf<C, T> *basic_filebuf<C, T>::open(const char *path, ios_base::openmode mode) {
   if (_file_) return nullptr;
@@ -66,6 +68,7 @@ template <class C, class T> basic_filebuf<C, T> *basic_filebuf<C, T>::open(const
   }
   _file_ = file;
   _refills_ = 0;
+  _lost_ = false;
   return this;
 }
 
@@ -74,7 +77,7 @@ template <class C, class T> basic_filebuf<C, T> *basic_filebuf<C, T>::close() {
   FILE *const file = _file_;
   // Gone even when it could not be written whole: the C library has freed it.
   _file_ = nullptr;
-  return release(file) ? this : nullptr;
+  return release(file) && !_lost_ ? this : nullptr;
 }
 
 template basic_filebuf<char>::basic_filebuf();

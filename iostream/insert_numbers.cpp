@@ -8,7 +8,6 @@
 
 #include "../locale/number_text.h"
 #include "output_window.h"
-#include "stdio_file.h"
 
 using namespace __zor;
 
@@ -20,11 +19,10 @@ typedef num_put<char, ostreambuf_iterator<char>> a_num_put;
 
 constexpr int widest = 64;  // the quick paths fill up to here
 
-// Writes a text that was made next to the buffer. What stdio does not take is not noticed, as num_put's iterator is not
-// asked either.
+// Writes a text that was made next to the buffer.
 PLX_NUMBER_CALL bool insert_copy(streambuf &buffer, const char *text, int n) {
   if (FILE *const file = plain_file(&buffer)) {
-    write_file(file, text, n);
+    insert_into_file(buffer, file, text, n);
     return true;
   }
   char *&next = buffer_access::pptr(buffer);

@@ -2,7 +2,6 @@
 // the buffer, and in whether a refusal is noticed.
 
 #include "output_window.h"
-#include "stdio_file.h"
 
 using namespace __zor;
 
@@ -20,8 +19,10 @@ inline bool insert_unfilled(ostream &out, const char *text, unsigned n, bool any
   if (_quick_output::_write(stream, text, static_cast<long>(n), any_area)) return true;
   FILE *const file = plain_file(stream_access::buffer(stream));
   if (!file) return false;
-  const bool taken = write_file(file, text, static_cast<long>(n)) == static_cast<long>(n);
-  if (!any_area && !taken) update_state(stream, ios_base::failbit);
+  if (any_area)
+    insert_into_file(*stream_access::buffer(stream), file, text, static_cast<long>(n));
+  else if (write_file(file, text, static_cast<long>(n)) != static_cast<long>(n))
+    update_state(stream, ios_base::failbit);
   return true;
 }
 

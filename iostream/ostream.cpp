@@ -57,8 +57,7 @@ template <class C, class T> basic_ostream<C, T> &basic_ostream<C, T>::flush() {
   streambuf *const buffer = stream_access::buffer(stream);
   if (is_plain_stringbuf(buffer)) return *this;  // it has nothing to synchronise
   if (!is_plain_filebuf(buffer)) return flush_guarded(*this);
-  FILE *const file = buffer_access::file(*buffer);
-  if (file && fflush_unlocked(file) != 0) update_state(stream, ios_base::badbit);
+  if (buffer_access::sync(static_cast<filebuf &>(*buffer)) != 0) update_state(stream, ios_base::badbit);
   return *this;
 }
 

@@ -6,6 +6,7 @@
 #include <string.h>
 
 #include "output_operation.h"
+#include "stdio_file.h"
 #include "windows.h"
 
 // For the quick ways: in one piece, whatever compilers think of their size.
@@ -52,5 +53,11 @@ inline PLX_INLINE char **roomy_cursor(std::streambuf *buffer, int n) {
 }
 
 inline int room_in(const FILE *file) { return static_cast<int>(file->_IO_write_end - file->_IO_write_ptr); }
+
+// Inserters of numbers and C strings do not notice what a buffer refuses, and stdio forgets blocks that it could not
+// write. So the buffer remembers: flush and close report it.
+inline void insert_into_file(std::streambuf &buffer, FILE *file, const char *text, long n) {
+  if (write_file(file, text, n) != n) buffer_access::lost(buffer) = true;
+}
 
 }  // namespace __zor

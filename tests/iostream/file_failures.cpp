@@ -33,6 +33,20 @@ void full_device() {
   f << "more";
   f.close();
   CHECK(f.fail() && !f.is_open());
+
+  // Inserters of C strings do not look at what is refused; flush and close tell, once.
+  f.clear();
+  f.open("/dev/full");
+  f << much.c_str();
+  CHECK(f.good());
+  f.flush();
+  CHECK(f.bad());
+  f.clear();
+  f.flush();
+  CHECK(f.good());
+  f << much.c_str();
+  f.close();
+  CHECK(f.fail());
 }
 
 void directory() {
