@@ -1,5 +1,5 @@
 // The quick way of getline for processors with SSE2: sixteen characters a step, searched and copied at once. Nothing is
-// written behind the delimiter.
+// written into an array behind the delimiter; a string's block is its own, and takes whole steps.
 
 #include "getline_sse2.h"
 
@@ -37,7 +37,9 @@ inline void copy_few(char *to, const char *from, unsigned int n) {
 }
 
 // Copies characters up to the first `delim` among n, and returns where that is; null when there is none, and then up to
-// n characters may have been copied. The texts do not overlap.
+// n characters may have been copied. The texts do not overlap. With `whole_steps`, up to 16 of the n characters more
+// are copied.
+template <bool whole_steps>
 SSE2 __attribute__((__always_inline__)) inline const char *copy_line(char *to, const char *from, unsigned int n,
                                                                      char delim) {
   const __m128i wanted = _mm_set1_epi8(delim);
@@ -45,15 +47,17 @@ SSE2 __attribute__((__always_inline__)) inline const char *copy_line(char *to, c
   for (; n - i >= 16; i += 16) {
     const __m128i block = load(from + i);
     const unsigned int mask = static_cast<unsigned int>(_mm_movemask_epi8(_mm_cmpeq_epi8(block, wanted)));
+    if (whole_steps) store(to + i, block);
     if (mask != 0) {
       const unsigned int end = i + static_cast<unsigned int>(__builtin_ctz(mask));
+      if (whole_steps) return from + end;
       if (end >= 16)
         store(to + end - 16, load(from + end - 16));
       else
         copy_few(to, from, end);
       return from + end;
     }
-    store(to + i, block);
+    if (!whole_steps) store(to + i, block);
   }
   for (; i != n; ++i) {
     if (from[i] == delim) return from + i;
@@ -78,7 +82,7 @@ SSE2 GET_LINE_CALL std::istream &get_line_sse2(std::istream &in, std::string &te
   b_str_ref *const rep = representation_of(text);
   if (!string_is_private(rep)) return get_line(in, text, delim);
   const unsigned int most = open_line(in, window, rep->data, rep->capacity);
-  const char *const stop = copy_line(rep->data, window.at, most, delim);
+  const char *const stop = copy_line<true>(rep->data, window.at, most, delim);
   if (!stop) return get_line(in, text, delim);
   const unsigned int n = stop - window.at;
   rep->count = 1;
@@ -92,7 +96,7 @@ SSE2 GET_LINE_CALL std::istream &get_line_sse2(std::istream &in, std::string &te
 SSE2 GET_LINE_CALL std::istream &get_line_sse2(std::istream &in, char *to, std::streamsize n, char delim) {
   get_window window;
   const unsigned int most = n < 1 ? 0 : open_line(in, window, to, n);
-  const char *const stop = copy_line(to, window.at, most, delim);
+  const char *const stop = copy_line<false>(to, window.at, most, delim);
   if (!stop) return get_line(in, to, n, delim);
   const unsigned int size = stop - window.at;
   to[size] = 0;
