@@ -54,10 +54,13 @@ inline PLX_INLINE char **roomy_cursor(std::streambuf *buffer, int n) {
 
 inline int room_in(const FILE *file) { return static_cast<int>(file->_IO_write_end - file->_IO_write_ptr); }
 
-// Inserters of numbers and C strings do not notice what a buffer refuses, and stdio forgets blocks that it could not
-// write. So the buffer remembers: flush and close report it.
+// Inserters of numbers, characters and C strings do not notice what a buffer refuses, and stdio forgets what it could
+// not write. So the buffer remembers: flush and close report it. A file that is only read loses nothing.
+inline void note_loss(std::streambuf &buffer, FILE *file) {
+  if (__fwritable(file)) buffer_access::lost(buffer) = true;
+}
 inline void insert_into_file(std::streambuf &buffer, FILE *file, const char *text, long n) {
-  if (write_file(file, text, n) != n) buffer_access::lost(buffer) = true;
+  if (write_file(file, text, n) != n) note_loss(buffer, file);
 }
 
 }  // namespace __zor

@@ -48,7 +48,7 @@ PLX_LONG_WAY ostream &put_elsewhere(ostream &out, char c) {
 PLX_LONG_WAY ostream &insert_elsewhere(ostream &out, char c) {
   bool refused;
   if (!put_into_stdio(out, c, refused)) return insert_guarded(out, c);
-  if (refused) buffer_access::lost(*stream_access::buffer(out)) = true;
+  if (refused) note_loss(*stream_access::buffer(out), buffer_access::file(*stream_access::buffer(out)));
   stream_access::width(out) = 0;
   return out;
 }
