@@ -142,7 +142,7 @@ run 0 tour "$work/report" "${texts[@]}"
 [ "$(sed -n '2,$p' "$work/output" | sed '$d')" = "$(cat "$work/report")" ] || wrong "the report differs from the table"
 for file in "${texts[@]}"; do
   read -r lines words bytes < <(wc -lwc < "$file")
-  row=$(grep -F "  $file" "$work/report" | tr -d "'")
+  row=$(awk -v file="$file" '$NF == file' "$work/report" | tr -d "'")
   [ "$(echo "$row" | awk '{print $1, $2, $3}')" = "$lines $words $bytes" ] || wrong "$file has $lines lines, $words words, $bytes bytes"
 done
 run 1 tour "$work/report" "${texts[0]}" "$work/nothing" "$work"
