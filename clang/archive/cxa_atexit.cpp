@@ -1,6 +1,6 @@
 // __cxa_atexit of static programs. The C library's is in the program too, and its start-up code and atexit call it: so
-// the driver has the linker lead every call here (--wrap). All goes to the list of static objects, as in other programs,
-// but for what is registered before that list is: the C library's own, and the list itself.
+// the driver has the linker lead every call here (--wrap). All goes to the list of static objects, as in other
+// programs, but for what is registered before that list is: the C library's own, and the list itself.
 
 #include <plx/runtime.h>
 

@@ -2,6 +2,7 @@
 # The rules that CONTRIBUTING.md states for the library's sources and that no compiler checks: which folder may know
 # which, who may touch the eh stack, no exceptions syntax, comments at the top, one format, nobody's own paths.
 . "$PLX_SOURCE/tests/driver/common.bash"
+shopt -s lastpipe  # so that what `nothing` counts is counted here
 cd "$PLX_SOURCE" || exit 1
 shopt -s globstar
 library=(libC/**/*.{cpp,h} exceptions/*.{cpp,h} string/*.{cpp,h} containers/*.{cpp,h} locale/*.{cpp,h} iostream/*.{cpp,h}
