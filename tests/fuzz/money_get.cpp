@@ -9,30 +9,9 @@
 #include <streambuf>
 
 #include "../locale/money_texts.h"
+#include "fuzz_check.h"
 
 namespace {
-
-// Shows its text in get areas of `step` characters.
-struct pieces : std::streambuf {
-  std::string text;
-  size_t at, step;
-  pieces(const std::string &of, size_t by) : text(of), at(0), step(by) {}
-
-protected:
-  virtual int_type underflow() {
-    if (at >= text.size()) return -1;
-    const size_t n = step < text.size() - at ? step : text.size() - at;
-    setg(&text[at], &text[at], &text[at] + n);
-    at += n;
-    return (unsigned char)*gptr();
-  }
-};
-
-void must(bool holds, const char *what, const std::string &text) {
-  if (holds) return;
-  fprintf(stderr, "%s: \"%s\"\n", what, text.c_str());
-  abort();
-}
 
 // A block of its own, so that a step too far is seen.
 std::string read_block(std::ios &stream, bool intl, const std::string &text, std::string &digits, int &err) {

@@ -7,6 +7,7 @@
 #include <stdio.h>
 
 #include "../locale/number_model.h"
+#include "fuzz_check.h"
 
 namespace {
 
@@ -18,23 +19,6 @@ protected:
   virtual char do_thousands_sep() const { return rules.separator; }
   virtual char do_decimal_point() const { return rules.point; }
   virtual std::string do_grouping() const { return rules.grouping; }
-};
-
-// Shows its text in get areas of `step` characters.
-struct pieces : std::streambuf {
-  std::string text;
-  size_t at, step;
-  pieces(const std::string &of, size_t by) : text(of), at(0), step(by) {}
-  size_t position() const { return at - (egptr() - gptr()); }
-
-protected:
-  virtual int_type underflow() {
-    if (at >= text.size()) return -1;
-    const size_t n = step < text.size() - at ? step : text.size() - at;
-    setg(&text[at], &text[at], &text[at] + n);
-    at += n;
-    return (unsigned char)*gptr();
-  }
 };
 
 struct pointer_getter : std::num_get<char, const char *> {

@@ -9,23 +9,9 @@
 #include <locale>
 #include <ostream>
 
+#include "fuzz_check.h"
+
 namespace {
-
-// Shows its text in get areas of `step` characters.
-struct pieces : std::streambuf {
-  std::string text;
-  size_t at, step;
-  pieces(const std::string &of, size_t by) : text(of), at(0), step(by) {}
-
-protected:
-  virtual int_type underflow() {
-    if (at >= text.size()) return -1;
-    const size_t n = step < text.size() - at ? step : text.size() - at;
-    setg(&text[at], &text[at], &text[at] + n);
-    at += n;
-    return (unsigned char)*gptr();
-  }
-};
 
 struct pointer_reader : std::time_get<char, const char *> {
   pointer_reader() : std::time_get<char, const char *>(1) {}
@@ -33,12 +19,6 @@ struct pointer_reader : std::time_get<char, const char *> {
 };
 
 typedef std::ios_base::iostate iostate;
-
-void must(bool holds, const char *what, const std::string &text) {
-  if (holds) return;
-  fprintf(stderr, "%s: \"%s\"\n", what, text.c_str());
-  abort();
-}
 
 template <class Facet, class Iterator>
 Iterator read(const Facet &facet, int what, Iterator in, Iterator end, std::ios &stream, iostate &err, tm &t) {
