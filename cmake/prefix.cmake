@@ -22,11 +22,11 @@ file(MAKE_DIRECTORY ${CMAKE_BINARY_DIR}/include)
 file(CREATE_LINK ${CMAKE_SOURCE_DIR}/include ${CMAKE_BINARY_DIR}/include/plx-3 SYMBOLIC)
 # Copied: it finds the prefix relative to itself.
 configure_file(driver/toolchain.cmake ${PLX_SHARE}/plx-3/toolchain.cmake COPYONLY)
-file(CREATE_LINK ${CMAKE_SOURCE_DIR}/driver/canary ${PLX_SHARE}/plx-3/canary SYMBOLIC)
+
 
 # All that belongs into the prefix and must be built.
 add_custom_target(libraries)
-add_dependencies(libraries plx plx_clang)
+add_dependencies(libraries plx plx_start)
 if(TARGET plx_static)
   add_dependencies(libraries plx_static)
 endif()
@@ -38,7 +38,7 @@ if(TARGET plx_static)
 endif()
 install(PROGRAMS ${PLX_DRIVERS} DESTINATION bin)
 install(DIRECTORY include/ DESTINATION include/plx-3 PATTERN ".clang-format" EXCLUDE)
-install(DIRECTORY driver/canary DESTINATION share/plx-3)
+
 install(FILES driver/toolchain.cmake DESTINATION share/plx-3)
 install(DIRECTORY ${PLX_SHARE}/cmake/plx DESTINATION share/cmake)
 install(FILES ${PLX_SHARE}/pkgconfig/plx.pc DESTINATION share/pkgconfig)
