@@ -3,8 +3,6 @@
 
 #include "frame_table.h"
 
-#include <dlfcn.h>
-
 namespace __zor {
 namespace {
 
@@ -124,15 +122,6 @@ a_lookup find_by_scan(const an_object &object, const byte *table, unsigned addre
 }
 
 }  // namespace
-
-bool find_object(unsigned address, an_object &object) {
-  dl_find_object found;
-  if (_dl_find_object(reinterpret_cast<void *>(address), &found) != 0) return false;
-  object.range = {static_cast<const byte *>(found.dlfo_map_start), static_cast<const byte *>(found.dlfo_map_end)};
-  object.index = static_cast<const byte *>(found.dlfo_eh_frame);
-  object.map = found.dlfo_link_map;
-  return true;
-}
 
 a_lookup find_frame_entry(const an_object &object, unsigned address, a_frame_entry &entry) {
   if (!object.index) return a_lookup::absent;

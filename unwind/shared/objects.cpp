@@ -1,4 +1,4 @@
-// Which code may be remembered. An object that can be unloaded, and does not tell, would leave plans behind for whatever is
+// The objects that the dynamic linker loaded, and whose code may be remembered. An object that can be unloaded, and does not tell, would leave plans behind for whatever is
 // loaded at its addresses next; so only two sorts of object are remembered: those that the program started with, which
 // stay to its end, and those with the start-up object of C++ (program/start.cpp), whose end forgets.
 
@@ -22,6 +22,15 @@ void *map_of(const void *address) {
 }
 
 }  // namespace
+
+bool find_object(unsigned address, an_object &object) {
+  dl_find_object found;
+  if (_dl_find_object(reinterpret_cast<void *>(address), &found) != 0) return false;
+  object.range = {static_cast<const byte *>(found.dlfo_map_start), static_cast<const byte *>(found.dlfo_map_end)};
+  object.index = static_cast<const byte *>(found.dlfo_eh_frame);
+  object.map = found.dlfo_link_map;
+  return true;
+}
 
 // The program itself is the first of the list; its own start comes when all that it was linked with is there.
 void note_object(const void *image) {
