@@ -3,11 +3,6 @@
 
 file(GLOB PLX_START_SOURCES CONFIGURE_DEPENDS RELATIVE ${CMAKE_SOURCE_DIR} */program/*.cpp)
 add_library(plx_start STATIC ${PLX_START_SOURCES})
-target_compile_features(plx_start PRIVATE cxx_std_17)
-target_include_directories(plx_start PRIVATE include)
-target_compile_options(plx_start PRIVATE ${PLX_TARGET_FLAGS} ${PLX_CXX_FLAGS} ${PLX_FRAME_FLAGS} ${PLX_WARNINGS} ${PLX_PROGRAM_FLAGS} -O2)
-set_target_properties(plx_start PROPERTIES
-  CXX_EXTENSIONS OFF
-  POSITION_INDEPENDENT_CODE ON
-  ARCHIVE_OUTPUT_DIRECTORY ${PLX_LIB})
+plx_compile(plx_start ${PLX_PROGRAM_FLAGS} -O2)
+set_target_properties(plx_start PROPERTIES POSITION_INDEPENDENT_CODE ON ARCHIVE_OUTPUT_DIRECTORY ${PLX_LIB})
 set(PLX_ARCHIVE ${PLX_LIB}/libplx_start.a)

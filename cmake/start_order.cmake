@@ -4,7 +4,7 @@
 
 set(PLX_ORDERED_SOURCES
   libC/exit.cpp libC/needed_destruction.cpp libC/eh_globals.cpp libC/eh_tools.cpp libC/operator_new.cpp
-  libC/operator_delete.cpp libC/shared/replaced_new.cpp
+  libC/operator_delete.cpp
   string/representation.cpp string/block_pool.cpp string/modify.cpp exceptions/bad_alloc.cpp
   locale/default_locale.cpp locale/locale.cpp locale/imp.cpp locale/facet.cpp locale/quick.cpp locale/standard_facets.cpp
   locale/numpunct.cpp locale/ctype.cpp locale/moneypunct.cpp
@@ -16,12 +16,12 @@ set(PLX_ORDERED_SOURCES
 set(PLX_LAST_SOURCES libC/eh_memory.cpp)
 
 foreach(source IN LISTS PLX_ORDERED_SOURCES PLX_LAST_SOURCES)
-  if(NOT source IN_LIST PLX_SOURCES)
+  if(NOT source IN_LIST PLX_COMMON_SOURCES)
     message(WARNING "cmake/start_order.cmake names ${source}, which is not there")
     list(REMOVE_ITEM PLX_ORDERED_SOURCES ${source})
     list(REMOVE_ITEM PLX_LAST_SOURCES ${source})
   endif()
 endforeach()
-list(REMOVE_ITEM PLX_SOURCES ${PLX_ORDERED_SOURCES} ${PLX_LAST_SOURCES})
-list(PREPEND PLX_SOURCES ${PLX_ORDERED_SOURCES})
-list(APPEND PLX_SOURCES ${PLX_LAST_SOURCES})
+list(REMOVE_ITEM PLX_COMMON_SOURCES ${PLX_ORDERED_SOURCES} ${PLX_LAST_SOURCES})
+list(PREPEND PLX_COMMON_SOURCES ${PLX_ORDERED_SOURCES})
+list(APPEND PLX_COMMON_SOURCES ${PLX_LAST_SOURCES})
