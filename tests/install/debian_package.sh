@@ -31,18 +31,15 @@ PATH=$root/usr/bin:$PATH
 hash -r
 cp "$PLX_SOURCE"/examples/hello.c* .
 printf '#include <iostream>\nint main() { std::cout << "streams: " << 42 << std::endl; }\n' > streams.cpp
-expect_output "streams: 42" "a program with streams" plx-c++ streams.cpp -o program
-ldd program | grep -qF "$root/usr/lib32/libplx.so.3" || wrong "the program uses another library"
-expect_output "hello from the handler: caught 42" "generated C" plx-cc hello.c -o program
-if [ -f "$root/usr/lib32/libplx.a" ]; then
-  expect_output "streams: 42" "a static program" plx-c++ -static streams.cpp -o program
-fi
 # The tree holds no absolute paths, so pkg-config and CMake can be asked in that root.
-if command -v pkg-config > /dev/null; then
-  # shellcheck disable=SC2046
-  PKG_CONFIG_PATH=$root/usr/share/pkgconfig expect_output "hello from the handler: caught 42" "pkg-config" \
-    cc hello.c $(PKG_CONFIG_PATH=$root/usr/share/pkgconfig pkg-config --cflags --libs plx) -o program
-fi
+export PKG_CONFIG_PATH=$root/usr/share/pkgconfig
+table <<'END'
+plx-c++ streams.cpp -o program && ./program => streams: 42
+ldd program | grep -cF "$root/usr/lib32/libplx.so.3" => 1
+plx-cc hello.c -o program && ./program => hello from the handler: caught 42
+plx-c++ -static streams.cpp -o program && ./program => streams: 42
+g++ $(pkg-config --cflags plx) streams.cpp $(pkg-config --libs plx) -o program && ./program => streams: 42
+END
 printf '%s\n' 'cmake_minimum_required(VERSION 3.5)' 'project(s LANGUAGES C)' 'find_package(plx REQUIRED)' \
   'add_executable(s hello.c)' 'target_link_libraries(s plx::plx)' > CMakeLists.txt
 { cmake --toolchain "$root/usr/share/plx-3/toolchain.cmake" -B cmake . && cmake --build cmake && cmake/s; } > log 2>&1 ||
