@@ -13,7 +13,7 @@ dpkg-deb --info "$package" > log || wrong "dpkg-deb does not read it"
 dpkg-deb -c "$package" | awk '$2 != "root/root" || substr($1, 6, 1) == "w" && $1 !~ /^l/' | grep . &&
   wrong "owners or permissions"
 dpkg-deb -c "$package" | grep -E ' \./(usr/lib/|usr/local|opt|etc)' && wrong "files in other places than Debian's"
-for name in $(dpkg-deb -f "$package" Depends | sed 's/([^)]*)//g; s/,//g'); do
+for name in $(dpkg-deb -f "$package" Depends | sed 's/([^)]*)//g; s/| [^,]*//g; s/,//g'); do
   dpkg-query -W -f '${db:Status-Abbrev}\n' "$name" 2> /dev/null | grep -q '^.i' || echo "$name"
 done > missing
 [ ! -s missing ] || wrong "it depends on packages that this machine can do without: $(tr '\n' ' ' < missing)"
@@ -38,7 +38,7 @@ plx-c++ streams.cpp -o program && ./program => streams: 42
 ldd program | grep -cF "$root/usr/lib32/libplx.so.3" => 1
 plx-cc hello.c -o program && ./program => hello from the handler: caught 42
 plx-c++ -static streams.cpp -o program && ./program => streams: 42
-g++ $(pkg-config --cflags plx) streams.cpp $(pkg-config --libs plx) -o program && ./program => streams: 42
+g++ $(pkg-config --cflags plx) streams.cpp $(pkg-config --libs plx) -o program && LD_LIBRARY_PATH=$root/usr/lib32 ./program => streams: 42
 END
 printf '%s\n' 'cmake_minimum_required(VERSION 3.5)' 'project(s LANGUAGES C)' 'find_package(plx REQUIRED)' \
   'add_executable(s hello.c)' 'target_link_libraries(s plx::plx)' > CMakeLists.txt
