@@ -12,7 +12,7 @@ set(PLX_FUZZ_MAP ${CMAKE_SOURCE_DIR}/tests/fuzz/exported.map)
 set(PLX_FUZZ_FLAGS -m32 -g -fsanitize=address,undefined -fno-sanitize=vptr,function -fno-sanitize-recover=all)
 
 if(CMAKE_CXX_COMPILER_ID STREQUAL Clang)
-  add_library(plx_fuzzed OBJECT EXCLUDE_FROM_ALL ${PLX_SOURCES})
+  add_library(plx_fuzzed OBJECT EXCLUDE_FROM_ALL ${PLX_COMMON_SOURCES} ${PLX_SHARED_SOURCES})
   target_compile_features(plx_fuzzed PRIVATE cxx_std_17)
   target_include_directories(plx_fuzzed PRIVATE include)
   target_compile_options(plx_fuzzed PRIVATE ${PLX_TARGET_FLAGS} ${PLX_CXX_FLAGS} ${PLX_FUZZ_FLAGS}

@@ -1,20 +1,19 @@
 # libplx.so.3: every source of the library's folders, in one shared object that stands on the C library only; and
 # libplx.a, the same for static programs.
 
-set(PLX_FOLDERS libC libC/i386 exceptions string containers locale iostream clang)
+set(PLX_FOLDERS libC libC/i386 exceptions string containers locale iostream cxxabi cxxabi/i386 unwind)
 list(TRANSFORM PLX_FOLDERS APPEND /*.cpp OUTPUT_VARIABLE PLX_GLOBS)
 file(GLOB PLX_COMMON_SOURCES CONFIGURE_DEPENDS RELATIVE ${CMAKE_SOURCE_DIR} ${PLX_GLOBS})
 # What depends on how the library is linked to a program.
 file(GLOB PLX_SHARED_SOURCES CONFIGURE_DEPENDS RELATIVE ${CMAKE_SOURCE_DIR} */shared/*.cpp)
 file(GLOB PLX_STATIC_SOURCES CONFIGURE_DEPENDS RELATIVE ${CMAKE_SOURCE_DIR} */archive/*.cpp)
-set(PLX_SOURCES ${PLX_COMMON_SOURCES} ${PLX_SHARED_SOURCES})
 file(GLOB_RECURSE PLX_HEADERS CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/include/[a-z]*)
 include(cmake/start_order.cmake)
 
 # What is large and does no work of its own, or seldom: blocks are moved by the C library, and names of days are read once
 # in a while. Not the deques: small code takes half as long again to insert and erase in the middle.
 set_source_files_properties(
-  containers/vector_instances.cpp locale/facet_vector.cpp locale/moneypunct.cpp locale/time_get.cpp clang/readable_name.cpp
+  containers/vector_instances.cpp locale/facet_vector.cpp locale/moneypunct.cpp locale/time_get.cpp cxxabi/readable_name.cpp
   PROPERTIES COMPILE_OPTIONS $<$<CONFIG:Release>:-Os>)
 
 # The processor that everything may count on; whatever needs more asks the processor at run time.
@@ -22,24 +21,28 @@ set(PLX_TARGET_FLAGS -m32 -march=i686 -mtune=generic)
 # No aliasing rules: the runtime reads frames and records that other compilers' code wrote, through its own types.
 set(PLX_CXX_FLAGS -fno-exceptions -fno-strict-aliasing -fvisibility=hidden -fvisibility-inlines-hidden -fno-threadsafe-statics
     -nostdinc++ -ffunction-sections -fdata-sections)
-# What debuggers need to walk the stack stands beside the program, not in it: nothing here unwinds by tables.
-set(PLX_FRAME_FLAGS "")
-if(PLX_SANITIZE)
-  # Sanitizers do, for their reports.
-elseif(CMAKE_CXX_COMPILER_ID STREQUAL GNU)
-  set(PLX_FRAME_FLAGS -fno-asynchronous-unwind-tables -g1)
-else()
-  set(PLX_FRAME_FLAGS -fno-asynchronous-unwind-tables -fforce-dwarf-frame)
-endif()
+# Exceptions of C++ cross the library's frames by their tables.
+set(PLX_FRAME_FLAGS -fasynchronous-unwind-tables)
 set(PLX_WARNINGS -Wall -Wextra -Werror -Wundef -Wvla -Wpointer-arith -Wnon-virtual-dtor)
-add_library(plx SHARED ${PLX_SOURCES})
-target_compile_features(plx PRIVATE cxx_std_17)
-target_include_directories(plx PRIVATE include)
-target_compile_options(plx PRIVATE ${PLX_TARGET_FLAGS} ${PLX_CXX_FLAGS} ${PLX_FRAME_FLAGS} ${PLX_WARNINGS} ${PLX_PROGRAM_FLAGS})
-if(CMAKE_CXX_COMPILER_ID STREQUAL GNU)
-  # Each form of operator delete has a file of its own, so that programs can replace just one.
-  target_compile_options(plx PRIVATE -Wno-sized-deallocation)
-endif()
+
+# plx_compile(TARGET OPTIONS...): how every form of the library is compiled.
+function(plx_compile target)
+  target_compile_features(${target} PRIVATE cxx_std_17)
+  target_include_directories(${target} PRIVATE include)
+  target_compile_options(${target} PRIVATE ${PLX_TARGET_FLAGS} ${PLX_CXX_FLAGS} ${PLX_FRAME_FLAGS} ${PLX_WARNINGS} ${ARGN})
+  if(CMAKE_CXX_COMPILER_ID STREQUAL GNU)
+    # Each form of operator delete has a file of its own, so that programs can replace just one.
+    target_compile_options(${target} PRIVATE -Wno-sized-deallocation)
+  endif()
+  set_target_properties(${target} PROPERTIES CXX_EXTENSIONS OFF)
+endfunction()
+
+# Position-independent, for the shared object and for static programs that are loaded anywhere.
+add_library(plx_common OBJECT ${PLX_COMMON_SOURCES})
+plx_compile(plx_common ${PLX_PROGRAM_FLAGS})
+set_target_properties(plx_common PROPERTIES POSITION_INDEPENDENT_CODE ON)
+add_library(plx SHARED $<TARGET_OBJECTS:plx_common> ${PLX_SHARED_SOURCES})
+plx_compile(plx ${PLX_PROGRAM_FLAGS})
 
 # Linked as C: the compiler then adds the C library and nothing of the host's C++ library.
 set(CMAKE_CXX_IMPLICIT_LINK_LIBRARIES "")
@@ -47,7 +50,6 @@ set_target_properties(plx PROPERTIES
   LINKER_LANGUAGE C
   VERSION ${PROJECT_VERSION}
   SOVERSION ${PROJECT_VERSION_MAJOR}
-  CXX_EXTENSIONS OFF
   POSITION_INDEPENDENT_CODE ON
   LIBRARY_OUTPUT_DIRECTORY ${PLX_LIB})
 # References inside the library go straight to their target, except to the replaceable operators new and delete, to
@@ -55,8 +57,15 @@ set_target_properties(plx PROPERTIES
 # pages: two mappings fewer at every start.
 target_link_options(plx PRIVATE -m32 -static-libgcc ${PLX_PROGRAM_FLAGS}
   LINKER:-O1,--hash-style=gnu,--as-needed,--gc-sections,-z,text,-z,relro,-z,noexecstack,-z,noseparate-code
-  LINKER:--dynamic-list-cpp-new,--dynamic-list=${CMAKE_SOURCE_DIR}/cmake/preemptible.list)
-set_target_properties(plx PROPERTIES LINK_DEPENDS ${CMAKE_SOURCE_DIR}/cmake/preemptible.list)
+  LINKER:--dynamic-list-cpp-new,--dynamic-list=${CMAKE_SOURCE_DIR}/cmake/preemptible.list
+  LINKER:--version-script=${CMAKE_SOURCE_DIR}/cmake/version.map)
+set_target_properties(plx PROPERTIES LINK_DEPENDS
+  "${CMAKE_SOURCE_DIR}/cmake/preemptible.list;${CMAKE_SOURCE_DIR}/cmake/version.map")
+# What -lplx finds: the library and what each program of C++ needs of it beside.
+add_custom_command(TARGET plx POST_BUILD
+  COMMAND ${CMAKE_COMMAND} -E rm -f ${PLX_LIB}/libplx.so
+  COMMAND ${CMAKE_COMMAND} -E copy ${CMAKE_SOURCE_DIR}/driver/libplx.so.in ${PLX_LIB}/libplx.so
+  VERBATIM)
 if(NOT PLX_SANITIZE)
   # The sanitizer's own entry points come from the program.
   target_link_options(plx PRIVATE LINKER:-z,defs)
@@ -66,15 +75,10 @@ endif()
 # some percent for the rest, where every register counts. Not combined with sanitizers, which need shared libraries.
 if(NOT PLX_SANITIZE)
   add_library(plx_static STATIC ${PLX_COMMON_SOURCES} ${PLX_STATIC_SOURCES})
-  target_compile_features(plx_static PRIVATE cxx_std_17)
-  target_include_directories(plx_static PRIVATE include)
-  target_compile_options(plx_static PRIVATE ${PLX_TARGET_FLAGS} ${PLX_CXX_FLAGS} ${PLX_FRAME_FLAGS} ${PLX_WARNINGS} -fno-pic -fno-pie)
-  if(CMAKE_CXX_COMPILER_ID STREQUAL GNU)
-    target_compile_options(plx_static PRIVATE -Wno-sized-deallocation)
-  endif()
+  plx_compile(plx_static -fno-pic -fno-pie)
   set_target_properties(plx_static PROPERTIES
-    OUTPUT_NAME plx
-    CXX_EXTENSIONS OFF
-    POSITION_INDEPENDENT_CODE OFF
-    ARCHIVE_OUTPUT_DIRECTORY ${PLX_LIB})
+    OUTPUT_NAME plx POSITION_INDEPENDENT_CODE OFF ARCHIVE_OUTPUT_DIRECTORY ${PLX_LIB})
+  add_library(plx_pie STATIC $<TARGET_OBJECTS:plx_common> ${PLX_STATIC_SOURCES})
+  plx_compile(plx_pie)
+  set_target_properties(plx_pie PROPERTIES POSITION_INDEPENDENT_CODE ON ARCHIVE_OUTPUT_DIRECTORY ${PLX_LIB})
 endif()

@@ -41,7 +41,7 @@ file(CREATE_LINK ${CMAKE_SOURCE_DIR}/include ${CMAKE_BINARY_DIR}/include/plx-3 S
 
 # All that belongs into the prefix and must be built.
 add_custom_target(libraries)
-foreach(target plx plx_start plx_static plx_pie plx_clang)
+foreach(target plx plx_start plx_static plx_pie)
   if(TARGET ${target})
     add_dependencies(libraries ${target})
   endif()

@@ -2,9 +2,9 @@
 # the dynamic linker has touched anyhow; the 8 KB that the runtime keeps for exceptions stand behind all other data, so
 # that what a start writes lies in one page. A source that is not named here only costs pages.
 
-set(PLX_START_SOURCES
+set(PLX_ORDERED_SOURCES
   libC/exit.cpp libC/needed_destruction.cpp libC/eh_globals.cpp libC/eh_tools.cpp libC/operator_new.cpp
-  libC/operator_delete.cpp libC/shared/replaced_new.cpp
+  libC/operator_delete.cpp
   string/representation.cpp string/block_pool.cpp string/modify.cpp exceptions/bad_alloc.cpp
   locale/default_locale.cpp locale/locale.cpp locale/imp.cpp locale/facet.cpp locale/quick.cpp locale/standard_facets.cpp
   locale/numpunct.cpp locale/ctype.cpp locale/moneypunct.cpp
@@ -15,13 +15,13 @@ set(PLX_START_SOURCES
   locale/num_put.cpp locale/num_get.cpp)
 set(PLX_LAST_SOURCES libC/eh_memory.cpp)
 
-foreach(source IN LISTS PLX_START_SOURCES PLX_LAST_SOURCES)
-  if(NOT source IN_LIST PLX_SOURCES)
+foreach(source IN LISTS PLX_ORDERED_SOURCES PLX_LAST_SOURCES)
+  if(NOT source IN_LIST PLX_COMMON_SOURCES)
     message(WARNING "cmake/start_order.cmake names ${source}, which is not there")
-    list(REMOVE_ITEM PLX_START_SOURCES ${source})
+    list(REMOVE_ITEM PLX_ORDERED_SOURCES ${source})
     list(REMOVE_ITEM PLX_LAST_SOURCES ${source})
   endif()
 endforeach()
-list(REMOVE_ITEM PLX_SOURCES ${PLX_START_SOURCES} ${PLX_LAST_SOURCES})
-list(PREPEND PLX_SOURCES ${PLX_START_SOURCES})
-list(APPEND PLX_SOURCES ${PLX_LAST_SOURCES})
+list(REMOVE_ITEM PLX_COMMON_SOURCES ${PLX_ORDERED_SOURCES} ${PLX_LAST_SOURCES})
+list(PREPEND PLX_COMMON_SOURCES ${PLX_ORDERED_SOURCES})
+list(APPEND PLX_COMMON_SOURCES ${PLX_LAST_SOURCES})

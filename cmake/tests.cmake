@@ -6,15 +6,13 @@
 # says that a test holds for the host's library too, and makes a test <folder>/<name>:peer of that. See tests/peer.
 # Programs are built with the rest of the tree, so that a test runs again at once when nothing changed.
 
-set(PLX_TEST_C_COMPILER ${PLX_CLANG})
-if(CMAKE_C_COMPILER_ID STREQUAL GNU)
-  # Where the library comes from gcc, let generated C come from it too.
-  set(PLX_TEST_C_COMPILER ${CMAKE_C_COMPILER})
-endif()
+# Programs are built by the compiler that the library was built by: both are tried, in the presets.
+set(PLX_TEST_C_COMPILER ${CMAKE_C_COMPILER})
+set(PLX_TEST_CXX_COMPILER ${CMAKE_CXX_COMPILER})
 
 set(PLX_TEST_ENVIRONMENT
   PLX_PREFIX=${CMAKE_BINARY_DIR} PLX_SOURCE=${CMAKE_SOURCE_DIR} PLX_SANITIZE=${PLX_SANITIZE}
-  PLX_CC=${PLX_TEST_C_COMPILER} PLX_CLANG=${PLX_CLANG}
+  PLX_CC=${PLX_TEST_C_COMPILER} PLX_CXX=${PLX_TEST_CXX_COMPILER}
   ASAN_OPTIONS=allocator_may_return_null=1:detect_stack_use_after_return=0:print_legend=0
   UBSAN_OPTIONS=print_stacktrace=1
   LC_ALL=C)
@@ -78,7 +76,7 @@ function(plx_program_tests name driver sources headers)
     endif()
     add_custom_command(
       OUTPUT ${program}
-      COMMAND ${CMAKE_COMMAND} -E env PLX_CC=${PLX_TEST_C_COMPILER} PLX_CLANG=${PLX_CLANG}
+      COMMAND ${CMAKE_COMMAND} -E env PLX_CC=${PLX_TEST_C_COMPILER} PLX_CXX=${PLX_TEST_CXX_COMPILER}
               ${PLX_BIN}/${driver} ${flags} -g -Wall -Wextra -I ${CMAKE_SOURCE_DIR}/tests ${sources} -o ${program}
               ${depflags}
       DEPENDS ${PLX_TEST_BASE} ${archive} ${sources} ${headers}

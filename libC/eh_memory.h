@@ -104,6 +104,25 @@ inline void eh_free_on_stack(void *piece) {
   if (curr_mem_block_descr->used == 0 && curr_mem_block_descr->next) leave_empty_mem_block();
 }
 
+// Makes the newest piece longer, where it stands. Returns the added bytes, or null when the block has no room for them.
+inline void *eh_extend_on_stack(void *piece, unsigned int bytes) {
+  a_mem_block_descr *block = curr_mem_block_descr;
+  a_mem_allocation *header = mem_allocation_stack;
+  if (header->address != piece || bytes + block_reserve > block->size - block->used) return nullptr;
+  void *added = static_cast<char *>(piece) + header->size;
+  header->size += bytes;
+  block->used += bytes;
+  return added;
+}
+
+// Takes back the last bytes of the newest piece; of another they stay until it is freed.
+inline void eh_shrink_on_stack(void *piece, unsigned int bytes) {
+  a_mem_allocation *header = mem_allocation_stack;
+  if (header->address != piece) return;
+  header->size -= bytes;
+  curr_mem_block_descr->used -= bytes;
+}
+
 // The reverse of eh_alloc_two_on_stack.
 inline void eh_free_two_on_stack(void *lower, void *upper) {
   a_mem_block_descr *block = curr_mem_block_descr;

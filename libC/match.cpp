@@ -37,7 +37,7 @@ bool same_type(const a_type_info_impl *left, const a_type_info_impl *right) {
   if (left == right) return true;
   const char *identity = identity_of(left);
   if (identity && identity == identity_of(right)) return true;
-  return is_foreign(left) && is_foreign(right) && foreign_same_incomplete(left, right);
+  return is_foreign(left) && is_foreign(right) && foreign_same_name(left, right);
 }
 
 int match_specification(const an_exception_type_specification *list, const a_type_info_impl *type, unsigned char flags,

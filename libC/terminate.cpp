@@ -22,11 +22,10 @@ void (*__default_unexpected_routine)() = std::terminate;
 namespace {
 
 const char *termination_reason;
-an_eh_stack_entry barrier;
 
 bool handler_is_running() {
   an_eh_stack_entry *entry = __curr_eh_stack_entry;
-  while (entry && entry != &barrier) entry = entry->next;
+  while (entry && entry->kind != eh_terminate_barrier) entry = entry->next;
   return entry;
 }
 
@@ -56,6 +55,8 @@ void terminate() PLX_NOTHROW {
       report_uncaught_exception();
     abort();
   }
+  // In this frame, where the handler's frames are inner to it.
+  an_eh_stack_entry barrier;
   barrier.kind = eh_terminate_barrier;
   barrier.next = __curr_eh_stack_entry;
   __curr_eh_stack_entry = &barrier;

@@ -1,23 +1,29 @@
 // A throw: search for a handler, unwind to it, jump. The search changes nothing but the throw's own state, so a
-// handler is known before the first destructor runs.
+// handler is known before the first destructor runs. This is the whole of it for programs of generated C; where there
+// are frames of C++ too, unwind/ leads, and asks here about each entry.
 //
 //   __curr_eh_stack_entry -> marker -> ... inner entries ... -> H -> ...       before
 //   __curr_eh_stack_entry -> marker -> H -> ...                                when H is reached
 //
-// The marker's link moves on before each entry is unwound, never back: cleanups of foreign frames run on the frame's
+// The marker's link moves on before each entry is unwound, never back: clean-ups of C++ frames run on the frame's
 // own stack and free what lies below, so no link may lead through entries that are done with.
 
 #include "foreign.h"
+#include "frames.h"
 #include "i386/jump_buffer.h"
 #include "throw_stack.h"
 
 using namespace __zor;
 
+namespace __zor {
+void (*throw_across_frames)(a_throw_stack_entry *, const a_saved_frame *);
+}
+
 namespace {
 
 // What clauses of generated code compare: described once, also for a foreign type.
 void describe(a_throw_stack_entry *thrown) {
-  if (!thrown->type) foreign_describe(state_of(thrown).native, &thrown->type, &thrown->flags);
+  if (!thrown->type) foreign_describe(native_type(thrown), &thrown->type, &thrown->flags);
 }
 
 void *thrown_value(a_throw_stack_entry *thrown) {
@@ -38,55 +44,82 @@ int match_list(const an_exception_type_specification *list, a_throw_stack_entry 
   __call_terminate();
 }
 
-inline __attribute__((__always_inline__)) void search(a_throw_stack_entry *thrown) {
+inline bool choose(a_throw_state &state, an_eh_stack_entry *entry) {
+  state.final.next_entry = entry;
+  state.final.selector = 1;
+  return true;
+}
+
+inline __attribute__((__always_inline__)) bool looks_at(an_eh_stack_entry *entry, a_throw_stack_entry *thrown) {
   a_throw_state &state = state_of(thrown);
-  state.handler = nullptr;
-  for (an_eh_stack_entry *entry = thrown->marker.next; entry; entry = entry->next) {
-    // Before the switch: most entries of C++ programs are of this kind.
-    if (entry->kind == eh_foreign_frame) {
-      if (state.handler || !foreign_frame_search(entry, thrown)) continue;
-      state.handler = entry;
-      return;
-    }
-    switch (entry->kind) {
-      case PLX_EH_TRY_BLOCK: {
-        if (entry->body.try_block.handled_exception) break;
-        const an_exception_type_specification *list = entry->body.try_block.clause_list;
-        describe(thrown);
-        void *value = thrown_value(thrown);
-        int clause = list ? match_list(list, thrown, &value) : 1;
-        if (!clause) break;
-        if (!state.handler) {
-          state.handler = entry;
-          state.selector = clause;
-          state.adjusted = value;
-        }
-        // A try without a list keeps its match, but the search goes on.
-        if (list) return;
-        break;
+  switch (entry->kind) {
+    case PLX_EH_TRY_BLOCK: {
+      if (entry->body.try_block.handled_exception) return false;
+      const an_exception_type_specification *list = entry->body.try_block.clause_list;
+      describe(thrown);
+      void *value = thrown_value(thrown);
+      int clause = list ? match_list(list, thrown, &value) : 1;
+      if (!clause) return false;
+      if (!state.final.next_entry) {
+        state.final.next_entry = entry;
+        state.final.selector = clause;
+        state.adjusted = value;
       }
-      case PLX_EH_SPECIFICATION: {
-        // After a try without a list the search could not end here; generated code never makes such a stack.
-        if (state.handler) assertion_failed(1003);
-        const an_exception_type_specification *list = entry->body.specification.allowed_list;
-        describe(thrown);
-        if (list && match_list(list, thrown, nullptr)) break;
-        state.handler = entry;
-        return;
-      }
-      case eh_unexpected_guard:
-        if (state.handler || !foreign_guard_stops(entry, thrown)) break;
-        state.handler = entry;
-        return;
-      case PLX_EH_IN_PROGRESS:
-        if (state.handler) assertion_failed(1003);
-        stop_at(entry, thrown);
-      case eh_terminate_barrier: stop_at(entry, thrown);
-      case PLX_EH_FUNCTION:
-      case PLX_EH_ARRAY: break;
-      default: assertion_failed(1003);
+      // A try without a list keeps its match, but the search goes on.
+      return list;
     }
+    case PLX_EH_SPECIFICATION: {
+      // After a try without a list the search could not end here; generated code never makes such a stack.
+      if (state.final.next_entry) assertion_failed(1003);
+      const an_exception_type_specification *list = entry->body.specification.allowed_list;
+      describe(thrown);
+      return !(list && match_list(list, thrown, nullptr)) && choose(state, entry);
+    }
+    case eh_unexpected_guard:
+      return !state.final.next_entry && foreign_guard_stops(entry, thrown) && choose(state, entry);
+    case PLX_EH_IN_PROGRESS:
+      if (state.final.next_entry) assertion_failed(1003);
+      stop_at(entry, thrown);
+    case eh_terminate_barrier: stop_at(entry, thrown);
+    case PLX_EH_FUNCTION:
+    case PLX_EH_ARRAY:
+    case eh_detour: return false;
+    default: assertion_failed(1003);
   }
+}
+
+[[noreturn]] inline __attribute__((__always_inline__)) void handle_in_try(an_eh_stack_entry *entry,
+                                                                          a_throw_stack_entry *thrown) {
+  const a_throw_state &state = state_of(thrown);
+  const unsigned short region = entry->body.try_block.try_region;
+  if (__eh_curr_region != region) {
+    an_eh_stack_entry *function = entry->next;
+    while (function && function->kind != PLX_EH_FUNCTION) function = function->next;
+    if (function) clean_up_regions(function, __eh_curr_region, region);
+    __eh_curr_region = region;
+    if (__curr_eh_stack_entry != &thrown->marker) assertion_failed(1099);
+  }
+  thrown->handled = 1;
+  __catch_clause_number = state.final.selector;
+  if (thrown->flags & PLX_TYPE_POINTER) {
+    thrown->pointer_slot = state.adjusted;
+    __caught_object_address = &thrown->pointer_slot;
+  } else {
+    __caught_object_address = state.adjusted;
+  }
+  entry->body.try_block.handled_exception = thrown;
+  give_back_records(thrown);
+  jump_to_buffer(entry->body.try_block.jump_buffer);
+}
+
+}  // namespace
+
+namespace __zor {
+
+bool search_entry(an_eh_stack_entry *entry, a_throw_stack_entry *thrown) { return looks_at(entry, thrown); }
+
+void search_entries(an_eh_stack_entry *entry, a_throw_stack_entry *thrown) {
+  while (entry && !looks_at(entry, thrown)) entry = entry->next;
 }
 
 void unwind_entry(an_eh_stack_entry *entry) {
@@ -102,85 +135,76 @@ void unwind_entry(an_eh_stack_entry *entry) {
       break;
     case PLX_EH_SPECIFICATION:
     case PLX_EH_IN_PROGRESS:
+    case eh_detour:
     case eh_unexpected_guard: break;
     default: assertion_failed(1055);
   }
 }
 
-[[noreturn]] inline __attribute__((__always_inline__)) void handle_in_try(an_eh_stack_entry *entry,
-                                                                          a_throw_stack_entry *thrown) {
-  const a_throw_state &state = state_of(thrown);
-  const unsigned short region = entry->body.try_block.try_region;
-  if (__eh_curr_region != region) {
-    an_eh_stack_entry *function = entry->next;
-    while (function && function->kind != PLX_EH_FUNCTION) function = function->next;
-    if (function) clean_up_regions(function, __eh_curr_region, region);
-    __eh_curr_region = region;
-    if (__curr_eh_stack_entry != &thrown->marker) assertion_failed(1099);
+void unwind_entries(a_throw_stack_entry *thrown, an_eh_stack_entry *last) {
+  while (an_eh_stack_entry *entry = thrown->marker.next) {
+    if (pending_throws) end_waits_at(entry);
+    if (entry == last) return;
+    thrown->marker.next = entry->next;
+    unwind_entry(entry);
   }
-  __catch_clause_number = state.selector;
-  if (thrown->flags & PLX_TYPE_POINTER) {
-    thrown->pointer_slot = state.adjusted;
-    __caught_object_address = &thrown->pointer_slot;
-  } else {
-    __caught_object_address = state.adjusted;
-  }
-  entry->body.try_block.handled_exception = thrown;
-  jump_to_buffer(entry->body.try_block.jump_buffer);
 }
 
-[[noreturn]] inline __attribute__((__always_inline__)) void enter_handler(an_eh_stack_entry *entry,
-                                                                          a_throw_stack_entry *thrown) {
+void enter_handler(an_eh_stack_entry *entry, a_throw_stack_entry *thrown, a_detour *detour) {
   if (__curr_eh_stack_entry != &thrown->marker) assertion_failed(1099);
-  thrown->handled = 1;
-  if (entry->kind == eh_foreign_frame) foreign_frame_handle(entry, thrown);
   if (entry->kind == PLX_EH_TRY_BLOCK) handle_in_try(entry, thrown);
+  thrown->handled = 1;
   __curr_eh_stack_entry = entry->next;
+  if (detour) {
+    detour->entry.kind = eh_detour;
+    detour->entry.next = entry->next;
+    __curr_eh_stack_entry = &detour->entry;
+  }
   if (entry->kind == eh_unexpected_guard) foreign_guard_replace(entry, thrown);
-  begin_wait(thrown, a_pending_step::unexpected, entry->next);
+  begin_wait(thrown, a_pending_step::unexpected, entry->next, &entry);
   __call_unexpected();
 }
 
-[[noreturn]] inline __attribute__((__always_inline__)) void unwind(a_throw_stack_entry *thrown) {
-  an_eh_stack_entry *handler = state_of(thrown).handler;
-  while (an_eh_stack_entry *entry = thrown->marker.next) {
-    if (pending_throws) end_waits_at(entry);
-    if (entry == handler) enter_handler(entry, thrown);
-    thrown->marker.next = entry->next;
-    if (entry->kind == eh_foreign_frame)
-      foreign_frame_clean_up(entry, thrown);
-    else
-      unwind_entry(entry);
-  }
+void throw_exception(a_throw_stack_entry *thrown, const a_saved_frame *thrower) {
+  if (!thrown->started) start(thrown);
+  thrown->thrown = 1;
+  if (__curr_eh_stack_entry != &thrown->marker) assertion_failed(916);
+  a_throw_state &state = state_of(thrown);
+  state.final.next_entry = nullptr;
+  if (throw_across_frames) throw_across_frames(thrown, thrower);
+  search_entries(thrown->marker.next, thrown);
+  an_eh_stack_entry *handler = state.final.next_entry;
+  unwind_entries(thrown, handler);
+  if (!handler) end_without_handler(thrown);
+  enter_handler(handler, thrown, nullptr);
+}
+
+void end_without_handler(a_throw_stack_entry *thrown) {
   thrown->handled = 1;
   __exception_caught();
   __call_terminate();
 }
 
-}  // namespace
+}  // namespace __zor
 
-EH_FAST void __zor::resume_unwinding(a_throw_stack_entry *thrown) { unwind(thrown); }
+extern "C" {
 
-EH_FAST void __zor::throw_exception(a_throw_stack_entry *thrown) {
-  if (!thrown->started) start(thrown);
-  thrown->thrown = 1;
-  if (__curr_eh_stack_entry != &thrown->marker) assertion_failed(916);
-  search(thrown);
-  unwind(thrown);
-}
-
-int __throw() {
+[[noreturn]] EH_FAST __attribute__((__visibility__("hidden"), __used__)) void __zor_throw_from(
+    const a_saved_frame *thrower) {
   a_throw_stack_entry *thrown = curr_throw_stack_entry;
   if (!thrown) assertion_failed(916);
   end_wait(thrown);
-  throw_exception(thrown);
+  throw_exception(thrown, thrower);
 }
 
-void __rethrow() {
+[[noreturn]] EH_FAST __attribute__((__visibility__("hidden"), __used__)) void __zor_rethrow_from(
+    const a_saved_frame *thrower) {
   a_throw_stack_entry *source = exception_to_rethrow();
   if (!source) terminate_because(nothing_to_rethrow);
-  throw_exception(push_rethrow(source));
+  throw_exception(push_rethrow(source), thrower);
 }
+
+}  // extern "C"
 
 void __internal_rethrow() {
   __exception_caught();

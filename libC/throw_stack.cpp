@@ -13,15 +13,27 @@ void end_older_wait(a_throw_stack_entry *thrown) {
   if (*link) *link = state_of(thrown).next_pending;
 }
 
-void end_waits_at(an_eh_stack_entry *reached) {
+namespace {
+
+template <class Condition> inline void end_waits(Condition is_over) {
   for (a_throw_stack_entry *thrown = pending_throws, *next; thrown; thrown = next) {
     next = state_of(thrown).next_pending;
-    if (state_of(thrown).base != reached) continue;
+    if (!is_over(state_of(thrown))) continue;
     const a_pending_step step = state_of(thrown).step;
     end_wait(thrown);
     if (step == a_pending_step::construction) abandon(thrown);
     if (step == a_pending_step::unexpected) release(thrown);
   }
+}
+
+}  // namespace
+
+void end_waits_at(an_eh_stack_entry *reached) {
+  end_waits([=](const a_throw_state &state) { return state.base == reached; });
+}
+
+void end_waits_below(unsigned stack_pointer) {
+  end_waits([=](const a_throw_state &state) { return state.base_address < stack_pointer; });
 }
 
 namespace {
@@ -32,11 +44,12 @@ an_eh_stack_entry *innermost_idle_try() {
   return entry;
 }
 
-void *set_up(const a_type_info_impl *type, int size, unsigned char flags, a_destructor destructor) {
+// `place` is where the caller's frame ends.
+inline void *set_up(const a_type_info_impl *type, int size, unsigned char flags, a_destructor destructor, void *place) {
   // A negative size is no size; as an unsigned one it is refused.
   a_throw_stack_entry *thrown = push_throw(type, static_cast<unsigned int>(size), destructor, flags);
   thrown->catch_context = innermost_idle_try();
-  begin_wait(thrown, a_pending_step::construction, __curr_eh_stack_entry);
+  begin_wait(thrown, a_pending_step::construction, __curr_eh_stack_entry, place);
   return thrown->object;
 }
 
@@ -52,20 +65,25 @@ a_throw_stack_entry *push_rethrow(a_throw_stack_entry *source) {
   thrown->reference_count = 0;
   thrown->is_rethrow = 1;
   ++source->reference_count;
-  state_of(thrown).native = state_of(source).native;
+  if (state_of(source).has_header) {
+    state_of(thrown).has_header = true;
+    state_of(thrown).exception = state_of(source).exception;
+  }
   return thrown;
 }
 
+// What is being handled: not what is in flight, and not what a `throw;` has led out of its handler, although its entry
+// stays until the rethrow ends.
 a_throw_stack_entry *exception_to_rethrow() {
   a_throw_stack_entry *thrown = curr_throw_stack_entry;
-  while (thrown && (!thrown->handled || thrown->is_rethrow || thrown->destroyed)) thrown = thrown->next;
-  return thrown;
+  while (thrown && (!thrown->handled || thrown->released)) thrown = thrown->next;
+  return thrown && thrown->is_rethrow ? thrown->source : thrown;
 }
 
 // The destructor may throw and handle an exception of its own, whose end frees what is finished down to the first entry
 // that waits. Waiting keeps the object that is being destroyed.
 void destroy_object(a_throw_stack_entry *owner) {
-  begin_wait(owner, a_pending_step::destruction, __curr_eh_stack_entry);
+  begin_wait(owner, a_pending_step::destruction, __curr_eh_stack_entry, &owner);
   owner->destructor(owner->object, 2);
   end_wait(owner);
 }
@@ -80,11 +98,11 @@ void abandon(a_throw_stack_entry *thrown) {
 using namespace __zor;
 
 void *__throw_setup(const a_type_info_impl *type, int size, unsigned char flags) {
-  return set_up(type, size, flags, nullptr);
+  return set_up(type, size, flags, nullptr, __builtin_dwarf_cfa());
 }
 
 void *__throw_setup_dtor(const a_type_info_impl *type, int size, unsigned char flags, a_destructor destructor) {
-  return set_up(type, size, flags, destructor);
+  return set_up(type, size, flags, destructor, __builtin_dwarf_cfa());
 }
 
 void __exception_started() {

@@ -13,7 +13,7 @@ namespace __zor {
 namespace {
 
 void type_name(a_throw_stack_entry *thrown, char *text, size_t size) {
-  const a_type_info_impl *native = state_of(thrown).native;
+  const a_type_info_impl *native = native_type(thrown);
   if (native) {
     foreign_readable_name(native, text, size);
     return;
@@ -26,7 +26,7 @@ void type_name(a_throw_stack_entry *thrown, char *text, size_t size) {
 const char *message(a_throw_stack_entry *thrown) {
   const a_type_info_impl *type = thrown->type;
   unsigned char flags = thrown->flags;
-  if (state_of(thrown).native) foreign_describe(state_of(thrown).native, &type, &flags);
+  if (native_type(thrown)) foreign_describe(native_type(thrown), &type, &flags);
   return flags & PLX_TYPE_POINTER ? nullptr : message_of(thrown->object, type);
 }
 

@@ -36,4 +36,11 @@ namespace __zor {
 #endif
 }
 
+// The stack pointer that the buffer holds.
+inline unsigned stack_pointer_in(const jmp_buf buffer) {
+  unsigned pointer = reinterpret_cast<const unsigned *>(buffer)[4];
+  __asm__("rorl $9, %0\n\txorl %%gs:0x18, %0" : "+r"(pointer));
+  return pointer;
+}
+
 }  // namespace __zor

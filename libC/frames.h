@@ -1,0 +1,52 @@
+// The one interface between the throw machinery and the walker over frames of C++, which stands above it: unwind/ puts
+// itself in here, when a program or a shared object of C++ asks for it. Without that there are no such frames, and a
+// throw looks at the eh stack alone.
+//
+// An entry of the eh stack lies in the machine frame of its function, so it is inner to a C++ frame exactly when its
+// position is below that frame's canonical frame address. unwind/walk.cpp draws it.
+#pragma once
+
+#include "eh_state.h"
+#include "i386/saved_frame.h"
+
+namespace __zor {
+
+// Searches, unwinds and lands, as the functions below do for entries alone. Null unless C++ is linked.
+extern void (*throw_across_frames)(a_throw_stack_entry *thrown, const a_saved_frame *thrower);
+
+// Where frames that are done with lie between those that run and those that are still there: a walk that comes to this
+// entry goes on with the frame that it names. On the eh stack while std::unexpected runs, in the frame that calls it.
+struct a_detour {
+  an_eh_stack_entry entry;
+  a_landing next;  // the frame's registers, stack pointer and return address
+};
+
+// Throws what is complete, from the frame of the thrower.
+[[noreturn]] void throw_exception(a_throw_stack_entry *thrown, const a_saved_frame *thrower);
+
+// Whether the search ends at this entry; then the state's `final` names it and its clause. A try without a clause list
+// is noted in `final` too, and the search goes on among entries. Does not return from an entry that ends the process.
+bool search_entry(an_eh_stack_entry *entry, a_throw_stack_entry *thrown);
+
+// The same for all entries from this one outwards.
+void search_entries(an_eh_stack_entry *entry, a_throw_stack_entry *thrown);
+
+// Runs the clean-up that the entry stands for. The marker's link has passed it.
+void unwind_entry(an_eh_stack_entry *entry);
+
+// The marker's link has reached the handler. With a detour, std::unexpected's frames are led to it.
+[[noreturn]] void enter_handler(an_eh_stack_entry *entry, a_throw_stack_entry *thrown, a_detour *detour);
+
+// Everything was unwound, and nobody handles the exception.
+[[noreturn]] void end_without_handler(a_throw_stack_entry *thrown);
+
+// Takes entries off the marker's link, and cleans up what they stand for, up to `last`, which stays. Used by both.
+void unwind_entries(a_throw_stack_entry *thrown, an_eh_stack_entry *last);
+
+// The stack address of an entry; `stack_pointer` is the searcher's, and entries that lie elsewhere have their own rules.
+unsigned position_of(an_eh_stack_entry *entry, unsigned stack_pointer);
+
+// Where the search ended because the code there has no unwind table, for the report; 0 elsewhere.
+extern unsigned address_without_table;
+
+}  // namespace __zor

@@ -1,0 +1,75 @@
+// A violated exception specification of a C++ function (1998, 15.5.2): the unexpected handler may throw what the
+// specification allows; anything else becomes bad_exception where that is allowed, and terminates where not.
+
+#include <exception>
+#include <new>
+
+#include <plx/config.h>
+
+#include "../libC/foreign.h"
+#include "../libC/throw_stack.h"
+#include "walk.h"
+
+using namespace __zor;
+
+namespace {
+
+// On the eh stack while the unexpected handler runs.
+struct a_guard {
+  an_eh_stack_entry entry;
+  const a_plan *plan;  // of the call that the specification's exception came from
+  int filter;
+};
+
+bool allows(const an_eh_stack_entry *entry, a_throw_stack_entry *thrown) {
+  const auto *guard = reinterpret_cast<const a_guard *>(entry);
+  const an_exception_table table(guard->plan->range, guard->plan->exception_table, guard->plan->function);
+  return allowed_by(table, guard->filter, thrown);
+}
+
+void destroy_bad_exception(void *object, int) { static_cast<std::bad_exception *>(object)->~bad_exception(); }
+
+void construct_bad_exception() {
+  void *object = __throw_setup_dtor(&__TI_St13bad_exception, sizeof(std::bad_exception), 0, destroy_bad_exception);
+  new (object) std::bad_exception;
+}
+
+}  // namespace
+
+namespace __zor {
+
+bool foreign_guard_stops(an_eh_stack_entry *entry, a_throw_stack_entry *thrown) { return !allows(entry, thrown); }
+
+void foreign_guard_replace(an_eh_stack_entry *entry, a_throw_stack_entry *thrown) {
+  construct_bad_exception();
+  a_throw_stack_entry *replacement = curr_throw_stack_entry;
+  if (!allows(entry, replacement)) {
+    // What is reported as uncaught is what the handler threw.
+    abandon(replacement);
+    free_finished_throws();
+    __call_terminate();
+  }
+  release(thrown);
+  __throw();
+  __builtin_unreachable();
+}
+
+}  // namespace __zor
+
+extern "C" PLX_API PLX_NORETURN void __cxa_call_unexpected(an_exception_header *exception) {
+  a_throw_stack_entry *thrown = exception->thrown;
+  a_throw_state &state = state_of(thrown);
+  // A copy: the memory of plans may need the place of this one while the handler runs.
+  const a_plan plan = *find_plan(state.final.address);
+  a_guard guard;
+  guard.entry.kind = eh_unexpected_guard;
+  guard.plan = &plan;
+  guard.filter = state.final.selector;
+  if (__curr_eh_stack_entry != &thrown->marker) assertion_failed(1099);
+  give_back_records(thrown);
+  thrown->handled = 1;
+  guard.entry.next = thrown->marker.next;
+  __curr_eh_stack_entry = &guard.entry;
+  begin_wait(thrown, a_pending_step::unexpected, &guard.entry, &guard);
+  __call_unexpected();
+}

@@ -1,0 +1,68 @@
+// What a throw needs at one return address, found out once and remembered: where the caller's registers are, and what
+// the exception table says of the call.
+//
+// Most frames need only the first lines: their CFA is a register and an offset, and what they saved lies right below it.
+// The rest of a plan is read where an exception lands.
+#pragma once
+
+#include "exception_table.h"
+#include "frame_rules.h"
+#include "i386/machine_frame.h"
+
+namespace __zor {
+
+struct a_plan {
+  unsigned address;  // the return address; 0: not in use
+  a_plan *caller;    // the plan that the walk needed next, last time; only a guess
+
+  enum a_shape : byte {
+    plain,      // as above
+    realigned,  // by `rules`, but for the CFA, which lies in memory at a register and an offset
+    general,    // by `rules`
+    outermost,  // there is no caller
+    untabled,   // no table describes the code
+    damaged     // a table does, and cannot be read
+  } shape;
+  enum a_handling : byte {
+    none,
+    terminate,   // an exception must not leave the call
+    clean_up,    // land, whatever the exception is
+    one_clause,  // `type` or nothing
+    clauses      // the actions decide
+  } handling;
+  byte cfa_register;
+  bool caller_is_interrupted;  // a signal frame: the caller was at the very instruction
+  int cfa_offset;
+  short saved[4];  // of ebx, esi, edi, ebp: distance from the CFA; 0: in the register still
+  unsigned landing_pad;
+  unsigned arguments_size;
+  const void *type;  // of the first clause; null: any
+  int selector;      // that the first clause lands with
+  const byte *action;
+  unsigned function;              // for the exception table
+  const byte *exception_table;
+  a_range range;
+  a_frame_rules *rules;
+};
+
+// The plan of a return address; never null. It is valid until the next call.
+a_plan *find_plan(unsigned address);
+
+// Others must not be led to one that is not.
+bool is_remembered(const a_plan *plan);
+
+// The plan of an address at which a signal came.
+a_plan *find_plan_of_interrupted(unsigned address);
+
+// Makes the plan anew; returns whether it may be remembered: the code cannot go away, or says when it does.
+bool make_plan(unsigned address, bool interrupted, a_plan &plan, a_frame_rules &rules);
+
+// Code was unloaded.
+void forget_plans();
+
+// Whose code may be remembered: see objects.cpp. An object is named by an address in it.
+void note_object(const void *image);
+void forget_object(const void *image);
+bool may_remember(void *map);
+
+}  // namespace __zor

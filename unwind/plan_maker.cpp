@@ -1,0 +1,127 @@
+// Makes a plan from the tables of the object that an address lies in.
+
+#include "../libC/if_linked.h"
+#include "plan.h"
+
+extern "C" int __gxx_personality_v0(int, int, unsigned long long, void *, void *);
+
+namespace __zor {
+namespace {
+
+// The order of `saved`.
+const byte kept_registers[] = {register_ebx, register_esi, register_edi, register_ebp};
+
+bool is_plain(const a_frame_entry &entry, const a_frame_rules &rules) {
+  if (entry.is_signal_frame || rules.cfa.kind != a_rule::in_register) return false;
+  for (unsigned i = 0; i < register_count; ++i) {
+    const a_rule &rule = rules.registers[i];
+    switch (i) {
+      case register_eip:
+        if (rule.kind != a_rule::at_offset || rule.offset != -4) return false;
+        break;
+      case register_ebx:
+      case register_esi:
+      case register_edi:
+      case register_ebp:
+        if (rule.kind == a_rule::same || rule.kind == a_rule::undefined) break;
+        if (rule.kind != a_rule::at_offset || rule.offset >= 0 || rule.offset < -32768) return false;
+        break;
+      default:
+        if (rule.kind != a_rule::same && rule.kind != a_rule::undefined) return false;
+    }
+  }
+  return true;
+}
+
+// Functions that align their stack, such as every main of gcc, keep their CFA in memory: an expression of two operations
+// (DW_OP_breg with an offset, DW_OP_deref).
+bool is_realigned(const a_frame_rules &rules, a_plan &plan) {
+  if (rules.cfa.kind != a_rule::is_expression) return false;
+  a_byte_reader reader(rules.range, rules.cfa.expression);
+  const unsigned length = reader.uleb();
+  const byte *end = reader.at() + length;
+  const unsigned reg = reader.u8() - 0x70;
+  const int offset = reader.sleb();
+  if (reg >= register_eip || reader.u8() != 0x06 || reader.failed() || reader.at() != end) return false;
+  plan.cfa_register = static_cast<byte>(reg);
+  plan.cfa_offset = offset;
+  return true;
+}
+
+void take_rules(const a_frame_entry &entry, a_frame_rules &rules, a_plan &plan) {
+  plan.arguments_size = rules.arguments_size;
+  plan.caller_is_interrupted = entry.is_signal_frame;
+  if (rules.registers[register_eip].kind == a_rule::undefined) {
+    plan.shape = a_plan::outermost;
+  } else if (is_plain(entry, rules)) {
+    plan.shape = a_plan::plain;
+    plan.cfa_register = rules.cfa.reg;
+    plan.cfa_offset = rules.cfa.offset;
+    for (unsigned i = 0; i < 4; ++i) {
+      const a_rule &rule = rules.registers[kept_registers[i]];
+      plan.saved[i] = rule.kind == a_rule::at_offset ? static_cast<short>(rule.offset) : 0;
+    }
+  } else {
+    plan.shape = !entry.is_signal_frame && is_realigned(rules, plan) ? a_plan::realigned : a_plan::general;
+    plan.rules = &rules;
+  }
+}
+
+// Returns false for a damaged table.
+bool take_handling(const a_frame_entry &entry, unsigned address, a_plan &plan) {
+  plan.function = entry.start;
+  plan.exception_table = reinterpret_cast<const byte *>(entry.exception_table);
+  an_exception_table table(plan.range, plan.exception_table, entry.start);
+  if (table.is_damaged()) return false;
+  const a_call_site site = table.find_call_site(address);
+  if (table.is_damaged()) return false;
+  plan.landing_pad = site.landing_pad;
+  if (!site.is_covered) {
+    plan.handling = a_plan::terminate;
+  } else if (site.landing_pad == 0) {
+    plan.handling = a_plan::none;
+  } else if (!site.action) {
+    plan.handling = a_plan::clean_up;
+  } else {
+    if (!table.check_actions(site.action)) return false;
+    const byte *next = site.action;
+    const int filter = table.next_action(next);
+    plan.action = site.action;
+    plan.selector = filter;
+    plan.handling = filter == 0 && !next ? a_plan::clean_up : filter > 0 && !next ? a_plan::one_clause : a_plan::clauses;
+    if (filter > 0) plan.type = table.type(static_cast<unsigned>(filter));
+  }
+  return true;
+}
+
+}  // namespace
+
+bool make_plan(unsigned address, bool interrupted, a_plan &plan, a_frame_rules &rules) {
+  plan = {};
+  plan.shape = a_plan::untabled;
+  // A return address is behind the call, and may be behind the function.
+  const unsigned instruction = interrupted ? address : address - 1;
+  an_object object;
+  if (!find_object(instruction, object)) return false;
+  plan.range = object.range;
+  a_frame_entry entry;
+  switch (find_frame_entry(object, instruction, entry)) {
+    case a_lookup::found: break;
+    case a_lookup::absent: return may_remember(object.map);
+    case a_lookup::damaged: plan.shape = a_plan::damaged; return false;
+  }
+  if (!find_rules(object, entry, instruction, rules)) {
+    plan.shape = a_plan::damaged;
+    return false;
+  }
+  take_rules(entry, rules, plan);
+  // Other languages' and libraries' tables are theirs to read.
+  if (entry.exception_table && entry.personality == reinterpret_cast<unsigned>(__gxx_personality_v0) &&
+      !take_handling(entry, instruction, plan)) {
+    plan.shape = a_plan::damaged;
+    return false;
+  }
+  return may_remember(object.map);
+}
+
+}  // namespace __zor

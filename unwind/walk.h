@@ -1,0 +1,18 @@
+// What the files of this folder ask of each other: the search over frames and entries, and the way out.
+#pragma once
+
+#include "plan.h"
+
+namespace __zor {
+
+// Looks for the handler of `thrown` from a frame outwards, and notes in its state where to land on the way: in `final`
+// the handler, or, without one, the end of the stack; in the records what comes before.
+void search_from(a_machine_frame &frame, a_throw_stack_entry *thrown);
+
+// Notes the landings that follow the last recorded one, once those are used up.
+void record_more(a_throw_stack_entry *thrown, const a_landing &last);
+
+// Whether a specification's list of allowed types allows the exception to pass.
+bool allowed_by(const an_exception_table &table, int filter, a_throw_stack_entry *thrown);
+
+}  // namespace __zor
