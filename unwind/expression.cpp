@@ -104,8 +104,9 @@ struct an_evaluation {
     return failed ? 0 : stack[--depth];
   }
   unsigned below(unsigned distance) {
-    if (distance >= depth) failed = true;
-    return failed ? 0 : stack[depth - 1 - distance];
+    const unsigned place = depth - 1 - distance;
+    if (place >= depth) failed = true;
+    return failed ? 0 : stack[place % stack_room];
   }
 };
 

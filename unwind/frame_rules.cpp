@@ -54,7 +54,7 @@ struct a_rule_machine {
     if (reg < register_count) rules.registers[reg] = {kind, 0, offset, expression};
   }
   void set_cfa(unsigned reg, int offset) {
-    rules.cfa = {a_rule::in_register, static_cast<byte>(reg < register_eip ? reg : register_count), offset, nullptr};
+    rules.cfa = {a_rule::in_register, static_cast<byte>(reg < register_eip ? reg : +register_count), offset, nullptr};
   }
 
   const byte *block(a_byte_reader &reader) {
