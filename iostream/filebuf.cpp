@@ -79,8 +79,7 @@ template <class C, class T> streamsize basic_filebuf<C, T>::xsgetn(C *to, stream
 template <class C, class T> typename basic_filebuf<C, T>::int_type basic_filebuf<C, T>::pbackfail(int_type c) {
   if (!_file_) return -1;
   if (c == -1) return step_back(_file_) ? 0 : -1;
-  if (__fwriting(_file_)) turn_to_reading(_file_);
-  return ungetc(c, _file_) == EOF ? -1 : c;
+  return put_back(_file_, c) == EOF ? -1 : c;
 }
 
 template <class C, class T> typename basic_filebuf<C, T>::pos_type basic_filebuf<C, T>::seekoff(off_type off,
@@ -100,7 +99,7 @@ typename basic_filebuf<C, T>::pos_type basic_filebuf<C, T>::seekpos(pos_type pos
 
 template <class C, class T> int basic_filebuf<C, T>::sync() {
   if (!_file_) return 0;
-  const int result = fflush_unlocked(_file_);
+  const int result = synchronise(_file_);
   if (!_lost_) return result;
   _lost_ = false;
   return -1;

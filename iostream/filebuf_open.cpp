@@ -36,7 +36,7 @@ const char *c_mode_of(ios_base::openmode mode) {
 }
 
 // Gives the file back, a standard one only flushed. Returns whether all was written.
-bool release(FILE *file) { return (is_standard_file(file) ? fflush_unlocked(file) : fclose(file)) == 0; }
+bool release(FILE *file) { return (is_standard_file(file) ? synchronise(file) : fclose(file)) == 0; }
 
 }  // namespace
 

@@ -185,59 +185,6 @@ void growing() {
   CHECK(std::getline(f, line) && line == "two");
 }
 
-// Reading and writing in any order, by any means, against a text in memory.
-void both_directions() {
-  std::string model(9000, 'a');
-  for (unsigned i = 0; i < model.size(); ++i) model[i] = static_cast<char>('a' + i * 7 % 26);
-  make(model.c_str());
-  std::fstream f(path);
-  unsigned at = 0, seed = 1;
-  char block[6000];
-  for (int step = 0; step < 4000; ++step) {
-    seed = seed * 1103515245 + 12345;
-    unsigned n = seed >> 16;
-    const unsigned left = static_cast<unsigned>(model.size()) - at, size = (n & 64) ? n % 5000 : n % 20;
-    switch (seed >> 10 & 7) {
-      case 0:
-        if (f.get() != (left ? model[at++] : -1)) CHECK(!"get");
-        break;
-      case 1: {
-        f.read(block, size);
-        const unsigned got = size < left ? size : left;
-        if (f.gcount() != static_cast<int>(got) || model.compare(at, got, block, got) != 0) CHECK(!"read");
-        at += got;
-        break;
-      }
-      case 2:
-        f.put('P');
-        model.replace(at, 1, "P");
-        ++at;
-        break;
-      case 3:
-        if (model.size() < 30000) {
-          memset(block, 'A' + step % 26, size);
-          f.write(block, size);
-          model.replace(at, size, block, size);
-          at += size;
-        }
-        break;
-      case 4: f.seekg(at = n % model.size()); break;
-      case 5:
-        if (f.tellp() != static_cast<int>(at)) CHECK(!"tellp");
-        break;
-      case 6:
-        if (f.peek() != (left ? model[at] : -1)) CHECK(!"peek");
-        break;
-      default:
-        if (at && (f.unget(), f.get() != model[at - 1])) CHECK(!"unget");
-    }
-    f.clear();
-    if (test_failures) break;
-  }
-  f.close();
-  CHECK(content() == model);
-}
-
 // A file that is read through, with looks elsewhere: positions and text stay right when blocks get larger.
 void reading_through() {
   std::string model;
@@ -368,7 +315,6 @@ int main() {
   closed();
   positions();
   growing();
-  both_directions();
   reading_through();
   converting();
   derived();
