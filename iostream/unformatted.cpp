@@ -1,7 +1,5 @@
 // Unformatted input: single characters, blocks, and characters given back or dropped.
 
-#include <limits.h>
-
 #include "../libC/i386/copy_block.h"
 #include "input_operation.h"
 
@@ -53,9 +51,6 @@ inline const char *find_end_of_ignored(const char *at, const char *end, int deli
   const void *const found = memchr(at, delim, end - at);
   return found ? static_cast<const char *>(found) + 1 : nullptr;
 }
-
-// Counts no further than a streamsize goes.
-inline void count_more(streamsize &count, streamsize n) { count = count > INT_MAX - n ? INT_MAX : count + n; }
 
 [[gnu::noinline]] void ignore_in_frame(istream &in, streamsize n, int delim) {
   if (n < 1) n = 0;
