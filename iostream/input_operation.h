@@ -13,9 +13,7 @@ namespace __zor {
 bool input_prefix(std::istream &in, bool noskipws);
 
 // Counts no further than a streamsize goes.
-inline void count_more(std::streamsize &count, std::streamsize n) {
-  count = count > INT_MAX - n ? INT_MAX : count + n;
-}
+inline void count_more(std::streamsize &count, std::streamsize n) { count = count > INT_MAX - n ? INT_MAX : count + n; }
 
 // body(error) reads from in.rdbuf() and adds to error. After it, or when the prefix says no, always(error) runs.
 template <class Body, class Always>

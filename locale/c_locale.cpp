@@ -11,12 +11,8 @@ namespace {
 const struct {
   int category;
   const char *word;
-} words[] = {{LC_CTYPE, "LC_CTYPE="},
-             {LC_NUMERIC, "LC_NUMERIC="},
-             {LC_TIME, "LC_TIME="},
-             {LC_COLLATE, "LC_COLLATE="},
-             {LC_MONETARY, "LC_MONETARY="},
-             {LC_MESSAGES, "LC_MESSAGES="}};
+} words[] = {{LC_CTYPE, "LC_CTYPE="},     {LC_NUMERIC, "LC_NUMERIC="},   {LC_TIME, "LC_TIME="},
+             {LC_COLLATE, "LC_COLLATE="}, {LC_MONETARY, "LC_MONETARY="}, {LC_MESSAGES, "LC_MESSAGES="}};
 
 // Where the category's part begins, or null.
 const char *find_part(const char *name, int category) {
