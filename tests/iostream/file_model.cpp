@@ -200,7 +200,7 @@ int main() {
                                         ios::out,
                                         ios::out | ios::app,
                                         ios::in | ios::out | ios::trunc};
-  for (unsigned seed = 1; seed <= 800 && !test_failures; ++seed) {
+  for (unsigned seed = 1; seed <= 500 && !test_failures; ++seed) {
     std::string content;
     for (unsigned i = 0; i < sizes[seed % 4]; ++i) content += "abcdefghij 12345\n"[i % 17];
     const ios::openmode mode = modes[seed / 4 % 7];
