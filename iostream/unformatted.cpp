@@ -1,7 +1,7 @@
 // Unformatted input: single characters, blocks, and characters given back or dropped.
 
-#include "../libC/i386/copy_block.h"
 #include "input_operation.h"
+#include "move_block.h"
 
 namespace std {
 
@@ -96,7 +96,7 @@ template <class C, class T> basic_istream<C, T> &basic_istream<C, T>::read(C *to
   get_window window;
   if (starts_at_once(*this) && n > 0 && open_get_window(stream_access::buffer(*this), window) &&
       window.end - window.at >= n) {
-    copy_block(to, window.at, n);
+    move_block(to, window.at, n);
     window.take_up_to(window.at + n);
     _gcount_ = n;
     return *this;
