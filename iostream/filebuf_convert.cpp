@@ -83,7 +83,7 @@ bool convert(a_text &text, const std::codecvt<char, char, int> &facet, int &stat
   }
 }
 
-bool write_text(FILE *file, a_text &text) { return write_file(file, text.begin(), text.size()) == text.size(); }
+bool write_text(FILE *file, a_text &text) { return file && write_file(file, text.begin(), text.size()) == text.size(); }
 
 }  // namespace
 
@@ -111,12 +111,13 @@ a_conversion *find_or_make(const std::filebuf &buffer) {
 }  // namespace
 
 bool write_converted(std::filebuf &buffer, const std::codecvt<char, char, int> &facet, const char *from, long n) {
-  a_conversion *const conversion = find_or_make(buffer);
-  if (!conversion) return false;
+  const a_conversion *const before = find_or_make(buffer);
+  if (!before) return false;
   eh_local<a_text> text;
-  int state = conversion->state;
+  int state = before->state;
   if (!convert(*text, facet, state, from, from + n) || !write_text(buffer_access::file(buffer), *text)) return false;
-  conversion->state = state;
+  // The facet may have closed the file.
+  if (a_conversion *const conversion = *find(buffer)) conversion->state = state;
   return true;
 }
 
