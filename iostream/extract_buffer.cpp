@@ -24,7 +24,7 @@ bool move_piece(std::streambuf *from, std::streambuf *to, int delim, std::stream
   memmove(room.at, source.at, n);
   source.take_up_to(source.at + n);
   room.filled_up_to(room.at + n);
-  count += n;
+  count_more(count, static_cast<std::streamsize>(n));
   return true;
 }
 
@@ -35,7 +35,7 @@ void move_all(std::streambuf *from, std::streambuf *to, int delim, std::streamsi
     const int c = from->sgetc();
     if (c == EOF) error |= ios_base::eofbit;
     if (c == EOF || c == delim || to->sputc(static_cast<char>(c)) == EOF) return;
-    ++count;
+    count_more(count, 1);
     from->sbumpc();
   }
 }

@@ -16,11 +16,10 @@ namespace {
   light_input_operation(
       in, false,
       [&](iostate &) {
-        read_blocks(stream_access::buffer(in), [&](const char *&at, const char *) {
-          c = *at++;
-          stored = true;
-          return false;
-        });
+        const int next = stream_access::buffer(in)->sbumpc();
+        if (next == EOF) return;
+        c = static_cast<char>(next);
+        stored = true;
       },
       [&](iostate &error) {
         if (!stored) error |= ios_base::failbit;

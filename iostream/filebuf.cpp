@@ -6,6 +6,7 @@
 #include <plx/codecvt.h>
 #include <plx/filebuf.h>
 
+#include "../libC/eh_tools.h"
 #include "filebuf_convert.h"
 #include "read_ahead.h"
 #include "stdio_file.h"
@@ -27,23 +28,29 @@ inline bool writes_plainly(const locale &loc, const codecvt<char, char, int> *&f
   return facet->always_noconv();
 }
 
-int __attribute__((__noinline__, __regparm__(3))) overflow_through(const locale &loc, FILE *file, int c) {
+int __attribute__((__noinline__, __regparm__(2))) overflow_through(filebuf &buffer, int c) {
   const codecvt<char, char, int> *facet;
-  const bool plain = writes_plainly(loc, facet);
+  const bool plain = writes_plainly(buffer_access::loc(buffer), facet);
+  FILE *const file = buffer_access::file(buffer);
   if (!file) return -1;
   if (c == -1) return 0;
   if (plain) return put_into_file(file, c);
   const char one = static_cast<char>(c);
-  return write_converted(file, *facet, &one, 1) ? c : -1;
+  return write_converted(buffer, *facet, &one, 1) ? c : -1;
 }
 
 }  // namespace
 
 template <class C, class T> basic_filebuf<C, T>::~basic_filebuf() {
-  if (_file_ && !is_standard_file(_file_)) fclose(_file_);
+  if (!_file_) return;
+  if (conversions) eh_guard([this] { end_conversion(*this); });
+  if (!is_standard_file(_file_)) fclose(_file_);
 }
 
-template <class C, class T> void basic_filebuf<C, T>::imbue(const locale &loc) { this->_loc_ = loc; }
+template <class C, class T> void basic_filebuf<C, T>::imbue(const locale &loc) {
+  if (!ends_conversion(*this)) _lost_ = true;
+  this->_loc_ = loc;
+}
 
 template <class C, class T> basic_streambuf<C, T> *basic_filebuf<C, T>::setbuf(C *, streamsize) {
   return _file_ ? this : nullptr;
@@ -53,7 +60,7 @@ template <class C, class T> typename basic_filebuf<C, T>::int_type basic_filebuf
   // Nothing is in the way of most characters.
   if ((this->_loc_._get_imp()->_get_quick() & locale::imp::_quick_codecvt) && _file_ && c != -1)
     return put_into_file(_file_, c);
-  return overflow_through(this->_loc_, _file_, c);
+  return overflow_through(*this, c);
 }
 
 template <class C, class T> streamsize basic_filebuf<C, T>::xsputn(const C *from, streamsize n) {
@@ -61,7 +68,7 @@ template <class C, class T> streamsize basic_filebuf<C, T>::xsputn(const C *from
   const bool plain = writes_plainly(this->_loc_, facet);
   if (!_file_ || n <= 0) return 0;
   if (plain) return write_file(_file_, from, n);
-  return write_converted(_file_, *facet, from, n) ? n : 0;
+  return write_converted(*this, *facet, from, n) ? n : 0;
 }
 
 template <class C, class T> typename basic_filebuf<C, T>::int_type basic_filebuf<C, T>::underflow() {
@@ -79,28 +86,29 @@ template <class C, class T> streamsize basic_filebuf<C, T>::xsgetn(C *to, stream
 template <class C, class T> typename basic_filebuf<C, T>::int_type basic_filebuf<C, T>::pbackfail(int_type c) {
   if (!_file_) return -1;
   if (c == -1) return step_back(_file_) ? 0 : -1;
-  if (__fwriting(_file_)) turn_to_reading(_file_);
-  return ungetc(c, _file_) == EOF ? -1 : c;
+  return put_back(_file_, c) == EOF ? -1 : c;
 }
 
 template <class C, class T> typename basic_filebuf<C, T>::pos_type basic_filebuf<C, T>::seekoff(off_type off,
                                                                                                 ios_base::seekdir way,
                                                                                                 ios_base::openmode) {
   if (!_file_ || ((way & ios_base::beg) && off < 0) || ((way & ios_base::end) && off > 0)) return -1;
+  if (!(way & (ios_base::beg | ios_base::end)) && off == 0) return position_of(_file_);
+  if (!ends_conversion(*this)) return -1;
   _refills_ = 0;
   return move_by(_file_, off, way & ios_base::beg ? SEEK_SET : way & ios_base::end ? SEEK_END : SEEK_CUR);
 }
 
 template <class C, class T>
 typename basic_filebuf<C, T>::pos_type basic_filebuf<C, T>::seekpos(pos_type pos, ios_base::openmode) {
-  if (!_file_ || pos == pos_type(-1)) return -1;
+  if (!_file_ || pos == pos_type(-1) || !ends_conversion(*this)) return -1;
   _refills_ = 0;
   return move_by(_file_, pos, SEEK_SET);
 }
 
 template <class C, class T> int basic_filebuf<C, T>::sync() {
   if (!_file_) return 0;
-  const int result = fflush_unlocked(_file_);
+  const int result = synchronise(_file_);
   if (!_lost_) return result;
   _lost_ = false;
   return -1;

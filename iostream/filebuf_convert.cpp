@@ -1,5 +1,8 @@
 // Writing through a codecvt facet that converts. It may make no bytes at all, or many of one character, and null
 // characters are text like any other: what it made is written by length.
+//
+// The state of a conversion goes from write to write, and ends with the sequence that the facet's unshift makes. Few
+// buffers convert, and their fields are the same for all: the states are in a list beside them.
 
 #include "filebuf_convert.h"
 
@@ -58,8 +61,7 @@ bool append(a_text &text, const char *from, long n) {
 }
 
 // The whole range, in one call of the facet unless its room was too small for it.
-bool convert(a_text &text, const std::codecvt<char, char, int> &facet, const char *from, const char *end) {
-  int state = 0;
+bool convert(a_text &text, const std::codecvt<char, char, int> &facet, int &state, const char *from, const char *end) {
   long room = (end - from) < LONG_MAX / bytes_of_a_character ? (end - from) * bytes_of_a_character : end - from;
   const int largest = facet.max_length();
   if (largest > bytes_of_a_character && room < LONG_MAX / largest) room *= largest;
@@ -81,11 +83,60 @@ bool convert(a_text &text, const std::codecvt<char, char, int> &facet, const cha
   }
 }
 
+bool write_text(FILE *file, a_text &text) { return file && write_file(file, text.begin(), text.size()) == text.size(); }
+
 }  // namespace
 
-bool write_converted(FILE *file, const std::codecvt<char, char, int> &facet, const char *from, long n) {
+struct a_conversion {
+  const std::filebuf *of;
+  int state;
+  a_conversion *next;
+};
+a_conversion *conversions;
+
+namespace {
+
+a_conversion **find(const std::filebuf &buffer) {
+  a_conversion **at = &conversions;
+  while (*at && (*at)->of != &buffer) at = &(*at)->next;
+  return at;
+}
+
+a_conversion *find_or_make(const std::filebuf &buffer) {
+  a_conversion *&at = *find(buffer);
+  if (!at && (at = static_cast<a_conversion *>(malloc(sizeof(a_conversion))))) *at = {&buffer, 0, nullptr};
+  return at;
+}
+
+}  // namespace
+
+bool write_converted(std::filebuf &buffer, const std::codecvt<char, char, int> &facet, const char *from, long n) {
+  const a_conversion *const before = find_or_make(buffer);
+  if (!before) return false;
   eh_local<a_text> text;
-  return convert(*text, facet, from, from + n) && write_file(file, text->begin(), text->size()) == text->size();
+  int state = before->state;
+  if (!convert(*text, facet, state, from, from + n) || !write_text(buffer_access::file(buffer), *text)) return false;
+  // The facet may have closed the file.
+  if (a_conversion *const conversion = *find(buffer)) conversion->state = state;
+  return true;
+}
+
+bool end_conversion(std::filebuf &buffer) {
+  a_conversion *&at = *find(buffer), *const ended = at;
+  if (!ended) return true;
+  int state = ended->state;
+  at = ended->next;
+  free(ended);
+  const auto &facet = std::use_facet<std::codecvt<char, char, int>>(buffer_access::loc(buffer));
+  for (;;) {
+    char room[64], *to = room;
+    const std::codecvt_base::result result = facet.unshift(state, room, room + sizeof room, to);
+    if (result == std::codecvt_base::noconv) return true;
+    const long n = to - room;
+    if (result == std::codecvt_base::error || write_file(buffer_access::file(buffer), room, n) != n) return false;
+    if (result == std::codecvt_base::ok) return true;
+    if (n == 0) return false;
+  }
 }
 
 }  // namespace __zor

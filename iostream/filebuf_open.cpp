@@ -4,6 +4,8 @@
 
 #include <plx/filebuf.h>
 
+#include "../libC/eh_tools.h"
+#include "filebuf_convert.h"
 #include "stdio_file.h"
 
 using namespace __zor;
@@ -36,7 +38,7 @@ const char *c_mode_of(ios_base::openmode mode) {
 }
 
 // Gives the file back, a standard one only flushed. Returns whether all was written.
-bool release(FILE *file) { return (is_standard_file(file) ? fflush_unlocked(file) : fclose(file)) == 0; }
+bool release(FILE *file) { return (is_standard_file(file) ? synchronise(file) : fclose(file)) == 0; }
 
 }  // namespace
 
@@ -75,9 +77,11 @@ template <class C, class T> basic_filebuf<C, T> *basic_filebuf<C, T>::open(const
 template <class C, class T> basic_filebuf<C, T> *basic_filebuf<C, T>::close() {
   if (!_file_) return nullptr;
   FILE *const file = _file_;
+  bool ended = true;
+  if (conversions && eh_guard([&] { ended = end_conversion(*this); })) ended = false;
   // Gone even when it could not be written whole: the C library has freed it.
   _file_ = nullptr;
-  return release(file) && !_lost_ ? this : nullptr;
+  return release(file) && ended && !_lost_ ? this : nullptr;
 }
 
 template basic_filebuf<char>::basic_filebuf();

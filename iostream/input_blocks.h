@@ -1,8 +1,8 @@
 // Reading characters by blocks: all loops of the input streams stand on read_blocks.
 //
 // A buffer's get window is one block. Where there is none, a buffer over a file is refilled by stdio, and any other
-// gives one character by its virtual uflow, which is a block of its own and given back if it is not wanted: so a
-// program's buffer sees what a reader character by character would call.
+// shows its next character by the virtual underflow: that is a block of its own, and is taken by uflow only when it is
+// wanted. So a program's buffer need not take back anything.
 #pragma once
 
 #include "read_ahead.h"
@@ -19,8 +19,8 @@ inline bool is_plain_buffer(const std::streambuf *buffer) {
 inline bool refill(std::streambuf *buffer) { return peek_file(static_cast<std::filebuf &>(*buffer)) != EOF; }
 
 // Calls accept(at, end) with block after block. It moves `at` behind what it takes, and returns whether it wants more;
-// it must take the whole block then. Returns false when the input ended first. What the buffer or accept throws passes,
-// and the block at hand is not taken then.
+// it must take the whole block then. Returns false when the input ended first. What the buffer or accept throws passes;
+// a block that accept threw at is not taken.
 template <class Accept> [[gnu::always_inline]] inline bool read_blocks(std::streambuf *buffer, Accept accept) {
   for (;;) {
     get_window window;
@@ -32,12 +32,13 @@ template <class Accept> [[gnu::always_inline]] inline bool read_blocks(std::stre
     } else if (is_plain_filebuf(buffer)) {
       if (!refill(buffer)) return false;
     } else {
-      const int c = buffer->sbumpc();
+      const int c = buffer->sgetc();
       if (c == EOF) return false;
+      if (open_get_window(buffer, window)) continue;
       const char block[1] = {static_cast<char>(c)};
       const char *at = block;
       const bool more = accept(at, block + 1);
-      if (at == block) buffer->sputbackc(static_cast<char>(c));
+      if (at != block) buffer->sbumpc();
       if (!more) return true;
     }
   }

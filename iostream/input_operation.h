@@ -1,6 +1,8 @@
 // The frame of input operations (operation.h has the drawing).
 #pragma once
 
+#include <limits.h>
+
 #include <plx/istream.h>
 
 #include "white_space.h"
@@ -9,6 +11,9 @@ namespace __zor {
 
 // As output_prefix, and white space is skipped unless noskipws; nothing is thrown except failure.
 bool input_prefix(std::istream &in, bool noskipws);
+
+// Counts no further than a streamsize goes.
+inline void count_more(std::streamsize &count, std::streamsize n) { count = count > INT_MAX - n ? INT_MAX : count + n; }
 
 // body(error) reads from in.rdbuf() and adds to error. After it, or when the prefix says no, always(error) runs.
 template <class Body, class Always>

@@ -18,9 +18,13 @@ int ios_base::index = 0;
 
 ios_base::ios_base() : _callback_count_(0) {}
 
-// What a callback throws here has nowhere to go, and must not keep the rest from being released.
+// What a callback throws here has nowhere to go, and must keep neither the older ones nor the rest from being released.
 ios_base::~ios_base() {
-  if (_callback_count_) __zor::eh_guard([this] { _call_callbacks(erase_event); });
+  const auto call_all = [this]() __attribute__((__noinline__)) {
+    for (unsigned int i = _callback_count_; i-- > 0;)
+      __zor::eh_guard([&] { _callbacks_[i].first(erase_event, *this, _callbacks_[i].second); });
+  };
+  if (_callback_count_) call_all();
   _pwords_.resize(0, nullptr);
   _iwords_.resize(0, 0);
   _callbacks_.resize(0, _a_callback());

@@ -16,9 +16,11 @@ inline bool is_standard_file(const FILE *file) { return file == stdin || file ==
 // What is written becomes visible to reading, and the end is looked for anew: the file may have grown.
 void turn_to_reading(FILE *file);
 
-// Forgets what was read ahead. Most calls come while nothing is, and cost one comparison.
+// Forgets what was read ahead and put back, in a file that can be written. Most calls come while nothing is, and cost
+// one comparison.
+void forget_read_ahead(FILE *file);
 inline void turn_to_writing(FILE *file) {
-  if (file->_IO_read_base != file->_IO_read_end) fseek(file, 0, SEEK_CUR);
+  if (file->_IO_read_base != file->_IO_read_end) forget_read_ahead(file);
 }
 
 // The long way is a function of its own, so that the short one needs no frame.
@@ -40,6 +42,16 @@ inline long write_file(FILE *file, const char *from, long n) {
   return write_after_flush(file, from, n);
 }
 
+// Whether a reader's file may have characters that were put back, other than by stepping back in the buffer: the area
+// that the C library keeps for them is there.
+inline bool has_put_back(FILE *file) { return file->_IO_save_base && !__fwriting(file); }
+
+// The character becomes the next one, and the position one less, but never less than the beginning. EOF: it cannot.
+int put_back(FILE *file, int c);
+
+// Writes out what is waiting; a reader's file is set to the reader's position, without what was put back.
+int synchronise(FILE *file);
+
 // Positions: -1 for failure, and for any that a long does not hold; a refused move leaves the file where it was.
 long position_of(FILE *file);
 long move_by(FILE *file, long offset, int whence);
@@ -47,12 +59,12 @@ long move_by(FILE *file, long offset, int whence);
 // One character back, by position, which a pipe does not have; false when that fails.
 inline bool step_back(FILE *file) {
   // stdio knows the offset of its buffer only when the file can be positioned.
-  if (file->_offset >= 0 && !file->_IO_save_base && file->_IO_read_ptr > file->_IO_read_base) {
+  if (file->_offset >= 0 && !has_put_back(file) && file->_IO_read_ptr > file->_IO_read_base) {
     --file->_IO_read_ptr;
     file->_flags &= ~_IO_EOF_SEEN;
     return true;
   }
-  return fseek(file, -1, SEEK_CUR) == 0;
+  return move_by(file, -1, SEEK_CUR) != -1;
 }
 
 // The number of characters from the position to the end; -1 when there are none or nobody knows.

@@ -1,7 +1,7 @@
 // basic_streambuf<char>: what the virtual operations do unless they are overridden.
 
 #include "../containers/cleanup_by_hand.h"
-#include "../libC/i386/copy_block.h"
+#include "move_block.h"
 
 #include <plx/streambuf.h>
 
@@ -51,7 +51,7 @@ template <class C, class T> streamsize basic_streambuf<C, T>::xsgetn(C *to, stre
     const streamsize ready = _egptr_ - _gptr_;
     if (ready > 0) {
       const streamsize part = ready < n - done ? ready : n - done;
-      __zor::copy_block(to + done, _gptr_, part);
+      __zor::move_block(to + done, _gptr_, part);
       _gptr_ += part;
       done += part;
       continue;

@@ -1,9 +1,7 @@
 // Unformatted input: single characters, blocks, and characters given back or dropped.
 
-#include <limits.h>
-
-#include "../libC/i386/copy_block.h"
 #include "input_operation.h"
+#include "move_block.h"
 
 namespace std {
 
@@ -54,9 +52,6 @@ inline const char *find_end_of_ignored(const char *at, const char *end, int deli
   return found ? static_cast<const char *>(found) + 1 : nullptr;
 }
 
-// Counts no further than a streamsize goes.
-inline void count_more(streamsize &count, streamsize n) { count = count > INT_MAX - n ? INT_MAX : count + n; }
-
 [[gnu::noinline]] void ignore_in_frame(istream &in, streamsize n, int delim) {
   if (n < 1) n = 0;
   light_input_operation(in, true, [&](iostate &error) {
@@ -101,7 +96,7 @@ template <class C, class T> basic_istream<C, T> &basic_istream<C, T>::read(C *to
   get_window window;
   if (starts_at_once(*this) && n > 0 && open_get_window(stream_access::buffer(*this), window) &&
       window.end - window.at >= n) {
-    copy_block(to, window.at, n);
+    move_block(to, window.at, n);
     window.take_up_to(window.at + n);
     _gcount_ = n;
     return *this;

@@ -11,6 +11,10 @@ namespace __zor {
 // runtime_error with "Invalid locale name\n".
 [[noreturn]] void invalid_locale_name();
 
+// setlocale, which for a single category does not take the name of a mixture, "LC_CTYPE=...;LC_NUMERIC=...", though it
+// returns such names.
+const char *set_c_locale(int category, const char *name) noexcept;
+
 // Puts the C library's locale back, also when an exception passes: always as eh_local<c_locale_switch>.
 class c_locale_switch {
 public:
@@ -34,7 +38,7 @@ public:
     if (!name) return false;
     // As most programs have it all the time.
     if (strcmp(name, "C") == 0 && strcmp(before_, "C") == 0) return true;
-    return switched_ = setlocale(category, name);
+    return switched_ = set_c_locale(category, name);
   }
 
 private:

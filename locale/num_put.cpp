@@ -47,10 +47,22 @@ template <class Integer> void put_integer(a_text_sink *sink, ios_base &str, char
   put_integer_text(sink, str, fill, text, static_cast<unsigned>(end - text));
 }
 
+// As the stream's ctype has it, where there is one: neither a bool nor a pointer needs a facet.
+void widen(const ios_base &str, char *first, char *last) {
+  if (is_plain_number_locale(str)) return;
+  eh_local<locale> loc(str.getloc());
+  if (!is_plain_ctype_locale(*loc) && has_facet<ctype<char>>(*loc))
+    use_facet<ctype<char>>(*loc).widen(first, last, first);
+}
+
 }  // namespace
 
 void put_bool(a_text_sink *sink, ios_base &str, bool value) {
-  if (!(str.flags() & ios_base::boolalpha)) return sink->_put(sink, value ? "1" : "0", 1);
+  if (!(str.flags() & ios_base::boolalpha)) {
+    char digit = value ? '1' : '0';
+    widen(str, &digit, &digit + 1);
+    return sink->_put(sink, &digit, 1);
+  }
   if (is_plain_number_locale(str)) return value ? sink->_put(sink, "true", 4) : sink->_put(sink, "false", 5);
   eh_local<locale> loc(str.getloc());
   eh_local<truth_name> name(use_facet<numpunct<char>>(*loc), value);
@@ -82,6 +94,7 @@ void put_long_double(a_text_sink *sink, ios_base &str, char fill, long double va
 void put_pointer(a_text_sink *sink, ios_base &str, char fill, const void *value) {
   char text[integer_text_room];
   const int length = static_cast<int>(pointer_text(text, value) - text);
+  widen(str, text, text + length);
   const int pad = str.width() > length ? str.width() - length : 0;
   const int adjust = str.flags() & ios_base::adjustfield;
   if (pad && adjust == ios_base::left) sink->_fill(sink, fill, static_cast<unsigned>(pad));

@@ -46,11 +46,25 @@ private:
 // What the layout asks of the locale.
 struct a_punctuation {
   const numpunct<char> *facet;  // null: as in "C"
+  const ctype<char> *classes;   // null: digits and letters are what they are
   char separator;
   const char *sizes;
+
+  char widened(char c) const { return classes ? classes->widen(c) : c; }
 };
 
-inline void put(a_text_sink *sink, const char *first, const char *last) {
+// Parts of the number's text; what the locale and the stream gave goes by _fill.
+void put_widened(a_text_sink *sink, const char *first, const char *last, const ctype<char> &classes) {
+  char block[64];
+  while (first != last) {
+    const size_t n = last - first < 64 ? static_cast<size_t>(last - first) : 64;
+    classes.widen(first, first + n, block);
+    sink->_put(sink, block, n);
+    first += n;
+  }
+}
+inline void put(a_text_sink *sink, const char *first, const char *last, const a_punctuation &punctuation) {
+  if (punctuation.classes) return put_widened(sink, first, last, *punctuation.classes);
   if (first != last) sink->_put(sink, first, static_cast<unsigned>(last - first));
 }
 
@@ -63,7 +77,7 @@ unsigned put_whole(a_text_sink *sink, const ios_base &str, char fill, const char
   const int adjust = str.flags() & ios_base::adjustfield;
   const char *from = text;
   if (adjust == ios_base::internal) {
-    put(sink, text, text + prefix);
+    put(sink, text, text + prefix, punctuation);
     from += prefix;
   }
   if (pad && adjust != ios_base::left) {
@@ -71,12 +85,12 @@ unsigned put_whole(a_text_sink *sink, const ios_base &str, char fill, const char
     pad = 0;
   }
   const char *to = text + prefix + groups.head();
-  put(sink, from, to);
+  put(sink, from, to, punctuation);
   for (unsigned cut = groups.cuts(); cut-- != 0;) {
     sink->_fill(sink, punctuation.separator, 1);
     from = to;
     to += groups.after_cut(cut);
-    put(sink, from, to);
+    put(sink, from, to, punctuation);
   }
   return pad;
 }
@@ -101,13 +115,13 @@ void put_float_with(a_text_sink *sink, ios_base &str, char fill, const char *tex
   }
   const char *exponent = static_cast<const char *>(memchr(at, 'e', static_cast<size_t>(end - at)));
   if (exponent) {
-    put(sink, at, exponent);
-    if (extra_zeros) sink->_fill(sink, '0', extra_zeros);
-    sink->_fill(sink, str.flags() & ios_base::uppercase ? 'E' : 'e', 1);
+    put(sink, at, exponent, punctuation);
+    if (extra_zeros) sink->_fill(sink, punctuation.widened('0'), extra_zeros);
+    sink->_fill(sink, punctuation.widened(str.flags() & ios_base::uppercase ? 'E' : 'e'), 1);
     at = exponent + 1;
   }
-  put(sink, at, end);
-  if (!exponent && extra_zeros) sink->_fill(sink, '0', extra_zeros);
+  put(sink, at, end, punctuation);
+  if (!exponent && extra_zeros) sink->_fill(sink, punctuation.widened('0'), extra_zeros);
   str.width(0);
   if (pad) sink->_fill(sink, fill, pad);
 }
@@ -117,7 +131,7 @@ struct group_sizes {
   const string sizes;
 };
 
-const a_punctuation plain_punctuation = {nullptr, 0, ""};
+const a_punctuation plain_punctuation = {nullptr, nullptr, 0, ""};
 
 // body(punctuation) with what the stream's locale says. The locale is held: what runs meanwhile may change the
 // stream's.
@@ -125,10 +139,10 @@ template <class Body> inline void with_punctuation(const ios_base &str, Body bod
   if (is_plain_number_locale(str)) return body(plain_punctuation);
   eh_local<locale> loc(str.getloc());
   const numpunct<char> &facet = use_facet<numpunct<char>>(*loc);
-  use_facet<ctype<char>>(*loc);
+  const ctype<char> &classes = use_facet<ctype<char>>(*loc);
   const char separator = facet.thousands_sep();
   eh_local<group_sizes> grouping(facet);
-  body(a_punctuation{&facet, separator, grouping->sizes.c_str()});
+  body(a_punctuation{&facet, is_plain_ctype_locale(*loc) ? nullptr : &classes, separator, grouping->sizes.c_str()});
 }
 
 }  // namespace

@@ -10,4 +10,8 @@ inline bool is_plain_number_locale(const std::ios_base &str) {
   return (str.getloc()._get_imp()->_get_quick() & std::locale::imp::_quick_num_put) != 0;
 }
 
+inline bool is_plain_ctype_locale(const std::locale &loc) {
+  return (loc._get_imp()->_get_quick() & std::locale::imp::_quick_ctype) != 0;
+}
+
 }  // namespace __zor

@@ -41,8 +41,8 @@ struct classic_ctype : ctype<char> {
 void locale::imp::_look() PLX_NOTHROW {
   unsigned int seen = 0;
   const facet *classes = get(*this, &__zor::ctype_facet);
-  if (classes && has_virtual_table(classes, ctype_table) &&
-      static_cast<const std::ctype<char> *>(classes)->table() == classic_ctype::masks())
+  const bool widens_plainly = classes && has_virtual_table(classes, ctype_table);
+  if (widens_plainly && static_cast<const std::ctype<char> *>(classes)->table() == classic_ctype::masks())
     seen |= _quick_ctype;
   const facet *conversion = get(*this, &__zor::codecvt_facet);
   if (conversion && has_virtual_table(conversion, codecvt_table)) seen |= _quick_codecvt;
@@ -52,7 +52,7 @@ void locale::imp::_look() PLX_NOTHROW {
     const facet *input = get(*this, &__zor::num_get_facet);
     if (input && has_virtual_table(input, num_get_table) && (seen & _quick_ctype)) seen |= _quick_num_get;
     const facet *output = get(*this, &__zor::num_put_facet);
-    if (output && has_virtual_table(output, num_put_table)) seen |= _quick_num_put;
+    if (output && widens_plainly && has_virtual_table(output, num_put_table)) seen |= _quick_num_put;
   }
   _quick_ = seen;
 }

@@ -40,12 +40,13 @@ template <class _T, class _Ct, class _Traits>
 basic_istream<_Ct, _Traits> &operator>>(basic_istream<_Ct, _Traits> &_in, complex<_T> &_z) {
   _T _re = _T(), _im = _T();
   _Ct _c = _Ct();
-  if (!(_in >> _c)) return _in;
-  if (_c != _Ct('(')) {
-    _in.putback(_c);
+  typename basic_istream<_Ct, _Traits>::sentry _ready(_in);
+  if (!_ready) return _in;
+  if (!_Traits::eq_int_type(_in.peek(), _Traits::to_int_type(_Ct('(')))) {
     if (_in >> _re) _z = complex<_T>(_re);
     return _in;
   }
+  _in.get(_c);
   if (_in >> _re >> _c && _c == _Ct(',')) _in >> _im >> _c;
   if (_in && _c == _Ct(')'))
     _z = complex<_T>(_re, _im);

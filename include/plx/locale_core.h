@@ -160,7 +160,7 @@ public:
   enum _quick {
     _quick_ctype = 1,     // exactly a ctype<char> with the classic table
     _quick_codecvt = 2,   // exactly a codecvt<char, char, int>
-    _quick_num_put = 4,   // exactly a num_put and a numpunct without grouping, point '.'; and some ctype
+    _quick_num_put = 4,   // exactly a num_put, a ctype<char>, and a numpunct without grouping, point '.'
     _quick_num_get = 8,   // exactly a num_get, such a numpunct, and the quick ctype
     _named_whole = 0x100  // all categories of the locale `_name_`, nothing replaced
   };

@@ -34,7 +34,8 @@ public:
   // Each forwards to the virtual operation of its name.
   char decimal_point() const { return do_decimal_point(); }
   char thousands_sep() const { return do_thousands_sep(); }
-  // Each byte the size of a group, counted from the point; the last is repeated. 127, 0 or less ends grouping.
+  // Each byte the size of a group, counted from the point; the last is repeated. 127 ends grouping; a size of 0 or less
+  // does so only as the first: behind another, that one is repeated.
   string grouping() const { return do_grouping(); }
   string truename() const { return do_truename(); }
   string falsename() const { return do_falsename(); }

@@ -1,8 +1,12 @@
 // Listed differences that no other test has a place for: nested specifications that the compiler merges, a cookie
-// without an element size, and streams that cannot be told to keep characters from stdio.
+// without an element size, streams that cannot be told to keep characters from stdio, and small ones of streams and
+// numbers.
 // test-variants: -O0 | -O2
 #include <exception>
+#include <fstream>
 #include <iostream>
+#include <locale>
+#include <sstream>
 #include <strstream>
 
 #include <plx/runtime.h>
@@ -60,8 +64,71 @@ static void put_back_another() {
   CHECK_TEXT(text, "abcdef");
 }
 
+struct punctuation : std::numpunct<char> {
+  punctuation(const std::string &sizes, char separator) : sizes_(sizes), separator_(separator) {}
+  virtual std::string do_grouping() const { return sizes_; }
+  virtual char do_thousands_sep() const { return separator_; }
+  const std::string sizes_;
+  const char separator_;
+};
+static std::locale with(const std::string &sizes, char separator) {
+  return std::locale(std::locale::classic(), new punctuation(sizes, separator));
+}
+
+struct roman : std::ctype<char> {
+  virtual char do_widen(char c) const { return c == '1' ? 'I' : c; }
+  virtual const char *do_widen(const char *from, const char *end, char *to) const {
+    while (from != end) *to++ = do_widen(*from++);
+    return end;
+  }
+};
+
+static void numbers() {
+  std::ostringstream out;
+  out.imbue(with(std::string("\2") + '\xFF', ','));
+  out << 1234567;
+  CHECK_TEXT(out.str().c_str(), "1,23,45,67");
+  out.imbue(with("\xFF", ','));
+  out.str("");
+  out << 1234567;
+  CHECK_TEXT(out.str().c_str(), "1234567");
+  out.imbue(std::locale(std::locale::classic(), new roman));
+  out.str("");
+  out << 11 << true << 1.5;
+  CHECK_TEXT(out.str().c_str(), "IIII.5");
+  std::istringstream in(",123 1e+2");
+  int n = 0;
+  double d = 0;
+  in.imbue(with("\3", ','));
+  in >> n;
+  in.imbue(with("\1", '+'));
+  in >> d;
+  CHECK(in && n == 123 && d == 100);
+}
+
+static void streams() {
+  std::ostringstream out;
+  out << static_cast<std::streambuf *>(0);
+  CHECK_INT(out.rdstate(), std::ios::failbit);
+  std::istringstream in("12 x");
+  int n = 0;
+  in.ignore(1) >> n;
+  CHECK(n == 2 && in.gcount() == 0);
+  CHECK_INT(in.rdbuf()->pubseekoff(3, std::ios::beg, std::ios::in | std::ios::out), 3);
+  CHECK_INT(in.get(), 'x');
+  int ends[2];
+  CHECK(pipe(ends) == 0 && write(ends[1], "ab", 2) == 2);
+  std::filebuf buffer(fdopen(ends[0], "r"));
+  std::istream from(&buffer);
+  char text[2];
+  CHECK(from.get() == 'a' && from.readsome(text, 2) == 0 && from.rdstate() == std::ios::eofbit);
+  close(ends[1]);
+}
+
 int main() {
   put_back_another();
+  numbers();
+  streams();
   nested_specifications();
   CHECK_ABORTS(no_element_size, "");
   CHECK_TEXT(test_run_child(synchronised).text, "abc");

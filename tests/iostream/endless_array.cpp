@@ -1,5 +1,5 @@
 // istrstream(text, -1): an array without a known end is read no further than is asked for. Behind these texts there is
-// no memory.
+// no memory. And counts of what never ends go to their largest value, and no further.
 #include <istream>
 #include <string>
 #include <strstream>
@@ -22,6 +22,40 @@ struct edge {
     return static_cast<char *>(memcpy(at + page - n, text, n));
   }
 };
+
+// The same 64 kB, over and over.
+struct endless : std::streambuf {
+  static char block[1 << 16];
+  unsigned left;
+  explicit endless(unsigned blocks) : left(blocks) {}
+  virtual int underflow() {
+    if (left == 0) return -1;
+    --left;
+    setg(block, block, block + sizeof block);
+    return static_cast<unsigned char>(*block);
+  }
+  virtual int overflow(int c) {
+    setp(block, block + sizeof block);
+    return c;
+  }
+};
+char endless::block[1 << 16];
+
+void counts() {
+  const unsigned blocks_of_2_31 = 1u << 15;
+  endless from(blocks_of_2_31 + 1), to(0), ignored(blocks_of_2_31 + 1), wrapped(2 * blocks_of_2_31);
+  std::istream in(&from);
+  in.get(to, 'x');
+  CHECK(in.gcount() == 0x7fffffff && in.rdstate() == std::ios::eofbit);
+  in.clear();
+  in.rdbuf(&ignored);
+  in.ignore(0x7fffffff, 'x');
+  CHECK(in.gcount() == 0x7fffffff && in.rdstate() == std::ios::eofbit);
+  in.clear();
+  in.rdbuf(&wrapped);
+  in >> &to;
+  CHECK(in.rdstate() == std::ios::eofbit);
+}
 
 }  // namespace
 
@@ -54,5 +88,6 @@ int main() {
   CHECK_TEXT(text, "bcd");
   part.in.read(text, 2);
   CHECK(part.in.good());
+  counts();
   return TEST_RESULT();
 }

@@ -185,59 +185,6 @@ void growing() {
   CHECK(std::getline(f, line) && line == "two");
 }
 
-// Reading and writing in any order, by any means, against a text in memory.
-void both_directions() {
-  std::string model(9000, 'a');
-  for (unsigned i = 0; i < model.size(); ++i) model[i] = static_cast<char>('a' + i * 7 % 26);
-  make(model.c_str());
-  std::fstream f(path);
-  unsigned at = 0, seed = 1;
-  char block[6000];
-  for (int step = 0; step < 4000; ++step) {
-    seed = seed * 1103515245 + 12345;
-    unsigned n = seed >> 16;
-    const unsigned left = static_cast<unsigned>(model.size()) - at, size = (n & 64) ? n % 5000 : n % 20;
-    switch (seed >> 10 & 7) {
-      case 0:
-        if (f.get() != (left ? model[at++] : -1)) CHECK(!"get");
-        break;
-      case 1: {
-        f.read(block, size);
-        const unsigned got = size < left ? size : left;
-        if (f.gcount() != static_cast<int>(got) || model.compare(at, got, block, got) != 0) CHECK(!"read");
-        at += got;
-        break;
-      }
-      case 2:
-        f.put('P');
-        model.replace(at, 1, "P");
-        ++at;
-        break;
-      case 3:
-        if (model.size() < 30000) {
-          memset(block, 'A' + step % 26, size);
-          f.write(block, size);
-          model.replace(at, size, block, size);
-          at += size;
-        }
-        break;
-      case 4: f.seekg(at = n % model.size()); break;
-      case 5:
-        if (f.tellp() != static_cast<int>(at)) CHECK(!"tellp");
-        break;
-      case 6:
-        if (f.peek() != (left ? model[at] : -1)) CHECK(!"peek");
-        break;
-      default:
-        if (at && (f.unget(), f.get() != model[at - 1])) CHECK(!"unget");
-    }
-    f.clear();
-    if (test_failures) break;
-  }
-  f.close();
-  CHECK(content() == model);
-}
-
 // A file that is read through, with looks elsewhere: positions and text stay right when blocks get larger.
 void reading_through() {
   std::string model;
@@ -312,6 +259,71 @@ void converting() {
   CHECK(text == std::string("**\0#", 4) && f.get() == 0 && f.peek() == '*' && f.good());
 }
 
+// Capital letters stand between '<' and '>', as small ones. What the text ends in is ended by close, by moves, by
+// another locale and by the destructor, but not by asking for the position.
+class shifting : public std::codecvt<char, char, std::mbstate_t> {
+public:
+  explicit shifting(bool ends = true) : ends_(ends) {}
+
+private:
+  virtual bool do_always_noconv() const { return false; }
+  static int &shifted(std::mbstate_t &state) { return reinterpret_cast<int &>(state); }
+  virtual result do_out(std::mbstate_t &state, const char *from, const char *end, const char *&next, char *to,
+                        char *to_end, char *&to_next) const {
+    for (next = from, to_next = to; next != end; ++next) {
+      const bool capital = *next >= 'A' && *next <= 'Z';
+      if (to_end - to_next < 2) return partial;
+      if (capital != (shifted(state) != 0)) *to_next++ = capital ? '<' : '>';
+      shifted(state) = capital;
+      *to_next++ = static_cast<char>(capital ? *next + 32 : *next);
+    }
+    return ok;
+  }
+  virtual result do_unshift(std::mbstate_t &state, char *to, char *, char *&to_next) const {
+    if (!ends_) return error;
+    to_next = to;
+    if (shifted(state)) *to_next++ = '>';
+    shifted(state) = 0;
+    return ok;
+  }
+  const bool ends_;
+};
+
+void shifted() {
+  const std::locale shifts(std::locale::classic(), new shifting);
+  {
+    std::filebuf b;
+    b.pubimbue(shifts);
+    b.open(path, out);
+    CHECK(b.sputn("aB", 2) == 2 && b.sputc('C') == 'C');
+    CHECK_INT(b.pubseekoff(0, ios_base::cur), 4);
+    CHECK(b.sputc('D') == 'D' && b.close() == &b);
+    CHECK_TEXT(content().c_str(), "a<bcd>");
+    b.open(path, out);
+    b.sputc('E');
+    CHECK_INT(b.pubseekpos(0), 0);
+    b.sputc('F');
+    b.pubimbue(std::locale::classic());
+    b.sputc('G');
+    b.pubimbue(shifts);
+    b.sputc('H');
+    CHECK_INT(b.pubseekoff(0, ios_base::end), 7);
+    b.sputc('I');
+  }
+  CHECK_TEXT(content().c_str(), "<f>G<h><i>");
+  std::ofstream refused;
+  refused.imbue(std::locale(std::locale::classic(), new shifting(false)));
+  refused.open(path);
+  refused << 'K';
+  refused.seekp(0);
+  CHECK(refused.fail());
+  refused.clear();
+  refused << 'L';
+  refused.close();
+  CHECK(refused.fail());
+  CHECK_TEXT(content().c_str(), "<k<l");
+}
+
 // Streams never go round what a derived class overrides.
 class upper : public std::filebuf {
 public:
@@ -368,9 +380,9 @@ int main() {
   closed();
   positions();
   growing();
-  both_directions();
   reading_through();
   converting();
+  shifted();
   derived();
   remove(path);
   return TEST_RESULT();

@@ -126,8 +126,8 @@ void callbacks() {
       thrown = true;
     }
     CHECK(thrown);
-  }  // discarded there
-  CHECK_TRACE("");
+  }  // discarded there, and the older one hears
+  CHECK_TRACE("0:A");
   // Before the copy nothing has changed; after it only the mask has not.
   stream from(&buffer), to(&buffer), also_to(&buffer);
   from.exceptions(std::ios::eofbit);

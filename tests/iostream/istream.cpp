@@ -2,7 +2,10 @@
 // test-variants: -O0 | -O2
 
 #include <algorithm>
+#include <bitset>
+#include <complex>
 #include <fstream>
+#include <iomanip>
 #include <iterator>
 #include <sstream>
 
@@ -143,6 +146,32 @@ static std::ios &wide(std::ios &s) {
   return s;
 }
 
+// A buffer that shows its characters one by one and takes none back loses none, whatever is extracted.
+struct one_way_buffer : std::streambuf {
+  const char *at;
+  explicit one_way_buffer(const char *text) : at(text) {}
+  virtual int underflow() { return *at ? static_cast<unsigned char>(*at) : -1; }
+  virtual int uflow() { return *at ? static_cast<unsigned char>(*at++) : -1; }
+};
+static void test_one_way() {
+  one_way_buffer buffer("  ab101cd;3.5 (1,2)4 7x");
+  std::istream in(&buffer);
+  char text[3];
+  std::bitset<9> bits;
+  std::complex<double> a, b;
+  std::string rest;
+  long long wide = 0;
+  in >> std::setw(3) >> text >> bits >> std::ws;
+  CHECK(bits == 5);
+  in.get(text, 3, ';');
+  CHECK_TEXT(text, "cd");
+  in.ignore(9, ';') >> a >> b >> wide;
+  CHECK(in.good() && a == 3.5 && b == std::complex<double>(1, 2) && wide == 4);
+  double number = 0;
+  in >> number >> rest;
+  CHECK(number == 7 && rest == "x");
+}
+
 static void test_manipulators() {
   slow text("ff abcdef");
   int n = 0;
@@ -246,6 +275,7 @@ int main() {
   test_tie();
   test_circles();
   test_ws();
+  test_one_way();
   test_manipulators();
   test_iterators();
   test_rest_of_buffer();

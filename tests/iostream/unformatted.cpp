@@ -4,6 +4,8 @@
 
 #include <limits.h>
 
+#include <strstream>
+
 #include "input_buffers.h"
 
 static void test_get() {
@@ -168,6 +170,24 @@ struct small_buffer : std::streambuf {
   std::string taken;
 };
 
+// Into the array that is being read, where it was read already.
+static void test_in_place() {
+  for (int ahead = 0; ahead < 40; ahead += 3)
+    for (int n = 1; n < 1400; n += n < 40 ? 1 : 97)
+      for (int what = 0; what < 4; ++what) {
+        char array[2000];
+        for (int i = 0; i < 2000; ++i) array[i] = static_cast<char>('a' + i * 7 % 26);
+        const std::string want(array + ahead, n);
+        std::istrstream in(array, 2000);
+        in.ignore(ahead);
+        if (what == 0) in.read(array, n);
+        if (what == 1) in.readsome(array, n);
+        if (what == 2) in.get(array, n + 1);
+        if (what == 3) in.getline(array, n + 1);
+        CHECK(want == std::string(array, n) && in.gcount() == n);
+      }
+}
+
 static void test_into_buffer() {
   for (int piece = 0; piece <= 9; piece += 3) {
     slow_buffer one("ab\ncd");
@@ -237,6 +257,7 @@ int main() {
   test_peek_and_back();
   test_ignore();
   test_read();
+  test_in_place();
   test_into_buffer();
   test_positions();
   return TEST_RESULT();

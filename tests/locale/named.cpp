@@ -3,6 +3,7 @@
 
 #include <locale.h>
 
+#include <sstream>
 #include <stdexcept>
 
 #include "locale_check.h"
@@ -65,6 +66,32 @@ static void categories() {
   CHECK(point(environment) == ',' && environment.name() == "");
 }
 
+// The name that setlocale has for categories that differ.
+static void mixtures() {
+  setlocale(LC_ALL, "xx_JP");
+  setlocale(LC_NUMERIC, "xx_DE");
+  setlocale(LC_TIME, "xx_FR");
+  const std::string name = c_library();
+  setlocale(LC_ALL, "C");
+  const locale mixed(name.c_str());
+  CHECK(mixed.name() == name && point(mixed) == ',' && mixed == locale(name.c_str()));
+  CHECK(point(locale(locale::classic(), name.c_str(), locale::numeric)) == ',');
+  CHECK(std::use_facet<std::moneypunct<char> >(mixed).curr_symbol() ==
+        std::use_facet<std::moneypunct<char> >(locale("xx_JP")).curr_symbol());
+  std::time_put<char> *const dates = new std::time_put_byname<char>(name.c_str());
+  const locale french(locale::classic(), dates);
+  tm new_year = tm();
+  std::ostringstream month;
+  dates->put(month, month, ' ', &new_year, 'B');
+  CHECK_TEXT(month.str().c_str(), "janvier");
+  const locale classes(locale::classic(), new std::ctype_byname<char>(name.c_str()));
+  locale::global(mixed);
+  CHECK_TEXT(c_library(), name.c_str());
+  locale::global(locale::classic());
+  CHECK_THROWS(std::runtime_error, "Invalid locale name\n", locale("LC_CTYPE=C;LC_NUMERIC=xx_DE"));
+  CHECK_THROWS(std::runtime_error, "Invalid locale name\n", new std::numpunct<char>("LC_TIME=C;LC_MONETARY=C"));
+}
+
 static void by_name() {
   const locale german(locale(locale::classic(), new std::ctype_byname<char>("xx_DE")),
                       new std::collate_byname<char>("xx_DE"));
@@ -106,6 +133,7 @@ int main() {
   c_library_is_kept();
   name_is_not_used();
   categories();
+  mixtures();
   by_name();
   the_default();
   return TEST_RESULT();

@@ -59,6 +59,15 @@ struct grouped : std::numpunct<char> {
   char point_;
 };
 
+// Digits, signs and letters of another alphabet.
+struct coded : std::ctype<char> {
+  virtual char do_widen(char c) const { return static_cast<char>(c ^ 0x40); }
+  virtual const char *do_widen(const char *from, const char *end, char *to) const {
+    while (from != end) *to++ = do_widen(*from++);
+    return end;
+  }
+};
+
 // Adds a flag now and then. One at a time: compilers differ in the order in which they compute operands.
 static void maybe_set(base &str, base::fmtflags one) {
   if (below(3) == 0) str.setf(one);
@@ -99,6 +108,7 @@ int main() {
     std::basic_ios<char> str(&buffer);
     const char *const grouping = sizes[below(5)];
     if (i % 4) str.imbue(std::locale(std::locale::classic(), new grouped(grouping, below(2) ? '.' : ',')));
+    if (i % 16 > 13) str.imbue(std::locale(str.getloc(), new coded));
     const bool may_group = i % 4 && *grouping;
     set_random_flags(str);
     str.width(below(2) ? 0 : below(25));
