@@ -23,6 +23,23 @@ const ctype_base::mask ctype_base::graph;
 locale::id ctype<char>::id;
 const size_t ctype<char>::table_size;
 
+#define FOUR(c) c, c + 1, c + 2, c + 3
+#define SIXTEEN(c) FOUR(c), FOUR(c + 4), FOUR(c + 8), FOUR(c + 12)
+#define LETTERS(a) SIXTEEN(a), FOUR(a + 16), FOUR(a + 20), a + 24, a + 25
+#define UPPER_HALF \
+  SIXTEEN(128), SIXTEEN(144), SIXTEEN(160), SIXTEEN(176), SIXTEEN(192), SIXTEEN(208), SIXTEEN(224), SIXTEEN(240)
+#define CASES(...) \
+  { -1, __VA_ARGS__, UPPER_HALF, 0 }
+const short ctype<char>::toupper_tab[258] = CASES(SIXTEEN(0), SIXTEEN(16), SIXTEEN(32), SIXTEEN(48), SIXTEEN(64),
+                                                  SIXTEEN(80), 96, LETTERS('A'), 123, FOUR(124));
+const short ctype<char>::tolower_tab[258] =
+    CASES(SIXTEEN(0), SIXTEEN(16), SIXTEEN(32), SIXTEEN(48), 64, LETTERS('a'), 91, FOUR(92), SIXTEEN(96), SIXTEEN(112));
+#undef FOUR
+#undef SIXTEEN
+#undef LETTERS
+#undef UPPER_HALF
+#undef CASES
+
 namespace {
 
 typedef ctype_base base;

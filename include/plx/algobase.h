@@ -52,9 +52,6 @@ template <> struct swap_elements<true> {
   template <class _A, class _Bt> static void _run(_A _a, _Bt _b) { __zor::swap_objects(*_a, *_b); }
 };
 
-template <class _Reference> struct is_lvalue_of { static const bool value = false; };
-template <class _T> struct is_lvalue_of<_T &> { static const bool value = true; };
-
 template <class _A, class _Bt> struct swapped_as_lvalues {
   typedef typename std::iterator_traits<_A>::reference _a_reference;
   typedef typename std::iterator_traits<_Bt>::reference _b_reference;
@@ -83,7 +80,7 @@ namespace _functions {
 // ---- Copies of bytes -----------------------------------------------------------------------------------------------
 
 template <class _T> inline void move_bytes(_T *_to, const _T *_from, std::size_t _n) {
-  if (_n != 0) memmove(static_cast<void *>(_to), static_cast<const void *>(_from), _n * sizeof(_T));
+  if (_n != 0) ::memmove(static_cast<void *>(_to), static_cast<const void *>(_from), _n * sizeof(_T));
 }
 
 // Do both ends point to elements whose assignment is a copy of bytes?
@@ -264,6 +261,17 @@ namespace _functions {
 
 // ---- fill, fill_n --------------------------------------------------------------------------------------------------
 
+// A count, which may be an enumerator or of a class that converts to a number, as an integer.
+inline int _count_of(int _n) PLX_NOTHROW { return _n; }
+inline unsigned int _count_of(unsigned int _n) PLX_NOTHROW { return _n; }
+inline long _count_of(long _n) PLX_NOTHROW { return _n; }
+inline unsigned long _count_of(unsigned long _n) PLX_NOTHROW { return _n; }
+inline _longest _count_of(_longest _n) PLX_NOTHROW { return _n; }
+inline unsigned_longest _count_of(unsigned_longest _n) PLX_NOTHROW { return _n; }
+inline _longest _count_of(float _n) PLX_NOTHROW { return static_cast<_longest>(_n); }
+inline _longest _count_of(double _n) PLX_NOTHROW { return static_cast<_longest>(_n); }
+inline _longest _count_of(long double _n) PLX_NOTHROW { return static_cast<_longest>(_n); }
+
 enum fill_road { fill_each, fill_scalars, fill_bytes, fill_blocks };
 
 template <class _Out, class _V, bool _segmented> struct fill_road_of {
@@ -297,8 +305,8 @@ template <> struct _filler<fill_bytes> {
     if (_first == _last) return;
     *_first = _value;
     unsigned char _byte;
-    memcpy(&_byte, _first, 1);
-    memset(static_cast<void *>(_first), _byte, static_cast<std::size_t>(_last - _first));
+    ::memcpy(&_byte, _first, 1);
+    ::memset(static_cast<void *>(_first), _byte, static_cast<std::size_t>(_last - _first));
   }
 };
 template <> struct _filler<fill_blocks> {
@@ -334,9 +342,9 @@ template <class _Forward, class _T> inline void fill(_Forward _first, _Forward _
 // The place after the last element filled is returned in every dialect, though only later ones ask for it.
 template <class _Out, class _Size, class _T> inline _Out fill_n(_Out _first, _Size _n, const _T &_value) {
   typedef typename __zor::_unwrapped<_Out>::_type _plain;
-  const bool _counted =
-      (__zor::is_pointer<_plain>::value || __zor::is_segmented<_plain>::value) && __zor::is_integral<_Size>::value;
-  return __zor::_rewrap(_first, __zor::n_filler<_counted>::_run(__zor::_unwrap(_first), _n, _value));
+  const bool _counted = __zor::is_pointer<_plain>::value || __zor::is_segmented<_plain>::value;
+  return __zor::_rewrap(_first,
+                        __zor::n_filler<_counted>::_run(__zor::_unwrap(_first), __zor::_count_of(_n), _value));
 }
 
 }  // namespace std
@@ -360,29 +368,29 @@ template <class _T, class _Ut> struct ordered_by_memcmp<_T *, _Ut *> {
 template <bool _bytes> struct _equality {
   template <class _A, class _Bt> static bool _run(_A _first, _A _last, _Bt _other) {
     for (; _first != _last; ++_first, (void)++_other)
-      if (!(*_first == *_other)) return false;
+      if (!bool(*_first == *_other)) return false;
     return true;
   }
 };
 template <> struct _equality<true> {
   template <class _T, class _Ut> static bool _run(_T *_first, _T *_last, _Ut *_other) {
-    return _first == _last || memcmp(_first, _other, static_cast<std::size_t>(_last - _first) * sizeof(_T)) == 0;
+    return _first == _last || ::memcmp(_first, _other, static_cast<std::size_t>(_last - _first) * sizeof(_T)) == 0;
   }
 };
 
 template <bool _bytes> struct text_order {
   template <class _A, class _Bt> static bool _run(_A _first, _A _last, _Bt _other, _Bt _other_last) {
-    for (; _first != _last && _other != _other_last; ++_first, (void)++_other) {
+    for (; bool(_first != _last) && bool(_other != _other_last); ++_first, (void)++_other) {
       if (*_first < *_other) return true;
       if (*_other < *_first) return false;
     }
-    return _first == _last && _other != _other_last;
+    return bool(_first == _last) && bool(_other != _other_last);
   }
 };
 template <> struct text_order<true> {
   template <class _T, class _Ut> static bool _run(_T *_first, _T *_last, _Ut *_other, _Ut *_other_last) {
     const std::ptrdiff_t _n = _last - _first, _m = _other_last - _other, _both = _n < _m ? _n : _m;
-    const int _order = _both ? memcmp(_first, _other, static_cast<std::size_t>(_both)) : 0;
+    const int _order = _both ? ::memcmp(_first, _other, static_cast<std::size_t>(_both)) : 0;
     return _order != 0 ? _order < 0 : _n < _m;
   }
 };
@@ -400,12 +408,12 @@ template <class _A, class _Bt> inline bool equal(_A _first, _A _last, _Bt _other
 }
 template <class _A, class _Bt, class _Equal> inline bool equal(_A _first, _A _last, _Bt _other, _Equal _same) {
   for (; _first != _last; ++_first, (void)++_other)
-    if (!_same(*_first, *_other)) return false;
+    if (!bool(_same(*_first, *_other))) return false;
   return true;
 }
 
 template <class _A, class _Bt> inline pair<_A, _Bt> mismatch(_A _first, _A _last, _Bt _other) {
-  while (_first != _last && *_first == *_other) {
+  while (bool(_first != _last) && bool(*_first == *_other)) {
     ++_first;
     ++_other;
   }
@@ -413,7 +421,7 @@ template <class _A, class _Bt> inline pair<_A, _Bt> mismatch(_A _first, _A _last
 }
 template <class _A, class _Bt, class _Equal>
 inline pair<_A, _Bt> mismatch(_A _first, _A _last, _Bt _other, _Equal _same) {
-  while (_first != _last && _same(*_first, *_other)) {
+  while (bool(_first != _last) && bool(_same(*_first, *_other))) {
     ++_first;
     ++_other;
   }
@@ -428,11 +436,11 @@ template <class _A, class _Bt> inline bool lexicographical_compare(_A _first, _A
 }
 template <class _A, class _Bt, class _Compare>
 inline bool lexicographical_compare(_A _first, _A _last, _Bt _other, _Bt _other_last, _Compare _before) {
-  for (; _first != _last && _other != _other_last; ++_first, (void)++_other) {
+  for (; bool(_first != _last) && bool(_other != _other_last); ++_first, (void)++_other) {
     if (_before(*_first, *_other)) return true;
     if (_before(*_other, *_first)) return false;
   }
-  return _first == _last && _other != _other_last;
+  return bool(_first == _last) && bool(_other != _other_last);
 }
 
 }  // namespace std

@@ -51,6 +51,9 @@ public:
   void destroy(pointer _object) { _object->~_T(); }
 };
 
+// In two forms: that of one type is the more special one where a program has templates of its own for all types.
+template <class _T> inline bool operator==(const allocator<_T> &, const allocator<_T> &) PLX_NOTHROW { return true; }
+template <class _T> inline bool operator!=(const allocator<_T> &, const allocator<_T> &) PLX_NOTHROW { return false; }
 template <class _T, class _Ut> inline bool operator==(const allocator<_T> &, const allocator<_Ut> &) PLX_NOTHROW {
   return true;
 }

@@ -10,14 +10,15 @@
 namespace __zor {
 namespace _functions {
 
-template <class _Forward, class _T, class _Before>
-_Forward lower_bound(_Forward _first, _Forward _last, const _T &_value, _Before &_before) {
+// The value is given as a pointer to it, or as an iterator: an order may take elements as changeable ones.
+template <class _Forward, class _Wanted, class _Before>
+_Forward lower_bound(_Forward _first, _Forward _last, _Wanted _wanted, _Before &_before) {
   typedef typename std::iterator_traits<_Forward>::difference_type _distance_type;
   for (_distance_type _n = std::distance(_first, _last); _n > 0;) {
     const _distance_type _half = _n / 2;
     _Forward _middle = _first;
     std::advance(_middle, _half);
-    if (_before(*_middle, _value)) {
+    if (_before(*_middle, *_wanted)) {
       _first = _middle;
       ++_first;
       _n -= _half + 1;
@@ -28,14 +29,14 @@ _Forward lower_bound(_Forward _first, _Forward _last, const _T &_value, _Before 
   return _first;
 }
 
-template <class _Forward, class _T, class _Before>
-_Forward upper_bound(_Forward _first, _Forward _last, const _T &_value, _Before &_before) {
+template <class _Forward, class _Wanted, class _Before>
+_Forward upper_bound(_Forward _first, _Forward _last, _Wanted _wanted, _Before &_before) {
   typedef typename std::iterator_traits<_Forward>::difference_type _distance_type;
   for (_distance_type _n = std::distance(_first, _last); _n > 0;) {
     const _distance_type _half = _n / 2;
     _Forward _middle = _first;
     std::advance(_middle, _half);
-    if (_before(_value, *_middle)) {
+    if (_before(*_wanted, *_middle)) {
       _n = _half;
     } else {
       _first = _middle;
@@ -78,11 +79,11 @@ inline _T *scalar_bound(_T *_first, _T *_last, const _V _value, _Before &_before
 template <bool _scalar> struct _bounds {
   template <class _Forward, class _T, class _Before>
   static _Forward _lower(_Forward _first, _Forward _last, const _T &_value, _Before &_before) {
-    return __zor::lower_bound(_first, _last, _value, _before);
+    return __zor::lower_bound(_first, _last, __zor::address_of(_value), _before);
   }
   template <class _Forward, class _T, class _Before>
   static _Forward _upper(_Forward _first, _Forward _last, const _T &_value, _Before &_before) {
-    return __zor::upper_bound(_first, _last, _value, _before);
+    return __zor::upper_bound(_first, _last, __zor::address_of(_value), _before);
   }
 };
 template <> struct _bounds<true> {
@@ -140,8 +141,9 @@ pair<_Forward, _Forward> equal_range(_Forward _first, _Forward _last, const _T &
     } else {
       _Forward _end = _first;
       std::advance(_end, _n);
-      const _Forward _lower = __zor::lower_bound(_first, _middle, _value, _before);
-      return pair<_Forward, _Forward>(_lower, __zor::upper_bound(++_middle, _end, _value, _before));
+      const _T *const _wanted = __zor::address_of(_value);
+      const _Forward _lower = __zor::lower_bound(_first, _middle, _wanted, _before);
+      return pair<_Forward, _Forward>(_lower, __zor::upper_bound(++_middle, _end, _wanted, _before));
     }
   }
   return pair<_Forward, _Forward>(_first, _first);
@@ -154,7 +156,7 @@ inline pair<_Forward, _Forward> equal_range(_Forward _first, _Forward _last, con
 template <class _Forward, class _T, class _Compare>
 inline bool binary_search(_Forward _first, _Forward _last, const _T &_value, _Compare _before) {
   _first = std::lower_bound(_first, _last, _value, _before);
-  return _first != _last && !_before(_value, *_first);
+  return bool(_first != _last) && !bool(_before(_value, *_first));
 }
 template <class _Forward, class _T> inline bool binary_search(_Forward _first, _Forward _last, const _T &_value) {
   return std::binary_search(_first, _last, _value, __zor::by_less());

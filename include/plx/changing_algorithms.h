@@ -76,11 +76,12 @@ _Out unique_copy(_In _first, _In _last, _Out _out, _Predicate &_same, std::input
   // What an input iterator gave may not be looked at again, nor can what was written be read.
   typename std::iterator_traits<_In>::value_type _kept = *_first;
   *_out = _kept;
-  while (++_out, ++_first != _last) {
-    while (_same(_kept, *_first))
-      if (++_first == _last) return _out;
+  ++_out;
+  while (++_first != _last) {
+    if (_same(_kept, *_first)) continue;
     _kept = *_first;
     *_out = _kept;
+    ++_out;
   }
   return _out;
 }
@@ -88,13 +89,20 @@ template <class _Predicate, class _In, class _Out>
 _Out unique_copy(_In _first, _In _last, _Out _out, _Predicate &_same, std::forward_iterator_tag) {
   _In _kept = _first;
   *_out = *_kept;
-  while (++_out, ++_first != _last) {
-    while (_same(*_kept, *_first))
-      if (++_first == _last) return _out;
+  ++_out;
+  while (++_first != _last) {
+    if (_same(*_kept, *_first)) continue;
     _kept = _first;
     *_out = *_kept;
+    ++_out;
   }
   return _out;
+}
+
+template <class _Out, class _Count, class _Generator>
+inline _Out generate_counted(_Out _first, _Count _n, _Generator &_next) {
+  for (; _n > 0; --_n, (void)++_first) *_first = _next();
+  return _first;
 }
 
 }  // namespace _functions
@@ -149,8 +157,7 @@ template <class _Forward, class _Generator> inline void generate(_Forward _first
 }
 // The place after the last element made is returned in every dialect, though only later ones ask for it.
 template <class _Out, class _Size, class _Generator> inline _Out generate_n(_Out _first, _Size _n, _Generator _next) {
-  for (; _n > 0; --_n, (void)++_first) *_first = _next();
-  return _first;
+  return __zor::generate_counted(_first, __zor::_count_of(_n), _next);
 }
 
 template <class _Forward, class _T> inline _Forward remove(_Forward _first, _Forward _last, const _T &_value) {
@@ -163,7 +170,7 @@ template <class _Forward, class _T> inline _Forward remove(_Forward _first, _For
 }
 template <class _Forward, class _Predicate>
 inline _Forward remove_if(_Forward _first, _Forward _last, _Predicate _predicate) {
-  while (_first != _last && !_predicate(*_first)) ++_first;
+  while (bool(_first != _last) && !bool(_predicate(*_first))) ++_first;
   if (_first == _last) return _first;
   _Forward _out = _first;
   for (++_first; _first != _last; ++_first) {

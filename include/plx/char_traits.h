@@ -1,4 +1,5 @@
-// char_traits<char> (1998, 21.1) and the position types that it names.
+// char_traits<char> and char_traits<wchar_t> (1998, 21.1), and the position types that they name. Those of wchar_t are
+// for a program's own use: strings and streams are of char only.
 #ifndef PLX_CHAR_TRAITS_H
 #define PLX_CHAR_TRAITS_H
 
@@ -58,6 +59,41 @@ template <> struct PLX_API char_traits<char> {
   static int to_int_type(const char &_c) PLX_NOTHROW { return static_cast<unsigned char>(_c); }
   static bool eq_int_type(const int &_left, const int &_right) PLX_NOTHROW { return _left == _right; }
   static int eof() PLX_NOTHROW { return -1; }
+};
+
+template <> struct char_traits<wchar_t> {
+  typedef wchar_t char_type;
+  typedef wint_t int_type;
+  typedef streamoff off_type;
+  typedef streampos pos_type;
+  typedef mbstate_t state_type;
+
+  static void assign(wchar_t &_to, const wchar_t &_from) PLX_NOTHROW { _to = _from; }
+  static bool eq(const wchar_t &_left, const wchar_t &_right) PLX_NOTHROW { return _left == _right; }
+  static bool lt(const wchar_t &_left, const wchar_t &_right) PLX_NOTHROW { return _left < _right; }
+
+  static int compare(const wchar_t *_left, const wchar_t *_right, size_t _n) PLX_NOTHROW {
+    return _n == 0 ? 0 : ::wmemcmp(_left, _right, _n);
+  }
+  static size_t length(const wchar_t *_text) PLX_NOTHROW { return ::wcslen(_text); }
+  static const wchar_t *find(const wchar_t *_text, size_t _n, const wchar_t &_c) PLX_NOTHROW {
+    return _n == 0 ? 0 : ::wmemchr(_text, _c, _n);
+  }
+  static wchar_t *move(wchar_t *_to, const wchar_t *_from, size_t _n) PLX_NOTHROW {
+    return _n == 0 ? _to : ::wmemmove(_to, _from, _n);
+  }
+  static wchar_t *copy(wchar_t *_to, const wchar_t *_from, size_t _n) PLX_NOTHROW {
+    return _n == 0 ? _to : ::wmemcpy(_to, _from, _n);
+  }
+  static wchar_t *assign(wchar_t *_to, size_t _n, wchar_t _c) PLX_NOTHROW {
+    return _n == 0 ? _to : ::wmemset(_to, _c, _n);
+  }
+
+  static wint_t not_eof(const wint_t &_c) PLX_NOTHROW { return _c == eof() ? 0 : _c; }
+  static wchar_t to_char_type(const wint_t &_c) PLX_NOTHROW { return static_cast<wchar_t>(_c); }
+  static wint_t to_int_type(const wchar_t &_c) PLX_NOTHROW { return static_cast<wint_t>(_c); }
+  static bool eq_int_type(const wint_t &_left, const wint_t &_right) PLX_NOTHROW { return _left == _right; }
+  static wint_t eof() PLX_NOTHROW { return WEOF; }
 };
 
 }  // namespace std

@@ -111,7 +111,15 @@ template <class _T> inline complex<_T> pow(const complex<_T> &_x, const _T &_y) 
 template <class _T> inline complex<_T> pow(const _T &_x, const complex<_T> &_y) {
   return __zor::complex_power(complex<_T>(_x), _y);
 }
+#if __cplusplus < 201103L
 template <class _T> inline complex<_T> pow(const complex<_T> &_x, int _n) { return __zor::complex_power(_x, _n); }
+#else
+// From 2011 on an integer takes part as a double.
+template <class _T>
+inline complex<typename __plx_math::__common<_T, int>::__type> pow(const complex<_T> &_x, int _n) {
+  return __zor::complex_power(complex<typename __plx_math::__common<_T, int>::__type>(_x), _n);
+}
+#endif
 
 // Arguments of different types meet in the wider one. Without these, pow(z, 0.5f) would round the exponent to an int.
 template <class _T, class _Ut>

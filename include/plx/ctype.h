@@ -39,6 +39,10 @@ public:
   static locale::id id;
   static const size_t table_size = 256;
 
+  // plx's own: the upper and the lower case of the character c at c + 1, for c from -1 (eof) to 255.
+  static const short toupper_tab[258];
+  static const short tolower_tab[258];
+
   // A table has 256 masks. With `_del` the destructor frees it, by operator delete; without a table, it is the classic.
   explicit ctype(const mask *_table = 0, bool _del = false, size_t _refs = 0) PLX_NOTHROW;
 

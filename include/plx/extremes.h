@@ -40,10 +40,10 @@ bool next_permutation(_Bidirectional _first, _Bidirectional _last, _Compare _bef
   while (_at != _first) {
     const _Bidirectional _next = _at;
     --_at;
-    if (!_before(*_at, *_next)) continue;
+    if (!bool(_before(*_at, *_next))) continue;
     _Bidirectional _other = _last;
     do --_other;
-    while (!_before(*_at, *_other));
+    while (!bool(_before(*_at, *_other)));
     std::iter_swap(_at, _other);
     std::reverse(_next, _last);
     return true;
@@ -63,10 +63,10 @@ bool prev_permutation(_Bidirectional _first, _Bidirectional _last, _Compare _bef
   while (_at != _first) {
     const _Bidirectional _next = _at;
     --_at;
-    if (!_before(*_next, *_at)) continue;
+    if (!bool(_before(*_next, *_at))) continue;
     _Bidirectional _other = _last;
     do --_other;
-    while (!_before(*_other, *_at));
+    while (!bool(_before(*_other, *_at)));
     std::iter_swap(_at, _other);
     std::reverse(_next, _last);
     return true;

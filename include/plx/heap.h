@@ -14,8 +14,8 @@ namespace _functions {
 template <class _Iterator, class _Distance, class _Before>
 void _rise(_Iterator _first, _Distance _at, _Distance _top, held_element<_Iterator> &_held, _Before &_before) {
   while (_at > _top) {
-    const _Distance _parent = (_at - 1) / 2;
-    if (!_before(*(_first + _parent), _held.value)) break;
+    const _Distance _parent = static_cast<_Distance>((_at - 1) / 2);
+    if (!bool(_before(*(_first + _parent), _held.value))) break;
     _held._fill_from(_first + _parent);
     _at = _parent;
   }
@@ -24,16 +24,17 @@ void _rise(_Iterator _first, _Distance _at, _Distance _top, held_element<_Iterat
 
 template <class _Iterator, class _Distance, class _Before>
 void _sink(_Iterator _first, _Distance _at, _Distance _n, held_element<_Iterator> &_held, _Before &_before) {
-  const _Distance _top = _at;
-  _Distance _child = 2 * _at + 1;
-  for (; _child < _n - 1; _child = 2 * _at + 1) {
+  // Those before `_pairs` have two children. No number is greater than _n, which may be all that a _Distance holds.
+  const _Distance _top = _at, _pairs = static_cast<_Distance>((_n - 1) / 2);
+  while (_at < _pairs) {
+    _Distance _child = static_cast<_Distance>(2 * _at + 1);
     if (_before(*(_first + _child), *(_first + (_child + 1)))) ++_child;
     _held._fill_from(_first + _child);
     _at = _child;
   }
-  if (_child < _n) {
-    _held._fill_from(_first + _child);
-    _at = _child;
+  if (_at == _pairs && _n % 2 == 0) {
+    _at = static_cast<_Distance>(_n - 1);
+    _held._fill_from(_first + _at);
   }
   __zor::_rise(_first, _at, _top, _held, _before);
 }
@@ -43,7 +44,7 @@ template <class _Iterator, class _Before> void push_heap(_Iterator _first, _Iter
   const _distance_type _n = _last - _first;
   if (_n < 2) return;
   held_element<_Iterator> _held(_last - 1);
-  __zor::_rise(_first, _n - 1, _distance_type(0), _held, _before);
+  __zor::_rise(_first, static_cast<_distance_type>(_n - 1), _distance_type(0), _held, _before);
 }
 
 template <class _Iterator, class _Before> void pop_heap(_Iterator _first, _Iterator _last, _Before &_before) {
@@ -74,7 +75,7 @@ void select_heap(_Iterator _first, _Iterator _middle, _Iterator _last, _Before &
   typedef typename std::iterator_traits<_Iterator>::difference_type _distance_type;
   __zor::make_heap(_first, _middle, _before);
   for (_Iterator _at = _middle; _at < _last; ++_at) {
-    if (!_before(*_at, *_first)) continue;
+    if (!bool(_before(*_at, *_first))) continue;
     held_element<_Iterator> _held(_at);
     _held._fill_from(_first);
     __zor::_sink(_first, _distance_type(0), _distance_type(_middle - _first), _held, _before);

@@ -6,6 +6,7 @@
 #include <stddef.h>
 
 #include <plx/config.h>
+#include <plx/type_properties.h>
 
 namespace std {
 
@@ -55,6 +56,7 @@ template <class _T> struct iterator_traits<const _T *> {
 
 namespace __zor {
 
+// In the iterator's own type of distance: what a program counts with may be an enumerator, or convert to a number.
 template <class _Iterator, class _Distance> inline void advance(_Iterator &_at, _Distance _n, std::input_iterator_tag) {
   for (; _n > 0; --_n) ++_at;
 }
@@ -67,7 +69,7 @@ inline void advance(_Iterator &_at, _Distance _n, std::bidirectional_iterator_ta
 
 template <class _Iterator, class _Distance>
 inline void advance(_Iterator &_at, _Distance _n, std::random_access_iterator_tag) {
-  _at += static_cast<typename std::iterator_traits<_Iterator>::difference_type>(_n);
+  _at += _n;
 }
 
 template <class _Iterator>
@@ -89,7 +91,8 @@ inline typename std::iterator_traits<_Iterator>::difference_type distance(_Itera
 namespace std {
 
 template <class _Iterator, class _Distance> inline void advance(_Iterator &_at, _Distance _n) {
-  __zor::advance(_at, _n, typename iterator_traits<_Iterator>::iterator_category());
+  typedef typename iterator_traits<_Iterator>::difference_type _distance_type;
+  __zor::advance(_at, static_cast<_distance_type>(_n), typename iterator_traits<_Iterator>::iterator_category());
 }
 
 template <class _Iterator>
@@ -118,7 +121,7 @@ public:
     _Iterator _before = current;
     return *--_before;
   }
-  pointer operator->() const { return &operator*(); }
+  pointer operator->() const { return __zor::address_of(operator*()); }
   reference operator[](difference_type _n) const { return *(*this + _n); }
 
   reverse_iterator &operator++() {
@@ -154,29 +157,29 @@ protected:
   _Iterator current;
 };
 
-template <class _A, class _Bt>
-inline bool operator==(const reverse_iterator<_A> &_left, const reverse_iterator<_Bt> &_right) {
-  return _left.base() == _right.base();
-}
-template <class _A, class _Bt>
-inline bool operator!=(const reverse_iterator<_A> &_left, const reverse_iterator<_Bt> &_right) {
-  return _left.base() != _right.base();
-}
-template <class _A, class _Bt>
-inline bool operator<(const reverse_iterator<_A> &_left, const reverse_iterator<_Bt> &_right) {
-  return _right.base() < _left.base();
-}
-template <class _A, class _Bt>
-inline bool operator>(const reverse_iterator<_A> &_left, const reverse_iterator<_Bt> &_right) {
-  return _left.base() < _right.base();
-}
-template <class _A, class _Bt>
-inline bool operator<=(const reverse_iterator<_A> &_left, const reverse_iterator<_Bt> &_right) {
-  return !(_left.base() < _right.base());
-}
-template <class _A, class _Bt>
-inline bool operator>=(const reverse_iterator<_A> &_left, const reverse_iterator<_Bt> &_right) {
-  return !(_right.base() < _left.base());
+// Each in two forms. That of one type is the more special one where a program has templates of its own for all types,
+// as those of rel_ops are.
+#define PLX_REVERSE_COMPARISON(symbol, result)                                                                \
+  template <class _A>                                                                                         \
+  inline bool operator symbol(const reverse_iterator<_A> &_left, const reverse_iterator<_A> &_right) {        \
+    return result;                                                                                            \
+  }                                                                                                           \
+  template <class _A, class _Bt>                                                                              \
+  inline bool operator symbol(const reverse_iterator<_A> &_left, const reverse_iterator<_Bt> &_right) {       \
+    return result;                                                                                            \
+  }
+PLX_REVERSE_COMPARISON(==, _left.base() == _right.base())
+PLX_REVERSE_COMPARISON(!=, _left.base() != _right.base())
+PLX_REVERSE_COMPARISON(<, _right.base() < _left.base())
+PLX_REVERSE_COMPARISON(>, _left.base() < _right.base())
+PLX_REVERSE_COMPARISON(<=, !bool(_left.base() < _right.base()))
+PLX_REVERSE_COMPARISON(>=, !bool(_right.base() < _left.base()))
+#undef PLX_REVERSE_COMPARISON
+
+template <class _A>
+inline typename reverse_iterator<_A>::difference_type operator-(const reverse_iterator<_A> &_left,
+                                                                const reverse_iterator<_A> &_right) {
+  return _right.base() - _left.base();
 }
 template <class _A, class _Bt>
 inline typename reverse_iterator<_A>::difference_type operator-(const reverse_iterator<_A> &_left,

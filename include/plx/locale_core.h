@@ -51,8 +51,10 @@ public:
   locale(const locale &_other, const char *_name, category _categories);
   locale(const locale &_other, const locale &_one, category _categories);
 
-  // A copy of `_other`, without a name, that holds `_facet` under _Facet::id; with a null `_facet` just a copy.
-  template <class _Facet> locale(const locale &_other, _Facet *_facet) : _imp_(_with(_other, _facet, _Facet::id)) {}
+  // A copy of `_other`, without a name, that holds `_facet` under _Facet::id; with a null `_facet` just a copy. _Facet
+  // may be const, as in what use_facet returned: locales change no facet, they only count it.
+  template <class _Facet> locale(const locale &_other, _Facet *_facet)
+      : _imp_(_with(_other, const_cast<facet *>(static_cast<const facet *>(_facet)), _Facet::id)) {}
 
   ~locale() PLX_NOTHROW;
   const locale &operator=(const locale &_other) PLX_NOTHROW;

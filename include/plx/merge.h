@@ -63,11 +63,11 @@ private:
 // Scalars: which side an element comes from is a number, not a branch.
 template <class _T, class _Before>
 void merge_forward(_T *_first, _T *_middle, _T *_last, _T *_buffer, _Before &_before, _yes) {
-  const _T *_left = _buffer, *const _left_end = _buffer + (_middle - _first);
+  _T *_left = _buffer, *const _left_end = _buffer + (_middle - _first);
   __zor::move_bytes(_buffer, _first, static_cast<std::size_t>(_middle - _first));
   while (_left != _left_end && _middle != _last) {
-    const _T _a = *_left, _b = *_middle;
-    std::size_t _from_right = _before(_b, _a);
+    _T _a = *_left, _b = *_middle;
+    std::size_t _from_right = bool(_before(_b, _a));
     *_first = _from_right ? _b : _a;
     ++_first;
     __asm__("" : "+r"(_from_right));
@@ -81,7 +81,7 @@ void merge_forward(_T *_first, _T *_middle, _T *_last, _T *_buffer, _Before &_be
 template <class _Iterator, class _T, class _Before>
 void merge_forward(_Iterator _first, _Iterator _middle, _Iterator _last, _T *_buffer, _Before &_before, _no) {
   buffered_side<_Iterator, _T> _left(_buffer, _first, _middle);
-  while (_left.next != _left.end && _middle != _last) {
+  while (_left.next != _left.end && bool(_middle != _last)) {
     if (_before(*_middle, *_left.next)) {
       *_left._gap = __zor::move_from(_middle);
       ++_middle;
@@ -100,7 +100,7 @@ template <class _Iterator, class _T, class _Before>
 void merge_backward(_Iterator _first, _Iterator _middle, _Iterator _last, _T *_buffer, _Before &_before) {
   buffered_side<_Iterator, _T> _right(_buffer, _middle, _last);
   _Iterator _to = _last;
-  while (_right.next != _right.end && _first != _middle) {
+  while (_right.next != _right.end && bool(_first != _middle)) {
     _Iterator _left_last = _middle;
     --_left_last;
     _T *_right_last = _right.end - 1;
@@ -142,12 +142,12 @@ void merge_neighbours(_Iterator _first, _Iterator _middle, _Iterator _last, _Dis
     if (_m > _n) {
       _left_n = _m / 2;
       std::advance(_left_cut, _left_n);
-      _right_cut = __zor::lower_bound(_middle, _last, *_left_cut, _before);
+      _right_cut = __zor::lower_bound(_middle, _last, _left_cut, _before);
       _right_n = static_cast<_Distance>(std::distance(_middle, _right_cut));
     } else {
       _right_n = _n / 2;
       std::advance(_right_cut, _right_n);
-      _left_cut = __zor::upper_bound(_first, _middle, *_right_cut, _before);
+      _left_cut = __zor::upper_bound(_first, _middle, _right_cut, _before);
       _left_n = static_cast<_Distance>(std::distance(_first, _left_cut));
     }
     const _Iterator _new_middle = __zor::rotate_range(_left_cut, _middle, _right_cut);
@@ -177,7 +177,7 @@ void merge_sort(_Iterator _first, _Iterator _last, _Distance _n, _T *_buffer, _D
   const _Iterator _middle = _first + _half;
   __zor::merge_sort(_first, _middle, _half, _buffer, _room, _before);
   __zor::merge_sort(_middle, _last, static_cast<_Distance>(_n - _half), _buffer, _room, _before);
-  if (!_before(*_middle, *(_middle - 1))) return;
+  if (!bool(_before(*_middle, *(_middle - 1)))) return;
   __zor::merge_neighbours(_first, _middle, _last, _half, static_cast<_Distance>(_n - _half), _buffer, _room, _before);
 }
 
@@ -206,7 +206,7 @@ template <bool _descending, class _T> inline unsigned int digit_of(_T _value, in
 
 template <bool _descending, class _T> void sort_by_digits(_T *_first, std::size_t _n, _T *_buffer) {
   std::size_t _counts[sizeof(_T)][256];
-  memset(_counts, 0, sizeof _counts);
+  ::memset(_counts, 0, sizeof _counts);
   for (std::size_t _i = 0; _i < _n; ++_i)
     for (unsigned int _k = 0; _k < sizeof(_T); ++_k)
       ++_counts[_k][__zor::digit_of<_descending>(_first[_i], static_cast<int>(_k * 8))];
@@ -248,7 +248,7 @@ template <> struct stable_sorter<true> {
     const std::ptrdiff_t _n = _last - _first;
     if (_n > _few) {
       _T *_at = _first + 1;
-      while (_at != _last && !_before(*_at, *(_at - 1))) ++_at;
+      while (_at != _last && !bool(_before(*_at, *(_at - 1)))) ++_at;
       if (_at == _last) return;
       const raw_buffer<_T> _buffer(_n);
       if (_buffer.size() == _n) {
@@ -267,7 +267,7 @@ template <class _Iterator, class _Before>
 void inplace_merge(_Iterator _first, _Iterator _middle, _Iterator _last, _Before &_before) {
   typedef typename std::iterator_traits<_Iterator>::value_type _value_type;
   typedef typename std::iterator_traits<_Iterator>::difference_type _distance_type;
-  if (_first == _middle || _middle == _last) return;
+  if (bool(_first == _middle) || bool(_middle == _last)) return;
   const _distance_type _m = std::distance(_first, _middle), _n = std::distance(_middle, _last);
   const raw_buffer<_value_type> _buffer(_m < _n ? _m : _n);
   __zor::merge_neighbours(_first, _middle, _last, _m, _n, _buffer.begin(), static_cast<_distance_type>(_buffer.size()),
@@ -281,7 +281,7 @@ namespace std {
 
 template <class _A, class _Bt, class _Out, class _Compare>
 _Out merge(_A _first, _A _last, _Bt _other, _Bt _other_last, _Out _out, _Compare _before) {
-  for (; _first != _last && _other != _other_last; ++_out) {
+  for (; bool(_first != _last) && bool(_other != _other_last); ++_out) {
     if (_before(*_other, *_first)) {
       *_out = *_other;
       ++_other;

@@ -66,7 +66,7 @@ protected:
 
 private:
   static iter_type _write(iter_type _out, const string &_text) {
-    for (const char *_c = _text.data(), *_end = _c + _text.size(); _c != _end; ++_c, ++_out) *_out = *_c;
+    for (const char *_c = _text.data(), *_end = _c + _text.size(); _c != _end; ++_c, (void)++_out) *_out = *_c;
     return _out;
   }
 };

@@ -6,6 +6,15 @@
 #include <plx/functions.h>
 #include <plx/iterator_base.h>
 
+namespace __zor {
+namespace _functions {
+
+template <class _Reference> struct is_lvalue_of { static const bool value = false; };
+template <class _T> struct is_lvalue_of<_T &> { static const bool value = true; };
+
+}  // namespace _functions
+}  // namespace __zor
+
 #if __cplusplus >= 201103L
 
 namespace __zor {
@@ -37,6 +46,7 @@ template <class _T> constexpr _T &&forward(typename __zor::without_reference<_T>
   return static_cast<_T &&>(_object);
 }
 template <class _T> constexpr _T &&forward(typename __zor::without_reference<_T>::_type &&_object) noexcept {
+  static_assert(!__zor::is_lvalue_of<_T>::value, "an rvalue is forwarded as an lvalue");
   return static_cast<_T &&>(_object);
 }
 

@@ -30,6 +30,9 @@ PLX_API unsigned long scan_integer(character_source &_from, std::ios_base &_str,
 PLX_API bool scan_real(character_source &_from, std::ios_base &_str, float &_v);
 PLX_API bool scan_real(character_source &_from, std::ios_base &_str, double &_v);
 PLX_API bool scan_real(character_source &_from, std::ios_base &_str, long double &_v);
+// The text of a floating number as sscanf of the C library's present locale reads it, at most 199 characters and a null
+// character: a longer one is shortened to its first digits and an exponent. False when its digits are grouped wrongly.
+PLX_API bool scan_real_text(character_source &_from, std::ios_base &_str, char *_text);
 PLX_API bool scan_pointer(character_source &_from, std::ios_base &_str, void *&_v);
 
 // Both: the bits to add to err.
@@ -86,6 +89,15 @@ public:
     const unsigned long _value = __zor::scan_integer(_from, _str, _base, _is_signed != 0, _max);
     _from._finish();
     return _value;
+  }
+
+  // plx's own: the text of a floating number, for sscanf, into a buffer of 200 characters. Moves `_in`. False when the
+  // digits are grouped wrongly; that the text is no number shows when it is read.
+  static bool scan_float_type(iter_type &_in, iter_type &_end, ios_base &_str, char_type *_text) {
+    _source _from(_in, _end);
+    const bool _done = __zor::scan_real_text(_from, _str, _text);
+    _from._finish();
+    return _done;
   }
 
 protected:

@@ -31,11 +31,11 @@ template <class _OutIter> struct text_sink_to : a_text_sink {
   }
   static void _put_each(a_text_sink *_sink, const char *_text, unsigned int _n) {
     _OutIter &_out = static_cast<text_sink_to *>(_sink)->_out_;
-    for (; _n != 0; --_n, ++_out, ++_text) *_out = *_text;
+    for (; _n != 0; --_n, (void)++_out, ++_text) *_out = *_text;
   }
   static void _fill_each(a_text_sink *_sink, char _c, unsigned int _n) {
     _OutIter &_out = static_cast<text_sink_to *>(_sink)->_out_;
-    for (; _n != 0; --_n, ++_out) *_out = _c;
+    for (; _n != 0; --_n, (void)++_out) *_out = _c;
   }
   _OutIter _out_;
 };

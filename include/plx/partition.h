@@ -12,11 +12,11 @@ namespace _functions {
 
 template <class _Iterator, class _Predicate>
 _Iterator partition(_Iterator _first, _Iterator _last, _Predicate &_predicate, std::forward_iterator_tag) {
-  while (_first != _last && _predicate(*_first)) ++_first;
+  while (bool(_first != _last) && bool(_predicate(*_first))) ++_first;
   if (_first == _last) return _first;
   _Iterator _at = _first;
   for (++_at; _at != _last; ++_at) {
-    if (!_predicate(*_at)) continue;
+    if (!bool(_predicate(*_at))) continue;
     std::iter_swap(_first, _at);
     ++_first;
   }
@@ -26,12 +26,12 @@ _Iterator partition(_Iterator _first, _Iterator _last, _Predicate &_predicate, s
 template <class _Iterator, class _Predicate>
 _Iterator partition(_Iterator _first, _Iterator _last, _Predicate &_predicate, std::bidirectional_iterator_tag) {
   for (;; ++_first) {
-    while (_first != _last && _predicate(*_first)) ++_first;
+    while (bool(_first != _last) && bool(_predicate(*_first))) ++_first;
     if (_first == _last) return _first;
     do {
       --_last;
       if (_first == _last) return _first;
-    } while (!_predicate(*_last));
+    } while (!bool(_predicate(*_last)));
     std::iter_swap(_first, _last);
   }
 }
@@ -45,7 +45,7 @@ template <class _Iterator, class _Distance, class _T, class _Predicate>
 _Iterator stable_partition(_Iterator _first, _Iterator _last, _Distance _n, _T *_buffer, _Distance _room,
                            _Predicate &_predicate) {
   for (; _n != 0; --_n, (void)++_first)
-    if (!_predicate(*_first)) return __zor::stable_partition_known(_first, _last, _n, _buffer, _room, _predicate);
+    if (!bool(_predicate(*_first))) return __zor::stable_partition_known(_first, _last, _n, _buffer, _room, _predicate);
   return _first;
 }
 
@@ -100,7 +100,7 @@ template <class _Iterator, class _Predicate>
 _Iterator stable_partition(_Iterator _first, _Iterator _last, _Predicate &_predicate) {
   typedef typename std::iterator_traits<_Iterator>::value_type _value_type;
   typedef typename std::iterator_traits<_Iterator>::difference_type _distance_type;
-  while (_first != _last && _predicate(*_first)) ++_first;
+  while (bool(_first != _last) && bool(_predicate(*_first))) ++_first;
   if (_first == _last) return _first;
   const _distance_type _n = std::distance(_first, _last);
   const raw_buffer<_value_type> _buffer(_n);

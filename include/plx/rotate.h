@@ -48,7 +48,7 @@ template <class _Iterator>
 _Iterator rotate(_Iterator _first, _Iterator _middle, _Iterator _last, std::bidirectional_iterator_tag) {
   __zor::reverse(_first, _middle, std::bidirectional_iterator_tag());
   __zor::reverse(_middle, _last, std::bidirectional_iterator_tag());
-  while (_first != _middle && _middle != _last) {
+  while (bool(_first != _middle) && bool(_middle != _last)) {
     --_last;
     std::iter_swap(_first, _last);
     ++_first;
@@ -91,9 +91,9 @@ inline void rotate_bytes(unsigned char *_first, std::size_t _left, std::size_t _
     const std::size_t _shorter = _left < _right ? _left : _right;
     for (std::size_t _done = 0; _done < _shorter; _done += _room) {
       const std::size_t _n = _shorter - _done < _room ? _shorter - _done : static_cast<std::size_t>(_room);
-      memcpy(_held, _first + _done, _n);
-      memcpy(_first + _done, _other + _done, _n);
-      memcpy(_other + _done, _held, _n);
+      ::memcpy(_held, _first + _done, _n);
+      ::memcpy(_first + _done, _other + _done, _n);
+      ::memcpy(_other + _done, _held, _n);
     }
     if (_left < _right) {
       _right -= _left;
@@ -103,13 +103,13 @@ inline void rotate_bytes(unsigned char *_first, std::size_t _left, std::size_t _
     }
   }
   if (_left <= _right) {
-    memcpy(_held, _first, _left);
-    memmove(_first, _first + _left, _right);
-    memcpy(_first + _right, _held, _left);
+    ::memcpy(_held, _first, _left);
+    ::memmove(_first, _first + _left, _right);
+    ::memcpy(_first + _right, _held, _left);
   } else {
-    memcpy(_held, _first + _left, _right);
-    memmove(_first + _right, _first, _left);
-    memcpy(_first, _held, _right);
+    ::memcpy(_held, _first + _left, _right);
+    ::memmove(_first + _right, _first, _left);
+    ::memcpy(_first, _held, _right);
   }
 }
 

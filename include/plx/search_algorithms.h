@@ -37,7 +37,7 @@ template <class _In, class _V> inline _In find_range(_In _first, _In _last, cons
 
 template <> struct _finder<find_each> {
   template <class _In, class _V> static _In _run(_In _first, _In _last, const _V &_value) {
-    while (_first != _last && !(*_first == _value)) ++_first;
+    while (bool(_first != _last) && !bool(*_first == _value)) ++_first;
     return _first;
   }
 };
@@ -45,7 +45,7 @@ template <> struct _finder<find_bytes> {
   template <class _T, class _V> static _T *_run(_T *_first, _T *_last, const _V &_value) {
     if (_first == _last) return _last;
     const void *const _found =
-        memchr(_first, static_cast<unsigned char>(_value), static_cast<std::size_t>(_last - _first));
+        ::memchr(_first, static_cast<unsigned char>(_value), static_cast<std::size_t>(_last - _first));
     return _found ? _first + (static_cast<const char *>(_found) - reinterpret_cast<const char *>(_first)) : _last;
   }
 };
@@ -97,7 +97,7 @@ _A search_each(_A _first, _A _last, _Bt _other, _Bt _other_last, _Equal &_same) 
     for (_Bt _wanted = _other;; ++_at, (void)++_wanted) {
       if (_wanted == _other_last) return _first;
       if (_at == _last) return _last;
-      if (!_same(*_at, *_wanted)) break;
+      if (!bool(_same(*_at, *_wanted))) break;
     }
   }
 }
@@ -116,7 +116,7 @@ template <class _In, class _T> inline _In find(_In _first, _In _last, const _T &
   return __zor::_rewrap(_first, __zor::find_range(__zor::_unwrap(_first), __zor::_unwrap(_last), _value));
 }
 template <class _In, class _Predicate> inline _In find_if(_In _first, _In _last, _Predicate _predicate) {
-  while (_first != _last && !_predicate(*_first)) ++_first;
+  while (bool(_first != _last) && !bool(_predicate(*_first))) ++_first;
   return _first;
 }
 
@@ -132,7 +132,7 @@ _A find_end(_A _first, _A _last, _Bt _other, _Bt _other_last, _Equal _same) {
         break;
       }
       if (_at == _last) return _result;
-      if (!_same(*_at, *_wanted)) break;
+      if (!bool(_same(*_at, *_wanted))) break;
     }
   }
 }
@@ -185,22 +185,37 @@ template <class _A, class _Bt> inline _A search(_A _first, _A _last, _Bt _other,
   return __zor::search_each(_first, _last, _other, _other_last, _same);
 }
 
+}  // namespace std
+
+namespace __zor {
+namespace _functions {
+
 // A failed run of matches ends at an element that cannot be part of another, so each is looked at once.
-template <class _Forward, class _Size, class _T, class _Equal>
-_Forward search_n(_Forward _first, _Forward _last, _Size _n, const _T &_value, _Equal _same) {
+template <class _Forward, class _Count, class _T, class _Equal>
+_Forward search_counted(_Forward _first, _Forward _last, const _Count _n, const _T &_value, _Equal &_same) {
   if (!(_n > 0)) return _first;
   for (; _first != _last; ++_first) {
-    if (!_same(*_first, _value)) continue;
+    if (!bool(_same(*_first, _value))) continue;
     _Forward _at = _first;
-    for (_Size _left = _n; --_left > 0;) {
+    for (_Count _left = _n; --_left > 0;) {
       if (++_at == _last) return _last;
-      if (!_same(*_at, _value)) break;
+      if (!bool(_same(*_at, _value))) break;
       if (_left == 1) return _first;
     }
     if (_n == 1) return _first;
     _first = _at;
   }
   return _last;
+}
+
+}  // namespace _functions
+}  // namespace __zor
+
+namespace std {
+
+template <class _Forward, class _Size, class _T, class _Equal>
+inline _Forward search_n(_Forward _first, _Forward _last, _Size _n, const _T &_value, _Equal _same) {
+  return __zor::search_counted(_first, _last, __zor::_count_of(_n), _value, _same);
 }
 template <class _Forward, class _Size, class _T>
 inline _Forward search_n(_Forward _first, _Forward _last, _Size _n, const _T &_value) {

@@ -9,9 +9,9 @@ namespace std {
 
 template <class _A, class _Bt, class _Compare>
 bool includes(_A _first, _A _last, _Bt _other, _Bt _other_last, _Compare _before) {
-  while (_first != _last && _other != _other_last) {
+  while (bool(_first != _last) && bool(_other != _other_last)) {
     if (_before(*_other, *_first)) return false;
-    if (!_before(*_first, *_other)) ++_other;
+    if (!bool(_before(*_first, *_other))) ++_other;
     ++_first;
   }
   return _other == _other_last;
@@ -22,7 +22,7 @@ template <class _A, class _Bt> inline bool includes(_A _first, _A _last, _Bt _ot
 
 template <class _A, class _Bt, class _Out, class _Compare>
 _Out set_union(_A _first, _A _last, _Bt _other, _Bt _other_last, _Out _out, _Compare _before) {
-  for (; _first != _last && _other != _other_last; ++_out) {
+  for (; bool(_first != _last) && bool(_other != _other_last); ++_out) {
     if (_before(*_first, *_other)) {
       *_out = *_first;
       ++_first;
@@ -44,7 +44,7 @@ inline _Out set_union(_A _first, _A _last, _Bt _other, _Bt _other_last, _Out _ou
 
 template <class _A, class _Bt, class _Out, class _Compare>
 _Out set_intersection(_A _first, _A _last, _Bt _other, _Bt _other_last, _Out _out, _Compare _before) {
-  while (_first != _last && _other != _other_last) {
+  while (bool(_first != _last) && bool(_other != _other_last)) {
     if (_before(*_first, *_other)) {
       ++_first;
     } else if (_before(*_other, *_first)) {
@@ -65,7 +65,7 @@ inline _Out set_intersection(_A _first, _A _last, _Bt _other, _Bt _other_last, _
 
 template <class _A, class _Bt, class _Out, class _Compare>
 _Out set_difference(_A _first, _A _last, _Bt _other, _Bt _other_last, _Out _out, _Compare _before) {
-  while (_first != _last && _other != _other_last) {
+  while (bool(_first != _last) && bool(_other != _other_last)) {
     if (_before(*_first, *_other)) {
       *_out = *_first;
       ++_out;
@@ -86,7 +86,7 @@ inline _Out set_difference(_A _first, _A _last, _Bt _other, _Bt _other_last, _Ou
 
 template <class _A, class _Bt, class _Out, class _Compare>
 _Out set_symmetric_difference(_A _first, _A _last, _Bt _other, _Bt _other_last, _Out _out, _Compare _before) {
-  while (_first != _last && _other != _other_last) {
+  while (bool(_first != _last) && bool(_other != _other_last)) {
     if (_before(*_first, *_other)) {
       *_out = *_first;
       ++_out;

@@ -7,11 +7,16 @@
 
 namespace std {
 
+// A generator is changed in its place; a temporary one can be given where the dialect has references to such.
+#if __cplusplus >= 201103L
+template <class _Random, class _Generator> void random_shuffle(_Random _first, _Random _last, _Generator &&_below) {
+#else
 template <class _Random, class _Generator> void random_shuffle(_Random _first, _Random _last, _Generator &_below) {
+#endif
   typedef typename iterator_traits<_Random>::difference_type _distance_type;
   const _distance_type _n = _last - _first;
   for (_distance_type _i = 1; _i < _n; ++_i) {
-    const _distance_type _other = static_cast<_distance_type>(_below(_i + 1));
+    const _distance_type _other = static_cast<_distance_type>(_below(static_cast<_distance_type>(_i + 1)));
     if (_other != _i) std::iter_swap(_first + _i, _first + _other);
   }
 }

@@ -18,10 +18,10 @@ enum { insertion_limit = 24, ninther_limit = 128, _patience = 8 };
 template <class _Iterator, class _Before> void insertion_sort(_Iterator _first, _Iterator _last, _Before &_before) {
   if (_first == _last) return;
   for (_Iterator _at = _first + 1; _at < _last; ++_at) {
-    if (!_before(*_at, *(_at - 1))) continue;
+    if (!bool(_before(*_at, *(_at - 1)))) continue;
     held_element<_Iterator> _held(_at);
     do _held._fill_from(_held._hole - 1);
-    while (_held._hole != _first && _before(_held.value, *(_held._hole - 1)));
+    while (bool(_held._hole != _first) && bool(_before(_held.value, *(_held._hole - 1))));
     _held._put_back();
   }
 }
@@ -31,10 +31,10 @@ template <class _Iterator, class _Before> bool insertion_sort_few(_Iterator _fir
   if (_first == _last) return true;
   typename std::iterator_traits<_Iterator>::difference_type _moved_so_far = 0;
   for (_Iterator _at = _first + 1; _at < _last; ++_at) {
-    if (!_before(*_at, *(_at - 1))) continue;
+    if (!bool(_before(*_at, *(_at - 1)))) continue;
     held_element<_Iterator> _held(_at);
     do _held._fill_from(_held._hole - 1);
-    while (_held._hole != _first && _before(_held.value, *(_held._hole - 1)));
+    while (bool(_held._hole != _first) && bool(_before(_held.value, *(_held._hole - 1))));
     _moved_so_far += _at - _held._hole;
     _held._put_back();
     if (_moved_so_far > _patience) return false;
@@ -80,16 +80,16 @@ template <bool _by_blocks> struct pivot_partition {
   static _Iterator _run(_Iterator _first, _Iterator _last, _Before &_before, bool &_ordered) {
     _Iterator _left = _first, _right = _last;
     do ++_left;
-    while (_left < _last && _before(*_left, *_first));
+    while (bool(_left < _last) && bool(_before(*_left, *_first)));
     do --_right;
-    while (_left <= _right && !_before(*_right, *_first));
+    while (bool(_left <= _right) && !bool(_before(*_right, *_first)));
     _ordered = _left > _right;
     while (_left < _right) {
       std::iter_swap(_left, _right);
       do ++_left;
-      while (_left < _right && _before(*_left, *_first));
+      while (bool(_left < _right) && bool(_before(*_left, *_first)));
       do --_right;
-      while (_left <= _right && !_before(*_right, *_first));
+      while (bool(_left <= _right) && !bool(_before(*_right, *_first)));
     }
     --_left;
     if (_left != _first) std::iter_swap(_first, _left);
@@ -103,10 +103,10 @@ template <> struct pivot_partition<true> {
   enum { _block = 64 };
 
   template <class _T, class _Before> static _T *_run(_T *_first, _T *_last, _Before &_before, bool &_ordered) {
-    const _T _pivot = *_first;
+    _T _pivot = *_first;
     _T *_left = _first + 1, *_right = _last;
-    while (_left < _last && _before(*_left, _pivot)) ++_left;
-    while (_left < _right && !_before(*(_right - 1), _pivot)) --_right;
+    while (_left < _last && bool(_before(*_left, _pivot))) ++_left;
+    while (_left < _right && !bool(_before(*(_right - 1), _pivot))) --_right;
     _ordered = _left >= _right;
     if (!_ordered) _left = _split(_left, _right, _pivot, _before);
     --_left;
@@ -117,7 +117,7 @@ template <> struct pivot_partition<true> {
 
 private:
   // Returns where those that are not less than the pivot begin.
-  template <class _T, class _Before> static _T *_split(_T *_left, _T *_right, const _T _pivot, _Before &_before) {
+  template <class _T, class _Before> static _T *_split(_T *_left, _T *_right, _T _pivot, _Before &_before) {
     unsigned char _left_offsets[_block], _right_offsets[_block];
     unsigned int _left_count = 0, _right_count = 0, _left_at = 0, _right_at = 0;
     _T *_left_base = _left, *_right_base = _right;
@@ -159,16 +159,15 @@ private:
   }
 
   // Offsets of misplaced elements: upward from `_from`, or downward below it.
-  template <bool _downward, class _T, class _Before> static unsigned int _note(const _T *_from, unsigned int _n,
-                                                                               const _T _pivot, _Before &_before,
-                                                                               unsigned char *_offsets) {
+  template <bool _downward, class _T, class _Before>
+  static unsigned int _note(_T *_from, unsigned int _n, _T _pivot, _Before &_before, unsigned char *_offsets) {
     unsigned int _count = 0;
     for (unsigned int _i = 0; _i < _n; ++_i) {
       _offsets[_count] = static_cast<unsigned char>(_i);
       if (_downward)
-        _count += _before(*--_from, _pivot);
+        _count += bool(_before(*--_from, _pivot));
       else
-        _count += !_before(*_from++, _pivot);
+        _count += !bool(_before(*_from++, _pivot));
     }
     return _count;
   }
@@ -195,14 +194,14 @@ template <class _Iterator, class _Before>
 _Iterator partition_equal(_Iterator _first, _Iterator _last, _Before &_before) {
   _Iterator _left = _first, _right = _last;
   do --_right;
-  while (_left < _right && _before(*_first, *_right));
+  while (bool(_left < _right) && bool(_before(*_first, *_right)));
   for (;;) {
     do ++_left;
-    while (_left < _right && !_before(*_first, *_left));
+    while (bool(_left < _right) && !bool(_before(*_first, *_left)));
     if (_left >= _right) break;
     std::iter_swap(_left, _right);
     do --_right;
-    while (_left < _right && _before(*_first, *_right));
+    while (bool(_left < _right) && bool(_before(*_first, *_right)));
   }
   if (_right != _first) std::iter_swap(_first, _right);
   return _right;
@@ -239,7 +238,7 @@ void quick_sort(_Iterator _first, _Iterator _last, _Before &_before, int _uneven
       return;
     }
     __zor::choose_pivot(_first, _last, _before);
-    if (!_leftmost && !_before(*(_first - 1), *_first)) {
+    if (!_leftmost && !bool(_before(*(_first - 1), *_first))) {
       _first = __zor::partition_equal(_first, _last, _before);
       ++_first;
       continue;
@@ -276,7 +275,7 @@ void _select(_Iterator _first, _Iterator _nth, _Iterator _last, _Before &_before
       return;
     }
     __zor::choose_pivot(_first, _last, _before);
-    if (!_leftmost && !_before(*(_first - 1), *_first)) {
+    if (!_leftmost && !bool(_before(*(_first - 1), *_first))) {
       const _Iterator _equal_end = __zor::partition_equal(_first, _last, _before);
       if (_nth <= _equal_end) return;
       _first = _equal_end + 1;
@@ -347,11 +346,11 @@ template <class _In, class _Random, class _Compare>
 _Random partial_sort_copy(_In _first, _In _last, _Random _out, _Random _out_last, _Compare _before) {
   typedef typename iterator_traits<_Random>::difference_type _distance_type;
   _Random _end = _out;
-  for (; _first != _last && _end != _out_last; ++_first, (void)++_end) *_end = *_first;
+  for (; bool(_first != _last) && bool(_end != _out_last); ++_first, (void)++_end) *_end = *_first;
   if (_end == _out) return _end;
   __zor::make_heap(_out, _end, _before);
   for (; _first != _last; ++_first) {
-    if (!_before(*_first, *_out)) continue;
+    if (!bool(_before(*_first, *_out))) continue;
     // What is read from the input takes the place of the largest.
     *_out = *_first;
     __zor::held_element<_Random> _held(_out);

@@ -5,6 +5,7 @@
 
 #include <plx/ios_fwd.h>
 #include <plx/iterator_base.h>
+#include <plx/type_properties.h>
 
 namespace std {
 
@@ -20,7 +21,7 @@ public:
   istream_iterator(istream_type &_in) : _in_(&_in), _value_() { _read(); }
 
   const _T &operator*() const { return _value_; }
-  const _T *operator->() const { return &_value_; }
+  const _T *operator->() const { return __zor::address_of(_value_); }
   istream_iterator &operator++() {
     _read();
     return *this;

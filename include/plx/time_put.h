@@ -83,7 +83,7 @@ protected:
       return _put_format(_out, _str, _fill, _t, _format);
     char _text[__zor::_time_text_room];
     const char *const _end = __zor::make_time_text(_text, _conversion, _t, _names);
-    for (const char *_c = _text; _c != _end; ++_c, ++_out) *_out = *_c;
+    for (const char *_c = _text; _c != _end; ++_c, (void)++_out) *_out = *_c;
     return _out;
   }
 

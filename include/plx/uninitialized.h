@@ -80,19 +80,24 @@ private:
 
 // ---- Copies --------------------------------------------------------------------------------------------------------
 
-template <class _In, class _Out> struct made_by_assignment {
-  // Numbers are made by assigning to them, whatever the iterators are.
-  static const bool value = is_arithmetic<typename std::iterator_traits<_Out>::value_type>::value &&
-                            is_arithmetic<typename std::iterator_traits<_In>::value_type>::value;
+// Numbers are made by assigning to them, whatever the iterators are. Bytes are copied where both are pointers; whether
+// such elements can be assigned is not asked.
+enum making_road { make_each, make_by_assignment, make_by_bytes };
+
+template <class _In, class _Out> struct making_road_of {
+  static const making_road value = is_arithmetic<typename std::iterator_traits<_Out>::value_type>::value &&
+                                           is_arithmetic<typename std::iterator_traits<_In>::value_type>::value
+                                       ? make_by_assignment
+                                       : make_each;
 };
-template <class _T> struct made_by_assignment<_T *, _T *> {
-  static const bool value = is_made_as_bytes<_T, _T &>::value && is_assigned_as_bytes<_T, _T &>::value;
+template <class _T> struct making_road_of<_T *, _T *> {
+  static const making_road value = is_made_as_bytes<_T, _T &>::value ? make_by_bytes : make_each;
 };
-template <class _T> struct made_by_assignment<const _T *, _T *> {
-  static const bool value = is_made_as_bytes<_T, const _T &>::value && is_assigned_as_bytes<_T, const _T &>::value;
+template <class _T> struct making_road_of<const _T *, _T *> {
+  static const making_road value = is_made_as_bytes<_T, const _T &>::value ? make_by_bytes : make_each;
 };
 
-template <bool _moving, bool _assign> struct uninitialized_copier {
+template <bool _moving, making_road _road> struct uninitialized_copier {
   template <class _In, class _Out> static _Out _run(_In _first, _In _last, _Out _out) {
     typedef typename std::iterator_traits<_Out>::value_type _value_type;
     construction_guard<_Out> _guard(_out);
@@ -113,14 +118,19 @@ private:
     ::new (static_cast<void *>(_place)) _T(__zor::move_from(_from));
   }
 };
-template <bool _moving> struct uninitialized_copier<_moving, true> {
+template <bool _moving> struct uninitialized_copier<_moving, make_by_assignment> {
   template <class _In, class _Out> static _Out _run(_In _first, _In _last, _Out _out) {
     return __zor::copy_range<_moving>(_first, _last, _out);
   }
 };
+template <bool _moving> struct uninitialized_copier<_moving, make_by_bytes> {
+  template <class _In, class _T> static _T *_run(_In _first, _In _last, _T *_out) {
+    return _copier<_moving, copy_bytes>::forward(_first, _last, _out);
+  }
+};
 
 template <bool _moving, class _In, class _Out> inline _Out uninitialized_copy_range(_In _first, _In _last, _Out _out) {
-  return uninitialized_copier<_moving, made_by_assignment<_In, _Out>::value>::_run(_first, _last, _out);
+  return uninitialized_copier<_moving, making_road_of<_In, _Out>::value>::_run(_first, _last, _out);
 }
 
 // As uninitialized_copy, but elements may be moved from where the dialect can: for buffers.
@@ -131,13 +141,17 @@ template <class _In, class _Out> inline _Out uninitialized_move(_In _first, _In 
 
 // ---- Fills ---------------------------------------------------------------------------------------------------------
 
-template <class _T, class _V> struct made_by_fill {
-  static const bool value = (is_arithmetic<_T>::value && is_arithmetic<_V>::value) ||
-                            (same_type<_T, _V>::value && is_made_as_bytes<_T, const _T &>::value &&
-                             is_assigned_as_bytes<_T, const _T &>::value);
+// Scalars are made by assigning to them. What is made as bytes needs no guard, and its value may be copied first.
+template <class _T, class _V> struct filling_road_of {
+  static const bool _scalars = (is_arithmetic<_T>::value && is_arithmetic<_V>::value) ||
+                               (same_type<_T, _V>::value && is_scalar<_T>::value);
+  static const making_road value = _scalars ? make_by_assignment
+                                   : same_type<_T, _V>::value && is_made_as_bytes<_T, const _T &>::value
+                                       ? make_by_bytes
+                                       : make_each;
 };
 
-template <bool _assign> struct uninitialized_filler {
+template <making_road _road> struct uninitialized_filler {
   template <class _Forward, class _V> static void _range(_Forward _first, _Forward _last, const _V &_value) {
     construction_guard<_Forward> _guard(_first);
     for (; _guard.current != _last; ++_guard.current) __zor::construct(__zor::address_of(*_guard.current), _value);
@@ -151,13 +165,23 @@ template <bool _assign> struct uninitialized_filler {
     return _guard.current;
   }
 };
-template <> struct uninitialized_filler<true> {
+template <> struct uninitialized_filler<make_by_assignment> {
   template <class _Forward, class _V> static void _range(_Forward _first, _Forward _last, const _V &_value) {
     std::fill(_first, _last, _value);
   }
   template <class _Forward, class _Size, class _V>
   static _Forward _counted(_Forward _first, _Size _n, const _V &_value) {
     return std::fill_n(_first, _n, _value);
+  }
+};
+template <> struct uninitialized_filler<make_by_bytes> {
+  template <class _Forward, class _V> static void _range(_Forward _first, _Forward _last, const _V &_value) {
+    for (const _V _held(_value); _first != _last; ++_first) __zor::construct(__zor::address_of(*_first), _held);
+  }
+  template <class _Forward, class _Size, class _V>
+  static _Forward _counted(_Forward _first, _Size _n, const _V &_value) {
+    for (const _V _held(_value); _n > 0; --_n, (void)++_first) __zor::construct(__zor::address_of(*_first), _held);
+    return _first;
   }
 };
 
@@ -173,15 +197,15 @@ template <class _In, class _Forward> inline _Forward uninitialized_copy(_In _fir
 
 template <class _Forward, class _T> inline void uninitialized_fill(_Forward _first, _Forward _last, const _T &_value) {
   typedef typename iterator_traits<_Forward>::value_type _value_type;
-  __zor::uninitialized_filler<__zor::made_by_fill<_value_type, _T>::value>::_range(__zor::_unwrap(_first),
-                                                                                   __zor::_unwrap(_last), _value);
+  __zor::uninitialized_filler<__zor::filling_road_of<_value_type, _T>::value>::_range(__zor::_unwrap(_first),
+                                                                                      __zor::_unwrap(_last), _value);
 }
 
 template <class _Forward, class _Size, class _T>
 inline _Forward uninitialized_fill_n(_Forward _first, _Size _n, const _T &_value) {
   typedef typename iterator_traits<_Forward>::value_type _value_type;
-  return __zor::_rewrap(_first, __zor::uninitialized_filler<__zor::made_by_fill<_value_type, _T>::value>::_counted(
-                                    __zor::_unwrap(_first), _n, _value));
+  return __zor::_rewrap(_first, __zor::uninitialized_filler<__zor::filling_road_of<_value_type, _T>::value>::_counted(
+                                    __zor::_unwrap(_first), __zor::_count_of(_n), _value));
 }
 
 }  // namespace std

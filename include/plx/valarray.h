@@ -4,6 +4,8 @@
 #ifndef PLX_VALARRAY_H
 #define PLX_VALARRAY_H
 
+#include <initializer_list>
+
 #include <plx/slice.h>
 #include <plx/valarray_block.h>
 #include <plx/valarray_expression.h>
@@ -47,6 +49,14 @@ public:
     _block_._build(_e.size(), _e._source());
   }
 #if __cplusplus >= 201103L
+  valarray(initializer_list<_T> _values) { _block_._build(_values.size(), _given(_values.begin())); }
+  valarray &operator=(initializer_list<_T> _values) {
+    if (size() == _values.size())
+      _compute<__zor::assign_operation>(_given(_values.begin()));
+    else
+      valarray(_values)._block_.swap(_block_);
+    return *this;
+  }
   valarray(valarray &&_other) noexcept { _block_.swap(_other._block_); }
   valarray &operator=(valarray &&_other) noexcept {
     _block_.swap(_other._block_);
@@ -194,11 +204,13 @@ namespace std {
 template <class _T> inline _T *begin(valarray<_T> &_array) noexcept {
   return const_cast<_T *>(__zor::valarray_access::data(_array));
 }
-template <class _T> inline _T *end(valarray<_T> &_array) noexcept { return begin(_array) + _array.size(); }
+template <class _T> inline _T *end(valarray<_T> &_array) noexcept { return std::begin(_array) + _array.size(); }
 template <class _T> inline const _T *begin(const valarray<_T> &_array) noexcept {
   return __zor::valarray_access::data(_array);
 }
-template <class _T> inline const _T *end(const valarray<_T> &_array) noexcept { return begin(_array) + _array.size(); }
+template <class _T> inline const _T *end(const valarray<_T> &_array) noexcept {
+  return std::begin(_array) + _array.size();
+}
 template <class _T> inline void swap(valarray<_T> &_a, valarray<_T> &_b) noexcept { _a.swap(_b); }
 
 }  // namespace std

@@ -52,10 +52,13 @@ private:
   }
   template <class _Operation> void _change_by(const _values &_right) const {
     const _T *const _from = valarray_access::data(_right);
-    if (_from == _data_)  // the same array: read before writing
-      _change_by<_Operation>(_values(_right));
-    else
+    if (_from != _data_) {
       _change<_Operation>(given_elements<_T>(_from));
+      return;
+    }
+    // The same array: read before writing.
+    const _values _read(_right);
+    _change<_Operation>(given_elements<_T>(valarray_access::data(_read)));
   }
 
   _T *_data_;

@@ -1,6 +1,7 @@
 // The binary operators and the functions of valarrays (1998, 26.3.3): for two operands, and for an operand and a value.
 //
-// A value's type is not deduced, so that it may be anything that converts: v * 2 for an array of doubles.
+// Two operands of one type have forms of their own: those are the more special ones where a program has templates for
+// all types, as those of rel_ops are. A value's type is not deduced, so that it may be anything that converts: v * 2 for an array of doubles.
 #ifndef PLX_VALARRAY_OPERATORS_H
 #define PLX_VALARRAY_OPERATORS_H
 
@@ -9,8 +10,17 @@
 namespace __zor {
 namespace valarrays {
 
-// One name in its three forms.
+// One name in its forms.
 #define PLX_VALARRAY_BINARY(name, R, operation)                                                                        \
+  template <class _T> inline typename of_two<R, operation, std::valarray<_T>, std::valarray<_T> >::_type name(         \
+      const std::valarray<_T> &_a, const std::valarray<_T> &_b) {                                                      \
+    return of_two<R, operation, std::valarray<_T>, std::valarray<_T> >::_make(_a, _b);                                 \
+  }                                                                                                                    \
+  template <class _T, class _S>                                                                                        \
+  inline typename of_two<R, operation, _expression<_T, _S>, _expression<_T, _S> >::_type name(                         \
+      const _expression<_T, _S> &_a, const _expression<_T, _S> &_b) {                                                  \
+    return of_two<R, operation, _expression<_T, _S>, _expression<_T, _S> >::_make(_a, _b);                             \
+  }                                                                                                                    \
   template <class _T, class _A, class _Bt>                                                                             \
   inline typename of_two<R, operation, _A, _Bt>::_type name(const _operand<_T, _A> &_a, const _operand<_T, _Bt> &_b) { \
     return of_two<R, operation, _A, _Bt>::_make(_a._self(), _b._self());                                               \
@@ -71,6 +81,24 @@ PLX_VALARRAY_UNARY(tanh)
 
 namespace std {
 
+using __zor::valarrays::operator*;
+using __zor::valarrays::operator/;
+using __zor::valarrays::operator%;
+using __zor::valarrays::operator+;
+using __zor::valarrays::operator-;
+using __zor::valarrays::operator^;
+using __zor::valarrays::operator&;
+using __zor::valarrays::operator|;
+using __zor::valarrays::operator<<;
+using __zor::valarrays::operator>>;
+using __zor::valarrays::operator&&;
+using __zor::valarrays::operator||;
+using __zor::valarrays::operator==;
+using __zor::valarrays::operator!=;
+using __zor::valarrays::operator<;
+using __zor::valarrays::operator>;
+using __zor::valarrays::operator<=;
+using __zor::valarrays::operator>=;
 using __zor::valarrays::abs;
 using __zor::valarrays::acos;
 using __zor::valarrays::asin;

@@ -21,7 +21,7 @@ refused() {
 
 refused $only_char wide_string 'std::wstring text;'
 refused $only_char wide_template 'std::basic_string<wchar_t> f() { return std::basic_string<wchar_t>(); }'
-refused $only_char wide_traits 'int f() { return std::char_traits<wchar_t>::char_type(); }'
+refused $only_char other_traits 'int f() { return std::char_traits<unsigned char>::char_type(); }'
 refused strings_use_only_the_standard_allocator allocator \
   'template <class T> struct mine : std::allocator<T> {};
    std::basic_string<char, std::char_traits<char>, mine<char> > text;'
@@ -46,6 +46,20 @@ refused $only_char ostreambuf_iterator 'void f(std::ostreambuf_iterator<wchar_t>
 refused $only_char other_characters 'void f(std::basic_ostream<unsigned char> &out) { out.put(1); }'
 for use in 'basic_ostream<char, mine> &stream) { stream << 1' 'basic_streambuf<char, mine> &buffer) { buffer.pubsync()'; do
   refused streams_use_only_the_standard_traits "${use%%<*}" "struct mine : std::char_traits<char> {}; void f(std::$use; }"
+done
+
+# Headers of later standards end in one line each, which names them.
+include=$PLX_SOURCE/include
+mapfile -t later < <(cd "$include" && grep -d skip -l '^#error' -- [a-z]* bits/*)
+[ ${#later[@]} -ge 60 ] || wrong "only ${#later[@]} headers of later standards are there"
+printf '#include <%s>\n' "${later[@]}" > later.cpp
+for std in gnu++98 gnu++20; do
+  for compiler in 'plx-c++ -ferror-limit=0' "g++ -m32 -nostdinc++ -I $include"; do
+    # shellcheck disable=SC2086 # words
+    $compiler -std=$std -fsyntax-only later.cpp 2>&1 |
+      sed -n 's/.* error: .*plx has the C++ library of 1998.* no <\([^>]*\)>.*/\1/p' > log
+    diff log <(printf '%s\n' "${later[@]}") > differences || wrong "$compiler -std=$std: $(cat differences)"
+  done
 done
 
 compile named 'void f(std::wostream &, std::wstringbuf *, const std::wstring *); int main() { return 0; }' ||
