@@ -142,15 +142,16 @@ void unwind_entry(an_eh_stack_entry *entry) {
 }
 
 void unwind_entries(a_throw_stack_entry *thrown, an_eh_stack_entry *last) {
-  while (an_eh_stack_entry *entry = thrown->marker.next) {
+  for (an_eh_stack_entry *entry; (entry = thrown->marker.next) && entry != last;) {
     if (pending_throws) end_waits_at(entry);
-    if (entry == last) return;
     thrown->marker.next = entry->next;
     unwind_entry(entry);
   }
 }
 
 void enter_handler(an_eh_stack_entry *entry, a_throw_stack_entry *thrown, a_detour *detour) {
+  // A landing in a frame of C++ may well have this entry before it, and be inside of what waits here.
+  if (pending_throws) end_waits_at(entry);
   if (__curr_eh_stack_entry != &thrown->marker) assertion_failed(1099);
   if (entry->kind == PLX_EH_TRY_BLOCK) handle_in_try(entry, thrown);
   thrown->handled = 1;

@@ -121,10 +121,10 @@ bool evaluate(const a_range &range, const byte *expression, const a_machine_fram
   a_byte_reader reader(code, code.start);
   an_evaluation on = {{initial}, 1, false};
   auto push_register = [&](unsigned reg, int offset) {
-    if (reg >= register_eip)
+    if (reg > register_eip)
       on.failed = true;
     else
-      on.push(frame.registers[reg] + static_cast<unsigned>(offset));
+      on.push((reg == register_eip ? frame.address : frame.registers[reg]) + static_cast<unsigned>(offset));
   };
   auto jump = [&](int distance) {
     const byte *target = reader.at() + distance;

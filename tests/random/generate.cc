@@ -4,7 +4,9 @@
 // program the same trace: nothing in it depends on the order of evaluation, on elided copies, or on what
 // std::terminate does.
 //
-// Functions call each other directly or by way of passages, which with plx are generated C and elsewhere C++.
+// Functions call each other directly or by way of passages: through frames of the C++ library and the C library, and
+// through others that with plx are generated C and elsewhere C++. With PART defined as 0 and 1 the program becomes two:
+// a third of its functions stands in a shared object.
 //
 // A program has classes of exceptions in a random hierarchy (virtual, private and ambiguous bases), classes of
 // objects with members and constructors that fail, and functions that call each other with decreasing fuel.
@@ -149,11 +151,13 @@ static void handlers(context c, bool catch_all) {
     char head[60];
     handler_head(head, &last);
     close_open("%s", head);
+    line("H h;");
     handler_report(head);
     statements(c, below(3));
   }
   if (catch_all && !last) {
     close_open("catch (...)");
+    line("H h;");
     trace_point(c);
     statements(c, below(2));
   }
@@ -171,7 +175,7 @@ static void try_block(context c, bool catch_all) {
 
 static void call_function() {
   if (chance(40)) {
-    line("T(\"r%d:%%d\", passage(%d, f%d, d - 1));", labels++, below(5), below(functions));
+    line("T(\"r%d:%%d\", passage(%d, f%d, d - 1));", labels++, below(12), below(functions));
   } else {
     line("T(\"r%d:%%d\", F%s(f%d)(d - 1));", labels++, chance(30) ? "" : "0", below(functions));
   }
@@ -199,7 +203,7 @@ static void statement(context c) {
       }
       break;
     case 5:
-      if (c.in_handler && !c.in_destructor) line("if (R(2)) throw;");
+      if (c.in_handler && !c.in_destructor) line("if (R(2)) RETHROW;");
       else if (c.in_handler) line("sort_out();");
       else trace_point(c);
       break;
@@ -304,6 +308,9 @@ static void statement(context c) {
 
 // A try block in a destructor holds everything in; its handlers must not let out either.
 static void contained(context c) {
+  int name = labels++;
+  line("int kept%d = rethrown, base%d = rethrown_before;", name, name);
+  line("rethrown_before = rethrown;");
   open("try");
   context body = c;
   body.in_destructor = false;
@@ -315,6 +322,7 @@ static void contained(context c) {
   line("T(\"c%d\");", labels++);
   if (chance(40)) line("sort_out();");
   close();
+  line("rethrown = kept%d, rethrown_before = base%d;", name, name);
 }
 
 static void statements(context c, int count) {
@@ -336,13 +344,32 @@ static void prologue(int seed) {
       "#include <exception>\n"
       "#include <new>\n"
       "#include <typeinfo>\n\n"
-      "static unsigned long long rs;\n"
+      "#ifndef PART\n"
+      "#define PART 2\n"
+      "#define LOCAL static\n"
+      "#define SHARED(declaration, initialiser) static declaration initialiser;\n"
+      "#elif PART == 0\n"
+      "#define LOCAL\n"
+      "#define SHARED(declaration, initialiser) extern declaration; declaration initialiser;\n"
+      "#else\n"
+      "#define LOCAL\n"
+      "#define SHARED(declaration, initialiser) extern declaration;\n"
+      "#endif\n"
+      "SHARED(unsigned long long rs, )\n"
       "static int R(int n) {\n"
       "  rs = rs * 6364136223846793005ULL + 1442695040888963407ULL;\n"
       "  return (int)((unsigned)(rs >> 33) % (unsigned)n);\n"
       "}\n"
-      "static int live, calls, lines;\n"
-      "static unsigned sum;\n"
+      "SHARED(int live, ) SHARED(int calls, ) SHARED(int lines, ) SHARED(unsigned sum, )\n"
+      // Handlers at work, and rethrown exceptions on their way out of one: what `throw;` means to a destructor then, not
+      // every library knows.
+      "SHARED(int handled, ) SHARED(int rethrown, ) SHARED(int rethrown_before, )\n"
+      "struct H {\n"
+      "  H() { ++handled; rethrown = rethrown_before; }\n"
+      "  ~H() { --handled; rethrown = rethrown_before; }\n"
+      "};\n"
+      "#define RETHROW do { ++rethrown; throw; } while (0)\n"
+      "static void sort_out();\n"
       "static void T(const char *format, ...) {\n"
       "  char text[200];\n"
       "  va_list a;\n"
@@ -370,7 +397,11 @@ static void prologue(int seed) {
       "struct N {\n"
       "  int n;\n"
       "  explicit N(int k) : n(k) { ++live; }\n"
-      "  ~N() { --live; T(\"~n%d:u%d\", n, (int)std::uncaught_exception()); }\n"
+      "  ~N() {\n"
+      "    --live;\n"
+      "    T(\"~n%d:u%d\", n, (int)std::uncaught_exception());\n"
+      "    if (n % 3 == 0 && handled && !rethrown) sort_out();\n"
+      "  }\n"
       "private:\n"
       "  N(const N &);\n"
       "};\n\n",
@@ -406,11 +437,12 @@ static void exception_classes() {
     close(";");
   }
   for (int k = 0; k < exceptions; ++k) {
-    line("static X%d g%d(%d);", k, k, k + 500);
-    line("static const X%d h%d(%d);", k, k, k + 600);
+    line("SHARED(X%d g%d, (%d))", k, k, k + 500);
+    line("SHARED(const X%d h%d, (%d))", k, k, k + 600);
   }
   std::putchar('\n');
   open("static void sort_out()");
+  line("int kept = rethrown, base = rethrown_before;");
   open("try");
   line("throw;");
   for (int k = exceptions - 1; k >= 0; --k) {
@@ -424,12 +456,15 @@ static void exception_classes() {
   close_open("catch (...)");
   line("T(\"sort\");");
   close();
+  line("rethrown = kept, rethrown_before = base;");
   close();
 }
 
 // The passages between two functions: generated C (worlds/passages.c) where plx is, the same in C++ elsewhere.
 static void passages() {
   std::fputs(
+      "extern \"C\" int passage(int kind, function f, int d);\n"
+      "#if PART != 1\n"
       "extern \"C\" {\n"
       "void passage_object(int number, int is_destroyed) {\n"
       "  live += is_destroyed ? -1 : 1;\n"
@@ -437,8 +472,8 @@ static void passages() {
       "}\n"
       "void passage_trace(const char *what, int value) { T(\"%s:%d\", what, value); }\n"
       "void passage_base(const char *what, void *x) { T(\"%s:%d\", what, static_cast<X0 *>(x)->tag); }\n"
-      "void passage_sort() { sort_out(); }\n"
-      "int passage(int kind, function f, int d);\n"
+      "void passage_sort() { sort_out(); ++rethrown; }\n"
+      "int passage_of_library(int kind, function f, int d);\n"
       "}\n"
       "const std::type_info &type_of_base = typeid(X0);\n"
       "#ifndef PLX_CONFIG_H\n"
@@ -471,21 +506,23 @@ static void passages() {
       "      catch (std::exception &) { passage_trace(\"p-exception\", 0); return 3; }\n"
       "    }\n"
       "    case 3: try { return f(d); } catch (...) { passage_trace(\"p-anew\", d); return f(d - 1); }\n"
-      "    default:\n"
+      "    case 4:\n"
       "      element_function = f;\n"
       "      element_argument = d;\n"
       "      element_number = 0;\n"
       "      delete[] new element[4];\n"
       "      return 4;\n"
+      "    default: return passage_of_library(kind, f, d);\n"
       "  }\n"
       "}\n"
+      "#endif\n"
       "#endif\n\n",
       stdout);
 }
 
 static void object_classes() {
   objects = between(2, max_objects);
-  for (int k = 0; k < functions; ++k) line("static int f%d(int d);", k);
+  for (int k = 0; k < functions; ++k) line("LOCAL int f%d(int d);", k);
   for (int k = 0; k < objects; ++k) {
     context c = context();
     c.highest_object = k;
@@ -513,13 +550,15 @@ static void object_classes() {
     ++depth;
     statements(c, between(1, 3));
     --depth;
-    line("} catch (...) { --live; throw; }");
+    line("} catch (...) { --live; RETHROW; }");
     line("T(\"+o%d\");", k);
     if (handler) {
       close_open("catch (X%d &e)", below(exceptions));
+      line("H h;");
       line("T(\"ctor%d\");", k);
       line("(void)e;");
       close_open("catch (int)");
+      line("H h;");
       line("T(\"ctor%d:int\");", k);
       if (chance(50)) throw_something();
       close();
@@ -550,6 +589,7 @@ static void function_definitions() {
     context c = context();
     c.returns = true;
     c.highest_object = objects;
+    std::printf("#if PART == 2 || PART == %d\n", k % 3 == 2);
     bool specified = chance(25), nothing = !specified && chance(8);
     bool function_try = !specified && !nothing && chance(10);
     if (specified) {
@@ -567,9 +607,9 @@ static void function_definitions() {
       line("static int s%d(int d) throw() __attribute__((__noinline__));", k);
       open("static int s%d(int d) throw()", k);
     } else if (function_try) {
-      open("static int f%d(int d) try", k);
+      open("LOCAL int f%d(int d) try", k);
     } else {
-      open("static int f%d(int d)", k);
+      open("LOCAL int f%d(int d)", k);
     }
     line("if (d <= 0 || ++calls > CALL_LIMIT) return 0;");
     line("T(\"f%d\");", k);
@@ -585,6 +625,7 @@ static void function_definitions() {
     line("return %d;", k);
     if (function_try) {
       close_open("catch (X%d &e)", below(exceptions));
+      line("H h;");
       line("T(\"function%d\");", k);
       line("(void)e;");
       line("return %d;", -k);
@@ -592,7 +633,8 @@ static void function_definitions() {
     } else {
       close();
     }
-    if (specified || nothing) line("static int f%d(int d) { return s%d(d); }", k, k);
+    if (specified || nothing) line("LOCAL int f%d(int d) { return s%d(d); }", k, k);
+    std::puts("#endif");
   }
 }
 
@@ -603,7 +645,7 @@ static void unexpected_handler() {
   line("T(\"unexpected:u%%d\", (int)std::uncaught_exception());");
   if (chance(50)) line("sort_out();");
   open("switch (R(4))");
-  line("case 0: throw;");
+  line("case 0: RETHROW;");
   line("case 1: throw std::bad_exception();");
   line("case 2: throw 7;");
   line("default: throw (const char *)\"unexpected\";");
@@ -653,7 +695,9 @@ int main(int argc, char **argv) {
   passages();
   object_classes();
   function_definitions();
+  std::puts("#if PART != 1");
   unexpected_handler();
   main_function(seed);
+  std::puts("#endif");
   return 0;
 }

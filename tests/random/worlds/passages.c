@@ -10,6 +10,7 @@ void passage_object(int number, int is_destroyed);
 void passage_trace(const char *what, int value);
 void passage_base(const char *what, void *object);
 void passage_sort(void);
+int passage_of_library(int kind, function f, int d);
 
 extern const char _ZTS2X0[];
 static const a_type_info_impl x0_type = {PLX_TYPE_INFO_VTABLE, "X0", _ZTS2X0, 0};
@@ -119,6 +120,7 @@ int passage(int kind, function f, int d) {
     case 1: return rethrowing(f, d);
     case 2: return catching(f, d);
     case 3: return throwing_anew(f, d);
-    default: return with_array(f, d);
+    case 4: return with_array(f, d);
+    default: return passage_of_library(kind, f, d);
   }
 }

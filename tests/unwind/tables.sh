@@ -1,0 +1,37 @@
+#!/bin/bash
+# What unwind/ reads from unwind tables, against what readelf reads: the big 32-bit objects of this machine, and a random
+# program of the two compilers with options that shape frames. See read_tables.cc.
+. "$PLX_SOURCE/tests/driver/common.bash"
+command -v readelf > /dev/null || { echo "skipped: there is no readelf"; exit 77; }
+
+unwind=$PLX_SOURCE/unwind
+ln -s "$PLX_SOURCE/include/plx" plx
+g++ -m32 -O1 -std=c++17 -I "$PLX_SOURCE" -I . "$PLX_SOURCE/tests/unwind/read_tables.cc" "$unwind/frame_table.cpp" \
+  "$unwind/frame_rules.cpp" "$unwind/expression.cpp" "$unwind/exception_table.cpp" -o read_tables || exit 1
+g++ -O1 -std=gnu++98 "$PLX_SOURCE/tests/random/generate.cc" -o generate || exit 1
+
+for name in libc.so.6 libm.so.6 libstdc++.so.6 libgcc_s.so.1 ld-linux.so.2 libgomp.so.1 libitm.so.1 libubsan.so.1; do
+  file=$(g++ -m32 "-print-file-name=$name")
+  [ ! -f "$file" ] || echo "$file"
+done > files
+echo "$PLX_PREFIX/lib/libplx.so.3" >> files
+number=0
+built() {
+  number=$((number + 1))
+  ./generate $number > random.cpp
+  if $1 -m32 -std=gnu++98 -w -shared -fPIC random.cpp -o "random$number.so" ${2:-} 2> log; then
+    echo "./random$number.so" >> files
+  else
+    wrong "$*: does not build"
+  fi
+}
+for flags in -O0 '-O2 -mstackrealign -msse2' '-Os -fomit-frame-pointer'; do
+  built g++ "$flags"
+  ! command -v clang++-14 > /dev/null || built clang++-14 "$flags"
+done
+built g++ '-O2 -mno-accumulate-outgoing-args -mpreferred-stack-boundary=2'
+built g++ '-O3 -fno-dwarf2-cfi-asm -freorder-blocks-and-partition'
+# shellcheck disable=SC2046 # a list of files
+./read_tables $(cat files) > log || wrong "read_tables: $(tail -n 1 log)"
+cat log
+finish
