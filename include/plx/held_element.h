@@ -20,10 +20,15 @@ template <class _T, class _Before> class order_of_bytes {
 public:
   explicit order_of_bytes(_Before &_before) PLX_NOTHROW : _before_(_before) {}
   bool operator()(const object_bytes<_T> &_a, const object_bytes<_T> &_b) const {
-    return _before_(reinterpret_cast<const _T &>(_a), reinterpret_cast<const _T &>(_b));
+    return _before_(_object(_a), _object(_b));
   }
 
 private:
+  // As elements are, and not constant: the order may be a function of T &.
+  static _T &_object(const object_bytes<_T> &_bytes) {
+    return reinterpret_cast<_T &>(const_cast<object_bytes<_T> &>(_bytes));
+  }
+
   _Before &_before_;
 };
 

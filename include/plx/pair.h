@@ -4,6 +4,29 @@
 
 #include <plx/config.h>
 
+#if __cplusplus >= 201103L
+namespace __zor {
+
+// A pair of which only the first member is given.
+struct second_by_default {};
+
+// Has a _type if one converts to the other implicitly.
+template <class _To> void take_converted(_To);
+template <class _From> _From &&some_value() noexcept;
+template <class _From, class _To, class = void> struct _converts {};
+template <class _From, class _To>
+struct _converts<_From, _To, decltype(__zor::take_converted<_To>(__zor::some_value<_From>()))> {
+  typedef void _type;
+};
+
+// What a variable declared `auto` is.
+template <class _T> _T *decayed_copy(_T *, int);
+template <class _T> _T decayed_copy(_T, long);
+template <class _T> struct _decayed { typedef decltype(__zor::decayed_copy(__zor::some_value<_T>(), 0)) _type; };
+
+}  // namespace __zor
+#endif
+
 namespace std {
 
 template <class _T1, class _T2> struct pair {
@@ -15,7 +38,36 @@ template <class _T1, class _T2> struct pair {
 
   pair() : first(), second() {}
   pair(const _T1 &_a, const _T2 &_b) : first(_a), second(_b) {}
+#if __cplusplus >= 201103L
+  pair(const pair &) = default;
+  pair(pair &&) = default;
+  template <class _Ut, class _V, class = typename __zor::_converts<_Ut &&, _T1>::_type,
+            class = typename __zor::_converts<_V &&, _T2>::_type>
+  pair(_Ut &&_a, _V &&_b) : first(static_cast<_Ut &&>(_a)), second(static_cast<_V &&>(_b)) {}
+  template <class _Ut, class _V, class = typename __zor::_converts<const _Ut &, _T1>::_type,
+            class = typename __zor::_converts<const _V &, _T2>::_type>
+  pair(const pair<_Ut, _V> &_other) : first(_other.first), second(_other.second) {}
+  template <class _Ut, class _V, class = typename __zor::_converts<_Ut &&, _T1>::_type,
+            class = typename __zor::_converts<_V &&, _T2>::_type>
+  pair(pair<_Ut, _V> &&_other) : first(static_cast<_Ut &&>(_other.first)), second(static_cast<_V &&>(_other.second)) {}
+  template <class _Kt> pair(__zor::second_by_default, _Kt &&_key) : first(static_cast<_Kt &&>(_key)), second() {}
+
+  // As 1998's: member by member, but moving where it can.
+  pair &operator=(const pair &) = default;
+  pair &operator=(pair &&) = default;
+  template <class _Ut, class _V> pair &operator=(const pair<_Ut, _V> &_other) {
+    first = _other.first;
+    second = _other.second;
+    return *this;
+  }
+  template <class _Ut, class _V> pair &operator=(pair<_Ut, _V> &&_other) {
+    first = static_cast<_Ut &&>(_other.first);
+    second = static_cast<_V &&>(_other.second);
+    return *this;
+  }
+#else
   template <class _Ut, class _V> pair(const pair<_Ut, _V> &_other) : first(_other.first), second(_other.second) {}
+#endif
 };
 
 template <class _T1, class _T2> inline bool operator==(const pair<_T1, _T2> &_left, const pair<_T1, _T2> &_right) {
@@ -37,8 +89,16 @@ template <class _T1, class _T2> inline bool operator>=(const pair<_T1, _T2> &_le
   return !(_left < _right);
 }
 
+#if __cplusplus >= 201103L
+template <class _T1, class _T2>
+inline pair<typename __zor::_decayed<_T1>::_type, typename __zor::_decayed<_T2>::_type> make_pair(_T1 &&_a, _T2 &&_b) {
+  return pair<typename __zor::_decayed<_T1>::_type, typename __zor::_decayed<_T2>::_type>(static_cast<_T1 &&>(_a),
+                                                                                          static_cast<_T2 &&>(_b));
+}
+#else
 // By value, so that arrays and functions come as pointers.
 template <class _T1, class _T2> inline pair<_T1, _T2> make_pair(_T1 _a, _T2 _b) { return pair<_T1, _T2>(_a, _b); }
+#endif
 
 }  // namespace std
 
