@@ -351,16 +351,16 @@ public:
 #else
   PLX_LATER void push_front(_T &&_value) { emplace_front(static_cast<_T &&>(_value)); }
   PLX_LATER void push_back(_T &&_value) { emplace_back(static_cast<_T &&>(_value)); }
-  template <class... _Source> typename __zor::emplaced<_T>::_type emplace_front(_Source &&..._source) {
-    _put_front(static_cast<_Source &&>(_source)...);
+  template <class... _Source> typename __zor::emplaced<_T>::_type emplace_front(_Source &&..._given) {
+    _put_front(static_cast<_Source &&>(_given)...);
     return static_cast<typename __zor::emplaced<_T>::_type>(front());
   }
-  template <class... _Source> typename __zor::emplaced<_T>::_type emplace_back(_Source &&..._source) {
-    _put_back(static_cast<_Source &&>(_source)...);
+  template <class... _Source> typename __zor::emplaced<_T>::_type emplace_back(_Source &&..._given) {
+    _put_back(static_cast<_Source &&>(_given)...);
     return static_cast<typename __zor::emplaced<_T>::_type>(back());
   }
-  template <class... _Source> iterator emplace(const_iterator _at, _Source &&..._source) {
-    return _insert_one(_place(_at), static_cast<_Source &&>(_source)...);
+  template <class... _Source> iterator emplace(const_iterator _at, _Source &&..._given) {
+    return _insert_one(_place(_at), static_cast<_Source &&>(_given)...);
   }
   PLX_LATER iterator insert(const_iterator _at, const _T &_value) { return emplace(_at, _value); }
   PLX_LATER iterator insert(const_iterator _at, _T &&_value) { return emplace(_at, static_cast<_T &&>(_value)); }

@@ -25,14 +25,14 @@
 // something like itself.
 #if __cplusplus >= 201103L
 #define PLX_SOURCE_TYPES class... _Source
-#define PLX_SOURCE _Source &&..._source
-#define PLX_FORWARD_SOURCE static_cast<_Source &&>(_source)...
+#define PLX_SOURCE _Source &&..._given
+#define PLX_FORWARD_SOURCE static_cast<_Source &&>(_given)...
 #define PLX_FROM _From &&_from
 #define PLX_FORWARD_FROM static_cast<_From &&>(_from)
 #else
 #define PLX_SOURCE_TYPES class _Source
-#define PLX_SOURCE const _Source &_source
-#define PLX_FORWARD_SOURCE _source
+#define PLX_SOURCE const _Source &_given
+#define PLX_FORWARD_SOURCE _given
 #define PLX_FROM const _From &_from
 #define PLX_FORWARD_FROM _from
 #endif
@@ -53,20 +53,20 @@ inline void make_element(std::allocator<_Ut> &, _T *_place, PLX_SOURCE) {
 }
 #if __cplusplus >= 201103L
 template <class _A, class _T, class... _Source>
-inline auto make_element_by(int, _A &_a, _T *_place, _Source &&..._source)
-    -> decltype(_a.construct(_place, static_cast<_Source &&>(_source)...), void()) {
-  _a.construct(_place, static_cast<_Source &&>(_source)...);
+inline auto make_element_by(int, _A &_a, _T *_place, _Source &&..._given)
+    -> decltype(_a.construct(_place, static_cast<_Source &&>(_given)...), void()) {
+  _a.construct(_place, static_cast<_Source &&>(_given)...);
 }
 template <class _A, class _T, class... _Source>
-inline void make_element_by(long, _A &, _T *_place, _Source &&..._source) {
-  ::new (static_cast<void *>(_place)) _T(static_cast<_Source &&>(_source)...);
+inline void make_element_by(long, _A &, _T *_place, _Source &&..._given) {
+  ::new (static_cast<void *>(_place)) _T(static_cast<_Source &&>(_given)...);
 }
-template <class _A, class _T, class... _Source> inline void make_element(_A &_a, _T *_place, _Source &&..._source) {
-  __zor::make_element_by(0, _a, _place, static_cast<_Source &&>(_source)...);
+template <class _A, class _T, class... _Source> inline void make_element(_A &_a, _T *_place, _Source &&..._given) {
+  __zor::make_element_by(0, _a, _place, static_cast<_Source &&>(_given)...);
 }
 #else
-template <class _A, class _T, class _Source> inline void make_element(_A &_a, _T *_place, const _Source &_source) {
-  _a.construct(_place, _source);
+template <class _A, class _T, class _Source> inline void make_element(_A &_a, _T *_place, const _Source &_given) {
+  _a.construct(_place, _given);
 }
 #endif
 

@@ -219,16 +219,16 @@ public:
 #else
   PLX_LATER void push_front(_T &&_value) { _hook(_head_.next, _make_of(static_cast<_T &&>(_value))); }
   PLX_LATER void push_back(_T &&_value) { _hook(&_head_, _make_of(static_cast<_T &&>(_value))); }
-  template <class... _Source> typename __zor::emplaced<_T>::_type emplace_front(_Source &&..._source) {
-    _hook(_head_.next, _make_of(static_cast<_Source &&>(_source)...));
+  template <class... _Source> typename __zor::emplaced<_T>::_type emplace_front(_Source &&..._given) {
+    _hook(_head_.next, _make_of(static_cast<_Source &&>(_given)...));
     return static_cast<typename __zor::emplaced<_T>::_type>(front());
   }
-  template <class... _Source> typename __zor::emplaced<_T>::_type emplace_back(_Source &&..._source) {
-    _hook(&_head_, _make_of(static_cast<_Source &&>(_source)...));
+  template <class... _Source> typename __zor::emplaced<_T>::_type emplace_back(_Source &&..._given) {
+    _hook(&_head_, _make_of(static_cast<_Source &&>(_given)...));
     return static_cast<typename __zor::emplaced<_T>::_type>(back());
   }
-  template <class... _Source> iterator emplace(const_iterator _at, _Source &&..._source) {
-    _node *_made = _make_of(static_cast<_Source &&>(_source)...);
+  template <class... _Source> iterator emplace(const_iterator _at, _Source &&..._given) {
+    _node *_made = _make_of(static_cast<_Source &&>(_given)...);
     _hook(_at._node, _made);
     return iterator(_made);
   }

@@ -10,13 +10,20 @@ namespace __zor {
 // A pair of which only the first member is given.
 struct second_by_default {};
 
-// Has a _type if one converts to the other implicitly.
 template <class _To> void take_converted(_To);
 template <class _From> _From &&some_value() noexcept;
-template <class _From, class _To, class = void> struct _converts {};
+template <class _From, class _To, class = void> struct _converts { static const bool value = false; };
 template <class _From, class _To>
 struct _converts<_From, _To, decltype(__zor::take_converted<_To>(__zor::some_value<_From>()))> {
-  typedef void _type;
+  static const bool value = true;
+};
+
+// Makes a constructor of pair<_T1, _T2> from a _U1 and a _U2: an explicit one where a member's is.
+template <bool _condition> struct _only_if {};
+template <> struct _only_if<true> { typedef int _type; };
+template <class _U1, class _T1, class _U2, class _T2> struct pair_from {
+  static const bool _implicit = _converts<_U1, _T1>::value && _converts<_U2, _T2>::value;
+  static const bool _explicit = !_implicit && __is_constructible(_T1, _U1) && __is_constructible(_T2, _U2);
 };
 
 // What a variable declared `auto` is.
@@ -41,15 +48,25 @@ template <class _T1, class _T2> struct pair {
 #if __cplusplus >= 201103L
   pair(const pair &) = default;
   pair(pair &&) = default;
-  template <class _Ut, class _V, class = typename __zor::_converts<_Ut &&, _T1>::_type,
-            class = typename __zor::_converts<_V &&, _T2>::_type>
+  template <class _Ut, class _V,
+            typename __zor::_only_if<__zor::pair_from<_Ut &&, _T1, _V &&, _T2>::_implicit>::_type = 0>
   pair(_Ut &&_a, _V &&_b) : first(static_cast<_Ut &&>(_a)), second(static_cast<_V &&>(_b)) {}
-  template <class _Ut, class _V, class = typename __zor::_converts<const _Ut &, _T1>::_type,
-            class = typename __zor::_converts<const _V &, _T2>::_type>
+  template <class _Ut, class _V,
+            typename __zor::_only_if<__zor::pair_from<_Ut &&, _T1, _V &&, _T2>::_explicit>::_type = 0>
+  explicit pair(_Ut &&_a, _V &&_b) : first(static_cast<_Ut &&>(_a)), second(static_cast<_V &&>(_b)) {}
+  template <class _Ut, class _V,
+            typename __zor::_only_if<__zor::pair_from<const _Ut &, _T1, const _V &, _T2>::_implicit>::_type = 0>
   pair(const pair<_Ut, _V> &_other) : first(_other.first), second(_other.second) {}
-  template <class _Ut, class _V, class = typename __zor::_converts<_Ut &&, _T1>::_type,
-            class = typename __zor::_converts<_V &&, _T2>::_type>
+  template <class _Ut, class _V,
+            typename __zor::_only_if<__zor::pair_from<const _Ut &, _T1, const _V &, _T2>::_explicit>::_type = 0>
+  explicit pair(const pair<_Ut, _V> &_other) : first(_other.first), second(_other.second) {}
+  template <class _Ut, class _V,
+            typename __zor::_only_if<__zor::pair_from<_Ut &&, _T1, _V &&, _T2>::_implicit>::_type = 0>
   pair(pair<_Ut, _V> &&_other) : first(static_cast<_Ut &&>(_other.first)), second(static_cast<_V &&>(_other.second)) {}
+  template <class _Ut, class _V,
+            typename __zor::_only_if<__zor::pair_from<_Ut &&, _T1, _V &&, _T2>::_explicit>::_type = 0>
+  explicit pair(pair<_Ut, _V> &&_other)
+      : first(static_cast<_Ut &&>(_other.first)), second(static_cast<_V &&>(_other.second)) {}
   template <class _Kt> pair(__zor::second_by_default, _Kt &&_key) : first(static_cast<_Kt &&>(_key)), second() {}
 
   // As 1998's: member by member, but moving where it can.

@@ -215,30 +215,30 @@ public:
 
 #if __cplusplus >= 201103L
   // The value must be made before its key is known.
-  template <class... _Source> iterator emplace_unique(bool &_inserted, _Source &&..._source) {
-    _new_node _made(*this, _make_node(static_cast<_Source &&>(_source)...));
+  template <class... _Source> iterator emplace_unique(bool &_inserted, _Source &&..._given) {
+    _new_node _made(*this, _make_node(static_cast<_Source &&>(_given)...));
     const _order _key(_key_of(_made._n), _functions_.compare);
     _place _to;
     _node *const _found = _locate(_key, _to);
     _inserted = !_found;
     return _found ? iterator(_found) : _put(_made._keep(), _key, _to);
   }
-  template <class... _Source> iterator emplace_unique_near(iterator _hint, _Source &&..._source) {
-    _new_node _made(*this, _make_node(static_cast<_Source &&>(_source)...));
+  template <class... _Source> iterator emplace_unique_near(iterator _hint, _Source &&..._given) {
+    _new_node _made(*this, _make_node(static_cast<_Source &&>(_given)...));
     const _order _key(_key_of(_made._n), _functions_.compare);
     _place _to;
     _node *const _found = _locate_near(_hint.base(), _key, _to);
     return _found ? iterator(_found) : _put(_made._keep(), _key, _to);
   }
-  template <class... _Source> iterator emplace_equal(_Source &&..._source) {
-    _new_node _made(*this, _make_node(static_cast<_Source &&>(_source)...));
+  template <class... _Source> iterator emplace_equal(_Source &&..._given) {
+    _new_node _made(*this, _make_node(static_cast<_Source &&>(_given)...));
     const _order _key(_key_of(_made._n), _functions_.compare);
     _place _to;
     _locate_behind(_key, _to);
     return _put(_made._keep(), _key, _to);
   }
-  template <class... _Source> iterator emplace_equal_near(iterator _hint, _Source &&..._source) {
-    _new_node _made(*this, _make_node(static_cast<_Source &&>(_source)...));
+  template <class... _Source> iterator emplace_equal_near(iterator _hint, _Source &&..._given) {
+    _new_node _made(*this, _make_node(static_cast<_Source &&>(_given)...));
     const _order _key(_key_of(_made._n), _functions_.compare);
     _place _to;
     _locate_equal_near(_hint.base(), _key, _to);
@@ -275,8 +275,8 @@ public:
   iterator find(const _Key &_key) const { return find(_order(_key, _functions_.compare), typename _order::_exact()); }
 
   // The first of those with the key, where there may be several.
-  iterator find_first(const _Key &_key) const {
-    return find_first(_order(_key, _functions_.compare), typename _order::_tells_ties());
+  iterator _find_first(const _Key &_key) const {
+    return _find_first(_order(_key, _functions_.compare), typename _order::_exact(), typename _order::_ties_cost());
   }
 
   iterator lower_bound(const _Key &_key) const { return iterator(_lower(_order(_key, _functions_.compare))); }
@@ -455,9 +455,9 @@ private:
     return _bound != header && _is_before(_key, _bound) ? end() : iterator(_bound);
   }
 
-  // Where an equal key is seen on the way. Mostly it is the only one: then a look at the one before it is all there is
+  // A search ends at the first equal key. Mostly it is the only one: then a look at the one before it is all there is
   // to do.
-  iterator find_first(const _order &_key, _yes _exact) const {
+  iterator _find_first(const _order &_key, _yes _exact, _yes) const {
     const iterator _found = find(_key, _exact);
     if (_found == end() || !_found.base()->left) return _found;
     _node *_first = _found.base(), *_before = _first->left;
@@ -471,8 +471,20 @@ private:
     return iterator(_first);
   }
 
+  // Numbers are compared all the way down.
+  iterator _find_first(const _order &_key, _yes, _no) const {
+    _node *_found = header;
+    for (_node *_x = header->parent; _x;) {
+      const bool _tie = _key._ties(*_typed(_x), _key_of(_x));
+      const bool _left = _key._precedes(*_typed(_x), _key_of(_x)) || _tie;
+      _found = _tie ? _x : _found;
+      _x = rb_tree_child(_x, !_left);
+    }
+    return iterator(_found);
+  }
+
   // The bound is the first one.
-  iterator find_first(const _order &_key, _no) const { return find(_key, _no()); }
+  iterator _find_first(const _order &_key, _no, _no) const { return find(_key, _no()); }
 
   _node *_lower(const _order &_key) const {
     _node *_bound = header;

@@ -124,13 +124,13 @@ public:
   iterator insert(const_iterator _hint, const _Value &_value) {
     return this->_tree_.insert_unique(base::_inner(_hint), _value);
   }
-  template <class... _Source> std::pair<iterator, bool> emplace(_Source &&..._source) {
+  template <class... _Source> std::pair<iterator, bool> emplace(_Source &&..._given) {
     bool _inserted;
-    const iterator _at = this->_tree_.emplace_unique(_inserted, static_cast<_Source &&>(_source)...);
+    const iterator _at = this->_tree_.emplace_unique(_inserted, static_cast<_Source &&>(_given)...);
     return std::pair<iterator, bool>(_at, _inserted);
   }
-  template <class... _Source> iterator emplace_hint(const_iterator _hint, _Source &&..._source) {
-    return this->_tree_.emplace_unique_near(base::_inner(_hint), static_cast<_Source &&>(_source)...);
+  template <class... _Source> iterator emplace_hint(const_iterator _hint, _Source &&..._given) {
+    return this->_tree_.emplace_unique_near(base::_inner(_hint), static_cast<_Source &&>(_given)...);
   }
   void insert(std::initializer_list<_Value> _values) { insert(_values.begin(), _values.end()); }
 #endif
@@ -203,11 +203,11 @@ public:
   iterator insert(const_iterator _hint, const _Value &_value) {
     return this->_tree_.insert_equal(base::_inner(_hint), _value);
   }
-  template <class... _Source> iterator emplace(_Source &&..._source) {
-    return this->_tree_.emplace_equal(static_cast<_Source &&>(_source)...);
+  template <class... _Source> iterator emplace(_Source &&..._given) {
+    return this->_tree_.emplace_equal(static_cast<_Source &&>(_given)...);
   }
-  template <class... _Source> iterator emplace_hint(const_iterator _hint, _Source &&..._source) {
-    return this->_tree_.emplace_equal_near(base::_inner(_hint), static_cast<_Source &&>(_source)...);
+  template <class... _Source> iterator emplace_hint(const_iterator _hint, _Source &&..._given) {
+    return this->_tree_.emplace_equal_near(base::_inner(_hint), static_cast<_Source &&>(_given)...);
   }
   void insert(std::initializer_list<_Value> _values) { insert(_values.begin(), _values.end()); }
 #endif
@@ -222,8 +222,8 @@ public:
   }
 
   // The first of the equal ones.
-  iterator find(const _Key &_key) { return this->_tree_.find_first(_key); }
-  const_iterator find(const _Key &_key) const { return this->_tree_.find_first(_key); }
+  iterator find(const _Key &_key) { return this->_tree_._find_first(_key); }
+  const_iterator find(const _Key &_key) const { return this->_tree_._find_first(_key); }
   size_type count(const _Key &_key) const {
     const typename base::_inner_iterator _first = this->_tree_.lower_bound(_key);
     return base::_tree::count(_first, this->_tree_.upper_bound(_key));

@@ -276,16 +276,16 @@ public:
   }
 #else
   PLX_LATER void push_back(_T &&_value) { emplace_back(static_cast<_T &&>(_value)); }
-  template <class... _Source> typename __zor::emplaced<_T>::_type emplace_back(_Source &&..._source) {
-    _emplace_back(typename _traits::_number(), static_cast<_Source &&>(_source)...);
+  template <class... _Source> typename __zor::emplaced<_T>::_type emplace_back(_Source &&..._given) {
+    _emplace_back(typename _traits::_number(), static_cast<_Source &&>(_given)...);
     return static_cast<typename __zor::emplaced<_T>::_type>(_storage_._last[-1]);
   }
-  template <class... _Source> iterator emplace(const_iterator _at, _Source &&..._source) {
+  template <class... _Source> iterator emplace(const_iterator _at, _Source &&..._given) {
     const difference_type _n = _at.base() - _storage_.first;
     if (_storage_._last == _storage_._limit)
-      _emplace_full(_place(_at), typename _traits::_relocatable(), static_cast<_Source &&>(_source)...);
+      _emplace_full(_place(_at), typename _traits::_relocatable(), static_cast<_Source &&>(_given)...);
     else
-      _emplace_one(_place(_at), typename _traits::_relocatable(), static_cast<_Source &&>(_source)...);
+      _emplace_one(_place(_at), typename _traits::_relocatable(), static_cast<_Source &&>(_given)...);
     return iterator(_storage_.first + _n);
   }
   PLX_LATER iterator insert(const_iterator _at, const _T &_value) { return emplace(_at, _value); }
@@ -449,16 +449,16 @@ private:
   }
 
 #if __cplusplus >= 201103L
-  template <class... _Source> void _emplace_back(_yes, _Source &&..._source) {
-    const _T _made(static_cast<_Source &&>(_source)...);
+  template <class... _Source> void _emplace_back(_yes, _Source &&..._given) {
+    const _T _made(static_cast<_Source &&>(_given)...);
     push_back(_made, _yes());
   }
-  template <class... _Source> void _emplace_back(_no, _Source &&..._source) {
+  template <class... _Source> void _emplace_back(_no, _Source &&..._given) {
     if (__builtin_expect(_storage_._last != _storage_._limit, 1)) {
-      __zor::make_element(_alloc(), _storage_._last, static_cast<_Source &&>(_source)...);
+      __zor::make_element(_alloc(), _storage_._last, static_cast<_Source &&>(_given)...);
       ++_storage_._last;
     } else {
-      _emplace_full(_storage_._last, typename _traits::_relocatable(), static_cast<_Source &&>(_source)...);
+      _emplace_full(_storage_._last, typename _traits::_relocatable(), static_cast<_Source &&>(_given)...);
     }
   }
 #endif

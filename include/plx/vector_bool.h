@@ -327,12 +327,12 @@ public:
   void pop_back() PLX_NOTHROW { _cut(_size_ - 1); }
 
 #if __cplusplus >= 201103L
-  template <class... _Source> typename __zor::emplaced<bool, reference>::_type emplace_back(_Source &&..._source) {
-    push_back(bool(static_cast<_Source &&>(_source)...));
+  template <class... _Source> typename __zor::emplaced<bool, reference>::_type emplace_back(_Source &&..._given) {
+    push_back(bool(static_cast<_Source &&>(_given)...));
     return static_cast<typename __zor::emplaced<bool, reference>::_type>(back());
   }
-  template <class... _Source> iterator emplace(const_iterator _at, _Source &&..._source) {
-    return insert(_at, bool(static_cast<_Source &&>(_source)...));
+  template <class... _Source> iterator emplace(const_iterator _at, _Source &&..._given) {
+    return insert(_at, bool(static_cast<_Source &&>(_given)...));
   }
   iterator insert(const_iterator _at, const bool &_value) { return insert(_at, 1, _value); }
   iterator insert(const_iterator _at, size_type _n, const bool &_value) {
