@@ -3,6 +3,7 @@
 #pragma once
 
 #define PLX_CLEANUP_BY_HAND
+#define PLX_INSTANTIATES_FOR_ALL
 
 #include "../libC/eh_tools.h"
 

@@ -31,7 +31,10 @@ void rb_tree_rebalance(rb_node *x, rb_node *header) PLX_NOTHROW {
 }
 
 rb_node *rb_tree_base::__finish_insert(rb_node *x, rb_node *p, rb_node *right_of) {
-  rb_tree_link(this, x, p, right_of);
+  if (!header->parent)
+    rb_tree_link_root(this, x);
+  else
+    rb_tree_link_below(this, x, p, right_of);
   return x;
 }
 

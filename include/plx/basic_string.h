@@ -11,7 +11,7 @@
 #ifndef PLX_BASIC_STRING_H
 #define PLX_BASIC_STRING_H
 
-#include <plx/is_integer.h>
+#include <plx/element.h>
 #include <plx/pointer_iterator.h>
 #include <plx/string_core.h>
 #include <plx/string_fwd.h>
@@ -99,9 +99,13 @@ public:
   basic_string(const _Ct *_text, const _A & = _A()) : _rep_(__zor::string_make(_text, _length_of(_text))) {}
   basic_string(size_type _n, _Ct _c, const _A &_allocator = _A()) { _initialize_storage(_n, _c, _allocator); }
   template <class _Iterator> basic_string(_Iterator _first, _Iterator _last, const _A & = _A())
-      : _rep_(_made_from(_first, _last, typename __zor::is_integer<_Iterator>::_type())) {}
+      : _rep_(_made_from(_first, _last, typename __zor::is_count<_Iterator>::_type())) {}
 #if __cplusplus >= 201103L
   basic_string(basic_string &&_other) noexcept : _rep_(_other._rep_) { _other._rep_ = _empty_rep(); }
+#endif
+#if !PLX_MEMBERS_OF_1998
+  PLX_LATER basic_string(initializer_list<_Ct> _list, const _A & = _A())
+      : _rep_(__zor::string_make(_list.begin(), _list.size())) {}
 #endif
   ~basic_string() PLX_NOTHROW { release(_rep_); }
 
@@ -121,6 +125,9 @@ public:
 #endif
   basic_string &operator=(const _Ct *_text) { return assign(_text, _length_of(_text)); }
   basic_string &operator=(_Ct _c) { return assign(&_c, 1); }
+#if !PLX_MEMBERS_OF_1998
+  PLX_LATER basic_string &operator=(initializer_list<_Ct> _list) { return assign(_list); }
+#endif
 
   // Iterators. What gives a way to change characters makes the string's representation private and unshareable, until
   // the next modifier.
@@ -136,6 +143,11 @@ public:
 #if __cplusplus >= 201103L
   const_iterator cbegin() const noexcept { return begin(); }
   const_iterator cend() const noexcept { return end(); }
+#endif
+#if !PLX_MEMBERS_OF_1998
+  PLX_LATER const_reverse_iterator crbegin() const noexcept { return rbegin(); }
+  PLX_LATER const_reverse_iterator crend() const noexcept { return rend(); }
+  PLX_LATER void shrink_to_fit() noexcept {}
 #endif
 
   // Size. The capacity reported counts the place of the terminating null character; size() never exceeds it.
@@ -203,8 +215,12 @@ public:
     return *this;
   }
   template <class _Iterator> basic_string &append(_Iterator _first, _Iterator _last) {
-    return _append_range(_first, _last, typename __zor::is_integer<_Iterator>::_type());
+    return _append_range(_first, _last, typename __zor::is_count<_Iterator>::_type());
   }
+#if !PLX_MEMBERS_OF_1998
+  PLX_LATER basic_string &operator+=(initializer_list<_Ct> _list) { return append(_list); }
+  PLX_LATER basic_string &append(initializer_list<_Ct> _list) { return append(_list.begin(), _list.size()); }
+#endif
   void push_back(_Ct _c) {
     b_str_ref *_rep = _rep_;
     const size_type _n = _rep->length + 1;
@@ -237,8 +253,12 @@ public:
     return *this;
   }
   template <class _Iterator> basic_string &assign(_Iterator _first, _Iterator _last) {
-    return _assign_range(_first, _last, typename __zor::is_integer<_Iterator>::_type());
+    return _assign_range(_first, _last, typename __zor::is_count<_Iterator>::_type());
   }
+#if !PLX_MEMBERS_OF_1998
+  PLX_LATER basic_string &assign(basic_string &&_other) { return *this = static_cast<basic_string &&>(_other); }
+  PLX_LATER basic_string &assign(initializer_list<_Ct> _list) { return assign(_list.begin(), _list.size()); }
+#endif
 
   // Insertion. An empty sequence is inserted without a look at the position.
 
@@ -262,10 +282,27 @@ public:
     __zor::string_insert_filled(_rep_, _pos, 1, _c);
     return iterator(_exposed() + _pos);
   }
+#if PLX_MEMBERS_OF_1998
   void insert(iterator _at, size_type _n, _Ct _c) { __zor::string_insert_filled(_rep_, _index_of(_at), _n, _c); }
   template <class _Iterator> void insert(iterator _at, _Iterator _first, _Iterator _last) {
-    _insert_range(_index_of(_at), _first, _last, typename __zor::is_integer<_Iterator>::_type());
+    _insert_range(_index_of(_at), _first, _last, typename __zor::is_count<_Iterator>::_type());
   }
+#else
+  PLX_LATER iterator insert(const_iterator _at, _Ct _c) { return insert(_at, 1, _c); }
+  PLX_LATER iterator insert(const_iterator _at, size_type _n, _Ct _c) {
+    const size_type _pos = _place(_at);
+    __zor::string_insert_filled(_rep_, _pos, _n, _c);
+    return iterator(_exposed() + _pos);
+  }
+  template <class _Iterator> iterator insert(const_iterator _at, _Iterator _first, _Iterator _last) {
+    const size_type _pos = _place(_at);
+    _insert_range(_pos, _first, _last, typename __zor::is_count<_Iterator>::_type());
+    return iterator(_exposed() + _pos);
+  }
+  PLX_LATER iterator insert(const_iterator _at, initializer_list<_Ct> _list) {
+    return insert(_at, _list.begin(), _list.end());
+  }
+#endif
 
   // Erasure.
 
@@ -283,6 +320,14 @@ public:
     __zor::string_erase(_rep_, _pos, static_cast<size_type>(_last - _first));
     return iterator(_exposed() + _pos);
   }
+#if !PLX_MEMBERS_OF_1998
+  PLX_LATER iterator erase(const_iterator _at) { return erase(_at, _at + 1); }
+  PLX_LATER iterator erase(const_iterator _first, const_iterator _last) {
+    const size_type _pos = _place(_first);
+    __zor::string_erase(_rep_, _pos, static_cast<size_type>(_last - _first));
+    return iterator(_exposed() + _pos);
+  }
+#endif
 
   // Replacement.
 
@@ -319,8 +364,30 @@ public:
   template <class _Iterator>
   basic_string &replace(iterator _first1, iterator _last1, _Iterator _first2, _Iterator _last2) {
     return _replace_range(_index_of(_first1), _count_of(_first1, _last1), _first2, _last2,
-                          typename __zor::is_integer<_Iterator>::_type());
+                          typename __zor::is_count<_Iterator>::_type());
   }
+#if !PLX_MEMBERS_OF_1998
+  PLX_LATER basic_string &replace(const_iterator _first, const_iterator _last, const basic_string &_other) {
+    return replace(_place(_first), static_cast<size_type>(_last - _first), _other);
+  }
+  PLX_LATER basic_string &replace(const_iterator _first, const_iterator _last, const _Ct *_text, size_type _n) {
+    return replace(_place(_first), static_cast<size_type>(_last - _first), _text, _n);
+  }
+  PLX_LATER basic_string &replace(const_iterator _first, const_iterator _last, const _Ct *_text) {
+    return replace(_place(_first), static_cast<size_type>(_last - _first), _text);
+  }
+  PLX_LATER basic_string &replace(const_iterator _first, const_iterator _last, size_type _n, _Ct _c) {
+    return replace(_place(_first), static_cast<size_type>(_last - _first), _n, _c);
+  }
+  template <class _Iterator>
+  basic_string &replace(const_iterator _first1, const_iterator _last1, _Iterator _first2, _Iterator _last2) {
+    return _replace_range(_place(_first1), static_cast<size_type>(_last1 - _first1), _first2, _last2,
+                          typename __zor::is_count<_Iterator>::_type());
+  }
+  PLX_LATER basic_string &replace(const_iterator _first, const_iterator _last, initializer_list<_Ct> _list) {
+    return replace(_first, _last, _list.begin(), _list.size());
+  }
+#endif
 
   // Copies characters out; writes no terminator.
   size_type copy(_Ct *_to, size_type _n, size_type _pos = 0) const {
@@ -488,6 +555,11 @@ private:
   }
 
   size_type _index_of(iterator _at) const PLX_NOTHROW { return static_cast<size_type>(_at.base() - _rep_->data); }
+#if !PLX_MEMBERS_OF_1998
+  PLX_LATER size_type _place(const_iterator _at) const noexcept {
+    return static_cast<size_type>(_at.base() - _rep_->data);
+  }
+#endif
   static size_type _count_of(iterator _first, iterator _last) PLX_NOTHROW {
     return static_cast<size_type>(_last - _first);
   }

@@ -21,14 +21,30 @@ namespace __zor {
 
 PLX_API bool extract_bits(std::basic_istream<char, std::char_traits<char> > &_in, std::string &_text, unsigned _count);
 
-}
+// What was read gets to the set however reading ends: also when the stream throws for the state that it got.
+template <class _Bits> class bits_to_come {
+public:
+  explicit bits_to_come(_Bits &_to) : _text(), _to_(_to) {}
+  ~bits_to_come() {
+    if (!_text.empty()) _to_ = _Bits(_text);
+  }
+  std::string _text;
+
+private:
+  bits_to_come(const bits_to_come &);
+  bits_to_come &operator=(const bits_to_come &);
+
+  _Bits &_to_;
+};
+
+}  // namespace __zor
 
 namespace std {
 
 template <class _Ct, class _T, size_t _Nv>
 basic_istream<_Ct, _T> &operator>>(basic_istream<_Ct, _T> &_in, bitset<_Nv> &_bits) {
-  basic_string<_Ct, _T, allocator<_Ct> > _text;
-  if (__zor::extract_bits(_in, _text, _Nv)) _bits = bitset<_Nv>(_text);
+  __zor::bits_to_come<bitset<_Nv> > _read(_bits);
+  __zor::extract_bits(_in, _read._text, _Nv);
   return _in;
 }
 

@@ -14,10 +14,6 @@
 #include <plx/node_pool.h>
 #include <plx/sequence.h>
 
-#if __cplusplus >= 201103L
-#include <initializer_list>
-#endif
-
 namespace __zor {
 
 enum { deque_block = 20 };
@@ -26,7 +22,8 @@ enum { deque_block = 20 };
 template <class _T> struct deque_nothing { static _T *_entry; };
 template <class _T> _T *deque_nothing<_T>::_entry = reinterpret_cast<_T *>(4096);
 
-template <class _T, class _Reference, class _Pointer> class deque_iterator : public std::__iterator_of_std {
+template <class _T, class _Reference, class _Pointer> class deque_iterator
+    : public order_of_iterators<deque_iterator<_T, _Reference, _Pointer> > {
 public:
   typedef _T value_type;
   typedef std::ptrdiff_t difference_type;
@@ -84,6 +81,16 @@ public:
     return _moved += -_n;
   }
 
+  friend bool operator==(const deque_iterator &_left, const deque_iterator &_right) PLX_NOTHROW {
+    return _left._cur == _right._cur;
+  }
+  friend bool operator<(const deque_iterator &_left, const deque_iterator &_right) PLX_NOTHROW {
+    return _left._node == _right._node ? _left._cur < _right._cur : _left._node < _right._node;
+  }
+  friend difference_type operator-(const deque_iterator &_left, const deque_iterator &_right) PLX_NOTHROW {
+    return (_left._node - _right._node) * deque_block + (_left._cur - _left._last) - (_right._cur - _right._last);
+  }
+
   _T *_cur;
   _T *_last;  // the end of its block
   _T **_node;
@@ -97,41 +104,6 @@ private:
   }
 };
 
-template <class _T, class _R, class _Pt, class _R2, class _P2>
-inline bool operator==(const deque_iterator<_T, _R, _Pt> &_left,
-                       const deque_iterator<_T, _R2, _P2> &_right) PLX_NOTHROW {
-  return _left._cur == _right._cur;
-}
-template <class _T, class _R, class _Pt, class _R2, class _P2>
-inline bool operator!=(const deque_iterator<_T, _R, _Pt> &_left,
-                       const deque_iterator<_T, _R2, _P2> &_right) PLX_NOTHROW {
-  return _left._cur != _right._cur;
-}
-template <class _T, class _R, class _Pt, class _R2, class _P2>
-inline bool operator<(const deque_iterator<_T, _R, _Pt> &_left,
-                      const deque_iterator<_T, _R2, _P2> &_right) PLX_NOTHROW {
-  return _left._node == _right._node ? _left._cur < _right._cur : _left._node < _right._node;
-}
-template <class _T, class _R, class _Pt, class _R2, class _P2>
-inline bool operator>(const deque_iterator<_T, _R, _Pt> &_left,
-                      const deque_iterator<_T, _R2, _P2> &_right) PLX_NOTHROW {
-  return _right < _left;
-}
-template <class _T, class _R, class _Pt, class _R2, class _P2>
-inline bool operator<=(const deque_iterator<_T, _R, _Pt> &_left,
-                       const deque_iterator<_T, _R2, _P2> &_right) PLX_NOTHROW {
-  return !(_right < _left);
-}
-template <class _T, class _R, class _Pt, class _R2, class _P2>
-inline bool operator>=(const deque_iterator<_T, _R, _Pt> &_left,
-                       const deque_iterator<_T, _R2, _P2> &_right) PLX_NOTHROW {
-  return !(_left < _right);
-}
-template <class _T, class _R, class _Pt, class _R2, class _P2>
-inline std::ptrdiff_t operator-(const deque_iterator<_T, _R, _Pt> &_left,
-                                const deque_iterator<_T, _R2, _P2> &_right) PLX_NOTHROW {
-  return (_left._node - _right._node) * deque_block + (_left._cur - _left._last) - (_right._cur - _right._last);
-}
 template <class _T, class _R, class _Pt>
 inline deque_iterator<_T, _R, _Pt> operator+(std::ptrdiff_t _n, const deque_iterator<_T, _R, _Pt> &_at) PLX_NOTHROW {
   return _at + _n;
@@ -164,7 +136,7 @@ public:
   typedef const _T &reference;
   typedef std::random_access_iterator_tag iterator_category;
 
-  repeated_value(const _T &_value, size_t _at) PLX_NOTHROW : _value_(&_value), _at_(_at) {}
+  repeated_value(const _T &_value, size_t _at) PLX_NOTHROW : _value_(__zor::address_of(_value)), _at_(_at) {}
   const _T &operator*() const PLX_NOTHROW { return *_value_; }
   repeated_value &operator++() PLX_NOTHROW {
     ++_at_;
@@ -212,28 +184,38 @@ public:
   // Construction, copying, destruction.
 
   explicit deque(const _A &_a = _A()) PLX_NOTHROW : _A(_a) { reset(); }
+#if PLX_MEMBERS_OF_1998
   explicit deque(size_type _n, const _T &_value = _T(), const _A &_a = _A()) : _A(_a) {
+#else
+  PLX_LATER explicit deque(size_type _n, const _A &_a = _A()) : _A(_a) {
     reset();
     __zor::_cleanup<_unfinished> _guard(*this);
-    insert(end(), _n, _value);
+    _append_default(_n);
+    _guard.get()._finish();
+  }
+  deque(size_type _n, const _T &_value, const _A &_a = _A()) : _A(_a) {
+#endif
+    reset();
+    __zor::_cleanup<_unfinished> _guard(*this);
+    _append_sized(_repeated(_value, 0), _repeated(_value, _n), _n);
     _guard.get()._finish();
   }
   template <class _Iterator> deque(_Iterator _first, _Iterator _last, const _A &_a = _A()) : _A(_a) {
     reset();
     __zor::_cleanup<_unfinished> _guard(*this);
-    insert(end(), _first, _last);
+    _initialize(_first, _last, typename __zor::is_count<_Iterator>::_type());
     _guard.get()._finish();
   }
   deque(const deque &_other) : _A(_other) {
     reset();
     __zor::_cleanup<_unfinished> _guard(*this);
-    _insert_sized(end(), _other.begin(), _other.end(), _other.size());
+    _append_sized(_other.begin(), _other.end(), _other.size());
     _guard.get()._finish();
   }
   ~deque() { _give_all(); }
 
   deque &operator=(const deque &_other) {
-    if (this != &_other) _assign_sized(_other.begin(), _other.end(), _other.size());
+    if (this != __zor::address_of(_other)) _assign_sized(_other.begin(), _other.end(), _other.size());
     return *this;
   }
 #if __cplusplus >= 201103L
@@ -241,9 +223,14 @@ public:
     reset();
     swap(_other);
   }
-  deque &operator=(deque &&_other) noexcept {
-    deque _taken(static_cast<deque &&>(_other));
-    swap(_taken);
+  deque &operator=(deque &&_other) noexcept(__zor::is_standard_allocator<_A>::value) {
+    if (__zor::share_memory(_alloc(), _other._alloc())) {
+      deque _taken(static_cast<deque &&>(_other));
+      swap(_taken);
+    } else {
+      clear();
+      for (_T &_each : _other) _put_back(static_cast<_T &&>(_each));
+    }
     return *this;
   }
   deque(initializer_list<_T> _values, const _A &_a = _A()) : deque(_values.begin(), _values.end(), _a) {}
@@ -252,12 +239,9 @@ public:
     return *this;
   }
   void assign(initializer_list<_T> _values) { _assign_sized(_values.begin(), _values.end(), _values.size()); }
-  void insert(iterator _at, initializer_list<_T> _values) {
-    _insert_sized(_at, _values.begin(), _values.end(), _values.size());
-  }
 #endif
   template <class _Iterator> void assign(_Iterator _first, _Iterator _last) {
-    _assign_range(_first, _last, typename __zor::is_integer<_Iterator>::_type());
+    _assign_range(_first, _last, typename __zor::is_count<_Iterator>::_type());
   }
   void assign(size_type _n, const _T &_value) {
     const _T _copy(_value);
@@ -279,6 +263,10 @@ public:
   const_iterator cbegin() const noexcept { return begin(); }
   const_iterator cend() const noexcept { return end(); }
 #endif
+#if !PLX_MEMBERS_OF_1998
+  PLX_LATER const_reverse_iterator crbegin() const noexcept { return rbegin(); }
+  PLX_LATER const_reverse_iterator crend() const noexcept { return rend(); }
+#endif
 
   // Size.
 
@@ -290,13 +278,19 @@ public:
     const size_type _fit = _A::max_size(), _countable = 0x7FFFFFFFu / sizeof(_T);
     return _fit < _countable ? _fit : _countable;
   }
-  void resize(size_type _n, _T _value = _T()) {
+#if PLX_MEMBERS_OF_1998
+  void resize(size_type _n, _T _value = _T()) { _resize(_n, _value); }
+#else
+  PLX_LATER void resize(size_type _n) {
     const size_type _now = size();
     if (_n > _now)
-      _insert_sized(end(), _repeated(_value, _now), _repeated(_value, _n), _n - _now);
+      _append_default(_n - _now);
     else
       _cut_back(begin() + static_cast<difference_type>(_n));
   }
+  PLX_LATER void resize(size_type _n, const _T &_value) { _resize(_n, _value); }
+  PLX_LATER void shrink_to_fit() noexcept {}
+#endif
   bool empty() const PLX_NOTHROW { return _finish_ == *_start_node_ + _start_offset_; }
 
   // Elements.
@@ -341,47 +335,53 @@ public:
     _A::destroy(_finish_);
   }
 
-  iterator insert(iterator _at, const _T &_value) {
-    const difference_type _index = _at - begin();
-    if (_index == 0) {
-      push_front(_value);
-    } else if (_at == end()) {
-      push_back(_value);
-    } else {
-      const _T _copy(_value);
-      if (static_cast<size_type>(_index) < size() / 2) {
-        push_front(front());
-        const iterator _first = begin();
-        std::copy(_first + 2, _first + _index + 1, _first + 1);
-      } else {
-        push_back(back());
-        const iterator _last = end();
-        std::copy_backward(begin() + _index, _last - 2, _last - 1);
-      }
-      *_element(static_cast<size_type>(_index)) = _copy;
-    }
-    return begin() + _index;
-  }
-  void insert(iterator _at, size_type _n, const _T &_value) {
-    const _T _copy(_value);
-    _insert_sized(_at, _repeated(_copy, 0), _repeated(_copy, _n), _n);
-  }
+#if PLX_MEMBERS_OF_1998
+  iterator insert(iterator _at, const _T &_value) { return _insert_one(_at, _value); }
+  void insert(iterator _at, size_type _n, const _T &_value) { _insert_filled(_at, _n, _value); }
   template <class _Iterator> void insert(iterator _at, _Iterator _first, _Iterator _last) {
-    _insert_range(_at, _first, _last, typename __zor::is_integer<_Iterator>::_type());
+    _insert_range(_at, _first, _last, typename __zor::is_count<_Iterator>::_type());
   }
+#if __cplusplus >= 201103L
+  void insert(iterator _at, initializer_list<_T> _values) {
+    _insert_sized(_at, _values.begin(), _values.end(), _values.size());
+  }
+#endif
   iterator erase(iterator _at) { return erase(_at, _at + 1); }
-  iterator erase(iterator _first, iterator _last) {
-    const difference_type _index = _first - begin(), _n = _last - _first;
-    if (_n == 0) return _first;
-    if (static_cast<size_type>(_index) < (size() - static_cast<size_type>(_n)) / 2) {
-      std::copy_backward(begin(), _first, _last);
-      _cut_front(begin() + _n);
-    } else {
-      std::copy(_last, end(), _first);
-      _cut_back(end() - _n);
-    }
+  iterator erase(iterator _first, iterator _last) { return _close(_first, _last); }
+#else
+  PLX_LATER void push_front(_T &&_value) { emplace_front(static_cast<_T &&>(_value)); }
+  PLX_LATER void push_back(_T &&_value) { emplace_back(static_cast<_T &&>(_value)); }
+  template <class... _Source> typename __zor::emplaced<_T>::_type emplace_front(_Source &&..._given) {
+    _put_front(static_cast<_Source &&>(_given)...);
+    return static_cast<typename __zor::emplaced<_T>::_type>(front());
+  }
+  template <class... _Source> typename __zor::emplaced<_T>::_type emplace_back(_Source &&..._given) {
+    _put_back(static_cast<_Source &&>(_given)...);
+    return static_cast<typename __zor::emplaced<_T>::_type>(back());
+  }
+  template <class... _Source> iterator emplace(const_iterator _at, _Source &&..._given) {
+    return _insert_one(_place(_at), static_cast<_Source &&>(_given)...);
+  }
+  PLX_LATER iterator insert(const_iterator _at, const _T &_value) { return emplace(_at, _value); }
+  PLX_LATER iterator insert(const_iterator _at, _T &&_value) { return emplace(_at, static_cast<_T &&>(_value)); }
+  PLX_LATER iterator insert(const_iterator _at, size_type _n, const _T &_value) {
+    const difference_type _index = _at - begin();
+    _insert_filled(_place(_at), _n, _value);
     return begin() + _index;
   }
+  template <class _Iterator> iterator insert(const_iterator _at, _Iterator _first, _Iterator _last) {
+    const difference_type _index = _at - begin();
+    _insert_range(_place(_at), _first, _last, typename __zor::is_count<_Iterator>::_type());
+    return begin() + _index;
+  }
+  PLX_LATER iterator insert(const_iterator _at, initializer_list<_T> _values) {
+    return insert(_at, _values.begin(), _values.end());
+  }
+  PLX_LATER iterator erase(const_iterator _at) { return erase(_at, _at + 1); }
+  PLX_LATER iterator erase(const_iterator _first, const_iterator _last) {
+    return _close(_place(_first), _place(_last));
+  }
+#endif
   void swap(deque &_other) PLX_NOTHROW {
     std::swap(_map_, _other._map_);
     std::swap(_map_end_, _other._map_end_);
@@ -546,21 +546,31 @@ private:
   }
   void push_back(const _T &_value, _no) {
     if (__builtin_expect(_finish_ != _finish_limit_, 1)) {
-      _A::construct(_finish_, _value);
+      __zor::make_element(static_cast<_A &>(*this), _finish_, _value);
       ++_finish_;
     } else {
       _push_back_before_new(_value);
     }
   }
-  __attribute__((__noinline__)) void _push_back_before_new(const _T &_value) {
+  __attribute__((__noinline__)) void _push_back_before_new(const _T &_value) { _put_back_before_new(_value); }
+  template <PLX_SOURCE_TYPES> void _put_back(PLX_SOURCE) {
+    if (__builtin_expect(_finish_ != _finish_limit_, 1)) {
+      __zor::make_element(static_cast<_A &>(*this), _finish_, PLX_FORWARD_SOURCE);
+      ++_finish_;
+    } else {
+      _put_back_before_new(PLX_FORWARD_SOURCE);
+    }
+  }
+  template <PLX_SOURCE_TYPES> void _put_back_before_new(PLX_SOURCE) {
     if (!_map_) {
       _begin_in_middle();
-      push_back(_value);
+      __zor::make_element(static_cast<_A &>(*this), _finish_, PLX_FORWARD_SOURCE);
+      ++_finish_;
       return;
     }
     if (_finish_node_ + 1 == _map_end_) _reserve_entries(1, false);
     _new_block _made(*this);
-    _A::construct(_finish_, _value);
+    __zor::make_element(static_cast<_A &>(*this), _finish_, PLX_FORWARD_SOURCE);
     _finish_node_[1] = _made._keep();
     _set_finish(_finish_node_[1], _finish_node_ + 1);
   }
@@ -585,21 +595,31 @@ private:
   }
   void push_front(const _T &_value, _no) {
     if (__builtin_expect(_start_offset_ != 0, 1)) {
-      _A::construct(*_start_node_ + (_start_offset_ - 1), _value);
+      __zor::make_element(static_cast<_A &>(*this), *_start_node_ + (_start_offset_ - 1), _value);
       --_start_offset_;
     } else {
       _push_front_into_new(_value);
     }
   }
-  __attribute__((__noinline__)) void _push_front_into_new(const _T &_value) {
+  __attribute__((__noinline__)) void _push_front_into_new(const _T &_value) { _put_front_into_new(_value); }
+  template <PLX_SOURCE_TYPES> void _put_front(PLX_SOURCE) {
+    if (__builtin_expect(_start_offset_ != 0, 1)) {
+      __zor::make_element(static_cast<_A &>(*this), *_start_node_ + (_start_offset_ - 1), PLX_FORWARD_SOURCE);
+      --_start_offset_;
+    } else {
+      _put_front_into_new(PLX_FORWARD_SOURCE);
+    }
+  }
+  template <PLX_SOURCE_TYPES> void _put_front_into_new(PLX_SOURCE) {
     if (!_map_) {
       _begin_in_middle();
-      push_front(_value);
+      __zor::make_element(static_cast<_A &>(*this), *_start_node_ + (_start_offset_ - 1), PLX_FORWARD_SOURCE);
+      --_start_offset_;
       return;
     }
     if (_start_node_ == _map_) _reserve_entries(1, true);
     _new_block _made(*this);
-    _A::construct(_made.get() + (_block - 1), _value);
+    __zor::make_element(static_cast<_A &>(*this), _made.get() + (_block - 1), PLX_FORWARD_SOURCE);
     *--_start_node_ = _made._keep();
     _start_offset_ = _block - 1;
   }
@@ -660,8 +680,17 @@ private:
     _made_range(deque &_d, const iterator &_first) : at(_first), _deque_(_d), _first_(_first) {}
     ~_made_range() { _deque_._destroy_between(_first_, at); }
     template <class _Iterator> void _add(_Iterator _first, const _Iterator &_last) {
-      for (; _first != _last; ++_first, (void)++at) _deque_._A::construct(at._cur, *_first);
+      for (; _first != _last; ++_first, (void)++at) __zor::make_element(static_cast<_A &>(_deque_), at._cur, *_first);
     }
+    template <class _Iterator> void _add_taken(_Iterator _first, const _Iterator &_last) {
+      for (; _first != _last; ++_first, (void)++at)
+        __zor::make_element(static_cast<_A &>(_deque_), at._cur, __zor::take_element(*_first));
+    }
+#if !PLX_MEMBERS_OF_1998
+    PLX_LATER void _add_default(size_type _n) {
+      for (; _n != 0; --_n, (void)++at) __zor::make_element(static_cast<_A &>(_deque_), at._cur);
+    }
+#endif
     void _keep() { _first_ = at; }
     iterator at;
 
@@ -673,7 +702,7 @@ private:
   };
 
   template <class _Integer> void _insert_range(iterator _at, _Integer _n, _Integer _value, _yes) {
-    insert(_at, static_cast<size_type>(_n), static_cast<_T>(_value));
+    _insert_filled(_at, static_cast<size_type>(_n), static_cast<_T>(_value));
   }
   template <class _Iterator> void _insert_range(iterator _at, _Iterator _first, _Iterator _last, _no) {
     _insert_by(_at, _first, _last, typename iterator_traits<_Iterator>::iterator_category());
@@ -695,15 +724,117 @@ private:
     if (_n > max_size() - size()) __zor::sequence_length_error();
     const size_type _index = static_cast<size_type>(_at - begin());
     if (!_map_) _begin_in_middle();
-    if (_index < size() / 2)
+    if (_index < size() - _index)
       _insert_near_front(_index, _first, _last, _n);
     else
       _insert_near_back(_index, _first, _last, _n);
   }
 
-  template <class _Iterator> void _insert_near_back(size_type _index, _Iterator _first, _Iterator _last, size_type _n) {
+  // At the back, where no element needs to be assigned.
+  template <class _Iterator> void _append_sized(_Iterator _first, _Iterator _last, size_type _n) {
+    if (_n == 0) return;
+    if (_n > max_size() - size()) __zor::sequence_length_error();
+    if (!_map_) _begin_in_middle();
+    const size_type _blocks = _blocks_behind(_n);
+    const bool _in_front = false;
+    __zor::_cleanup<_new_blocks> _added(*this, _blocks, _in_front);
+    for (size_type _i = 0; _i < _blocks; ++_i) _added.get()._add();
+    _made_range _made(*this, end());
+    _made._add(_first, _last);
+    _made._keep();
+    _added.get()._keep();
+    _set_finish(_made.at._cur, _made.at._node);
+  }
+#if !PLX_MEMBERS_OF_1998
+  PLX_LATER void _append_default(size_type _n) {
+    if (_n > max_size() - size()) __zor::sequence_length_error();
+    if (!_map_) _begin_in_middle();
+    const size_type _blocks = _blocks_behind(_n);
+    const bool _in_front = false;
+    __zor::_cleanup<_new_blocks> _added(*this, _blocks, _in_front);
+    for (size_type _i = 0; _i < _blocks; ++_i) _added.get()._add();
+    _made_range _made(*this, end());
+    _made._add_default(_n);
+    _made._keep();
+    _added.get()._keep();
+    _set_finish(_made.at._cur, _made.at._node);
+  }
+  PLX_LATER iterator _place(const_iterator _at) const noexcept {
+    iterator _same;
+    _same._cur = _at._cur;
+    _same._last = _at._last;
+    _same._node = _at._node;
+    return _same;
+  }
+#endif
+  // How many more blocks n elements at the back need.
+  template <class _Count> size_type _blocks_behind(_Count _n) const PLX_NOTHROW {
     const size_type _room = static_cast<size_type>(_finish_limit_ - _finish_);
-    const size_type _blocks = _n <= _room ? 0 : (_n - _room + _block - 1) / _block;
+    return _n <= _room ? 0 : (_n - _room + _block - 1) / _block;
+  }
+  // Ranges of a constructor.
+  template <class _Integer> void _initialize(_Integer _n, _Integer _value, _yes) {
+    const _T _copy(static_cast<_T>(_value));
+    _append_sized(_repeated(_copy, 0), _repeated(_copy, static_cast<size_type>(_n)), static_cast<size_type>(_n));
+  }
+  template <class _Iterator> void _initialize(_Iterator _first, _Iterator _last, _no) {
+    _initialize_by(_first, _last, typename iterator_traits<_Iterator>::iterator_category());
+  }
+  template <class _Iterator> void _initialize_by(_Iterator _first, _Iterator _last, forward_iterator_tag) {
+    _append_sized(_first, _last, static_cast<size_type>(std::distance(_first, _last)));
+  }
+  template <class _Iterator> void _initialize_by(_Iterator _first, _Iterator _last, input_iterator_tag) {
+    for (; _first != _last; ++_first) _put_back(*_first);
+  }
+
+  template <PLX_SOURCE_TYPES> iterator _insert_one(iterator _at, PLX_SOURCE) {
+    const difference_type _index = _at - begin();
+    if (_index == 0) {
+      _put_front(PLX_FORWARD_SOURCE);
+    } else if (_at == end()) {
+      _put_back(PLX_FORWARD_SOURCE);
+    } else {
+      _T _made(PLX_FORWARD_SOURCE);
+      if (static_cast<size_type>(_index) < size() / 2) {
+        _put_front(__zor::_moved(front()));
+        const iterator _first = begin();
+        __zor::move_range(_first + 2, _first + _index + 1, _first + 1);
+      } else {
+        _put_back(__zor::_moved(back()));
+        const iterator _last = end();
+        __zor::move_range_backward(begin() + _index, _last - 2, _last - 1);
+      }
+      *_element(static_cast<size_type>(_index)) = __zor::_moved(_made);
+    }
+    return begin() + _index;
+  }
+  template <class _V> void _insert_filled(iterator _at, size_type _n, const _V &_value) {
+    const _T _copy(_value);
+    _insert_sized(_at, _repeated(_copy, 0), _repeated(_copy, _n), _n);
+  }
+  template <class _V> void _resize(size_type _n, const _V &_value) {
+    const size_type _now = size();
+    if (_n > _now)
+      _append_sized(_repeated(_value, _now), _repeated(_value, _n), _n - _now);
+    else
+      _cut_back(begin() + static_cast<difference_type>(_n));
+  }
+  // The shorter side closes the gap.
+  template <class _Iterator> _Iterator _close(_Iterator _first, _Iterator _last) {
+    const difference_type _index = _first - begin(), _n = _last - _first;
+    if (_n == 0) return _first;
+    if (_index < end() - _last) {
+      __zor::move_range_backward(begin(), _first, _last);
+      _cut_front(begin() + _n);
+    } else {
+      __zor::move_range(_last, end(), _first);
+      _cut_back(end() - _n);
+    }
+    return begin() + _index;
+  }
+
+  template <class _Iterator> void _insert_near_back(size_type _index, _Iterator _first, _Iterator _last, size_type _n) {
+    const size_type _blocks = _blocks_behind(_n);
     const bool _in_front = false;
     __zor::_cleanup<_new_blocks> _added(*this, _blocks, _in_front);
     for (size_type _i = 0; _i < _blocks; ++_i) _added.get()._add();
@@ -714,17 +845,17 @@ private:
     const difference_type _tail = _end_before - _at;
     _made_range _made(*this, _end_before);
     if (_tail > _count) {
-      _made._add(_end_before - _count, _end_before);
+      _made._add_taken(_end_before - _count, _end_before);
       _made._keep();
       _added.get()._keep();
       _set_finish(_end_after._cur, _end_after._node);
-      std::copy_backward(_at, _end_before - _count, _end_before);
+      __zor::move_range_backward(_at, _end_before - _count, _end_before);
       _assign_each(_at, _first, _last);
     } else {
       _Iterator _middle = _first;
       std::advance(_middle, _tail);
       _made._add(_middle, _last);
-      _made._add(_at, _end_before);
+      _made._add_taken(_at, _end_before);
       _made._keep();
       _added.get()._keep();
       _set_finish(_end_after._cur, _end_after._node);
@@ -743,16 +874,16 @@ private:
     const iterator _begin_before = begin(), _at = _begin_before + _head, _begin_after = _begin_before - _count;
     _made_range _made(*this, _begin_after);
     if (_head >= _count) {
-      _made._add(_begin_before, _begin_before + _count);
+      _made._add_taken(_begin_before, _begin_before + _count);
       _made._keep();
       _added.get()._keep();
       _set_start(_begin_after);
-      std::copy(_begin_before + _count, _at, _begin_before);
+      __zor::move_range(_begin_before + _count, _at, _begin_before);
       _assign_each(_at - _count, _first, _last);
     } else {
       _Iterator _middle = _first;
       std::advance(_middle, _count - _head);
-      _made._add(_begin_before, _at);
+      _made._add_taken(_begin_before, _at);
       _made._add(_first, _middle);
       _made._keep();
       _added.get()._keep();
@@ -794,7 +925,7 @@ private:
       _cut_back(_at);
     } else {
       for (size_type _i = 0; _i < _now; ++_i, (void)++_first, (void)++_at) *_at = *_first;
-      _insert_sized(end(), _first, _last, _n - _now);
+      _append_sized(_first, _last, _n - _now);
     }
   }
 

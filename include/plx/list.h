@@ -16,27 +16,10 @@
 #include <plx/node_pool.h>
 #include <plx/sequence.h>
 
-#if __cplusplus >= 201103L
-#include <initializer_list>
-#endif
-
 namespace __zor {
 
-// Joins two nodes.
-inline void list_link(list_links *_before, list_links *_after) PLX_NOTHROW {
-  _before->next = _after;
-  _after->_prev = _before;
-}
-
-// Moves the nodes [first, last) in front of `_at`, which is not among them.
-inline void list_transfer(list_links *_at, list_links *_first, list_links *_last) PLX_NOTHROW {
-  list_links *const _end = _last->_prev;
-  list_link(_first->_prev, _last);
-  list_link(_at->_prev, _first);
-  list_link(_end, _at);
-}
-
-template <class _T, class _Reference, class _Pointer> class list_iterator : public std::__iterator_of_std {
+template <class _T, class _Reference, class _Pointer> class list_iterator
+    : public equality_of_iterators<list_iterator<_T, _Reference, _Pointer> > {
 public:
   typedef _T value_type;
   typedef std::ptrdiff_t difference_type;
@@ -69,17 +52,12 @@ public:
     return _before;
   }
 
+  friend bool operator==(const list_iterator &_left, const list_iterator &_right) PLX_NOTHROW {
+    return _left._node == _right._node;
+  }
+
   list_links *_node;
 };
-
-template <class _T, class _R, class _Pt, class _R2, class _P2>
-inline bool operator==(const list_iterator<_T, _R, _Pt> &_left, const list_iterator<_T, _R2, _P2> &_right) PLX_NOTHROW {
-  return _left._node == _right._node;
-}
-template <class _T, class _R, class _Pt, class _R2, class _P2>
-inline bool operator!=(const list_iterator<_T, _R, _Pt> &_left, const list_iterator<_T, _R2, _P2> &_right) PLX_NOTHROW {
-  return _left._node != _right._node;
-}
 
 }  // namespace __zor
 
@@ -110,13 +88,21 @@ public:
   // Construction, copying, destruction.
 
   explicit list(const _A &_a = _A()) PLX_NOTHROW : _A(_a) { reset(); }
+#if PLX_MEMBERS_OF_1998
   explicit list(size_type _n, const _T &_value = _T(), const _A &_a = _A()) : _A(_a) {
+#else
+  PLX_LATER explicit list(size_type _n, const _A &_a = _A()) : _A(_a) {
     reset();
-    insert(end(), _n, _value);
+    _append_default(_n);
+  }
+  list(size_type _n, const _T &_value, const _A &_a = _A()) : _A(_a) {
+#endif
+    reset();
+    _insert_filled(&_head_, _n, _value);
   }
   template <class _Iterator> list(_Iterator _first, _Iterator _last, const _A &_a = _A()) : _A(_a) {
     reset();
-    insert(end(), _first, _last);
+    _insert_range(&_head_, _first, _last, typename __zor::is_count<_Iterator>::_type());
   }
   list(const list &_other) : _A(_other) {
     reset();
@@ -125,7 +111,7 @@ public:
   ~list() { _give_all(); }
 
   list &operator=(const list &_other) {
-    if (this != &_other) _assign_each(_other.begin(), _other.end());
+    if (this != __zor::address_of(_other)) _assign_each(_other.begin(), _other.end());
     return *this;
   }
 #if __cplusplus >= 201103L
@@ -133,9 +119,14 @@ public:
     reset();
     _swap_rings(_other);
   }
-  list &operator=(list &&_other) noexcept {
-    list _taken(static_cast<list &&>(_other));
-    swap(_taken);
+  list &operator=(list &&_other) noexcept(__zor::is_standard_allocator<_A>::value) {
+    if (__zor::share_memory(_alloc(), _other._alloc())) {
+      list _taken(static_cast<list &&>(_other));
+      swap(_taken);
+    } else {
+      clear();
+      for (_T &_each : _other) _hook(&_head_, _make_of(static_cast<_T &&>(_each)));
+    }
     return *this;
   }
   list(initializer_list<_T> _values, const _A &_a = _A()) : _A(_a) {
@@ -147,19 +138,18 @@ public:
     return *this;
   }
   void assign(initializer_list<_T> _values) { _assign_each(_values.begin(), _values.end()); }
-  void insert(iterator _at, initializer_list<_T> _values) { _insert_each(_at._node, _values.begin(), _values.end()); }
 #endif
   template <class _Iterator> void assign(_Iterator _first, _Iterator _last) {
-    _assign_range(_first, _last, typename __zor::is_integer<_Iterator>::_type());
+    _assign_range(_first, _last, typename __zor::is_count<_Iterator>::_type());
   }
   void assign(size_type _n, const _T &_value) {
     _links *_at = _head_.next;
     for (; _n != 0 && _at != &_head_; --_n, _at = _at->next) _value_of(_at) = _value;
     // The value may lie among the elements that go.
     if (_n != 0)
-      insert(end(), _n, _value);
+      _insert_filled(&_head_, _n, _value);
     else
-      erase(iterator(_at), end());
+      _erase_between(_at, &_head_);
   }
   allocator_type get_allocator() const PLX_NOTHROW { return static_cast<const _A &>(*this); }
 
@@ -177,21 +167,28 @@ public:
   const_iterator cbegin() const noexcept { return begin(); }
   const_iterator cend() const noexcept { return end(); }
 #endif
+#if !PLX_MEMBERS_OF_1998
+  PLX_LATER const_reverse_iterator crbegin() const noexcept { return rbegin(); }
+  PLX_LATER const_reverse_iterator crend() const noexcept { return rend(); }
+#endif
 
   // Size and ends.
 
   bool empty() const PLX_NOTHROW { return _size_ == 0; }
   size_type size() const PLX_NOTHROW { return _size_; }
   size_type max_size() const PLX_NOTHROW { return static_cast<size_type>(-1) / sizeof(_node); }
+#if PLX_MEMBERS_OF_1998
   void resize(size_type _n, _T _value = _T()) {
-    if (_n >= _size_) {
-      insert(end(), _n - _size_, _value);
-      return;
-    }
-    _links *_at = &_head_;
-    for (size_type _gone = _size_ - _n; _gone != 0; --_gone) _at = _at->_prev;
-    erase(iterator(_at), end());
+    if (!_cut(_n)) _insert_filled(&_head_, _n - _size_, _value);
   }
+#else
+  PLX_LATER void resize(size_type _n) {
+    if (!_cut(_n)) _append_default(_n - _size_);
+  }
+  PLX_LATER void resize(size_type _n, const _T &_value) {
+    if (!_cut(_n)) _insert_filled(&_head_, _n - _size_, _value);
+  }
+#endif
   reference front() PLX_NOTHROW { return _value_of(_head_.next); }
   const_reference front() const PLX_NOTHROW { return _value_of(_head_.next); }
   reference back() PLX_NOTHROW { return _value_of(_head_._prev); }
@@ -204,33 +201,57 @@ public:
   void push_back(const _T &_value) { _hook(&_head_, _make(_value)); }
   void pop_back() { _give(_unhook(_head_._prev)); }
 
+#if PLX_MEMBERS_OF_1998
   iterator insert(iterator _at, const _T &_value) {
     _node *_made = _make(_value);
     _hook(_at._node, _made);
     return iterator(_made);
   }
-  void insert(iterator _at, size_type _n, const _T &_value) {
-    if (_n > max_size() - _size_) __zor::sequence_length_error();
-    __zor::_cleanup<_chain> _made(*this);
-    for (; _n != 0; --_n) _made.get()._add(_value);
-    _made.get()._hook_before(_at._node);
-  }
+  void insert(iterator _at, size_type _n, const _T &_value) { _insert_filled(_at._node, _n, _value); }
   template <class _Iterator> void insert(iterator _at, _Iterator _first, _Iterator _last) {
-    _insert_range(_at, _first, _last, typename __zor::is_integer<_Iterator>::_type());
+    _insert_range(_at._node, _first, _last, typename __zor::is_count<_Iterator>::_type());
   }
-  iterator erase(iterator _at) {
-    _links *const _next = _at._node->next;
-    _give(_unhook(_at._node));
-    return iterator(_next);
+#if __cplusplus >= 201103L
+  void insert(iterator _at, initializer_list<_T> _values) { _insert_each(_at._node, _values.begin(), _values.end()); }
+#endif
+  iterator erase(iterator _at) { return iterator(_erase_one(_at._node)); }
+  iterator erase(iterator _first, iterator _last) { return iterator(_erase_between(_first._node, _last._node)); }
+#else
+  PLX_LATER void push_front(_T &&_value) { _hook(_head_.next, _make_of(static_cast<_T &&>(_value))); }
+  PLX_LATER void push_back(_T &&_value) { _hook(&_head_, _make_of(static_cast<_T &&>(_value))); }
+  template <class... _Source> typename __zor::emplaced<_T>::_type emplace_front(_Source &&..._given) {
+    _hook(_head_.next, _make_of(static_cast<_Source &&>(_given)...));
+    return static_cast<typename __zor::emplaced<_T>::_type>(front());
   }
-  iterator erase(iterator _first, iterator _last) {
-    if (_first == begin() && _last == end()) {
-      clear();
-      return _last;
-    }
-    while (_first != _last) _first = erase(_first);
-    return _last;
+  template <class... _Source> typename __zor::emplaced<_T>::_type emplace_back(_Source &&..._given) {
+    _hook(&_head_, _make_of(static_cast<_Source &&>(_given)...));
+    return static_cast<typename __zor::emplaced<_T>::_type>(back());
   }
+  template <class... _Source> iterator emplace(const_iterator _at, _Source &&..._given) {
+    _node *_made = _make_of(static_cast<_Source &&>(_given)...);
+    _hook(_at._node, _made);
+    return iterator(_made);
+  }
+  PLX_LATER iterator insert(const_iterator _at, const _T &_value) { return emplace(_at, _value); }
+  PLX_LATER iterator insert(const_iterator _at, _T &&_value) { return emplace(_at, static_cast<_T &&>(_value)); }
+  PLX_LATER iterator insert(const_iterator _at, size_type _n, const _T &_value) {
+    _links *const _before = _at._node->_prev;
+    _insert_filled(_at._node, _n, _value);
+    return iterator(_before->next);
+  }
+  template <class _Iterator> iterator insert(const_iterator _at, _Iterator _first, _Iterator _last) {
+    _links *const _before = _at._node->_prev;
+    _insert_range(_at._node, _first, _last, typename __zor::is_count<_Iterator>::_type());
+    return iterator(_before->next);
+  }
+  PLX_LATER iterator insert(const_iterator _at, initializer_list<_T> _values) {
+    return insert(_at, _values.begin(), _values.end());
+  }
+  PLX_LATER iterator erase(const_iterator _at) { return iterator(_erase_one(_at._node)); }
+  PLX_LATER iterator erase(const_iterator _first, const_iterator _last) {
+    return iterator(_erase_between(_first._node, _last._node));
+  }
+#endif
   void swap(list &_other) PLX_NOTHROW { _swap_rings(_other); }
   void clear() PLX_NOTHROW {
     _give_all();
@@ -239,44 +260,42 @@ public:
 
   // Operations that move nodes. On the list itself splicing all and merging do nothing.
 
-  void splice(iterator _at, list &_other) {
-    if (this == &_other || _other.empty()) return;
-    __zor::list_transfer(_at._node, _other._head_.next, &_other._head_);
-    _size_ += _other._size_;
-    _other._size_ = 0;
-  }
-  void splice(iterator _at, list &_other, iterator _which) {
-    if (_at == _which || _at._node == _which._node->next) return;
-    __zor::list_transfer(_at._node, _which._node, _which._node->next);
-    --_other._size_;
-    ++_size_;
-  }
+#if PLX_MEMBERS_OF_1998
+  void splice(iterator _at, list &_other) { _take_all(_at._node, _other); }
+  void splice(iterator _at, list &_other, iterator _which) { _take_one(_at._node, _other, _which._node); }
   void splice(iterator _at, list &_other, iterator _first, iterator _last) {
-    if (_first == _last || _at == _first || _at == _last) {
-      if (this == &_other || _first == _last) return;
-    }
-    if (this != &_other) {
-      size_type _n = 0;
-      for (_links *_each = _first._node; _each != _last._node; _each = _each->next) ++_n;
-      _other._size_ -= _n;
-      _size_ += _n;
-    }
-    __zor::list_transfer(_at._node, _first._node, _last._node);
+    _take_between(_at._node, _other, _first._node, _last._node);
   }
+#else
+  PLX_LATER void splice(const_iterator _at, list &_other) { _take_all(_at._node, _other); }
+  PLX_LATER void splice(const_iterator _at, list &_other, const_iterator _which) {
+    _take_one(_at._node, _other, _which._node);
+  }
+  PLX_LATER void splice(const_iterator _at, list &_other, const_iterator _first, const_iterator _last) {
+    _take_between(_at._node, _other, _first._node, _last._node);
+  }
+  PLX_LATER void splice(const_iterator _at, list &&_other) { splice(_at, _other); }
+  PLX_LATER void splice(const_iterator _at, list &&_other, const_iterator _which) { splice(_at, _other, _which); }
+  PLX_LATER void splice(const_iterator _at, list &&_other, const_iterator _first, const_iterator _last) {
+    splice(_at, _other, _first, _last);
+  }
+  PLX_LATER void merge(list &&_other) { merge(_other); }
+  template <class _Compare> void merge(list &&_other, _Compare _before) { merge(_other, _before); }
+#endif
 
   // What is removed waits until the end: the value may be one of the elements.
   void remove(const _T &_value) {
     list _removed(get_allocator());
     for (iterator _at = begin(); _at != end();) {
       const iterator _each = _at++;
-      if (*_each == _value) _removed.splice(_removed.end(), *this, _each);
+      if (*_each == _value) _removed._take_one(&_removed._head_, *this, _each._node);
     }
   }
   template <class _Predicate> void remove_if(_Predicate _matches) {
     list _removed(get_allocator());
     for (iterator _at = begin(); _at != end();) {
       const iterator _each = _at++;
-      if (_matches(*_each)) _removed.splice(_removed.end(), *this, _each);
+      if (_matches(*_each)) _removed._take_one(&_removed._head_, *this, _each._node);
     }
   }
   void unique() { unique(__zor::list_equal()); }
@@ -291,19 +310,9 @@ public:
   }
   void merge(list &_other) { merge(_other, __zor::list_less()); }
   template <class _Compare> void merge(list &_other, _Compare _before) {
-    if (this == &_other) return;
-    _links *_at = _head_.next;
-    while (_at != &_head_ && !_other.empty()) {
-      _links *const _first = _other._head_.next;
-      if (_before(_value_of(_first), _value_of(_at))) {
-        __zor::list_transfer(_at, _first, _first->next);
-        --_other._size_;
-        ++_size_;
-      } else {
-        _at = _at->next;
-      }
-    }
-    splice(end(), _other);
+    if (this == __zor::address_of(_other)) return;
+    __zor::list_merge_rings<_T>(&_head_, _size_, &_other._head_, _other._size_, _before);
+    _take_all(&_head_, _other);
   }
   void reverse() PLX_NOTHROW {
     _links *_at = &_head_;
@@ -317,7 +326,7 @@ public:
   void sort() { sort(__zor::list_less()); }
   template <class _Compare> void sort(_Compare _before) {
     if (_size_ < 2) return;
-    if (!__zor::list_sort_by_array<_T>(&_head_, _size_, _before)) _sort_by_bins(_before);
+    if (!__zor::list_sort_by_array<_T>(&_head_, _size_, _before)) __zor::list_sort_by_bins<_T>(&_head_, _before);
   }
 
 private:
@@ -356,14 +365,27 @@ private:
   _node *_make(const _T &_value) { return _make(_value, typename _traits::_plain()); }
   _node *_make(const _T &_value, _yes) {
     _node *const _made = _source::_take(_alloc());
-    _A::construct(__zor::address_of(_made->value), _value);
+    __zor::make_element(static_cast<_A &>(*this), __zor::address_of(_made->value), _value);
     return _made;
   }
   _node *_make(const _T &_value, _no) {
     _raw_node _made(_alloc());
-    _A::construct(__zor::address_of(_made.get()->value), _value);
+    __zor::make_element(static_cast<_A &>(*this), __zor::address_of(_made.get()->value), _value);
     return _made._keep();
   }
+  template <PLX_SOURCE_TYPES> _node *_make_of(PLX_SOURCE) {
+    _raw_node _made(_alloc());
+    __zor::make_element(static_cast<_A &>(*this), __zor::address_of(_made.get()->value), PLX_FORWARD_SOURCE);
+    return _made._keep();
+  }
+#if !PLX_MEMBERS_OF_1998
+  PLX_LATER void _append_default(size_type _n) {
+    if (_n > max_size() - _size_) __zor::sequence_length_error();
+    __zor::_cleanup<_chain> _made(*this);
+    for (; _n != 0; --_n) _made.get()._hold(_make_of());
+    _made.get()._hook_before(&_head_);
+  }
+#endif
   void _give(_links *_at) {
     _A::destroy(__zor::address_of(_value_of(_at)));
     _source::_give(_alloc(), static_cast<_node *>(_at));
@@ -410,8 +432,8 @@ private:
         _at = _next;
       }
     }
-    void _add(const _T &_value) {
-      _node *const _made = _owner_._make(_value);
+    void _add(const _T &_value) { _hold(_owner_._make(_value)); }
+    template <class _Node> void _hold(_Node *_made) PLX_NOTHROW {
       __zor::list_link(_head_._prev, _made);
       __zor::list_link(_made, &_head_);
       ++_n_;
@@ -432,17 +454,71 @@ private:
     size_type _n_;
   };
 
-  template <class _Integer> void _insert_range(iterator _at, _Integer _n, _Integer _value, _yes) {
-    insert(_at, static_cast<size_type>(_n), static_cast<_T>(_value));
+  template <class _V> void _insert_filled(_links *_at, size_type _n, const _V &_value) {
+    if (_n > max_size() - _size_) __zor::sequence_length_error();
+    __zor::_cleanup<_chain> _made(*this);
+    for (; _n != 0; --_n) _made.get()._add(_value);
+    _made.get()._hook_before(_at);
   }
-  template <class _Iterator> void _insert_range(iterator _at, _Iterator _first, _Iterator _last, _no) {
-    _insert_each(_at._node, _first, _last);
+  template <class _Integer> void _insert_range(_links *_at, _Integer _n, _Integer _value, _yes) {
+    _insert_filled(_at, static_cast<size_type>(_n), static_cast<_T>(_value));
+  }
+  template <class _Iterator> void _insert_range(_links *_at, _Iterator _first, _Iterator _last, _no) {
+    _insert_each(_at, _first, _last);
   }
   template <class _Iterator> void _insert_each(_links *_at, _Iterator _first, _Iterator _last) {
     __zor::_cleanup<_chain> _made(*this);
-    for (; _first != _last; ++_first) _made.get()._add(*_first);
+    for (; _first != _last; ++_first) _made.get()._hold(_make_of(*_first));
     _made.get()._hook_before(_at);
   }
+  // ---- Erasing and moving nodes.
+
+  template <class _L> _L *_erase_one(_L *_at) {
+    _L *const _next = _at->next;
+    _give(_unhook(_at));
+    return _next;
+  }
+  template <class _L> _L *_erase_between(_L *_first, _L *_last) {
+    if (_first == _head_.next && _last == &_head_) {
+      clear();
+      return _last;
+    }
+    while (_first != _last) _first = _erase_one(_first);
+    return _last;
+  }
+  // Keeps n elements; false when there are no more anyway.
+  template <class _Count> bool _cut(_Count _n) {
+    if (_n >= _size_) return false;
+    _links *_at = &_head_;
+    for (size_type _gone = _size_ - _n; _gone != 0; --_gone) _at = _at->_prev;
+    _erase_between(_at, &_head_);
+    return true;
+  }
+  template <class _L> void _take_all(_L *_at, list &_other) PLX_NOTHROW {
+    if (this == __zor::address_of(_other) || _other.empty()) return;
+    __zor::list_transfer(_at, _other._head_.next, &_other._head_);
+    _size_ += _other._size_;
+    _other._size_ = 0;
+  }
+  template <class _L> void _take_one(_L *_at, list &_other, _L *_which) PLX_NOTHROW {
+    if (_at == _which || _at == _which->next) return;
+    __zor::list_transfer(_at, _which, _which->next);
+    --_other._size_;
+    ++_size_;
+  }
+  template <class _L> void _take_between(_L *_at, list &_other, _L *_first, _L *_last) PLX_NOTHROW {
+    if (_first == _last || _at == _first || _at == _last) {
+      if (this == __zor::address_of(_other) || _first == _last) return;
+    }
+    if (this != __zor::address_of(_other)) {
+      size_type _n = 0;
+      for (_links *_each = _first; _each != _last; _each = _each->next) ++_n;
+      _other._size_ -= _n;
+      _size_ += _n;
+    }
+    __zor::list_transfer(_at, _first, _last);
+  }
+
   template <class _Integer> void _assign_range(_Integer _n, _Integer _value, _yes) {
     assign(static_cast<size_type>(_n), static_cast<_T>(_value));
   }
@@ -451,14 +527,14 @@ private:
     _links *_at = _head_.next;
     for (; _first != _last && _at != &_head_; (void)++_first, _at = _at->next) _value_of(_at) = *_first;
     if (_first == _last)
-      erase(iterator(_at), end());
+      _erase_between(_at, &_head_);
     else
       _insert_each(&_head_, _first, _last);
   }
 
   // Exchanges the rings: each list object takes the other's place in the other's ring.
   void _swap_rings(list &_other) PLX_NOTHROW {
-    if (this == &_other) return;
+    if (this == __zor::address_of(_other)) return;
     const _links _mine = _head_, _its = _other._head_;
     const size_type _n = _size_;
     _adopt(_its, _other._size_);
@@ -470,41 +546,6 @@ private:
     __zor::list_link(&_head_, _ring.next);
     __zor::list_link(_ring._prev, &_head_);
     _size_ = _n;
-  }
-
-  // ---- Sorting without memory: elements are carried into bins of 1, 2, 4, ... elements. Whatever happens, all of them
-  // are in the list again at the end.
-
-  class _bins {
-  public:
-    explicit _bins(list &_whole) : _whole_(_whole) {}
-    ~_bins() {
-      _whole_.splice(_whole_.end(), _carry);
-      for (int _i = 0; _i < 64; ++_i) _whole_.splice(_whole_.end(), _bin[_i]);
-    }
-    list _carry;
-    list _bin[64];
-
-  private:
-    list &_whole_;
-  };
-  template <class _Compare> __attribute__((__noinline__)) void _sort_by_bins(_Compare _before) {
-    _bins _sorted(*this);
-    int _used = 0;
-    while (!empty()) {
-      _sorted._carry.splice(_sorted._carry.begin(), *this, begin());
-      int _i = 0;
-      for (; _i < _used && !_sorted._bin[_i].empty(); ++_i) {
-        _sorted._bin[_i].merge(_sorted._carry, _before);
-        _sorted._carry.swap(_sorted._bin[_i]);
-      }
-      _sorted._carry.swap(_sorted._bin[_i]);
-      if (_i == _used && _used < 63) ++_used;
-    }
-    for (int _i = 1; _i <= _used; ++_i) {
-      _sorted._bin[_i].merge(_sorted._bin[_i - 1], _before);
-    }
-    splice(end(), _sorted._bin[_used]);
   }
 
   _links _head_;

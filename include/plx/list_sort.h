@@ -20,11 +20,54 @@ struct list_links {
 template <class _T> struct list_node : public list_links { _T value; };
 
 struct list_less {
-  template <class _T> bool operator()(const _T &_a, const _T &_b) const { return _a < _b; }
+  template <class _T> bool operator()(_T &_a, _T &_b) const { return _a < _b; }
 };
 struct list_equal {
-  template <class _T> bool operator()(const _T &_a, const _T &_b) const { return _a == _b; }
+  template <class _T> bool operator()(_T &_a, _T &_b) const { return _a == _b; }
 };
+
+// Joins two nodes.
+inline void list_link(list_links *_before, list_links *_after) PLX_NOTHROW {
+  _before->next = _after;
+  _after->_prev = _before;
+}
+
+// Moves the nodes [first, last) in front of `_at`, which is not among them.
+inline void list_transfer(list_links *_at, list_links *_first, list_links *_last) PLX_NOTHROW {
+  list_links *const _end = _last->_prev;
+  list_link(_first->_prev, _last);
+  list_link(_at->_prev, _first);
+  list_link(_end, _at);
+}
+
+// A ring of nodes without an owner.
+struct list_ring : public list_links {
+  list_ring() PLX_NOTHROW { next = _prev = this; }
+  bool empty() const PLX_NOTHROW { return next == this; }
+  void _move_before(list_links *_at) PLX_NOTHROW {
+    if (!empty()) list_transfer(_at, next, this);
+  }
+
+private:
+  list_ring(const list_ring &);
+  list_ring &operator=(const list_ring &);
+};
+
+// Merges the nodes of a sorted ring into another one, but for those that go behind all others; of equal elements those
+// that are there come first. The sizes are right also when a comparison throws.
+template <class _T, class _Compare>
+void list_merge_rings(list_links *_into, size_t &_size, list_links *_from, size_t &_from_size, _Compare &_before) {
+  for (list_links *_at = _into->next; _at != _into && _from->next != _from;) {
+    list_links *const _first = _from->next;
+    if (_before(static_cast<list_node<_T> *>(_first)->value, static_cast<list_node<_T> *>(_at)->value)) {
+      list_transfer(_at, _first, _first->next);
+      ++_size;
+      --_from_size;
+    } else {
+      _at = _at->next;
+    }
+  }
+}
 
 // Memory that is no operator new's: sorting does not fail for want of it. Null when there is none.
 PLX_API void *take_scratch(size_t _bytes) PLX_NOTHROW;
@@ -47,14 +90,14 @@ private:
 };
 
 template <class _T> struct list_keyed_entry {
-  _T _key;
+  mutable _T _key;
   list_links *_node;
 
   void set(list_links *_n) {
     _key = static_cast<list_node<_T> *>(_n)->value;
     _node = _n;
   }
-  const _T &value() const { return _key; }
+  _T &value() const { return _key; }
   void _fetch() const {}
 };
 
@@ -62,8 +105,8 @@ template <class _T> struct list_plain_entry {
   list_links *_node;
 
   void set(list_links *_n) { _node = _n; }
-  const _T &value() const { return static_cast<list_node<_T> *>(_node)->value; }
-  void _fetch() const { __builtin_prefetch(&static_cast<list_node<_T> *>(_node)->value); }
+  _T &value() const { return static_cast<list_node<_T> *>(_node)->value; }
+  void _fetch() const { __builtin_prefetch(__zor::address_of(value())); }
 };
 
 // Strings in their own order: the first four characters are the key, and the rest is only looked at where they agree.
@@ -132,6 +175,47 @@ template <class _Entry, class _Compare> inline void list_sort_run(_Entry *_first
     for (; _to != _first && __zor::list_before(_moved, _to[-1], _before); --_to) *_to = _to[-1];
     *_to = _moved;
   }
+}
+
+// Without memory: nodes are carried into bins of 1, 2, 4, ... nodes. Whatever happens, all are in the ring again at the
+// end.
+template <class _T> class list_bins {
+public:
+  explicit list_bins(list_links *_whole) PLX_NOTHROW : _whole_(_whole) {}
+  ~list_bins() {
+    _carry._move_before(_whole_);
+    for (int _i = 0; _i < 32; ++_i) _bin[_i]._move_before(_whole_);
+  }
+  list_ring _carry;
+  list_ring _bin[32];
+
+private:
+  list_bins(const list_bins &);
+  list_bins &operator=(const list_bins &);
+
+  list_links *_whole_;
+};
+template <class _T, class _Compare> inline void list_merge_bin(list_ring &_into, list_ring &_from, _Compare &_before) {
+  size_t _uncounted = 0;
+  __zor::list_merge_rings<_T>(&_into, _uncounted, &_from, _uncounted, _before);
+  _from._move_before(&_into);
+}
+template <class _T, class _Compare>
+__attribute__((__noinline__)) void list_sort_by_bins(list_links *_whole, _Compare &_before) {
+  list_bins<_T> _sorted(_whole);
+  int _used = 0;
+  while (_whole->next != _whole) {
+    list_transfer(&_sorted._carry, _whole->next, _whole->next->next);
+    int _i = 0;
+    for (; _i < _used && !_sorted._bin[_i].empty(); ++_i) {
+      // Those in the bin came first.
+      __zor::list_merge_bin<_T>(_sorted._bin[_i], _sorted._carry, _before);
+      _sorted._bin[_i]._move_before(&_sorted._carry);
+    }
+    _sorted._carry._move_before(&_sorted._bin[_i]);
+    if (_i == _used && _used < 31) ++_used;
+  }
+  for (int _i = 1; _i <= _used; ++_i) __zor::list_merge_bin<_T>(_sorted._bin[_i], _sorted._bin[_i - 1], _before);
 }
 
 // False: no memory, nothing was done.

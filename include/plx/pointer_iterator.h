@@ -19,7 +19,19 @@ namespace __zor {
 template <class _To, class _From> struct adds_const {};
 template <class _T> struct adds_const<const _T, _T> { typedef int _type; };
 
-template <class _T> class pointer_iterator : public std::__iterator_of_std {
+// Comparisons of the library's iterators, made of their == and <. They are functions, and no templates: whatever
+// templates of operators a program has, for its elements or for everything, these fit better. An iterator meets a
+// const_iterator by conversion.
+template <class _Iterator> class equality_of_iterators : public std::__iterator_of_std {
+  friend bool operator!=(const _Iterator &_left, const _Iterator &_right) PLX_NOTHROW { return !(_left == _right); }
+};
+template <class _Iterator> class order_of_iterators : public equality_of_iterators<_Iterator> {
+  friend bool operator>(const _Iterator &_left, const _Iterator &_right) PLX_NOTHROW { return _right < _left; }
+  friend bool operator<=(const _Iterator &_left, const _Iterator &_right) PLX_NOTHROW { return !(_right < _left); }
+  friend bool operator>=(const _Iterator &_left, const _Iterator &_right) PLX_NOTHROW { return !(_left < _right); }
+};
+
+template <class _T> class pointer_iterator : public order_of_iterators<pointer_iterator<_T> > {
 public:
   typedef typename std::iterator_traits<_T *>::value_type value_type;
   typedef std::ptrdiff_t difference_type;
@@ -58,38 +70,20 @@ public:
   pointer_iterator operator+(difference_type _n) const PLX_NOTHROW { return pointer_iterator(_at_ + _n); }
   pointer_iterator operator-(difference_type _n) const PLX_NOTHROW { return pointer_iterator(_at_ - _n); }
 
+  friend bool operator==(const pointer_iterator &_left, const pointer_iterator &_right) PLX_NOTHROW {
+    return _left._at_ == _right._at_;
+  }
+  friend bool operator<(const pointer_iterator &_left, const pointer_iterator &_right) PLX_NOTHROW {
+    return _left._at_ < _right._at_;
+  }
+  friend std::ptrdiff_t operator-(const pointer_iterator &_left, const pointer_iterator &_right) PLX_NOTHROW {
+    return _left._at_ - _right._at_;
+  }
+
 private:
   _T *_at_;
 };
 
-template <class _T, class _Ut>
-inline bool operator==(const pointer_iterator<_T> &_left, const pointer_iterator<_Ut> &_right) PLX_NOTHROW {
-  return _left.base() == _right.base();
-}
-template <class _T, class _Ut>
-inline bool operator!=(const pointer_iterator<_T> &_left, const pointer_iterator<_Ut> &_right) PLX_NOTHROW {
-  return _left.base() != _right.base();
-}
-template <class _T, class _Ut>
-inline bool operator<(const pointer_iterator<_T> &_left, const pointer_iterator<_Ut> &_right) PLX_NOTHROW {
-  return _left.base() < _right.base();
-}
-template <class _T, class _Ut>
-inline bool operator>(const pointer_iterator<_T> &_left, const pointer_iterator<_Ut> &_right) PLX_NOTHROW {
-  return _left.base() > _right.base();
-}
-template <class _T, class _Ut>
-inline bool operator<=(const pointer_iterator<_T> &_left, const pointer_iterator<_Ut> &_right) PLX_NOTHROW {
-  return _left.base() <= _right.base();
-}
-template <class _T, class _Ut>
-inline bool operator>=(const pointer_iterator<_T> &_left, const pointer_iterator<_Ut> &_right) PLX_NOTHROW {
-  return _left.base() >= _right.base();
-}
-template <class _T, class _Ut>
-inline std::ptrdiff_t operator-(const pointer_iterator<_T> &_left, const pointer_iterator<_Ut> &_right) PLX_NOTHROW {
-  return _left.base() - _right.base();
-}
 template <class _T>
 inline pointer_iterator<_T> operator+(std::ptrdiff_t _n, const pointer_iterator<_T> &_at) PLX_NOTHROW {
   return _at + _n;

@@ -16,7 +16,13 @@ public:
   typedef typename _Container::size_type size_type;
   typedef _Container container_type;
 
+#if __cplusplus >= 201103L
+  queue() : c() {}
+  explicit queue(const _Container &_elements) : c(_elements) {}
+  explicit queue(_Container &&_elements) : c(static_cast<_Container &&>(_elements)) {}
+#else
   explicit queue(const _Container &_elements = _Container()) : c(_elements) {}
+#endif
 
   bool empty() const { return c.empty(); }
   size_type size() const { return c.size(); }
@@ -25,6 +31,13 @@ public:
   value_type &back() { return c.back(); }
   const value_type &back() const { return c.back(); }
   void push(const value_type &_value) { c.push_back(_value); }
+#if __cplusplus >= 201103L
+  void push(value_type &&_value) { c.push_back(static_cast<value_type &&>(_value)); }
+  template <class... _Source> typename __zor::emplaced<value_type>::_type emplace(_Source &&..._given) {
+    return static_cast<typename __zor::emplaced<value_type>::_type>(c.emplace_back(static_cast<_Source &&>(_given)...));
+  }
+  void swap(queue &_other) noexcept { c.swap(_other.c); }
+#endif
   void pop() { c.pop_front(); }
 
   template <class _Ut, class _Ct> friend bool operator==(const queue<_Ut, _Ct> &, const queue<_Ut, _Ct> &);
@@ -60,10 +73,22 @@ public:
   typedef typename _Container::size_type size_type;
   typedef _Container container_type;
 
+#if __cplusplus >= 201103L
+  priority_queue() : c(), comp() {}
+  explicit priority_queue(const _Compare &_before) : c(), comp(_before) {}
+  priority_queue(const _Compare &_before, const _Container &_elements) : c(_elements), comp(_before) {
+    std::make_heap(c.begin(), c.end(), comp);
+  }
+  priority_queue(const _Compare &_before, _Container &&_elements)
+      : c(static_cast<_Container &&>(_elements)), comp(_before) {
+    std::make_heap(c.begin(), c.end(), comp);
+  }
+#else
   explicit priority_queue(const _Compare &_before = _Compare(), const _Container &_elements = _Container())
       : c(_elements), comp(_before) {
     std::make_heap(c.begin(), c.end(), comp);
   }
+#endif
   template <class _Iterator> priority_queue(_Iterator _first, _Iterator _last, const _Compare &_before = _Compare(),
                                             const _Container &_elements = _Container())
       : c(_elements), comp(_before) {
@@ -78,6 +103,20 @@ public:
     c.push_back(_value);
     std::push_heap(c.begin(), c.end(), comp);
   }
+#if __cplusplus >= 201103L
+  void push(value_type &&_value) {
+    c.push_back(static_cast<value_type &&>(_value));
+    std::push_heap(c.begin(), c.end(), comp);
+  }
+  template <class... _Source> void emplace(_Source &&..._given) {
+    c.emplace_back(static_cast<_Source &&>(_given)...);
+    std::push_heap(c.begin(), c.end(), comp);
+  }
+  void swap(priority_queue &_other) {
+    c.swap(_other.c);
+    std::swap(comp, _other.comp);
+  }
+#endif
   void pop() {
     std::pop_heap(c.begin(), c.end(), comp);
     c.pop_back();
@@ -87,6 +126,16 @@ protected:
   _Container c;
   _Compare comp;
 };
+
+#if __cplusplus >= 201103L
+template <class _T, class _Ct> inline void swap(queue<_T, _Ct> &_left, queue<_T, _Ct> &_right) noexcept {
+  _left.swap(_right);
+}
+template <class _T, class _Ct, class _Compare>
+inline void swap(priority_queue<_T, _Ct, _Compare> &_left, priority_queue<_T, _Ct, _Compare> &_right) {
+  _left.swap(_right);
+}
+#endif
 
 }  // namespace std
 

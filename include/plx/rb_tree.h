@@ -6,30 +6,24 @@
 #ifndef PLX_RB_TREE_H
 #define PLX_RB_TREE_H
 
+#include <plx/element.h>
 #include <plx/node_pool.h>
 #include <plx/tree_iterator.h>
 #include <plx/tree_order.h>
 
 namespace __zor {
 
-// How values are made: by the program's allocator, or directly, which is all that the standard one does.
-template <class _A, class _Value> struct tree_values {
-  static void construct(_A &_a, _Value *_place, const _Value &_value) { _a.construct(_place, _value); }
-  template <class _Key> static void _construct_default(_A &_a, _Value *_place, const _Key &_key) {
-    _a.construct(_place, _Value(_key, typename _Value::second_type()));
-  }
-  static void destroy(_A &_a, _Value *_value) { _a.destroy(_value); }
-};
+// Allocators go with the nodes that they gave. One without state has nothing to say, and perhaps no assignment.
+template <class _A> inline void swap_allocators(_A &, _A &, _yes) PLX_NOTHROW {}
+template <class _A> inline void swap_allocators(_A &_a, _A &_b, _no) {
+  const _A _mine(_a);
+  _a = _b;
+  _b = _mine;
+}
 
-template <class _T, class _Value> struct tree_values<std::allocator<_T>, _Value> {
-  static void construct(std::allocator<_T> &, _Value *_place, const _Value &_value) {
-    ::new (static_cast<void *>(_place)) _Value(_value);
-  }
-  template <class _Key> static void _construct_default(std::allocator<_T> &, _Value *_place, const _Key &_key) {
-    ::new (static_cast<void *>(_place)) _Value(_key, typename _Value::second_type());
-  }
-  static void destroy(std::allocator<_T> &, _Value *_value) { _value->~_Value(); }
-};
+// The header of trees that were moved from, until they get an element again: empty for ever.
+template <class _T> struct tree_nothing { static rb_tree_node_base _header; };
+template <class _T> rb_tree_node_base tree_nothing<_T>::_header = {0, 0, 0, rb_red};
 
 template <class _Key, class _Value, class _KeyOf, class _Compare, class _A> class rb_tree : private rb_tree_base {
   typedef typename tree_order<_Key, _Compare>::_type _order;
@@ -44,11 +38,34 @@ public:
 
   rb_tree(const rb_tree &_other) : rb_tree_base(), _functions_(_other._functions_) { _make_copy(_other); }
 
+#if __cplusplus >= 201103L
+  // Takes the header too.
+  rb_tree(rb_tree &&_other) noexcept(__is_nothrow_constructible(_Compare, const _Compare &))
+      : rb_tree_base(), _functions_(_other._functions_) {
+    header = _no_header();
+    _make_empty();
+    _swap_nodes(_other);
+  }
+  rb_tree &operator=(rb_tree &&_other)
+      noexcept(is_standard_allocator<_value_allocator>::value &&__is_nothrow_assignable(_Compare &, const _Compare &)) {
+    if (this == __zor::address_of(_other)) return *this;
+    clear();
+    _functions_.compare = _other._functions_.compare;
+    if (__zor::share_memory<_value_allocator>(_functions_, _other._functions_)) {
+      _swap_nodes(_other);
+    } else {
+      for (iterator _each = _other.begin(); _each != _other.end(); ++_each)
+        insert_equal(end(), static_cast<_Value &&>(*_each));
+    }
+    return *this;
+  }
+#endif
+
   ~rb_tree() { destroy(); }
 
   // All or nothing, unless the comparison's own assignment fails half-way.
   rb_tree &operator=(const rb_tree &_other) {
-    if (this != &_other) {
+    if (this != __zor::address_of(_other)) {
       rb_tree _copy(_other, _functions_);
       _functions_.compare = _other._functions_.compare;
       _swap_nodes(_copy);
@@ -57,9 +74,11 @@ public:
   }
 
   void swap(rb_tree &_other) {
-    const _functions _mine(_functions_);
-    _functions_ = _other._functions_;
-    _other._functions_ = _mine;
+    const _Compare _mine(_functions_.compare);
+    _functions_.compare = _other._functions_.compare;
+    _other._functions_.compare = _mine;
+    __zor::swap_allocators<_value_allocator>(_functions_, _other._functions_,
+                                             typename _truth<__is_empty(_value_allocator)>::_type());
     _swap_nodes(_other);
   }
 
@@ -97,67 +116,135 @@ public:
   }
 
   // Apart from the search, which then needs no cleanup.
-  __attribute__((__noinline__)) _typed_node *_add_default(const _Key &_wanted, const _order &_key, const _place &_to) {
-    _typed_node *const _n = _nodes::_take(_functions_);
-    _unfinished_node _guard(*this, _n);
-    _values::_construct_default(_functions_, address_of(_n->value), _wanted);
-    _guard._n = 0;
+#if __cplusplus >= 201103L
+  template <class _Kt>
+  __attribute__((__noinline__)) _typed_node *_add_default(_Kt &&_wanted, const _order &_key, const _place &_to) {
+    _typed_node *const _n = _make_node(second_by_default(), static_cast<_Kt &&>(_wanted));
     _put(_n, _key, _to);
     return _n;
   }
+#else
+  __attribute__((__noinline__)) _typed_node *_add_default(const _Key &_wanted, const _order &_key, const _place &_to) {
+    _typed_node *const _n = _nodes::_take(_functions_);
+    {
+      _unfinished_node _guard(*this, _n);
+      _make_default(_functions_, __zor::address_of(_n->value), _wanted);
+      _guard._n = 0;
+    }
+    _put(_n, _key, _to);
+    return _n;
+  }
+  // A program's allocator copies a pair that was made.
+  template <class _Ut> static void _make_default(std::allocator<_Ut> &, _Value *_place, const _Key &_key) {
+    ::new (static_cast<void *>(_place)) _Value(_key, typename _Value::second_type());
+  }
+  template <class _Maker> static void _make_default(_Maker &_a, _Value *_place, const _Key &_key) {
+    _a.construct(_place, _Value(_key, typename _Value::second_type()));
+  }
+#endif
 
-  // Links a node that has its value.
-  iterator _put(_typed_node *_n, const _order &_key, const _place &_to) PLX_NOTHROW {
+  // Links a node that has its value. Only an empty tree may need memory for it.
+  __attribute__((__always_inline__)) iterator _put(_typed_node *_n, const _order &_key, const _place &_to) {
     _key._keep(*_n);
-    rb_tree_link(this, _n, _to.parent, _to._right_of);
+    if (__builtin_expect(!header->parent, 0))
+      _put_first(_n);
+    else
+      rb_tree_link_below(this, _n, _to.parent, _to._right_of);
     return iterator(_n);
   }
+  PLX_COLD void _put_first(_typed_node *_n) {
+    _new_node _guard(*this, _n);
+    if (header == _no_header()) _make_header();
+    rb_tree_link_root(this, _guard._keep());
+  }
 
-  _typed_node *_make_node(const _Value &_value) {
+  template <PLX_SOURCE_TYPES> _typed_node *_make_node(PLX_SOURCE) {
     _typed_node *const _n = _nodes::_take(_functions_);
     _unfinished_node _guard(*this, _n);
-    _values::construct(_functions_, address_of(_n->value), _value);
+    __zor::make_element(_maker(), __zor::address_of(_n->value), PLX_FORWARD_SOURCE);
     _guard._n = 0;
     return _n;
   }
 
-  iterator insert_unique(const _Value &_value, bool &_inserted) {
-    const _order _key(_KeyOf::_key(_value), _functions_.compare);
+  // From a value, or from something with the very type of key. A node is only made when there is none with that key.
+  template <class _From> iterator insert_unique(PLX_FROM, bool &_inserted) {
+    const _order _key(_KeyOf::_key(_from), _functions_.compare);
     _place _to;
     _node *const _found = _locate(_key, _to);
     _inserted = !_found;
-    return _found ? iterator(_found) : _put(_make_node(_value), _key, _to);
+    return _found ? iterator(_found) : _put(_make_node(PLX_FORWARD_FROM), _key, _to);
   }
 
   // The value of a key, made with a default one if there is none. Where `second` is what belongs to a key.
-  _Value *_value_of(const _Key &_wanted) {
+  _Value &_value_of(const _Key &_wanted) {
     const _order _key(_wanted, _functions_.compare);
     _place _to;
     _typed_node *const _n = _locate(_key, _to);
-    return _n ? &_n->value : &_add_default(_wanted, _key, _to)->value;
+    return _n ? _n->value : _add_default(_wanted, _key, _to)->value;
   }
+#if __cplusplus >= 201103L
+  _Value &_value_of(_Key &&_wanted) {
+    const _order _key(_wanted, _functions_.compare);
+    _place _to;
+    _typed_node *const _n = _locate(_key, _to);
+    return _n ? _n->value : _add_default(static_cast<_Key &&>(_wanted), _key, _to)->value;
+  }
+#endif
 
-  iterator insert_equal(const _Value &_value) {
-    const _order _key(_KeyOf::_key(_value), _functions_.compare);
+  template <class _From> iterator insert_equal(PLX_FROM) {
+    const _order _key(_KeyOf::_key(_from), _functions_.compare);
     _place _to;
     _locate_behind(_key, _to);
-    return _put(_make_node(_value), _key, _to);
+    return _put(_make_node(PLX_FORWARD_FROM), _key, _to);
   }
 
   // Beside the hint no key is compared but those of the hint and its neighbours.
-  iterator insert_unique(iterator _hint, const _Value &_value) {
-    const _order _key(_KeyOf::_key(_value), _functions_.compare);
+  template <class _From> iterator insert_unique(iterator _hint, PLX_FROM) {
+    const _order _key(_KeyOf::_key(_from), _functions_.compare);
     _place _to;
     _node *const _found = _locate_near(_hint.base(), _key, _to);
-    return _found ? iterator(_found) : _put(_make_node(_value), _key, _to);
+    return _found ? iterator(_found) : _put(_make_node(PLX_FORWARD_FROM), _key, _to);
   }
 
-  iterator insert_equal(iterator _hint, const _Value &_value) {
-    const _order _key(_KeyOf::_key(_value), _functions_.compare);
+  template <class _From> iterator insert_equal(iterator _hint, PLX_FROM) {
+    const _order _key(_KeyOf::_key(_from), _functions_.compare);
     _place _to;
     _locate_equal_near(_hint.base(), _key, _to);
-    return _put(_make_node(_value), _key, _to);
+    return _put(_make_node(PLX_FORWARD_FROM), _key, _to);
   }
+
+#if __cplusplus >= 201103L
+  // The value must be made before its key is known.
+  template <class... _Source> iterator emplace_unique(bool &_inserted, _Source &&..._given) {
+    _new_node _made(*this, _make_node(static_cast<_Source &&>(_given)...));
+    const _order _key(_key_of(_made._n), _functions_.compare);
+    _place _to;
+    _node *const _found = _locate(_key, _to);
+    _inserted = !_found;
+    return _found ? iterator(_found) : _put(_made._keep(), _key, _to);
+  }
+  template <class... _Source> iterator emplace_unique_near(iterator _hint, _Source &&..._given) {
+    _new_node _made(*this, _make_node(static_cast<_Source &&>(_given)...));
+    const _order _key(_key_of(_made._n), _functions_.compare);
+    _place _to;
+    _node *const _found = _locate_near(_hint.base(), _key, _to);
+    return _found ? iterator(_found) : _put(_made._keep(), _key, _to);
+  }
+  template <class... _Source> iterator emplace_equal(_Source &&..._given) {
+    _new_node _made(*this, _make_node(static_cast<_Source &&>(_given)...));
+    const _order _key(_key_of(_made._n), _functions_.compare);
+    _place _to;
+    _locate_behind(_key, _to);
+    return _put(_made._keep(), _key, _to);
+  }
+  template <class... _Source> iterator emplace_equal_near(iterator _hint, _Source &&..._given) {
+    _new_node _made(*this, _make_node(static_cast<_Source &&>(_given)...));
+    const _order _key(_key_of(_made._n), _functions_.compare);
+    _place _to;
+    _locate_equal_near(_hint.base(), _key, _to);
+    return _put(_made._keep(), _key, _to);
+  }
+#endif
 
   iterator erase(iterator _at) {
     _node *const _n = _at.base();
@@ -187,6 +274,11 @@ public:
 
   iterator find(const _Key &_key) const { return find(_order(_key, _functions_.compare), typename _order::_exact()); }
 
+  // The first of those with the key, where there may be several.
+  iterator _find_first(const _Key &_key) const {
+    return _find_first(_order(_key, _functions_.compare), typename _order::_exact(), typename _order::_ties_cost());
+  }
+
   iterator lower_bound(const _Key &_key) const { return iterator(_lower(_order(_key, _functions_.compare))); }
 
   iterator upper_bound(const _Key &_key) const {
@@ -214,7 +306,6 @@ public:
 
 private:
   typedef node_source<_typed_node, _value_allocator> _nodes;
-  typedef tree_values<_value_allocator, _Value> _values;
 
   // An allocator without state takes no room. Programs' comparisons are sometimes not const.
   struct _functions : public _value_allocator {
@@ -223,6 +314,8 @@ private:
   };
   _functions _functions_;
 
+  _value_allocator &_maker() PLX_NOTHROW { return _functions_; }
+
   // A node without a value yet, while its value is made.
   struct _unfinished_node {
     rb_tree &_tree;
@@ -230,6 +323,21 @@ private:
     _unfinished_node(rb_tree &_t, _typed_node *_made) PLX_NOTHROW : _tree(_t), _n(_made) {}
     ~_unfinished_node() {
       if (_n) _nodes::_give(_tree._functions_, _n);
+    }
+  };
+
+  // A node with a value that is not in the tree yet.
+  struct _new_node {
+    rb_tree &_tree;
+    _typed_node *_n;
+    _new_node(rb_tree &_t, _typed_node *_made) PLX_NOTHROW : _tree(_t), _n(_made) {}
+    ~_new_node() {
+      if (_n) _tree._destroy_typed(_n);
+    }
+    _typed_node *_keep() PLX_NOTHROW {
+      _typed_node *const _kept = _n;
+      _n = 0;
+      return _kept;
     }
   };
 
@@ -260,6 +368,12 @@ private:
   static const _Key &_key_of(rb_tree_node_base *_n) PLX_NOTHROW { return _KeyOf::_key(_typed(_n)->value); }
   static bool _is_before(const _order &_key, _node *_n) { return _key.before(*_typed(_n), _key_of(_n)); }
   static bool _is_after(const _order &_key, _node *_n) { return _key._after(*_typed(_n), _key_of(_n)); }
+
+  static _node *_no_header() PLX_NOTHROW { return &tree_nothing<rb_tree_base>::_header; }
+
+  static bool _is_equal(const _order &_key, _node *_n) {
+    return _key._ties(*_typed(_n), _key_of(_n)) && _key.compare(_key_of(_n)) == 0;
+  }
 
   void _make_header() {
     header = _nodes::_take(_functions_);
@@ -340,6 +454,37 @@ private:
     _node *const _bound = _lower(_key);
     return _bound != header && _is_before(_key, _bound) ? end() : iterator(_bound);
   }
+
+  // A search ends at the first equal key. Mostly it is the only one: then a look at the one before it is all there is
+  // to do.
+  iterator _find_first(const _order &_key, _yes _exact, _yes) const {
+    const iterator _found = find(_key, _exact);
+    if (_found == end() || !_found.base()->left) return _found;
+    _node *_first = _found.base(), *_before = _first->left;
+    while (_before->right) _before = _before->right;
+    if (!_is_equal(_key, _before)) return _found;
+    for (_node *_x = _first->left; _x;) {
+      const bool _equal = _is_equal(_key, _x);
+      _first = _equal ? _x : _first;
+      _x = rb_tree_child(_x, !_equal);
+    }
+    return iterator(_first);
+  }
+
+  // Numbers are compared all the way down.
+  iterator _find_first(const _order &_key, _yes, _no) const {
+    _node *_found = header;
+    for (_node *_x = header->parent; _x;) {
+      const bool _tie = _key._ties(*_typed(_x), _key_of(_x));
+      const bool _left = _key._precedes(*_typed(_x), _key_of(_x)) || _tie;
+      _found = _tie ? _x : _found;
+      _x = rb_tree_child(_x, !_left);
+    }
+    return iterator(_found);
+  }
+
+  // The bound is the first one.
+  iterator _find_first(const _order &_key, _no, _no) const { return find(_key, _no()); }
 
   _node *_lower(const _order &_key) const {
     _node *_bound = header;
@@ -427,7 +572,7 @@ private:
   // With links only to finished nodes at any time, since copying a value may throw.
   _node *_copy_node(const _node *_from, _node *_parent) {
     _typed_node *const _source = _typed(const_cast<_node *>(_from));
-    _typed_node *const _n = _make_node(_source->value);
+    _typed_node *const _n = _make_node(static_cast<const _Value &>(_source->value));
     static_cast<typename _order::_digest &>(*_n) = *_source;
     _n->left = _n->right = 0;
     _n->parent = _parent;
@@ -471,7 +616,7 @@ private:
   }
 
   void _destroy_typed(_node *_n) {
-    _values::destroy(_functions_, address_of(_typed(_n)->value));
+    _maker().destroy(__zor::address_of(_typed(_n)->value));
     _nodes::_give(_functions_, _typed(_n));
   }
 
@@ -490,7 +635,7 @@ private:
 
   void destroy() {
     _destroy_below(header->parent);
-    _nodes::_give(_functions_, _typed(header));
+    if (header != _no_header()) _nodes::_give(_functions_, _typed(header));
   }
 
   // The core's own ways to nodes, for its operations on whole trees.
@@ -500,9 +645,8 @@ private:
     else
       _destroy_typed(_n);
   }
-  virtual _node *create_node(const void *_value) {
-    return _value ? _make_node(*static_cast<const _Value *>(_value)) : _nodes::_take(_functions_);
-  }
+  // Only for the header: trees are copied by _copy_nodes, and values need not have copies.
+  virtual _node *create_node(const void *) { return _nodes::_take(_functions_); }
 };
 
 }  // namespace __zor

@@ -101,10 +101,10 @@ inline rb_tree_node_base *rb_tree_prev(const rb_tree_node_base *_n) PLX_NOTHROW 
   return _at;
 }
 
-// Links a new node as __finish_insert does. Which side it takes cannot be predicted, that it becomes the first or last
-// one can. Most new nodes get a black parent, and then nothing is left to do.
-inline void rb_tree_link(rb_tree_base_data *_tree, rb_tree_node_base *_x, rb_tree_node_base *_p,
-                         const rb_tree_node_base *_right_of) PLX_NOTHROW {
+// Links a new node below another one, as __finish_insert does. Which side it takes cannot be predicted, that it becomes
+// the first or last one can. Most new nodes get a black parent, and then nothing is left to do.
+inline void rb_tree_link_below(rb_tree_base_data *_tree, rb_tree_node_base *_x, rb_tree_node_base *_p,
+                               const rb_tree_node_base *_right_of) PLX_NOTHROW {
   rb_tree_node_base *const _header = _tree->header;
   rb_tree_node_base **_place = _right_of == _p ? &_p->right : &_p->left;
   __asm__("" : "+r"(_place));  // or the compiler branches on the side after all
@@ -113,14 +113,6 @@ inline void rb_tree_link(rb_tree_base_data *_tree, rb_tree_node_base *_x, rb_tre
   _x->parent = _p;
   _x->color = rb_red;
   ++_tree->node_count;
-  if (__builtin_expect(!_header->parent, 0)) {
-    _header->parent = _x;
-    _header->left = _x;
-    _tree->leftmost = _x;
-    _tree->rightmost = _x;
-    _x->color = rb_black;
-    return;
-  }
   *_place = _x;
   if (__builtin_expect(_p == _tree->rightmost, 0) && _x == _p->right) {
     _tree->rightmost = _x;
@@ -128,6 +120,16 @@ inline void rb_tree_link(rb_tree_base_data *_tree, rb_tree_node_base *_x, rb_tre
   }
   if (__builtin_expect(_p == _tree->leftmost, 0) && _x == _p->left) _tree->leftmost = _x;
   if (_p->color != rb_black) rb_tree_rebalance(_x, _header);
+}
+
+// The first node.
+inline void rb_tree_link_root(rb_tree_base_data *_tree, rb_tree_node_base *_x) PLX_NOTHROW {
+  _x->left = 0;
+  _x->right = 0;
+  _x->parent = _tree->header;
+  _x->color = rb_black;
+  _tree->node_count = 1;
+  _tree->header->parent = _tree->header->left = _tree->leftmost = _tree->rightmost = _x;
 }
 
 class PLX_API rb_tree_base : public rb_tree_base_data {

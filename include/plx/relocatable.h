@@ -10,6 +10,10 @@ namespace std {
 template <class _T, class _A> class vector;
 template <class _T, class _A> class deque;
 template <class _T1, class _T2> struct pair;
+template <class _Key, class _T, class _Compare, class _A> class map;
+template <class _Key, class _T, class _Compare, class _A> class multimap;
+template <class _Key, class _Compare, class _A> class set;
+template <class _Key, class _Compare, class _A> class multiset;
 }  // namespace std
 
 namespace __zor {
@@ -31,6 +35,14 @@ template <class _T, class _Ut> struct is_relocatable<std::vector<_T, std::alloca
 template <class _T, class _Ut> struct is_relocatable<std::deque<_T, std::allocator<_Ut> > > {
   static const bool value = true;
 };
+template <class _Key, class _T, class _Compare, class _V>
+struct is_relocatable<std::map<_Key, _T, _Compare, std::allocator<_V> > > : public is_plain<_Compare> {};
+template <class _Key, class _T, class _Compare, class _V>
+struct is_relocatable<std::multimap<_Key, _T, _Compare, std::allocator<_V> > > : public is_plain<_Compare> {};
+template <class _Key, class _Compare, class _V> struct is_relocatable<std::set<_Key, _Compare, std::allocator<_V> > >
+    : public is_plain<_Compare> {};
+template <class _Key, class _Compare, class _V>
+struct is_relocatable<std::multiset<_Key, _Compare, std::allocator<_V> > > : public is_plain<_Compare> {};
 template <class _T1, class _T2> struct is_relocatable<std::pair<_T1, _T2> > {
   static const bool value = is_relocatable<_T1>::value && is_relocatable<_T2>::value;
 };

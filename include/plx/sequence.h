@@ -7,8 +7,8 @@
 #include <string.h>
 
 #include <plx/algobase.h>
-#include <plx/allocator.h>
 #include <plx/cleanup.h>
+#include <plx/element.h>
 #include <plx/relocatable.h>
 #include <plx/string_fwd.h>
 #include <plx/type_properties.h>
@@ -16,17 +16,11 @@
 
 namespace __zor {
 
-PLX_API void sequence_out_of_range() PLX_NORETURN_CXX PLX_COLD;  // out_of_range, "Out of range exception occurred"
-PLX_API void sequence_length_error() PLX_NORETURN_CXX PLX_COLD;  // length_error, "Length exception occurred"
-
 // A block of `_bytes` from operator new that begins with the first `_used` bytes of `_block`, which is given up. A null
 // block is none. Throws bad_alloc, and then the block is as it was.
 PLX_API __attribute__((__regparm__(3))) void *grow_block(void *_block, size_t _used, size_t _bytes);
 
 // ---- Types ---------------------------------------------------------------------------------------------------------
-
-template <class _A> struct is_standard_allocator { static const bool value = false; };
-template <class _T> struct is_standard_allocator<std::allocator<_T> > { static const bool value = true; };
 
 // The road for elements _T with the allocator A. Another allocator's construct and destroy are called for each.
 // Containers ask in their functions only: a class may have a container of itself as a member, where it is still
@@ -72,8 +66,8 @@ public:
   made_elements(_A &_a, _T *const &_first) : _allocator_(_a), _first_(_first), at(_first) {}
   ~made_elements() { __zor::destroy_range(_allocator_, _first_, at); }
 
-  template <class _Ut> void _add(const _Ut &_value) {
-    _allocator_.construct(at, _value);
+  template <PLX_SOURCE_TYPES> void _add(PLX_SOURCE) {
+    __zor::make_element(_allocator_, at, PLX_FORWARD_SOURCE);
     ++at;
   }
   _T *_keep() {
@@ -125,7 +119,7 @@ template <class _T, class _A> inline _T *make_filled(_A &_a, _T *_to, size_t _n,
 }
 template <class _T, class _A> inline _T *make_filled(_A &, _T *_to, size_t _n, const _T &_value, _yes) {
   if (sizeof(_T) == 1) {
-    if (_n != 0) memset(static_cast<void *>(_to), *reinterpret_cast<const unsigned char *>(&_value), _n);
+    if (_n != 0) memset(static_cast<void *>(_to), reinterpret_cast<const unsigned char &>(_value), _n);
     return _to + _n;
   }
   for (_T *const _end = _to + _n; _to != _end; ++_to) ::new (static_cast<void *>(_to)) _T(_value);
@@ -135,10 +129,40 @@ template <class _T, class _A> inline _T *make_filled(_A &_a, _T *_to, size_t _n,
   return __zor::make_filled(_a, _to, _n, _value, typename element_traits<_T, _A>::_plain());
 }
 
-// A copy that is moved elsewhere as bytes afterwards, or destroyed when that did not happen.
+// Elements that go to a new place, while the old ones are there until all have arrived.
+template <class _T, class _A> inline _T *make_taken(_A &_a, _T *_to, _T *_first, _T *_last, _yes) {
+  return __zor::make_copies(_a, _to, static_cast<const _T *>(_first), static_cast<const _T *>(_last), _yes());
+}
+template <class _T, class _A> inline _T *make_taken(_A &_a, _T *_to, _T *_first, _T *_last, _no) {
+  made_elements<_T, _A> _made(_a, _to);
+  for (; _first != _last; ++_first) _made._add(__zor::take_element(*_first));
+  return _made._keep();
+}
+template <class _T, class _A> inline _T *make_taken(_A &_a, _T *_to, _T *_first, _T *_last) {
+  return __zor::make_taken(_a, _to, _first, _last, typename element_traits<_T, _A>::_plain());
+}
+
+#if __cplusplus >= 201103L
+// Each made by the constructor without arguments, or zero.
+template <class _T, class _A> inline _T *make_default(_A &_a, _T *_to, size_t _n, _yes) {
+  return __zor::make_filled(_a, _to, _n, _T());
+}
+template <class _T, class _A> inline _T *make_default(_A &_a, _T *_to, size_t _n, _no) {
+  made_elements<_T, _A> _made(_a, _to);
+  for (; _n != 0; --_n) _made._add();
+  return _made._keep();
+}
+template <class _T, class _A> inline _T *make_default(_A &_a, _T *_to, size_t _n) {
+  return __zor::make_default(_a, _to, _n, typename element_traits<_T, _A>::_number());
+}
+#endif
+
+// One that is moved elsewhere as bytes afterwards, or destroyed when that did not happen.
 template <class _T, class _A, class _Plain> class held_copy {
 public:
-  held_copy(_A &_a, const _T &_value) : _allocator_(_a), _held_(true) { _a.construct(_object(), _value); }
+  template <PLX_SOURCE_TYPES> explicit held_copy(_A &_a, PLX_SOURCE) : _allocator_(_a), _held_(true) {
+    __zor::make_element(_a, _object(), PLX_FORWARD_SOURCE);
+  }
   ~held_copy() {
     if (_held_) _allocator_.destroy(_object());
   }
@@ -160,7 +184,7 @@ private:
 
 template <class _T, class _A> class held_copy<_T, _A, _yes> {
 public:
-  held_copy(_A &, const _T &_value) : _value_(_value) {}
+  template <PLX_SOURCE_TYPES> explicit held_copy(_A &, PLX_SOURCE) : _value_(PLX_FORWARD_SOURCE) {}
   void _move_to(_T *_place) { ::new (static_cast<void *>(_place)) _T(_value_); }
   const _T &get() { return _value_; }
 

@@ -52,6 +52,12 @@ public:
   const_reverse_iterator rbegin() const PLX_NOTHROW { return const_reverse_iterator(end()); }
   reverse_iterator rend() PLX_NOTHROW { return reverse_iterator(begin()); }
   const_reverse_iterator rend() const PLX_NOTHROW { return const_reverse_iterator(begin()); }
+#if __cplusplus >= 201103L
+  const_iterator cbegin() const noexcept { return begin(); }
+  const_iterator cend() const noexcept { return end(); }
+  const_reverse_iterator crbegin() const noexcept { return rbegin(); }
+  const_reverse_iterator crend() const noexcept { return rend(); }
+#endif
 
   bool empty() const PLX_NOTHROW { return _tree_.size() == 0; }
   size_type size() const PLX_NOTHROW { return _tree_.size(); }
@@ -65,10 +71,16 @@ public:
     _tree_.erase(_inner(_first), _inner(_last));
     return _last;
   }
+#if __cplusplus >= 201103L
+  // Where both kinds of iterator are one type, the functions above fit better than these templates.
+  template <class _Later = void> iterator erase(const_iterator _at) { return _tree_.erase(_inner(_at)); }
+  template <class _Later = void> iterator erase(const_iterator _first, const_iterator _last) {
+    _tree_.erase(_inner(_first), _inner(_last));
+    return _inner(_last);
+  }
+#endif
   void clear() { _tree_.clear(); }
 
-  iterator find(const key_type &_key) { return _tree_.find(_key); }
-  const_iterator find(const key_type &_key) const { return _tree_.find(_key); }
   iterator lower_bound(const key_type &_key) { return _tree_.lower_bound(_key); }
   const_iterator lower_bound(const key_type &_key) const { return _tree_.lower_bound(_key); }
   iterator upper_bound(const key_type &_key) { return _tree_.upper_bound(_key); }
@@ -80,7 +92,7 @@ protected:
   tree_container(const _Compare &_compare, const _A &_allocator) : _tree_(_compare, _allocator) {}
 
   // The other way round, from a set's iterator too, which shows less.
-  static _inner_iterator _inner(iterator _at) PLX_NOTHROW { return _inner_iterator(_at.base()); }
+  static _inner_iterator _inner(const_iterator _at) PLX_NOTHROW { return _inner_iterator(_at.base()); }
 
   _tree _tree_;
 };
@@ -100,13 +112,32 @@ public:
     const iterator _at = this->_tree_.insert_unique(_value, _inserted);
     return std::pair<iterator, bool>(_at, _inserted);
   }
+#if __cplusplus < 201103L
   iterator insert(iterator _hint, const _Value &_value) {
     return this->_tree_.insert_unique(base::_inner(_hint), _value);
   }
+#else
+  std::pair<iterator, bool> insert(_Value &&_value) { return _insert_from(static_cast<_Value &&>(_value)); }
+  iterator insert(const_iterator _hint, _Value &&_value) {
+    return this->_tree_.insert_unique(base::_inner(_hint), static_cast<_Value &&>(_value));
+  }
+  iterator insert(const_iterator _hint, const _Value &_value) {
+    return this->_tree_.insert_unique(base::_inner(_hint), _value);
+  }
+  template <class... _Source> std::pair<iterator, bool> emplace(_Source &&..._given) {
+    bool _inserted;
+    const iterator _at = this->_tree_.emplace_unique(_inserted, static_cast<_Source &&>(_given)...);
+    return std::pair<iterator, bool>(_at, _inserted);
+  }
+  template <class... _Source> iterator emplace_hint(const_iterator _hint, _Source &&..._given) {
+    return this->_tree_.emplace_unique_near(base::_inner(_hint), static_cast<_Source &&>(_given)...);
+  }
+  void insert(std::initializer_list<_Value> _values) { insert(_values.begin(), _values.end()); }
+#endif
 
   // A sorted range goes in without a search.
   template <class _InputIterator> void insert(_InputIterator _first, _InputIterator _last) {
-    for (; _first != _last; ++_first) this->_tree_.insert_unique(this->_tree_.end(), *_first);
+    for (; _first != _last; ++_first) _add(*_first);
   }
 
   using base::erase;
@@ -117,6 +148,8 @@ public:
     return 1;
   }
 
+  iterator find(const _Key &_key) { return this->_tree_.find(_key); }
+  const_iterator find(const _Key &_key) const { return this->_tree_.find(_key); }
   size_type count(const _Key &_key) const { return this->_tree_.find(_key) != this->_tree_.end(); }
 
   std::pair<iterator, iterator> equal_range(const _Key &_key) {
@@ -130,6 +163,21 @@ public:
 
 protected:
   unique_tree_container(const _Compare &_compare, const _A &_allocator) : base(_compare, _allocator) {}
+
+#if __cplusplus >= 201103L
+  // From a value, or from a pair whose first type is the key's.
+  template <class _From> std::pair<iterator, bool> _insert_from(_From &&_from) {
+    bool _inserted;
+    const iterator _at = this->_tree_.insert_unique(static_cast<_From &&>(_from), _inserted);
+    return std::pair<iterator, bool>(_at, _inserted);
+  }
+#endif
+
+private:
+  void _add(const _Value &_value) { this->_tree_.insert_unique(this->_tree_.end(), _value); }
+#if __cplusplus >= 201103L
+  void _add(_Value &&_value) { this->_tree_.insert_unique(this->_tree_.end(), static_cast<_Value &&>(_value)); }
+#endif
 };
 
 // Those with any number. Elements of equal keys stay in the order of their insertion.
@@ -143,11 +191,28 @@ public:
   typedef typename base::size_type size_type;
 
   iterator insert(const _Value &_value) { return this->_tree_.insert_equal(_value); }
+#if __cplusplus < 201103L
   iterator insert(iterator _hint, const _Value &_value) {
     return this->_tree_.insert_equal(base::_inner(_hint), _value);
   }
+#else
+  iterator insert(_Value &&_value) { return _insert_from(static_cast<_Value &&>(_value)); }
+  iterator insert(const_iterator _hint, _Value &&_value) {
+    return this->_tree_.insert_equal(base::_inner(_hint), static_cast<_Value &&>(_value));
+  }
+  iterator insert(const_iterator _hint, const _Value &_value) {
+    return this->_tree_.insert_equal(base::_inner(_hint), _value);
+  }
+  template <class... _Source> iterator emplace(_Source &&..._given) {
+    return this->_tree_.emplace_equal(static_cast<_Source &&>(_given)...);
+  }
+  template <class... _Source> iterator emplace_hint(const_iterator _hint, _Source &&..._given) {
+    return this->_tree_.emplace_equal_near(base::_inner(_hint), static_cast<_Source &&>(_given)...);
+  }
+  void insert(std::initializer_list<_Value> _values) { insert(_values.begin(), _values.end()); }
+#endif
   template <class _InputIterator> void insert(_InputIterator _first, _InputIterator _last) {
-    for (; _first != _last; ++_first) this->_tree_.insert_equal(this->_tree_.end(), *_first);
+    for (; _first != _last; ++_first) _add(*_first);
   }
 
   using base::erase;
@@ -156,6 +221,9 @@ public:
     return this->_tree_.erase(_first, this->_tree_.upper_bound(_key));
   }
 
+  // The first of the equal ones.
+  iterator find(const _Key &_key) { return this->_tree_._find_first(_key); }
+  const_iterator find(const _Key &_key) const { return this->_tree_._find_first(_key); }
   size_type count(const _Key &_key) const {
     const typename base::_inner_iterator _first = this->_tree_.lower_bound(_key);
     return base::_tree::count(_first, this->_tree_.upper_bound(_key));
@@ -170,71 +238,34 @@ public:
 
 protected:
   multi_tree_container(const _Compare &_compare, const _A &_allocator) : base(_compare, _allocator) {}
+
+#if __cplusplus >= 201103L
+  template <class _From> iterator _insert_from(_From &&_from) {
+    return this->_tree_.insert_equal(static_cast<_From &&>(_from));
+  }
+#endif
+
+private:
+  void _add(const _Value &_value) { this->_tree_.insert_equal(this->_tree_.end(), _value); }
+#if __cplusplus >= 201103L
+  void _add(_Value &&_value) { this->_tree_.insert_equal(this->_tree_.end(), static_cast<_Value &&>(_value)); }
+#endif
 };
 
-// ---- Operators ---------------------------------------------------------------------------------------------------
-
-template <class _K, class _V, class _St, class _F, class _Ct, class _A>
-inline bool operator==(const unique_tree_container<_K, _V, _St, _F, _Ct, _A> &_left,
-                       const unique_tree_container<_K, _V, _St, _F, _Ct, _A> &_right) {
-  return _left.size() == _right.size() && std::equal(_left.begin(), _left.end(), _right.begin());
-}
-template <class _K, class _V, class _St, class _F, class _Ct, class _A>
-inline bool operator<(const unique_tree_container<_K, _V, _St, _F, _Ct, _A> &_left,
-                      const unique_tree_container<_K, _V, _St, _F, _Ct, _A> &_right) {
-  return std::lexicographical_compare(_left.begin(), _left.end(), _right.begin(), _right.end());
-}
-template <class _K, class _V, class _St, class _F, class _Ct, class _A>
-inline bool operator!=(const unique_tree_container<_K, _V, _St, _F, _Ct, _A> &_left,
-                       const unique_tree_container<_K, _V, _St, _F, _Ct, _A> &_right) {
-  return !(_left == _right);
-}
-template <class _K, class _V, class _St, class _F, class _Ct, class _A>
-inline bool operator>(const unique_tree_container<_K, _V, _St, _F, _Ct, _A> &_left,
-                      const unique_tree_container<_K, _V, _St, _F, _Ct, _A> &_right) {
-  return _right < _left;
-}
-template <class _K, class _V, class _St, class _F, class _Ct, class _A>
-inline bool operator<=(const unique_tree_container<_K, _V, _St, _F, _Ct, _A> &_left,
-                       const unique_tree_container<_K, _V, _St, _F, _Ct, _A> &_right) {
-  return !(_right < _left);
-}
-template <class _K, class _V, class _St, class _F, class _Ct, class _A>
-inline bool operator>=(const unique_tree_container<_K, _V, _St, _F, _Ct, _A> &_left,
-                       const unique_tree_container<_K, _V, _St, _F, _Ct, _A> &_right) {
-  return !(_left < _right);
-}
-
-template <class _K, class _V, class _St, class _F, class _Ct, class _A>
-inline bool operator==(const multi_tree_container<_K, _V, _St, _F, _Ct, _A> &_left,
-                       const multi_tree_container<_K, _V, _St, _F, _Ct, _A> &_right) {
-  return _left.size() == _right.size() && std::equal(_left.begin(), _left.end(), _right.begin());
-}
-template <class _K, class _V, class _St, class _F, class _Ct, class _A>
-inline bool operator<(const multi_tree_container<_K, _V, _St, _F, _Ct, _A> &_left,
-                      const multi_tree_container<_K, _V, _St, _F, _Ct, _A> &_right) {
-  return std::lexicographical_compare(_left.begin(), _left.end(), _right.begin(), _right.end());
-}
-template <class _K, class _V, class _St, class _F, class _Ct, class _A>
-inline bool operator!=(const multi_tree_container<_K, _V, _St, _F, _Ct, _A> &_left,
-                       const multi_tree_container<_K, _V, _St, _F, _Ct, _A> &_right) {
-  return !(_left == _right);
-}
-template <class _K, class _V, class _St, class _F, class _Ct, class _A>
-inline bool operator>(const multi_tree_container<_K, _V, _St, _F, _Ct, _A> &_left,
-                      const multi_tree_container<_K, _V, _St, _F, _Ct, _A> &_right) {
-  return _right < _left;
-}
-template <class _K, class _V, class _St, class _F, class _Ct, class _A>
-inline bool operator<=(const multi_tree_container<_K, _V, _St, _F, _Ct, _A> &_left,
-                       const multi_tree_container<_K, _V, _St, _F, _Ct, _A> &_right) {
-  return !(_right < _left);
-}
-template <class _K, class _V, class _St, class _F, class _Ct, class _A>
-inline bool operator>=(const multi_tree_container<_K, _V, _St, _F, _Ct, _A> &_left,
-                       const multi_tree_container<_K, _V, _St, _F, _Ct, _A> &_right) {
-  return !(_left < _right);
-}
+// The six comparisons of a container that derives from this. No templates: a program's own operators for everything fit
+// less.
+template <class _Container> class compared_by_elements {
+  friend bool operator==(const _Container &_left, const _Container &_right) {
+    return _left.size() == _right.size() && std::equal(_left.begin(), _left.end(), _right.begin());
+  }
+  friend bool operator<(const _Container &_left, const _Container &_right) {
+    return std::lexicographical_compare(_left.begin(), _left.end(), _right.begin(), _right.end());
+  }
+  friend bool operator!=(const _Container &_left, const _Container &_right) { return !(_left == _right); }
+  friend bool operator>(const _Container &_left, const _Container &_right) { return _right < _left; }
+  friend bool operator<=(const _Container &_left, const _Container &_right) { return !(_right < _left); }
+  friend bool operator>=(const _Container &_left, const _Container &_right) { return !(_left < _right); }
+};
 
 }  // namespace __zor
 

@@ -13,7 +13,7 @@ namespace __zor {
 template <class _Value, class _Digest> struct tree_node : public rb_tree_node_base, public _Digest { _Value value; };
 
 // Knows nothing of the value before it is used: structures hold iterators to their own kind.
-template <class _Node, class _V> class tree_iterator {
+template <class _Node, class _V> class tree_iterator : public equality_of_iterators<tree_iterator<_Node, _V> > {
 public:
   typedef typename without_const<_V>::_type value_type;
   typedef std::ptrdiff_t difference_type;
@@ -29,7 +29,7 @@ public:
 
   rb_tree_node_base *base() const PLX_NOTHROW { return _at_; }
   _V &operator*() const PLX_NOTHROW { return static_cast<_Node *>(_at_)->value; }
-  _V *operator->() const PLX_NOTHROW { return address_of<_V>(static_cast<_Node *>(_at_)->value); }
+  _V *operator->() const PLX_NOTHROW { return __zor::address_of<_V>(static_cast<_Node *>(_at_)->value); }
 
   tree_iterator &operator++() PLX_NOTHROW {
     _at_ = rb_tree_next(_at_);
@@ -50,18 +50,13 @@ public:
     return _before;
   }
 
+  friend bool operator==(const tree_iterator &_left, const tree_iterator &_right) PLX_NOTHROW {
+    return _left._at_ == _right._at_;
+  }
+
 private:
   rb_tree_node_base *_at_;
 };
-
-template <class _Node, class _V, class _Ut>
-inline bool operator==(const tree_iterator<_Node, _V> &_left, const tree_iterator<_Node, _Ut> &_right) PLX_NOTHROW {
-  return _left.base() == _right.base();
-}
-template <class _Node, class _V, class _Ut>
-inline bool operator!=(const tree_iterator<_Node, _V> &_left, const tree_iterator<_Node, _Ut> &_right) PLX_NOTHROW {
-  return _left.base() != _right.base();
-}
 
 }  // namespace __zor
 

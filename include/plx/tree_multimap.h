@@ -9,7 +9,8 @@ namespace std {
 
 template <class _Key, class _T, class _Compare = less<_Key>, class _A = allocator<pair<const _Key, _T> > >
 class multimap : public __zor::multi_tree_container<_Key, pair<const _Key, _T>, pair<const _Key, _T>,
-                                                    __zor::key_is_first, _Compare, _A> {
+                                                    __zor::key_is_first, _Compare, _A>,
+                 public __zor::compared_by_elements<multimap<_Key, _T, _Compare, _A> > {
   typedef __zor::multi_tree_container<_Key, pair<const _Key, _T>, pair<const _Key, _T>, __zor::key_is_first, _Compare,
                                       _A>
       base;
@@ -36,7 +37,36 @@ public:
     this->insert(_first, _last);
   }
 
+#if __cplusplus >= 201103L
+  explicit multimap(const _A &_allocator) : base(_Compare(), _allocator) {}
+  multimap(initializer_list<typename base::value_type> _values, const _Compare &_compare = _Compare(),
+           const _A &_allocator = _A())
+      : base(_compare, _allocator) {
+    this->insert(_values.begin(), _values.end());
+  }
+  multimap &operator=(initializer_list<typename base::value_type> _values) {
+    multimap _made(_values, this->key_comp(), this->get_allocator());
+    swap(_made);
+    return *this;
+  }
+#endif
+
   value_compare value_comp() const { return value_compare(this->key_comp()); }
+
+#if __cplusplus >= 201103L
+  // Pairs that become elements: of one with the key's type the element is made only where it goes.
+  using base::insert;
+  template <class _V> typename base::iterator insert(pair<_Key, _V> &&_pair) {
+    return this->_insert_from(static_cast<pair<_Key, _V> &&>(_pair));
+  }
+  template <class _V> typename base::iterator insert(const pair<_Key, _V> &_pair) { return this->_insert_from(_pair); }
+  template <class _Kt, class _V> typename base::iterator insert(pair<_Kt, _V> &&_pair) {
+    return this->emplace(static_cast<pair<_Kt, _V> &&>(_pair));
+  }
+  template <class _Kt, class _V> typename base::iterator insert(const pair<_Kt, _V> &_pair) {
+    return this->emplace(_pair);
+  }
+#endif
 
   void swap(multimap &_other) { this->_tree_.swap(_other._tree_); }
 };

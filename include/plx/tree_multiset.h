@@ -7,7 +7,8 @@
 namespace std {
 
 template <class _Key, class _Compare = less<_Key>, class _A = allocator<_Key> > class multiset
-    : public __zor::multi_tree_container<_Key, _Key, const _Key, __zor::key_is_all, _Compare, _A> {
+    : public __zor::multi_tree_container<_Key, _Key, const _Key, __zor::key_is_all, _Compare, _A>,
+      public __zor::compared_by_elements<multiset<_Key, _Compare, _A> > {
   typedef __zor::multi_tree_container<_Key, _Key, const _Key, __zor::key_is_all, _Compare, _A> base;
 
 public:
@@ -19,6 +20,20 @@ public:
       : base(_compare, _allocator) {
     this->insert(_first, _last);
   }
+
+#if __cplusplus >= 201103L
+  explicit multiset(const _A &_allocator) : base(_Compare(), _allocator) {}
+  multiset(initializer_list<typename base::value_type> _values, const _Compare &_compare = _Compare(),
+           const _A &_allocator = _A())
+      : base(_compare, _allocator) {
+    this->insert(_values.begin(), _values.end());
+  }
+  multiset &operator=(initializer_list<typename base::value_type> _values) {
+    multiset _made(_values, this->key_comp(), this->get_allocator());
+    swap(_made);
+    return *this;
+  }
+#endif
 
   value_compare value_comp() const { return value_compare(this->key_comp()); }
 

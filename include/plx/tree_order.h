@@ -6,6 +6,8 @@
 //   after(s, k)    the other way
 //   ties(s, k)     with `_exact`: false means surely different, so that precedes() tells which side; true means that
 //                  compare() must decide, as memcmp does
+//
+// With `_ties_cost` a comparison that may decide a tie is dear.
 #ifndef PLX_TREE_ORDER_H
 #define PLX_TREE_ORDER_H
 
@@ -22,7 +24,7 @@ struct no_digest {};
 template <class _Key, class _Compare> class asked_order {
 public:
   typedef no_digest _digest;
-  typedef _no _exact;
+  typedef _no _exact, _ties_cost;
 
   asked_order(const _Key &_key, _Compare &_compare) : _key_(_key), _compare_(_compare) {}
   bool before(const _digest &, const _Key &_key) const { return _compare_(_key_, _key); }
@@ -40,6 +42,7 @@ template <class _Key> class plain_order {
 public:
   typedef no_digest _digest;
   typedef _yes _exact;
+  typedef _no _ties_cost;
 
   template <class _Compare> plain_order(const _Key &_key, _Compare &) PLX_NOTHROW : _key_(_key) {}
   bool before(const _digest &, const _Key &_key) const PLX_NOTHROW { return _key_ < _key; }
@@ -85,7 +88,7 @@ struct string_digest {
 template <class _String> class string_order {
 public:
   typedef string_digest _digest;
-  typedef _yes _exact;
+  typedef _yes _exact, _ties_cost;
 
   template <class _Compare> string_order(const _String &_key, _Compare &) PLX_NOTHROW : _key_(_key) {
     _digest_._take(_key.data(), _key.size());

@@ -6,16 +6,12 @@
 //     +---------------------+-----------------+
 //
 // A full vector grows to twice its size, an empty one to 10 elements. Elements that may be moved as bytes (numbers,
-// pointers, strings, ...) are, and their block grows where it stands if it can. All others are copied. What a program
-// does often is inline; what happens when the block is full is a call.
+// pointers, strings, ...) are, and their block grows where it stands if it can. All others are copied, or in later
+// dialects moved. What a program does often is inline; what happens when the block is full is a call.
 #ifndef PLX_VECTOR_H
 #define PLX_VECTOR_H
 
 #include <plx/sequence.h>
-
-#if __cplusplus >= 201103L
-#include <initializer_list>
-#endif
 
 namespace __zor {
 
@@ -72,7 +68,7 @@ public:
   }
   ~vector_gap() {
     if (at != _end_) {
-      destroy_range(static_cast<_A &>(_storage_), _begin_, at);
+      __zor::destroy_range(static_cast<_A &>(_storage_), _begin_, at);
       at = _begin_;
       memmove(static_cast<void *>(_begin_), _end_, _tail_ * sizeof(_T));
     }
@@ -119,11 +115,20 @@ public:
   // Construction, copying, destruction.
 
   explicit vector(const _A &_a = _A()) PLX_NOTHROW : _storage_(_a) {}
+#if PLX_MEMBERS_OF_1998
   explicit vector(size_type _n, const _T &_value = _T(), const _A &_a = _A()) : _storage_(_a, _n) {
     _storage_._last = __zor::make_filled(_alloc(), _storage_.first, _n, _value);
   }
+#else
+  PLX_LATER explicit vector(size_type _n, const _A &_a = _A()) : _storage_(_a, _n) {
+    _storage_._last = __zor::make_default(_alloc(), _storage_.first, _n);
+  }
+  vector(size_type _n, const _T &_value, const _A &_a = _A()) : _storage_(_a, _n) {
+    _storage_._last = __zor::make_filled(_alloc(), _storage_.first, _n, _value);
+  }
+#endif
   template <class _Iterator> vector(_Iterator _first, _Iterator _last, const _A &_a = _A()) : _storage_(_a) {
-    _initialize(_first, _last, typename __zor::is_integer<_Iterator>::_type());
+    _initialize(_first, _last, typename __zor::is_count<_Iterator>::_type());
   }
   vector(const vector &_other) : _storage_(_other._storage_, _other.size()) {
     _storage_._last = __zor::make_copies(_alloc(), _storage_.first, _cbegin_(_other), _cend_(_other));
@@ -131,14 +136,20 @@ public:
   ~vector() { __zor::destroy_range(_alloc(), _storage_.first, _storage_._last); }
 
   vector &operator=(const vector &_other) {
-    if (this != &_other) _assign_sized(_cbegin_(_other), _cend_(_other), _other.size());
+    if (this != __zor::address_of(_other)) _assign_sized(_cbegin_(_other), _cend_(_other), _other.size());
     return *this;
   }
 #if __cplusplus >= 201103L
   vector(vector &&_other) noexcept : _storage_(_other.get_allocator()) { _storage_._swap_blocks(_other._storage_); }
-  vector &operator=(vector &&_other) noexcept {
-    vector _taken(static_cast<vector &&>(_other));
-    swap(_taken);
+  vector &operator=(vector &&_other) noexcept(__zor::is_standard_allocator<_A>::value) {
+    if (__zor::share_memory(_alloc(), _other._alloc())) {
+      vector _taken(static_cast<vector &&>(_other));
+      swap(_taken);
+    } else {
+      clear();
+      reserve(_other.size());
+      for (_T &_each : _other) _emplace_back(typename _traits::_number(), static_cast<_T &&>(_each));
+    }
     return *this;
   }
   vector(initializer_list<_T> _list, const _A &_a = _A()) : _storage_(_a) {
@@ -151,7 +162,7 @@ public:
   void assign(initializer_list<_T> _list) { _assign_sized(_list.begin(), _list.end(), _list.size()); }
 #endif
   template <class _Iterator> void assign(_Iterator _first, _Iterator _last) {
-    _assign_range(_first, _last, typename __zor::is_integer<_Iterator>::_type());
+    _assign_range(_first, _last, typename __zor::is_count<_Iterator>::_type());
   }
   void assign(size_type _n, const _T &_value) { _assign_filled(_n, _value); }
   allocator_type get_allocator() const PLX_NOTHROW { return static_cast<const _A &>(_storage_); }
@@ -169,20 +180,45 @@ public:
 #if __cplusplus >= 201103L
   const_iterator cbegin() const noexcept { return begin(); }
   const_iterator cend() const noexcept { return end(); }
-  _T *data() noexcept { return _storage_.first; }
-  const _T *data() const noexcept { return _storage_.first; }
 #endif
+#if !PLX_MEMBERS_OF_1998
+  PLX_LATER const_reverse_iterator crbegin() const noexcept { return rbegin(); }
+  PLX_LATER const_reverse_iterator crend() const noexcept { return rend(); }
+#endif
+  _T *data() PLX_NOTHROW { return _storage_.first; }
+  const _T *data() const PLX_NOTHROW { return _storage_.first; }
 
   // Size.
 
   size_type size() const PLX_NOTHROW { return _storage_.size(); }
   size_type max_size() const PLX_NOTHROW { return _storage_._most(); }
+#if PLX_MEMBERS_OF_1998
   void resize(size_type _n, _T _value = _T()) {
     if (_n > size())
       _insert_filled(_storage_._last, _n - size(), _value);
     else
       _cut(_storage_.first + _n);
   }
+#else
+  PLX_LATER void resize(size_type _n) {
+    if (_n > size())
+      _append_default(_n - size(), typename _traits::_relocatable());
+    else
+      _cut(_storage_.first + _n);
+  }
+  PLX_LATER void resize(size_type _n, const _T &_value) {
+    if (_n > size())
+      _insert_filled(_storage_._last, _n - size(), _value);
+    else
+      _cut(_storage_.first + _n);
+  }
+  PLX_LATER void shrink_to_fit() {
+    if (_storage_._last == _storage_._limit) return;
+    _storage _made(_alloc(), size());
+    _made._last = _move_to(_made.first, typename _traits::_relocatable());
+    _become(_made);
+  }
+#endif
   size_type capacity() const PLX_NOTHROW { return _storage_._room(); }
   bool empty() const PLX_NOTHROW { return _storage_.first == _storage_._last; }
   void reserve(size_type _n) {
@@ -214,6 +250,7 @@ public:
   void push_back(const _T &_value) { push_back(_value, typename _traits::_number()); }
   void pop_back() { _storage_.destroy(--_storage_._last); }
 
+#if PLX_MEMBERS_OF_1998
   iterator insert(iterator _at, const _T &_value) {
     const difference_type _n = _at.base() - _storage_.first;
     if (_storage_._last == _storage_._limit)
@@ -224,7 +261,7 @@ public:
   }
   void insert(iterator _at, size_type _n, const _T &_value) { _insert_filled(_at.base(), _n, _value); }
   template <class _Iterator> void insert(iterator _at, _Iterator _first, _Iterator _last) {
-    _insert_range(_at.base(), _first, _last, typename __zor::is_integer<_Iterator>::_type());
+    _insert_range(_at.base(), _first, _last, typename __zor::is_count<_Iterator>::_type());
   }
 #if __cplusplus >= 201103L
   void insert(iterator _at, initializer_list<_T> _list) {
@@ -237,6 +274,41 @@ public:
     if (_first != _last) _close(_first.base(), _last.base(), typename _traits::_relocatable());
     return _first;
   }
+#else
+  PLX_LATER void push_back(_T &&_value) { emplace_back(static_cast<_T &&>(_value)); }
+  template <class... _Source> typename __zor::emplaced<_T>::_type emplace_back(_Source &&..._given) {
+    _emplace_back(typename _traits::_number(), static_cast<_Source &&>(_given)...);
+    return static_cast<typename __zor::emplaced<_T>::_type>(_storage_._last[-1]);
+  }
+  template <class... _Source> iterator emplace(const_iterator _at, _Source &&..._given) {
+    const difference_type _n = _at.base() - _storage_.first;
+    if (_storage_._last == _storage_._limit)
+      _emplace_full(_place(_at), typename _traits::_relocatable(), static_cast<_Source &&>(_given)...);
+    else
+      _emplace_one(_place(_at), typename _traits::_relocatable(), static_cast<_Source &&>(_given)...);
+    return iterator(_storage_.first + _n);
+  }
+  PLX_LATER iterator insert(const_iterator _at, const _T &_value) { return emplace(_at, _value); }
+  PLX_LATER iterator insert(const_iterator _at, _T &&_value) { return emplace(_at, static_cast<_T &&>(_value)); }
+  PLX_LATER iterator insert(const_iterator _at, size_type _n, const _T &_value) {
+    const difference_type _index = _at.base() - _storage_.first;
+    _insert_filled(_place(_at), _n, _value);
+    return iterator(_storage_.first + _index);
+  }
+  template <class _Iterator> iterator insert(const_iterator _at, _Iterator _first, _Iterator _last) {
+    const difference_type _index = _at.base() - _storage_.first;
+    _insert_range(_place(_at), _first, _last, typename __zor::is_count<_Iterator>::_type());
+    return iterator(_storage_.first + _index);
+  }
+  PLX_LATER iterator insert(const_iterator _at, initializer_list<_T> _list) {
+    return insert(_at, _list.begin(), _list.end());
+  }
+  PLX_LATER iterator erase(const_iterator _at) { return erase(_at, _at + 1); }
+  PLX_LATER iterator erase(const_iterator _first, const_iterator _last) {
+    if (_first != _last) _close(_place(_first), _place(_last), typename _traits::_relocatable());
+    return iterator(_place(_first));
+  }
+#endif
   void swap(vector &_other) PLX_NOTHROW { _storage_._swap_blocks(_other._storage_); }
   void clear() PLX_NOTHROW { _cut(_storage_.first); }
 
@@ -270,7 +342,7 @@ private:
   }
   void _grow(size_type _room, _no) {
     _storage _made(_storage_, _room);
-    _made._last = __zor::make_copies(_alloc(), _made.first, _cbegin_(*this), _cend_(*this));
+    _made._last = __zor::make_taken(_alloc(), _made.first, _storage_.first, _storage_._last);
     _become(_made);
   }
 
@@ -293,8 +365,8 @@ private:
     void _finish() {
       _T *const _first = _made_.first;
       __zor::made_elements<_T, _A> _before(_v_._alloc(), _first);
-      for (const _T *_from = _v_._storage_.first; _from != _at_; ++_from) _before._add(*_from);
-      _end_ = __zor::make_copies(_v_._alloc(), _end_, static_cast<const _T *>(_at_), _cend_(_v_));
+      for (_T *_from = _v_._storage_.first; _from != _at_; ++_from) _before._add(__zor::take_element(*_from));
+      _end_ = __zor::make_taken(_v_._alloc(), _end_, _at_, _v_._storage_._last);
       _before._keep();
       _made_._last = _end_;
       _end_ = _begin_;
@@ -313,7 +385,7 @@ private:
 
   void push_back(const _T &_value, _no) {
     if (__builtin_expect(_storage_._last != _storage_._limit, 1)) {
-      _storage_.construct(_storage_._last, _value);
+      __zor::make_element(_alloc(), _storage_._last, _value);
       ++_storage_._last;
     } else {
       _insert_full(_storage_._last, _value);
@@ -336,40 +408,87 @@ private:
     _insert_full(_at, _value, typename _traits::_relocatable());
   }
 
-  void _insert_full(_T *_at, const _T &_value, _yes) {
+  void _insert_full(_T *_at, const _T &_value, _yes) { _emplace_full(_at, _yes(), _value); }
+  void _insert_full(_T *_at, const _T &_value, _no) { _emplace_full(_at, _no(), _value); }
+  void _insert_one(_T *_at, const _T &_value, _yes) { _emplace_one(_at, _yes(), _value); }
+  void _insert_one(_T *_at, const _T &_value, _no) { _emplace_one(_at, _no(), _value); }
+
+  template <PLX_SOURCE_TYPES> void _emplace_full(_T *_at, _yes, PLX_SOURCE) {
     const size_type _index = static_cast<size_type>(_at - _storage_.first);
-    __zor::held_copy<_T, _A, typename _traits::_plain> _copy(_alloc(), _value);
+    __zor::held_copy<_T, _A, typename _traits::_plain> _made(_alloc(), PLX_FORWARD_SOURCE);
     _grow(_grown(1), _yes());
     _at = _storage_.first + _index;
     __zor::slide_bytes(_at + 1, _at, _storage_._last);
-    _copy._move_to(_at);
+    _made._move_to(_at);
     ++_storage_._last;
   }
-  void _insert_full(_T *_at, const _T &_value, _no) {
+  template <PLX_SOURCE_TYPES> void _emplace_full(_T *_at, _no, PLX_SOURCE) {
     _split _made(*this, _at, 1);
-    _storage_.construct(_made._place(), _value);
+    __zor::make_element(_alloc(), _made._place(), PLX_FORWARD_SOURCE);
     _made._made_up_to(_made._place() + 1);
     _made._finish();
   }
 
-  void _insert_one(_T *_at, const _T &_value, _yes) {
-    __zor::held_copy<_T, _A, typename _traits::_plain> _copy(_alloc(), _value);
+  template <PLX_SOURCE_TYPES> void _emplace_one(_T *_at, _yes, PLX_SOURCE) {
+    __zor::held_copy<_T, _A, typename _traits::_plain> _made(_alloc(), PLX_FORWARD_SOURCE);
     __zor::slide_bytes(_at + 1, _at, _storage_._last);
-    _copy._move_to(_at);
+    _made._move_to(_at);
     ++_storage_._last;
   }
-  void _insert_one(_T *_at, const _T &_value, _no) {
+  template <PLX_SOURCE_TYPES> void _emplace_one(_T *_at, _no, PLX_SOURCE) {
     if (_at == _storage_._last) {
-      _storage_.construct(_at, _value);
+      __zor::make_element(_alloc(), _at, PLX_FORWARD_SOURCE);
       ++_storage_._last;
       return;
     }
-    _T _copy(_value);
-    _storage_.construct(_storage_._last, _storage_._last[-1]);
+    _T _made(PLX_FORWARD_SOURCE);
+    __zor::make_element(_alloc(), _storage_._last, __zor::_moved(_storage_._last[-1]));
     ++_storage_._last;
-    for (_T *_to = _storage_._last - 2; _to != _at; --_to) *_to = _to[-1];
-    *_at = _copy;
+    for (_T *_to = _storage_._last - 2; _to != _at; --_to) *_to = __zor::_moved(_to[-1]);
+    *_at = __zor::_moved(_made);
   }
+
+#if __cplusplus >= 201103L
+  template <class... _Source> void _emplace_back(_yes, _Source &&..._given) {
+    const _T _made(static_cast<_Source &&>(_given)...);
+    push_back(_made, _yes());
+  }
+  template <class... _Source> void _emplace_back(_no, _Source &&..._given) {
+    if (__builtin_expect(_storage_._last != _storage_._limit, 1)) {
+      __zor::make_element(_alloc(), _storage_._last, static_cast<_Source &&>(_given)...);
+      ++_storage_._last;
+    } else {
+      _emplace_full(_storage_._last, typename _traits::_relocatable(), static_cast<_Source &&>(_given)...);
+    }
+  }
+#endif
+
+#if !PLX_MEMBERS_OF_1998
+  PLX_LATER _T *_place(const_iterator _at) const noexcept { return _storage_.first + (_at.base() - _storage_.first); }
+
+  PLX_LATER void _append_default(size_type _n, _yes) {
+    if (_n > _free_room()) _grow(_grown(_n), _yes());
+    _storage_._last = __zor::make_default(_alloc(), _storage_._last, _n);
+  }
+  PLX_LATER void _append_default(size_type _n, _no) {
+    if (_n <= _free_room()) {
+      _storage_._last = __zor::make_default(_alloc(), _storage_._last, _n);
+      return;
+    }
+    _split _made(*this, _storage_._last, _n);
+    _made._made_up_to(__zor::make_default(_alloc(), _made._place(), _n));
+    _made._finish();
+  }
+
+  // All elements, to another block.
+  PLX_LATER _T *_move_to(_T *_to, _yes) noexcept {
+    _T *const _end = _to + size();
+    __zor::slide_bytes(_to, _storage_.first, _storage_._last);
+    _storage_._last = _storage_.first;
+    return _end;
+  }
+  PLX_LATER _T *_move_to(_T *_to, _no) { return __zor::make_taken(_alloc(), _to, _storage_.first, _storage_._last); }
+#endif
 
   // ---- Several equal elements.
 
@@ -389,7 +508,7 @@ private:
   }
   void _fill_gap(_T *_at, size_type _n, const _T &_value, _no) {
     __zor::vector_gap<_T, _A> _gap(_storage_, _at, _n);
-    for (; _n != 0; --_n, ++_gap.at) _storage_.construct(_gap.at, _value);
+    for (; _n != 0; --_n, ++_gap.at) __zor::make_element(_alloc(), _gap.at, _value);
   }
   void _insert_filled(_T *_at, size_type _n, const _T &_value, _no) {
     if (_n > _free_room()) {
@@ -402,13 +521,11 @@ private:
     _T *const _end = _storage_._last;
     const size_type _tail = static_cast<size_type>(_end - _at);
     if (_tail > _n) {
-      _storage_._last =
-          __zor::make_copies(_alloc(), _end, static_cast<const _T *>(_end - _n), static_cast<const _T *>(_end));
-      for (_T *_to = _end, *_from = _end - _n; _from != _at;) *--_to = *--_from;
+      _storage_._last = __zor::make_taken(_alloc(), _end, _end - _n, _end);
+      for (_T *_to = _end, *_from = _end - _n; _from != _at;) *--_to = __zor::_moved(*--_from);
     } else {
       _storage_._last = __zor::make_filled(_alloc(), _end, _n - _tail, _copy);
-      _storage_._last =
-          __zor::make_copies(_alloc(), _storage_._last, static_cast<const _T *>(_at), static_cast<const _T *>(_end));
+      _storage_._last = __zor::make_taken(_alloc(), _storage_._last, _at, _end);
     }
     for (_T *const _filled = _tail > _n ? _at + _n : _end; _at != _filled; ++_at) *_at = _copy;
   }
@@ -477,16 +594,14 @@ private:
     _T *const _end = _storage_._last;
     const size_type _tail = static_cast<size_type>(_end - _at);
     if (_tail > _n) {
-      _storage_._last =
-          __zor::make_copies(_alloc(), _end, static_cast<const _T *>(_end - _n), static_cast<const _T *>(_end));
-      for (_T *_to = _end, *_from = _end - _n; _from != _at;) *--_to = *--_from;
+      _storage_._last = __zor::make_taken(_alloc(), _end, _end - _n, _end);
+      for (_T *_to = _end, *_from = _end - _n; _from != _at;) *--_to = __zor::_moved(*--_from);
       for (; _first != _last; ++_first, (void)++_at) *_at = *_first;
     } else {
       _Iterator _middle = _first;
       std::advance(_middle, static_cast<difference_type>(_tail));
       _storage_._last = __zor::make_copies(_alloc(), _end, _middle, _last);
-      _storage_._last =
-          __zor::make_copies(_alloc(), _storage_._last, static_cast<const _T *>(_at), static_cast<const _T *>(_end));
+      _storage_._last = __zor::make_taken(_alloc(), _storage_._last, _at, _end);
       for (; _first != _middle; ++_first, (void)++_at) *_at = *_first;
     }
   }
@@ -574,7 +689,7 @@ private:
     _storage_._last = _first + (_end - _last);
   }
   void _close(_T *_first, _T *_last, _no) {
-    for (; _last != _storage_._last; ++_first, (void)++_last) *_first = *_last;
+    for (; _last != _storage_._last; ++_first, (void)++_last) *_first = __zor::_moved(*_last);
     _cut(_first);
   }
 

@@ -47,7 +47,8 @@ inline void swap(bit_reference _a, bit_reference _b) PLX_NOTHROW {
 }
 
 // A place among bits: Reference is bit_reference, or bool for the constant one.
-template <class _Reference, class _Pointer> class bit_iterator : public std::__iterator_of_std {
+template <class _Reference, class _Pointer> class bit_iterator
+    : public order_of_iterators<bit_iterator<_Reference, _Pointer> > {
 public:
   typedef bool value_type;
   typedef std::ptrdiff_t difference_type;
@@ -98,39 +99,21 @@ public:
     return _moved -= _n;
   }
 
+  friend bool operator==(const bit_iterator &_left, const bit_iterator &_right) PLX_NOTHROW {
+    return _left._word == _right._word && _left._bit == _right._bit;
+  }
+  friend bool operator<(const bit_iterator &_left, const bit_iterator &_right) PLX_NOTHROW {
+    return _left._word < _right._word || (_left._word == _right._word && _left._bit < _right._bit);
+  }
+  friend difference_type operator-(const bit_iterator &_left, const bit_iterator &_right) PLX_NOTHROW {
+    return (_left._word - _right._word) * bits_per_word + static_cast<difference_type>(_left._bit) -
+           static_cast<difference_type>(_right._bit);
+  }
+
   unsigned int *_word;
   unsigned int _bit;
 };
 
-template <class _R, class _Pt, class _R2, class _P2>
-inline bool operator==(const bit_iterator<_R, _Pt> &_left, const bit_iterator<_R2, _P2> &_right) PLX_NOTHROW {
-  return _left._word == _right._word && _left._bit == _right._bit;
-}
-template <class _R, class _Pt, class _R2, class _P2>
-inline bool operator!=(const bit_iterator<_R, _Pt> &_left, const bit_iterator<_R2, _P2> &_right) PLX_NOTHROW {
-  return !(_left == _right);
-}
-template <class _R, class _Pt, class _R2, class _P2>
-inline bool operator<(const bit_iterator<_R, _Pt> &_left, const bit_iterator<_R2, _P2> &_right) PLX_NOTHROW {
-  return _left._word < _right._word || (_left._word == _right._word && _left._bit < _right._bit);
-}
-template <class _R, class _Pt, class _R2, class _P2>
-inline bool operator>(const bit_iterator<_R, _Pt> &_left, const bit_iterator<_R2, _P2> &_right) PLX_NOTHROW {
-  return _right < _left;
-}
-template <class _R, class _Pt, class _R2, class _P2>
-inline bool operator<=(const bit_iterator<_R, _Pt> &_left, const bit_iterator<_R2, _P2> &_right) PLX_NOTHROW {
-  return !(_right < _left);
-}
-template <class _R, class _Pt, class _R2, class _P2>
-inline bool operator>=(const bit_iterator<_R, _Pt> &_left, const bit_iterator<_R2, _P2> &_right) PLX_NOTHROW {
-  return !(_left < _right);
-}
-template <class _R, class _Pt, class _R2, class _P2>
-inline std::ptrdiff_t operator-(const bit_iterator<_R, _Pt> &_left, const bit_iterator<_R2, _P2> &_right) PLX_NOTHROW {
-  return (_left._word - _right._word) * bits_per_word + static_cast<std::ptrdiff_t>(_left._bit) -
-         static_cast<std::ptrdiff_t>(_right._bit);
-}
 template <class _R, class _Pt>
 inline bit_iterator<_R, _Pt> operator+(std::ptrdiff_t _n, const bit_iterator<_R, _Pt> &_at) PLX_NOTHROW {
   return _at + _n;
@@ -217,19 +200,24 @@ public:
   typedef std::reverse_iterator<const_iterator> const_reverse_iterator;
 
   explicit vector(const _A &_a = _A()) PLX_NOTHROW : _words_(_word_allocator(_a)), _size_(0) {}
+#if __cplusplus >= 201103L
+  explicit vector(size_type _n) : vector(_n, false) {}
+  vector(size_type _n, const bool &_value, const _A &_a = _A())
+#else
   explicit vector(size_type _n, const bool &_value = bool(), const _A &_a = _A())
+#endif
       : _words_(_word_allocator(_a), _words_of(_n)), _size_(0) {
     append(_n, _value);
   }
   template <class _Iterator> vector(_Iterator _first, _Iterator _last, const _A &_a = _A())
       : _words_(_word_allocator(_a)), _size_(0) {
-    _insert_range(0, _first, _last, typename __zor::is_integer<_Iterator>::_type());
+    _insert_range(0, _first, _last, typename __zor::is_count<_Iterator>::_type());
   }
   vector(const vector &_other) : _words_(_other._words_, _words_of(_other._size_)), _size_(0) { _copy_words(_other); }
   ~vector() {}
 
   vector &operator=(const vector &_other) {
-    if (this == &_other) return *this;
+    if (this == __zor::address_of(_other)) return *this;
     if (_other._size_ > capacity()) {
       vector _copy(_other);
       swap(_copy);
@@ -242,7 +230,8 @@ public:
   vector(vector &&_other) noexcept : _words_(static_cast<const _word_allocator &>(_other._words_)), _size_(0) {
     swap(_other);
   }
-  vector &operator=(vector &&_other) noexcept {
+  vector &operator=(vector &&_other) noexcept(__zor::is_standard_allocator<_A>::value) {
+    if (!__zor::share_memory<_word_allocator>(_words_, _other._words_)) return *this = _other;
     vector _taken(static_cast<vector &&>(_other));
     swap(_taken);
     return *this;
@@ -256,13 +245,21 @@ public:
   }
 #endif
   template <class _Iterator> void assign(_Iterator _first, _Iterator _last) {
-    _assign_range(_first, _last, typename __zor::is_integer<_Iterator>::_type());
+    _assign_range(_first, _last, typename __zor::is_count<_Iterator>::_type());
   }
   void assign(size_type _n, const bool &_value) {
     const bool _copy = _value;
-    clear();
-    append(_n, _copy);
+    if (_n > capacity()) {
+      vector _made(_n, _copy, get_allocator());
+      swap(_made);
+    } else {
+      clear();
+      append(_n, _copy);
+    }
   }
+#if __cplusplus >= 201103L
+  void assign(initializer_list<bool> _list) { assign(_list.begin(), _list.end()); }
+#endif
   allocator_type get_allocator() const { return allocator_type(_words_); }
 
   iterator begin() PLX_NOTHROW { return _place(0); }
@@ -276,6 +273,12 @@ public:
 #if __cplusplus >= 201103L
   const_iterator cbegin() const noexcept { return begin(); }
   const_iterator cend() const noexcept { return end(); }
+  const_reverse_iterator crbegin() const noexcept { return rbegin(); }
+  const_reverse_iterator crend() const noexcept { return rend(); }
+  void shrink_to_fit() {
+    vector _copy(*this);
+    swap(_copy);
+  }
 #endif
 
   size_type size() const PLX_NOTHROW { return _size_; }
@@ -323,31 +326,47 @@ public:
   }
   void pop_back() PLX_NOTHROW { _cut(_size_ - 1); }
 
-  iterator insert(iterator _at, const bool &_value = bool()) {
+#if __cplusplus >= 201103L
+  template <class... _Source> typename __zor::emplaced<bool, reference>::_type emplace_back(_Source &&..._given) {
+    push_back(bool(static_cast<_Source &&>(_given)...));
+    return static_cast<typename __zor::emplaced<bool, reference>::_type>(back());
+  }
+  template <class... _Source> iterator emplace(const_iterator _at, _Source &&..._given) {
+    return insert(_at, bool(static_cast<_Source &&>(_given)...));
+  }
+  iterator insert(const_iterator _at, const bool &_value) { return insert(_at, 1, _value); }
+  iterator insert(const_iterator _at, size_type _n, const bool &_value) {
     const size_type _index = _index_of(_at);
-    const bool _copy = _value;
-    _open(_index, 1);
-    (*this)[_index] = _copy;
+    _insert_filled(_index, _n, _value);
     return _place(_index);
   }
-  void insert(iterator _at, size_type _n, const bool &_value) {
+  template <class _Iterator> iterator insert(const_iterator _at, _Iterator _first, _Iterator _last) {
     const size_type _index = _index_of(_at);
-    const bool _copy = _value;
-    _open(_index, _n);
-    __zor::fill_bits(_words_.first, _index, _n, _copy);
+    _insert_range(_index, _first, _last, typename __zor::is_count<_Iterator>::_type());
+    return _place(_index);
   }
+  iterator insert(const_iterator _at, initializer_list<bool> _list) { return insert(_at, _list.begin(), _list.end()); }
+  iterator erase(const_iterator _at) { return erase(_at, _at + 1); }
+  iterator erase(const_iterator _first, const_iterator _last) {
+    _close(_index_of(_first), _index_of(_last));
+    return _place(_index_of(_first));
+  }
+#else
+  iterator insert(iterator _at, const bool &_value = bool()) {
+    const size_type _index = _index_of(_at);
+    _insert_filled(_index, 1, _value);
+    return _place(_index);
+  }
+  void insert(iterator _at, size_type _n, const bool &_value) { _insert_filled(_index_of(_at), _n, _value); }
   template <class _Iterator> void insert(iterator _at, _Iterator _first, _Iterator _last) {
-    _insert_range(_index_of(_at), _first, _last, typename __zor::is_integer<_Iterator>::_type());
+    _insert_range(_index_of(_at), _first, _last, typename __zor::is_count<_Iterator>::_type());
   }
   iterator erase(iterator _at) { return erase(_at, _at + 1); }
   iterator erase(iterator _first, iterator _last) {
-    const size_type _from = _index_of(_first), _to = _index_of(_last);
-    if (_from != _to) {
-      __zor::copy_bits(_words_.first, _from, _words_.first, _to, _size_ - _to);
-      _cut(_size_ - (_to - _from));
-    }
+    _close(_index_of(_first), _index_of(_last));
     return _first;
   }
+#endif
   void swap(vector &_other) PLX_NOTHROW {
     _words_._swap_blocks(_other._words_);
     const size_type _n = _size_;
@@ -368,7 +387,7 @@ private:
     return __zor::words_for_bits(_n);
   }
   iterator _place(size_type _n) const PLX_NOTHROW { return iterator(_words_.first + _n / 32, _n % 32); }
-  size_type _index_of(const iterator &_at) const PLX_NOTHROW {
+  size_type _index_of(const const_iterator &_at) const PLX_NOTHROW {
     return static_cast<size_type>(_at._word - _words_.first) * 32 + _at._bit;
   }
   void _clear_tail() PLX_NOTHROW {
@@ -412,8 +431,18 @@ private:
     if (_n != 0) __zor::move_bits_up(_words_.first, _at + _n, _at, _tail);
   }
 
+  void _insert_filled(size_type _at, size_type _n, bool _value) {
+    _open(_at, _n);
+    __zor::fill_bits(_words_.first, _at, _n, _value);
+  }
+  void _close(size_type _from, size_type _to) PLX_NOTHROW {
+    if (_from == _to) return;
+    __zor::copy_bits(_words_.first, _from, _words_.first, _to, _size_ - _to);
+    _cut(_size_ - (_to - _from));
+  }
+
   template <class _Integer> void _insert_range(size_type _at, _Integer _n, _Integer _value, __zor::_yes) {
-    insert(_place(_at), static_cast<size_type>(_n), static_cast<bool>(_value));
+    _insert_filled(_at, static_cast<size_type>(_n), static_cast<bool>(_value));
   }
   // The elements are read first: reading them may fail.
   template <class _Iterator> void _insert_range(size_type _at, _Iterator _first, _Iterator _last, __zor::_no) {
