@@ -33,8 +33,9 @@ library=$root/usr/lib32/libplx.so.$version
 chmod 644 "$library"
 # Debuggers walk the stack by what is kept.
 strip --strip-unneeded --keep-section=.debug_frame "$library"
-for archive in "$root"/usr/lib32/*.a; do strip -D --strip-debug "$archive"; done
-sed -i 's|^libdir=.*|libdir=${prefix}/lib32|' "$root/usr/share/pkgconfig/plx.pc"
+for archive in "$root"/usr/lib32/libplx*.a; do strip -D --strip-debug "$archive"; done
+# The dynamic linker looks there by itself.
+sed -i 's|^libdir=.*|libdir=${prefix}/lib32|; s| -Wl,-rpath,${libdir}||' "$root"/usr/share/pkgconfig/plx*.pc
 # gdb finds its file by the library's path.
 auto_load=$root/usr/share/gdb/auto-load/usr
 [ ! -d "$auto_load/lib" ] || mv "$auto_load/lib" "$auto_load/lib32"
@@ -64,7 +65,7 @@ Version: $version
 Architecture: amd64
 Maintainer: $maintainer
 Installed-Size: $(du -sk --apparent-size "$root/usr" | cut -f1)
-Depends: libc6-i386 (>= $libc), libc6-dev-i386, lib32gcc-12-dev, clang-14, binutils
+Depends: libc6-i386 (>= $libc), libc6-dev-i386, g++-multilib | clang, binutils
 Suggests: gdb, cmake, pkgconf
 Section: devel
 Priority: optional
@@ -74,7 +75,8 @@ Description: C++ run-time library for 32-bit programs, and its compiler drivers
  and the C++ standard library of 1998 for char. It makes 32-bit programs for
  x86 and stands on the C library alone.
  .
- plx-c++ compiles ordinary C++ for it with a stock clang, plx-cc generated C.
+ plx-c++ compiles ordinary C++ for it with a stock g++ or clang, plx-cc generated
+ C.
  There are also a static library, a CMake package with a toolchain file, a
  pkg-config file, and pretty printers for gdb.
 END

@@ -17,6 +17,7 @@ struct a_plan {
 
   enum a_shape : byte {
     plain,      // as above
+    realigned,  // by `rules`, but for the CFA, which lies in memory at a register and an offset
     general,    // by `rules`
     outermost,  // there is no caller
     untabled,   // no table describes the code

@@ -33,6 +33,21 @@ bool is_plain(const a_frame_entry &entry, const a_frame_rules &rules) {
   return true;
 }
 
+// Functions that align their stack, such as every main of gcc, keep their CFA in memory: an expression of two operations
+// (DW_OP_breg with an offset, DW_OP_deref).
+bool is_realigned(const a_frame_rules &rules, a_plan &plan) {
+  if (rules.cfa.kind != a_rule::is_expression) return false;
+  a_byte_reader reader(rules.range, rules.cfa.expression);
+  const unsigned length = reader.uleb();
+  const byte *end = reader.at() + length;
+  const unsigned reg = reader.u8() - 0x70;
+  const int offset = reader.sleb();
+  if (reg >= register_eip || reader.u8() != 0x06 || reader.failed() || reader.at() != end) return false;
+  plan.cfa_register = static_cast<byte>(reg);
+  plan.cfa_offset = offset;
+  return true;
+}
+
 void take_rules(const a_frame_entry &entry, a_frame_rules &rules, a_plan &plan) {
   plan.arguments_size = rules.arguments_size;
   plan.caller_is_interrupted = entry.is_signal_frame;
@@ -47,7 +62,7 @@ void take_rules(const a_frame_entry &entry, a_frame_rules &rules, a_plan &plan) 
       plan.saved[i] = rule.kind == a_rule::at_offset ? static_cast<short>(rule.offset) : 0;
     }
   } else {
-    plan.shape = a_plan::general;
+    plan.shape = !entry.is_signal_frame && is_realigned(rules, plan) ? a_plan::realigned : a_plan::general;
     plan.rules = &rules;
   }
 }

@@ -25,7 +25,7 @@ unsigned address_without_table;
 
 namespace {
 
-inline a_plan *plan_of_caller(a_plan *plan, const a_machine_frame &frame) {
+inline __attribute__((__always_inline__)) a_plan *plan_of_caller(a_plan *plan, const a_machine_frame &frame) {
   a_plan *guess = plan->caller;
   if (__builtin_expect(guess && guess->address == frame.address, 1)) return guess;
   if (plan->caller_is_interrupted) return find_plan_of_interrupted(frame.address);
@@ -34,24 +34,29 @@ inline a_plan *plan_of_caller(a_plan *plan, const a_machine_frame &frame) {
   return found;
 }
 
-// A frame's CFA must lie above what the frame calls, and on the stack: a damaged table must not lead in a circle.
-inline bool cfa_of(const a_plan *plan, const a_machine_frame &frame, unsigned &cfa) {
-  if (__builtin_expect(plan->shape == a_plan::plain, 1)) {
-    cfa = frame.registers[plan->cfa_register] + static_cast<unsigned>(plan->cfa_offset);
-    return cfa > frame.registers[register_esp] && cfa <= reinterpret_cast<unsigned>(__libc_stack_end);
-  }
-  if (plan->shape == a_plan::outermost) {
-    cfa = 0xFFFFFFFF;  // all entries are inner to it
-    return true;
-  }
-  if (!find_cfa(*plan->rules, frame, cfa)) return false;
-  // A signal handler may run on a stack of its own.
-  return plan->caller_is_interrupted || cfa > frame.registers[register_esp];
-}
-
 inline unsigned stack_word(unsigned address) { return *reinterpret_cast<const unsigned *>(address); }
 
-inline bool step(const a_plan *plan, unsigned cfa, a_machine_frame &frame) {
+// A frame's CFA must lie above what the frame calls, and on the stack: a damaged table must not lead in a circle.
+inline __attribute__((__always_inline__)) bool cfa_of(const a_plan *plan, const a_machine_frame &frame,
+                                                      unsigned stack_end, unsigned &cfa) {
+  if (__builtin_expect(plan->shape == a_plan::plain, 1)) {
+    cfa = frame.registers[plan->cfa_register] + static_cast<unsigned>(plan->cfa_offset);
+  } else if (plan->shape == a_plan::realigned) {
+    const unsigned place = frame.registers[plan->cfa_register] + static_cast<unsigned>(plan->cfa_offset);
+    if (!is_on_stack(frame, place)) return false;
+    cfa = stack_word(place);
+  } else if (plan->shape == a_plan::outermost) {
+    cfa = 0xFFFFFFFF;  // all entries are inner to it
+    return true;
+  } else {
+    if (!find_cfa(*plan->rules, frame, cfa)) return false;
+    // A signal handler may run on a stack of its own.
+    if (plan->caller_is_interrupted) return true;
+  }
+  return cfa > frame.registers[register_esp] && cfa <= stack_end;
+}
+
+inline __attribute__((__always_inline__)) bool step(const a_plan *plan, unsigned cfa, a_machine_frame &frame) {
   if (__builtin_expect(plan->shape != a_plan::plain, 0)) return step_by_rules(*plan->rules, cfa, frame);
   if (plan->saved[0]) frame.registers[register_ebx] = stack_word(cfa + plan->saved[0]);
   if (plan->saved[1]) frame.registers[register_esi] = stack_word(cfa + plan->saved[1]);
@@ -83,9 +88,10 @@ a_verdict choose_by_actions(const a_plan *plan, a_throw_stack_entry *thrown, int
   return has_cleanup ? a_verdict::clean_up : a_verdict::pass;
 }
 
-inline a_verdict choose(const a_plan *plan, a_throw_stack_entry *thrown, int &selector) {
+inline __attribute__((__always_inline__)) a_verdict choose(const a_plan *plan, a_throw_stack_entry *thrown,
+                                                           int &selector) {
   selector = 0;
-  if (plan->handling == a_plan::clean_up) return a_verdict::clean_up;
+  if (__builtin_expect(plan->handling == a_plan::clean_up, 1)) return a_verdict::clean_up;
   if (plan->handling == a_plan::one_clause) {
     if (!catch_clause_matches(plan->type, thrown, &state_of(thrown).adjusted)) return a_verdict::pass;
     selector = plan->selector;
@@ -131,11 +137,12 @@ struct a_recorder {
 template <class Visitor>
 inline void walk(a_machine_frame &frame, an_eh_stack_entry *entry, Visitor &visitor) {
   const unsigned stack_pointer = frame.registers[register_esp];
+  const unsigned stack_end = reinterpret_cast<unsigned>(__libc_stack_end);
   unsigned entry_position = entry ? position_of(entry, stack_pointer) : 0xFFFFFFFF;
   for (a_plan *plan = find_plan(frame.address);; plan = plan_of_caller(plan, frame)) {
   same_frame:
     unsigned cfa;
-    if (plan->shape >= a_plan::untabled || !cfa_of(plan, frame, cfa)) return visitor.end(frame, plan, entry);
+    if (plan->shape >= a_plan::untabled || !cfa_of(plan, frame, stack_end, cfa)) return visitor.end(frame, plan, entry);
     while (__builtin_expect(entry_position < cfa, 0)) {
       if (visitor.entry(entry, frame, plan, cfa)) return;
       const an_eh_stack_entry *passed = entry;

@@ -12,25 +12,19 @@ wrong() {
   failures=$((failures + 1))
 }
 
-# expect_output TEXT WHAT COMMAND... -o program [PROGRAM]: the command succeeds, and the program prints the text.
-expect_output() {
-  local text=$1 what=$2 program=./program
-  shift 2
-  [ "${*: -2:1}" = -o ] || [ "$1" = sh ] || { program=./${*: -1}; set -- "${@:1:$#-1}"; }
-  rm -f program log
-  "$@" 2> log || { wrong "$what: the driver fails"; return; }
-  [ "$("$program" 2>&1)" = "$text" ] || wrong "$what: the program prints \"$("$program" 2>&1)\", not \"$text\""
-}
-
-# expect_error TEXT COMMAND...: status 1 and one line that holds the text.
-expect_error() {
-  local text=$1 status
-  shift
-  "$@" > log 2>&1
-  status=$?
-  [ $status -eq 1 ] || wrong "$*: status $status, not 1"
-  grep -qF -- "$text" log || wrong "$*: the message lacks \"$text\""
-  [ "$(wc -l < log)" -eq 1 ] || wrong "$*: more than one line"
+# table: reads lines `COMMAND => WANT`. What the command prints, in one line and with `!STATUS` behind it unless that is 0,
+# is the pattern WANT. Commands may use what those before them made.
+table() {
+  local row command want got status
+  while IFS= read -r row; do
+    [ -n "$row" ] || continue
+    command=${row%% =>*} want=${row##* =>}
+    want=${want# }
+    got=$(eval "$command" 2>&1; status=$?; [ $status -eq 0 ] || echo "!$status")
+    got=${got//$'\n'/ }
+    # shellcheck disable=SC2053 # a pattern
+    [[ $got == $want ]] || wrong "$command"$'\n'"  prints: $got"$'\n'"  wanted: $want"
+  done
 }
 
 finish() {

@@ -1,8 +1,10 @@
 #!/bin/bash
-# The driver does what clang++ does with the usual options: compile, assemble, preprocess, link, dependencies, standard
-# input, response files, forced languages, and options that keep the library out.
+# The drivers do what the compiler does with the usual options, add what programs for plx need, and compile C and C++ on
+# one command line each as what it is.
 . "$PLX_SOURCE/tests/driver/common.bash"
 
+mkdir headers 'a folder'
+echo 'void part(int);' > headers/part.h
 cat > main.cpp <<'END'
 #include "part.h"
 #include <cstdio>
@@ -18,106 +20,115 @@ int main(int argc, char **) {
   }
 }
 END
-mkdir headers 'a folder'
-echo 'void part(int);' > headers/part.h
 cat > part.cpp <<'END'
 #include "part.h"
 #include <stdexcept>
 void part(int n) { if (n) throw std::range_error("thrown in part"); }
 END
-sources=(main.cpp part.cpp -I headers)
-
-expect_output "hello: thrown in part" "compile and link several files" plx-c++ "${sources[@]}" -o program
-plx-c++ "${sources[@]}" && [ -x a.out ] || wrong "no a.out without -o"
-expect_output "bye: thrown in part" "-D, -O2, -g" plx-c++ -O2 -g '-DGREETING="bye"' "${sources[@]}" -o program
-expect_output "hello: thrown in part" "an output name with a blank" plx-c++ "${sources[@]}" -o "a folder/program" "a folder/program"
-
-plx-c++ -c "${sources[@]}" && [ -f main.o ] && [ -f part.o ] || wrong "-c makes no objects"
-expect_output "hello: thrown in part" "link objects" plx-c++ main.o part.o -o program
-ar crs "a folder/libpart.a" part.o
-expect_output "hello: thrown in part" "-L and -l" plx-c++ main.o -L "a folder" -lpart -o program
-expect_output "hello: thrown in part" "-L and -l in two words" plx-c++ main.o -L "a folder" -l part -o program
-# clang puts the sanitizers' run-time library into what -r makes.
-[ -n "$PLX_SANITIZE" ] || {
-  plx-c++ -r main.o part.o -o both.o || wrong "-r"
-  expect_output "hello: thrown in part" "link what -r made" plx-c++ both.o -o program
-}
-
-plx-c++ -S main.cpp -I headers -o - | grep -q _Unwind_SjLj_Register || wrong "-S shows no assembly of plx's scheme"
-expect_output "hello: thrown in part" "an assembly file" \
-  sh -c 'plx-c++ -S main.cpp -I headers -o main.s && plx-c++ main.s part.o -o program'
-plx-c++ -E main.cpp -I headers | grep -q 'void part(int);' || wrong "-E"
-plx-c++ -M main.cpp -I headers | grep -q 'include/plx-3/stdexcept' || wrong "-M does not name the header"
-plx-c++ -MM main.cpp -I headers | tr -d '\\\n' | grep -Eq '^main.o: main.cpp +headers/part.h *$' || wrong "-MM"
-plx-c++ -c -MD -MF main.dep -MT target main.cpp -I headers && grep -q '^target:' main.dep || wrong "-MD -MF -MT"
-plx-c++ -fsyntax-only main.cpp -I headers || wrong "-fsyntax-only"
-[ ! -f main.syntax ] && ! plx-c++ -fsyntax-only part.cpp 2> log || wrong "-fsyntax-only accepts a missing header"
-grep -q "part.cpp:1:10: fatal error: 'part.h' file not found" log || wrong "clang's messages do not come through"
-
-echo '#include <new>
-int main() { return sizeof(std::bad_alloc) ? 0 : 1; }' > text
-plx-c++ -x c++ text -o program && ./program || wrong "-x c++"
-plx-c++ -xc++ - -o program < text && ./program || wrong "standard input"
-plx-c++ -E - < text | grep -q bad_alloc || wrong "-E of standard input"
-plx-c++ -c -x c++ text -o text.o -x none && plx-c++ text.o -o program && ./program || wrong "-x none"
-
-# Dialects: 1998 unless another is asked for.
-echo 'int dialect[__cplusplus == 199711L ? 1 : -1];
-#ifndef __GNUC_GNU_INLINE__
-#endif
-#ifdef __STRICT_ANSI__
-#error strict
-#endif' > dialect.cpp
-plx-c++ -fsyntax-only dialect.cpp || wrong "the default is not gnu++98"
-plx-c++ -fsyntax-only -std=gnu++17 dialect.cpp 2> log && wrong "-std=gnu++17 has no effect"
-for std in gnu++98 gnu++11 gnu++14 gnu++17 gnu++20 c++98 c++17; do
-  expect_output "hello: thrown in part" "-std=$std" plx-c++ -std=$std "${sources[@]}" -o program
-done
-
-# Response files, nested and quoted.
+cat > text <<'END'
+#include <new>
+int main() { return sizeof(std::bad_alloc) ? 0 : 1; }
+END
 printf '%s\n' '-DGREETING="\"read from a file\""' "-I 'headers'" > inner
 printf '%s\n' '@inner' 'main.cpp part.cpp' > outer
-expect_output "read from a file: thrown in part" "response files" plx-c++ @outer -o program
+all="main.cpp part.cpp -I headers"
 
-plx-c++ --version | head -1 | grep -q '^plx-c++ [0-9]*\.[0-9]*\.[0-9]*$' || wrong "--version does not say plx's"
-plx-c++ --version | grep -q 'clang version' || wrong "--version does not say the compiler's"
-plx-c++ -v 2>&1 | grep -q 'clang version' || wrong "-v"
-plx-c++ -v "${sources[@]}" -o program 2>&1 | grep -q libplx_clang.a || wrong "-v shows no link"
-plx-c++ '-###' main.cpp -o never 2>&1 | grep -q 'exception-model=sjlj' && [ ! -f never ] || wrong "-###"
-[ -f "$(plx-c++ -print-file-name=libc.so)" ] || wrong "-print-file-name"
-plx-c++ -dumpmachine | grep -q '^i[3-6]86' || wrong "-dumpmachine is no 32-bit x86"
-
-# No warning comes from the driver's own options, whatever is done.
-for what in -c -S -E -fsyntax-only -M; do
-  plx-c++ -Wall -Wextra -Werror $what main.cpp -I headers > out 2> log && [ ! -s log ] || wrong "$what is not quiet"
+table <<'END'
+plx-c++ $all -o p && ./p => hello: thrown in part
+plx-c++ $all && ./a.out => hello: thrown in part
+plx-c++ -O2 -g '-DGREETING="bye"' $all -op && ./p => bye: thrown in part
+plx-c++ $all -o "a folder/p" && "a folder/p" => hello: thrown in part
+plx-c++ -c $all && plx-c++ main.o part.o -o p && ./p => hello: thrown in part
+ar crs "a folder/libpart.a" part.o && plx-c++ main.o -L "a folder" -lpart -o p && ./p => hello: thrown in part
+plx-c++ main.o -L "a folder" -l part -lstdc++ -o p && ./p => hello: thrown in part
+plx-c++ -S main.cpp -I headers && plx-c++ main.s part.o -o p && ./p => hello: thrown in part
+plx-c++ -E part.cpp -I headers -o part.ii && plx-c++ -Werror -c part.ii =>
+plx-c++ -E main.cpp -I headers | grep -c 'void part(int);' => 1
+plx-c++ -M main.cpp -I headers | grep -cE '(plx-3|include)/stdexcept' => 1
+plx-c++ -c -MD -MF main.dep -MT target main.cpp -I headers && head -c 7 main.dep => target:
+plx-c++ -MM main.cpp -I headers => main.o: main.cpp headers/part.h
+plx-c++ -fsyntax-only part.cpp => part.cpp:1:10: fatal error: *part.h*!1
+plx-c++ -x c++ text -o p && ./p =>
+plx-c++ -xc++ - -o p < text && ./p =>
+plx-c++ -E - < text | grep -c '^namespace std' => [1-9]*
+plx-c++ -c -x c++ text -o text.o -x none && plx-c++ text.o -o p && ./p =>
+plx-c++ headers/part.h && plx-c++ -c part.cpp -I headers && rm headers/part.h.?ch =>
+plx-c++ @outer -o p && ./p => read from a file: thrown in part
+plx-c++ -shared -fPIC part.cpp -I headers -o part.so && plx-c++ main.cpp -I headers ./part.so -o p && ./p => hello: thrown in part
+plx-c++ -nostdinc++ -fsyntax-only main.cpp -I headers => *fatal error: *cstdio*!1
+plx-c++ -nostdlib main.o part.o -o p > out 2>&1 => !1
+plx-c++ missing.cpp => *missing.cpp*!1
+plx-c++ => *no input files*!1
+plx-c++ -o => plx-c++: error: -o: its argument is missing !1
+plx-c++ --version | head -1 => plx-c++ [0-9]*.[0-9]*.[0-9]
+plx-c++ -v => *version*
+plx-c++ -dumpmachine => *
+plx-c++ -pthread -pipe -Wall -Wextra -Werror $all -o p && ./p => hello: thrown in part
+plx-c++ -Werror main.o part.o -o p && ./p => hello: thrown in part
+plx-c++ -dM -E -x c++ /dev/null | grep __cplusplus => #define __cplusplus 199711L
+plx-c++ -dM -E -x c++ /dev/null | grep -c __STRICT_ANSI__ => 0 !1
+END
+for options in -std=c++98 -std=gnu++11 -std=c++17 -std=gnu++20 "-O3 -fPIE -pie" "-O2 -fPIC" -no-pie \
+  "-Os -fomit-frame-pointer" "-ffunction-sections -Wl,--gc-sections" "-O2 -flto" -pg --coverage "-Wl,-z,now -rdynamic"; do
+  table <<< "plx-c++ $options \$all -o p && ./p => hello: thrown in part"
 done
-plx-c++ -Wall -Wextra -Werror "${sources[@]}" -o program 2> log && [ ! -s log ] || wrong "compile and link is not quiet"
-plx-c++ -Werror main.o part.o -o program 2> log && [ ! -s log ] || wrong "linking is not quiet"
 
-plx-c++ -nostdinc++ -c main.cpp -I headers 2> log && wrong "-nostdinc++ finds headers"
+# C, alone and beside C++.
+cp "$PLX_SOURCE/examples/hello.c" generated.c
+cat > one.c <<'END'
+#include <plx/runtime.h>
+#ifdef __cplusplus
+#error compiled as C++
+#endif
+int class = 5; /* a good name in C only */
+int call_back(void (*function)(int)) { function(class); return 0; }
+END
+cp one.c one.text
+cat > two.cpp <<'END'
+#include <cstdio>
+extern "C" int call_back(void (*)(int));
+static void thrower(int value) { throw value; }
+int main() {
+  try { call_back(thrower); } catch (int value) { std::printf("caught %d%s\n", value, SUFFIX); }
+}
+END
+echo 'syntax error' > bad.c
+table <<'END'
+plx-c++ -O2 '-DSUFFIX="!"' one.c two.cpp -o p && ./p => caught 5!
+plx-c++ two.cpp one.c "-DSUFFIX=\" it's\"" -o p && ./p => caught 5 it's
+plx-c++ -std=gnu++17 -std=gnu99 one.c two.cpp '-DSUFFIX="."' -Wall -Wextra -Werror -op && ./p => caught 5.
+plx-c++ -c one.c two.cpp '-DSUFFIX=""' && plx-c++ one.o two.o -o p && ./p => caught 5
+plx-c++ two.cpp -x c one.text -x none "-DSUFFIX=\"\"" -lm -o p && ./p => caught 5
+plx-c++ one.c -c -o other.o && nm other.o | grep -c ' T call_back' => 1
+plx-c++ -MD '-DSUFFIX=""' one.c two.cpp -o p && grep -c runtime.h one.d => 1
+plx-c++ -c one.c two.cpp -o both.o => plx-c++: error: -o: there is one output and 2 files !1
+plx-c++ bad.c two.cpp '-DSUFFIX=""' -o never > out 2>&1 => !1
+plx-c++ two.cpp bad.c '-DSUFFIX=""' -o never > out 2>&1 || ls never => *No such file*!2
+plx-cc -c -Wall -Wextra -Werror generated.c -o generated.o && plx-cc generated.o -o p && ./p => hello from the handler: caught 42
+plx-cc -E generated.c | grep -c __throw_setup => [1-9]*
+plx-cc -MM generated.c => generated.o: generated.c
+plx-cc --version | head -1 => plx-cc [0-9]*.[0-9]*.[0-9]
+plx-cc -x c - -o p < generated.c && ./p => hello from the handler: caught 42
+plx-cc -nostdlib generated.o -o never > out 2>&1 => !1
+env -u PLX_CC plx-cc generated.c -c =>
+END
+for options in -std=gnu89 "-std=gnu99 -O2" "-std=gnu17 -O3 -fPIE -pie" "-O2 -fomit-frame-pointer"; do
+  table <<< "plx-cc $options -Wall -Wextra -Werror generated.c -o p && ./p => hello from the handler: caught 42"
+done
 
-# Headers are precompiled; what -E wrote is compiled without a complaint about options that have no use for it.
-plx-c++ -x c++-header headers/part.h -o part.pch && plx-c++ -include-pch part.pch -c part.cpp -I headers ||
-  wrong "a precompiled header"
-plx-c++ headers/part.h && rm headers/part.h.gch || wrong "a header alone"
-plx-c++ -E part.cpp -I headers -o part.ii && plx-c++ -Werror -c part.ii || wrong "a preprocessed file"
-# The library has no debug information, so the program's describes the library's classes.
-echo '#include <string>
-std::string text("x"); int main() { return 0; }' > debug.cpp
-plx-c++ -g debug.cpp -o debug && readelf --debug-dump=info debug 2> log | grep -q 'DW_AT_name.*: _rep_$' ||
-  wrong "-g leaves std::string incomplete"
-plx-c++ -nostdlib main.o part.o -o program 2> log && wrong "-nostdlib links the library"
-plx-c++ -pthread "${sources[@]}" -o program && ./program > out || wrong "-pthread"
-plx-c++ missing.cpp 2> log && wrong "a missing file is no error"
-plx-c++ 2> log && wrong "no input is no error"
-plx-c++ -o 2> log && wrong "-o without a name is no error"
-
-if [ -z "$PLX_SANITIZE" ]; then
-  plx-c++ "${sources[@]}" -o program
-  needed=$(readelf -dW program | sed -n 's/.*NEEDED.*\[\(.*\)\]/\1/p' | sort | tr '\n' ' ')
-  [ "$needed" = "libc.so.6 libplx.so.3 " ] || wrong "the program needs $needed"
-  readelf -hW program | grep -q 'Type: *EXEC' || wrong "the program has no fixed address"
-  plx-c++ part.cpp main.cpp -I headers -o program -fsanitize=undefined -fno-sanitize-recover && ./program > out ||
-    wrong "-fsanitize=undefined"
-fi
+# What programs hold. The library has no debug information: the program's describes the library's classes whole.
+needed() { readelf -dW "$1" | sed -n 's/.*NEEDED.*\[\(.*\)\]/\1/p' | sort | tr '\n' ' '; }
+cat > debug.cpp <<'END'
+#include <sstream>
+int main() { std::istringstream text("x"); return 0; }
+END
+[ -n "$PLX_SANITIZE" ] || table <<'END'
+plx-c++ $all -o p && needed p => libc.so.6 libplx.so.3 
+echo 'unsigned long long f(unsigned long long a, unsigned long long b) { return a / b; }' > div.cpp && plx-c++ div.cpp $all -o p && needed p => libc.so.6 libplx.so.3 
+plx-cc generated.c -o p && needed p && nm p | grep -c __zor_cxx_start => libc.so.6 libplx.so.3 0 !1
+plx-c++ -r main.o part.o -o both.o && plx-c++ both.o -o p && ./p => hello: thrown in part
+plx-c++ -g debug.cpp -o p && readelf --debug-dump=info p 2> log | grep -c 'DW_AT_name.*: _gcount_$' => [1-9]*
+plx-c++ -fsanitize=undefined -fno-sanitize-recover $all -o p && ./p => hello: thrown in part
+ASAN_OPTIONS= plx-c++ -fsanitize=address $all -o p && ./p => hello: thrown in part
+END
 finish

@@ -3,48 +3,73 @@
 . "$PLX_SOURCE/tests/driver/common.bash"
 echo 'int main() { return 0; }' > main.cpp
 echo 'int main(void) { return 0; }' > main.c
+echo '-O1 "-m64"' > response
+echo @self > self
 
-for option in -fPIC -fpic -fPIE -fpie -pie -static-pie; do
-  expect_error "error: $option: C++ for plx is built for a fixed address" plx-c++ $option main.cpp -o program
-done
-expect_error "shared objects of C with plx-cc" plx-c++ -shared main.cpp -o program
-expect_error "error: -static: the address sanitizer does not work" plx-c++ -fsanitize=address -static main.cpp -o program
-expect_error "error: -static-pie: libplx.a is code for a fixed address" plx-cc -static-pie main.c -o program
-for option in -flto -flto=thin -flto=full; do
-  expect_error "error: $option: plx's exceptions do not survive" plx-c++ $option -c main.cpp
-done
-for option in -m64 -mx32 -m16; do
-  expect_error "error: $option: plx serves 32-bit x86 only" plx-c++ $option -c main.cpp
-done
-expect_error "serves 32-bit x86 Linux only" plx-c++ --target=aarch64-linux-gnu -c main.cpp
-expect_error "serves 32-bit x86 Linux only" plx-c++ -target x86_64-linux-gnu -c main.cpp
-for option in -stdlib=libc++ -stdlib=libstdc++ -lstdc++ -lc++; do
-  expect_error "error: $option: plx is the C++ library" plx-c++ $option main.cpp -o program
-done
-expect_error "plx is the C++ library" plx-c++ main.cpp -l stdc++ -o program
-for option in -fsanitize=thread -fsanitize=address,thread -fsanitize=memory; do
-  expect_error "error: $option: this sanitizer does not work on 32-bit x86" plx-c++ $option main.cpp
-done
-expect_error "error: -fsanitize=vptr: this sanitizer needs" plx-c++ -fsanitize=vptr main.cpp
-for option in -fdwarf-exceptions -fno-sjlj-exceptions -fwasm-exceptions; do
-  expect_error "error: $option: plx has its own exception scheme" plx-c++ $option -c main.cpp
-done
-expect_error "error: -fopenmp: plx serves one thread" plx-c++ -fopenmp main.cpp
-expect_error "error: -Wl,-shared: C++ for plx" plx-c++ -Wl,-shared main.cpp
-echo '-O1 -fPIC' > response
-expect_error "error: -fPIC:" plx-c++ @response main.cpp
-[ ! -f program ] && [ ! -f main.o ] && [ ! -f a.out ] || wrong "something was written"
+# Each option, and the reason that both drivers give.
+while read -r option reason; do
+  table << END
+plx-c++ $option main.cpp => plx-c++: error: $option: $reason !1
+plx-cc -c $option main.c => plx-cc: error: $option: $reason !1
+END
+done <<'END'
+-m64 plx serves 32-bit x86 only
+-mx32 plx serves 32-bit x86 only
+--target=aarch64-linux-gnu plx serves 32-bit x86 Linux only
+-mregparm=3 it changes the binary interface, *
+-mlong-double-64 it changes the binary interface, *
+-mlong-double-128 it changes the binary interface, *
+-m128bit-long-double it changes the binary interface, *
+-malign-double it changes the binary interface, *
+-mms-bitfields it changes the binary interface, *
+-mrtd it changes the binary interface, *
+-msoft-float it changes the binary interface, *
+-freg-struct-return it changes the binary interface, *
+-fpack-struct it changes the binary interface, *
+-fpack-struct=4 it changes the binary interface, *
+-fshort-enums it changes the binary interface, *
+-fshort-wchar it changes the binary interface, *
+-stdlib=libc++ plx is the C++ library
+-fopenmp plx serves one thread
+-fsjlj-exceptions plx reads the usual tables of exceptions
+-fsanitize=thread this sanitizer does not work on 32-bit x86
+-fsanitize=address,memory this sanitizer does not work on 32-bit x86
+-fsanitize=vptr this sanitizer needs the host's C++ library *
+-fsanitize=cfi this sanitizer needs the host's C++ library *
+END
 
-# Compilers that are not there, or are none.
-expect_error "PLX_CLANG: there is no no-such-clang" env PLX_CLANG=no-such-clang plx-c++ main.cpp
+table <<'END'
+plx-cc -flto -c main.c => plx-cc: error: -flto: generated C does not survive link-time optimisation !1
+plx-cc -fexceptions -c main.c => plx-cc: error: -fexceptions: generated C has frames of its own for exceptions !1
+plx-c++ -flto=auto main.cpp main.c => plx-cc: error: -flto=auto: generated C does not survive link-time optimisation !1
+plx-c++ -fexceptions -c main.c => plx-cc: error: -fexceptions: generated C has frames of its own for exceptions !1
+plx-c++ -target x86_64-linux-gnu -c main.cpp => plx-c++: error: --target=x86_64-linux-gnu: plx serves 32-bit x86 Linux only !1
+plx-c++ @response main.cpp => plx-c++: error: -m64: plx serves 32-bit x86 only !1
+plx-c++ @self => plx-c++: error: response files name each other without end !1
+echo main.c > sources; plx-c++ @sources main.cpp => plx-c++: error: sources: files of C belong on the command line itself !1
+plx-cc main.cpp => plx-cc: error: main.cpp: C++ is compiled by plx-c++ !1
+plx-cc -x c++ main.c => plx-cc: error: main.c: C++ is compiled by plx-c++ !1
+plx-c++ -static -fsanitize=address main.cpp => plx-c++: error: -static: the address sanitizer needs shared libraries !1
+PLX_CXX=no-such-compiler plx-c++ main.cpp => plx-c++: error: PLX_CXX: there is no no-such-compiler !1
+PLX_CC="no-such-compiler -O2" plx-cc main.c => plx-cc: error: PLX_CC: there is no no-such-compiler !1
+ls => main.c main.cpp response self sources
+plx-c++ main.cpp -o -fopenmp && ls ./-fopenmp => ./-fopenmp
+plx-c++ -DX=-m64 -I -mrtd -fno-lto -fno-exceptions -fno-rtti -m32 -static-libstdc++ -static-libgcc main.cpp -o p && ./p =>
+plx-cc -fno-exceptions -fno-lto -fno-short-enums main.c -o p && ./p =>
+plx-cc -shared -fPIC main.c -o main.so && plx-cc -fPIE -pie main.c -o p && ./p =>
+END
 
-# The same words in harmless places.
-plx-c++ main.cpp -fno-lto -fno-pic -fno-pie -no-pie -m32 --target=i686-linux-gnu -o program || wrong "harmless options"
-plx-c++ main.cpp -o -static 2> log && [ -x ./-static ] || wrong "-o -static: an output name is no option"
-plx-c++ main.cpp -static-libgcc -static-libstdc++ -o program || wrong "-static-libgcc"
-[ -n "$PLX_SANITIZE" ] || for cc in clang-14 gcc; do
-  command -v $cc > log || continue
-  PLX_CC=$cc plx-cc -fPIC -shared main.c -o shared.so || wrong "$cc: plx-cc does not build a shared object of C"
-  PLX_CC=$cc plx-cc -fPIE -pie main.c -o program && ./program || wrong "$cc: plx-cc -pie"
-done
+# Without PLX_CXX and PLX_CC, the first compiler that is there, whatever it is called.
+mkdir bin
+for tool in sh env readlink mktemp rm tr; do ln -s "$(command -v $tool)" bin/$tool; done
+found() { env -u PLX_CXX -u PLX_CC PATH="$work/bin" "$PLX_PREFIX/bin/$1" -v; }
+plays() { printf '#!/bin/sh\necho %s "$@"\n' "$1" > "bin/$1" && chmod +x "bin/$1"; }
+[ -n "$PLX_SANITIZE" ] || table <<'END'
+found plx-c++ => plx-c++: error: no compiler is there (*): install the package g++-multilib, or set PLX_CXX !1
+plays g++-14 && found plx-c++ => g++-14 -m32 *
+plays clang++ && found plx-c++ => clang++ -m32 *--driver-mode=gcc*
+plays g++ && found plx-c++ => g++ -m32 *
+plays clang && found plx-cc => clang -m32 *
+plays gcc && found plx-cc => gcc -m32 *
+END
 finish

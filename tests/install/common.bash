@@ -1,7 +1,7 @@
 # What the tests of the installation share: ./dev of this checkout for the build tree under test, and a prefix that was
 # installed elsewhere and moved.
 . "$PLX_SOURCE/tests/driver/common.bash"
-export PLX_PRESET=${PLX_PREFIX##*/} PLX_BUILD=${PLX_PREFIX%/*} XDG_CACHE_HOME=$work/cache
+export PLX_PRESET=${PLX_PREFIX##*/} PLX_BUILD=${PLX_PREFIX%/*}
 unset DESTDIR CXX CC CXXFLAGS CFLAGS LDFLAGS MAKEFLAGS MAKELEVEL PKG_CONFIG_PATH
 
 dev() { "$PLX_SOURCE/dev" "$@" > "$work/log" 2>&1; }

@@ -13,7 +13,7 @@ dpkg-deb --info "$package" > log || wrong "dpkg-deb does not read it"
 dpkg-deb -c "$package" | awk '$2 != "root/root" || substr($1, 6, 1) == "w" && $1 !~ /^l/' | grep . &&
   wrong "owners or permissions"
 dpkg-deb -c "$package" | grep -E ' \./(usr/lib/|usr/local|opt|etc)' && wrong "files in other places than Debian's"
-for name in $(dpkg-deb -f "$package" Depends | sed 's/([^)]*)//g; s/,//g'); do
+for name in $(dpkg-deb -f "$package" Depends | sed 's/([^)]*)//g; s/| [^,]*//g; s/,//g'); do
   dpkg-query -W -f '${db:Status-Abbrev}\n' "$name" 2> /dev/null | grep -q '^.i' || echo "$name"
 done > missing
 [ ! -s missing ] || wrong "it depends on packages that this machine can do without: $(tr '\n' ' ' < missing)"
@@ -31,18 +31,15 @@ PATH=$root/usr/bin:$PATH
 hash -r
 cp "$PLX_SOURCE"/examples/hello.c* .
 printf '#include <iostream>\nint main() { std::cout << "streams: " << 42 << std::endl; }\n' > streams.cpp
-expect_output "streams: 42" "a program with streams" plx-c++ streams.cpp -o program
-ldd program | grep -qF "$root/usr/lib32/libplx.so.3" || wrong "the program uses another library"
-expect_output "hello from the handler: caught 42" "generated C" plx-cc hello.c -o program
-if [ -f "$root/usr/lib32/libplx.a" ]; then
-  expect_output "streams: 42" "a static program" plx-c++ -static streams.cpp -o program
-fi
 # The tree holds no absolute paths, so pkg-config and CMake can be asked in that root.
-if command -v pkg-config > /dev/null; then
-  # shellcheck disable=SC2046
-  PKG_CONFIG_PATH=$root/usr/share/pkgconfig expect_output "hello from the handler: caught 42" "pkg-config" \
-    cc hello.c $(PKG_CONFIG_PATH=$root/usr/share/pkgconfig pkg-config --cflags --libs plx) -o program
-fi
+export PKG_CONFIG_PATH=$root/usr/share/pkgconfig
+table <<'END'
+plx-c++ streams.cpp -o program && ./program => streams: 42
+ldd program | grep -cF "$root/usr/lib32/libplx.so.3" => 1
+plx-cc hello.c -o program && ./program => hello from the handler: caught 42
+plx-c++ -static streams.cpp -o program && ./program => streams: 42
+g++ $(pkg-config --cflags plx) streams.cpp $(pkg-config --libs plx) -o program && LD_LIBRARY_PATH=$root/usr/lib32 ./program => streams: 42
+END
 printf '%s\n' 'cmake_minimum_required(VERSION 3.5)' 'project(s LANGUAGES C)' 'find_package(plx REQUIRED)' \
   'add_executable(s hello.c)' 'target_link_libraries(s plx::plx)' > CMakeLists.txt
 { cmake --toolchain "$root/usr/share/plx-3/toolchain.cmake" -B cmake . && cmake --build cmake && cmake/s; } > log 2>&1 ||

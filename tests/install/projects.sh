@@ -1,6 +1,7 @@
 #!/bin/bash
 # Projects that know nothing of this checkout, built by three kinds of build tools from an installed prefix that was
-# moved: make with pkg-config, CMake with the toolchain file and find_package, and a configure script.
+# moved: make with pkg-config and CMake with find_package, both with this machine's compilers, CMake with the toolchain
+# file, and a configure script.
 . "$PLX_SOURCE/tests/install/common.bash"
 need make pkg-config
 moved_prefix
@@ -8,30 +9,27 @@ cp -r "$PLX_SOURCE/tests/install/projects" .
 
 export PKG_CONFIG_PATH=$prefix/share/pkgconfig
 [ "$(pkg-config --modversion plx)" = 3.3.0 ] || wrong "pkg-config knows another version"
-[ "$(cd "$(pkg-config --variable=libdir plx)" && pwd)" = "$prefix/lib" ] || wrong "pkg-config names another prefix"
 make -C projects/make check > log 2>&1 || wrong "the project of make and pkg-config"
+ldd projects/make/index | grep -E 'stdc|gcc_s' && wrong "the host's C++ library is linked"
 ldd projects/make/refuse | grep -qF "$prefix/" || wrong "C linked by pkg-config uses another library"
 unset PKG_CONFIG_PATH
 
-toolchain=$prefix/share/plx-3/toolchain.cmake
-{ cmake --toolchain "$toolchain" -S projects/cmake -B cmake-build -DCMAKE_INSTALL_PREFIX="$work/out" &&
-  cmake --build cmake-build && ctest --test-dir cmake-build --output-on-failure &&
-  cmake --install cmake-build; } > log 2>&1 || wrong "the project of CMake"
-grep -q "4 tests passed\|100% tests passed" log || wrong "the CMake project's tests did not run"
-[ "$("$work/out/bin/calculator" '1 2 +')" = 3.000000 ] || wrong "the calculator that CMake installed"
-# C alone needs no driver.
-mkdir plain
-cp projects/make/refuse.c plain
-printf '%s\n' 'cmake_minimum_required(VERSION 3.18)' 'project(plain LANGUAGES C)' 'find_package(plx REQUIRED)' \
-  'add_executable(plain refuse.c)' 'target_link_libraries(plain plx::plx)' > plain/CMakeLists.txt
-{ CFLAGS=-m32 cmake -S plain -B plain-build -DCMAKE_C_COMPILER=gcc -DCMAKE_PREFIX_PATH="$prefix" &&
-  cmake --build plain-build && plain-build/plain; } > log 2>&1 || wrong "C with CMake and gcc"
-cmake -S plain -B wide-build -DCMAKE_PREFIX_PATH="$prefix" > log 2>&1 && wrong "CMake finds plx for 64-bit programs"
-tr -s '\n ' ' ' < log | grep -qF "plx is a library of 32-bit code" || wrong "the message about 64 bits"
-# Without the toolchain, what is wrong and what to do is said.
-cmake -S projects/cmake -B other-build -Dplx_DIR="$prefix/share/cmake/plx" > log 2>&1 && wrong "CMake takes another compiler"
-tr -s '\n ' ' ' < log | grep -qF "compiled by plx-c++, not by" || wrong "the message about the compiler"
-tr -s '\n ' ' ' < log | grep -qF -- "--toolchain" || wrong "the message does not tell the way out"
+# build_cmake NAME OPTION...: with the drivers, or with a compiler that knows nothing of plx; the programs are installed.
+build_cmake() {
+  { cmake "${@:2}" -S projects/cmake -B "$1" -DCMAKE_INSTALL_PREFIX="$work/out" -DCMAKE_EXPORT_COMPILE_COMMANDS=ON &&
+    cmake --build "$1" && ctest --test-dir "$1" --output-on-failure && cmake --install "$1"; } > log 2>&1 || wrong "CMake: $1"
+  grep -q "100% tests passed" log || wrong "CMake: $1: its tests did not run"
+  [ "$("$work/out/bin/calculator" '1 2 +')" = 3.000000 ] || wrong "CMake: $1: the program that was installed"
+  # Tools that read the commands, and do not run the drivers, find the headers, too.
+  sed -n 's/.*"command": "[^ ]*\(.*\) -o .* -c \(.*calculator.cpp\)".*/g++\1 -M \2/p' "$1/compile_commands.json" | head -1 > command
+  sh ./command | grep -qF "$prefix/include/plx-3/iostream" || wrong "CMake: $1: a reader of compile_commands.json"
+  rm -rf out
+}
+build_cmake drivers --toolchain "$prefix/share/plx-3/toolchain.cmake"
+build_cmake gcc -DCMAKE_PREFIX_PATH="$prefix" -DCMAKE_C_COMPILER=gcc -DCMAKE_CXX_COMPILER=g++
+! command -v clang++ > log || build_cmake clang -Dplx_DIR="$prefix/share/cmake/plx" -DCMAKE_C_COMPILER=clang -DCMAKE_CXX_COMPILER=clang++
+cmake -S projects/cmake -B other -Dplx_DIR="$prefix/share/cmake/plx" -DCMAKE_SYSTEM_NAME=Generic > log 2>&1 && wrong "CMake takes another system"
+tr -s '\n ' ' ' < log | grep -qF "plx is for x86 Linux, not for Generic" || wrong "the message about the system"
 
 (cd projects/configure && ./configure CXX=plx-c++ --prefix=/opt/table && make check && make install DESTDIR="$work/table") \
   > log 2>&1 || wrong "the project with a configure script"

@@ -11,8 +11,8 @@ touch others/share/doc/text others/lib/other.so
 tree others > before
 cd "$work/others" && dev install . || wrong "install into the current directory"
 cd "$work" || exit
-for file in bin/plx-c++ bin/plx-cc lib/libplx.so.3.3.0 lib/libplx_clang.a include/plx-3/vector \
-  include/plx-3/plx/runtime.h share/plx-3/toolchain.cmake share/cmake/plx/plxConfig.cmake share/pkgconfig/plx.pc \
+for file in bin/plx-c++ bin/plx-cc lib/libplx.so.3.3.0 lib/libplx_start.a lib/plx-3/libstdc++.a include/plx-3/vector \
+  include/plx-3/plx/runtime.h share/plx-3/toolchain.cmake share/cmake/plx/plxConfig.cmake share/pkgconfig/plx.pc share/pkgconfig/plx-c.pc \
   share/doc/plx/README.md share/doc/plx/docs/protocol.md share/doc/plx/examples/hello.cpp; do
   [ -s "others/$file" ] || wrong "$file is not installed"
 done

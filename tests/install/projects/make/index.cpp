@@ -37,7 +37,7 @@ static void print_index(source &from, const std::string &name) {
 int main(int argc, char **argv) {
   text_source empty("");
   source *const sources[] = {&empty};
-  // Found by its class at run time, although the build names the library before the compiler's own part of it.
+  // Found by its class at run time.
   if (!dynamic_cast<text_source *>(sources[0]) || dynamic_cast<file_source *>(sources[0])) return 2;
   try {
     print_index(empty, "nothing");
