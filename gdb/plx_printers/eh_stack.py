@@ -203,7 +203,7 @@ def _items():
             if frame.address is not None:
                 function, table = objects.exception_table(frame.address)
                 if table:
-                    text = _described(frame.cfa, _call(function, table, frame.address), frame.where())
+                    text = _described(frame.base(), _call(function, table, frame.address), frame.where())
                     if "\n" in text:
                         yield text
     # What gdb lost the frames of.

@@ -1,6 +1,8 @@
 # The frames of the machine's stack, as gdb finds them: innermost first, functions that were inlined as part of the
 # function around them.
 
+import re
+
 import gdb
 
 from .memory import shortened
@@ -10,10 +12,16 @@ class Frame:
     def __init__(self, frame, older, address):
         self._frame = frame
         self.stack_pointer = int(frame.read_register("sp")) & 0xFFFFFFFF
-        # Entries of the eh stack that belong to the frame lie below its canonical frame address.
+        # Entries of the eh stack that belong to the frame lie below its canonical frame address. All do for the last.
         self.cfa = int(older.read_register("sp")) & 0xFFFFFFFF if older is not None else 0xFFFFFFFF
         # The call that the frame is making; of one that a signal interrupted the next instruction. None: it makes none.
         self.address = address
+
+    def base(self):
+        """The canonical frame address, of the last frame too."""
+        text = gdb.execute("info frame level %d" % self._frame.level(), to_string=True)
+        found = re.search(r"frame at (0x\w+)", text)
+        return int(found.group(1), 16) if found else self.cfa
 
     def where(self):
         """"function at file:line", or ""."""
@@ -21,7 +29,8 @@ class Frame:
         if not name:
             return ""
         line = self._frame.find_sal()
-        name = _brief(shortened(name))
+        # gdb knows of the library's functions the parameters, too.
+        name = _brief(re.sub(r"(?<!operator)\((?!anonymous namespace\)).*", "", shortened(name)))
         return "%s at %s:%d" % (name, line.symtab.filename, line.line) if line.symtab else name
 
 
