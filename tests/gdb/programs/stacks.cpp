@@ -2,6 +2,7 @@
 // transcripts/trails.txt.
 #include <cstdlib>
 #include <exception>
+#include <new>
 #include <ostream>
 #include <stdexcept>
 #include <string>
@@ -79,6 +80,13 @@ static NOINLINE void unexpectedly() {
   to_stop();
   throw 2;
 }
+// What a new handler throws violates the specification of operator new.
+static NOINLINE void refuses() {
+  guard one;
+  throw 4;
+}
+static void *volatile block;
+static NOINLINE void allocates() { block = operator new(0xFFFF0000); }
 static NOINLINE void violates() throw(int) { throw failure(); }
 
 static string text("text");
@@ -98,6 +106,10 @@ int main() {
   handles(2);
   writes();
   set_unexpected(unexpectedly);
+  set_new_handler(refuses);
+  try {
+    allocates();
+  } catch (int) {}
   try {
     violates();
   } catch (int) {}
