@@ -1,5 +1,4 @@
-// What the throw machinery asks about type records in the C++ ABI's format, and about what a violated exception
-// specification of a C++ function left on the eh stack. cxxabi/ and unwind/ define it.
+// What the throw machinery asks about type records in the C++ ABI's format. cxxabi/ defines it.
 #pragma once
 
 #include "eh_state.h"
@@ -21,9 +20,5 @@ bool foreign_derived_to_base(void *object, void **converted, const a_type_info_i
 
 // Splits a foreign type as a throw or a clause of generated code states it: for a pointer the pointed-to type.
 void foreign_describe(const a_type_info_impl *native, const a_type_info_impl **type, unsigned char *flags);
-
-// Whether an exception that leaves an unexpected handler must stop at its guard, and what becomes of it then.
-bool foreign_guard_stops(an_eh_stack_entry *guard, a_throw_stack_entry *thrown);
-[[noreturn]] void foreign_guard_replace(an_eh_stack_entry *guard, a_throw_stack_entry *thrown);
 
 }  // namespace __zor

@@ -21,6 +21,14 @@ struct a_detour {
   a_landing next;  // the frame's registers, stack pointer and return address
 };
 
+// On the eh stack while std::unexpected works for a violated specification of a C++ function; who puts it there says
+// whether an exception that leaves the unexpected handler must stop here, and what becomes of it then.
+struct an_unexpected_guard {
+  an_eh_stack_entry entry;
+  bool (*stops)(an_unexpected_guard *guard, a_throw_stack_entry *thrown);
+  void (*replace)(an_unexpected_guard *guard, a_throw_stack_entry *thrown);  // does not return
+};
+
 // Throws what is complete and marked as thrown, from the frame of the thrower.
 [[noreturn]] void throw_exception(a_throw_stack_entry *thrown, const a_saved_frame *thrower);
 

@@ -46,6 +46,10 @@ int match_list(const an_exception_type_specification *list, a_throw_stack_entry 
   __call_terminate();
 }
 
+inline an_unexpected_guard *guard_at(an_eh_stack_entry *entry) {
+  return reinterpret_cast<an_unexpected_guard *>(entry);
+}
+
 inline bool choose(a_throw_state &state, an_eh_stack_entry *entry) {
   state.final.next_entry = entry;
   state.final.selector = 1;
@@ -78,7 +82,7 @@ inline __attribute__((__always_inline__)) bool looks_at(an_eh_stack_entry *entry
       return !(list && match_list(list, thrown, nullptr)) && choose(state, entry);
     }
     case eh_unexpected_guard:
-      return !state.final.next_entry && foreign_guard_stops(entry, thrown) && choose(state, entry);
+      return !state.final.next_entry && guard_at(entry)->stops(guard_at(entry), thrown) && choose(state, entry);
     case PLX_EH_IN_PROGRESS:
       if (state.final.next_entry) assertion_failed(1003);
       stop_at(entry, thrown);
@@ -164,7 +168,7 @@ void enter_handler(an_eh_stack_entry *entry, a_throw_stack_entry *thrown, a_deto
     detour->entry.next = entry->next;
     __curr_eh_stack_entry = &detour->entry;
   }
-  if (entry->kind == eh_unexpected_guard) foreign_guard_replace(entry, thrown);
+  if (entry->kind == eh_unexpected_guard) guard_at(entry)->replace(guard_at(entry), thrown);
   begin_wait(thrown, a_pending_step::unexpected, entry->next, &entry);
   __call_unexpected();
 }

@@ -6,7 +6,6 @@
 
 #include <plx/config.h>
 
-#include "../libC/foreign.h"
 #include "../libC/throw_stack.h"
 #include "walk.h"
 
@@ -14,18 +13,15 @@ using namespace __zor;
 
 namespace {
 
-// On the eh stack while the unexpected handler runs.
-struct a_guard {
-  an_eh_stack_entry entry;
+struct a_guard : an_unexpected_guard {
   const a_plan *plan;  // of the call that the specification's exception came from
   int filter;
-};
 
-bool allows(const an_eh_stack_entry *entry, a_throw_stack_entry *thrown) {
-  const auto *guard = reinterpret_cast<const a_guard *>(entry);
-  const an_exception_table table(guard->plan->range, guard->plan->exception_table, guard->plan->function);
-  return allowed_by(table, guard->filter, thrown);
-}
+  bool allows(a_throw_stack_entry *thrown) const {
+    const an_exception_table table(plan->range, plan->exception_table, plan->function);
+    return allowed_by(table, filter, thrown);
+  }
+};
 
 void destroy_bad_exception(void *object, int) { static_cast<std::bad_exception *>(object)->~bad_exception(); }
 
@@ -34,16 +30,14 @@ void construct_bad_exception() {
   new (object) std::bad_exception;
 }
 
-}  // namespace
+bool stops(an_unexpected_guard *guard, a_throw_stack_entry *thrown) {
+  return !static_cast<a_guard *>(guard)->allows(thrown);
+}
 
-namespace __zor {
-
-bool foreign_guard_stops(an_eh_stack_entry *entry, a_throw_stack_entry *thrown) { return !allows(entry, thrown); }
-
-void foreign_guard_replace(an_eh_stack_entry *entry, a_throw_stack_entry *thrown) {
+void replace(an_unexpected_guard *guard, a_throw_stack_entry *thrown) {
   construct_bad_exception();
   a_throw_stack_entry *replacement = curr_throw_stack_entry;
-  if (!allows(entry, replacement)) {
+  if (!static_cast<a_guard *>(guard)->allows(replacement)) {
     // What is reported as uncaught is what the handler threw.
     abandon(replacement);
     free_finished_throws();
@@ -51,10 +45,9 @@ void foreign_guard_replace(an_eh_stack_entry *entry, a_throw_stack_entry *thrown
   }
   release(thrown);
   __throw();
-  __builtin_unreachable();
 }
 
-}  // namespace __zor
+}  // namespace
 
 extern "C" PLX_API PLX_NORETURN void __cxa_call_unexpected(an_exception_header *exception) {
   a_throw_stack_entry *thrown = exception->thrown;
@@ -63,6 +56,8 @@ extern "C" PLX_API PLX_NORETURN void __cxa_call_unexpected(an_exception_header *
   const a_plan plan = *find_plan(state.final.address);
   a_guard guard;
   guard.entry.kind = eh_unexpected_guard;
+  guard.stops = stops;
+  guard.replace = replace;
   guard.plan = &plan;
   guard.filter = state.final.selector;
   if (__curr_eh_stack_entry != &thrown->marker) assertion_failed(1099);
