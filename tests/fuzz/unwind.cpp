@@ -1,6 +1,6 @@
-// Damaged unwind and exception tables: the input is an object in memory that begins with its index (.eh_frame_hdr), with
-// .eh_frame and exception tables behind it. Whatever it says, reading ends, and touches nothing but the object and the
-// stack of the frame.
+// Damaged unwind and exception tables: the input is an object in memory that begins with its index (.eh_frame_hdr),
+// with .eh_frame and exception tables behind it. Whatever it says, reading ends, and touches nothing but the object and
+// the stack of the frame.
 // test-variants: -O1 -std=gnu++17
 #include <stdint.h>
 #include <stdio.h>

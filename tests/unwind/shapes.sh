@@ -1,0 +1,70 @@
+#!/bin/bash
+# Frames of every shape (shapes.cc, shapes_c.c), by both compilers with options that shape them: the trace is the host
+# library's. Then code without tables, where the search ends.
+. "$PLX_SOURCE/tests/driver/common.bash"
+here=$PLX_SOURCE/tests/unwind
+gcc -m32 -O2 -fPIC -fexceptions -c "$here/shapes_c.c" -o shapes_c.o || exit 1
+g++ -m32 -w -O0 -fnon-call-exceptions "$here/shapes.cc" shapes_c.o -o host 2> log && ./host > want || exit 1
+
+while read -r flags; do
+  compilers=g++
+  [ "${flags#g++ }" != "$flags" ] || ! command -v clang++-14 > /dev/null || compilers="g++ clang++-14"
+  flags=${flags#g++ }
+  case ${PLX_SANITIZE:-}:$flags in ?*:*-static* | ?*:*-flto*) continue ;; esac
+  for compiler in $compilers; do
+    # shellcheck disable=SC2086 # words
+    PLX_CXX=$compiler plx-c++ -w -fnon-call-exceptions $flags "$here/shapes.cc" shapes_c.o -o program 2> log ||
+      { wrong "$compiler $flags: does not build"; continue; }
+    : > log
+    ./program > got 2> log || wrong "$compiler $flags: status $?"
+    cmp -s want got || wrong "$compiler $flags: $(diff want got | head -n 4 | cut -c 1-200)"
+  done
+done << 'LIST'
+-O0
+-O1 -no-pie -fno-omit-frame-pointer
+-O2 -fPIE -pie
+-O3 -fPIC -Wl,-z,now
+-Os -fomit-frame-pointer
+-O2 -mstackrealign -msse2 -mfpmath=sse
+-O2 -flto
+-O2 -static
+-O2 -static-pie -fPIE
+-O1 -ffunction-sections -Wl,--gc-sections -std=gnu++98
+g++ -Os -mno-accumulate-outgoing-args -mpreferred-stack-boundary=2 -fno-omit-frame-pointer
+g++ -O2 -maccumulate-outgoing-args -freorder-blocks-and-partition -fno-dwarf2-cfi-asm
+LIST
+
+# What lies between the throw and the function without a table is unwound; then the report names it, where it can.
+cat > untabled.c << 'END'
+void untabled(void (*f)(int), int n) {
+  volatile int kept = n;
+  f(kept);
+  kept = 0;
+}
+END
+cat > untabled.cpp << 'END'
+#include <stdio.h>
+extern "C" void untabled(void (*)(int), int);
+struct noisy { int n; ~noisy() { printf("~%d ", n); fflush(stdout); } };
+static void thrower(int n) { noisy local = {1}; throw n; }
+static void passed(int n) { noisy local = {n}; thrower(n); }
+int main() {
+  noisy local = {3};
+  try { untabled(passed, 2); } catch (int) { puts("wrong"); }
+}
+END
+tables='-fno-asynchronous-unwind-tables -fno-unwind-tables'
+# shellcheck disable=SC2086 # words
+gcc -m32 -O1 $tables -c untabled.c && gcc -m32 -O1 $tables -fPIC -shared untabled.c -o libuntabled.so
+expect_untabled() {
+  local name=$1
+  shift
+  plx-c++ untabled.cpp "$@" -o program 2> log || { wrong "untabled $*: does not build"; return; }
+  { ./program; } > got 2> log
+  [ $? -eq 134 ] && [ "$(cat got)" = '~1 ~2 ' ] && grep -q "ended at 0x[0-9a-f]*$name: no unwind table" log ||
+    wrong "untabled $*: $(cat got)"
+}
+expect_untabled '' untabled.o
+expect_untabled ' (untabled)' -L. -luntabled -Wl,-rpath,.
+[ -n "${PLX_SANITIZE:-}" ] || expect_untabled '' untabled.o -static
+finish
