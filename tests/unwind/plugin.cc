@@ -1,0 +1,30 @@
+// A shared object of C++ with the number NUMBER.
+#include <cstdio>
+#include <cstdlib>
+
+#include "objects.h"
+
+struct says {
+  const char *name;
+  explicit says(const char *n) : name(n) {}
+  ~says() {
+    try {
+      throw_one(0);
+    } catch (shared_base &e) {
+      std::printf("~%s%d ", name, e.n);
+    }
+  }
+};
+static says first("first");
+static void at_exit() { std::printf("atexit%d ", NUMBER); }
+static int registered = std::atexit(at_exit);
+static says second("second");
+
+static shared_base *make() {
+  static says local("local");
+  return new both(NUMBER);
+}
+static bool is_type(const std::type_info &type, bool of_internal) {
+  return type == (of_internal ? typeid(internal) : typeid(wrapped<shared_error>));
+}
+extern "C" const services plugin = {throw_one, catch_one, make, is_type};
