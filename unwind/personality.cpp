@@ -15,12 +15,17 @@ namespace {
 enum a_reason { install_context = 7, continue_unwind = 8 };
 const int search_phase = 1;
 
+// A clean-up that leads into catch (...) is none: compilers make one landing of the two.
 bool has_clean_up(const a_plan *plan) {
   if (plan->handling != a_plan::clauses) return plan->handling == a_plan::clean_up;
   const an_exception_table table(plan->range, plan->exception_table, plan->function);
-  for (const byte *at = plan->action; at;)
-    if (table.next_action(at) == 0) return true;
-  return false;
+  bool found = false;
+  for (const byte *at = plan->action; at;) {
+    const int filter = table.next_action(at);
+    if (filter > 0 && !table.type(static_cast<unsigned>(filter))) return false;
+    if (filter == 0) found = true;
+  }
+  return found;
 }
 
 // Entries of frames that the other unwinder has left already.

@@ -3,6 +3,7 @@
 #include "../foreign_unwinder.h"
 
 #include <dlfcn.h>
+#include <link.h>
 
 #include "../frame_table.h"
 
@@ -10,6 +11,7 @@ namespace __zor {
 namespace {
 
 a_foreign_unwinder unwinder;
+void *unwinder_map;  // of the object that it is in
 
 template <class Function> bool look_up(void *object, const char *name, Function &function) {
   function = reinterpret_cast<Function>(dlsym(object, name));
@@ -26,8 +28,13 @@ bool look_up_all(void *object) {
 
 const a_foreign_unwinder *find_foreign_unwinder(const void *caller) {
   an_object object;
-  // A handle of dlopen is the object's entry in the dynamic linker's list.
-  return find_object(reinterpret_cast<unsigned>(caller), object) && look_up_all(object.map) ? &unwinder : nullptr;
+  if (!find_object(reinterpret_cast<unsigned>(caller), object)) return nullptr;
+  if (object.map == unwinder_map) return &unwinder;
+  // The object's entry in the dynamic linker's list is no handle until somebody opened the object. It stays open.
+  void *handle = dlopen(static_cast<const link_map *>(object.map)->l_name, RTLD_LAZY | RTLD_NOLOAD);
+  if (!handle || !look_up_all(handle)) return nullptr;
+  unwinder_map = object.map;
+  return &unwinder;
 }
 
 void (*foreign_resume())(void *) {
