@@ -2,6 +2,9 @@
 // matches wins; there is no ranking.
 
 #include "foreign.h"
+#include "identity.h"
+
+#include <string.h>
 
 namespace __zor {
 namespace {
@@ -37,7 +40,11 @@ bool same_type(const a_type_info_impl *left, const a_type_info_impl *right) {
   if (left == right) return true;
   const char *identity = identity_of(left);
   if (identity && identity == identity_of(right)) return true;
-  return is_foreign(left) && is_foreign(right) && foreign_same_name(left, right);
+  if (is_foreign(left) != is_foreign(right)) return false;
+  if (is_foreign(left)) return foreign_same_name(left, right);
+  // Objects that were loaded apart have identity objects of their own; what a file keeps to itself is its own type.
+  return identity && right->identity && strcmp(left->name, right->name) == 0 &&
+         are_exported_alike(identity, right->identity);
 }
 
 int match_specification(const an_exception_type_specification *list, const a_type_info_impl *type, unsigned char flags,

@@ -41,4 +41,78 @@ for compiler in g++ clang++-14; do
   run $compiler > got
   cmp -s want got || wrong "$compiler: $(diff want got | head -n 20 | cut -c 1-300)"
 done
+
+# Generated C in objects that were loaded apart: an exported identity makes one type of two descriptors, unless their names
+# differ; one that a file keeps to itself makes none.
+cat > part.c << 'END'
+#include "mixed/generated.h"
+LINKAGE const char __TID_5error = 0;
+static const a_type_info_impl type = {PLX_TYPE_INFO_VTABLE, NAME, &__TID_5error, 0};
+static const an_exception_type_specification clauses[] = {{&type, 0}, {0, PLX_TYPE_ELLIPSIS | PLX_TYPE_LAST}};
+void throw_one(void) { THROW(type, int, 0, 7); }
+int catch_one(void (*f)(void)) {
+  volatile int which = 0;
+  TRY(clauses)
+    f();
+  HANDLERS
+    which = clause;
+  END_TRY
+  return which;
+}
+END
+cat > parts.c << 'END'
+#include <dlfcn.h>
+#include <stdio.h>
+int main(void) {
+  static const char *const files[] = {"./part1.so", "./part2.so", "./part3.so", "./part4.so", "./part5.so"};
+  int (*catch_one[5])(void (*)(void)), i, k;
+  void (*throw_one[5])(void);
+  for (i = 0; i < 5; ++i) {
+    void *part = dlopen(files[i], RTLD_NOW | RTLD_LOCAL);
+    if (!part) return puts(dlerror());
+    *(void **)&catch_one[i] = dlsym(part, "catch_one");
+    *(void **)&throw_one[i] = dlsym(part, "throw_one");
+  }
+  for (i = 0; i < 5; ++i)
+    for (k = 0; k < 5; ++k) printf("%d", catch_one[i](throw_one[k]));
+  return 0;
+}
+END
+number=0
+for identity in '__attribute__((__weak__)):error' '__attribute__((__weak__)):error' ':other' 'static:error' 'static:error'; do
+  number=$((number + 1))
+  plx-cc -O1 -fPIC -shared -I "$PLX_SOURCE/tests" "-DLINKAGE=${identity%:*}" "-DNAME=\"${identity#*:}\"" part.c \
+    -o part$number.so 2> log || wrong "part.c does not build"
+done
+
+# What a constructor of C loaded before the program's start, and later gives way to others.
+cat > early.c << 'END'
+#include <dlfcn.h>
+void *early;
+__attribute__((constructor)) static void load(void) { early = dlopen("host/pass1.so", RTLD_NOW); }
+END
+cat > early.cpp << 'END'
+#include <cstdio>
+#include <dlfcn.h>
+extern "C" void *early;
+static void thrower(int n) { throw n; }
+int main() {
+  for (int i = 1; i < 5; ++i) {
+    void (*pass)(void (*)(int), int);
+    *(void **)&pass = dlsym(early, "pass");
+    for (int k = 0; k < 2; ++k) {
+      try { pass(thrower, i); } catch (int n) { std::printf("%d", n); }
+    }
+    dlclose(early);
+    char name[20];
+    std::sprintf(name, "host/pass%d.so", i % 4 + 1);
+    early = dlopen(name, RTLD_NOW);
+  }
+}
+END
+gcc -m32 -fPIC -shared early.c -o libearly.so
+table << 'END'
+plx-cc -O1 parts.c -ldl -o parts && ./parts => 1122211222221222221222221
+plx-c++ -O1 early.cpp -L. -learly -Wl,-rpath,. -o early && ./early => 11223344
+END
 finish
