@@ -19,6 +19,8 @@ class Frame:
 
     def base(self):
         """The canonical frame address, of the last frame too."""
+        if self.cfa != 0xFFFFFFFF:
+            return self.cfa
         text = gdb.execute("info frame level %d" % self._frame.level(), to_string=True)
         found = re.search(r"frame at (0x\w+)", text)
         return int(found.group(1), 16) if found else self.cfa

@@ -15,8 +15,7 @@ check() {
 }
 
 check_all() {
-  check containers containers.cpp
-  check streams streams.cpp
+  check values values.cpp
   check invalid invalid.cpp -w
   check stacks stacks.cpp -Wno-deprecated
   check records records.c -I "$PLX_SOURCE/tests"
@@ -28,7 +27,7 @@ check_all() {
   done
 }
 
-check containers containers.cpp -std=gnu++20
+check values values.cpp -std=gnu++20
 check_all
 [ "$PLX_CXX" = g++ ] || PLX_CC=gcc PLX_CXX=g++ check_all
 finish
