@@ -1,5 +1,6 @@
 // Iterators that allow what their category promises and nothing else. An input iterator may only be used where the last
-// one of its kind went, an output iterator writes each place once and in order. Valid C++98, and for the host's library.
+// one of its kind went, an output iterator writes each place once and in order. Valid C++98, and for the host's
+// library.
 #ifndef TESTS_ARCHETYPES_H
 #define TESTS_ARCHETYPES_H
 
@@ -9,15 +10,20 @@
 #include <iterator>
 
 template <class From, class To> struct allows;
-template <class T> struct allows<T, T> { enum { value = 1 }; };
-#define ARCHETYPE_ALLOWS(from, to) \
-  template <> struct allows<std::from##_iterator_tag, std::to##_iterator_tag> { enum { value = 1 }; }
+template <class T> struct allows<T, T> {
+  enum { value = 1 };
+};
+#define ARCHETYPE_ALLOWS(from, to)                                              \
+  template <> struct allows<std::from##_iterator_tag, std::to##_iterator_tag> { \
+    enum { value = 1 };                                                         \
+  }
 ARCHETYPE_ALLOWS(bidirectional, forward);
 ARCHETYPE_ALLOWS(random_access, forward);
 ARCHETYPE_ALLOWS(random_access, bidirectional);
 
 // What an operation needs, asked where it is used.
-#define ARCHETYPE_NEEDS(tag) typedef char needed[allows<Category, std::tag##_iterator_tag>::value] __attribute__((__unused__))
+#define ARCHETYPE_NEEDS(tag) \
+  typedef char needed[allows<Category, std::tag##_iterator_tag>::value] __attribute__((__unused__))
 
 template <class T, class Category> class archetype {
 public:

@@ -1,5 +1,6 @@
-// An element that is counted, knows where it lives, so that what uses it after its end is found out, and fails on request:
-// the N-th copy or assignment, or the N-th comparison, throws `refused`. Include it in one source file of a test.
+// An element that is counted, knows where it lives, so that what uses it after its end is found out, and fails on
+// request: the N-th copy or assignment, or the N-th comparison, throws `refused`. Include it in one source file of a
+// test.
 #ifndef TESTS_TRACKED_H
 #define TESTS_TRACKED_H
 

@@ -1,5 +1,6 @@
 // What algorithms promise beyond their results: how often they compare, what is left when a comparison, a copy or an
-// allocation fails at any point, that orders which are none lead nowhere outside of the range, and which names they use.
+// allocation fails at any point, that orders which are none lead nowhere outside of the range, and which names they
+// use.
 // test-variants: -O1 | -O2 -std=gnu++17
 #include "fail_allocation.h"
 
@@ -69,7 +70,8 @@ static void comparisons() {
       std::copy(start, start + n, got);
       std::stable_sort(first, last);
       CHECK(compared() <= n_log_n);
-      for (int i = 1; i < n; ++i) good = good && (got[i - 1].key < got[i].key || (got[i - 1].key == got[i].key && got[i - 1].rank < got[i].rank));
+      for (int i = 1; i < n; ++i)
+        good = good && (got[i - 1].key < got[i].key || (got[i - 1].key == got[i].key && got[i - 1].rank < got[i].rank));
       std::copy(got, got + n, want);
       std::copy(start, start + n, got);
       std::sort(first, last);
@@ -125,8 +127,10 @@ static int fixed[most], fixed_count, candidate;
 static long asked;
 static bool adversary(int a, int b) {
   if (fixed[a] == most && fixed[b] == most) fixed[a == candidate ? a : b] = fixed_count++;
-  if (fixed[a] == most) candidate = a;
-  else if (fixed[b] == most) candidate = b;
+  if (fixed[a] == most)
+    candidate = a;
+  else if (fixed[b] == most)
+    candidate = b;
   ++asked;
   return fixed[a] < fixed[b];
 }
@@ -242,7 +246,8 @@ static void failing_strings() {
       const long blocks = live_blocks;
       {
         std::string range[count], want[count];
-        for (int i = 0; i < count; ++i) want[i] = range[i].assign(1 + random_below(60), static_cast<char>('a' + random_below(20)));
+        for (int i = 0; i < count; ++i)
+          want[i] = range[i].assign(1 + random_below(60), static_cast<char>('a' + random_below(20)));
         std::string *const last = range + count, *const middle = range + 50;
         if (which == 4) {
           std::sort(range, middle);
@@ -401,7 +406,8 @@ static void names_and_types() {
   for (int round = 0; round < 2000; ++round) {
     int values[20];
     for (int i = 0; i < 20; ++i) values[i] = i;
-    std::random_shuffle(archetype<int, std::random_access_iterator_tag>(values), archetype<int, std::random_access_iterator_tag>(values + 20));
+    std::random_shuffle(archetype<int, std::random_access_iterator_tag>(values),
+                        archetype<int, std::random_access_iterator_tag>(values + 20));
     for (int i = 0; i < 20; ++i) sums[i] += values[i];
   }
   for (int i = 0; i < 20; ++i) CHECK(sums[i] > 17500 && sums[i] < 20500);

@@ -1,5 +1,6 @@
-// bitset of sizes around words, in one word, in few that are inline and in many that have functions of their own: random
-// runs against arrays of bool, with words before and behind that nobody may touch; texts, numbers and errors at every edge.
+// bitset of sizes around words, in one word, in few that are inline and in many that have functions of their own:
+// random runs against arrays of bool, with words before and behind that nobody may touch; texts, numbers and errors at
+// every edge.
 // test-variants: -O1 | -O2 -std=gnu++20
 #include <bitset>
 #include <stdexcept>
@@ -27,7 +28,8 @@ template <unsigned N> struct model {
     for (unsigned i = shift; i < N; ++i) result.bits[i] = bits[i - shift];
     return result;
   }
-  // Bits do not move over a word boundary but by whole words; a word gets its neighbour's top bits at its low end instead.
+  // Bits do not move over a word boundary but by whole words; a word gets its neighbour's top bits at its low end
+  // instead.
   model right(unsigned shift) const {
     model result;
     const unsigned words = shift / 32 * 32, rest = shift % 32;
@@ -59,7 +61,8 @@ template <unsigned N> struct guarded {
 
 template <unsigned N> static bool same(const guarded<N> &g, const model<N> &want) {
   const std::bitset<N> &set = g.set;
-  if (!g.good() || set.count() != want.count() || set.any() != (want.count() != 0) || set.none() == set.any()) return false;
+  if (!g.good() || set.count() != want.count() || set.any() != (want.count() != 0) || set.none() == set.any())
+    return false;
   for (unsigned i = 0; i < N; ++i)
     if (set[i] != want.bits[i] || set.test(i) != want.bits[i]) return false;
   return true;
@@ -74,7 +77,8 @@ template <unsigned N> static void random_run(unsigned steps) {
   model<N> want, other_want;
   bool good = same(g, want);
   for (unsigned step = 0; step < steps && good; ++step) {
-    const unsigned pos = random_below(N), from = random_below(N), shift = random_below(N + N / 4 + 2), chosen = random_below(26);
+    const unsigned pos = random_below(N), from = random_below(N), shift = random_below(N + N / 4 + 2),
+                   chosen = random_below(26);
     const std::bitset<N> before(set);
     switch (chosen) {
       case 0: set.set(), memset(want.bits, 1, N); break;
@@ -83,20 +87,44 @@ template <unsigned N> static void random_run(unsigned steps) {
       case 3: set.set(pos, false), want.bits[pos] = false; break;
       case 4: set.reset(pos), want.bits[pos] = false; break;
       case 5: set.flip(pos), want.bits[pos] = !want.bits[pos]; break;
-      case 6: set.flip(); FOR_ALL(!want.bits[i]); break;
-      case 7: set = ~set; FOR_ALL(!want.bits[i]); break;
+      case 6:
+        set.flip();
+        FOR_ALL(!want.bits[i]);
+        break;
+      case 7:
+        set = ~set;
+        FOR_ALL(!want.bits[i]);
+        break;
       case 8: set <<= shift, want = want.left(shift); break;
       case 9: set = set << shift, want = want.left(shift); break;
       case 10: set >>= shift, want = want.right(shift); break;
       case 11: set = set >> shift, want = want.right(shift); break;
       case 12: set >>= shift / 32 * 32, want = want.right(shift / 32 * 32); break;
       case 13: set <<= shift / 32 * 32, want = want.left(shift / 32 * 32); break;
-      case 14: set &= other; FOR_ALL(want.bits[i] && other_want.bits[i]); break;
-      case 15: set = set | other; FOR_ALL(want.bits[i] || other_want.bits[i]); break;
-      case 16: set ^= other; FOR_ALL(want.bits[i] != other_want.bits[i]); break;
-      case 17: set = set & other; FOR_ALL(want.bits[i] && other_want.bits[i]); break;
-      case 18: set = set ^ other; FOR_ALL(want.bits[i] != other_want.bits[i]); break;
-      case 19: set |= other; FOR_ALL(want.bits[i] || other_want.bits[i]); break;
+      case 14:
+        set &= other;
+        FOR_ALL(want.bits[i] && other_want.bits[i]);
+        break;
+      case 15:
+        set = set | other;
+        FOR_ALL(want.bits[i] || other_want.bits[i]);
+        break;
+      case 16:
+        set ^= other;
+        FOR_ALL(want.bits[i] != other_want.bits[i]);
+        break;
+      case 17:
+        set = set & other;
+        FOR_ALL(want.bits[i] && other_want.bits[i]);
+        break;
+      case 18:
+        set = set ^ other;
+        FOR_ALL(want.bits[i] != other_want.bits[i]);
+        break;
+      case 19:
+        set |= other;
+        FOR_ALL(want.bits[i] || other_want.bits[i]);
+        break;
       case 20: {
         typename std::bitset<N>::reference bit = set[pos];
         bit = set[from];
@@ -109,7 +137,8 @@ template <unsigned N> static void random_run(unsigned steps) {
       }
       case 21: {
         const std::string text = set.template to_string<char, std::char_traits<char>, std::allocator<char> >();
-        good = good && text == want.text() && std::bitset<N>(text) == set && std::bitset<N>("1" + text + "x", 1, N) == set;
+        good =
+            good && text == want.text() && std::bitset<N>(text) == set && std::bitset<N>("1" + text + "x", 1, N) == set;
         break;
       }
       case 22: set = std::bitset<N>().set(pos), want = model<N>(), want.bits[pos] = true; break;
@@ -166,7 +195,8 @@ template <unsigned N> static void size(unsigned steps) {
     CHECK(same(set, want) && set.set.to_ulong() == (N < 32 ? values[v] & ((1ul << N % 32) - 1) : values[v]));
   }
   // The first character named is the highest bit; those beyond the last that has a place count too.
-  CHECK(std::bitset<N>(std::string("1101"), 2).to_ulong() == (N == 1 ? 0u : 1u) && std::bitset<N>(std::string("1101"), 0, 2).to_ulong() == (N == 1 ? 1u : 3u));
+  CHECK(std::bitset<N>(std::string("1101"), 2).to_ulong() == (N == 1 ? 0u : 1u) &&
+        std::bitset<N>(std::string("1101"), 0, 2).to_ulong() == (N == 1 ? 1u : 3u));
   CHECK(std::bitset<N>(std::string()).none() && std::bitset<N>(std::string(N, '1') + "0").count() == N);
   for (int which = 0; which < 5; ++which) {
     CHECK(failing<N>(which, N - 1, "") == none && failing<N>(which, N, "") == range);

@@ -1,5 +1,6 @@
-// Ordered containers: hints that save comparisons, allocators with a state, erasing that returns what follows, classes that
-// hold containers of themselves. The adaptors over their sequences, and the random generator against its recurrence.
+// Ordered containers: hints that save comparisons, allocators with a state, erasing that returns what follows, classes
+// that hold containers of themselves. The adaptors over their sequences, and the random generator against its
+// recurrence.
 // test-variants: -O1 | -O2 -std=gnu++20
 #include <deque>
 #include <functional>
@@ -29,7 +30,8 @@ static void hints() {
     many.insert(many.end(), std::make_pair(tracked(i / 100), i));
   }
   for (int i = 0; i < 1000; i += 2) {
-    const std::map<tracked, int>::iterator behind = map.lower_bound(tracked(2 * i + 2)), before = map.find(tracked(2 * i));
+    const std::map<tracked, int>::iterator behind = map.lower_bound(tracked(2 * i + 2)),
+                                           before = map.find(tracked(2 * i));
     const std::pair<const tracked, int> odd(tracked(2 * i + 1), -1);
     tracked::comparisons = 0;
     CHECK(map.insert(i % 4 ? before : behind, odd)->first.key == 2 * i + 1 && tracked::comparisons <= 4);
@@ -44,7 +46,8 @@ static void hints() {
   tracked::comparisons = 0;
   std::multimap<tracked, int>::iterator put = many.insert(middle, five);
   CHECK(tracked::comparisons <= 4 && ++put == middle);
-  CHECK(many.insert(many.begin(), five) == many.lower_bound(tracked(5)) && ++many.insert(many.end(), five) == many.upper_bound(tracked(5)));
+  CHECK(many.insert(many.begin(), five) == many.lower_bound(tracked(5)) &&
+        ++many.insert(many.end(), five) == many.upper_bound(tracked(5)));
 }
 
 // An allocator of 1998, with a state: containers ask it for everything, and nothing else.
@@ -104,7 +107,8 @@ struct folder {
     for (unsigned i = 0; i < in_vector.size(); ++i) sum += in_vector[i].total();
     for (std::list<folder>::const_iterator i = in_list.begin(); i != in_list.end(); ++i) sum += i->total();
     for (unsigned i = 0; i < in_deque.size(); ++i) sum += in_deque[i].total();
-    for (std::map<std::string, folder>::const_iterator i = in_map.begin(); i != in_map.end(); ++i) sum += i->second.total();
+    for (std::map<std::string, folder>::const_iterator i = in_map.begin(); i != in_map.end(); ++i)
+      sum += i->second.total();
     return sum;
   }
 };
@@ -146,7 +150,8 @@ template <int bytes> static void sizes() {
     const block<bytes> fresh(at->key);
     CHECK(memcmp(at->rest, fresh.rest, bytes) == 0);
   }
-  for (; !list.empty(); list.pop_back()) CHECK(memcmp(list.back().rest, block<bytes>(list.back().key).rest, bytes) == 0);
+  for (; !list.empty(); list.pop_back())
+    CHECK(memcmp(list.back().rest, block<bytes>(list.back().key).rest, bytes) == 0);
 }
 
 // Each with a sequence that does the same.
@@ -163,12 +168,15 @@ template <class Stack, class Queue> static void adaptors() {
       s.pop(), stacked.pop_back();
       q.pop(), queued.pop_front();
     }
-    CHECK(s.size() == stacked.size() && q.size() == queued.size() && s.empty() == stacked.empty() && q.empty() == queued.empty());
+    CHECK(s.size() == stacked.size() && q.size() == queued.size() && s.empty() == stacked.empty() &&
+          q.empty() == queued.empty());
     if (stacked.empty()) continue;
     CHECK(s.top() == stacked.back() && q.front() == queued.front() && q.back() == queued.back());
     if (i % 50 == 0) s_copy = s, q_copy = q, ++s.top(), ++stacked.back(), ++q.front(), ++queued.front();
-    CHECK((s == s_copy) != (s < s_copy || s > s_copy) && (s != s_copy) == !(s == s_copy) && (s <= s_copy) == !(s > s_copy) && (s >= s_copy) == !(s < s_copy));
-    CHECK((q == q_copy) != (q < q_copy || q > q_copy) && (q != q_copy) == !(q == q_copy) && (q <= q_copy) == !(q > q_copy) && (q >= q_copy) == !(q < q_copy));
+    CHECK((s == s_copy) != (s < s_copy || s > s_copy) && (s != s_copy) == !(s == s_copy) &&
+          (s <= s_copy) == !(s > s_copy) && (s >= s_copy) == !(s < s_copy));
+    CHECK((q == q_copy) != (q < q_copy || q > q_copy) && (q != q_copy) == !(q == q_copy) &&
+          (q <= q_copy) == !(q > q_copy) && (q >= q_copy) == !(q < q_copy));
   }
 }
 template <class Queue, class Before> static void heaps() {
@@ -182,7 +190,8 @@ template <class Queue, class Before> static void heaps() {
       q.push(value), copied.push(value), want.insert(value);
     else
       q.pop(), copied.pop(), want.erase(--want.end());
-    CHECK(q.size() == want.size() && q.empty() == want.empty() && (q.empty() || (q.top() == *--want.end() && copied.top() == q.top())));
+    CHECK(q.size() == want.size() && q.empty() == want.empty() &&
+          (q.empty() || (q.top() == *--want.end() && copied.top() == q.top())));
   }
 }
 

@@ -1,6 +1,7 @@
-// vector, deque and list: long random runs of every operation against a plain array, with contents, both directions and the
-// structure checked after each; then every operation with each of its copies and allocations failing: nothing leaks, the
-// container stays usable, and what the standard promises to leave alone is as before. Then what only one of them has.
+// vector, deque and list: long random runs of every operation against a plain array, with contents, both directions and
+// the structure checked after each; then every operation with each of its copies and allocations failing: nothing
+// leaks, the container stays usable, and what the standard promises to leave alone is as before. Then what only one of
+// them has.
 // test-variants: -O1 -DVECTOR | -O2 -DDEQUE | -O1 -DLIST | -O2 -DLIST -DWITHOUT_SCRATCH | -O2 -std=gnu++20 -DDEQUE -DVECTOR -DLIST
 #include "fail_allocation.h"
 
@@ -29,7 +30,9 @@ template <> struct made_of<tracked> {
   static int number(const tracked &value) { return value.check(), value.key; }
 };
 template <> struct made_of<std::string> {
-  static std::string make(int n) { return std::string(static_cast<unsigned int>(n % 60 + 1), 'a') + static_cast<char>(n); }
+  static std::string make(int n) {
+    return std::string(static_cast<unsigned int>(n % 60 + 1), 'a') + static_cast<char>(n);
+  }
   static int number(const std::string &value) { return value[value.size() - 1]; }
 };
 
@@ -78,7 +81,8 @@ template <class T, class A> static bool valid(const std::vector<T, A> &v) {
 }
 // The bits behind the last are zero: that is what comparing by words stands on.
 template <class A> static bool valid(const std::vector<bool, A> &v) {
-  return v.end() - v.begin() == static_cast<int>(v.size()) && (v.size() % 32 == 0 || *v.end()._word >> v.size() % 32 == 0);
+  return v.end() - v.begin() == static_cast<int>(v.size()) &&
+         (v.size() % 32 == 0 || *v.end()._word >> v.size() % 32 == 0);
 }
 // Every element lies in the block of its map entry; steps and jumps agree, also in their order.
 template <class T, class A> static bool valid(const std::deque<T, A> &d) {
@@ -119,14 +123,17 @@ template <class Sequence> static bool same(const Sequence &s, const model &m) {
     if (i == m.n || made::number(*at) != made::number(made::make(m.at[i]))) return false;
   for (typename Sequence::const_reverse_iterator at = s.rbegin(); at != s.rend(); ++at)
     if (i == 0 || made::number(*at) != made::number(made::make(m.at[--i]))) return false;
-  return m.n == 0 || (made::number(s.front()) == made::number(*s.begin()) && made::number(s.back()) == made::number(*s.rbegin()));
+  return m.n == 0 ||
+         (made::number(s.front()) == made::number(*s.begin()) && made::number(s.back()) == made::number(*s.rbegin()));
 }
 
 // ---- Operations
 
 template <class T, class A> static void push_front(std::vector<T, A> &s, const T &value) { s.insert(s.begin(), value); }
 template <class T, class A> static void pop_front(std::vector<T, A> &s) { s.erase(s.begin()); }
-template <class Sequence> static void push_front(Sequence &s, const typename Sequence::value_type &value) { s.push_front(value); }
+template <class Sequence> static void push_front(Sequence &s, const typename Sequence::value_type &value) {
+  s.push_front(value);
+}
 template <class Sequence> static void pop_front(Sequence &s) { s.pop_front(); }
 
 enum { kinds = 24, most_at_once = 70 };
@@ -149,13 +156,31 @@ template <class Sequence> static void step(Sequence &s, model &m, unsigned int k
   if (p == m.n && kind == 14) kind = 1;
   switch (kind) {
     case 0:
-    case 1: s.push_back(value); m.insert(m.n, 1, number); break;
-    case 2: push_front(s, value); m.insert(0, 1, number); break;
-    case 3: s.pop_back(); --m.n; break;
-    case 4: pop_front(s); m.erase(0, 1); break;
+    case 1:
+      s.push_back(value);
+      m.insert(m.n, 1, number);
+      break;
+    case 2:
+      push_front(s, value);
+      m.insert(0, 1, number);
+      break;
+    case 3:
+      s.pop_back();
+      --m.n;
+      break;
+    case 4:
+      pop_front(s);
+      m.erase(0, 1);
+      break;
     case 5:
-    case 6: CHECK(s.insert(place(s, p), value) == place(s, p)); m.insert(p, 1, number); break;
-    case 7: s.insert(place(s, p), static_cast<size>(some), value); m.insert(p, some, number); break;
+    case 6:
+      CHECK(s.insert(place(s, p), value) == place(s, p));
+      m.insert(p, 1, number);
+      break;
+    case 7:
+      s.insert(place(s, p), static_cast<size>(some), value);
+      m.insert(p, some, number);
+      break;
     case 8:
     case 9:
       if (kind == 8)
@@ -165,9 +190,18 @@ template <class Sequence> static void step(Sequence &s, model &m, unsigned int k
       for (int i = 0; i < some; ++i) m.insert(p + i, 1, numbers[i]);
       break;
     // Elements of its own.
-    case 10: s.insert(place(s, p), *place(s, q)); m.insert(p, 1, m.at[q]); break;
-    case 11: s.insert(place(s, p), 5, *place(s, q)); m.insert(p, 5, m.at[q]); break;
-    case 12: s.push_back(*place(s, q)); m.insert(m.n, 1, m.at[q]); break;
+    case 10:
+      s.insert(place(s, p), *place(s, q));
+      m.insert(p, 1, m.at[q]);
+      break;
+    case 11:
+      s.insert(place(s, p), 5, *place(s, q));
+      m.insert(p, 5, m.at[q]);
+      break;
+    case 12:
+      s.push_back(*place(s, q));
+      m.insert(m.n, 1, m.at[q]);
+      break;
     case 13: {
       const int kept = m.at[q], n = some % (m.n + 2);
       s.assign(static_cast<size>(n), *place(s, q));
@@ -175,7 +209,10 @@ template <class Sequence> static void step(Sequence &s, model &m, unsigned int k
       m.insert(0, n, kept);
       break;
     }
-    case 14: CHECK(s.erase(place(s, p)) == place(s, p)); m.erase(p, 1); break;
+    case 14:
+      CHECK(s.erase(place(s, p)) == place(s, p));
+      m.erase(p, 1);
+      break;
     case 15: {
       const int end = p + (m.n - p) * (some + 1) / (most_at_once + 1);
       CHECK(s.erase(place(s, p), place(s, end)) == place(s, p));
@@ -189,7 +226,11 @@ template <class Sequence> static void step(Sequence &s, model &m, unsigned int k
       m.n = n;
       break;
     }
-    case 17: s.assign(static_cast<size>(some), value); m.n = 0; m.insert(0, some, number); break;
+    case 17:
+      s.assign(static_cast<size>(some), value);
+      m.n = 0;
+      m.insert(0, some, number);
+      break;
     case 18:
     case 19:
       if (kind == 18)
@@ -258,13 +299,18 @@ template <class Sequence> static void random_run(int steps) {
 // ---- Failures
 
 // What leaves the sequence unchanged: whatever adds one element at an end, and all insertions into a list.
-template <class T> static bool is_strong(const std::vector<T> &, unsigned int kind, bool) { return kind <= 1 || kind == 12; }
+template <class T> static bool is_strong(const std::vector<T> &, unsigned int kind, bool) {
+  return kind <= 1 || kind == 12;
+}
 template <class T> static bool is_strong(const std::deque<T> &, unsigned int kind, bool at_end) {
   return kind <= 2 || kind == 12 || ((kind == 5 || kind == 6 || kind == 10) && at_end);
 }
-template <class T> static bool is_strong(const std::list<T> &, unsigned int kind, bool) { return kind <= 2 || (kind >= 5 && kind <= 12); }
+template <class T> static bool is_strong(const std::list<T> &, unsigned int kind, bool) {
+  return kind <= 2 || (kind >= 5 && kind <= 12);
+}
 
-template <class Sequence> static void fail_each(int size, int spare, unsigned int kind, int p, int some, bool allocations) {
+template <class Sequence>
+static void fail_each(int size, int spare, unsigned int kind, int p, int some, bool allocations) {
   for (long n = 1; test_failures < 5; ++n) {
     const long live_before = tracked::live, blocks_before = live_blocks;
     bool failed = false;
@@ -288,14 +334,17 @@ template <class Sequence> static void fail_each(int size, int spare, unsigned in
         m = before;
         if (!is_strong(s, kind, p == size || p == 0)) {
           m.n = 0;
-          for (typename Sequence::iterator at = s.begin(); at != s.end() && m.n < model::room; ++at) m.insert(m.n, 1, at->key);
+          for (typename Sequence::iterator at = s.begin(); at != s.end() && m.n < model::room; ++at)
+            m.insert(m.n, 1, at->key);
         }
       }
       bool good = same(s, m);
       step(s, m, 0, 0, 0, 5);  // it goes on as if nothing had been
       step(s, m, 2, 0, 0, 6);
       good = good && same(s, m);
-      if (!good) fprintf(stderr, "kind %u at %d of %d, failure %ld of %s\n", kind, p, size, n, allocations ? "allocations" : "copies");
+      if (!good)
+        fprintf(stderr, "kind %u at %d of %d, failure %ld of %s\n", kind, p, size, n,
+                allocations ? "allocations" : "copies");
       CHECK(good);
     }
     CHECK_INT(tracked::live, live_before);
@@ -458,7 +507,8 @@ static void vectors() {
   b[3] = b[100] = false;
   b[4].flip();
   std::vector<bool>::swap(b[4], b[5]);
-  CHECK(std::count(b.begin(), b.end(), true) == 197 && b[4] && !b[5] && b[199] && std::find(b.rbegin(), b.rend(), false).base() - b.begin() == 101);
+  CHECK(std::count(b.begin(), b.end(), true) == 197 && b[4] && !b[5] && b[199] &&
+        std::find(b.rbegin(), b.rend(), false).base() - b.begin() == 101);
 }
 #endif
 
@@ -480,7 +530,8 @@ template <class T> static void other_blocks() {
     d.push_back(one);
     d.push_front(one);
   }
-  for (unsigned int i = 0; i < 100; ++i) CHECK(d[i].number == 99 - static_cast<int>(i) && reinterpret_cast<unsigned int>(&d[i]) % __alignof__(T) == 0);
+  for (unsigned int i = 0; i < 100; ++i)
+    CHECK(d[i].number == 99 - static_cast<int>(i) && reinterpret_cast<unsigned int>(&d[i]) % __alignof__(T) == 0);
 }
 
 // Tides: now it grows mostly at one end, then at the other, and elements stay where they are.
@@ -512,7 +563,8 @@ static void deques() {
   // The first element goes into the middle of its block, the first at the front before it.
   std::deque<int> d;
   for (int i = 0; i < 21; ++i) d.push_back(i);
-  CHECK(d.begin()._cur - *d.begin()._node == 10 && &d[20] - *d.end()._node == 10 && d.end()._node - d.begin()._node == 1);
+  CHECK(d.begin()._cur - *d.begin()._node == 10 && &d[20] - *d.end()._node == 10 &&
+        d.end()._node - d.begin()._node == 1);
 }
 #endif
 
@@ -671,9 +723,11 @@ static void sorting() {
     bool good = valid(l) && valid(numbers) && valid(texts);
     for (std::list<tracked>::iterator at = l.begin(), next = at; at != l.end() && ++next != l.end(); at = next)
       good = good && (at->key < next->key || (at->key == next->key && at->rank < next->rank));
-    for (std::list<int>::iterator at = numbers.begin(), next = at; at != numbers.end() && ++next != numbers.end(); at = next)
+    for (std::list<int>::iterator at = numbers.begin(), next = at; at != numbers.end() && ++next != numbers.end();
+         at = next)
       good = good && *at <= *next;
-    for (std::list<std::string>::iterator at = texts.begin(), next = at; at != texts.end() && ++next != texts.end(); at = next)
+    for (std::list<std::string>::iterator at = texts.begin(), next = at; at != texts.end() && ++next != texts.end();
+         at = next)
       good = good && *at <= *next;
     numbers.sort(std::greater<int>());
     CHECK(good && l.size() == n && (n == 0 || numbers.front() >= numbers.back()));

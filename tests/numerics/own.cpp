@@ -1,7 +1,7 @@
 // test-variants: -O1 | -O2 -std=gnu++20
 // What later standards have or 1998 leaves open in valarray and complex. A valarray of elements of which every
-// construction, assignment and operation may throw, and of which every allocation may fail: whatever throws, all that was
-// made is destroyed once, and all memory is freed.
+// construction, assignment and operation may throw, and of which every allocation may fail: whatever throws, all that
+// was made is destroyed once, and all memory is freed.
 #include <limits.h>
 
 #include <complex>
@@ -101,8 +101,7 @@ void fail_each(int which) {
     step_failed = false;
     try {
       all_operations(which);
-    } catch (const std::runtime_error &) {
-    }
+    } catch (const std::runtime_error &) {}
     steps_to_failure = 0;
     CHECK_INT(live_objects, 0);
     CHECK_INT(live_blocks, 0);
@@ -113,8 +112,7 @@ void fail_each(int which) {
     allocation_failed = false;
     try {
       all_operations(which);
-    } catch (const std::bad_alloc &) {
-    }
+    } catch (const std::bad_alloc &) {}
     allocation_to_fail = 0;
     CHECK_INT(live_objects, 0);
     CHECK_INT(live_blocks, 0);
@@ -162,7 +160,8 @@ void own_rules() {
   for (int i = 0; i < 6; ++i) a[static_cast<size_t>(i)] = i;
   const ints start(a);
   CHECK(listed(a.shift(INT_MAX)) == "000000" && listed(a.shift(INT_MIN)) == "000000" && listed(a.shift(7)) == "000000");
-  CHECK(listed(a.cshift(8)) == "234501" && listed(a.cshift(-8)) == "450123" && listed(a.cshift(INT_MIN)) == "450123" && listed(a.cshift(-12)) == "012345");
+  CHECK(listed(a.cshift(8)) == "234501" && listed(a.cshift(-8)) == "450123" && listed(a.cshift(INT_MIN)) == "450123" &&
+        listed(a.cshift(-12)) == "012345");
   // Values and parts of the array itself, sizes that change, other types.
   a += a[3];
   CHECK_TEXT(listed(a).c_str(), "345678");
@@ -189,19 +188,26 @@ void own_rules() {
   CHECK_TEXT(listed(a).c_str(), "888888");
 #endif
   // Powers of zero, mixed types, and digits that many products or a logarithm would lose.
-  CHECK(std::pow(complex(), complex()) == complex(1) && std::pow(complex(), complex(2, 1)) == complex() && std::pow(complex(), 2.0) == complex());
-  CHECK(std::pow(complex(3, 4), 2) == complex(-7, 24) && std::pow(complex(0, 1), 4) == complex(1) && std::pow(complex(3, 4), 0) == complex(1));
+  CHECK(std::pow(complex(), complex()) == complex(1) && std::pow(complex(), complex(2, 1)) == complex() &&
+        std::pow(complex(), 2.0) == complex());
+  CHECK(std::pow(complex(3, 4), 2) == complex(-7, 24) && std::pow(complex(0, 1), 4) == complex(1) &&
+        std::pow(complex(3, 4), 0) == complex(1));
   CHECK(near(std::pow(complex(1, 1e-9), 2000), std::pow(std::complex<long double>(1, 1e-9), 2000.0L), 1e-15L));
-  CHECK(near(std::pow(complex_float(3, 1), complex_float(9, 1)), std::pow(std::complex<long double>(3, 1), std::complex<long double>(9, 1)), 1e-7L));
-  CHECK(near(std::pow(complex(0, 2), 0.5f), complex(1, 1), 1e-15L) && near(std::pow(2, complex(0.5)), sqrtl(2.0L), 1e-15L));
-  CHECK(near(std::pow(complex_float(0, 2), complex(0.5)), complex(1, 1), 1e-15L) && std::abs(complex(HUGE_VAL, HUGE_VAL) * complex(0, 1)) == HUGE_VAL);
+  CHECK(near(std::pow(complex_float(3, 1), complex_float(9, 1)),
+             std::pow(std::complex<long double>(3, 1), std::complex<long double>(9, 1)), 1e-7L));
+  CHECK(near(std::pow(complex(0, 2), 0.5f), complex(1, 1), 1e-15L) &&
+        near(std::pow(2, complex(0.5)), sqrtl(2.0L), 1e-15L));
+  CHECK(near(std::pow(complex_float(0, 2), complex(0.5)), complex(1, 1), 1e-15L) &&
+        std::abs(complex(HUGE_VAL, HUGE_VAL) * complex(0, 1)) == HUGE_VAL);
   // The signs of zeros name the side of a cut.
-  CHECK(std::sqrt(complex(-4, 0.0)) == complex(0, 2) && std::sqrt(complex(-4, -0.0)) == complex(0, -2) && std::log(complex(-1, -0.0)).imag() < -3);
+  CHECK(std::sqrt(complex(-4, 0.0)) == complex(0, 2) && std::sqrt(complex(-4, -0.0)) == complex(0, -2) &&
+        std::log(complex(-1, -0.0)).imag() < -3);
   complex z(3, 4);
   z *= z;
   z /= z;
   CHECK(z == complex(1) && std::complex<int>(1, 2) * std::complex<int>(3, 4) == std::complex<int>(-5, 10));
-  CHECK(std::complex<int>(-5, 10) / std::complex<int>(3, 4) == std::complex<int>(1, 2) && std::complex<int>(complex(3.5, -2.5)) == std::complex<int>(3, -2));
+  CHECK(std::complex<int>(-5, 10) / std::complex<int>(3, 4) == std::complex<int>(1, 2) &&
+        std::complex<int>(complex(3.5, -2.5)) == std::complex<int>(3, -2));
 }
 
 // A length whose size in bytes wraps is no small allocation.

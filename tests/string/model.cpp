@@ -1,6 +1,7 @@
-// Long random runs of all modifiers over a few strings that share with each other, against a model that knows no blocks:
-// characters, capacity, owners. Sources are often parts of the string itself. Every step compares all strings with the
-// model and looks for broken invariants; with operator new replaced, blocks are no pool's and every one is counted.
+// Long random runs of all modifiers over a few strings that share with each other, against a model that knows no
+// blocks: characters, capacity, owners. Sources are often parts of the string itself. Every step compares all strings
+// with the model and looks for broken invariants; with operator new replaced, blocks are no pool's and every one is
+// counted.
 // test-variants: -O1 | -O2 -std=gnu++17 -DREPLACED
 #ifdef REPLACED
 #include "fail_allocation.h"
@@ -43,7 +44,8 @@ static model_rep *empty_model() {
   return share(rep);
 }
 
-// How the capacity follows: not at all, when the text no longer fits (resize has a place more), or from all that was there.
+// How the capacity follows: not at all, when the text no longer fits (resize has a place more), or from all that was
+// there.
 enum rule { kept, grown, resized, sum };
 
 static void change(model_rep *&m, unsigned int pos, unsigned int gone, const char *text, unsigned int n, rule by) {
@@ -77,8 +79,8 @@ static void compare(unsigned int step, unsigned int chosen) {
     if (broken == 0 && rep->length == m->length && memcmp(rep->data, m->text, m->length) == 0 &&
         (rep == null_rep() || (rep->capacity == m->capacity && rep->count == m->count)))
       continue;
-    fprintf(stderr, "step %u, operation %u: broken %d; length %u want %u, capacity %u want %u, count %u want %u\n", step,
-            chosen, broken, rep->length, m->length, rep->capacity, m->capacity, rep->count, m->count);
+    fprintf(stderr, "step %u, operation %u: broken %d; length %u want %u, capacity %u want %u, count %u want %u\n",
+            step, chosen, broken, rep->length, m->length, rep->capacity, m->capacity, rep->count, m->count);
     CHECK(!"the string is as the model");
     exit(TEST_RESULT());
   }
@@ -142,31 +144,83 @@ static void step(unsigned int number) {
       }
       m->count = unshareable;
       break;
-    case 5: s.assign(source, n); change(m, 0, m->length, source, n, grown); break;
-    case 6: s.assign(s.c_str() + own_pos, own_n); change(m, 0, m->length, own, own_n, grown); break;
-    case 7: s.assign(n, c); change(m, 0, m->length, filled, n, grown); break;
-    case 8: s.assign(other, part_pos, part_n); change(m, 0, m->length, part, part_n, grown); break;
+    case 5:
+      s.assign(source, n);
+      change(m, 0, m->length, source, n, grown);
+      break;
+    case 6:
+      s.assign(s.c_str() + own_pos, own_n);
+      change(m, 0, m->length, own, own_n, grown);
+      break;
+    case 7:
+      s.assign(n, c);
+      change(m, 0, m->length, filled, n, grown);
+      break;
+    case 8:
+      s.assign(other, part_pos, part_n);
+      change(m, 0, m->length, part, part_n, grown);
+      break;
     case 9:
-    case 10: s.append(source, n); change(m, m->length, 0, source, n, grown); break;
-    case 11: s.append(s.data() + own_pos, own_n); change(m, m->length, 0, own, own_n, grown); break;
-    case 12: s.append(n, c); change(m, m->length, 0, filled, n, grown); break;
-    case 13: s.append(other, part_pos, part_n); change(m, m->length, 0, part, part_n, grown); break;
+    case 10:
+      s.append(source, n);
+      change(m, m->length, 0, source, n, grown);
+      break;
+    case 11:
+      s.append(s.data() + own_pos, own_n);
+      change(m, m->length, 0, own, own_n, grown);
+      break;
+    case 12:
+      s.append(n, c);
+      change(m, m->length, 0, filled, n, grown);
+      break;
+    case 13:
+      s.append(other, part_pos, part_n);
+      change(m, m->length, 0, part, part_n, grown);
+      break;
     case 14:
       for (unsigned int k = 0; k < room && k < 40; ++k) s.push_back(c), change(m, m->length, 0, &c, 1, grown);
       break;
-    case 15: s.insert(pos, source, n); exchange(m, pos, 0, source, n); break;
+    case 15:
+      s.insert(pos, source, n);
+      exchange(m, pos, 0, source, n);
+      break;
     case 16:
-    case 17: s.insert(pos, s.c_str() + own_pos, own_n); exchange(m, pos, 0, own, own_n); break;
-    case 18: s.insert(pos, n, c); exchange(m, pos, 0, filled, n); break;
-    case 19: s.insert(pos, other, part_pos, part_n); exchange(m, pos, 0, part, part_n); break;
+    case 17:
+      s.insert(pos, s.c_str() + own_pos, own_n);
+      exchange(m, pos, 0, own, own_n);
+      break;
+    case 18:
+      s.insert(pos, n, c);
+      exchange(m, pos, 0, filled, n);
+      break;
+    case 19:
+      s.insert(pos, other, part_pos, part_n);
+      exchange(m, pos, 0, part, part_n);
+      break;
     case 20:
-    case 21: s.erase(pos, gone); exchange(m, pos, gone, "", 0); break;
-    case 22: s.replace(pos, gone, source, n); exchange(m, pos, gone, source, n); break;
-    case 23: s.replace(pos, gone, s.c_str() + own_pos, own_n); exchange(m, pos, gone, own, own_n); break;
-    case 24: s.replace(pos, gone, n, c); exchange(m, pos, gone, filled, n); break;
-    case 25: s.replace(pos, gone, other, part_pos, part_n); exchange(m, pos, gone, part, part_n); break;
+    case 21:
+      s.erase(pos, gone);
+      exchange(m, pos, gone, "", 0);
+      break;
+    case 22:
+      s.replace(pos, gone, source, n);
+      exchange(m, pos, gone, source, n);
+      break;
+    case 23:
+      s.replace(pos, gone, s.c_str() + own_pos, own_n);
+      exchange(m, pos, gone, own, own_n);
+      break;
+    case 24:
+      s.replace(pos, gone, n, c);
+      exchange(m, pos, gone, filled, n);
+      break;
+    case 25:
+      s.replace(pos, gone, other, part_pos, part_n);
+      exchange(m, pos, gone, part, part_n);
+      break;
     case 26: {
-      const unsigned int to = random_below(3) == 0 && m->capacity <= longest ? m->capacity : random_below(random_below(9) ? 400 : longest);
+      const unsigned int to =
+          random_below(3) == 0 && m->capacity <= longest ? m->capacity : random_below(random_below(9) ? 400 : longest);
       s.resize(to, c);
       if (to < m->length) change(m, to, m->length - to, "", 0, resized);
       if (to > m->length) change(m, m->length, 0, filled, to - m->length, resized);

@@ -1,5 +1,5 @@
-// Searches where the rules are this library's own, for the empty pattern; patterns that make clumsy searches quadratic, and
-// nothing read beyond the end.
+// Searches where the rules are this library's own, for the empty pattern; patterns that make clumsy searches quadratic,
+// and nothing read beyond the end.
 // test-variants: -O1
 #include <string>
 
@@ -21,7 +21,8 @@ static void empty_patterns() {
   CHECK(zeros.find('\0') == 2 && zeros.find(string("\0c", 2)) == 2 && zeros.find_last_of(string("\0", 1)) == 5);
 }
 
-// 1 MB of one letter, and patterns of hundreds of thousands that differ in one place: quadratic work would take minutes.
+// 1 MB of one letter, and patterns of hundreds of thousands that differ in one place: quadratic work would take
+// minutes.
 static void patterns_that_nearly_match() {
   alarm(60);
   const string text(1000000, 'a');

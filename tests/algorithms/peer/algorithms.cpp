@@ -1,6 +1,6 @@
-// Every algorithm whose result the standard fixes, over random ranges of all sizes: through iterators that allow only what
-// their category promises, and through pointers of types that go other roads; the host's library says what is right.
-// prints: 2304 lines
+// Every algorithm whose result the standard fixes, over random ranges of all sizes: through iterators that allow only
+// what their category promises, and through pointers of types that go other roads; the host's library says what is
+// right. prints: 2304 lines
 #include <stdio.h>
 
 #include <algorithm>
@@ -17,7 +17,9 @@ enum { room = 2400 };
 
 // What is printed of a number: doubles by their value, strings by their length and last character.
 static unsigned int hash_of(long long value) { return static_cast<unsigned int>(value * 2654435761u); }
-static unsigned int hash_of(const std::string &s) { return static_cast<unsigned int>(s.size() * 256 + static_cast<unsigned char>(s[s.size() - 1])); }
+static unsigned int hash_of(const std::string &s) {
+  return static_cast<unsigned int>(s.size() * 256 + static_cast<unsigned char>(s[s.size() - 1]));
+}
 template <class T> static void print(const T *first, const T *last, long long result) {
   unsigned int hash = 5381;
   for (; first != last; ++first) hash = hash * 33 + hash_of(*first);
@@ -25,7 +27,9 @@ template <class T> static void print(const T *first, const T *last, long long re
 }
 
 template <class T> static T value_of(unsigned int n) { return static_cast<T>(n); }
-template <> std::string value_of<std::string>(unsigned int n) { return std::string(n % 7, 'a') + static_cast<char>('a' + n % 5); }
+template <> std::string value_of<std::string>(unsigned int n) {
+  return std::string(n % 7, 'a') + static_cast<char>('a' + n % 5);
+}
 template <> long long value_of<long long>(unsigned int n) { return static_cast<long long>(n) << 31; }
 
 static unsigned int number_of(const std::string &s) { return static_cast<unsigned int>(s.size()); }
@@ -119,11 +123,11 @@ template <class T, class It> static void forward(ranges<T> &r) {
   const T v = r.start[r.n / 2], w = value_of<T>(3);
   const unsigned int k = r.n == 0 ? 0 : random_below(r.n + 1);
 #define IN_PLACE(statement, result) r.again(), statement, print(r.got, r.got + r.n + 2, result)
-#define KEPT(call)                                \
-  {                                               \
-    r.again();                                    \
-    T *const end = base_of(call);                 \
-    print(r.got, end, end - r.got);               \
+#define KEPT(call)                  \
+  {                                 \
+    r.again();                      \
+    T *const end = base_of(call);   \
+    print(r.got, end, end - r.got); \
   }
   IN_PLACE(std::fill(first, last, r.got[r.n / 3]), 0);
   IN_PLACE(std::fill_n(first, static_cast<signed char>(static_cast<int>(r.n % 100) - 1), w), 0);
@@ -143,10 +147,13 @@ template <class T, class It> static void forward(ranges<T> &r) {
   // The order after a partition is open, where the border is not.
   r.again();
   T *const border = base_of(std::partition(first, last, is_odd()));
-  const bool split = std::count_if(r.got, border, is_odd()) == border - r.got && std::count_if(border, r.got + r.n, is_odd()) == 0;
+  const bool split =
+      std::count_if(r.got, border, is_odd()) == border - r.got && std::count_if(border, r.got + r.n, is_odd()) == 0;
   std::sort(r.got, r.got + r.n);
   print(r.got, r.got + r.n, split + 2 * (border - r.got));
-  IN_PLACE(std::stable_partition(archetype<T, std::bidirectional_iterator_tag>(r.got), archetype<T, std::bidirectional_iterator_tag>(r.got + r.n), is_odd()), 0);
+  IN_PLACE(std::stable_partition(archetype<T, std::bidirectional_iterator_tag>(r.got),
+                                 archetype<T, std::bidirectional_iterator_tag>(r.got + r.n), is_odd()),
+           0);
 
   // Looking, in a range with another one like it at a place.
   r.again();
@@ -156,15 +163,23 @@ template <class T, class It> static void forward(ranges<T> &r) {
   T apart[4];
   std::copy(r.got + at, r.got + at + m, apart);
   if (r.n % 3 == 0) apart[0] = value_of<T>(99);
-  const long results[] = {base_of(std::search(first, last, other, other_last)) - r.got, base_of(std::search(first, last, apart, apart + m, alike())) - r.got,
-                          base_of(std::find_end(first, last, other, other_last)) - r.got, base_of(std::find_end(first, last, apart, apart + m)) - r.got,
+  const long results[] = {base_of(std::search(first, last, other, other_last)) - r.got,
+                          base_of(std::search(first, last, apart, apart + m, alike())) - r.got,
+                          base_of(std::find_end(first, last, other, other_last)) - r.got,
+                          base_of(std::find_end(first, last, apart, apart + m)) - r.got,
                           base_of(std::find_end(first, last, apart, apart + m, alike())) - r.got,
-                          base_of(std::find_first_of(first, last, apart, apart + m)) - r.got, base_of(std::find_first_of(first, last, apart, apart + m, alike())) - r.got,
-                          base_of(std::adjacent_find(first, last)) - r.got, base_of(std::adjacent_find(first, last, alike())) - r.got,
-                          base_of(std::search_n(first, last, m, v)) - r.got, base_of(std::search_n(first, last, m, v, alike())) - r.got,
-                          base_of(std::min_element(first, last)) - r.got, base_of(std::min_element(first, last, by_half())) - r.got,
-                          base_of(std::max_element(first, last)) - r.got, base_of(std::max_element(first, last, by_half())) - r.got,
-                          base_of(std::find(first, last, v)) - r.got, base_of(std::find(first, last, value_of<T>(77))) - r.got};
+                          base_of(std::find_first_of(first, last, apart, apart + m)) - r.got,
+                          base_of(std::find_first_of(first, last, apart, apart + m, alike())) - r.got,
+                          base_of(std::adjacent_find(first, last)) - r.got,
+                          base_of(std::adjacent_find(first, last, alike())) - r.got,
+                          base_of(std::search_n(first, last, m, v)) - r.got,
+                          base_of(std::search_n(first, last, m, v, alike())) - r.got,
+                          base_of(std::min_element(first, last)) - r.got,
+                          base_of(std::min_element(first, last, by_half())) - r.got,
+                          base_of(std::max_element(first, last)) - r.got,
+                          base_of(std::max_element(first, last, by_half())) - r.got,
+                          base_of(std::find(first, last, v)) - r.got,
+                          base_of(std::find(first, last, value_of<T>(77))) - r.got};
   print(results, results + sizeof results / sizeof *results, 0);
 
   // Ordered ranges: borders, and operations on sets in which elements are repeated.
@@ -173,20 +188,26 @@ template <class T, class It> static void forward(ranges<T> &r) {
   long borders[40];
   for (unsigned int i = 0; i < 5; ++i) {
     const T x = i == 0 ? v : value_of<T>(i * 3);
-    const std::pair<It, It> both = std::equal_range(first, last, x), halves = std::equal_range(first, last, x, by_half());
-    const long found[8] = {base_of(std::lower_bound(first, last, x)) - r.got, base_of(std::upper_bound(first, last, x)) - r.got, base_of(both.first) - base_of(both.second),
-                           base_of(std::lower_bound(first, last, x, by_half())) - r.got, base_of(std::upper_bound(first, last, x, by_half())) - r.got,
-                           base_of(halves.first) - base_of(halves.second), std::binary_search(first, last, x), std::binary_search(first, last, x, by_half())};
+    const std::pair<It, It> both = std::equal_range(first, last, x),
+                            halves = std::equal_range(first, last, x, by_half());
+    const long found[8] = {base_of(std::lower_bound(first, last, x)) - r.got,
+                           base_of(std::upper_bound(first, last, x)) - r.got,
+                           base_of(both.first) - base_of(both.second),
+                           base_of(std::lower_bound(first, last, x, by_half())) - r.got,
+                           base_of(std::upper_bound(first, last, x, by_half())) - r.got,
+                           base_of(halves.first) - base_of(halves.second),
+                           std::binary_search(first, last, x),
+                           std::binary_search(first, last, x, by_half())};
     std::copy(found, found + 8, borders + 8 * i);
   }
   print(borders, borders + 40, 0);
   static T out[2 * room], rest[room];
   T *const rest_end = std::copy(r.start, r.start + r.n / 2, rest);
   std::sort(rest, rest_end);
-#define SET(call)                       \
-  {                                     \
-    T *const end = call;                \
-    print(out, end, end - out);         \
+#define SET(call)               \
+  {                             \
+    T *const end = call;        \
+    print(out, end, end - out); \
   }
   SET(std::set_union(first, last, rest, rest_end, out));
   SET(std::set_intersection(first, last, rest, rest_end, out, std::less<T>()));
@@ -198,7 +219,8 @@ template <class T, class It> static void forward(ranges<T> &r) {
   SET(std::set_symmetric_difference(first, last, rest, rest_end, out, by_half()));
   SET(std::merge(first, last, rest, rest_end, out, by_half()));
   SET(std::rotate_copy(first, It(r.got + k), last, out));
-  printf(" %d%d%d\n", std::includes(first, last, rest, rest_end), std::includes(rest, rest_end, first, last), std::includes(first, last, rest, rest_end, by_half()));
+  printf(" %d%d%d\n", std::includes(first, last, rest, rest_end), std::includes(rest, rest_end, first, last),
+         std::includes(first, last, rest, rest_end, by_half()));
 }
 
 template <class T, class It> static void backward(ranges<T> &r) {
@@ -212,7 +234,9 @@ template <class T, class It> static void backward(ranges<T> &r) {
   const long back = base_of(std::copy_backward(first, last, It(r.got + shift + r.n))) - r.got;
   print(r.got, r.got + r.n + shift, back);
   for (int round = 0; round < 3; ++round) {
-    const bool more = round == 0 ? std::next_permutation(first, It(r.got + r.n % 8)) : round == 1 ? std::prev_permutation(first, last) : std::next_permutation(first, last, by_half());
+    const bool more = round == 0   ? std::next_permutation(first, It(r.got + r.n % 8))
+                      : round == 1 ? std::prev_permutation(first, last)
+                                   : std::next_permutation(first, last, by_half());
     print(r.got, r.got + r.n, more);
   }
   r.again();
@@ -240,12 +264,14 @@ template <class T, class It> static void random_access(ranges<T> &r) {
   r.again();
   std::partial_sort(first, first + k, last);
   print(r.got, r.got + k, k);
-  T *const end = std::partial_sort_copy(r.start, r.start + r.n, out, out + k / 2 + (r.n % 3 == 0 ? r.n : 0), std::greater<T>());
+  T *const end =
+      std::partial_sort_copy(r.start, r.start + r.n, out, out + k / 2 + (r.n % 3 == 0 ? r.n : 0), std::greater<T>());
   print(out, end, end - out);
   r.again();
   if (k != r.n) std::nth_element(first, first + k, last);
-  print(r.got + k, r.got + k + 1, k == r.n || (std::count_if(r.got, r.got + k, std::bind1st(std::less<T>(), r.got[k])) == 0 &&
-        std::count_if(r.got + k, r.got + r.n, std::bind2nd(std::less<T>(), r.got[k])) == 0));
+  print(r.got + k, r.got + k + 1,
+        k == r.n || (std::count_if(r.got, r.got + k, std::bind1st(std::less<T>(), r.got[k])) == 0 &&
+                     std::count_if(r.got + k, r.got + r.n, std::bind2nd(std::less<T>(), r.got[k])) == 0));
   // A heap's tops come in order, whatever it looks like.
   r.again();
   std::make_heap(first, first + k);
@@ -285,8 +311,8 @@ static void by_archetypes() {
   }
 }
 
-// Deques go block by block: every offset and length around the borders of blocks, between deques and arrays, within one,
-// with blocks that lie side by side and others that do not.
+// Deques go block by block: every offset and length around the borders of blocks, between deques and arrays, within
+// one, with blocks that lie side by side and others that do not.
 template <class T> static void by_blocks(unsigned int size) {
   std::deque<T> start, between;
   for (unsigned int i = 0; i < size; ++i) {
@@ -294,11 +320,11 @@ template <class T> static void by_blocks(unsigned int size) {
     start.push_back(value_of<T>(i % 100));
   }
   static T out[room];
-#define BLOCKS(result)                                                \
-  {                                                                   \
-    const long at = result;                                           \
-    for (unsigned int i = 0; i < size; ++i) out[i] = d[i];            \
-    print(out, out + size, at);                                       \
+#define BLOCKS(result)                                     \
+  {                                                        \
+    const long at = result;                                \
+    for (unsigned int i = 0; i < size; ++i) out[i] = d[i]; \
+    print(out, out + size, at);                            \
   }
   for (unsigned int f = 0; f < 45; f += 4)
     for (unsigned int n = 0; f + n + 50 <= size; n = n < 45 ? n + 1 + f % 3 : n + 37) {
@@ -318,8 +344,10 @@ template <class T> static void by_blocks(unsigned int size) {
       std::fill(first + n / 3, last, value_of<T>(3));
       BLOCKS(std::find(first, last, value_of<T>(3)) - d.begin());
       d[f + n] = value_of<T>(6);
-      const long found[] = {std::find(first, d.end(), value_of<T>(6)) - first, std::find(start.begin() + f, start.begin() + f + n, value_of<T>(99)) - start.begin(),
-                            static_cast<long>(hash_of(std::accumulate(first, last + 1, T()))), std::equal(first, last, start.begin() + f),
+      const long found[] = {std::find(first, d.end(), value_of<T>(6)) - first,
+                            std::find(start.begin() + f, start.begin() + f + n, value_of<T>(99)) - start.begin(),
+                            static_cast<long>(hash_of(std::accumulate(first, last + 1, T()))),
+                            std::equal(first, last, start.begin() + f),
                             static_cast<long>(hash_of(std::accumulate(d.begin(), last + 1, T(), std::plus<T>())))};
       print(found, found + 5, 0);
       std::rotate(d.begin(), first, d.end());

@@ -17,13 +17,22 @@ struct by_digit {
 };
 
 static int number_of(int key) { return key; }
-static int number_of(const std::string &key) { return static_cast<int>(key.size()) * 256 + static_cast<unsigned char>(key.empty() ? 0 : key[key.size() - 1]); }
-template <class K> static int number_of(const std::pair<const K, int> &element) { return number_of(element.first) * 31 + element.second; }
+static int number_of(const std::string &key) {
+  return static_cast<int>(key.size()) * 256 + static_cast<unsigned char>(key.empty() ? 0 : key[key.size() - 1]);
+}
+template <class K> static int number_of(const std::pair<const K, int> &element) {
+  return number_of(element.first) * 31 + element.second;
+}
 
 template <class K> static K key_of(unsigned int n) { return static_cast<int>(n * 7 % 40); }
-template <> std::string key_of<std::string>(unsigned int n) { return std::string(n % 12, 'q') + std::string(n % 3, static_cast<char>(n * 50)); }
+template <> std::string key_of<std::string>(unsigned int n) {
+  return std::string(n % 12, 'q') + std::string(n % 3, static_cast<char>(n * 50));
+}
 
-template <class K> static std::pair<const K, int> element_of(const std::pair<const K, int> *, unsigned int n, int value) { return std::pair<const K, int>(key_of<K>(n), value); }
+template <class K>
+static std::pair<const K, int> element_of(const std::pair<const K, int> *, unsigned int n, int value) {
+  return std::pair<const K, int>(key_of<K>(n), value);
+}
 template <class K> static K element_of(const K *, unsigned int n, int) { return key_of<K>(n); }
 
 // What the four do not have in common.
@@ -32,15 +41,21 @@ template <class C, class I> static typename C::iterator at_of(C &, std::pair<I, 
   return put.first;
 }
 template <class C> static typename C::iterator at_of(C &, typename C::iterator at, int &) { return at; }
-template <class K, class Less> static int indexed(std::map<K, int, Less> &c, const K &key) { return (c[key] += 3), c[key]; }
+template <class K, class Less> static int indexed(std::map<K, int, Less> &c, const K &key) {
+  return (c[key] += 3), c[key];
+}
 template <class C, class K> static int indexed(C &, const K &) { return 0; }
 
-template <class C> static int index_of(const C &c, typename C::const_iterator of) { return static_cast<int>(std::distance(c.begin(), of)); }
+template <class C> static int index_of(const C &c, typename C::const_iterator of) {
+  return static_cast<int>(std::distance(c.begin(), of));
+}
 
 template <class C> static unsigned int hash_of(const C &c) {
   unsigned int hash = 5381;
-  for (typename C::const_iterator at = c.begin(); at != c.end(); at++) hash = hash * 33 + static_cast<unsigned int>(number_of(*at));
-  for (typename C::const_reverse_iterator at = c.rbegin(); at != c.rend(); ++at) hash = hash * 31 + static_cast<unsigned int>(number_of(*at));
+  for (typename C::const_iterator at = c.begin(); at != c.end(); at++)
+    hash = hash * 33 + static_cast<unsigned int>(number_of(*at));
+  for (typename C::const_reverse_iterator at = c.rbegin(); at != c.rend(); ++at)
+    hash = hash * 31 + static_cast<unsigned int>(number_of(*at));
   return hash;
 }
 
@@ -78,13 +93,22 @@ template <class C> static void run(const char *name, typename C::key_compare les
         if (place != c.end()) c.erase(place);
         break;
       case 7: c.erase(place, at % 2 ? back : place); break;
-      case 8: result = index_of(c, c.find(key) == c.end() ? back : c.lower_bound(key)) * 64 + (view.find(key) == view.end()); break;
-      case 9: result = index_of(c, c.upper_bound(key)) * 64 + index_of(c, view.lower_bound(key)) + 4096 * index_of(c, view.upper_bound(key)); break;
-      case 10:
-        result = index_of(c, c.equal_range(key).first) * 64 + index_of(c, view.equal_range(key).second);
+      case 8:
+        result = index_of(c, c.find(key) == c.end() ? back : c.lower_bound(key)) * 64 + (view.find(key) == view.end());
         break;
-      case 11: result = static_cast<int>(c.count(key)) + c.key_comp()(key, key_of<typename C::key_type>(n + 1)) + 2 * c.value_comp()(one, element_of(static_cast<element *>(0), n + 3, 1)); break;
-      case 12: result = (c == other) + 2 * (c != other) + 4 * (c < other) + 8 * (c > other) + 16 * (c <= other) + 32 * (c >= other); break;
+      case 9:
+        result = index_of(c, c.upper_bound(key)) * 64 + index_of(c, view.lower_bound(key)) +
+                 4096 * index_of(c, view.upper_bound(key));
+        break;
+      case 10: result = index_of(c, c.equal_range(key).first) * 64 + index_of(c, view.equal_range(key).second); break;
+      case 11:
+        result = static_cast<int>(c.count(key)) + c.key_comp()(key, key_of<typename C::key_type>(n + 1)) +
+                 2 * c.value_comp()(one, element_of(static_cast<element *>(0), n + 3, 1));
+        break;
+      case 12:
+        result =
+            (c == other) + 2 * (c != other) + 4 * (c < other) + 8 * (c > other) + 16 * (c <= other) + 32 * (c >= other);
+        break;
       case 13: {
         C copy(c), built(c.begin(), c.end(), c.key_comp());
         other = copy;
@@ -118,7 +142,8 @@ int main() {
   run<std::map<std::string, int> >("map of strings", std::less<std::string>(), std::less<std::string>());
   run<std::map<int, int, by_digit> >("map by digits", by_digit(5), by_digit(11));
   run<std::multimap<int, int> >("multimap", std::less<int>(), std::less<int>());
-  run<std::multimap<std::string, int, std::greater<std::string> > >("multimap downward", std::greater<std::string>(), std::greater<std::string>());
+  run<std::multimap<std::string, int, std::greater<std::string> > >("multimap downward", std::greater<std::string>(),
+                                                                    std::greater<std::string>());
   run<std::multimap<int, int, by_digit> >("multimap by digits", by_digit(5), by_digit(11));
   run<std::set<int> >("set", std::less<int>(), std::less<int>());
   run<std::set<int, std::greater<int> > >("set downward", std::greater<int>(), std::greater<int>());

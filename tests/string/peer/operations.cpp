@@ -65,7 +65,8 @@ template <class A, class B> static unsigned long relations(const A &a, const B &
 static unsigned long hash_of(const string &s) {
   unsigned int hash = 5381;
   for (string::const_iterator at = s.begin(); at != s.end(); ++at) hash = hash * 33 + static_cast<unsigned char>(*at);
-  for (string::const_reverse_iterator at = s.rbegin(); at != s.rend(); ++at) hash = hash * 31 + static_cast<unsigned char>(*at);
+  for (string::const_reverse_iterator at = s.rbegin(); at != s.rend(); ++at)
+    hash = hash * 31 + static_cast<unsigned char>(*at);
   return hash;
 }
 
@@ -103,12 +104,26 @@ int main() {
         case 15: s.resize(pos, 'd'); break;
         case 16: s.reserve(pos); break;
         case 17: s.swap(text[n & 3]); break;
-        case 18: result = s.find(what, pos) + 7 * s.find(w, pos) + 49 * s.find(w, pos, 1) + 343 * s.find('a', pos); break;
+        case 18:
+          result = s.find(what, pos) + 7 * s.find(w, pos) + 49 * s.find(w, pos, 1) + 343 * s.find('a', pos);
+          break;
         case 19: result = s.rfind(what, pos) + 7 * s.rfind(w) + 49 * s.rfind(w, pos, 1) + 343 * s.rfind('b'); break;
-        case 20: result = s.find_first_of(what, pos) + 7 * s.find_first_of(w) + 49 * s.find_first_of(w, pos, 1) + 343 * s.find_first_of('c'); break;
-        case 21: result = s.find_last_of(what, pos) + 7 * s.find_last_of(w) + 49 * s.find_last_of(w, pos, 1) + 343 * s.find_last_of('c', pos); break;
-        case 22: result = s.find_first_not_of(what, pos) + 7 * s.find_first_not_of(w) + 49 * s.find_first_not_of(w, pos, 1) + 343 * s.find_first_not_of('a'); break;
-        case 23: result = s.find_last_not_of(what, pos) + 7 * s.find_last_not_of(w) + 49 * s.find_last_not_of(w, pos, 1) + 343 * s.find_last_not_of('a', pos); break;
+        case 20:
+          result = s.find_first_of(what, pos) + 7 * s.find_first_of(w) + 49 * s.find_first_of(w, pos, 1) +
+                   343 * s.find_first_of('c');
+          break;
+        case 21:
+          result = s.find_last_of(what, pos) + 7 * s.find_last_of(w) + 49 * s.find_last_of(w, pos, 1) +
+                   343 * s.find_last_of('c', pos);
+          break;
+        case 22:
+          result = s.find_first_not_of(what, pos) + 7 * s.find_first_not_of(w) + 49 * s.find_first_not_of(w, pos, 1) +
+                   343 * s.find_first_not_of('a');
+          break;
+        case 23:
+          result = s.find_last_not_of(what, pos) + 7 * s.find_last_not_of(w) + 49 * s.find_last_not_of(w, pos, 1) +
+                   343 * s.find_last_not_of('a', pos);
+          break;
         case 24: result = 9 + sign(s.compare(other)) + 3 * sign(s.compare(w)); break;
         case 25: result = 9 + sign(s.compare(pos, n, other, n, pos)) + 3 * sign(s.compare(pos, n, w)); break;
         case 26: result = 9 + sign(s.compare(pos, n, what)) + 3 * sign(s.compare(pos, n, w, 1)); break;
@@ -141,7 +156,9 @@ int main() {
         case 48: s = string(digits(3), digits(6 + int(b))) + string(3, 65) + string(other, 0, 5) + string(w, 1); break;
         case 49: s.append(2, 66).assign(2, 67).append(what, 0, 1).append(w, 1).append(w); break;
         case 50: result = s.copy(out, n, pos) + hash_of(out); break;
-        case 51: result = hash_of(s.substr(pos)) + hash_of(s.substr(0, n)) + static_cast<const string &>(s)[in] + s.at(pos); break;
+        case 51:
+          result = hash_of(s.substr(pos)) + hash_of(s.substr(0, n)) + static_cast<const string &>(s)[in] + s.at(pos);
+          break;
         case 52: s.insert(pos, what + what, in % 2, n + 1).insert(0, w, 1).insert(0, w); break;
         case 53: s.replace(pos, n, w, 1).replace(0, 1, w); break;
         case 54: s = 'x', s.push_back('y'), s.assign(what).assign(w, 1); break;
@@ -165,7 +182,8 @@ int main() {
       result = 2000;
     }
     if (s.size() > 300) s.erase(100);
-    printf("step %d, operation %u at %u, %u: %lu, %u of %lu\n", i, chosen, pos, n, result, unsigned(s.size()), hash_of(s));
+    printf("step %d, operation %u at %u, %u: %lu, %u of %lu\n", i, chosen, pos, n, result, unsigned(s.size()),
+           hash_of(s));
   }
   return 0;
 }

@@ -17,13 +17,17 @@ static string random_text(unsigned int n, unsigned int alphabet, int base) {
 }
 
 static void searches(const string &text, const string &what, string::size_type pos) {
-  printf(" %d,%d,%d,%d,%d,%d", int(text.find(what, pos)), int(text.rfind(what, pos)), int(text.find_first_of(what, pos)),
-         int(text.find_last_of(what, pos)), int(text.find_first_not_of(what, pos)), int(text.find_last_not_of(what, pos)));
+  printf(" %d,%d,%d,%d,%d,%d", int(text.find(what, pos)), int(text.rfind(what, pos)),
+         int(text.find_first_of(what, pos)), int(text.find_last_of(what, pos)), int(text.find_first_not_of(what, pos)),
+         int(text.find_last_not_of(what, pos)));
 }
 
 int main() {
   for (int run = 0; run < 6000; ++run) {
-    const unsigned int alphabet = run % 3 == 0 ? 2 : run % 3 == 1 ? 4 : 200, length = random_below(run % 8 == 0 ? 600 : 70);
+    const unsigned int alphabet = run % 3 == 0   ? 2
+                                  : run % 3 == 1 ? 4
+                                                 : 200,
+                       length = random_below(run % 8 == 0 ? 600 : 70);
     const int base = run % 2 ? 'a' : 0xC0;
     const string whole = random_text(length, alphabet, base);
     const string text(whole, random_below(length + 1));
@@ -36,7 +40,8 @@ int main() {
     searches(text, what, 0);
     printf("\n");
   }
-  // One match at every place, with every length of pattern: where wide steps begin and end; and the same as a near miss.
+  // One match at every place, with every length of pattern: where wide steps begin and end; and the same as a near
+  // miss.
   for (unsigned int length = 1; length < 140; ++length) {
     for (unsigned int n = 1; n <= length && n < 40; n += n < 6 ? 1 : 7) {
       unsigned int sum = 0;
@@ -44,7 +49,8 @@ int main() {
         string text(length, '.'), what(n, '#');
         text.replace(at, n, what);
         sum = sum * 31 + unsigned(text.find(what) * 3 + text.rfind(what) * 5 + text.find_first_of("?#!*+") * 7 +
-              text.find_last_of("?#!*+") * 11 + text.find_first_not_of(".,;:-") * 13 + text.find_last_not_of(".,;:-") * 17);
+                                  text.find_last_of("?#!*+") * 11 + text.find_first_not_of(".,;:-") * 13 +
+                                  text.find_last_not_of(".,;:-") * 17);
         what[n / 2] = '%';
         sum = sum * 31 + unsigned(text.find(what) + text.rfind(what));
       }
