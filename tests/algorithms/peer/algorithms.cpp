@@ -1,6 +1,7 @@
 // Every algorithm whose result the standard fixes, over random ranges of all sizes: through iterators that allow only
 // what their category promises, and through pointers of types that go other roads; the host's library says what is
-// right. prints: 2304 lines
+// right.
+// prints: 2304 lines
 #include <stdio.h>
 
 #include <algorithm>

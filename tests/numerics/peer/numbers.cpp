@@ -1,5 +1,6 @@
 // complex, valarray and numeric_limits against the host's library: every operator and function over values that meet
-// the branch cuts, the ends of ranges and zero. prints: 775 lines
+// the branch cuts, the ends of ranges and zero.
+// prints: 775 lines
 #include <stdio.h>
 
 #include <complex>
