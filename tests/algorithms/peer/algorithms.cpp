@@ -1,7 +1,7 @@
 // Every algorithm whose result the standard fixes, over random ranges of all sizes: through iterators that allow only
 // what their category promises, and through pointers of types that go other roads; the host's library says what is
 // right.
-// prints: 2304 lines
+// prints: 1904 lines
 #include <stdio.h>
 
 #include <algorithm>
@@ -305,9 +305,7 @@ static void by_archetypes() {
     passes(r, input_maker<int>(), output_maker<int>());
     forward<int, archetype<int, std::forward_iterator_tag> >(r);
     forward<int, archetype<int, std::bidirectional_iterator_tag> >(r);
-    forward<int, archetype<int, std::random_access_iterator_tag> >(r);
     backward<int, archetype<int, std::bidirectional_iterator_tag> >(r);
-    backward<int, archetype<int, std::random_access_iterator_tag> >(r);
     random_access<int, archetype<int, std::random_access_iterator_tag> >(r);
   }
 }
@@ -363,7 +361,6 @@ int main() {
   by_archetypes();
   by_pointers<int>(1300);
   by_pointers<signed char>(700);
-  by_pointers<double>(300);
   by_pointers<std::string>(100);
   by_blocks<int>(300);
   by_blocks<std::string>(131);
