@@ -47,6 +47,9 @@ void operator delete(void *block) FAIL_ALLOCATION_NOTHROW {
   if (block) --live_blocks;
   free(block);
 }
+#if __cplusplus >= 201402L
+void operator delete(void *block, std::size_t) noexcept { operator delete(block); }
+#endif
 
 // Returns how many allocations there were to fail.
 template <class Case> int fail_each_allocation() {

@@ -5,7 +5,7 @@
 
 #include <plx/lw_vector.h>
 
-#include "containers/sequence_check.h"
+#include "tracked.h"
 
 template class __zor::lw_vector<long>;
 template class __zor::lw_vector<void *>;
@@ -18,7 +18,7 @@ static void sizes() {
   v.resize(0, tracked(1));
   CHECK_INT(live_blocks, before);
   v.resize(5, tracked(7));
-  CHECK(v.size() == 5 && v[0].value() == 7 && v[4].value() == 7);
+  CHECK(v.size() == 5 && v[0].key == 7 && v[4].key == 7);
   CHECK_INT(live_blocks, before + 1);
   const tracked *const block = &v[0];
   v.resize(3, tracked(0));
@@ -27,7 +27,7 @@ static void sizes() {
   v[1] = tracked(8);
   // A copy of one of its own.
   v.resize(4, v[1]);
-  CHECK(v[0].value() == 7 && v[1].value() == 8 && v[3].value() == 8);
+  CHECK(v[0].key == 7 && v[1].key == 8 && v[3].key == 8);
   CHECK_INT(allocation_calls, calls + 1);
   CHECK_INT(live_blocks, before + 1);
   v.resize(4, tracked(9));
@@ -36,7 +36,7 @@ static void sizes() {
   CHECK(v.size() == 0 && live_blocks == before && tracked::live == 0);
   v.resize(2, tracked(3));
   const elements &constant = v;
-  CHECK_INT(constant[1].value(), 3);
+  CHECK_INT(constant[1].key, 3);
 }
 
 struct growing {
@@ -45,7 +45,7 @@ struct growing {
   void run() { v.resize(6, tracked(5)); }
   void check(bool failed) {
     CHECK_INT(v.size(), failed ? 3 : 6);
-    CHECK(v[2].value() == 4 && (failed || v[5].value() == 5));
+    CHECK(v[2].key == 4 && (failed || v[5].key == 5));
   }
 };
 
@@ -56,7 +56,7 @@ static void failing_copies() {
     tracked::copies_to_fail = n;
     try {
       one.run();
-    } catch (const copy_failed &) {
+    } catch (const refused &) {
       failed = true;
     }
     tracked::copies_to_fail = 0;

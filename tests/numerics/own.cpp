@@ -1,6 +1,10 @@
-// test-variants: -O0 | -O2 -std=gnu++17
-// A valarray of elements of which every construction, assignment and operation may throw, and of which every allocation
-// may fail: whatever throws, all that was made is destroyed once, and all memory is freed.
+// test-variants: -O1 | -O2 -std=gnu++20
+// What later standards have or 1998 leaves open in valarray and complex. A valarray of elements of which every
+// construction, assignment and operation may throw, and of which every allocation may fail: whatever throws, all that
+// was made is destroyed once, and all memory is freed.
+#include <limits.h>
+
+#include <complex>
 #include <valarray>
 
 #include <stdexcept>
@@ -97,8 +101,7 @@ void fail_each(int which) {
     step_failed = false;
     try {
       all_operations(which);
-    } catch (const std::runtime_error &) {
-    }
+    } catch (const std::runtime_error &) {}
     steps_to_failure = 0;
     CHECK_INT(live_objects, 0);
     CHECK_INT(live_blocks, 0);
@@ -109,8 +112,7 @@ void fail_each(int which) {
     allocation_failed = false;
     try {
       all_operations(which);
-    } catch (const std::bad_alloc &) {
-    }
+    } catch (const std::bad_alloc &) {}
     allocation_to_fail = 0;
     CHECK_INT(live_objects, 0);
     CHECK_INT(live_blocks, 0);
@@ -140,6 +142,74 @@ void unchanged() {
   CHECK(!failed && a.size() == 2 && a[0] == 3);
 }
 
+typedef std::valarray<int> ints;
+typedef std::complex<double> complex;
+typedef std::complex<float> complex_float;
+
+std::string listed(const ints &values) {
+  std::string text;
+  for (size_t i = 0; i < values.size(); ++i) text += static_cast<char>('0' + values[i]);
+  return text;
+}
+bool near(const std::complex<long double> &a, const std::complex<long double> &b, long double steps) {
+  return std::abs(a - b) <= steps * std::abs(b);
+}
+
+void own_rules() {
+  ints a(6);
+  for (int i = 0; i < 6; ++i) a[static_cast<size_t>(i)] = i;
+  const ints start(a);
+  CHECK(listed(a.shift(INT_MAX)) == "000000" && listed(a.shift(INT_MIN)) == "000000" && listed(a.shift(7)) == "000000");
+  CHECK(listed(a.cshift(8)) == "234501" && listed(a.cshift(-8)) == "450123" && listed(a.cshift(INT_MIN)) == "450123" &&
+        listed(a.cshift(-12)) == "012345");
+  // Values and parts of the array itself, sizes that change, other types.
+  a += a[3];
+  CHECK_TEXT(listed(a).c_str(), "345678");
+  a = start;
+  a[std::slice(1, 5, 1)] = a[std::slice(0, 5, 1)];
+  CHECK_TEXT(listed(a).c_str(), "001234");
+  a[std::slice(5, 6, static_cast<size_t>(-1))] = a;
+  CHECK_TEXT(listed(a).c_str(), "432100");
+  a = a[std::slice(1, 2, 2)];
+  CHECK_TEXT(listed(a).c_str(), "31");
+  a = start;
+  CHECK_TEXT(listed(a).c_str(), "012345");
+  a.resize(6, 7);
+  CHECK_TEXT(listed(a).c_str(), "777777");
+  CHECK(listed(start[std::gslice()]).empty() && (std::valarray<double>(1.5, 2) * 2 - 1)[1] == 2.0);
+  const size_t sizes[] = {2, 0};
+  CHECK(listed(start[std::gslice(0, std::valarray<size_t>(sizes, 2), std::valarray<size_t>(sizes, 2))]).empty());
+  CHECK(ints().shift(1).size() == 0 && ints().cshift(1).size() == 0 && (ints() + ints()).size() == 0);
+#if __cplusplus >= 201103L
+  ints moved;
+  swap(a, moved);
+  for (int &each : moved) ++each;
+  a = static_cast<ints &&>(moved);
+  CHECK_TEXT(listed(a).c_str(), "888888");
+#endif
+  // Powers of zero, mixed types, and digits that many products or a logarithm would lose.
+  CHECK(std::pow(complex(), complex()) == complex(1) && std::pow(complex(), complex(2, 1)) == complex() &&
+        std::pow(complex(), 2.0) == complex());
+  CHECK(std::pow(complex(3, 4), 2) == complex(-7, 24) && std::pow(complex(0, 1), 4) == complex(1) &&
+        std::pow(complex(3, 4), 0) == complex(1));
+  CHECK(near(std::pow(complex(1, 1e-9), 2000), std::pow(std::complex<long double>(1, 1e-9), 2000.0L), 1e-15L));
+  CHECK(near(std::pow(complex_float(3, 1), complex_float(9, 1)),
+             std::pow(std::complex<long double>(3, 1), std::complex<long double>(9, 1)), 1e-7L));
+  CHECK(near(std::pow(complex(0, 2), 0.5f), complex(1, 1), 1e-15L) &&
+        near(std::pow(2, complex(0.5)), sqrtl(2.0L), 1e-15L));
+  CHECK(near(std::pow(complex_float(0, 2), complex(0.5)), complex(1, 1), 1e-15L) &&
+        std::abs(complex(HUGE_VAL, HUGE_VAL) * complex(0, 1)) == HUGE_VAL);
+  // The signs of zeros name the side of a cut.
+  CHECK(std::sqrt(complex(-4, 0.0)) == complex(0, 2) && std::sqrt(complex(-4, -0.0)) == complex(0, -2) &&
+        std::log(complex(-1, -0.0)).imag() < -3);
+  complex z(3, 4);
+  z *= z;
+  z /= z;
+  CHECK(z == complex(1) && std::complex<int>(1, 2) * std::complex<int>(3, 4) == std::complex<int>(-5, 10));
+  CHECK(std::complex<int>(-5, 10) / std::complex<int>(3, 4) == std::complex<int>(1, 2) &&
+        std::complex<int>(complex(3.5, -2.5)) == std::complex<int>(3, -2));
+}
+
 // A length whose size in bytes wraps is no small allocation.
 void lengths_that_wrap() {
   const size_t lengths[] = {0x40000001u, 0x80000000u, static_cast<size_t>(-1)};
@@ -159,6 +229,7 @@ void lengths_that_wrap() {
 int main() {
   for (int which = 0; which <= 21; ++which) fail_each(which);
   unchanged();
+  own_rules();
   lengths_that_wrap();
   return TEST_RESULT();
 }

@@ -1,0 +1,368 @@
+// Every algorithm whose result the standard fixes, over random ranges of all sizes: through iterators that allow only
+// what their category promises, and through pointers of types that go other roads; the host's library says what is
+// right.
+// prints: 1904 lines
+#include <stdio.h>
+
+#include <algorithm>
+#include <deque>
+#include <functional>
+#include <numeric>
+#include <string>
+#include <vector>
+
+#include "../../archetypes.h"
+#include "../../random.h"
+
+enum { room = 2400 };
+
+// What is printed of a number: doubles by their value, strings by their length and last character.
+static unsigned int hash_of(long long value) { return static_cast<unsigned int>(value * 2654435761u); }
+static unsigned int hash_of(const std::string &s) {
+  return static_cast<unsigned int>(s.size() * 256 + static_cast<unsigned char>(s[s.size() - 1]));
+}
+template <class T> static void print(const T *first, const T *last, long long result) {
+  unsigned int hash = 5381;
+  for (; first != last; ++first) hash = hash * 33 + hash_of(*first);
+  printf(" %lld:%u", result, hash);
+}
+
+template <class T> static T value_of(unsigned int n) { return static_cast<T>(n); }
+template <> std::string value_of<std::string>(unsigned int n) {
+  return std::string(n % 7, 'a') + static_cast<char>('a' + n % 5);
+}
+template <> long long value_of<long long>(unsigned int n) { return static_cast<long long>(n) << 31; }
+
+static unsigned int number_of(const std::string &s) { return static_cast<unsigned int>(s.size()); }
+template <class T> static unsigned int number_of(const T &value) { return static_cast<unsigned int>(value); }
+
+struct is_odd {
+  template <class T> bool operator()(const T &value) const { return number_of(value) % 2 != 0; }
+};
+struct alike {
+  template <class T> bool operator()(const T &a, const T &b) const { return number_of(a) % 3 == number_of(b) % 3; }
+};
+struct by_half {
+  template <class T> bool operator()(const T &a, const T &b) const { return number_of(a) / 2 < number_of(b) / 2; }
+};
+template <class T> struct next_value {
+  unsigned int *n;
+  T operator()() { return value_of<T>(++*n % 100); }
+};
+template <class T> static T added(T a, T b) { return static_cast<T>(a + b); }
+
+template <class T> struct ranges {
+  T start[room], got[room];
+  unsigned int n;
+  void make(unsigned int size, unsigned int kinds) {
+    n = size;
+    for (unsigned int i = 0; i < room; ++i) start[i] = value_of<T>(random_below(kinds));
+    again();
+  }
+  void again() { std::copy(start, start + room, got); }
+};
+
+// ---- One pass from input to output
+
+template <class T, class In, class Out> static void passes(ranges<T> &r, In in, Out out) {
+  const T v = r.start[r.n / 2], w = value_of<T>(5);
+  const T *at, *at_2;
+  T *written;
+  typedef typename In::type input;
+#define FIRST in.make(r.start, &at)
+#define LAST in.make(r.start + r.n, &at)
+#define BEGIN (at = r.start, FIRST)
+#define SECOND (at_2 = r.start + 1, in.make(r.start + 1, &at_2))
+#define OUT out.make(r.got, &written)
+#define SHOW(call) print(r.got, r.got + r.n + 2, base_of(call) - r.got)
+  const input first = BEGIN;
+  SHOW(std::copy(first, LAST, OUT));
+  SHOW(std::replace_copy(BEGIN, LAST, OUT, v, w));
+  SHOW(std::replace_copy_if(BEGIN, LAST, OUT, is_odd(), w));
+  SHOW(std::remove_copy(BEGIN, LAST, OUT, v));
+  SHOW(std::remove_copy_if(BEGIN, LAST, OUT, is_odd()));
+  SHOW(std::unique_copy(BEGIN, LAST, OUT));
+  SHOW(std::unique_copy(BEGIN, LAST, OUT, alike()));
+  SHOW(std::transform(BEGIN, LAST, SECOND, OUT, added<T>));
+  SHOW(std::transform(BEGIN, LAST, OUT, std::bind2nd(std::plus<T>(), w)));
+  SHOW(std::partial_sum(BEGIN, LAST, OUT));
+  SHOW(std::partial_sum(BEGIN, LAST, OUT, added<T>));
+  SHOW(std::merge(BEGIN, LAST, SECOND, in.make(r.start + 1 + r.n / 2, &at_2), OUT));
+  long results[10], *result = results;
+  *result++ = std::find(BEGIN, LAST, v) == LAST;
+  *result++ = std::find_if(BEGIN, LAST, is_odd()) == LAST;
+  *result++ = static_cast<long>(std::count(BEGIN, LAST, v));
+  *result++ = static_cast<long>(std::count_if(BEGIN, LAST, is_odd()));
+  *result++ = std::equal(BEGIN, LAST, SECOND);
+  *result++ = std::equal(BEGIN, LAST, SECOND, alike());
+  *result++ = std::lexicographical_compare(BEGIN, LAST, SECOND, in.make(r.start + 1 + r.n, &at_2));
+  *result++ = std::lexicographical_compare(SECOND, in.make(r.start + 1 + r.n, &at_2), BEGIN, LAST, by_half());
+  *result++ = static_cast<long>(hash_of(std::accumulate(BEGIN, LAST, T())));
+  *result++ = static_cast<long>(hash_of(std::accumulate(BEGIN, LAST, T(), added<T>)));
+  print(results, result, at - r.start);
+  const T *const stop = (BEGIN, std::mismatch(first, LAST, SECOND), at);
+  const T *const stop_2 = (BEGIN, std::mismatch(first, LAST, SECOND, alike()), at_2);
+  printf(" %d,%d\n", int(stop - r.start), int(stop_2 - r.start));
+}
+template <class T> struct input_maker {
+  typedef input_archetype<T> type;
+  type make(const T *at, const T **reached) const { return type(at, reached); }
+};
+template <class T> struct output_maker {
+  output_archetype<T> make(T *at, T **written) const { return output_archetype<T>(at, written); }
+};
+template <class T> struct pointer_maker {
+  typedef const T *type;
+  type make(const T *at, const T **) const { return at; }
+  T *make(T *at, T **) const { return at; }
+};
+
+// ---- In place
+
+template <class T, class It> static void forward(ranges<T> &r) {
+  const It first(r.got), last(r.got + r.n);
+  const T v = r.start[r.n / 2], w = value_of<T>(3);
+  const unsigned int k = r.n == 0 ? 0 : random_below(r.n + 1);
+#define IN_PLACE(statement, result) r.again(), statement, print(r.got, r.got + r.n + 2, result)
+#define KEPT(call)                  \
+  {                                 \
+    r.again();                      \
+    T *const end = base_of(call);   \
+    print(r.got, end, end - r.got); \
+  }
+  IN_PLACE(std::fill(first, last, r.got[r.n / 3]), 0);
+  IN_PLACE(std::fill_n(first, static_cast<signed char>(static_cast<int>(r.n % 100) - 1), w), 0);
+  IN_PLACE(std::replace(first, last, v, w), 0);
+  IN_PLACE(std::replace_if(first, last, is_odd(), w), 0);
+  unsigned int count = 7;
+  next_value<T> next = {&count};
+  IN_PLACE(std::generate(first, last, next), count);
+  IN_PLACE(std::generate_n(first, r.n / 2, next), count);
+  KEPT(std::remove(first, last, v));
+  KEPT(std::remove_if(first, last, is_odd()));
+  KEPT(std::unique(first, last));
+  KEPT(std::unique(first, last, alike()));
+  IN_PLACE(std::rotate(first, It(r.got + k), last), k);
+  IN_PLACE(std::swap_ranges(first, It(r.got + r.n / 2), It(r.got + r.n / 2 + 1)), 0);
+  IN_PLACE(std::iter_swap(first, It(r.got + k)), 0);
+  // The order after a partition is open, where the border is not.
+  r.again();
+  T *const border = base_of(std::partition(first, last, is_odd()));
+  const bool split =
+      std::count_if(r.got, border, is_odd()) == border - r.got && std::count_if(border, r.got + r.n, is_odd()) == 0;
+  std::sort(r.got, r.got + r.n);
+  print(r.got, r.got + r.n, split + 2 * (border - r.got));
+  IN_PLACE(std::stable_partition(archetype<T, std::bidirectional_iterator_tag>(r.got),
+                                 archetype<T, std::bidirectional_iterator_tag>(r.got + r.n), is_odd()),
+           0);
+
+  // Looking, in a range with another one like it at a place.
+  r.again();
+  const unsigned int m = random_below(r.n < 3 ? r.n + 1 : 4);
+  const unsigned int at = random_below(r.n - m + 1);
+  const It other(r.got + at), other_last(r.got + at + m);
+  T apart[4];
+  std::copy(r.got + at, r.got + at + m, apart);
+  if (r.n % 3 == 0) apart[0] = value_of<T>(99);
+  const long results[] = {base_of(std::search(first, last, other, other_last)) - r.got,
+                          base_of(std::search(first, last, apart, apart + m, alike())) - r.got,
+                          base_of(std::find_end(first, last, other, other_last)) - r.got,
+                          base_of(std::find_end(first, last, apart, apart + m)) - r.got,
+                          base_of(std::find_end(first, last, apart, apart + m, alike())) - r.got,
+                          base_of(std::find_first_of(first, last, apart, apart + m)) - r.got,
+                          base_of(std::find_first_of(first, last, apart, apart + m, alike())) - r.got,
+                          base_of(std::adjacent_find(first, last)) - r.got,
+                          base_of(std::adjacent_find(first, last, alike())) - r.got,
+                          base_of(std::search_n(first, last, m, v)) - r.got,
+                          base_of(std::search_n(first, last, m, v, alike())) - r.got,
+                          base_of(std::min_element(first, last)) - r.got,
+                          base_of(std::min_element(first, last, by_half())) - r.got,
+                          base_of(std::max_element(first, last)) - r.got,
+                          base_of(std::max_element(first, last, by_half())) - r.got,
+                          base_of(std::find(first, last, v)) - r.got,
+                          base_of(std::find(first, last, value_of<T>(77))) - r.got};
+  print(results, results + sizeof results / sizeof *results, 0);
+
+  // Ordered ranges: borders, and operations on sets in which elements are repeated.
+  std::sort(r.got, r.got + r.n);
+  std::sort(r.got + r.n / 2, r.got + r.n);
+  long borders[40];
+  for (unsigned int i = 0; i < 5; ++i) {
+    const T x = i == 0 ? v : value_of<T>(i * 3);
+    const std::pair<It, It> both = std::equal_range(first, last, x),
+                            halves = std::equal_range(first, last, x, by_half());
+    const long found[8] = {base_of(std::lower_bound(first, last, x)) - r.got,
+                           base_of(std::upper_bound(first, last, x)) - r.got,
+                           base_of(both.first) - base_of(both.second),
+                           base_of(std::lower_bound(first, last, x, by_half())) - r.got,
+                           base_of(std::upper_bound(first, last, x, by_half())) - r.got,
+                           base_of(halves.first) - base_of(halves.second),
+                           std::binary_search(first, last, x),
+                           std::binary_search(first, last, x, by_half())};
+    std::copy(found, found + 8, borders + 8 * i);
+  }
+  print(borders, borders + 40, 0);
+  static T out[2 * room], rest[room];
+  T *const rest_end = std::copy(r.start, r.start + r.n / 2, rest);
+  std::sort(rest, rest_end);
+#define SET(call)               \
+  {                             \
+    T *const end = call;        \
+    print(out, end, end - out); \
+  }
+  SET(std::set_union(first, last, rest, rest_end, out));
+  SET(std::set_intersection(first, last, rest, rest_end, out, std::less<T>()));
+  SET(std::set_difference(first, last, rest, rest_end, out));
+  SET(std::set_symmetric_difference(first, last, rest, rest_end, out));
+  SET(std::set_union(first, last, rest, rest_end, out, by_half()));
+  SET(std::set_intersection(first, last, rest, rest_end, out, by_half()));
+  SET(std::set_difference(first, last, rest, rest_end, out, by_half()));
+  SET(std::set_symmetric_difference(first, last, rest, rest_end, out, by_half()));
+  SET(std::merge(first, last, rest, rest_end, out, by_half()));
+  SET(std::rotate_copy(first, It(r.got + k), last, out));
+  printf(" %d%d%d\n", std::includes(first, last, rest, rest_end), std::includes(rest, rest_end, first, last),
+         std::includes(first, last, rest, rest_end, by_half()));
+}
+
+template <class T, class It> static void backward(ranges<T> &r) {
+  const It first(r.got), last(r.got + r.n);
+  const unsigned int k = r.n == 0 ? 0 : random_below(r.n + 1), shift = random_below(20);
+  IN_PLACE(std::reverse(first, last), 0);
+  IN_PLACE(std::reverse_copy(It(r.start), It(r.start + r.n), r.got + 1), 0);
+  IN_PLACE(std::stable_partition(first, last, is_odd()), 0);
+  IN_PLACE(std::copy(It(r.got + shift), It(r.got + shift + r.n), first), 0);
+  r.again();
+  const long back = base_of(std::copy_backward(first, last, It(r.got + shift + r.n))) - r.got;
+  print(r.got, r.got + r.n + shift, back);
+  for (int round = 0; round < 3; ++round) {
+    const bool more = round == 0   ? std::next_permutation(first, It(r.got + r.n % 8))
+                      : round == 1 ? std::prev_permutation(first, last)
+                                   : std::next_permutation(first, last, by_half());
+    print(r.got, r.got + r.n, more);
+  }
+  r.again();
+  std::sort(r.got, r.got + k);
+  std::sort(r.got + k, r.got + r.n);
+  std::inplace_merge(first, It(r.got + k), last);
+  print(r.got, r.got + r.n, k);
+  r.again();
+  std::stable_sort(r.got, r.got + k, by_half());
+  std::stable_sort(r.got + k, r.got + r.n, by_half());
+  std::inplace_merge(first, It(r.got + k), last, by_half());
+  print(r.got, r.got + r.n, k);
+  printf("\n");
+}
+
+template <class T, class It> static void random_access(ranges<T> &r) {
+  const It first(r.got), last(r.got + r.n);
+  const unsigned int k = random_below(r.n + 1);
+  static T out[room];
+  IN_PLACE(std::sort(first, last), 0);
+  IN_PLACE(std::sort(first, last, std::greater<T>()), 0);
+  IN_PLACE(std::stable_sort(first, last), 0);
+  IN_PLACE(std::stable_sort(first, last, std::greater<T>()), 0);
+  IN_PLACE(std::stable_sort(first, last, by_half()), 0);
+  r.again();
+  std::partial_sort(first, first + k, last);
+  print(r.got, r.got + k, k);
+  T *const end =
+      std::partial_sort_copy(r.start, r.start + r.n, out, out + k / 2 + (r.n % 3 == 0 ? r.n : 0), std::greater<T>());
+  print(out, end, end - out);
+  r.again();
+  if (k != r.n) std::nth_element(first, first + k, last);
+  print(r.got + k, r.got + k + 1,
+        k == r.n || (std::count_if(r.got, r.got + k, std::bind1st(std::less<T>(), r.got[k])) == 0 &&
+                     std::count_if(r.got + k, r.got + r.n, std::bind2nd(std::less<T>(), r.got[k])) == 0));
+  // A heap's tops come in order, whatever it looks like.
+  r.again();
+  std::make_heap(first, first + k);
+  for (unsigned int i = k; i < r.n; ++i) std::push_heap(first, first + (i + 1));
+  for (unsigned int i = r.n; i > r.n / 2; --i) {
+    std::pop_heap(first, first + i);
+    out[r.n - i] = r.got[i - 1];
+  }
+  print(out, out + (r.n - r.n / 2), 0);
+  std::sort_heap(first, first + r.n / 2);
+  print(r.got, r.got + r.n, 0);
+  printf("\n");
+}
+
+template <class T> static void by_pointers(unsigned int most) {
+  static ranges<T> r;
+  for (unsigned int n = 0; n <= most; n = n < 70 ? n + 1 : n + n / 3) {
+    r.make(n, n % 4 == 0 ? 4 : n % 4 == 1 ? 20 : n % 4 == 2 ? 120 : 30000);
+    passes(r, pointer_maker<T>(), pointer_maker<T>());
+    forward<T, T *>(r);
+    backward<T, T *>(r);
+    random_access<T, T *>(r);
+  }
+}
+
+static void by_archetypes() {
+  static ranges<int> r;
+  for (unsigned int n = 0; n <= 300; n = n < 40 ? n + 1 : n + n / 3) {
+    r.make(n, n % 2 == 0 ? 6 : 300);
+    passes(r, input_maker<int>(), output_maker<int>());
+    forward<int, archetype<int, std::forward_iterator_tag> >(r);
+    forward<int, archetype<int, std::bidirectional_iterator_tag> >(r);
+    backward<int, archetype<int, std::bidirectional_iterator_tag> >(r);
+    random_access<int, archetype<int, std::random_access_iterator_tag> >(r);
+  }
+}
+
+// Deques go block by block: every offset and length around the borders of blocks, between deques and arrays, within
+// one, with blocks that lie side by side and others that do not.
+template <class T> static void by_blocks(unsigned int size) {
+  std::deque<T> start, between;
+  for (unsigned int i = 0; i < size; ++i) {
+    for (unsigned int k = 0; i % 70 == 0 && k < 25; ++k) between.push_back(value_of<T>(k));
+    start.push_back(value_of<T>(i % 100));
+  }
+  static T out[room];
+#define BLOCKS(result)                                     \
+  {                                                        \
+    const long at = result;                                \
+    for (unsigned int i = 0; i < size; ++i) out[i] = d[i]; \
+    print(out, out + size, at);                            \
+  }
+  for (unsigned int f = 0; f < 45; f += 4)
+    for (unsigned int n = 0; f + n + 50 <= size; n = n < 45 ? n + 1 + f % 3 : n + 37) {
+      typedef typename std::deque<T>::iterator iterator;
+      std::deque<T> d(start), other(between.begin(), between.end());
+      const iterator first = d.begin() + f, last = first + n;
+      other.insert(other.end(), d.begin(), d.end());
+      T *const end = std::copy(first, last, out);
+      print(out, end, end - out);
+      BLOCKS(std::copy(out, end, d.begin() + 3) - d.begin());
+      BLOCKS(std::copy_backward(out, end, d.end()) - d.begin());
+      BLOCKS(std::copy(other.begin() + f, other.begin() + f + n, d.begin() + 9) - d.begin());
+      BLOCKS(std::copy_backward(other.begin() + f, other.begin() + f + n, d.end() - 7) - d.begin());
+      BLOCKS(std::copy(first, last, d.begin() + f / 2) - d.begin());
+      BLOCKS(std::copy_backward(first, last, first + n + 13) - d.begin());
+      std::fill_n(d.begin() + n, f, value_of<T>(4));
+      std::fill(first + n / 3, last, value_of<T>(3));
+      BLOCKS(std::find(first, last, value_of<T>(3)) - d.begin());
+      d[f + n] = value_of<T>(6);
+      const long found[] = {std::find(first, d.end(), value_of<T>(6)) - first,
+                            std::find(start.begin() + f, start.begin() + f + n, value_of<T>(99)) - start.begin(),
+                            static_cast<long>(hash_of(std::accumulate(first, last + 1, T()))),
+                            std::equal(first, last, start.begin() + f),
+                            static_cast<long>(hash_of(std::accumulate(d.begin(), last + 1, T(), std::plus<T>())))};
+      print(found, found + 5, 0);
+      std::rotate(d.begin(), first, d.end());
+      BLOCKS(0);
+      std::stable_sort(d.begin() + n / 2, d.end());
+      BLOCKS(std::unique(d.begin(), d.end()) - d.begin());
+      printf("\n");
+    }
+}
+
+int main() {
+  by_archetypes();
+  by_pointers<int>(1300);
+  by_pointers<signed char>(700);
+  by_pointers<std::string>(100);
+  by_blocks<int>(300);
+  by_blocks<std::string>(131);
+  return 0;
+}

@@ -1,0 +1,77 @@
+#!/bin/bash
+# Do the tests notice faults? tests/mutants/*.txt are lists of faults of one place; each in turn goes into a copy of the
+# tree, is built, and the tests that it names are run: it is killed when one of them fails, and survives otherwise.
+#
+#   tests/mutants/run.sh [LIST...] [-k WORD]    all lists, or these; only faults of which some line holds WORD
+#
+# A fault is a paragraph: what goes wrong, the file and its tests or folders of tests, the old text, which stands there
+# once and may be part of a line, and the new one.
+#
+#   # one element too few is moved
+#   include/plx/vector.h: containers/vector algorithms
+#   < _last - at
+#   > _last - at - 1
+set -u
+word= lists=()
+while [ $# -gt 0 ]; do
+  case $1 in -k) word=$2; shift 2 ;; *) lists+=("tests/mutants/${1##*/}.txt"); shift ;; esac
+done
+[ ${#lists[@]} -gt 0 ] || lists=(tests/mutants/*.txt)
+copy=${PLX_BUILD:-$PWD/build}/mutants
+build=$copy.build
+mkdir -p "$copy"
+# By contents: what is the same keeps its time, so that nothing is built again.
+(git ls-files -co --exclude-standard; cd "$copy" && find . -type f -printf '%P\n') | sort -u | while read -r file; do
+  if [ ! -f "$file" ]; then rm -f "$copy/$file"; continue; fi
+  cmp -s "$file" "$copy/$file" || cp --parents "$file" "$copy"
+done
+[ -f "$build/build.ninja" ] || (cd "$copy" && cmake --preset release -B "$build" -DCMAKE_CXX_FLAGS_RELEASE=-O1 > /dev/null)
+
+# passes TEST...: 0, 1 when one fails, 2 when something does not build. Programs load the library: while only its sources
+# change they are not built again.
+passes() {
+  local pattern targets=
+  pattern="^($(IFS='|'; echo "$*"))(\$|[/:])"
+  [ "$pass" = sources ] || targets="plx_clang $(awk -v pattern="$pattern" '$1 ~ pattern { print $2 }' "$build/tests/targets")"
+  # shellcheck disable=SC2086 # a list of words
+  ninja -C "$build" --quiet plx $targets > "$build/log" 2>&1 || return 2
+  (ulimit -v 4000000; timeout 200 ctest --test-dir "$build" -j2 --stop-on-failure --no-tests=error -R "$pattern") \
+    > "$build/log" 2>&1
+}
+
+try() {
+  local text rest verdict
+  case $file in '') return ;; include/* | clang/*) [ "$pass" = headers ] || return ;; *) [ "$pass" = sources ] || return ;; esac
+  case "$what$file$tests$old$new" in *"$word"*) ;; *) return ;; esac
+  old=${old%$'\n'} new=${new%$'\n'} text=$(cat "$file")
+  rest=${text#*"$old"}
+  if [ "$rest" = "$text" ] || [ "${rest#*"$old"}" != "$rest" ]; then
+    verdict="is not there, or twice"
+  else
+    printf '%s\n' "${text%%"$old"*}$new$rest" > "$copy/$file"
+    # shellcheck disable=SC2086
+    passes $tests
+    case $? in 0) verdict=survived ;; 2) verdict="does not build" ;; *) verdict=killed ;; esac
+    cp "$file" "$copy/$file"
+  fi
+  edits=$((edits + 1))
+  [ "$verdict" = killed ] && killed=$((killed + 1))
+  printf '%s: %s: %s\n' "$verdict" "$file" "$what"
+}
+
+edits=0 killed=0 file='' what='' pass=all
+trap '[ -z "$file" ] || cp "$file" "$copy/$file"; exit 130' INT TERM
+# shellcheck disable=SC2046 # a list of words
+passes $(sed -n 's/^[^#<>:]*: //p' "${lists[@]}" | tr ' ' '\n' | sort -u) || { tail -30 "$build/log"; echo "fails without a fault"; exit 1; }
+for pass in sources headers; do
+  while IFS= read -r line; do
+    case $line in
+      '') try; file='' ;;
+      '#'*) what=${line#'# '} ;;
+      '<'*) line=${line#<}; old+=${line# }$'\n' ;;
+      '>'*) line=${line#>}; new+=${line# }$'\n' ;;
+      *) file=${line%%:*} tests=${line#*: } old='' new='' ;;
+    esac
+  done < <(for list in "${lists[@]}"; do cat "$list"; echo; done)
+done
+echo "$edits faults, $killed killed"
