@@ -203,6 +203,26 @@ void buffers() {
   file.pubseekpos(7);
   out << &file;
   CHECK(out.good() && path.content().substr(0, 8) == "01234567" && path.content().size() >= 10);
+  {  // two buffers over one file, each of whose characters is read where the one before was written
+    FILE *const shared = fopen(path.name(), "w+");
+    fputs("abcdefghij", shared);
+    rewind(shared);
+    std::filebuf one(shared);
+    union {
+      char place[sizeof(std::filebuf)];
+      long align;
+    } never_closed;
+    std::ostream over(&one);
+    over << new (never_closed.place) std::filebuf(shared);
+    CHECK(over.good());
+  }
+  CHECK_TEXT(path.content().c_str(), "abcdefghij");
+  // To ask what is left moves nothing.
+  std::filebuf asked;
+  asked.open(path.name(), b::in | b::out);
+  CHECK(asked.sputn("AB", 2) == 2 && asked.in_avail() == 8 && asked.sputc('C') == 'C' && asked.sgetc() == 'd');
+  asked.close();
+  CHECK_TEXT(path.content().c_str(), "ABCdefghij");
   std::stringbuf text("text");
   std::ifstream closed;
   std::ostream nowhere(closed.rdbuf());

@@ -207,7 +207,9 @@ void run(std::stringbuf &b, probe *seen, int mode) {
       case 3:
       case 4: {
         const std::string s = text();
-        if (m.p < 2000) same(b.sputn(s.data(), static_cast<int>(s.size())), m.sputn(s), true, op);
+        out_stream.clear();
+        if (m.p < 2000 && op == 3) same(b.sputn(s.data(), static_cast<int>(s.size())), m.sputn(s), true, op);
+        if (m.p < 2000 && op == 4) out_stream.write(s.data(), static_cast<int>(s.size())), m.sputn(s);
         break;
       }
       case 5: same(b.sgetc(), m.sgetc(), here, op); break;
