@@ -62,8 +62,8 @@ struct grouping : std::numpunct<char> {
 static void writing(int round, const own_file &path) {
   std::stringstream strings;
   std::fstream files(path.name(), std::ios_base::out | std::ios_base::in | std::ios_base::trunc);
-  std::iostream &s = round % 2 ? static_cast<std::iostream &>(strings) : files;
-  const bool groups = round % 5 == 0;
+  std::iostream &s = round % 10 ? static_cast<std::iostream &>(strings) : files;
+  const bool groups = round % 5 == 1;
   if (groups) s.imbue(std::locale(std::locale::classic(), new grouping(round / 5)));
   for (int i = 0; i < 30; ++i) {
     an_operation o = random_operation(reads, groups ? unsigned(out_pointer) : unsigned(comparable_writes), true);
@@ -77,7 +77,7 @@ static void writing(int round, const own_file &path) {
     const int width = int(s.width());
     show(s, o, "");
     std::string line;
-    if (round % 2) {
+    if (round % 10) {
       line = strings.str();
       strings.str("");
     } else {
