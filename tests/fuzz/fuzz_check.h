@@ -1,4 +1,5 @@
-// What the fuzzers share: a stream buffer that shows its text piece by piece, and the check that ends a bad input.
+// What the fuzzers share: a stream buffer that shows its text piece by piece, the check that ends a bad input, and the
+// words of which good ones are made.
 #ifndef TESTS_FUZZ_CHECK_H
 #define TESTS_FUZZ_CHECK_H
 
@@ -24,6 +25,8 @@ protected:
     return (unsigned char)*gptr();
   }
 };
+
+extern const char *const fuzz_words[];  // null at the end
 
 inline void must(bool holds, const char *what, const std::string &text) {
   if (holds) return;

@@ -28,6 +28,10 @@ std::string read_block(std::ios &stream, bool intl, const std::string &text, std
 
 }  // namespace
 
+const char *const fuzz_words[] = {"$",  "USD", "-",      "+",   "(", "cr",  ")", "1",     "0",
+                                  "00", "123", ",234",   ",56", ".", ".50", " ", "7,000", "12345678901234567890",
+                                  ".5", "US",  "000.05", ",",   "v", 0};
+
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
   if (size < 3) return 0;
   static const char *const patterns[] = {"$-0v", "-$0v", "$ -v", "-v $", "v -$", "v0$-", "$-v0", "vvvv"};

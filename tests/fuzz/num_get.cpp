@@ -1,5 +1,5 @@
-// num_get against the model: the first two bytes of an input choose flags, punctuation, type and manner of reading, the
-// rest is the text.
+// num_get against the model: the first three bytes of an input choose flags, punctuation, type and manner of reading,
+// the rest is the text.
 #include <locale>
 #include <ostream>
 
@@ -57,14 +57,21 @@ void compare(const std::string &text, const model::rules &rules, size_t step, co
 
 }  // namespace
 
+const char *const fuzz_words[] = {
+    "0",   "1",  "12", "999",  "4294967295", "2147483648", "0x", "-", "+",    " ",     ",", ".",  "e",  "E-",
+    "000", "fF", "7",  ",234", "123456789",  "(nil)",      "x",  "8", "true", "false", "t", ",,", "99", 0};
+
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
-  if (size < 2) return 0;
+  if (size < 3) return 0;
   static const char *const groupings[] = {"", "\3", "\3\2", "\1\177", "\2\1\3", "\21", "\177", "\1\1\1\1\1\2"};
-  static const int bases[] = {std::ios_base::dec, 0, std::ios_base::oct, std::ios_base::hex};
-  const model::rules rules = {bases[data[0] & 3] | (data[0] & 4 ? int(std::ios_base::skipws) : 0),
-                              groupings[data[0] >> 3 & 7], data[0] & 64 ? '.' : ',', data[0] & 128 ? ',' : '.'};
+  static const int bases[] = {std::ios_base::dec,       0,
+                              std::ios_base::oct,       std::ios_base::hex,
+                              std::ios_base::basefield, std::ios_base::hex | std::ios_base::oct};
+  const model::rules rules = {
+      bases[data[2] & 128 ? 4 + (data[2] & 1) : data[0] & 3] | (data[0] & 4 ? int(std::ios_base::skipws) : 0),
+      groupings[data[0] >> 3 & 7], data[0] & 64 ? '.' : ',', data[0] & 128 ? ',' : '.'};
   const size_t step = data[1] >> 4;
-  const std::string text(reinterpret_cast<const char *>(data) + 2, size - 2);
+  const std::string text(reinterpret_cast<const char *>(data) + 3, size - 3);
   model::reading want;
   switch (data[1] & 7) {
     case 0:

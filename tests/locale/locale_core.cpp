@@ -166,6 +166,10 @@ static void combining() {
   CHECK_INT(sharer._get_imp()->_get_quick() & both, locale::imp::_quick_codecvt);
   mine.set_imp(locale::classic()._get_imp(), noted::id);
   CHECK(!std::has_facet<noted>(mine));
+  const int alive = noted_alive;
+  locale alone(mine, new noted);
+  alone.set_imp(alone._get_imp(), noted::id);  // by itself, where nobody else holds it
+  CHECK(noted_alive == alive + 1 && std::has_facet<noted>(alone));
 }
 
 static void names() {

@@ -93,6 +93,8 @@ static void test_get() {
   CHECK_TEXT(get(usual, ".50").c_str(), "50.");
   CHECK_TEXT(get(usual, "1056").c_str(), "1056.");
   CHECK_TEXT(get(usual, "  12.00").c_str(), "1200.");  // space where the pattern has nothing
+  const money_rules open_end = {"$-v0", "$", "", "-", "", 2};
+  CHECK_TEXT(get(open_end, "12.00  rest").c_str(), "1200  rest");  // and not behind it
   // Decimals are as many as there must be; a second point ends the amount.
   CHECK_TEXT(get(usual, "10.5").c_str(), "?!.");
   CHECK_TEXT(get(usual, "10.567").c_str(), "?!.");

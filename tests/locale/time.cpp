@@ -1,16 +1,20 @@
-// time_put and time_get: patterns and their ends, names of the environment's locale, what is read and where it stops,
-// round trips over all days, buffers that fail, and environments that name no locale.
-// test-variants: -O1 | -O2 -std=gnu++17 | -O1 -static
-
+// time_put, time_get and timepunct against strftime: every conversion of random times, in range and out of it, under
+// each environment, which changes between calls; what is read and where reading stops; buffers that fail, names that
+// are refused, and memory that runs out. fuzz/time_get has random texts.
+// test-variants: -O1 | -O1 -static
 #include <locale.h>
+#include <stdlib.h>
+#include <time.h>
 
 #include <iterator>
 #include <locale>
 #include <ostream>
 #include <stdexcept>
-#include <streambuf>
+#include <string>
 
+#include "../buffers.h"
 #include "../fail_allocation.h"
+#include "../random.h"
 #include "locale_check.h"
 #include "named_locales.h"
 
@@ -29,230 +33,255 @@ typedef own<std::time_get<char, const char *> > reader;
 
 static tm some_time() {
   tm t = tm();
-  t.tm_year = 96;
-  t.tm_mon = 8;
-  t.tm_mday = 1;
-  t.tm_hour = 14;
-  t.tm_min = 3;
-  t.tm_sec = 9;
-  t.tm_yday = 244;
+  t.tm_year = 96, t.tm_mon = 8, t.tm_mday = 1, t.tm_hour = 14, t.tm_min = 3, t.tm_sec = 9, t.tm_yday = 244;
   return t;
 }
 
-template <class Writer> static string put(const Writer &by, const char *pattern, const tm &t) {
+template <class Writer> static string put(const Writer &by, const string &pattern, const tm &t) {
   std::ios stream(0);
   string text;
-  by.put(output(text), stream, '*', &t, pattern, pattern + strlen(pattern));
+  by.put(output(text), stream, '*', &t, pattern.data(), pattern.data() + pattern.size());
   return text;
 }
-static string put(const char *pattern) { return put(writer(), pattern, some_time()); }
+static string put(const string &pattern) { return put(writer(), pattern, some_time()); }
 
-static void test_put() {
-  CHECK_TEXT(put("%").c_str(), "");
-  CHECK_TEXT(put("a%").c_str(), "a");
-  CHECK_TEXT(put("%c").c_str(), "Sun Sep 01 14:03:09 1996");
-  CHECK_TEXT(put("%c").c_str(), put("%a %b %d %H:%M:%S %Y").c_str());
-  CHECK_TEXT(put("<%x|%X>").c_str(), "<09/01/96|14:03:09>");
-  CHECK_TEXT(put("%A %B %h %p %I %j %y%% %r").c_str(), "Sunday September Sep PM 02 245 96% 02:03:09 PM");
-  // Modifiers are conversions of their own, and give what strftime gives for them.
-  CHECK_TEXT(put("%Ey").c_str(), "%Ey");
-  const char with_null[] = "a%\0b";
-  std::ios stream(0);
-  string text;
-  const tm t = some_time();
-  writer().put(output(text), stream, ' ', &t, with_null, with_null + 4);
-  CHECK_TEXT(text.c_str(), "ab");
-  text = "";
-  writer().put(output(text), stream, ' ', &t, 'c');
-  writer().put(output(text), stream, ' ', &t, 'y', 'E');
-  CHECK_TEXT(text.c_str(), "Sun Sep 01 14:03:09 199696");
-  tm odd = t;
-  odd.tm_wday = 7;
-  odd.tm_mon = -1;
-  CHECK_TEXT(put(writer(), "%a%A%b%B", odd).c_str(), "????");
+// strftime's text under a locale of the C library.
+static string formatted(const char *locale, const string &pattern, const tm &t) {
+  char text[200] = "";
+  setlocale(LC_TIME, locale);
+  strftime(text, sizeof text, pattern.c_str(), &t);
+  setlocale(LC_TIME, "C");
+  return text;
 }
 
-// Numbers in and out of range are strftime's.
-static void test_numbers() {
-  static const int values[] = {-2147483647, -2000, -1901, -1900, -901, -900, -1, 0, 9, 60, 99, 100, 8099, 8100};
-  for (size_t i = 0; i < sizeof values / sizeof *values; ++i)
-    for (const char *c = "dHMSmyYjIeCug"; *c; ++c) {
-      tm t = some_time();
-      t.tm_mday = t.tm_hour = t.tm_min = t.tm_sec = t.tm_mon = t.tm_year = values[i];
-      const char format[] = {'%', *c, 0};
-      char want[100] = "";
-      strftime(want, sizeof want, format, &t);
-      CHECK_TEXT(put(writer(), format, t).c_str(), want);
-    }
+static tm random_time() {
+  static const int odd[] = {-2147483647, -2000, -1901, -1900, -901, -900, -1, 0, 9, 11, 12, 60, 99, 100, 8099, 8100};
+  tm t = tm();
+  t.tm_sec = random_below(62), t.tm_min = random_below(60), t.tm_hour = random_below(24),
+  t.tm_mday = 1 + random_below(31);
+  t.tm_mon = random_below(12), t.tm_year = random_below(300), t.tm_wday = random_below(7),
+  t.tm_yday = random_below(366);
+  int *const fields[] = {&t.tm_sec, &t.tm_min, &t.tm_hour, &t.tm_mday, &t.tm_mon, &t.tm_year, &t.tm_wday};
+  if (random_below(3) == 0) *fields[random_below(7)] = odd[random_below(16)];
+  return t;
+}
+
+// What is expanded is so in every locale, names are the environment's, and of a day or month without a name strftime
+// knows none either.
+static void conversions(const char *locale) {
+  for (int i = 0; i < 3000; ++i) {
+    const tm t = random_time();
+    const char c = "aAbBhpdHMSmyYjIeCugUVWGDTRFnt%kls"[random_below(33)];
+    if (strchr("Ggl", c) && t.tm_year < -100000) continue;
+    const string pattern = string("<%") + c + ">";
+    const string want = formatted(locale, pattern, t), got = put(writer(), pattern, t);
+    CHECK_TEXT(got.c_str(), want.c_str());
+    if (got != want) fprintf(stderr, "  %s in %s\n", pattern.c_str(), locale);
+    CHECK(put(writer(), "%c", t) == put(writer(), "%a %b %d %H:%M:%S %Y", t));
+    CHECK(put(writer(), "%x|%X", t) == put(writer(), "%m/%d/%y|%H:%M:%S", t));
+  }
 }
 
 // What a derived class sees: every conversion but those that are expanded.
 struct spelling : writer {
-protected:
   iter_type do_put(iter_type out, ios_base &, char, const tm *, char format, char modifier) const {
-    *out++ = '<';
-    *out++ = format;
-    *out++ = modifier == 0 ? '>' : modifier;
+    *out++ = '<', *out++ = format, *out++ = modifier == 0 ? '>' : modifier;
     return out;
   }
 };
 
-static string read(const char *what, const char *text, tm &t, const reader &by = reader()) {
+static void patterns() {
+  CHECK_TEXT(put("%").c_str(), "");
+  CHECK_TEXT(put("a%").c_str(), "a");
+  CHECK_TEXT(put("%c").c_str(), "Sun Sep 01 14:03:09 1996");
+  CHECK_TEXT(put("%Ey").c_str(), "%Ey");  // a modifier is a conversion of its own
+  CHECK_TEXT(put(string("a%\0b", 4)).c_str(), "ab");
+  std::ios stream(0);
+  string text;
+  const tm t = some_time();
+  writer().put(output(text), stream, ' ', &t, 'c');
+  writer().put(output(text), stream, ' ', &t, 'y', 'E');
+  CHECK_TEXT(text.c_str(), "Sun Sep 01 14:03:09 199696");
+  CHECK_TEXT(put(spelling(), "%a %x%%%E", t).c_str(), "<a> <m>/<d>/<y><%><E>");
+}
+
+template <class Reader> static string read(const Reader &by, const char *what, const string &text, tm &t) {
   std::ios stream(0);
   ios_base::iostate err = ios_base::goodbit;
-  const char *const end = text + strlen(text);
-  const char *stop = text;
+  const char *const end = text.c_str() + text.size(), *stop = text.c_str();
   switch (*what) {
-    case 't': stop = by.get_time(text, end, stream, err, &t); break;
-    case 'd': stop = by.get_date(text, end, stream, err, &t); break;
-    case 'w': stop = by.get_weekday(text, end, stream, err, &t); break;
-    case 'm': stop = by.get_monthname(text, end, stream, err, &t); break;
-    case 'y': stop = by.get_year(text, end, stream, err, &t); break;
+    case 't': stop = by.get_time(stop, end, stream, err, &t); break;
+    case 'd': stop = by.get_date(stop, end, stream, err, &t); break;
+    case 'w': stop = by.get_weekday(stop, end, stream, err, &t); break;
+    case 'm': stop = by.get_monthname(stop, end, stream, err, &t); break;
+    case 'y': stop = by.get_year(stop, end, stream, err, &t); break;
   }
   return string((err & ios_base::failbit) ? "!" : "") + ((err & ios_base::eofbit) ? "." : "") + stop;
 }
 
 // The member that was read, then "!" for failure, "." for the end of the input, and what was left.
-#define CHECK_READ(what, text, member, value, want) \
-  do {                                              \
-    tm t = some_time();                             \
-    CHECK_TEXT(read(what, text, t).c_str(), want);  \
-    CHECK_INT(t.member, value);                     \
+#define READ(what, text, member, value, want)                \
+  do {                                                       \
+    tm t = some_time();                                      \
+    CHECK_TEXT(read(reader(), what, text, t).c_str(), want); \
+    CHECK_INT(t.member, value);                              \
   } while (0)
 
-static void test_get() {
+static void reading() {
   CHECK_INT(reader().date_order(), std::time_base::mdy);
-  CHECK_READ("time", "23:59:61x", tm_sec, 61, "x");
-  CHECK_READ("time", "1:2:3", tm_hour, 1, ".");
-  CHECK_READ("time", "24:00:00", tm_hour, 14, "!:00:00");
-  CHECK_READ("time", "12:60:00", tm_hour, 14, "!:00");
-  CHECK_READ("time", "12:30", tm_min, 3, "!.");
-  CHECK_READ("time", " 12:30:00", tm_min, 3, "! 12:30:00");
-  CHECK_READ("date", "12/31/99,", tm_mon, 11, ",");
-  CHECK_READ("date", "2/3/1969", tm_year, 69, ".");
-  CHECK_READ("date", "2/3/68", tm_year, 168, ".");
-  CHECK_READ("date", "0/3/68", tm_mon, 8, "!/3/68");
-  CHECK_READ("date", "13/3/68", tm_mon, 8, "!/3/68");
-  CHECK_READ("date", "1/32/68", tm_mon, 8, "!/68");
-  CHECK_READ("date", "1/2/", tm_mday, 1, "!.");
-  CHECK_READ("year", "2026", tm_year, 126, ".");
-  CHECK_READ("year", "69", tm_year, 69, ".");
-  CHECK_READ("year", "7", tm_year, 107, ".");
-  CHECK_READ("year", "476", tm_year, 476 - 1900, ".");
-  CHECK_READ("year", "19961", tm_year, 96, "1");
-  CHECK_READ("year", "-5", tm_year, 96, "!-5");
+  READ("time", "23:59:61x", tm_sec, 61, "x");
+  READ("time", "1:2:3", tm_hour, 1, ".");
+  READ("time", "24:00:00", tm_hour, 14, "!:00:00");
+  READ("time", "12:60:00", tm_hour, 14, "!:00");
+  READ("time", "12:30:62", tm_min, 3, "!.");
+  READ("time", "12:30", tm_min, 3, "!.");
+  READ("time", " 12:30:00", tm_min, 3, "! 12:30:00");
+  READ("date", "12/31/99,", tm_mon, 11, ",");
+  READ("date", "2/3/1969", tm_year, 69, ".");
+  READ("date", "2/3/68", tm_year, 168, ".");
+  READ("date", "0/3/68", tm_mon, 8, "!/3/68");
+  READ("date", "13/3/68", tm_mon, 8, "!/3/68");
+  READ("date", "1/32/68", tm_mon, 8, "!/68");
+  READ("date", "1/0/68", tm_mon, 8, "!/68");
+  READ("date", "1/2/", tm_mday, 1, "!.");
+  READ("year", "2026", tm_year, 126, ".");
+  READ("year", "69", tm_year, 69, ".");
+  READ("year", "7", tm_year, 107, ".");
+  READ("year", "476", tm_year, 476 - 1900, ".");
+  READ("year", "19961", tm_year, 96, "1");
+  READ("year", "-5", tm_year, 96, "!-5");
   // Names: the longest, in either case; once a full name has begun, it must be whole.
-  CHECK_READ("weekday", "Monday", tm_wday, 1, ".");
-  CHECK_READ("weekday", "Mon, the", tm_wday, 1, ", the");
-  CHECK_READ("weekday", "mONDAYs", tm_wday, 1, "s");
-  CHECK_READ("weekday", "Mond", tm_wday, 0, "!.");
-  CHECK_READ("weekday", "Monda!", tm_wday, 0, "!!");
-  CHECK_READ("weekday", "S", tm_wday, 0, "!.");
-  CHECK_READ("weekday", "", tm_wday, 0, "!.");
-  CHECK_READ("weekday", "tue", tm_wday, 2, ".");
-  CHECK_READ("month", "May", tm_mon, 4, ".");
-  CHECK_READ("month", "JUNE", tm_mon, 5, ".");
-  CHECK_READ("month", "Juli", tm_mon, 6, "i");  // no name goes on so
+  READ("weekday", "Mon, the", tm_wday, 1, ", the");
+  READ("weekday", "mONDAYs", tm_wday, 1, "s");
+  READ("weekday", "Mond", tm_wday, 0, "!.");
+  READ("weekday", "Monda!", tm_wday, 0, "!!");
+  READ("weekday", "S", tm_wday, 0, "!.");
+  READ("weekday", "", tm_wday, 0, "!.");
+  READ("month", "May", tm_mon, 4, ".");
+  READ("month", "JUNE", tm_mon, 5, ".");
+  READ("month", "Juli", tm_mon, 6, "i");  // no name goes on so
 }
 
 // Whatever time_put writes, time_get reads.
-static void check_round_trips(const writer &out, const reader &in) {
-  for (int i = 0; i < 12; ++i) {
-    tm t = some_time(), back = tm();
-    t.tm_wday = i % 7;
-    t.tm_mon = i;
-    t.tm_mday = 31 - i;
-    t.tm_hour = 2 * i;
-    t.tm_year = 69 + 9 * i;
-    CHECK_TEXT(read("date", put(out, "%x", t).c_str(), back, in).c_str(), ".");
-    CHECK_TEXT(read("time", put(out, "%X", t).c_str(), back, in).c_str(), ".");
+template <class Writer, class Reader> static void round_trips(const Writer &out, const Reader &in) {
+  for (int i = 0; i < 24; ++i) {
+    tm t = random_time(), back = tm();
+    t = some_time();
+    t.tm_wday = i % 7, t.tm_mon = i % 12, t.tm_mday = 31 - i, t.tm_hour = i, t.tm_year = 69 + 4 * i;
+    CHECK_TEXT(read(in, "date", put(out, "%x", t), back).c_str(), ".");
+    CHECK_TEXT(read(in, "time", put(out, "%X", t), back).c_str(), ".");
     CHECK(back.tm_mon == t.tm_mon && back.tm_mday == t.tm_mday && back.tm_year == t.tm_year);
     CHECK(back.tm_hour == t.tm_hour && back.tm_min == t.tm_min && back.tm_sec == t.tm_sec);
     static const char *const formats[] = {"%a", "%A", "%b", "%B"};
     for (int k = 0; k < 4; ++k) {
       back.tm_mon = back.tm_wday = -1;
-      CHECK_TEXT(read(k < 2 ? "weekday" : "month", put(out, formats[k], t).c_str(), back, in).c_str(), ".");
+      CHECK_TEXT(read(in, k < 2 ? "weekday" : "month", put(out, formats[k], t), back).c_str(), ".");
       CHECK_INT(k < 2 ? back.tm_wday : back.tm_mon, k < 2 ? t.tm_wday : t.tm_mon);
     }
   }
 }
 
+// All names of one timepunct, and single conversions under it.
+static void punctuation(const char *name) {
+  const std::timepunct<char> punct(name);
+  tm t = some_time();
+  for (int i = 0; i < 14; ++i) {
+    t.tm_wday = i % 7;
+    const string want = formatted(name, i < 7 ? "%a" : "%A", t);
+    CHECK_TEXT(punct.get_week_day_list()[i].c_str(), want.c_str());
+    CHECK(punct.get_week_day(std::locale(), i < 7 ? 'a' : 'A', i % 7) == want);
+  }
+  for (int i = 0; i < 24; ++i) {
+    t.tm_mon = i % 12;
+    CHECK_TEXT(punct.get_month_name_list()[i].c_str(), formatted(name, i < 12 ? "%b" : "%B", t).c_str());
+  }
+  for (int i = 0; i < 2; ++i) {
+    t.tm_hour = 11 + i;
+    CHECK_TEXT(punct.get_ampm_string(i).c_str(), formatted(name, "%p", t).c_str());
+  }
+  for (const char *c = "AxXcrdpBHY"; *c; ++c)
+    CHECK_TEXT(punct.print_format(std::locale(), *c, &t).c_str(), formatted(name, string("%") + *c, t).c_str());
+  CHECK(punct.get_week_day(std::locale(), 'a', 7) == "?" && punct.get_week_day(std::locale(), 'a', -1) == "?");
+  CHECK(punct.get_date_time_format() == "%a %b %d %H:%M:%S %Y" && punct.get_date_format() == "%m/%d/%y");
+  CHECK(punct.get_time_format() == "%H:%M:%S" && punct.get_spec_conv_width('d') == 2);
+  CHECK(punct.get_spec_conv_width('Y') == 4 && punct.get_spec_conv_width('A') == 0 &&
+        punct.get_spec_conv_width('j') == 3);
+  const char *const start = reinterpret_cast<const char *>(&punct);
+  CHECK(sizeof punct == 4 * (1 + 1 + 14 + 24 + 2) &&
+        reinterpret_cast<const char *>(punct.get_month_name_list()) == start + 64);
+}
+
+struct naming {
+  naming() { setlocale(LC_ALL, "xx_FR"); }
+  ~naming() { setlocale(LC_ALL, "C"); }
+  void run() { const std::timepunct<char> german("xx_DE"); }
+  void check(bool) { CHECK_TEXT(setlocale(LC_ALL, 0), "xx_FR"); }
+};
+
 // Names come from the environment, at the time of the call, whatever the stream's locale and the C library's.
-static void test_environment() {
+static void environment() {
   static const char *const names[] = {"xx_DE", "xx_FR", "xx_IN", "xx_JP", "C"};
-  static const char *const days[] = {"Sonntag", "dimanche", "Sunday", "\xE6\x97\xA5\xE6\x9B\x9C\xE6\x97\xA5", "Sunday"};
   for (int round = 0; round < 2; ++round)
     for (int i = 0; i < 5; ++i) {
       setenv("LC_ALL", names[i], 1);
-      CHECK_TEXT(put("%A").c_str(), days[i]);
-      check_round_trips(writer(), reader());
+      conversions(names[i]);
+      round_trips(writer(), reader());
+      round_trips(own<std::time_put_byname<char, output> >(names[4 - i]),
+                  own<std::time_get_byname<char, const char *> >(names[4 - i]));
+      punctuation(names[i]);
+      CHECK(put(own<std::time_put_byname<char, output> >("xx_DE"), "%a, %x", some_time()) == "So, 09/01/96");
+      CHECK_TEXT(std::timepunct<char>("").get_week_day_list()[8].c_str(),
+                 std::timepunct<char>(names[i]).get_week_day_list()[8].c_str());
     }
-  setenv("LC_ALL", "", 1);
-  setenv("LANG", "xx_FR", 1);
-  setenv("LC_TIME", "xx_DE", 1);
+  setenv("LC_ALL", "", 1), setenv("LANG", "xx_FR", 1), setenv("LC_TIME", "xx_DE", 1);
   CHECK_TEXT(put("%A %p%x").c_str(), "Sonntag 09/01/96");
-  unsetenv("LC_TIME");
+  setenv("LC_ALL", "xx_FR", 1);
   CHECK_TEXT(put("%A").c_str(), "dimanche");
-  // By name.
-  typedef own<std::time_put_byname<char, output> > named_writer;
-  CHECK_TEXT(put(named_writer("xx_DE"), "%a, %x", some_time()).c_str(), "So, 09/01/96");
-  tm t = some_time();
-  const own<std::time_get_byname<char, const char *> > named_reader("xx_DE");
-  std::ios stream(0);
-  ios_base::iostate err = ios_base::goodbit;
-  const char text[] = "dienstag";
-  CHECK(named_reader.get_weekday(text, text + 8, stream, err, &t) == text + 8);
-  CHECK(t.tm_wday == 2 && err == ios_base::eofbit);
+  setenv("LC_ALL", "", 1), unsetenv("LC_TIME");
+  CHECK_TEXT(put("%A").c_str(), "dimanche");
+  // The same name in another folder is another locale.
+  const string folder = getenv("LOCPATH"), other = folder + "/other";
+  CHECK_INT(system(("mkdir -p " + other + " && cp -r " + folder + "/xx_DE " + other + "/xx_FR").c_str()), 0);
+  setenv("LOCPATH", other.c_str(), 1);
+  CHECK_TEXT(put("%A").c_str(), "Sonntag");
+  setenv("LOCPATH", folder.c_str(), 1);
+  CHECK_TEXT(put("%A").c_str(), "dimanche");
   // No such locale: even a pattern without names is refused.
+  tm t = some_time();
   setenv("LANG", "no such locale", 1);
   CHECK_THROWS(std::runtime_error, "Invalid locale name\n", put("a"));
-  CHECK_THROWS(std::runtime_error, "Invalid locale name\n", read("month", "May", t));
+  CHECK_THROWS(std::runtime_error, "Invalid locale name\n", read(reader(), "month", "May", t));
   CHECK_TEXT(setlocale(LC_ALL, 0), "C");
   unsetenv("LANG");
   CHECK_TEXT(put("%A").c_str(), "Sunday");
+  setlocale(LC_MONETARY, "xx_FR");
+  const string mixture = setlocale(LC_ALL, 0);
+  { const std::timepunct<char> german("xx_DE"); }
+  CHECK_THROWS(std::runtime_error, "Invalid locale name\n", std::timepunct<char>("no such locale"));
+  CHECK_TEXT(setlocale(LC_ALL, 0), mixture.c_str());
+  setlocale(LC_ALL, "C");
+  CHECK(fail_each_allocation<naming>() >= 36);
 }
 
-// A buffer that takes `left` characters, and then fails or throws.
-struct full : std::streambuf {
-  size_t left;
-  bool throws;
-  string text;
-  full(size_t n, bool by_exception) : left(n), throws(by_exception) {}
-
-protected:
-  int_type overflow(int_type c) {
-    if (left == 0) {
-      if (throws) throw 7;
-      return -1;
-    }
-    --left;
-    text += char(c);
-    return c;
-  }
-};
-
-static void test_buffers() {
+static void buffers() {
   const std::locale &loc = std::locale::classic();
   const std::time_put<char> &facet = std::use_facet<std::time_put<char> >(loc);
   const tm t = some_time();
   std::ios stream(0);
   const char pattern[] = "on %c";
-  for (size_t n = 0; n < 30; ++n) {
-    full buffer(n, false), angry(n, true);
-    CHECK(facet.put(&buffer, stream, ' ', &t, pattern, pattern + 5).failed() == (n < 27));
-    CHECK_TEXT(buffer.text.c_str(), string("on Sun Sep 01 14:03:09 1996").substr(0, n).c_str());
-    bool caught = false;
+  for (int n = 0; n < 60; ++n) {
+    scripted buffer;
+    buffer.let_fail(overflows, n % 30, n >= 30);
+    bool failed = false;
     try {
-      facet.put(&angry, stream, ' ', &t, pattern, pattern + 5);
-    } catch (int) {
-      caught = true;
+      failed = facet.put(&buffer, stream, ' ', &t, pattern, pattern + 5).failed();
+    } catch (const thrown &) {
+      failed = true;
     }
-    CHECK(caught == (n < 27));
+    CHECK(failed == (n % 30 < 27));
+    CHECK_TEXT(buffer.taken().c_str(), string("on Sun Sep 01 14:03:09 1996").substr(0, n % 30).c_str());
   }
-  struct texts : std::streambuf {
-    char text[20];
-    texts() { setg(text, text, text + sprintf(text, "Sunday 1:2:3 x")); }
-  } source;
+  scripted source("Sunday 1:2:3 x", 4);
   typedef std::istreambuf_iterator<char> iterator;
   tm back = tm();
   ios_base::iostate err = ios_base::goodbit;
@@ -265,14 +294,14 @@ static void test_buffers() {
 
 int main() {
   setenv("LC_ALL", "C", 1);
-  test_put();
-  test_numbers();
-  CHECK_TEXT(put(spelling(), "%a %x%%%E", some_time()).c_str(), "<a> <m>/<d>/<y><%><E>");
-  test_get();
-  check_round_trips(writer(), reader());
-  test_buffers();
+  patterns();
+  conversions("C");
+  reading();
+  round_trips(writer(), reader());
+  buffers();
+  CHECK_THROWS(std::runtime_error, "Invalid locale name\n", std::timepunct<char>("no such locale"));
   if (named_locales_setup())
-    test_environment();
+    environment();
   else
     fprintf(stderr, "skipped: there is no localedef\n");
   return TEST_RESULT();

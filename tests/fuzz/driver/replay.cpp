@@ -1,14 +1,19 @@
-// Runs a fuzzer's target on every file of its corpus, tests/fuzz/corpus/<name of this program>, as an ordinary test:
-// inputs that once failed are kept there. The target aborts when one fails.
+// Runs a fuzzer's target as an ordinary test: on every file of its corpus, tests/fuzz/corpus/<name of this program>,
+// where inputs that once failed are kept, and on random rows of its words behind random first bytes. The target aborts
+// when one fails.
 #include <dirent.h>
 #include <stdint.h>
 #include <stdio.h>
 #include <stdlib.h>
 
-#include <string>
-#include <vector>
+#include "../../random.h"
+#include "../fuzz_check.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size);
+
+static void run(const std::string &input) {
+  LLVMFuzzerTestOneInput(reinterpret_cast<const uint8_t *>(input.data()), input.size());
+}
 
 int main(int, char **argv) {
   std::string name = argv[0];
@@ -17,23 +22,28 @@ int main(int, char **argv) {
   const char *const source = getenv("PLX_SOURCE");
   const std::string folder = std::string(source ? source : ".") + "/tests/fuzz/corpus/" + name;
   DIR *const files = opendir(folder.c_str());
-  if (!files) {
-    fprintf(stderr, "there is no %s\n", folder.c_str());
-    return 1;
-  }
   int ran = 0;
-  while (const dirent *entry = readdir(files)) {
-    if (entry->d_name[0] == '.') continue;
-    FILE *const file = fopen((folder + '/' + entry->d_name).c_str(), "rb");
+  while (const dirent *entry = files ? readdir(files) : 0) {
+    FILE *const file = entry->d_name[0] == '.' ? 0 : fopen((folder + '/' + entry->d_name).c_str(), "rb");
     if (!file) continue;
-    std::vector<uint8_t> input;
-    for (int c; (c = getc(file)) != EOF;) input.push_back(static_cast<uint8_t>(c));
+    std::string input;
+    for (int c; (c = getc(file)) != EOF;) input += static_cast<char>(c);
     fclose(file);
     fprintf(stderr, "%s\n", entry->d_name);
-    LLVMFuzzerTestOneInput(input.empty() ? 0 : &input[0], input.size());
+    run(input);
     ++ran;
   }
-  closedir(files);
+  if (files) closedir(files);
   if (ran == 0) fprintf(stderr, "no inputs in %s\n", folder.c_str());
+  unsigned words = 0;
+  while (fuzz_words[words]) ++words;
+  for (int i = 0; i < 100000; ++i) {
+    std::string input;
+    for (int k = 0; k < 3; ++k) input += static_cast<char>(random_below(256));
+    for (int n = random_below(9); n >= 0; --n) input += fuzz_words[random_below(words)];
+    if (random_below(4) == 0)
+      input[3 + random_below(static_cast<unsigned>(input.size()) - 3)] = static_cast<char>(random_below(128));
+    run(input);
+  }
   return ran == 0;
 }

@@ -1,0 +1,172 @@
+// Stream buffers and facets of a program's own, for the tests of streams and locales, with every C++ library. A
+// `scripted` buffer shows its text in get areas as large as it is told, takes characters into a put area or by
+// overflow, counts what is asked of it, and fails or throws at a chosen call.
+#ifndef TESTS_BUFFERS_H
+#define TESTS_BUFFERS_H
+
+#include <stdio.h>
+#include <string.h>
+#include <unistd.h>
+
+#include <locale>
+#include <streambuf>
+#include <string>
+
+// What is thrown here; counted, so that a lost one is seen.
+struct thrown {
+  static int live;
+  thrown() { ++live; }
+  thrown(const thrown &) { ++live; }
+  ~thrown() { --live; }
+};
+int thrown::live;
+
+enum a_buffer_call {
+  underflows,
+  uflows,
+  xsgetns,
+  pbackfails,
+  showmanycs,
+  overflows,
+  xsputns,
+  seeks,
+  syncs,
+  buffer_calls
+};
+
+class scripted : public std::streambuf {
+public:
+  int calls[buffer_calls];
+  int most;  // characters that overflow takes
+  explicit scripted(const std::string &text = "", std::size_t step = 0, std::size_t room = 0)
+      : most(1 << 30),
+        text_(text),
+        at_(0),
+        step_(step),
+        room_(room, '.'),
+        fault_(buffer_calls),
+        calm_(0),
+        fired_(false) {
+    memset(calls, 0, sizeof calls);
+    show_room();
+  }
+  // That call, once `calm` of its kind have gone well, throws or fails, from then on or only `once`.
+  void let_fail(a_buffer_call what, int calm, bool by_exception, bool once = false) {
+    fault_ = what, calm_ = calm, throws_ = by_exception, once_ = once, fired_ = false;
+  }
+  bool has_failed() const { return fired_; }
+  std::size_t position() const { return at_ - (egptr() - gptr()); }
+  std::string rest() const { return text_.substr(position()); }
+  // What was written since the last time.
+  std::string taken() {
+    std::string all = taken_ + std::string(pbase(), pptr());
+    taken_ = "";
+    show_room();
+    return all;
+  }
+
+protected:
+  virtual int_type underflow() {
+    const bool ended = fired_ && fault_ == uflows && !throws_;
+    if (fails(underflows) || ended || at_ >= text_.size()) return -1;
+    if (step_ == 0) return byte(at_);
+    show(at_, step_);
+    return byte(position());
+  }
+  virtual int_type uflow() {
+    if (fails(uflows)) return -1;
+    if (step_ != 0) return std::streambuf::uflow();
+    return at_ < text_.size() ? byte(at_++) : -1;
+  }
+  virtual std::streamsize xsgetn(char *to, std::streamsize n) {
+    return fails(xsgetns) ? 0 : std::streambuf::xsgetn(to, n);
+  }
+  virtual int_type pbackfail(int_type c) {
+    const std::size_t before = position();
+    if (fails(pbackfails) || before == 0) return -1;
+    if (c != -1) text_[before - 1] = static_cast<char>(c);
+    if (step_ == 0)
+      --at_;
+    else
+      show(before - 1, 1);
+    return byte(before - 1);
+  }
+  virtual std::streamsize showmanyc() {
+    return fails(showmanycs) ? -1 : static_cast<std::streamsize>(text_.size() - at_);
+  }
+  virtual int_type overflow(int_type c) {
+    if (fails(overflows) || most-- <= 0) return -1;
+    taken_ += std::string(pbase(), pptr());
+    show_room();
+    if (c != -1) taken_ += static_cast<char>(c);
+    return c == -1 ? 0 : c & 0xFF;
+  }
+  virtual std::streamsize xsputn(const char *from, std::streamsize n) {
+    return fails(xsputns) ? n - 1 : std::streambuf::xsputn(from, n);
+  }
+  virtual std::streampos seekoff(std::streamoff off, std::ios_base::seekdir, std::ios_base::openmode which) {
+    asked = which;
+    return fails(seeks) ? std::streamoff(-1) : off + 7;
+  }
+  virtual std::streampos seekpos(std::streampos to, std::ios_base::openmode which) {
+    asked = which;
+    return fails(seeks) ? std::streampos(-1) : to;
+  }
+  virtual int sync() { return fails(syncs) ? -1 : 0; }
+
+public:
+  std::ios_base::openmode asked;  // of the last position
+
+private:
+  bool fails(a_buffer_call now) {
+    ++calls[now];
+    if (now != fault_ || (once_ && fired_) || calm_-- > 0) return false;
+    fired_ = true;
+    if (throws_) throw thrown();
+    return true;
+  }
+  void show(std::size_t from, std::size_t n) {
+    if (n > text_.size() - from) n = text_.size() - from;
+    setg(&text_[from], &text_[from], &text_[from] + n);
+    at_ = from + n;
+  }
+  void show_room() {
+    if (!room_.empty()) setp(&room_[0], &room_[0] + room_.size());
+  }
+  int byte(std::size_t at) const { return static_cast<unsigned char>(text_.data()[at]); }
+
+  std::string text_, taken_;
+  std::size_t at_, step_;
+  std::string room_;
+  a_buffer_call fault_;
+  int calm_;
+  bool throws_, once_, fired_;
+};
+
+// A file of this process's own, removed with the object.
+struct own_file {
+  std::string path;
+  explicit own_file(const char *name, const std::string &text = "") {
+    char number[40];
+    sprintf(number, ".%d.tmp", static_cast<int>(getpid()));
+    path = name + std::string(number);
+    hold(text);
+  }
+  ~own_file() { remove(path.c_str()); }
+  const char *name() const { return path.c_str(); }
+  void hold(const std::string &text) const {
+    FILE *const file = fopen(name(), "w");
+    fwrite(text.data(), 1, text.size(), file);
+    fclose(file);
+  }
+  std::string content() const {
+    std::string text;
+    FILE *const file = fopen(name(), "r");
+    if (!file) return "(none)";
+    for (int c; (c = getc(file)) != EOF;) text += static_cast<char>(c);
+    fclose(file);
+    return text;
+  }
+};
+
+#endif

@@ -1,0 +1,343 @@
+// Random operations of streams: chosen once, done to several streams, each of which writes down what it gave, the
+// state, the count and the width. What plx and the standard of 1998 agree on is chosen by `comparable`.
+#ifndef TESTS_IOSTREAM_OPERATIONS_H
+#define TESTS_IOSTREAM_OPERATIONS_H
+
+#include <stdio.h>
+#include <stdlib.h>
+
+#include <bitset>
+#include <complex>
+#include <iomanip>
+#include <iostream>
+#include <iterator>
+#include <sstream>
+#include <string>
+
+#include "../random.h"
+
+__extension__ typedef long long longest;
+__extension__ typedef unsigned long long unsigned_longest;
+
+// clang-format off
+enum a_kind {
+  // reading
+  in_int, in_long, in_unsigned_short, in_unsigned_long, in_double, in_char, in_string, in_array, get_string_line,
+  get_string_part, get_one, get_into, peek_one, ignore_some, read_some, get_line, get_part, skip_space, take_and_give,
+  get_buffer, comparable_reads,
+  in_short = comparable_reads, in_unsigned, in_longest, in_unsigned_longest, in_float, in_long_double, in_bool,
+  in_pointer, in_bits, in_complex, in_buffer, in_rest, enter, give_back, reads,
+  // writing
+  out_short = reads, out_unsigned_short, out_int, out_unsigned, out_long, out_unsigned_long, out_longest,
+  out_unsigned_longest, out_float, out_double, out_long_double, out_bool, out_pointer, out_char, out_c_string,
+  out_signed_c_string, out_unsigned_c_string, out_string, out_block, out_put, out_line, comparable_writes,
+  out_buffer = comparable_writes, out_copy, out_complex, leave, writes,
+  // moving
+  move_get = writes, move_put, tell_both, ready_some, give_other, kinds
+};
+// clang-format on
+
+struct an_operation {
+  unsigned what;
+  int n, width, precision;
+  char c, fill;
+  longest integer;
+  double real;
+  std::string text;
+  std::ios_base::fmtflags flags;
+};
+
+namespace operations {
+
+typedef std::ios_base base;
+
+inline longest random_integer() {
+  static const longest special[] = {0, 1, -1, 9, 10, 99, 32767, -32768, 65535, 2147483647, -2147483647 - 1};
+  longest bits = random_below(1 << 24);
+  for (int i = 0; i < 2; ++i) bits = bits << 24 | random_below(1 << 24);
+  if (random_below(6) == 0) return special[random_below(11)];
+  return static_cast<longest>(static_cast<unsigned_longest>(bits) << 8) >> random_below(64);
+}
+
+inline double random_real(bool finite) {
+  static const double special[] = {0, -0.0, 1, 0.5, 2.5, 999999.5, 1e6, 123456789, 1e-5, 1e38, 1e-40, 9.5, 99.5};
+  if (!finite && random_below(20) == 0) return random_below(2) ? 1e300 * 1e300 : -1e300 * 1e300;
+  if (random_below(6) == 0) return special[random_below(13)];
+  char text[64];
+  const unsigned whole = random_below(10000), fraction = random_below(100000);
+  const int exponent = random_below(2) ? 0 : static_cast<int>(random_below(68)) - 40;
+  sprintf(text, "%u.%ue%d", whole, fraction, exponent);
+  return random_below(2) ? -strtod(text, 0) : strtod(text, 0);
+}
+
+// Without what plx does in its own way (docs/deviations.md): widths of characters, bools and pointers, C strings whose
+// fill is in front, signs of bools, precisions below 1 without `fixed`, capitals of numbers without a point, and fill
+// behind an octal prefix.
+inline void make_comparable(an_operation &o) {
+  const base::fmtflags prefixed = base::oct | base::internal | base::showbase;
+  if (o.what <= out_unsigned_longest) {
+    if ((o.flags & base::basefield) == base::oct && (o.flags & prefixed) == prefixed) o.flags &= ~base::internal;
+  } else if (o.what <= out_long_double) {
+    const base::fmtflags style = o.flags & base::floatfield;
+    if (o.precision < 1 && style != base::fixed) o.precision = 1;
+    if (o.precision < 0) o.precision = 0;
+    if (o.precision > 127) o.precision = 127;
+    if (style != base::scientific && !(o.flags & base::showpoint)) o.flags &= ~base::uppercase;
+  } else if (o.what <= out_char || o.what == out_line) {
+    o.width = 0;
+    if (o.what == out_bool) o.flags &= ~(base::showpos | base::showbase | base::basefield);
+    if (o.integer == 0) o.integer = 1;
+  } else if (o.what <= out_unsigned_c_string && (o.flags & base::adjustfield) != base::left) {
+    o.flags = (o.flags & ~base::adjustfield) | base::right;
+  }
+}
+
+inline an_operation random_operation(unsigned first, unsigned last, bool comparable) {
+  static const base::fmtflags bases[] = {base::dec, base::dec, base::hex, base::oct, base::fmtflags(0)},
+                              sides[] = {base::fmtflags(0), base::left, base::right, base::internal},
+                              styles[] = {base::fmtflags(0), base::fixed, base::scientific},
+                              more[] = {base::showbase, base::showpos, base::uppercase, base::showpoint,
+                                        base::boolalpha};
+  static const int sizes[] = {0, 1, 2, 3, 15, 16, 17, 63, 64, 65, 511, 512, 513, 4095, 4096};
+  an_operation o;  // one choice in a statement: compilers differ in the order of operands
+  o.what = first + random_below(last - first);
+  o.n = random_below(4) ? random_below(12) : random_below(4) ? random_below(300) : sizes[random_below(15)];
+  if (!comparable && random_below(20) == 0) o.n = -1;
+  o.c = " \n;,a0w3e"[random_below(9)];
+  o.flags = bases[random_below(5)];
+  o.flags |= sides[random_below(4)];
+  o.flags |= styles[random_below(3)];
+  for (int i = 0; i < 5; ++i)
+    if (random_below(3) == 0) o.flags |= more[i];
+  o.width = random_below(2) ? 0 : random_below(random_below(10) ? 40 : 5000);
+  if (!comparable && random_below(30) == 0) o.width = -3;
+  o.precision = random_below(random_below(8) ? 19 : 140);
+  o.fill = static_cast<char>(random_below(2) ? ' ' : 33 + random_below(90));
+  o.integer = random_integer();
+  o.real = random_real((o.flags & base::uppercase) != 0);
+  const int limit = random_below(10) == 0 ? 6000 : random_below(3) == 0 ? 80 : 12;
+  const char letter = static_cast<char>('a' + random_below(26));
+  o.text.assign(1 + random_below(limit), letter);
+  for (unsigned i = 0; i < o.text.size(); i += 3) o.text[i] = static_cast<char>('A' + (i + limit) % 26);
+  o.text[0] = static_cast<char>(11 + random_below(245));
+  if (first < reads) o.flags = (comparable ? base::fmtflags(base::dec) : o.flags) | base::skipws;
+  if (!comparable && random_below(8) == 0) o.flags &= ~base::skipws;
+  if (comparable && o.what >= reads) make_comparable(o);
+  return o;
+}
+
+// Numbers, words, lines and odd characters, sometimes long.
+inline std::string random_text(bool comparable) {
+  // clang-format off
+  static const char *const parts[] = {"7", "-42", "+13", "65535 ", "2147483647", "99999999999", "3.25", "-1,3", ".5",
+    "1.", "abc", "x-y", "\n", "\n\n", "  ", " \t ", ";", "hullo", " ", "\n", "0", "12 34", " 5 6 7 ", "\xe9t\xe9", "f9",
+    "0x1f",
+    // only where plx is its own witness
+    "1e", "-2147483648 ", "2147483648", "4294967296", "9223372036854775807", "-9223372036854775809", "(1,2)", "017",
+    "18446744073709551616", "1e+", "1e5", "0x", "true", "false", "(nil)", "10110 ", "\xff", "-", "32768 ", "-32769",
+    "1e400", "4.9e-324", "1.00000005960464477539", "\v\f\r", "ffffffff", "100000000000000000000000000000000001 "};
+  // clang-format on
+  std::string text;
+  for (unsigned n = random_below(60); n > 0; --n) {
+    text += parts[random_below(comparable ? 26 : sizeof parts / sizeof *parts)];
+    if (!comparable && random_below(30) == 0) text += '\0';
+    if (!comparable && random_below(30) == 0) text.append(1 << (4 + random_below(3)), 'q').append(random_below(3), 'r');
+  }
+  if (random_below(8) == 0) text += std::string(random_below(9000), 'w') + " tail 1\n";
+  return text;
+}
+
+inline std::string number(const char *format, longest value) {
+  char text[40];
+  sprintf(text, format, value);
+  return text;
+}
+
+template <class T> std::string in_number(std::istream &in, const char *format, bool comparable, T value) {
+  char text[64] = "";
+  if (in >> value || !comparable) sprintf(text, format, value);
+  return text;
+}
+
+template <class T> T as(const an_operation &o) { return static_cast<T>(o.integer); }
+
+// Takes so many characters.
+struct a_destination : std::streambuf {
+  int left;
+  std::string text;
+  explicit a_destination(int room) : left(room) {}
+  virtual int overflow(int c) { return left-- > 0 ? (text += static_cast<char>(c), c & 0xFF) : -1; }
+};
+
+inline std::string perform(std::iostream &s, const an_operation &o, bool comparable) {
+  static char array[12000];
+  const int n = o.n < 11990 ? o.n : 11990;
+  std::string got;
+  char c = '.';
+  s.flags(o.flags);
+  s.fill(o.fill);
+  s.precision(o.precision);
+  s.width(o.what < reads && (comparable || o.what < in_string) ? 0 : o.width);
+  memset(array, '#', n < 300 ? 400 : sizeof array);
+  switch (o.what) {
+    case in_short: return in_number<short>(s, "%hd", comparable, 77);
+    case in_unsigned_short: return in_number<unsigned short>(s, "%hu", comparable, 77);
+    case in_int: return in_number<int>(s, "%d", comparable, 77);
+    case in_unsigned: return in_number<unsigned>(s, "%u", comparable, 77);
+    case in_long: return in_number<long>(s, "%ld", comparable, 77);
+    case in_unsigned_long: return in_number<unsigned long>(s, "%lu", comparable, 77);
+    case in_longest: return in_number<longest>(s, "%lld", comparable, 77);
+    case in_unsigned_longest: return in_number<unsigned_longest>(s, "%llu", comparable, 77);
+    case in_float: return in_number<float>(s, "%a", comparable, 77);
+    case in_double: return in_number<double>(s, "%a", comparable, 77);
+    case in_long_double: return in_number<long double>(s, "%La", comparable, 77);
+    case in_pointer: return in_number<void *>(s, "%p", comparable, array);
+    case in_bool: {
+      bool b = o.n & 1;
+      s >> b;
+      return b ? "yes" : "no";
+    }
+    case in_char: s >> c; return std::string(1, c);
+    case in_string:
+      if (!comparable) got = "before";
+      if (s.width() > 0) s.width(1 + n);
+      s >> got;
+      return got;
+    case in_array:
+      if (s.width() > 0) s.width(1 + (n < 0 ? 0 : n));
+      if (comparable) array[0] = 0;
+      s >> array;
+      return std::string(array, strlen(array) + (comparable ? 0 : 3));
+    case get_string_line:
+    case get_string_part:
+      if (!comparable) got.assign(o.precision, 'z');  // with a block of its own
+      if (o.what == get_string_line)
+        std::getline(s, got);
+      else
+        std::getline(s, got, o.c);
+      return got;
+    case get_one: return number("%lld", s.get());
+    case get_into: s.get(c); return std::string(1, c);
+    case peek_one: return number("%lld", s.peek());
+    case ignore_some: s.ignore(o.width % 100 == 9 ? 2147483647 : o.n, o.n % 2 ? o.c : -1); return "";
+    case read_some: s.read(array, n); return std::string(array, s.gcount() + (comparable ? 0 : 2));
+    case get_line:
+      if (o.width % 2)
+        s.getline(array, comparable ? 11000 : n, o.c);
+      else
+        s.getline(array, comparable ? n + 2 : n);
+      return std::string(array, strlen(array) + (comparable ? 0 : 3));
+    case get_part:
+      if (!comparable && o.width % 2)
+        s.get(array, n);
+      else
+        s.get(array, comparable ? 11000 : n, o.c);
+      return std::string(array, strlen(array) + (comparable ? 0 : 3));
+    case skip_space: s >> std::ws; return "";
+    case take_and_give:
+      if (!s.good() || s.get() == -1) return "";
+      if (o.n % 2 || comparable) return s.unget(), "unget";
+      return s.unget(), got += static_cast<char>(s.get()), s.putback(got[0]), got;
+    case give_back: s.unget(); return "";
+    case get_buffer: {
+      a_destination to(comparable ? 11000 : n);
+      if (o.c == '\n')
+        s.get(to);
+      else
+        s.get(to, o.c);
+      return to.text;
+    }
+    case in_buffer: {
+      a_destination to(n);
+      std::stringbuf whole;
+      s >> (o.width % 4 ? static_cast<std::streambuf *>(&to) : o.width ? &whole : 0);
+      return to.text + whole.str();
+    }
+    case in_rest: {
+      if (o.width % 8) return "";
+      std::istreambuf_iterator<char> from(s), end;
+      if (o.n % 2) return std::string(from, end);
+      std::ostringstream to;
+      std::copy(from, end, std::ostreambuf_iterator<char>(to));
+      return to.str();
+    }
+    case enter: {
+      std::istream::sentry ok(s, o.n % 2 != 0);
+      return ok ? "in" : "out";
+    }
+    case in_bits: {
+      std::bitset<7> bits;
+      s >> bits;
+      return number("%lld", bits.to_ulong());
+    }
+    case in_complex: {
+      std::complex<float> z(7, 7);
+      s >> z;
+      char text[64];
+      sprintf(text, "%a %a", z.real(), z.imag());
+      return text;
+    }
+    case out_short: s << as<short>(o); break;
+    case out_unsigned_short: s << as<unsigned short>(o); break;
+    case out_int: s << as<int>(o); break;
+    case out_unsigned: s << as<unsigned>(o); break;
+    case out_long: s << as<long>(o); break;
+    case out_unsigned_long: s << as<unsigned long>(o); break;
+    case out_longest: s << o.integer; break;
+    case out_unsigned_longest: s << as<unsigned_longest>(o); break;
+    case out_float: s << static_cast<float>(o.real); break;
+    case out_double: s << o.real; break;
+    case out_long_double: s << static_cast<long double>(o.real) / 3; break;
+    case out_bool: s << (o.integer % 2 != 0); break;
+    case out_pointer: s << reinterpret_cast<const void *>(as<unsigned>(o) | (comparable ? 1 : 0)); break;
+    case out_char: s << o.text[0] << static_cast<signed char>('s') << static_cast<unsigned char>(o.fill); break;
+    case out_c_string: s << o.text.c_str(); break;
+    case out_signed_c_string: s << reinterpret_cast<const signed char *>(o.text.c_str()); break;
+    case out_unsigned_c_string: s << reinterpret_cast<const unsigned char *>(o.text.c_str()); break;
+    case out_string: s << o.text; break;
+    case out_block: s.write(o.text.data(), static_cast<std::streamsize>(o.text.size())); break;
+    case out_put: s.put(o.text[0]); break;
+    case out_line: s << "line" << std::endl << std::ends << std::flush; break;
+    case out_buffer: {
+      std::stringbuf from(o.width ? o.text : std::string(), std::ios::in);
+      s << &from;
+      return number("%lld", from.sgetc());
+    }
+    case out_copy: {
+      std::istringstream from(o.text);
+      std::copy(std::istreambuf_iterator<char>(from), std::istreambuf_iterator<char>(),
+                std::ostreambuf_iterator<char>(s));
+      break;
+    }
+    case out_complex: s << std::complex<double>(o.real, o.n); break;
+    case leave: {
+      std::ostream::sentry ok(s);
+      return ok ? "in" : "out";
+    }
+    case move_get:
+      s.seekg(o.n % 200 - (o.c > ' ' ? 0 : 100), o.c > ' ' ? base::beg : o.width ? base::cur : base::end);
+      break;
+    case move_put:
+      s.seekp(o.n % 200 - (o.c > ' ' ? 0 : 100), o.c > ' ' ? base::beg : o.width ? base::cur : base::end);
+      break;
+    case tell_both:
+      got = number("%lld ", std::streamoff(s.tellg()));
+      return got + number("%lld", std::streamoff(s.tellp()));
+    case ready_some: got = number("%lld ", s.readsome(array, n)); return got + std::string(array, s.gcount());
+    case give_other: s.putback(o.c); break;
+  }
+  return got;
+}
+
+// The same with what can be seen of the stream afterwards, which is good again.
+inline std::string step(std::iostream &s, const an_operation &o) {
+  std::string line = number("%lld ", o.what) + perform(s, o, false);
+  line += number(" state %lld", s.rdstate()) + number(" count %lld", s.gcount()) + number(" width %lld", s.width());
+  s.width(0);
+  if (o.precision % 8) s.clear();
+  return line;
+}
+
+}  // namespace operations
+
+#endif

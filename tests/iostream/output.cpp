@@ -1,0 +1,316 @@
+// What output does on purpose in its own way: where fill stands, whose width is used up, bases of short numbers, what a
+// put area may hold behind a text, when buffers are synchronised; and the manipulators.
+// test-variants: -O0 | -O2
+#include <fstream>
+#include <iomanip>
+#include <iostream>
+#include <sstream>
+#include <string>
+
+#include "../buffers.h"
+#include "../harness.h"
+
+namespace {
+
+typedef std::ios b;
+__extension__ typedef long long longest;
+__extension__ typedef unsigned long long unsigned_longest;
+
+// The text that is written, and the width that is left, into a buffer without room, with some, and with much.
+#define ROW(written, want, left)                                  \
+  for (int room = 0; room < 90; room += 1 + room * 7) {           \
+    scripted buffer("", 0, room);                                 \
+    std::ostream out(&buffer);                                    \
+    out.fill('*');                                                \
+    out << written;                                               \
+    const std::string text = buffer.taken();                      \
+    const bool same = text == std::string(want, sizeof want - 1); \
+    if (!same) fprintf(stderr, "  %s\n", text.c_str());           \
+    CHECK(same);                                                  \
+    CHECK_INT(out.width(), left);                                 \
+    CHECK(out.good());                                            \
+  }
+
+void rows() {
+  using std::setw;
+  const char *const none = 0;
+  void *const p = reinterpret_cast<void *>(0x1a2b), *const null = 0;
+  ROW(setw(5) << "ab", "ab***", 0);
+  ROW(std::internal << setw(4) << "cd", "cd**", 0);
+  ROW(std::right << setw(4) << "ef" << setw(2) << "ghi" << setw(-3) << "j", "**efghij", 0);
+  ROW(std::setiosflags(b::left | b::right) << setw(3) << "k", "k**", 0);
+  ROW(std::resetiosflags(b::adjustfield) << setw(5) << std::string("ab"), "***ab", 0);
+  ROW(std::left << setw(4) << std::string("c\0d", 3), "c\0d*", 0);
+  ROW(std::internal << setw(3) << std::string() << setw(1) << std::string("efg"), "***efg", 0);
+  ROW(setw(5) << 'x' << setw(5) << static_cast<unsigned char>('y') << static_cast<signed char>('z'), "xyz", 0);
+  ROW(none << setw(3) << none, "***", 0);
+  ROW(setw(4) << true << std::boolalpha << false, "1false", 4);
+  ROW(std::hex << std::showpos << std::showbase << true, "1", 0);
+  ROW(std::ends << setw(4) << std::endl, "\0\n", 4);
+  ROW(std::hex << short(-1) << ' ' << -1 << ' ' << std::oct << short(-1) << ' ' << std::dec << short(-1),
+      "ffff ffffffff 177777 -1", 0);
+  ROW(std::setbase(2) << short(-1) << ' ' << std::setiosflags(b::hex | b::oct) << 255, "-1 255", 0);
+  ROW(std::hex << std::showbase << std::uppercase << std::internal << setw(8) << 0xABC << setw(3) << 0, "0X***ABC**0",
+      0);
+  ROW(std::oct << std::showbase << std::internal << setw(6) << 8, "0***10", 0);
+  ROW(std::setprecision(0) << 1234567.0 << ' ' << std::fixed << 2.5 << ' ' << std::setprecision(-1) << 2.5,
+      "1.23457e+06 2 2.500000", 0);
+  ROW(std::uppercase << 1e20 << ' ' << 1.5e20 << ' ' << 1e300 * 1e300 << std::scientific << ' ' << 0.5,
+      "1e+20 1.5E+20 inf 5.000000E-01", 0);
+  ROW(setw(8) << p << std::left << setw(8) << p << std::right << setw(8) << p << ' ' << null,
+      "0x1a2b**0x1a2b0x1a2b** (nil)", 0);
+  ROW(std::showpos << longest(1) << ' ' << (longest(1) << 40) << ' ' << (unsigned_longest(1) << 40),
+      "+1 +1099511627776 1099511627776", 0);
+  ROW(std::hex << longest(-1) << ' ' << std::showbase << std::oct << (longest(1) << 63) << ' ' << longest(42),
+      "ffffffffffffffff 01000000000000000000000 052", 0);
+  ROW(std::internal << setw(15) << -(longest(1) << 40) << std::hex << std::showbase << setw(16) << (longest(1) << 40),
+      "-*10995116277760x***10000000000", 0);
+}
+
+// Nothing behind a text is touched, a text that does not fit goes character by character, and a position that its class
+// has moved beyond the end is no room.
+struct area : std::streambuf {
+  char own[80];
+  std::string more;
+  int blocks;
+  area(int room, int next) : blocks(0) {
+    memset(own, '.', sizeof own);
+    setp(own, own + room);
+    pbump(next);
+  }
+  virtual int overflow(int c) { return more += static_cast<char>(c), c & 0xFF; }
+  virtual std::streamsize xsputn(const char *from, std::streamsize n) {
+    return ++blocks, std::streambuf::xsputn(from, n);
+  }
+};
+void areas() {
+  for (int room = 0; room < 70; ++room)
+    for (int how = 0; how < 8; ++how) {
+      area a(room, 0);
+      std::ostream out(&a);
+      if (how > 3) out.width(9);
+      switch (how) {
+        case 0: out << 1234567; break;
+        case 1: out << 1.0 / 3; break;
+        case 2: out << "1234567"; break;
+        case 3: out << std::string("1234567"); break;
+        case 4: out << -12; break;
+        case 5: out << "text"; break;
+        case 6: out << std::right << "text"; break;
+        case 7: out << std::left << std::string("text"); break;
+      }
+      static const char *const texts[] = {"1234567",   "0.333333",  "1234567",   "1234567",
+                                          "      -12", "text     ", "     text", "text     "};
+      const int n = static_cast<int>(strlen(texts[how])), begun = room < n ? room : n;
+      CHECK(memcmp(a.own, texts[how], begun) == 0 && a.own[begun] == '.');
+      CHECK_TEXT(a.more.c_str(), texts[how] + begun);
+      CHECK_INT(a.blocks, how == 3 || how == 7);
+    }
+  area beyond(4, 6);
+  std::ostream out(&beyond);
+  out << "ab" << 'c' << 12 << 1.5 << std::setw(3) << "d" << std::setw(3) << 7 << std::string("s");
+  out.put('e').write("fg", 2);
+  CHECK(beyond.own[0] == '.' && beyond.own[6] == '.');
+  CHECK_TEXT(beyond.more.c_str(), "abc121.5d    7sefg");
+}
+
+// Each operation flushes what is tied, and with unitbuf the buffer, whatever the state; moves do neither.
+void synchronising() {
+  for (int unit = 0; unit < 2; ++unit) {
+    scripted a, c;
+    std::ostream first(&a), second(&c);
+    int &syncs_seen = unit ? c.calls[syncs] : a.calls[syncs];
+    if (unit)
+      second.setf(b::unitbuf);
+    else
+      second.tie(&first);
+    second << 1;
+    second << "x";
+    second << 'y' << std::string("z") << true << 1.5 << static_cast<void *>(0) << (1ll << 40) << short(1);
+    second.put('p').write("q", 1) << std::setw(9) << "w" << std::setw(9) << std::string("v") << std::setw(9) << 3;
+    CHECK_INT(syncs_seen, 14);
+    second.seekp(0), second.tellp();
+    CHECK_INT(syncs_seen, 14);
+    second.flush();
+    CHECK(a.calls[syncs] == (unit ? 0 : 15) && c.calls[syncs] == (unit ? 16 : 1));
+    second.setstate(b::failbit);
+    second << 1;
+    CHECK_INT(syncs_seen, unit ? 17 : 15);
+    second.clear();
+    {
+      std::ostream::sentry s(second);
+      CHECK(s && syncs_seen == (unit ? 17 : 16));
+    }
+    CHECK(second.opfx());
+    second.osfx();
+    CHECK_INT(syncs_seen, unit ? 19 : 17);
+    second.setstate(b::eofbit);
+    CHECK(!second.opfx() && second.rdstate() == b::eofbit);
+    second.clear();
+    second.put('x').setstate(b::failbit);
+    CHECK(second.put('y').rdstate() == (b::failbit | b::badbit));
+  }
+  // The quick ways of files and strings do the same.
+  const own_file path("output");
+  for (int kind = 0; kind < 2; ++kind) {
+    std::ofstream file(path.name());
+    std::ostringstream text;
+    std::ostream &out = kind ? static_cast<std::ostream &>(text) : file;
+    scripted waiting;
+    std::ostream tied(&waiting);
+    for (int i = 0; i < 12; ++i) {
+      if (i % 2 == 0) out.tie(&tied), out.unsetf(b::unitbuf);
+      if (i % 2) out.tie(0), out.setf(b::unitbuf);
+      switch (i / 2) {
+        case 0: out << 1; break;
+        case 1: out << "x"; break;
+        case 2: out << 'x'; break;
+        case 3: out << std::string("x"); break;
+        case 4: out.put('x'); break;
+        case 5: out.write("x", 1);
+      }
+      CHECK_INT(waiting.calls[syncs], i / 2 + 1);
+      if (i % 2 && !kind) CHECK_INT(path.content().size(), i + 1);
+    }
+  }
+  scripted self;
+  std::ostream out(&self);
+  out.tie(&out);
+  out << 1;
+  CHECK(out.good());
+}
+
+// A buffer that is inserted: what is refused stays, none at all is a failure, and a file is copied behind itself.
+void buffers() {
+  for (int kind = 0; kind < 2; ++kind) {
+    scripted to, slow("abcdef");
+    std::stringbuf quick("abcdef");
+    std::streambuf &from = kind ? static_cast<std::streambuf &>(quick) : slow;
+    std::ostream out(&to);
+    to.most = 2;
+    out << std::setw(9) << &from;
+    CHECK(out.good() && out.width() == 9 && to.taken() == "ab" && from.sgetc() == 'c');
+    out << &from;
+    CHECK(out.rdstate() == b::failbit && from.sgetc() == 'c');
+    out.clear();
+    out << static_cast<std::streambuf *>(0);
+    CHECK_INT(out.rdstate(), b::failbit);
+  }
+  const own_file path("output", "0123456789");
+  std::filebuf file, full;
+  file.open(path.name(), b::in | b::out);
+  std::ostream out(&file);
+  file.pubseekpos(7);
+  out << &file;
+  CHECK(out.good() && path.content().substr(0, 8) == "01234567" && path.content().size() >= 10);
+  {  // two buffers over one file, each of whose characters is read where the one before was written
+    FILE *const shared = fopen(path.name(), "w+");
+    fputs("abcdefghij", shared);
+    rewind(shared);
+    std::filebuf one(shared);
+    union {
+      char place[sizeof(std::filebuf)];
+      long align;
+    } never_closed;
+    std::ostream over(&one);
+    over << new (never_closed.place) std::filebuf(shared);
+    CHECK(over.good());
+  }
+  CHECK_TEXT(path.content().c_str(), "abcdefghij");
+  // To ask what is left moves nothing.
+  std::filebuf asked;
+  asked.open(path.name(), b::in | b::out);
+  CHECK(asked.sputn("AB", 2) == 2 && asked.in_avail() == 8 && asked.sputc('C') == 'C' && asked.sgetc() == 'd');
+  asked.close();
+  CHECK_TEXT(path.content().c_str(), "ABCdefghij");
+  std::stringbuf text("text");
+  std::ifstream closed;
+  std::ostream nowhere(closed.rdbuf());
+  nowhere << &text;
+  CHECK(nowhere.rdstate() == b::failbit && text.sgetc() == 't');
+}
+
+typedef std::ios_base &(*a_manipulator)(std::ios_base &);
+void manipulators() {
+  static const struct {
+    a_manipulator set, clear;  // without the second, one of a field
+    b::fmtflags flag, field;
+  } all[] = {{std::boolalpha, std::noboolalpha, b::boolalpha, b::boolalpha},
+             {std::showbase, std::noshowbase, b::showbase, b::showbase},
+             {std::showpoint, std::noshowpoint, b::showpoint, b::showpoint},
+             {std::showpos, std::noshowpos, b::showpos, b::showpos},
+             {std::skipws, std::noskipws, b::skipws, b::skipws},
+             {std::uppercase, std::nouppercase, b::uppercase, b::uppercase},
+             {std::unitbuf, std::nounitbuf, b::unitbuf, b::unitbuf},
+             {std::internal, 0, b::internal, b::adjustfield},
+             {std::left, 0, b::left, b::adjustfield},
+             {std::right, 0, b::right, b::adjustfield},
+             {std::dec, 0, b::dec, b::basefield},
+             {std::hex, 0, b::hex, b::basefield},
+             {std::oct, 0, b::oct, b::basefield},
+             {std::fixed, 0, b::fixed, b::floatfield},
+             {std::scientific, 0, b::scientific, b::floatfield}};
+  scripted buffer;
+  std::ostream out(&buffer);
+  std::istream in(&buffer);
+  const b::fmtflags every = 0x7FFF;
+  for (unsigned i = 0; i < sizeof all / sizeof *all; ++i) {
+    out.flags(every), in.flags(every);
+    out << all[i].set;
+    CHECK_INT(out.flags(), (every & ~all[i].field) | all[i].flag);
+    if (!all[i].clear) continue;
+    in >> all[i].clear;
+    CHECK_INT(in.flags(), every & ~all[i].flag);
+  }
+  CHECK(&(out << std::setw(7) << std::setprecision(-3) << std::setfill(0x141)) == &out);
+  CHECK(out.width() == 7 && out.precision() == -3 && out.fill() == 0x41);
+  CHECK(&(in >> std::setw(9) >> std::setprecision(1) >> std::setfill('-')) == &in);
+  CHECK(in.width() == 9 && in.precision() == 1 && in.fill() == '-');
+  out.flags(b::skipws);
+  out << std::setiosflags(b::hex | b::showbase) << std::resetiosflags(b::skipws);
+  CHECK_INT(out.flags(), b::hex | b::showbase);
+  static const int bases[][2] = {{8, b::oct}, {10, b::dec}, {16, b::hex}, {0, 0}, {2, 0}, {-8, 0}};
+  for (int i = 0; i < 6; ++i) {
+    out.flags(b::dec | b::showbase);
+    out << std::setbase(bases[i][0]);
+    CHECK_INT(out.flags(), bases[i][1] | b::showbase);
+  }
+}
+
+struct point {
+  int x;
+};
+std::ostream &operator<<(std::ostream &out, const point &p) {
+  std::ostream::sentry s(out);
+  if (!s) return out;
+  if (p.x < 0) throw 7;
+  return out << '(' << p.x << ')';
+}
+void users_operators() {
+  scripted to;
+  std::ostream out(&to);
+  const point good = {3}, bad = {-3};
+  int caught = 0;
+  out << good;
+  try {
+    out << bad;
+  } catch (int) {
+    caught = 1;
+  }
+  CHECK(caught && out.good() && to.taken() == "(3)");
+  out.setstate(b::eofbit);
+  out << good;
+  CHECK(out.rdstate() == (b::eofbit | b::failbit) && to.taken() == "");
+}
+
+}  // namespace
+
+int main() {
+  rows();
+  areas();
+  synchronising();
+  buffers();
+  manipulators();
+  users_operators();
+  return TEST_RESULT();
+}
