@@ -1,6 +1,6 @@
-// Listed differences that no other test has a place for: nested specifications that the compiler merges, code without an
-// unwind table, functions that void * takes, a cookie without an element size, streams that cannot be told to keep characters from stdio, and small ones of streams and
-// numbers.
+// Listed differences that no other test has a place for: nested specifications that the compiler merges, code without
+// an unwind table, functions that void * takes, a cookie without an element size, streams that cannot be told to keep
+// characters from stdio, and small ones of streams and numbers.
 // test-variants: -O0 | -O2
 #include <exception>
 #include <fstream>
