@@ -2,7 +2,7 @@
 // programs that this library cannot serve.
 //
 // In all public headers of C++, names that are no part of an interface begin with an underscore: a program may define
-// any other word as a macro before it includes them. tests/headers/check_header holds the headers to it.
+// any other word as a macro before it includes them. tests/headers/names.sh holds the headers to it.
 #ifndef PLX_CONFIG_H
 #define PLX_CONFIG_H
 

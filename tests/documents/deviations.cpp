@@ -1,6 +1,6 @@
-// Listed differences that no other test has a place for: nested specifications that the compiler merges, a cookie
-// without an element size, streams that cannot be told to keep characters from stdio, and small ones of streams and
-// numbers.
+// Listed differences that no other test has a place for: nested specifications that the compiler merges, code without
+// an unwind table, functions that void * takes, a cookie without an element size, streams that cannot be told to keep
+// characters from stdio, and small ones of streams and numbers.
 // test-variants: -O0 | -O2
 #include <exception>
 #include <fstream>
@@ -41,6 +41,33 @@ static void nested_specifications() {
 #else
   CHECK(two_reports);
 #endif
+}
+
+// As assembly, or C with -fno-asynchronous-unwind-tables.
+extern "C" void calls_without_table(void (*function)());
+__asm__(
+    ".type calls_without_table, @function\n"
+    "calls_without_table:\n subl $12, %esp\n call *16(%esp)\n addl $12, %esp\n ret\n"
+    ".size calls_without_table, . - calls_without_table");
+static void throw_one() { throw 1; }
+static void code_without_table() {
+  try {
+    calls_without_table(throw_one);
+  } catch (int) {
+  }
+}
+
+static void pointer_to_function() {
+  static const char identity = 0;
+  static const a_type_info_impl type = {PLX_TYPE_INFO_VTABLE, "void ()", &identity, 0};
+  bool caught = false;
+  try {
+    *static_cast<void (**)()>(__throw_setup(&type, sizeof(void *), PLX_TYPE_POINTER)) = throw_one;
+    __throw();
+  } catch (void *function) {
+    caught = function == reinterpret_cast<void *>(throw_one);
+  }
+  CHECK(caught);
 }
 
 static void no_element_size() {
@@ -130,6 +157,8 @@ int main() {
   numbers();
   streams();
   nested_specifications();
+  pointer_to_function();
+  CHECK_ABORTS(code_without_table, "no unwind table there");
   CHECK_ABORTS(no_element_size, "");
   CHECK_TEXT(test_run_child(synchronised).text, "abc");
   return TEST_RESULT();

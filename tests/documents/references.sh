@@ -1,6 +1,6 @@
 #!/bin/bash
 # What the documents name is there: targets of links with their anchors, files of this tree, verbs of ./dev, names in the
-# files that docs/internals.md leads to, and for each row of docs/deviations.md a test. The protocol names every entry
+# files that docs/internals.md leads to, and for each row of docs/deviations.md a test. The reference names every entry
 # point of the header that it explains; the changelog keeps its form.
 . "$PLX_SOURCE/tests/driver/common.bash"
 documents() { (cd "$PLX_SOURCE" && ls README.md CONTRIBUTING.md CHANGELOG.md docs/*.md); }
@@ -28,7 +28,7 @@ for document in $(documents); do
 done > missing
 # Names in code quotes that look like files of this tree: `folder/name`. A comma list or a pattern counts by its parts.
 folders=$(cd "$PLX_SOURCE" && git ls-files 2> /dev/null | cut -d/ -f1 -s | sort -u | tr '\n' '|')
-[ -n "$folders" ] || folders='libC|exceptions|string|containers|locale|iostream|clang|driver|include|tests|docs|bench|examples|cmake|man|'
+[ -n "$folders" ] || folders='libC|exceptions|string|containers|locale|iostream|cxxabi|unwind|driver|include|tests|docs|bench|examples|cmake|man|'
 for document in $(documents); do
   text_of "$document" | grep -oE '`[^` ]+`' | tr -d '\140' | grep -E "^(${folders%|})/" | grep -vE 'NAME|FOLDER' | sort -u | while read -r name; do
     compgen -G "$PLX_SOURCE/$name" > found && continue
@@ -84,13 +84,21 @@ awk -v version="$version" '
   END { if (!released) print "no release" }' "$PLX_SOURCE/CHANGELOG.md" > missing
 [ ! -s missing ] || wrong "CHANGELOG.md: $(cat missing)"
 
-# Names of the contract: everything that the header declares or defines, except the parts that make other names.
-grep -oE '\b(_[_A-Za-z][A-Za-z0-9_]+|PLX_[A-Z_]+[A-Z])\b' "$PLX_SOURCE/include/plx/runtime.h" | sort -u |
+# Names of the contract: guide and reference tell of everything that the header declares or defines, except the parts that
+# make other names; the reference's tables have a row for each function and datum, and for nothing else.
+names_of() { grep -oE '\b(_[_A-Za-z][A-Za-z0-9_]+|PLX_[A-Z_]+[A-Z])\b' | sort -u; }
+names_of < "$PLX_SOURCE/include/plx/runtime.h" |
   grep -vE '^(PLX_(LAYOUT_ASSERT|NORETURN|RUNTIME_H|DECLARE_TYPE)|_CONST|_VOLATILE|_ZTS|__GNUC__|__cplusplus|__noreturn__|_dtor|_ref)$' |
-  while read -r name; do grep -qF -- "$name" "$PLX_SOURCE/docs/protocol.md" || echo "$name"; done > missing
-[ ! -s missing ] || wrong "docs/protocol.md does not tell of $(tr '\n' ' ' < missing)"
+  while read -r name; do grep -qF -- "$name" "$PLX_SOURCE"/docs/{protocol,reference}.md || echo "$name"; done > missing
+[ ! -s missing ] || wrong "the contract's documents do not tell of $(tr '\n' ' ' < missing)"
+gcc -m32 -E -P -I "$PLX_SOURCE/include" -include plx/runtime.h -x c /dev/null | tr '\n' ' ' | tr ';' '\n' > declarations
+gcc -m32 -E -P -I "$PLX_SOURCE/include" -include setjmp.h -include stddef.h -include stdio.h -x c /dev/null | names_of > not_ours
+names_of < declarations | grep -vxFf not_ours | grep -vE '^(__TID?_|__visibility__|__attribute__|__noreturn__|__builtin_)' > declared
+awk -F '|' '/^\| `/ { print $2 }' "$PLX_SOURCE/docs/reference.md" | names_of > told
+[ "$(wc -l < told)" -ge 60 ] || wrong "docs/reference.md: only $(wc -l < told) names"
+diff declared told > missing || wrong "docs/reference.md (>) has other entry points than the header (<): $(cat missing)"
 # And what it names is exported.
 cut -d ' ' -f 1 "$PLX_SOURCE/tests/symbols/exported.txt" > exported
-grep -oE '`_Z[A-Za-z0-9_]+`' "$PLX_SOURCE/docs/protocol.md" | tr -d '\140' | sort -u | grep -vxFf exported > missing
-[ ! -s missing ] || wrong "docs/protocol.md names what is not exported: $(tr '\n' ' ' < missing)"
+grep -ohE '`_Z[A-Za-z0-9_]+`' "$PLX_SOURCE"/docs/{protocol,reference}.md | tr -d '\140' | sort -u | grep -vxFf exported > missing
+[ ! -s missing ] || wrong "a document of the contract names what is not exported: $(tr '\n' ' ' < missing)"
 finish
