@@ -19,8 +19,8 @@ __pbase_type_info::~__pbase_type_info() {}
 __pointer_type_info::~__pointer_type_info() {}
 __pointer_to_member_type_info::~__pointer_to_member_type_info() {}
 
-// Objects that were loaded apart have records, and names, of their own for one class. Types that only one file knows are
-// not the same for having the same name: g++ marks them, and clang's are in an unnamed namespace.
+// Objects that were loaded apart have records, and names, of their own for one class. Types that only one file knows
+// are not the same for having the same name: g++ marks them, and clang's are in an unnamed namespace.
 bool abi_type_info::is_same_text(const abi_type_info *other) const {
   return *_name_ != '*' && strcmp(_name_, other->_name_) == 0 && !strstr(_name_, "_GLOBAL__N_");
 }

@@ -17,7 +17,8 @@ public:
   virtual const __pbase_type_info *as_any_pointer() const;  // also pointers to members
   virtual bool is_function() const;
 
-  // The type's encoded name, as the C++ ABI writes it. A star before it is g++'s mark of a type that no other file knows.
+  // The type's encoded name, as the C++ ABI writes it. A star before it is g++'s mark of a type that no other file
+  // knows.
   const char *encoded_name() const { return _name_ + (*_name_ == '*'); }
   bool has_same_name(const abi_type_info *other) const {
     return _name_ == other->_name_ || (*_name_ == *other->_name_ && is_same_text(other));

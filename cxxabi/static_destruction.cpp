@@ -1,5 +1,5 @@
-// Static objects of C++ go to the same list as those of generated code, so that all die in one order: at exit, or when the
-// shared object is unloaded that they belong to (unwind/start.cpp).
+// Static objects of C++ go to the same list as those of generated code, so that all die in one order: at exit, or when
+// the shared object is unloaded that they belong to (unwind/start.cpp).
 
 #include <stdlib.h>
 
@@ -8,8 +8,8 @@
 
 namespace {
 
-// Records are carved from blocks, each twice as long as the one before; the first serves most programs without the heap.
-// A record that has run is free again, which its link says.
+// Records are carved from blocks, each twice as long as the one before; the first serves most programs without the
+// heap. A record that has run is free again, which its link says.
 struct a_block {
   a_block *older;
   unsigned count;

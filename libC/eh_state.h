@@ -28,8 +28,8 @@ enum class a_pending_step : unsigned char {
 
 // How to get to a landing.
 enum a_pace : unsigned char {
-  fast_pace,        // load the registers and jump
-  slow_pace,        // first there are entries to unwind, or waits to end
+  fast_pace,         // load the registers and jump
+  slow_pace,         // first there are entries to unwind, or waits to end
   no_more_landings,  // this is the place after the last recorded landing, and holds nothing else
   more_landings      // the same, and there are landings for which there was no room
 };
@@ -42,8 +42,8 @@ struct a_landing {
   unsigned landing_pad;
   int selector;                   // of an entry its clause; 0 where nobody handles the exception
   an_eh_stack_entry *next_entry;  // the first entry outside of the frame; without a landing pad the handler
-  unsigned cfa;                  // of the frame; its canonical frame address
-  unsigned address;              // the return address in it
+  unsigned cfa;                   // of the frame; its canonical frame address
+  unsigned address;               // the return address in it
 };
 
 static_assert(sizeof(a_landing) == 44 && offsetof(a_landing, ebx) == 4 && offsetof(a_landing, selector) == 28,

@@ -19,7 +19,7 @@ using namespace __zor;
 namespace __zor {
 void (*throw_across_frames)(a_throw_stack_entry *, const a_saved_frame *);
 unsigned address_without_table;
-}
+}  // namespace __zor
 
 namespace {
 

@@ -4,8 +4,8 @@
 //
 // Code that runs on behalf of an entry (the construction of its object, the unexpected handler, its destructor) can be
 // left by a newer exception. Each such entry waits at the head that the eh stack had then; unwinding that reaches this
-// point, or a C++ frame above it, ends the wait. Comparing positions while unwinding, not addresses of try blocks later,
-// is what makes it safe: a later call may well put another try block at the same stack address.
+// point, or a C++ frame above it, ends the wait. Comparing positions while unwinding, not addresses of try blocks
+// later, is what makes it safe: a later call may well put another try block at the same stack address.
 //
 // What every throw does is inline.
 #pragma once

@@ -47,7 +47,8 @@ a_call_site an_exception_table::find_call_site(unsigned address) {
     const unsigned action = reader.uleb();
     if (reader.failed() || address < start) break;
     if (address - start < length)
-      return {true, landing_pad ? landing_base_ + landing_pad : 0, action ? at_distance(actions_, action - 1) : nullptr};
+      return {true, landing_pad ? landing_base_ + landing_pad : 0,
+              action ? at_distance(actions_, action - 1) : nullptr};
   }
   if (reader.failed()) damaged_ = true;
   return {false, 0, nullptr};

@@ -1,4 +1,5 @@
-// The exception table (LSDA) of a function of C++: for each of its calls the landing pad, and what the landing pad takes.
+// The exception table (LSDA) of a function of C++: for each of its calls the landing pad, and what the landing pad
+// takes.
 //
 //   landing pads relative to | type table | call-site encoding | length of the call sites
 //   call sites: (start, length, landing pad, action)...     action 0: clean-up only, else 1 + offset into the actions

@@ -1,5 +1,5 @@
-// DWARF expressions, as unwind tables have them (DWARF 4, 2.5): of realigned frames, of signal frames, of the C library's
-// assembly. What needs a debugger, a second frame or floating point is refused.
+// DWARF expressions, as unwind tables have them (DWARF 4, 2.5): of realigned frames, of signal frames, of the C
+// library's assembly. What needs a debugger, a second frame or floating point is refused.
 
 #include "frame_rules.h"
 

@@ -1,4 +1,5 @@
-// Runs the instructions of unwind tables (DWARF 4, 6.4.2, and the GNU ones) up to an address, and applies what they say.
+// Runs the instructions of unwind tables (DWARF 4, 6.4.2, and the GNU ones) up to an address, and applies what they
+// say.
 
 #include "frame_rules.h"
 
@@ -200,7 +201,8 @@ bool find_rules(const an_object &object, const a_frame_entry &entry, unsigned ad
   __builtin_memcpy(machine.initial, rules.registers, sizeof machine.initial);
   machine.location = entry.start;
   if (!machine.run(entry.instructions, address)) return false;
-  return rules.cfa.kind == a_rule::is_expression || (rules.cfa.kind == a_rule::in_register && rules.cfa.reg < register_eip);
+  return rules.cfa.kind == a_rule::is_expression ||
+         (rules.cfa.kind == a_rule::in_register && rules.cfa.reg < register_eip);
 }
 
 bool find_cfa(const a_frame_rules &rules, const a_machine_frame &frame, unsigned &cfa) {

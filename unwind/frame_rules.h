@@ -1,5 +1,5 @@
-// What an unwind table says of one address: where the frame's canonical address (CFA) is, and how the caller's registers
-// are found from it.
+// What an unwind table says of one address: where the frame's canonical address (CFA) is, and how the caller's
+// registers are found from it.
 #pragma once
 
 #include "frame_table.h"
@@ -9,13 +9,13 @@ namespace __zor {
 
 struct a_rule {
   enum a_kind : unsigned char {
-    same,              // as in this frame
-    undefined,         // lost; of the return address: there is no caller
-    at_offset,         // in memory at CFA + offset
-    is_offset,         // CFA + offset
-    in_register,       // in register + offset; of the CFA: the usual form
-    at_expression,     // in memory where the expression says
-    is_expression,     // what the expression says
+    same,           // as in this frame
+    undefined,      // lost; of the return address: there is no caller
+    at_offset,      // in memory at CFA + offset
+    is_offset,      // CFA + offset
+    in_register,    // in register + offset; of the CFA: the usual form
+    at_expression,  // in memory where the expression says
+    is_expression,  // what the expression says
   };
 
   a_kind kind;

@@ -136,7 +136,7 @@ a_lookup find_frame_entry(const an_object &object, unsigned address, a_frame_ent
     return find_by_scan(object, reinterpret_cast<const byte *>(table), address, entry);
 
   struct __attribute__((__packed__)) an_index_entry {  // a damaged one lies anywhere
-    unsigned function, entry;  // relative to the index
+    unsigned function, entry;                          // relative to the index
   };
   const auto *first = reinterpret_cast<const an_index_entry *>(reader.at());
   if (count > 0x8000000 || !object.range.holds(first, count * sizeof *first)) return a_lookup::damaged;

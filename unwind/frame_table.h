@@ -8,7 +8,7 @@ namespace __zor {
 
 // A loaded object, as far as its tables need it.
 struct an_object {
-  a_range range;     // all of it
+  a_range range;      // all of it
   const byte *index;  // .eh_frame_hdr; null: it has no tables
   void *map;          // the dynamic linker's handle of it
 };
@@ -23,7 +23,7 @@ struct a_frame_entry {
   unsigned code_alignment;
   int data_alignment;
   unsigned return_column;
-  unsigned personality;  // 0: none
+  unsigned personality;      // 0: none
   unsigned exception_table;  // 0: none
   bool is_signal_frame;
 };

@@ -1,6 +1,6 @@
 // What our frames do when another unwinder passes: an exception of another library, or the end of a thread. They clean
-// up, and take part in nothing else: handlers, catch (...) too, are for our own exceptions. Those never come here, since
-// the walk reads the tables itself; the name of this function tells it whose they are.
+// up, and take part in nothing else: handlers, catch (...) too, are for our own exceptions. Those never come here,
+// since the walk reads the tables itself; the name of this function tells it whose they are.
 
 #include <plx/config.h>
 

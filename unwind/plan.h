@@ -1,8 +1,8 @@
 // What a throw needs at one return address, found out once and remembered: where the caller's registers are, and what
 // the exception table says of the call.
 //
-// Most frames need only the first lines: their CFA is a register and an offset, and what they saved lies right below it.
-// The rest of a plan is read where an exception lands.
+// Most frames need only the first lines: their CFA is a register and an offset, and what they saved lies right below
+// it. The rest of a plan is read where an exception lands.
 #pragma once
 
 #include "exception_table.h"
@@ -39,7 +39,7 @@ struct a_plan {
   const void *type;  // of the first clause; null: any
   int selector;      // that the first clause lands with
   const byte *action;
-  unsigned function;              // for the exception table
+  unsigned function;  // for the exception table
   const byte *exception_table;
   a_range range;
   a_frame_rules *rules;

@@ -33,8 +33,8 @@ bool is_plain(const a_frame_entry &entry, const a_frame_rules &rules) {
   return true;
 }
 
-// Functions that align their stack, such as every main of gcc, keep their CFA in memory: an expression of two operations
-// (DW_OP_breg with an offset, DW_OP_deref).
+// Functions that align their stack, such as every main of gcc, keep their CFA in memory: an expression of two
+// operations (DW_OP_breg with an offset, DW_OP_deref).
 bool is_realigned(const a_frame_rules &rules, a_plan &plan) {
   if (rules.cfa.kind != a_rule::is_expression) return false;
   a_byte_reader reader(rules.range, rules.cfa.expression);
@@ -88,7 +88,9 @@ bool take_handling(const a_frame_entry &entry, unsigned address, a_plan &plan) {
     const int filter = table.next_action(next);
     plan.action = site.action;
     plan.selector = filter;
-    plan.handling = filter == 0 && !next ? a_plan::clean_up : filter > 0 && !next ? a_plan::one_clause : a_plan::clauses;
+    plan.handling = filter == 0 && !next  ? a_plan::clean_up
+                    : filter > 0 && !next ? a_plan::one_clause
+                                          : a_plan::clauses;
     if (filter > 0) plan.type = table.type(static_cast<unsigned>(filter));
   }
   return true;

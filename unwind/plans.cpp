@@ -1,6 +1,6 @@
 // The memory of plans: a hash table by return address that grows with the program, up to a bound. Beyond it the oldest
-// plan makes room for each new one, so that a program with more throwing calls than that pays for some of them again and
-// not for all. A plan stays where it is when the table grows: other plans point to it.
+// plan makes room for each new one, so that a program with more throwing calls than that pays for some of them again
+// and not for all. A plan stays where it is when the table grows: other plans point to it.
 //
 // Nothing here needs memory to be right: without it a plan is made for the moment.
 
@@ -21,8 +21,8 @@ a_plan *chunks[(most_plans - first_plans) / chunk_plans];
 
 a_plan **index_ = initial_index;
 unsigned index_mask = 4 * first_plans - 1;
-unsigned known_plans;   // in use, from the first on
-unsigned oldest_plan;   // the next to give way, once all are in use
+unsigned known_plans;  // in use, from the first on
+unsigned oldest_plan;  // the next to give way, once all are in use
 
 a_plan momentary_plan;
 a_frame_rules momentary_rules;

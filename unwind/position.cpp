@@ -7,8 +7,8 @@
 namespace __zor {
 namespace {
 
-// A throw stands where it was thrown until it lands, and then, while the clean-up runs, at the end of the frame: handlers
-// that were inlined into the clean-up come before it, and what leaves the frame meets it.
+// A throw stands where it was thrown until it lands, and then, while the clean-up runs, at the end of the frame:
+// handlers that were inlined into the clean-up come before it, and what leaves the frame meets it.
 unsigned position_of_marker(const an_eh_stack_entry *marker) {
   auto *thrown = reinterpret_cast<a_throw_stack_entry *>(reinterpret_cast<unsigned>(marker) -
                                                          offsetof(a_throw_stack_entry, marker));

@@ -75,9 +75,9 @@ a_verdict choose_by_actions(const a_plan *plan, a_throw_stack_entry *thrown, int
     const int filter = table.next_action(at);
     if (filter == 0) {
       has_cleanup = true;
-    } else if (filter > 0 ? catch_clause_matches(table.type(static_cast<unsigned>(filter)), thrown,
-                                                 &state_of(thrown).adjusted)
-                          : !allowed_by(table, filter, thrown)) {
+    } else if (filter > 0
+                   ? catch_clause_matches(table.type(static_cast<unsigned>(filter)), thrown, &state_of(thrown).adjusted)
+                   : !allowed_by(table, filter, thrown)) {
       selector = filter;
       return a_verdict::handle;
     }
@@ -132,8 +132,7 @@ struct a_recorder {
 //   entry(entry, frame, plan, cfa)         whether the walk ends at this entry
 //   frame(frame, plan, cfa, entry)         whether it ends in this frame, which has a landing pad or must not be left
 //   end(frame, plan, entry)                there are no more frames
-template <class Visitor>
-inline void walk(a_machine_frame &frame, an_eh_stack_entry *entry, Visitor &visitor) {
+template <class Visitor> inline void walk(a_machine_frame &frame, an_eh_stack_entry *entry, Visitor &visitor) {
   const unsigned stack_pointer = frame.registers[register_esp];
   const unsigned stack_end = reinterpret_cast<unsigned>(__libc_stack_end);
   unsigned entry_position = entry ? position_of(entry, stack_pointer) : 0xFFFFFFFF;

@@ -1,5 +1,5 @@
-// What compilers call for a static object. It is linked into each program and shared object of C++ because the C library
-// has a function of the same name, which shared objects of C must go on calling. Static programs have
+// What compilers call for a static object. It is linked into each program and shared object of C++ because the C
+// library has a function of the same name, which shared objects of C must go on calling. Static programs have
 // cxxabi/archive/cxa_atexit.cpp in its place.
 
 extern "C" {

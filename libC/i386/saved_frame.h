@@ -14,6 +14,7 @@ static_assert(sizeof(a_saved_frame) == 32, "four pushes below the return address
 
 // A function NAME that saves the frame of its caller and calls TARGET(const a_saved_frame *), a function of C with
 // regparm, which never returns. The stack is aligned there as the ABI asks.
+// clang-format off
 #define PLX_ENTRY_THAT_THROWS(name, target)  \
   __asm__(                                   \
       ".text\n\t"                            \
@@ -42,4 +43,5 @@ static_assert(sizeof(a_saved_frame) == 32, "four pushes below the return address
       ".cfi_endproc\n\t"                     \
       ".size " name ", . - " name "\n")
 
+// clang-format on
 }  // namespace __zor

@@ -1,5 +1,5 @@
-// The entry points by which generated code and the library throw: they save the frame of their caller, where a walk over
-// frames of C++ begins.
+// The entry points by which generated code and the library throw: they save the frame of their caller, where a walk
+// over frames of C++ begins.
 
 #include "saved_frame.h"
 

@@ -1,5 +1,5 @@
-// A static program is one object, and stays. What the C library tells of it covers its code, and not its tables. Beside it
-// the kernel has put an object with the frames of signals.
+// A static program is one object, and stays. What the C library tells of it covers its code, and not its tables. Beside
+// it the kernel has put an object with the frames of signals.
 
 #include <dlfcn.h>
 

@@ -1,14 +1,16 @@
-// How a landing pad is entered, and how it goes on: the registers of its frame, the exception in eax and the selector in
-// edx (the C++ ABI for this processor).
+// How a landing pad is entered, and how it goes on: the registers of its frame, the exception in eax and the selector
+// in edx (the C++ ABI for this processor).
 #pragma once
 
 #include "../../libC/eh_state.h"
 
 // %ecx is the landing, %eax the exception; `r` is what a register's name begins with.
 //
-// While the registers are loaded, some are the old frame's and some the new one's. A debugger or profiler that looks then
-// is told that the caller is the frame that is landed in, and finds its registers (DWARF's 3, 6, 7, 5) in the landing.
-// What it takes for a return address, 8, is a byte behind the landing pad's first: it looks one byte before that.
+// While the registers are loaded, some are the old frame's and some the new one's. A debugger or profiler that looks
+// then is told that the caller is the frame that is landed in, and finds its registers (DWARF's 3, 6, 7, 5) in the
+// landing. What it takes for a return address, 8, is a byte behind the landing pad's first: it looks one byte before
+// that.
+// clang-format off
 #define PLX_LAND(r)                                         \
   ".cfi_remember_state\n\t"                                 \
   ".cfi_escape 0x0f, 3, 0x71, 20, 0x06\n\t"                 \
@@ -61,6 +63,7 @@
       "hlt\n\t"                          \
       ".cfi_endproc\n\t"                 \
       ".size " name ", . - " name "\n")
+// clang-format on
 
 namespace __zor {
 

@@ -1,6 +1,6 @@
-// The start and the end of a program or shared object of C++, linked into each: -lplx and the drivers ask the linker for
-// this unit by its symbol. A main that a C++ compiler made makes no start-up call, so all that comes before the first
-// static object is here.
+// The start and the end of a program or shared object of C++, linked into each: -lplx and the drivers ask the linker
+// for this unit by its symbol. A main that a C++ compiler made makes no start-up call, so all that comes before the
+// first static object is here.
 
 #include <plx/config.h>
 

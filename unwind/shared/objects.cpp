@@ -1,5 +1,5 @@
-// The objects that the dynamic linker loaded, and whose code may be remembered. An object that can be unloaded, and does
-// not tell, would leave plans behind for whatever is loaded at its addresses next; so only two sorts of object are
+// The objects that the dynamic linker loaded, and whose code may be remembered. An object that can be unloaded, and
+// does not tell, would leave plans behind for whatever is loaded at its addresses next; so only two sorts of object are
 // remembered: those that the program started with, which stay to its end, and those with the start-up object of C++
 // (program/start.cpp), whose end forgets.
 
@@ -18,7 +18,7 @@ const link_map *last_of_start;  // of the dynamic linker's list, which grows at 
 void *later_objects[most_objects];
 unsigned later_count;
 
-const ElfW(Dyn) *find_dynamic(const ElfW(Dyn) *at, int tag) {
+const ElfW(Dyn) * find_dynamic(const ElfW(Dyn) * at, int tag) {
   while (at->d_tag != tag && at->d_tag != DT_NULL) ++at;
   return at->d_tag == tag ? at : nullptr;
 }
