@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <ucontext.h>
 
 #define APART __attribute__((__noinline__))
 
@@ -187,6 +188,38 @@ static void signals(int n) {
   hidden(n);
 }
 
+// A stack of its own, from which exceptions do not lead back.
+static ucontext_t caller, coroutine;
+static void run_coroutine() {
+  for (int i = 0; i < 3; ++i) {
+    try {
+      noisy local(20);
+      hidden(i + 1);
+    } catch (int k) {
+      std::printf("coroutine %d ", k);
+      swapcontext(&coroutine, &caller);
+    }
+  }
+}
+static void coroutines(int n) {
+  static char stack[1 << 16];
+  getcontext(&coroutine);
+  coroutine.uc_stack.ss_sp = stack;
+  coroutine.uc_stack.ss_size = sizeof stack;
+  coroutine.uc_link = &caller;
+  makecontext(&coroutine, run_coroutine, 0);
+  for (int i = 0; i < 3; ++i) {
+    try {
+      noisy local(21);
+      swapcontext(&caller, &coroutine);
+      hidden(n);
+    } catch (int k) {
+      std::printf("caller %d ", k);
+    }
+  }
+  hidden(n);
+}
+
 // A large exception table, with many types and handlers.
 static unsigned destroyed;
 struct counted {
@@ -254,7 +287,7 @@ int main() {
   } shapes[] = {{"variable length", variable_length}, {"realigned", realigned}, {"arguments", arguments},
                 {"hot and cold", split}, {"conventions", conventions}, {"inlining", inlining}, {"sorting", sorting},
                 {"C", in_plain_c}, {"nested C", in_nested_c}, {"registers of C", in_registers_c},
-                {"C that cleans up", in_cleanup_c}, {"signals", signals}, {"large table", large_table}, {"deep", deep}};
+                {"C that cleans up", in_cleanup_c}, {"signals", signals}, {"coroutines", coroutines}, {"large table", large_table}, {"deep", deep}};
   wide local;
   for (int i = 0; i < 16; ++i) local.values[i] = i;
   for (unsigned i = 0; i < 2 * sizeof shapes / sizeof *shapes; ++i) {

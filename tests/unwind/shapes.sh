@@ -1,9 +1,9 @@
 #!/bin/bash
-# Frames of every shape (shapes.cc, shapes_c.c), by both compilers with options that shape them: the trace is the host
+# Frames of every shape (shapes.cc, worlds/shapes_c.c), by both compilers with options that shape them: the trace is the host
 # library's. Then code without tables, where the search ends.
 . "$PLX_SOURCE/tests/driver/common.bash"
 here=$PLX_SOURCE/tests/unwind
-gcc -m32 -O2 -fPIC -fexceptions -c "$here/shapes_c.c" -o shapes_c.o || exit 1
+gcc -m32 -O2 -fPIC -fexceptions -c "$here/worlds/shapes_c.c" -o shapes_c.o || exit 1
 g++ -m32 -w -O0 -fnon-call-exceptions "$here/shapes.cc" shapes_c.o -o host 2> log && ./host > want || exit 1
 
 while read -r flags; do
