@@ -1,6 +1,6 @@
 // What runs in which order when exceptions pass: each body prints a trace, and the host's library says the right one.
 // Every step of an object also tells std::uncaught_exception (a star), and every body how many objects it left behind.
-// prints: 111 lines
+// prints: 37 lines
 // test-variants: -O0 | -O2 -fomit-frame-pointer
 #include <exception>
 #include <stdarg.h>
@@ -188,7 +188,7 @@ struct busy {
   explicit busy(int k) : n(k) {}
   ~busy() {
     say("d%d", n);
-    try { noisy inner(n); fail(n); } catch (noisy &e) { say("in%d:%s", e.n, sort_out()); }
+    try { noisy inner(n); fail(n); } catch (noisy &e) { say("in:%s", sort_out()); say("%d", e.n); }
     say("e%d", n);
   }
 };
@@ -214,9 +214,9 @@ BODY(destructors_that_ask) {
   try { throw 1; } catch (int) {
     asks a(1);
     try { asks b(2); fail(3); } catch (noisy &) { asks c(3); }
-    try { asks d(4); throw; } catch (int) { asks e(5); }
+    try { throw; } catch (int) { asks e(5); }
     try {
-      try { asks f(6); fail(57); } catch (noisy &) { asks g(7); throw; }
+      try { asks f(6); fail(57); } catch (noisy &) { { asks g(7); } throw; }
     } catch (special &) { asks h(8); }
   }
 }
@@ -291,7 +291,6 @@ BODY(copy_for_the_throw_fails) {
     catch (fragile &) { say("fragile"); }
     catch (int k) { say("int%d", k); }
   }
-  try { throw; say("wrong"); } catch (...) { say("wrong"); }
 }
 struct troubled {
   noisy part;
