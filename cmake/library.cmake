@@ -34,7 +34,8 @@ endif()
 file(GLOB PLX_SELDOM_RUN RELATIVE ${CMAKE_SOURCE_DIR}
   locale/money*.cpp locale/time*.cpp locale/messages*.cpp locale/locale*.cpp locale/imp.cpp locale/collate.cpp locale/codecvt.cpp
   locale/num_put_layout.cpp exceptions/*.cpp iostream/strstream*.cpp iostream/standard_streams.cpp iostream/filebuf_open.cpp
-  iostream/ios_base.cpp iostream/*position*.cpp iostream/file_streams.cpp locale/facet*.cpp locale/numpunct.cpp libC/array.cpp
+  iostream/ios_base.cpp iostream/*position*.cpp iostream/file_streams.cpp iostream/string_streams.cpp locale/facet*.cpp
+  locale/numpunct.cpp locale/ctype.cpp libC/array.cpp
   iostream/extract_long_long.cpp libC/needed_destruction.cpp libC/uncaught_report.cpp containers/*_instances.cpp cxxabi/readable_name.cpp
   unwind/frame_*.cpp unwind/expression.cpp)
 set_property(SOURCE ${PLX_SELDOM_RUN} APPEND PROPERTY COMPILE_OPTIONS -fno-omit-frame-pointer)

@@ -5,6 +5,7 @@
 
 #include "../libC/foreign.h"
 #include "../libC/frames.h"
+#include "../libC/probe.h"
 #include "../libC/throw_stack.h"
 
 using namespace __zor;
@@ -51,6 +52,8 @@ PLX_API void __cxa_free_exception(void *object) PLX_NOTHROW {
   header->class_high = our_exception_class_high;
   header->cleanup = nullptr;
   header->native = reinterpret_cast<const a_type_info_impl *>(thrower->arguments[1]);
+  thrown->thrown = 1;
+  PLX_PROBE("throw", thrown->object, thrower->arguments[1]);
   throw_exception(thrown, thrower);
 }
 
@@ -63,12 +66,13 @@ PLX_API void *__cxa_begin_catch(an_exception_header *exception) PLX_NOTHROW {
   // Another library's, in a function that terminates.
   if (!is_ours(exception)) return exception + 1;
   a_throw_stack_entry *thrown = exception->thrown;
-  if (__curr_eh_stack_entry != &thrown->marker) assertion_failed(849);
-  __curr_eh_stack_entry = thrown->marker.next;
-  give_back_records(thrown);
   a_throw_state &state = state_of(thrown);
   thrown->handled = 1;
   state.caught = true;
+  PLX_PROBE("catch", thrown->object, exception->native);
+  if (__curr_eh_stack_entry != &thrown->marker) assertion_failed(849);
+  __curr_eh_stack_entry = thrown->marker.next;
+  give_back_records(thrown);
   return state.adjusted;
 }
 

@@ -59,7 +59,7 @@ struct an_exception_header {
   void *cleanup;                   // what others call to delete one: nothing
   a_landing *landed;               // where the exception stands on its way; null before and while entries are unwound
   a_throw_stack_entry *thrown;     // the newest throw of the object
-  const a_type_info_impl *native;  // the compiler's record of the thrown type; null for a stand-in
+  const a_type_info_impl *native;  // the compiler's record of the thrown type; a stand-in's may be a descriptor
   void *unused[2];
 };
 

@@ -21,7 +21,7 @@ struct a_detour {
   a_landing next;  // the frame's registers, stack pointer and return address
 };
 
-// Throws what is complete, from the frame of the thrower.
+// Throws what is complete and marked as thrown, from the frame of the thrower.
 [[noreturn]] void throw_exception(a_throw_stack_entry *thrown, const a_saved_frame *thrower);
 
 // Whether the search ends at this entry; then the state's `final` names it and its clause. A try without a clause list

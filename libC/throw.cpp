@@ -11,12 +11,14 @@
 #include "foreign.h"
 #include "frames.h"
 #include "i386/jump_buffer.h"
+#include "probe.h"
 #include "throw_stack.h"
 
 using namespace __zor;
 
 namespace __zor {
 void (*throw_across_frames)(a_throw_stack_entry *, const a_saved_frame *);
+unsigned address_without_table;
 }
 
 namespace {
@@ -100,6 +102,7 @@ inline __attribute__((__always_inline__)) bool looks_at(an_eh_stack_entry *entry
     if (__curr_eh_stack_entry != &thrown->marker) assertion_failed(1099);
   }
   thrown->handled = 1;
+  PLX_PROBE("catch", thrown->object, thrown->type);
   __catch_clause_number = state.final.selector;
   if (thrown->flags & PLX_TYPE_POINTER) {
     thrown->pointer_slot = state.adjusted;
@@ -168,7 +171,6 @@ void enter_handler(an_eh_stack_entry *entry, a_throw_stack_entry *thrown, a_deto
 
 void throw_exception(a_throw_stack_entry *thrown, const a_saved_frame *thrower) {
   if (!thrown->started) start(thrown);
-  thrown->thrown = 1;
   if (__curr_eh_stack_entry != &thrown->marker) assertion_failed(916);
   a_throw_state &state = state_of(thrown);
   state.final.next_entry = nullptr;
@@ -195,6 +197,8 @@ extern "C" {
   a_throw_stack_entry *thrown = curr_throw_stack_entry;
   if (!thrown) assertion_failed(916);
   end_wait(thrown);
+  thrown->thrown = 1;
+  PLX_PROBE("throw", thrown->object, thrown->type);
   throw_exception(thrown, thrower);
 }
 

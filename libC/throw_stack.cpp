@@ -2,6 +2,8 @@
 
 #include "throw_stack.h"
 
+#include "probe.h"
+
 namespace __zor {
 
 a_throw_stack_entry *curr_throw_stack_entry;
@@ -65,9 +67,14 @@ a_throw_stack_entry *push_rethrow(a_throw_stack_entry *source) {
   thrown->reference_count = 0;
   thrown->is_rethrow = 1;
   ++source->reference_count;
+  thrown->thrown = 1;
   if (state_of(source).has_header) {
+    an_exception_header *header = state_of(source).exception;
     state_of(thrown).has_header = true;
-    state_of(thrown).exception = state_of(source).exception;
+    state_of(thrown).exception = header;
+    PLX_PROBE("rethrow", thrown->object, header->native);
+  } else {
+    PLX_PROBE("rethrow", thrown->object, thrown->type);
   }
   return thrown;
 }

@@ -7,6 +7,7 @@
 #include <unistd.h>
 
 #include "foreign.h"
+#include "frames.h"
 #include "throw_stack.h"
 
 namespace __zor {
@@ -52,6 +53,11 @@ void report_uncaught_exception() {
   print(line, sizeof line,
         snprintf(line, sizeof line, "plx: uncaught exception of type %s%s%s\n", name, text ? ": " : "",
                  text ? text : ""));
+  if (!address_without_table) return;
+  const char *function = function_at(address_without_table - 1);
+  print(line, sizeof line,
+        snprintf(line, sizeof line, "plx: the search for a handler ended at 0x%x%s%s%s: no unwind table there\n",
+                 address_without_table, function ? " (" : "", function ? function : "", function ? ")" : ""));
 }
 
 void report_termination(const char *reason) {

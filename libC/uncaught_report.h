@@ -5,8 +5,12 @@
 
 namespace __zor {
 
-// Prints one line about the exception that was thrown last, if there is one, to standard error.
+// Prints one line about the exception that was thrown last, if there is one, to standard error, and one about code that
+// no exception can leave, if that is why nobody handled it.
 void report_uncaught_exception();
+
+// The function that holds the address, as far as the dynamic linker knows; null elsewhere.
+const char *function_at(unsigned address);
 
 // Prints "plx: terminated: " and the reason.
 void report_termination(const char *reason);

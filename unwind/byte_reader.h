@@ -16,6 +16,11 @@ struct a_range {
   }
 };
 
+// Tables name places by distances, and a damaged one any distance: this is the address, wherever it is.
+inline const byte *at_distance(const byte *from, unsigned distance) {
+  return reinterpret_cast<const byte *>(reinterpret_cast<unsigned>(from) + distance);
+}
+
 // Encodings of pointers (DW_EH_PE_...): the low four bits a format, the next three what it is relative to.
 enum a_pointer_encoding : byte {
   pointer_absolute = 0x00,
@@ -100,9 +105,10 @@ public:
       default: fail();
     }
     if (encoding & pointer_indirect) {
-      const auto *slot = reinterpret_cast<const unsigned *>(value);
-      if (!range_.holds(slot, sizeof *slot)) fail();
-      value = failed_ ? 0 : *slot;
+      const void *slot = reinterpret_cast<const void *>(value);
+      if (!range_.holds(slot, sizeof value)) fail();
+      if (failed_) return 0;
+      __builtin_memcpy(&value, slot, sizeof value);
     }
     return value;
   }

@@ -27,13 +27,13 @@ an_exception_table::an_exception_table(const a_range &range, const byte *table, 
   type_encoding_ = reader.u8();
   if (type_encoding_ != pointer_omitted) {
     const unsigned offset = reader.uleb();
-    types_ = reader.at() + offset;
+    types_ = at_distance(reader.at(), offset);
     if (!range.holds(reader.at(), offset)) reader.fail();
   }
   call_site_encoding_ = reader.u8();
   const unsigned length = reader.uleb();
   call_sites_ = reader.at();
-  actions_ = call_sites_ + length;
+  actions_ = at_distance(call_sites_, length);
   if (!range.holds(call_sites_, length)) reader.fail();
   damaged_ = reader.failed();
 }
@@ -47,7 +47,7 @@ a_call_site an_exception_table::find_call_site(unsigned address) {
     const unsigned action = reader.uleb();
     if (reader.failed() || address < start) break;
     if (address - start < length)
-      return {true, landing_pad ? landing_base_ + landing_pad : 0, action ? actions_ + action - 1 : nullptr};
+      return {true, landing_pad ? landing_base_ + landing_pad : 0, action ? at_distance(actions_, action - 1) : nullptr};
   }
   if (reader.failed()) damaged_ = true;
   return {false, 0, nullptr};
@@ -58,7 +58,7 @@ int an_exception_table::next_action(const byte *&at) const {
   const int filter = reader.sleb();
   const byte *place = reader.at();
   const int displacement = reader.sleb();
-  at = displacement ? place + displacement : nullptr;
+  at = displacement ? at_distance(place, static_cast<unsigned>(displacement)) : nullptr;
   return filter;
 }
 
@@ -93,7 +93,7 @@ bool an_exception_table::check_actions(const byte *action) const {
         if (!read_type(index, type)) return false;
       if (list.failed()) return false;
     }
-    action = displacement ? place + displacement : nullptr;
+    action = displacement ? at_distance(place, static_cast<unsigned>(displacement)) : nullptr;
   }
   return true;
 }

@@ -33,7 +33,7 @@ public:
   const void *type(unsigned index) const;
 
   // The list of allowed types of a negative filter: uleb indices, ended by 0.
-  const byte *allowed_types(int filter) const { return types_ - filter - 1; }
+  const byte *allowed_types(int filter) const { return at_distance(types_, ~static_cast<unsigned>(filter)); }
 
   // One step along a chain of actions: the filter of the action at `at`, which becomes the next or null.
   int next_action(const byte *&at) const;

@@ -126,6 +126,13 @@ bool evaluate(const a_range &range, const byte *expression, const a_machine_fram
     else
       on.push((reg == register_eip ? frame.address : frame.registers[reg]) + static_cast<unsigned>(offset));
   };
+  auto push_word = [&](unsigned address, unsigned size) {
+    if (on.failed || size > sizeof(unsigned) || !is_on_stack(frame, address)) return false;
+    unsigned word = 0;
+    __builtin_memcpy(&word, reinterpret_cast<const void *>(address), size);
+    on.push(word);
+    return true;
+  };
   auto jump = [&](int distance) {
     const byte *target = reader.at() + distance;
     reader = a_byte_reader(code, target);
@@ -159,19 +166,12 @@ bool evaluate(const a_range &range, const byte *expression, const a_machine_fram
         }
         case op_deref: {
           const unsigned address = on.pop();
-          if (on.failed || !is_on_stack(frame, address)) return false;
-          on.push(*reinterpret_cast<const unsigned *>(address));
+          if (!push_word(address, sizeof(unsigned))) return false;
           break;
         }
         case op_deref_size: {
           const unsigned size = reader.u8(), address = on.pop();
-          if (on.failed || !is_on_stack(frame, address)) return false;
-          switch (size) {
-            case 1: on.push(*reinterpret_cast<const byte *>(address)); break;
-            case 2: on.push(*reinterpret_cast<const unsigned short *>(address)); break;
-            case 4: on.push(*reinterpret_cast<const unsigned *>(address)); break;
-            default: return false;
-          }
+          if (!push_word(address, size)) return false;
           break;
         }
         case op_dup: on.push(on.below(0)); break;

@@ -186,7 +186,7 @@ struct a_rule_machine {
 
 bool read_word(const a_machine_frame &frame, unsigned address, unsigned &value) {
   if (!is_on_stack(frame, address)) return false;
-  value = *reinterpret_cast<const unsigned *>(address);
+  __builtin_memcpy(&value, reinterpret_cast<const void *>(address), sizeof value);
   return true;
 }
 

@@ -44,7 +44,7 @@ bool read_common_part(const an_object &object, const byte *at, a_common_part &co
   if (*augmentation == 'z') {
     const unsigned size = reader.uleb();
     common.has_augmentation = true;
-    common.instructions = reader.at() + size;
+    common.instructions = at_distance(reader.at(), size);
     if (!entry.holds(reader.at(), size)) return false;
     while (*++augmentation) {
       // Indirect pointers lead anywhere in the object.
@@ -88,7 +88,7 @@ bool read_entry(const an_object &object, const byte *at, a_frame_entry &entry) {
   entry.exception_table = 0;
   if (common.has_augmentation) {
     const unsigned size = reader.uleb();
-    const byte *instructions = reader.at() + size;
+    const byte *instructions = at_distance(reader.at(), size);
     a_byte_reader field(object.range, reader.at());
     entry.exception_table = field.pointer(common.table_encoding, entry.start);
     if (field.failed()) return false;
@@ -135,7 +135,7 @@ a_lookup find_frame_entry(const an_object &object, unsigned address, a_frame_ent
   if (count_encoding == pointer_omitted || index_encoding != (pointer_to_data | pointer_sdata4))
     return find_by_scan(object, reinterpret_cast<const byte *>(table), address, entry);
 
-  struct an_index_entry {
+  struct __attribute__((__packed__)) an_index_entry {  // a damaged one lies anywhere
     unsigned function, entry;  // relative to the index
   };
   const auto *first = reinterpret_cast<const an_index_entry *>(reader.at());

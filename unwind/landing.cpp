@@ -22,6 +22,7 @@ inline an_exception_header *prepare_header(a_throw_stack_entry *thrown) {
     header->class_low = our_exception_class_low;
     header->class_high = our_exception_class_high;
     header->cleanup = nullptr;
+    header->native = thrown->type;  // for a debugger
     header->thrown = nullptr;
     header->landed = nullptr;
   }

@@ -21,8 +21,6 @@
 
 namespace __zor {
 
-unsigned address_without_table;
-
 namespace {
 
 inline __attribute__((__always_inline__)) a_plan *plan_of_caller(a_plan *plan, const a_machine_frame &frame) {

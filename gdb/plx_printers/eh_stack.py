@@ -1,15 +1,16 @@
-# plx eh-stack: what would happen if an exception came now, from the innermost entry outwards.
+# plx eh-stack: what would happen if an exception came now, from the innermost frame outwards: entries of the eh stack and
+# calls of C++ functions in one order, as unwind/walk.cpp draws it.
 
-from .exception_tables import allowed_names, call_site_actions
-from .frames import Frames
+from .exception_tables import ExceptionTable, Objects
+from .frames import frames
 from .layout import (
-    ARRAY, ARRAY_INFO, ARRAY_RECORD, CONTEXT, ENTRY, FOREIGN_FRAME, FUNCTION, GUARD, IN_PROGRESS, NO_REGION,
-    REGION, REGION_ARRAY, REGION_CLEAR, REGION_CONDITIONAL, REGION_DEALLOCATE, REGION_INDIRECT, SPECIFICATION,
-    TERMINATE_BARRIER, THROW, TRY_BLOCK, UNEXPECTED_GUARD, Record,
+    ARRAY, ARRAY_INFO, ARRAY_RECORD, DETOUR, DETOUR_ENTRY, ENTRY, FUNCTION, GUARD, HEADER, IN_PROGRESS, LANDING,
+    NO_REGION, PLAN, REGION, REGION_ARRAY, REGION_CLEAR, REGION_CONDITIONAL, REGION_DEALLOCATE, REGION_INDIRECT,
+    SPECIFICATION, TERMINATE_BARRIER, THROW, TRY_BLOCK, UNEXPECTED_GUARD, Record,
 )
 from .memory import Invalid, named_address, number
 from .roots import current_region, eh_stack
-from .throw_stack import described_throw
+from .throw_stack import described_throw, state_of
 from .type_names import clause_names
 
 _MOST_REGIONS = 1000
@@ -89,68 +90,135 @@ def _array(entry, region):
     )
 
 
-def _foreign_frame(entry, region):
-    context = Record(CONTEXT, entry.address - CONTEXT["next"][0])
-    yield "C++ frame"
-    call_site = context["call_site"]
-    if call_site <= 0:
-        yield "nothing to do here"
-        return
-    for action in call_site_actions(context["exception_table"], call_site):
-        yield action
-
-
 def _unexpected_guard(entry, region):
     guard = Record(GUARD, entry.address)
+    plan = Record(PLAN, guard["plan"])
     yield "unexpected handler at work"
-    yield "throw (%s)" % ", ".join(allowed_names(guard["allowed"], guard["types"]))
+    table = ExceptionTable(plan["function"], plan["exception_table"])
+    yield "throw (%s)" % ", ".join(table.allowed_names(guard["filter"]))
 
 
 def _terminate_barrier(entry, region):
     yield "terminate handler at work"
 
 
+def _detour(entry, region):
+    yield "unexpected handler at work"
+    yield "frames that are done with are left out"
+
+
 _KINDS = {
     TRY_BLOCK: _try_block, FUNCTION: _function, SPECIFICATION: _specification, IN_PROGRESS: _in_progress, ARRAY: _array,
-    FOREIGN_FRAME: _foreign_frame, UNEXPECTED_GUARD: _unexpected_guard, TERMINATE_BARRIER: _terminate_barrier,
+    DETOUR_ENTRY: _detour, UNEXPECTED_GUARD: _unexpected_guard, TERMINATE_BARRIER: _terminate_barrier,
 }
 
 
-def _where(frames, entry, kind):
-    if kind in (IN_PROGRESS, TERMINATE_BARRIER):
-        return ""
-    if kind == FOREIGN_FRAME:
-        context = Record(CONTEXT, entry.address - CONTEXT["next"][0])
-        return frames.of_code(context["landing_address"], entry.address)
-    return frames.around(entry.address)
+def _marker_position(address):
+    """Where an exception stands: in the frame that it has landed in; before that where it was thrown."""
+    thrown = Record(THROW, address - THROW["marker"][0])
+    state = state_of(thrown)
+    if state["exception"]:
+        header = Record(HEADER, state["exception"])
+        if header["thrown"] == thrown.address and header["landed"]:
+            return Record(LANDING, header["landed"])["cfa"]
+    return state["position"]
+
+
+class _Entries:
+    """The entries of the eh stack: the head, its place among the frames, and the region that is current there."""
+
+    def __init__(self):
+        self._region = current_region()
+        self._seen = set()
+        self._place = 0
+        self._next = eh_stack()
+        self.head = None
+        self.advance()
+
+    def advance(self):
+        self.head = None
+        if self._next == 0:
+            return
+        if self._next in self._seen:
+            raise Invalid("the eh stack goes in circles at 0x%x" % self._next)
+        self._seen.add(self._next)
+        entry = Record(ENTRY, self._next)
+        self.kind = entry["kind"]
+        if self.kind not in _KINDS:
+            raise Invalid("an entry of kind %d at 0x%x" % (self.kind, entry.address))
+        self.region = self._region
+        if self.kind == FUNCTION:
+            self._region = entry["body.function.saved_region"]
+        self._next = entry["next"]
+        self.head = entry
+
+    def place(self, stack_pointer):
+        """One that is not on the stack counts as next to the one before."""
+        if self.kind == IN_PROGRESS:
+            self._place = _marker_position(self.head.address)
+        elif self.head.address >= stack_pointer:
+            self._place = self.head.address
+        return self._place
+
+    def parts(self):
+        return _KINDS[self.kind](self.head, self.region)
+
+
+def _described(address, parts, where):
+    """One item: its first line, then its parts."""
+    text = "0x%08x  %s%s" % (address, next(parts), " in " + where if where else "")
+    try:
+        for part in parts:
+            text += "\n        " + part
+    except Exception as error:
+        text += "\n        <invalid: %s>" % (str(error) or type(error).__name__)
+    return text
+
+
+def _call(function, table, address):
+    yield "C++ frame"
+    yield from ExceptionTable(function, table).actions(address)
+
+
+def _items():
+    """Entries and frames in the order in which an exception meets them."""
+    entries = _Entries()
+    objects = Objects()
+    stack_pointer = done_with = None
+    for frame in frames():
+        if stack_pointer is None:
+            stack_pointer = frame.stack_pointer
+        if done_with is not None and frame.cfa < done_with:
+            continue
+        while entries.head is not None and entries.place(stack_pointer) < frame.cfa:
+            entry = entries.head
+            without_place = entries.kind in (IN_PROGRESS, TERMINATE_BARRIER, DETOUR_ENTRY) or entry.address < stack_pointer
+            yield _described(entry.address, entries.parts(), "" if without_place else frame.where())
+            if entries.kind == DETOUR_ENTRY:
+                done_with = Record(DETOUR, entry.address)["next.cfa"]
+            entries.advance()
+            if done_with is not None and frame.cfa < done_with:
+                break
+        else:
+            if frame.address is not None:
+                function, table = objects.exception_table(frame.address)
+                if table:
+                    text = _described(frame.base(), _call(function, table, frame.address), frame.where())
+                    if "\n" in text:
+                        yield text
+    # What gdb lost the frames of.
+    while entries.head is not None:
+        yield _described(entries.head.address, entries.parts(), "")
+        entries.advance()
 
 
 def lines(count):
-    frames = Frames()
-    region = current_region()
-    address = eh_stack()
-    seen = set()
-    if address == 0:
-        yield "The eh stack is empty."
-    while address != 0:
-        if len(seen) == count:
+    number = 0
+    for item in _items():
+        if number == count:
             yield "(more entries)"
             return
-        if address in seen:
-            raise Invalid("the eh stack goes in circles at 0x%x" % address)
-        seen.add(address)
-        entry = Record(ENTRY, address)
-        kind = entry["kind"]
-        if kind not in _KINDS:
-            raise Invalid("an entry of kind %d at 0x%x" % (kind, address))
-        where = _where(frames, entry, kind)
-        parts = _KINDS[kind](entry, region)
-        yield "#%-3d 0x%08x  %s%s" % (len(seen) - 1, address, next(parts), " in " + where if where else "")
-        try:
-            for part in parts:
-                yield "        " + part
-        except Exception as error:
-            yield "        <invalid: %s>" % (str(error) or type(error).__name__)
-        if kind == FUNCTION:
-            region = entry["body.function.saved_region"]
-        address = entry["next"]
+        yield "#%-3d %s" % (number, item)
+        number += 1
+    if number == 0:
+        yield "Nothing would handle an exception or clean up."

@@ -1,67 +1,57 @@
-# Which function an eh stack entry belongs to. Entries come innermost first, so the frames are walked once.
-#
-# Clang writes no unwind tables for C++ with this exception scheme: in optimised programs without frame pointers gdb may
-# lose its way. Then nothing is said rather than something wrong.
+# The frames of the machine's stack, as gdb finds them: innermost first, functions that were inlined as part of the
+# function around them.
+
+import re
 
 import gdb
 
-from .memory import shortened, symbol_at
+from .memory import shortened
 
 
-class Frames:
-    def __init__(self):
-        try:
-            self.frame = gdb.newest_frame()
-        except gdb.error:
-            self.frame = None
+class Frame:
+    def __init__(self, frame, older, address):
+        self._frame = frame
+        self.stack_pointer = int(frame.read_register("sp")) & 0xFFFFFFFF
+        # Entries of the eh stack that belong to the frame lie below its canonical frame address. All do for the last.
+        self.cfa = int(older.read_register("sp")) & 0xFFFFFFFF if older is not None else 0xFFFFFFFF
+        # The call that the frame is making; of one that a signal interrupted the next instruction. None: it makes none.
+        self.address = address
 
-    def _holding(self, address):
-        """The frame that an address lies in, or None."""
-        try:
-            while self.frame is not None:
-                older = self.frame.older()
-                # Inlined functions have the frame of the one around them.
-                while older is not None and self.frame.type() == gdb.INLINE_FRAME:
-                    self.frame, older = older, older.older()
-                if older is None or address < int(older.read_register("sp")) & 0xFFFFFFFF:
-                    return self.frame
-                self.frame = older
-        except gdb.error:
-            self.frame = None
-        return None
+    def base(self):
+        """The canonical frame address, of the last frame too."""
+        text = gdb.execute("info frame level %d" % self._frame.level(), to_string=True)
+        found = re.search(r"frame at (0x\w+)", text)
+        return int(found.group(1), 16) if found else self.cfa
 
-    def around(self, address):
-        """"function at file:line" of the frame that holds an address, or ""."""
-        frame = self._holding(address)
-        if frame is None or not frame.name():
+    def where(self):
+        """"function at file:line", or ""."""
+        name = self._frame.name()
+        if not name:
             return ""
-        return _with_line(frame.name(), frame)
-
-    def of_code(self, code, address):
-        """The same of the function that a piece of code belongs to, and whose frame holds an address."""
-        name = _function_at(code)
-        frame = self._holding(address)
-        if frame is None or not name or _function_at(_pc(frame)) != name:
-            return _brief(name)
-        return _with_line(name, frame)
+        line = self._frame.find_sal()
+        # gdb knows of the library's functions the parameters, too.
+        name = _brief(re.sub(r"(?<!operator)\((?!anonymous namespace\)).*", "", shortened(name)))
+        return "%s at %s:%d" % (name, line.symtab.filename, line.line) if line.symtab else name
 
 
-def _pc(frame):
-    # Of a call that does not return the next instruction may be another function's.
-    return frame.pc() - (0 if frame == gdb.newest_frame() else 1)
-
-
-def _function_at(code):
-    """As gdb names functions: without parameters."""
-    name = shortened(symbol_at(code)[0])
-    if "operator" in name:
-        return name
-    depth = 0
-    for i, character in enumerate(name):
-        if character == "(" and depth == 0 and not name.startswith("(anonymous namespace)", i):
-            return name[:i]
-        depth += {"<": 1, ">": -1}.get(character, 0)
-    return name
+def frames():
+    """All frames. They end before the stack does where gdb loses its way."""
+    try:
+        frame = gdb.newest_frame()
+        address = None
+        while frame is not None:
+            while frame.type() in (gdb.INLINE_FRAME, gdb.TAILCALL_FRAME):
+                frame = frame.older()
+            older = frame.older()
+            if older is None and frame.unwind_stop_reason() > gdb.FRAME_UNWIND_OUTERMOST:
+                return
+            yield Frame(frame, older, address)
+            if older is not None:
+                # Behind a call that does not return another function may begin.
+                address = older.pc() - (0 if frame.type() == gdb.SIGTRAMP_FRAME else 1)
+            frame = older
+    except gdb.error:
+        return
 
 
 def _brief(name):
@@ -76,8 +66,3 @@ def _brief(name):
             kept += "...>" if character == ">" else character
         depth += character == "<"
     return kept
-
-
-def _with_line(name, frame):
-    line = frame.find_sal()
-    return "%s at %s:%d" % (_brief(name), line.symtab.filename, line.line) if line.symtab else _brief(name)

@@ -1,7 +1,7 @@
 # Where the fields of the runtime's records are, by offset. Programs in C++ and a library without debug information do
 # not describe these records, so this is the one place that knows them; the offsets are a part of the contract with
-# generated code (include/plx/runtime.h), or of the adapter for clang (clang/frame.h, libC/eh_state.h). The test
-# gdb/layout compares every one of them with what the compiler says.
+# generated code (include/plx/runtime.h), or the library's own affair. The test gdb/layout compares every one of them with
+# what the compiler says.
 #
 # A field is named as C would name it; codes are struct's.
 
@@ -35,17 +35,17 @@ THROW = {
 }
 DESTRUCTION = {"next": (0, "I"), "object": (4, "I"), "destructor": (8, "I")}
 
-# libC/eh_state.h: the body of a throw's marker.
-THROW_STATE = {"native": (24, "I")}
+# libC/eh_state.h: the body of a throw's marker, the header before an object of C++, a place on the way out.
+THROW_STATE = {"caught": (17, "B"), "has_header": (18, "B"), "exception": (20, "I"), "position": (28, "I")}
+HEADER = {"landed": (12, "I"), "thrown": (16, "I"), "native": (20, "I")}
+LANDING = {"cfa": (36, "I")}
 
-# clang/frame.h; the eh stack entry is the field `next`.
-CONTEXT = {
-    "call_site": (4, "i"), "next": (16, "I"), "kind": (20, "I"), "exception_table": (28, "I"),
-    "landing_address": (36, "I"),
-}
+# libC/frames.h
+DETOUR = {"next.cfa": (212, "I")}
 
-# clang/cxa_unexpected.cpp: what follows the entry of an unexpected handler at work.
-GUARD = {"allowed": (176, "I"), "types": (180, "I")}
+# unwind/call_unexpected.cpp: what follows the entry of an unexpected handler at work; and unwind/plan.h.
+GUARD = {"plan": (176, "I"), "filter": (180, "i")}
+PLAN = {"function": (44, "I"), "exception_table": (48, "I")}
 
 # libC/debugger_view.cpp
 VIEW = {"version": (0, "I"), "throw_stack": (4, "I"), "destructions": (8, "I")}
@@ -61,11 +61,12 @@ RECORDS = {
     "a_type_info_impl": TYPE, "a_base_class_spec": BASE_CLASS, "an_exception_type_specification": CLAUSE,
     "a_region_record": REGION, "an_array_record": ARRAY_RECORD, "an_array_alloc_eh_info": ARRAY_INFO,
     "an_eh_stack_entry": ENTRY, "a_throw_stack_entry": THROW, "a_needed_destruction": DESTRUCTION,
-    "__zor::a_throw_state": THROW_STATE, "__zor::a_function_context": CONTEXT, "_IO_FILE": FILE,
+    "__zor::a_throw_state": THROW_STATE, "__zor::an_exception_header": HEADER, "__zor::a_landing": LANDING,
+    "__zor::a_detour": DETOUR, "__zor::a_plan": PLAN, "_IO_FILE": FILE,
 }
 
 TRY_BLOCK, FUNCTION, SPECIFICATION, IN_PROGRESS, ARRAY = 0, 1, 2, 3, 4
-FOREIGN_FRAME, UNEXPECTED_GUARD, TERMINATE_BARRIER = 0xC1, 0xC2, 0xC3
+DETOUR_ENTRY, UNEXPECTED_GUARD, TERMINATE_BARRIER = 0xC1, 0xC2, 0xC3
 
 TYPE_POINTER, TYPE_CONST, TYPE_VOLATILE, TYPE_ELLIPSIS, TYPE_LAST = 0x01, 0x02, 0x04, 0x10, 0x20
 BASE_VIRTUAL = 0x01

@@ -7,7 +7,7 @@ import struct
 
 import gdb
 
-_SIZES = {"B": 1, "H": 2, "i": 4, "I": 4}
+_SIZES = {"B": 1, "H": 2, "h": 2, "i": 4, "I": 4}
 
 
 class Invalid(Exception):
@@ -75,7 +75,8 @@ def symbol_at(address):
     with gdb.with_parameter("print asm-demangle", True), gdb.with_parameter("print symbol-filename", False):
         with gdb.with_parameter("print max-symbolic-offset", None):
             found = re.search(r"<(.*?)(?:\+(\d+))?>$", value.format_string(format="a"))
-    return (found.group(1), int(found.group(2) or 0)) if found else ("", 0)
+    # Some names come with a version, or are those of a stub.
+    return (re.sub(r"@@?\w+$", "", found.group(1)), int(found.group(2) or 0)) if found else ("", 0)
 
 
 def named_address(address):
@@ -88,7 +89,7 @@ def named_address(address):
 def shortened(name):
     """A C++ name with the library's usual arguments left out."""
     return re.sub(
-        r"std::basic_(\w+)<char, std::char_traits<char>(, std::allocator<char>)? >", r"std::\1", name.replace("@plt", "")
+        r"std::basic_(\w+)<char, std::char_traits<char>(, std::allocator<char>)? >", r"std::\1", name
     )
 
 

@@ -1,14 +1,20 @@
 # plx throw-stack: the exception objects that exist and the rethrows of them, newest first.
 
-from .layout import ENTRY, THROW, THROW_STATE, TYPE_POINTER, Record
+from .layout import ENTRY, HEADER, THROW, THROW_STATE, TYPE_POINTER, Record
 from .memory import Invalid
 from .roots import throw_stack
 from .type_names import message, qualified_name, type_name
 
 
+def state_of(thrown):
+    """What the runtime keeps in the body of a throw's marker."""
+    return Record(THROW_STATE, thrown.address + THROW["marker"][0] + ENTRY["body.function.region_table"][0])
+
+
 def _native(thrown):
     """A C++ compiler's record of the thrown type, or 0."""
-    return Record(THROW_STATE, thrown.address + THROW["marker"][0] + ENTRY["body.function.region_table"][0])["native"]
+    state = state_of(thrown)
+    return Record(HEADER, state["exception"])["native"] if state["has_header"] else 0
 
 
 def thrown_type(thrown):
@@ -30,7 +36,7 @@ def _state(thrown):
     if thrown["released"]:
         return "released"
     if thrown["handled"]:
-        return "handled"
+        return "caught" if state_of(thrown)["caught"] else "handled"
     return "in flight" if thrown["thrown"] else "not thrown yet"
 
 

@@ -195,7 +195,7 @@ public:
 #if PLX_MEMBERS_OF_1998
   void resize(size_type _n, _T _value = _T()) {
     if (_n > size())
-      _insert_filled(_storage_._last, _n - size(), _value);
+      _append_filled(_n - size(), _value, typename _traits::_relocatable());
     else
       _cut(_storage_.first + _n);
   }
@@ -208,7 +208,7 @@ public:
   }
   PLX_LATER void resize(size_type _n, const _T &_value) {
     if (_n > size())
-      _insert_filled(_storage_._last, _n - size(), _value);
+      _append_filled(_n - size(), _value, typename _traits::_relocatable());
     else
       _cut(_storage_.first + _n);
   }
@@ -528,6 +528,20 @@ private:
       _storage_._last = __zor::make_taken(_alloc(), _storage_._last, _at, _end);
     }
     for (_T *const _filled = _tail > _n ? _at + _n : _end; _at != _filled; ++_at) *_at = _copy;
+  }
+
+  // At the end, where no element needs to be assigned. The value may be an element.
+  template <class _V> void _append_filled(size_type _n, const _V &_value, _yes) {
+    _insert_filled(_storage_._last, _n, _value);
+  }
+  template <class _V> void _append_filled(size_type _n, const _V &_value, _no) {
+    if (_n <= _free_room()) {
+      _storage_._last = __zor::make_filled(_alloc(), _storage_._last, _n, _value);
+      return;
+    }
+    _split _made(*this, _storage_._last, _n);
+    _made._made_up_to(__zor::make_filled(_alloc(), _made._place(), _n, _value));
+    _made._finish();
   }
 
   size_type _free_room() const PLX_NOTHROW { return static_cast<size_type>(_storage_._limit - _storage_._last); }

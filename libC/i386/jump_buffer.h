@@ -27,9 +27,18 @@ namespace __zor {
       "movl 4(%0), %%esi\n\t"
       "movl 8(%0), %%edi\n\t"
       "movl 12(%0), %%ebp\n\t"
+      // From here on the frame that is jumped to counts as the caller: a debugger may look before the stack is there.
+      ".cfi_remember_state\n\t"
+      ".cfi_def_cfa 2, 0\n\t"
+      ".cfi_same_value 3\n\t"
+      ".cfi_same_value 5\n\t"
+      ".cfi_same_value 6\n\t"
+      ".cfi_same_value 7\n\t"
+      ".cfi_register 8, 1\n\t"
       "movl %%edx, %%esp\n\t"
       "movl $1, %%eax\n\t"
-      "jmp *%%ecx"
+      "jmp *%%ecx\n\t"
+      ".cfi_restore_state"
       :
       : "a"(buffer));
   __builtin_unreachable();

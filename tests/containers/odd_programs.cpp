@@ -160,6 +160,9 @@ void elements_without_assignment() {
   CHECK_INT(stack.top().value * 100 + queue.front().value, 4801);
   std::deque<constant> some(30, constant(2)), copy(some);
   copy.resize(45, constant(3));
+  std::vector<constant> row(1, constant(2));
+  row.resize(30, row[0]);
+  CHECK_INT(row[29].value, 2);
   CHECK(copy.size() == 45 && copy[29].value == 2 && copy[44].value == 3);
 }
 #else

@@ -3,13 +3,14 @@
 # for a tree below /usr, and without symbols in library and program. By hand it loads them without any library. Nothing
 # is written beside them.
 . "$PLX_SOURCE/tests/gdb/common.bash"
-program=$PLX_SOURCE/tests/gdb/programs/found.cpp
+program=$programs/stacks.cpp
+found=$PLX_SOURCE/tests/gdb/transcripts/found.txt
 install() { cmake --install "$PLX_PREFIX" --prefix "$1" > log 2>&1 || wrong "installing below $1"; }
 name=$(basename "$PLX_PREFIX"/lib/libplx.so.*-gdb.py)
 
 install "$work/tree"
-tree/bin/plx-c++ -g "$program" -o program 2> log || wrong "found.cpp does not build"
-transcript "$program" ./program -iex "add-auto-load-safe-path $work/tree"
+tree/bin/plx-c++ -g -Wno-deprecated "$program" -o program 2> log || wrong "stacks.cpp does not build"
+transcript "$found" ./program -iex "add-auto-load-safe-path $work/tree"
 
 # Where gdb is not told to trust the tree, it says how, and all else works.
 gdb -nx -batch -ex 'break stop' -ex run ./program > log 2>&1 < /dev/null
@@ -17,8 +18,8 @@ grep -q "add-auto-load-safe-path $work/tree/lib/$name" log || wrong "gdb does no
 grep -q '^Breakpoint 1, ' log || wrong "gdb does not run the program"
 
 mv tree moved
-moved/bin/plx-c++ -g "$program" -o program 2> log || wrong "found.cpp does not build in the moved tree"
-transcript "$program" ./program -iex "add-auto-load-safe-path $work/moved"
+moved/bin/plx-c++ -g -Wno-deprecated "$program" -o program 2> log || wrong "stacks.cpp does not build in the moved tree"
+transcript "$found" ./program -iex "add-auto-load-safe-path $work/moved"
 [ -z "$(find moved -name '__pycache__')" ] || wrong "gdb leaves files in the installed tree"
 
 # Below /usr the file goes to gdb's own folder, and not beside the library.
@@ -28,20 +29,20 @@ DESTDIR=$work/staged install /usr
 # That gdb looks there is seen with a folder of our own in its place.
 mkdir -p "folder$work/moved/lib"
 mv "moved/lib/$name" "folder$work/moved/lib"
-transcript "$program" ./program -iex "set auto-load scripts-directory $work/folder" \
+transcript "$found" ./program -iex "set auto-load scripts-directory $work/folder" \
   -iex "add-auto-load-safe-path $work/folder"
 
 # Stripped, library and program; the objects keep what -g wrote in another file.
 strip --strip-unneeded moved/lib/libplx.so.3.3.0
 cp program whole
 strip program
-transcript "$program" ./program -iex "set auto-load scripts-directory $work/folder" \
+transcript "$found" ./program -iex "set auto-load scripts-directory $work/folder" \
   -iex "add-auto-load-safe-path $work/folder" -iex "set debug-file-directory /nowhere" -ex "symbol-file whole"
 
 # By hand; gdb need not trust anything then. Programs that are linked statically have no other way.
-transcript "$program" ./whole -x "$work/moved/share/plx-3/gdb/load.py"
+transcript "$found" ./whole -x "$work/moved/share/plx-3/gdb/load.py"
 if [ -f "$PLX_PREFIX/lib/libplx.a" ]; then
-  plx-c++ -g -static "$program" -o static 2> log || wrong "found.cpp does not build statically"
-  transcript "$program" ./static -x "$work/moved/share/plx-3/gdb/load.py"
+  plx-c++ -g -static -Wno-deprecated "$program" -o static 2> log || wrong "stacks.cpp does not build statically"
+  transcript "$found" ./static -x "$work/moved/share/plx-3/gdb/load.py"
 fi
 finish

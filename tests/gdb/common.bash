@@ -1,4 +1,4 @@
-# What the tests of gdb's printers and commands share: programs are built with -g, and gdb runs what stands in them.
+# What the tests of gdb's printers and commands share: programs are built with -g, and gdb runs what transcripts/ has.
 . "$PLX_SOURCE/tests/driver/common.bash"
 [ -z "$PLX_SANITIZE" ] || { echo "skipped: what gdb shows is the same without sanitizers"; exit 77; }
 command -v gdb > /dev/null || { echo "skipped: there is no gdb"; exit 77; }
@@ -7,22 +7,24 @@ gdb -nx -batch -ex 'python print("python")' 2>&1 | grep -qx python || { echo "sk
 gdb -nx -batch -ex 'break exit' -ex run -ex 'info registers' true > log 2>&1
 grep -q '^rip\|^eip\|exited normally' log || { echo "skipped: gdb cannot run programs here"; exit 77; }
 : > log
+programs=$PLX_SOURCE/tests/gdb/programs
 
-# transcript SOURCE PROGRAM [GDB OPTION...]: what the comments of the source ask for, as transcript.py has it. gdb finds the
-# printers on its own unless the options say something else.
-transcript() {
-  local source=$1 program=$2
+# run_python SCRIPT PROGRAM [GDB OPTION...]: the script in gdb, which finds the printers on its own unless the options say
+# something else; its last line says that all is as expected.
+run_python() {
+  local script=$1 program=$2
   shift 2
   [ $# -gt 0 ] || set -- -iex "add-auto-load-safe-path $PLX_PREFIX"
-  PLX_TRANSCRIPT=$source gdb -nx -batch "$@" -x "$PLX_SOURCE/tests/gdb/transcript.py" "$program" > log 2>&1 < /dev/null
-  tail -n 1 log | grep -q '^transcript: [1-9][0-9]* commands, all as expected$' || wrong "${source##*/}"
+  gdb -nx -batch "$@" -x "$PLX_SOURCE/tests/gdb/$script" "$program" > log 2>&1 < /dev/null
+  tail -n 1 log | grep -q '^transcript: [1-9][0-9]* commands, all as expected$'
 }
 
-# transcripts NAME [OPTION...]: builds programs/NAME, with the driver's options, and runs the transcript that stands in it.
-transcripts() {
-  local source=$PLX_SOURCE/tests/gdb/programs/$1 driver=plx-c++
+# transcript FILE PROGRAM [GDB OPTION...]: what the file asks for, as transcript.py has it.
+transcript() { PLX_TRANSCRIPT=$1 run_python transcript.py "${@:2}" || wrong "${1##*/} ${what-}"; }
+
+# build SOURCE [OPTION...]: ./program.
+build() {
+  local driver=plx-c++
   case $1 in *.c) driver=plx-cc ;; esac
-  shift
-  "$driver" -g "$@" "$source" -o program 2> log || { wrong "${source##*/} does not build"; return; }
-  transcript "$source" ./program
+  "$driver" -g "${@:2}" "$1" -o program 2> log || { wrong "${1##*/} does not build: ${*:2}"; return 1; }
 }

@@ -8,14 +8,10 @@ awk '
   /^```/ { target = ""; next }
   target != "" { print > target }
 ' "$PLX_SOURCE/docs/debugging.md"
-plx-c++ -g inventory.cpp -o program 2> log || wrong "inventory.cpp does not build"
-for file in transcript.*; do
-  # Where `up` leads is said on the terminal only.
-  awk '
-    /^\(gdb\) / { up = $2 == "up"; sub(/^\(gdb\) /, "//> "); print; next }
-    !up { print "//= " $0 }
-  ' "$file" > commands
-  PLX_STOP=${file#transcript.} transcript "$PWD/commands" ./program
+for compiler in "$PLX_CXX" g++; do
+  PLX_CXX=$compiler build inventory.cpp
+  for function in main __cxa_end_catch; do
+    PLX_STOP=$function transcript "transcript.$function" ./program
+  done
 done
-[ -f transcript.__cxa_throw ] && [ -f transcript.__cxa_end_catch ] || wrong "the transcripts are not found"
 finish

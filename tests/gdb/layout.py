@@ -33,11 +33,11 @@ for record, fields in layout.RECORDS.items():
         if field != "marker":
             compare("the width of %s.%s" % (record, field), struct.calcsize("<" + code), "sizeof(%s)" % member)
 
-compare("an unexpected guard's list", layout.GUARD["allowed"][0], "sizeof(an_eh_stack_entry)")
+compare("an unexpected guard's plan", layout.GUARD["plan"][0], "sizeof(an_eh_stack_entry)")
 compare("a region record's size", 12, "sizeof(a_region_record)")
 compare("an array record's size", 12, "sizeof(an_array_record)")
 compare("a clause's size", 8, "sizeof(an_exception_type_specification)")
-compare("the kind of C++ frames", layout.FOREIGN_FRAME, "__zor::eh_foreign_frame")
+compare("the kind of detours", layout.DETOUR_ENTRY, "__zor::eh_detour")
 compare("the kind of unexpected guards", layout.UNEXPECTED_GUARD, "__zor::eh_unexpected_guard")
 compare("the kind of terminate barriers", layout.TERMINATE_BARRIER, "__zor::eh_terminate_barrier")
 print("transcript: %d commands, %s" % (compared, "%d not as expected" % wrong if wrong else "all as expected"))

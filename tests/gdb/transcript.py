@@ -1,72 +1,93 @@
-# Runs in gdb. The comments of a source are a transcript: at each call of stop(), or of the function that PLX_STOP names,
-# in the frame of the caller,
+# Runs in gdb. PLX_TRANSCRIPT is a file of commands, behind "(gdb) ", each followed by all lines that it must print; lines
+# that begin with ";;" say what follows. The program stops in stop(), or in the function that PLX_STOP names, and the
+# commands see the frame of the caller. Besides gdb's commands:
 #
-#   //> COMMAND          is executed; `continue` goes on to the next call
-#   //= TEXT             lines that it must print, all of them
+#   continue      goes on to the next stop, there or at a catchpoint, and prints nothing
+#   trail         prints the number of the breakpoint, 1 for the one there, and the functions with line numbers on the stack
 #
-# Addresses are compared as 0xN, and places in the source by their text instead of a number. The last line that is
-# printed says how it went.
+# Addresses are compared as 0xN, places in the source by their text instead of a number. The last line that is printed
+# says how it went.
 
 import os
 import re
 
 import gdb
 
-source = os.environ["PLX_TRANSCRIPT"]
-
-
-def without_addresses(text):
-    return re.sub("0x[0-9a-f]{4,}", "0xN", text)
-
-
-def steps():
-    found = []
-    for number, line in enumerate(open(source), 1):
-        match = re.match(r"\s*//([>=]) ?(.*)$", line)
-        if match and match.group(1) == ">":
-            found.append((number, match.group(2), []))
-        elif match:
-            found[-1][2].append(without_addresses(match.group(2)).rstrip())
-    return found
-
-
-def to_stop(command):
-    gdb.execute(command, to_string=True)
-    gdb.execute("up", to_string=True)
+transcript = os.environ["PLX_TRANSCRIPT"]
+stop = os.environ.get("PLX_STOP", "stop")
+sources = {}
 
 
 def line_of_source(found):
-    return os.path.basename(source) + ": " + open(source).readlines()[int(found.group(1)) - 1].strip()
+    name, number = found.groups()
+    if name not in sources:
+        file = gdb.lookup_symbol("main")[0].symtab.fullname()
+        sources[name] = open(os.path.join(os.path.dirname(file), name)).readlines()
+    return "%s: %s" % (name, sources[name][int(number) - 1].strip())
+
+
+def comparable(text):
+    text = re.sub("0x[0-9a-f]{4,}", "0xN", text).replace("@PLX_3", "")
+    text = re.sub(r"(?:/\S*/)?([\w.]+\.(?:cpp|c)):(\d+)", line_of_source, text)
+    # What the library's own functions are called is its compiler's affair.
+    text = re.sub("(0xN  (?:array|try block)) in (?!.* at ).*", r"\1", text)
+    return [line.rstrip() for line in text.splitlines()]
+
+
+def steps():
+    command, expected = None, []
+    for line in open(transcript):
+        if line.startswith("(gdb) "):
+            if command:
+                yield command, expected
+            command, expected = line[6:].strip(), []
+        elif not line.startswith(";;"):
+            expected.append(line.rstrip("\n"))
+    yield command, expected
+
+
+def stopped_at():
+    return re.search(r"breakpoint (\d+)", gdb.execute("info program", to_string=True)).group(1)
+
+
+def go_on(command):
+    gdb.execute(command, to_string=True)
+    if stopped_at() == "1" and stop != "main":
+        gdb.execute("up", to_string=True)
+
+
+def trail():
+    frame, names = gdb.newest_frame(), []
+    while frame is not None:
+        if frame.find_sal().symtab and frame.name() and frame.type() == gdb.NORMAL_FRAME:
+            names.append(re.sub(r"\(.*", "", frame.name()))
+        frame = frame.older()
+    return stopped_at() + ": " + " ".join(names) + "\n"
 
 
 def printed(command):
     try:
-        text = gdb.execute(command, to_string=True)
+        return comparable(trail() if command == "trail" else gdb.execute(command, to_string=True))
     except gdb.error as error:
-        text = "error: %s" % error
-    text = without_addresses(text.replace(os.path.dirname(source) + "/", ""))
-    text = re.sub(re.escape(os.path.basename(source)) + r":(\d+)", line_of_source, text)
-    # What the library's own functions are called is its compiler's affair.
-    text = re.sub("(0xN  array) in .*", r"\1", text)
-    text = re.sub("(__cxa_call_unexpected) at .*", r"\1", text)
-    return [line.rstrip() for line in text.splitlines()]
+        return comparable("error: %s" % error)
 
 
 def run():
     for setting in ("pagination off", "width 0", "confirm off"):
         gdb.execute("set " + setting)
-    gdb.execute("break " + os.environ.get("PLX_STOP", "stop"), to_string=True)
-    to_stop("run")
+    gdb.execute("break " + stop, to_string=True)
+    go_on("run")
     wrong = count = 0
-    for number, command, expected in steps():
+    for command, expected in steps():
         count += 1
         if command == "continue":
-            to_stop(command)
+            go_on(command)
             continue
-        actual = printed(command)
-        if actual != expected:
+        expected, actual = comparable("\n".join(expected)), printed(command)
+        # Where `up` leads is said on the terminal only.
+        if actual != expected and not command.startswith("up"):
             wrong += 1
-            print("%s:%d: %s" % (os.path.basename(source), number, command))
+            print("%s: %s" % (os.path.basename(transcript), command))
             print("\n".join(["  expected: " + line for line in expected] + ["  printed:  " + line for line in actual]))
     gdb.execute("kill", to_string=True)
     print("transcript: %d commands, %s" % (count, "%d not as expected" % wrong if wrong else "all as expected"))

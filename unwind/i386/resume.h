@@ -4,15 +4,27 @@
 
 #include "../../libC/eh_state.h"
 
-// %ecx is the landing, %eax the exception.
-#define PLX_LAND                \
-  "movl 28(%ecx), %edx\n\t"     \
-  "movl 4(%ecx), %ebx\n\t"      \
-  "movl 8(%ecx), %esi\n\t"      \
-  "movl 12(%ecx), %edi\n\t"     \
-  "movl 16(%ecx), %ebp\n\t"     \
-  "movl 20(%ecx), %esp\n\t"     \
-  "jmp *24(%ecx)\n\t"
+// %ecx is the landing, %eax the exception; `r` is what a register's name begins with.
+//
+// While the registers are loaded, some are the old frame's and some the new one's. A debugger or profiler that looks then
+// is told that the caller is the frame that is landed in, and finds its registers (DWARF's 3, 6, 7, 5) in the landing.
+// What it takes for a return address, 8, is a byte behind the landing pad's first: it looks one byte before that.
+#define PLX_LAND(r)                                         \
+  ".cfi_remember_state\n\t"                                 \
+  ".cfi_escape 0x0f, 3, 0x71, 20, 0x06\n\t"                 \
+  ".cfi_escape 0x10, 3, 2, 0x71, 4\n\t"                     \
+  ".cfi_escape 0x10, 6, 2, 0x71, 8\n\t"                     \
+  ".cfi_escape 0x10, 7, 2, 0x71, 12\n\t"                    \
+  ".cfi_escape 0x10, 5, 2, 0x71, 16\n\t"                    \
+  ".cfi_escape 0x16, 8, 5, 0x71, 24, 0x06, 0x31, 0x22\n\t"  \
+  "movl 28(" r "ecx), " r "edx\n\t"                         \
+  "movl 4(" r "ecx), " r "ebx\n\t"                          \
+  "movl 8(" r "ecx), " r "esi\n\t"                          \
+  "movl 12(" r "ecx), " r "edi\n\t"                         \
+  "movl 16(" r "ecx), " r "ebp\n\t"                         \
+  "movl 20(" r "ecx), " r "esp\n\t"                         \
+  "jmp *24(" r "ecx)\n\t"                                   \
+  ".cfi_restore_state\n\t"
 
 // The function that ends a clean-up. It steps from one recorded landing to the next and knows nothing but the header: to
 // reach a variable of the library would take longer than all the rest. What is not as usual goes to
@@ -35,7 +47,7 @@
       "cmpb $0, (%ecx)\n\t"              \
       "jne 1f\n\t"                       \
       "movl %ecx, 12(%eax)\n\t"          \
-      PLX_LAND                           \
+      PLX_LAND("%")                      \
       "1:\n\t"                           \
       "subl $12, %esp\n\t"               \
       ".cfi_adjust_cfa_offset 12\n\t"    \
@@ -54,16 +66,7 @@ namespace __zor {
 
 [[noreturn]] inline void land(an_exception_header *exception, a_landing *landing) {
   exception->landed = landing;
-  __asm__ volatile(
-      "movl 28(%1), %%edx\n\t"
-      "movl 4(%1), %%ebx\n\t"
-      "movl 8(%1), %%esi\n\t"
-      "movl 12(%1), %%edi\n\t"
-      "movl 16(%1), %%ebp\n\t"
-      "movl 20(%1), %%esp\n\t"
-      "jmp *24(%1)"
-      :
-      : "a"(exception), "c"(landing));
+  __asm__ volatile(PLX_LAND("%%") : : "a"(exception), "c"(landing));
   __builtin_unreachable();
 }
 

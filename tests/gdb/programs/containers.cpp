@@ -1,5 +1,4 @@
-// Strings, containers, iterators and small values, as gdb prints them. The comments are the transcript that
-// tests/gdb/transcript.py runs.
+// Strings, containers, iterators and small values, for transcripts/containers.txt.
 #include <bitset>
 #include <complex>
 #include <deque>
@@ -16,7 +15,7 @@
 
 using namespace std;
 
-void stop() { __asm__ volatile(""); }
+extern "C" void stop() { __asm__ volatile(""); }
 
 struct point {
   int x, y;
@@ -40,34 +39,6 @@ static void strings() {
   string::iterator at = plain.begin() + 1;
   string &other = copy;
   stop();
-  //> output empty
-  //= ""
-  //> output plain
-  //= "hello"
-  //> output zeros
-  //= "a\000b"
-  //> output quotes
-  //= "say \"x\"\n"
-  //> output lengthy
-  //= 'x' <repeats 200 times>...
-  //> output other
-  //= (std::string &) @0xN: "hello"
-  //> output at
-  //= 101 'e'
-  //> plx details copy
-  //= $1 = "hello" = {length = 5, capacity = 32, shared = no, count = 1}
-  //> plx details plain
-  //= $2 = "hello" = {length = 5, capacity = 32, shared = no, count = unshareable}
-  //> plx details shared
-  //= $3 = "shared" = {length = 6, capacity = 32, shared = yes, count = 3}
-  //> plx details reserved
-  //= $4 = "r" = {length = 1, capacity = 128, shared = no, count = 1}
-  //> show plx details
-  //= Details of plx's objects are off.
-  //> set print elements 4
-  //> output plain
-  //= "hell"...
-  //> set print elements 200
 }
 
 static void sequences() {
@@ -102,59 +73,6 @@ static void sequences() {
   list<string>::iterator link = links.begin(), nowhere;
   vector<point> points(1);
   stop();
-  //> continue
-  //> output none
-  //= std::vector of 0, capacity 0
-  //> output numbers
-  //= std::vector of 3, capacity 8 = {7, 7, 7}
-  //> output words
-  //= std::vector of 2, capacity 2 = {"word", "word"}
-  //> output points
-  //= std::vector of 1, capacity 1 = {{x = 0, y = 0}}
-  //> set print elements 3
-  //> output flags
-  //= std::vector of 40, capacity 64 = {false, true, false...}
-  //> set print elements 200
-  //> output queue_of_none
-  //= std::deque of 0
-  //> set print elements 23
-  //> output blocks
-  //= std::deque of 46 = {-1, 0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16, 17, 18, 19, 20, 21...}
-  //> set print elements 200
-  //> output no_links
-  //= std::list of 0
-  //> output links
-  //= std::list of 2 = {"first", "second"}
-  //> output wide
-  //= std::list of 1 = {2.5}
-  //> output pile
-  //= std::stack over std::deque of 1 = {4}
-  //> output first_first
-  //= std::priority_queue over std::vector of 1, capacity 10 = {2}
-  //> output values
-  //= std::valarray of 2 = {1.5, 1.5}
-  //> output derived
-  //= {<std::vector<int, std::allocator<int> >> = std::vector of 1, capacity 10 = {1}, name = "base"}
-  //> output number
-  //= 7
-  //> output backwards
-  //= 7
-  //> output backwards_in_blocks
-  //= 29
-  //> output backwards_over_links
-  //= "second"
-  //> output backwards_over_flags
-  //= true
-  //> output backwards_over_text
-  //= 98 'b'
-  //> output flag
-  //= true
-  //> output in_block
-  //= 19
-  //> output link
-  //= "first"
-  //> output nowhere
-  //= <singular list_iterator>
 }
 
 static void trees() {
@@ -181,49 +99,6 @@ static void trees() {
   set<long long>::reverse_iterator backwards = numbers.rbegin(), in_the_middle(numbers.find(64)),
                                    backwards_end = numbers.rend();
   stop();
-  //> continue
-  //> output ages
-  //= std::map of 3 = {["one"] = 1, ["three"] = 3, ["two"] = 2}
-  //> output nobody
-  //= std::map of 0
-  //> output many
-  //= std::multimap of 2 = {[3] = "x", [3] = "y"}
-  //> output lengths
-  //= std::map of 1 = {["abc"] = 3}
-  //> set print elements 12
-  //> output numbers
-  //= std::set of 100 = {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11...}
-  //> set print elements 200
-  //> python print(gdb.parse_and_eval("numbers").format_string(max_elements=0)[-12:])
-  //=  97, 98, 99}
-  //> output keys
-  //= std::set of 1 = {{tag = 107 'k', weight = 0.5}}
-  //> output words
-  //= std::multiset of 1 = {"w"}
-  //> output first
-  //= {first = "one", second = 1}
-  //> output last
-  //= 99
-  //> output backwards
-  //= 99
-  //> output in_the_middle
-  //= 63
-  //> output backwards_end
-  //= <end>
-  //> output only
-  //= {first = "key", second = 1}
-  //> output last_of_two
-  //= {first = "b", second = 1}
-  //> output end
-  //= <end>
-  //> output end_of_none
-  //= <end>
-  //> output end_of_one
-  //= <end>
-  //> output end_of_two
-  //= <end>
-  //> output nowhere
-  //= <singular tree_iterator>
 }
 
 static void values() {
@@ -237,29 +112,6 @@ static void values() {
   const exception &base = failure;
   bad_alloc silent;
   stop();
-  //> continue
-  //> output bits
-  //= std::bitset<10> 0000000101
-  //> output wide
-  //= std::bitset<70> 1000000000000000000000000000000000000100000000000000000000000000000001
-  //> set print elements 8
-  //> output wide
-  //= std::bitset<70> 10000000...
-  //> set print elements 200
-  //> output z
-  //= (1.5,-2)
-  //> output w
-  //= (0.25,0)
-  //> output nothing
-  //= std::auto_ptr = {get() = 0x0}
-  //> output *owner._object_
-  //= "owned"
-  //> output failure
-  //= std::runtime_error = {message = "no such file"}
-  //> output *&base
-  //= std::exception = {message = "no such file"}
-  //> output silent
-  //= std::bad_alloc
 }
 
 int main() {

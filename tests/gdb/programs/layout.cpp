@@ -1,7 +1,6 @@
 // The records whose offsets gdb's commands know: each as the compiler lays it out, for tests/gdb/layout.py to compare.
-#include <libC/eh_state.h>
-
-#include <clang/frame.h>
+#include <libC/frames.h>
+#include <unwind/plan.h>
 
 an_eh_stack_entry entry;
 an_exception_type_specification clause;
@@ -13,10 +12,13 @@ a_needed_destruction destruction;
 a_type_info_impl type;
 a_base_class_spec base;
 __zor::a_throw_state state;
-__zor::a_function_context context;
+__zor::an_exception_header header;
+__zor::a_landing landing;
+__zor::a_detour detour;
+__zor::a_plan plan;
 __zor::private_eh_kind kind;
 FILE *file = stdin;
 
-void stop() { __asm__ volatile(""); }
+extern "C" void stop() { __asm__ volatile(""); }
 
 int main() { stop(); }

@@ -1,5 +1,4 @@
-/* Every record of generated C, as the commands of gdb print it. The comments are the transcript that tests/gdb/transcript.py
- * runs. */
+/* Every record of generated C, for transcripts/records.txt and transcripts/c_trails.txt. */
 #include <generated/emit.h>
 
 void stop(void) { __asm__ volatile(""); }
@@ -102,97 +101,9 @@ int main(void) {
   everything.body.try_block.handled_exception = 0;
   __curr_eh_stack_entry = &everything;
   tries(specified);
-  //> plx eh-stack
-  //= #0   0xN  array
-  //=         construction of 5 elements of 4 bytes at 0xN: 2 done
-  //= #1   0xN  function in owns at records.c: array();
-  //=         region 0: 0xN, stop_and_destroy
-  //= #2   0xN  function in owns at records.c: array();
-  //=         region 5: 0xN, cleared to null
-  //=         region 3: 0xN, stop_and_destroy (does not exist)
-  //=         region 2: 0xN, memory for give_back
-  //=         region 1: 0xN, 6 elements of 4 bytes for stop_and_destroy
-  //=         region 0: 0xN, stop_and_destroy
-  //= #3   0xN  specification in specified at records.c: owns();
-  //=         throw (int, void*)
-  //= #4   0xN  try block in tries at records.c: EMIT_TRY(entry, clauses) { body(); }
-  //=         clause 1: catch (app::error)
-  //=         clause 2: catch (char const*)
-  //=         clause 3: catch (...)
-  //= #5   0xN  try block in main at records.c: tries(specified);
-  //=         catches everything
-  //> plx destructions 1
-  //= #0   0xN  object 0xN <object>, stop_and_destroy
-  //= (more entries)
   __curr_eh_stack_entry = everything.next;
   tries(throws);
-  //> continue
-  //> plx throw-stack
-  //= #0   char const* at 0xN, not thrown yet, references 1
-  //> continue
-  //> plx eh-stack
-  //= #0   0xN  exception in progress
-  //=         char const* at 0xN
-  //= #1   0xN  try block in tries at records.c: EMIT_TRY(entry, clauses) { body(); }
-  //=         clause 1: catch (app::error)
-  //=         clause 2: catch (char const*)
-  //=         clause 3: catch (...)
-  //> plx throw-stack
-  //= #0   char const* at 0xN, in flight, references 1
-  //> continue
-  //> plx eh-stack
-  //= #0   0xN  exception in progress
-  //=         char const* at 0xN
-  //= #1   0xN  try block in tries at records.c: to_stop();
-  //=         handles char const* at 0xN
-  //=         clause 1: catch (app::error)
-  //=         clause 2: catch (char const*)
-  //=         clause 3: catch (...)
-  //> plx throw-stack
-  //= #0   char const* at 0xN, handled, references 1
-  //> continue
-  //> plx eh-stack
-  //= #0   0xN  try block in tries at records.c: to_stop();
-  //=         handles char const* at 0xN
-  //=         clause 1: catch (app::error)
-  //=         clause 2: catch (char const*)
-  //=         clause 3: catch (...)
-  //> plx throw-stack
-  //= #0   char const* at 0xN, handled, references 1
   __curr_eh_stack_entry = 0;
   to_stop();
-  //> continue
-  //> plx eh-stack
-  //= The eh stack is empty.
-  //> plx throw-stack
-  //= No exception exists.
-  /* Broken stacks end where they cannot be followed. */
-  //> set var everything.next = &everything
-  //> set var *(void **)&__curr_eh_stack_entry = &everything
-  //> plx eh-stack
-  //= #0   0xN  try block in main at records.c: to_stop();
-  //=         catches everything
-  //= <invalid: the eh stack goes in circles at 0xN>
-  //> set var everything.kind = 77
-  //> plx eh-stack
-  //= <invalid: an entry of kind 77 at 0xN>
-  //> set var *(void **)&__curr_eh_stack_entry = (void *)16
-  //> plx eh-stack
-  //= <invalid: Cannot access memory at address 0x14>
-  //> set var everything.kind = 0
-  //> set var everything.next = 0
-  //> set var everything.body.try_block.clause_list = (void *)&everything
-  //> set var *(void **)&__curr_eh_stack_entry = &everything
-  //> plx eh-stack
-  //= #0   0xN  try block in main at records.c: to_stop();
-  //=         <invalid: Cannot access memory at address 0x0>
-  //> set var record.next = (a_needed_destruction *)3
-  //> plx destructions
-  //= #0   0xN  object 0xN <object>, stop_and_destroy
-  //= <invalid: Cannot access memory at address 0x7>
-  //> set var record.next = &record
-  //> plx destructions
-  //= #0   0xN  object 0xN <object>, stop_and_destroy
-  //= <invalid: the list is broken at 0xN>
   return 0;
 }

@@ -1,38 +1,45 @@
-// The eh stack, the throw stack and the static objects of a program in C++, as the commands of gdb print them. The
-// comments are the transcript that tests/gdb/transcript.py runs.
+// Frames of C++, entries of the eh stack and exceptions in every state, for transcripts/stacks.txt and
+// transcripts/trails.txt.
 #include <cstdlib>
 #include <exception>
+#include <new>
+#include <ostream>
 #include <stdexcept>
 #include <string>
 
+#include <plx/runtime.h>
+
 using namespace std;
 
-void stop() { __asm__ volatile(""); }
+#define NOINLINE __attribute__((__noinline__))
+
+extern "C" NOINLINE void stop() { __asm__ volatile(""); }
 static void (*volatile to_stop)() = stop;
 
 struct guard {
-  ~guard() { to_stop(); }
+  NOINLINE ~guard() { to_stop(); }
 };
 struct failure : public runtime_error {
   failure() : runtime_error("it is \"broken\"") {}
 };
 struct throws_while_made {
-  throws_while_made() {
+  NOINLINE throws_while_made() {
     to_stop();
     throw 3;
   }
 };
 
-static void allows() throw(int, failure) { to_stop(); }
+static NOINLINE void allows() throw(failure) { to_stop(); }
 
-static void passes(int kind) {
+static NOINLINE void passes(int kind) {
   guard one;
   if (kind == 0) allows();
   if (kind == 1) throw failure();
   if (kind == 2) throw throws_while_made();
+  to_stop();
 }
 
-static void handles(int kind) {
+static NOINLINE void handles(int kind) {
   try {
     passes(kind);
   } catch (const logic_error &) {
@@ -47,118 +54,65 @@ static void handles(int kind) {
   } catch (...) {}
 }
 
-static void unexpectedly() {
+// Called by the library, which has entries on the eh stack then: one while it builds an array, one that keeps what a
+// buffer throws from whoever writes.
+static NOINLINE void constructs(void *, int) {
+  guard one;
+  to_stop();
+  string().at(1);
+}
+static void destroys(void *, int) {}
+struct buffer : public streambuf {
+  NOINLINE virtual int overflow(int) {
+    guard one;
+    char elements[3];
+    __vec_new_eh(elements, 3, 1, (a_constructor)constructs, destroys);
+    return 0;
+  }
+};
+static NOINLINE void writes() {
+  buffer sink;
+  ostream out(&sink);
+  out.put('x');
+}
+
+static NOINLINE void unexpectedly() {
   to_stop();
   throw 2;
 }
-static void violates() throw(int) { throw failure(); }
+// What a new handler throws violates the specification of operator new.
+static NOINLINE void refuses() {
+  guard one;
+  throw 4;
+}
+static void *volatile block;
+static NOINLINE void allocates() { block = operator new(0xFFFF0000); }
+static NOINLINE void violates() throw(int) { throw failure(); }
 
 static string text("text");
 static void at_exit() {}
 
-static void terminated() {
+static NOINLINE void terminated() {
   to_stop();
   _Exit(0);
 }
 
 int main() {
+  string words[2];
+  words[1] = "word";
   atexit(at_exit);
   handles(0);
-  //> plx eh-stack
-  //= #0   0xN  C++ frame in allows at stacks.cpp: static void allows() throw(int, failure) { to_stop(); }
-  //=         throw (int, failure)
-  //= #1   0xN  C++ frame in passes at stacks.cpp: if (kind == 0) allows();
-  //=         cleanup
-  //= #2   0xN  C++ frame in handles at stacks.cpp: passes(kind);
-  //=         catch std::logic_error
-  //=         catch char const*
-  //=         catch std::exception
-  //=         catch ...
-  //> plx eh-stack 1
-  //= #0   0xN  C++ frame in allows at stacks.cpp: static void allows() throw(int, failure) { to_stop(); }
-  //=         throw (int, failure)
-  //= (more entries)
-  //> plx throw-stack
-  //= No exception exists.
-  //> plx destructions 2
-  //= #0   0xN  function at_exit()
-  //= #1   0xN  object 0xN <text>, std::string::~basic_string()
-  //= (more entries)
-  //> continue
-  //> plx eh-stack
-  //= #0   0xN  C++ frame in passes at stacks.cpp: }
-  //=         nothing to do here
-  //= #1   0xN  C++ frame in handles at stacks.cpp: passes(kind);
-  //=         catch std::logic_error
-  //=         catch char const*
-  //=         catch std::exception
-  //=         catch ...
   handles(1);
-  // In the destructor of a local, while the exception passes it.
-  //> continue
-  //> plx eh-stack
-  //= #0   0xN  C++ frame in passes at stacks.cpp: }
-  //=         catch ...
-  //= #1   0xN  exception in progress
-  //=         failure at 0xN
-  //= #2   0xN  C++ frame in handles at stacks.cpp: passes(kind);
-  //=         catch std::logic_error
-  //=         catch char const*
-  //=         catch std::exception
-  //=         catch ...
-  //> plx throw-stack
-  //= #0   failure at 0xN, in flight, references 1
-  //=         "it is \"broken\""
-  // In the handler.
-  //> continue
-  //> plx throw-stack
-  //= #0   failure at 0xN, handled, references 1
-  //=         "it is \"broken\""
-  // In the handler of the rethrow.
-  //> continue
-  //> plx throw-stack
-  //= #0   failure at 0xN, handled, rethrow of #1
-  //=         "it is \"broken\""
-  //= #1   failure at 0xN, handled, references 2
-  //=         "it is \"broken\""
-  //> plx throw-stack 1
-  //= #0   failure at 0xN, handled, rethrow of #1
-  //=         "it is \"broken\""
-  //= (more entries)
   handles(2);
-  // In the constructor of an exception object.
-  //> continue
-  //> plx throw-stack
-  //= #0   object at 0xN, not thrown yet, references 1
-  // In the destructor of the local: the construction was left by an exception.
-  //> continue
-  //> plx throw-stack
-  //= #0   int at 0xN, in flight, references 1
-  //= #1   object at 0xN, destroyed, references 0
+  writes();
   set_unexpected(unexpectedly);
+  set_new_handler(refuses);
+  try {
+    allocates();
+  } catch (int) {}
   try {
     violates();
   } catch (int) {}
-  //> continue
-  //> plx eh-stack
-  //= #0   0xN  unexpected handler at work in __cxa_call_unexpected
-  //=         throw (int)
-  //= #1   0xN  C++ frame in violates at stacks.cpp: static void violates() throw(int) { throw failure(); }
-  //=         nothing to do here
-  //= #2   0xN  C++ frame in main at stacks.cpp: violates();
-  //=         catch int
-  //> plx throw-stack
-  //= #0   failure at 0xN, handled, references 1
-  //=         "it is \"broken\""
   set_terminate(terminated);
   throw "nobody";
-  //> continue
-  //> plx eh-stack
-  //= #0   0xN  terminate handler at work
-  //> plx throw-stack
-  //= #0   char const* at 0xN, handled, references 1
-  //> plx nonsense
-  //= error: Undefined plx command: "nonsense".  Try "help plx".
-  //> plx eh-stack x
-  //= error: plx eh-stack: an optional COUNT is all that it takes.
 }
