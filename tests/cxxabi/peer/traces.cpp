@@ -1,6 +1,6 @@
 // What runs in which order when exceptions pass: each body prints a trace, and the host's library says the right one.
 // Every step of an object also tells std::uncaught_exception (a star), and every body how many objects it left behind.
-// prints: 37 lines
+// prints: 36 lines
 // test-variants: -O0 | -O2 -fomit-frame-pointer
 #include <exception>
 #include <stdarg.h>
