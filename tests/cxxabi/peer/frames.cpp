@@ -105,6 +105,20 @@ static void aligned() {
   printf("%d ", (int)(aligned_frame(9)));
   printf("%d ", (int)(aligned_and_moving(100, 0)));
   printf("%d ", (int)(aligned_and_moving(100, 9)));
+}
+
+struct large {
+  int values[5000];
+};
+static large big_frame(int fail) {
+  large result;
+  large scratch;
+  for (int i = 0; i < 5000; ++i) {
+    result.values[i] = i;
+    scratch.values[i] = -i;
+  }
+  try {
+    hidden(fail);
   } catch (int n) {
     result.values[4999] = n - scratch.values[100];
   }
