@@ -1,7 +1,7 @@
 /* Arrays: construction and destruction in both directions, failing at each element, with every way to allocate and
  * free, the byte counts that each of them sees, and cookies. operator new[] and delete[] are the program's own here.
  * test-variants: -O0 | -O1 | -O2 */
-#include "emit.h"
+#include "classes.h"
 
 /* An element that knows where it stands. fail_at is the index whose constructor or destructor throws. */
 enum { COUNT = 4, SIZE = 12 };

@@ -3,7 +3,7 @@
  * came to be dies exactly once, a handler's object lives as long as the handler, both stacks end as they began.
  *
  * With arguments: the number of the first program and how many. test-variants: -O0 | -O1 | -O2 */
-#include "emit.h"
+#include "classes.h"
 
 /* Every object has a number of its own. */
 enum { MOST = 5000 };

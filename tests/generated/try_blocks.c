@@ -1,6 +1,6 @@
 /* Try blocks: a body that does not throw, the clause that is chosen, where the object is found, several try blocks
  * around a throw, and what uncaught_exception says at each step. test-variants: -O0 | -O1 | -O2 */
-#include "emit.h"
+#include "classes.h"
 
 /* Nothing but data in reach of a debugger says so: the first region is 0 until a function says otherwise. */
 static void starting_state(void) {
