@@ -156,6 +156,7 @@ template <class T> static void all_aligned() {
   if (::operator new(too_much, std::align_val_t(alignof(T)), std::nothrow)) printf("got it ");
 #endif
 }
+struct odd { char bytes[12]; };
 static thread_local noisy thread_object(77);
 
 int main() {
@@ -169,6 +170,7 @@ int main() {
   attempt([] { inheriting i(1, 2); });
   attempt([] { inheriting i(3, 0); });
   all_aligned<aligned<16>>(), all_aligned<aligned<32>>(), all_aligned<aligned<128>>();
+  try { throw odd(); } catch (odd &o) { putchar('0' + reinterpret_cast<unsigned long>(&o) % 16); }
   printf(" %d %d\n", count_types<int, long, const int, char, int &>(typeid(int)), thread_object.n);
   return noexcept(never(1)) + noexcept(may(1)) + noexcept(quiet_destructor()) - 2;
 }
