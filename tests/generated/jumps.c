@@ -1,5 +1,5 @@
 /* longjmp over frames that stand on the eh stack and own nothing: the stack is again what it was at setjmp, and so is
- * the region. test-variants: -O0 | -O1 | -O2 */
+ * the region. test-variants: -O0 | -O2 */
 #include "classes.h"
 
 static jmp_buf back;

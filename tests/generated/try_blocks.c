@@ -1,5 +1,5 @@
 /* Try blocks: a body that does not throw, the clause that is chosen, where the object is found, several try blocks
- * around a throw, and what uncaught_exception says at each step. test-variants: -O0 | -O1 | -O2 */
+ * around a throw, and what uncaught_exception says at each step. test-variants: -O0 | -O2 */
 #include "classes.h"
 
 /* Nothing but data in reach of a debugger says so: the first region is 0 until a function says otherwise. */
