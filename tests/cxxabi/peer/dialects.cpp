@@ -81,6 +81,7 @@ static void objects() {
   printf("%s", which<int *const &, void *>(nullptr));
   printf("%s", which<int, int movable::*>(nullptr));
   printf("%s", which<int, void (movable::*)()>(nullptr));
+  try { throw nullptr; } catch (int movable::*p) { printf("%d ", p == nullptr); }
   printf("%s", which<unsigned short, char16_t>(u'x'));
   printf("%s", which<unsigned, char32_t>(U'x'));
   printf("%s", which<short, scoped>(scoped::a));

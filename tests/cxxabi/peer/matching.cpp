@@ -1,6 +1,6 @@
 // Which clause takes which exception, and which specification lets it pass: every type of the list is thrown at every
 // clause. A clause says what it sees through the reference or pointer that it got, so that a wrong address shows.
-// prints: 68 lines
+// prints: 70 lines
 // test-variants: -O0 | -O2
 #include <exception>
 #include <stdexcept>
@@ -20,6 +20,7 @@ struct diamond : left, right { char tag; diamond() : tag('D') {} };
 struct lowest : second, virtual diamond { char tag; lowest() : tag('w') {} };
 struct hides_virtually : private virtual base { char tag; hides_virtually() : tag('x') {} };
 struct both_ways : hides_virtually, left { char tag; both_ways() : tag('y') {} };  // the public way counts
+struct other_way : left, hides_virtually { char tag; other_way() : tag('z') {} };
 struct part_a : plain { char tag; part_a() : tag('1') {} };
 struct part_b : plain { char tag; part_b() : tag('2') {} };
 struct twice : part_a, part_b { char tag; twice() : tag('t') {} };
@@ -65,7 +66,7 @@ static int throw_one(int which) {
   THROW(box<int>()); THROW(box<char>()); THROW(local()); THROW(named::base()); THROW(std::bad_exception());
   THROW(&the<joined>()); THROW(&constant<joined>()); THROW(&changing<joined>()); THROW(&the<hidden>());
   THROW(&the<lowest>()); THROW(&the<twice>()); THROW(&the<both_ways>()); THROW((joined *)0);
-  THROW(constant<joined>());
+  THROW(constant<joined>()); THROW((lowest *)0); THROW(other_way());
   return n;
 }
 

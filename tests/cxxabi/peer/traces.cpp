@@ -594,11 +594,17 @@ BODY(local_statics) {
   for (int i = 0; i < 2; ++i) { static noisy in_loop(20); static const noisy &reference = noisy(30); say("%d", reference.n); }
   fails_at = -1;
 }
+template <int n> static void many_statics() {
+  static noisy one(n);
+  many_statics<n - 1>();
+}
+template <> void many_statics<0>() {}
 struct starts_late { ~starts_late() { say("~starter"); instance<special>(); } };
 BODY(statics_that_end) {
   static starts_late starter;
   static busy handles_at_exit(70);
   (void)starter, (void)handles_at_exit;
+  many_statics<200>();
 }
 
 int main() {
