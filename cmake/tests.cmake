@@ -2,8 +2,9 @@
 # tests/mixed/<name>/ is one program of C and C++ files. CTest knows them as <folder>/<name>.
 #
 # A line `test-variants: <flags> | <flags>` at the top of a file makes one test per set of flags, <folder>/<name>:<flags>.
-# tests/<folder>/peer/<name>.cpp must print the same with plx and with the host's library; a line `test-peer: <dialects>`
-# says that a test holds for the host's library too, and makes a test <folder>/<name>:peer of that. See tests/peer.
+# tests/<folder>/peer/<name>.cpp must print the same with plx and, by the same compiler, with the library of the host, in
+# each variant; a line `test-peer: <dialects>` says that a test holds for the host's library too, and makes a test
+# <folder>/<name>:peer of that. See tests/peer.
 # Programs are built with the rest of the tree, so that a test runs again at once when nothing changed.
 
 # Programs are built by the compiler that the library was built by: both are tried, in the presets.

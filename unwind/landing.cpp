@@ -28,6 +28,8 @@ inline an_exception_header *prepare_header(a_throw_stack_entry *thrown) {
   }
   state.older_thrown = header->thrown;
   state.older_landed = header->landed;
+  // Meanwhile the older one's marker stands at the end of the frame whose clean-up runs.
+  if (header->landed) state_of(header->thrown).position = header->landed->cfa;
   header->thrown = thrown;
   header->landed = nullptr;
   return header;

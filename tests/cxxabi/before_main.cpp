@@ -1,6 +1,6 @@
 // Exceptions before main begins and after it has ended: in constructors and destructors of static objects, with the
 // library's own exception classes, and uncaught there.
-// test-variants: -O0 | -O2 | -O1 -std=gnu++17 | -O2 -static
+// test-variants: -O0 | -O2 -static
 #include <exception>
 #include <stdexcept>
 #include <string>

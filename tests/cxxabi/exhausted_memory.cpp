@@ -127,6 +127,19 @@ static int nested_and_rethrown() {
   return -2;
 }
 
+// What a throw notes on its way is given back when it is caught: this many handlers fit into each other.
+static int nest(int depth) {
+  try {
+    throw depth;
+  } catch (int n) {
+    return n == 0 ? 1 : nest(n - 1) + 1;
+  }
+}
+static int nested_ints() {
+  shortage s;
+  return nest(7);
+}
+
 // Library exceptions own a text. When there is no memory for it bad_alloc comes instead; for every N the program goes
 // on.
 static void every_allocation_fails_once() {
@@ -195,6 +208,7 @@ static void too_many() {
 int main() {
   small_ones_travel();
   CHECK_INT(nested_and_rethrown(), 5);
+  CHECK_INT(nested_ints(), 8);
   every_allocation_fails_once();
   CHECK_ENDS(too_big, 3, "terminate handler 5");
 #ifdef PLX_CONFIG_H

@@ -1,7 +1,7 @@
 // A program that replaces operator new and delete: every allocation of new-expressions goes through its versions, the
 // array forms that it does not replace lead to the ones it does, and each block goes back where it came from, also
 // when constructors throw and when an exception class of the library copies its message.
-// test-variants: -O0 | -O2 | -O2 -static
+// test-variants: -O0 | -O2 -static
 #include <new>
 #include <stdexcept>
 #include <string>

@@ -1,6 +1,6 @@
 /* What the runtime says, with which line number, when a stack is broken: each check that generated code can reach,
  * from a process that does the harm on purpose. */
-#include "emit.h"
+#include "classes.h"
 
 /* Static, so that the harm outlives the functions that do it. */
 static an_eh_stack_entry entry, other;

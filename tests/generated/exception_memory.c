@@ -1,6 +1,6 @@
 /* Where thrown objects live: no heap until 8192 bytes are alive at once, blocks that come and go with the depth, and
  * what happens when there is no memory for the next one. test-variants: -O0 | -O2 */
-#include "emit.h"
+#include "classes.h"
 #include "heap.h"
 
 EMIT_CLASS(big, "big", 0);

@@ -1,7 +1,7 @@
 /* Handlers: exceptions that leave them, live inside them or are thrown again, with the reference counts in between.
  * Every object that was thrown is destroyed exactly once, when its last reference goes.
  * test-variants: -O0 | -O1 | -O2 | -O1 -static */
-#include "emit.h"
+#include "classes.h"
 
 #define HANDLED(entry) ((entry).body.try_block.handled_exception)
 

@@ -1,6 +1,6 @@
 /* longjmp over frames that stand on the eh stack and own nothing: the stack is again what it was at setjmp, and so is
- * the region. test-variants: -O0 | -O1 | -O2 */
-#include "emit.h"
+ * the region. test-variants: -O0 | -O2 */
+#include "classes.h"
 
 static jmp_buf back;
 

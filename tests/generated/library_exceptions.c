@@ -1,6 +1,6 @@
 /* Exceptions of the library in generated C: caught by class and by each base, thrown again, passed through functions
  * with objects and specifications, and what remains of their messages. */
-#include "emit.h"
+#include "classes.h"
 #include "heap.h"
 
 void _ZNSt16invalid_argument7__throwEPKc(const char *);

@@ -1,6 +1,6 @@
 /* Which clause takes which exception, and where the handler finds the object: bases of every sort, pointers with their
  * qualifiers, void *, ellipsis, descriptors that share an identity or have none. */
-#include "emit.h"
+#include "classes.h"
 
 #define POINTER PLX_TYPE_POINTER
 #define CONST PLX_TYPE_CONST

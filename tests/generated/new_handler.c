@@ -1,6 +1,6 @@
 /* operator new and its handler as C sees them: handlers that help, give up or throw something else, the nothrow forms,
  * and the eh stack after each of them. */
-#include "emit.h"
+#include "classes.h"
 #include "heap.h"
 
 /* No process has room for this, and a sanitizer's heap refuses it too. */

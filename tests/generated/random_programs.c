@@ -2,8 +2,8 @@
  * throw and catch, nested at random. No trace is foretold; what must hold of all of them is checked: every object that
  * came to be dies exactly once, a handler's object lives as long as the handler, both stacks end as they began.
  *
- * With arguments: the number of the first program and how many. test-variants: -O0 | -O1 | -O2 */
-#include "emit.h"
+ * With arguments: the number of the first program and how many. test-variants: -O0 | -O2 */
+#include "classes.h"
 
 /* Every object has a number of its own. */
 enum { MOST = 5000 };

@@ -1,6 +1,6 @@
 /* Region tables: every flag of a region record and the combinations that mean something, chains that stop at a try
- * block, functions inside functions, and the order in which everything dies. test-variants: -O0 | -O1 | -O2 */
-#include "emit.h"
+ * block, functions inside functions, and the order in which everything dies. test-variants: -O0 | -O2 */
+#include "classes.h"
 
 /* Runs `body`, which throws, and traces the handler. */
 static NOINLINE void caught(void (*body)(void)) {

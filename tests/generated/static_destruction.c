@@ -2,7 +2,7 @@
  * the list is processed, exit from inside a try block, the hooks of main and of a shared object that is unloaded.
  *
  * Each case is a process of its own, since most of them end it. */
-#include "emit.h"
+#include "classes.h"
 #include "heap.h"
 
 /* At most one of these is registered at a time under each name. */

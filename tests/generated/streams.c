@@ -1,7 +1,7 @@
 /* Streams in generated C: cout << 42 by the exported inserters, with the initialiser and its destruction registered as
  * a compiler does; and buffers, a facet and a callback of generated C that throw into the library.
  * test-variants: -O1 | -O2 -static */
-#include "emit.h"
+#include "classes.h"
 
 typedef struct an_ostream an_ostream;
 typedef struct a_streambuf {

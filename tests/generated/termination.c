@@ -1,6 +1,6 @@
 /* The ends of a program that an exception brings about: no handler, an exception that meets another, handlers of
  * std::terminate that return, throw or are absent, and the line that says what was not caught. */
-#include "emit.h"
+#include "classes.h"
 
 static void say(const char *text) {
   fputs(text, stdout);

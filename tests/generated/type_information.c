@@ -1,6 +1,6 @@
 /* Type information as generated code asks for it: identity, typeid, dynamic_cast, and the conversion to a base with
  * its access modes, qualifier string and flags. */
-#include "emit.h"
+#include "classes.h"
 
 #define PUBLIC PLX_BASE_PUBLIC
 #define END PLX_BASE_LAST

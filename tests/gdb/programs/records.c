@@ -1,5 +1,5 @@
 /* Every record of generated C, for transcripts/records.txt and transcripts/c_trails.txt. */
-#include <generated/emit.h>
+#include <generated/classes.h>
 
 void stop(void) { __asm__ volatile(""); }
 static void (*volatile to_stop)(void) = stop;

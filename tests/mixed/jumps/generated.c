@@ -2,7 +2,7 @@
  */
 #include "jumps.h"
 
-#include "mixed/generated.h"
+#include "emit.h"
 
 jmp_buf place;
 

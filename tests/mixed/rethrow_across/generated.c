@@ -2,7 +2,7 @@
  */
 #include "worlds.h"
 
-#include "mixed/generated.h"
+#include "emit.h"
 
 extern const char _ZTS7c_error[];
 static const a_type_info_impl c_error_type = {PLX_TYPE_INFO_VTABLE, "c_error", _ZTS7c_error, 0};

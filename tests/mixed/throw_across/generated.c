@@ -3,7 +3,7 @@
  */
 #include "worlds.h"
 
-#include "mixed/generated.h"
+#include "emit.h"
 
 /* ---- types */
 

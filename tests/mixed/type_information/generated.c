@@ -1,7 +1,7 @@
 /* Classes with virtual functions as a compiler lays them out in C, with their tables, and casts of such objects by the
  * runtime's three-argument __dynamic_cast. C++ has a function of that name of its own in the same program.
  */
-#include "mixed/generated.h"
+#include "emit.h"
 
 extern const char _ZTS8cpp_type[];
 

@@ -1,7 +1,7 @@
 /* The passages of random programs as generated C: functions that stand between C++ frames with an object, an array, a
  * handler that rethrows, throws anew or catches. The host's build of a random program has the same functions in C++.
  */
-#include "mixed/generated.h"
+#include "emit.h"
 
 typedef int (*function)(int);
 

