@@ -17,6 +17,12 @@
 
 using namespace fuzzed;
 
+extern const char *const fuzz_words[];
+const char *const fuzz_words[] = {
+    "\x01\x1b\x03;", "zPLR",         "zR",           "S",        "\x7c\x08\x01",         "\xff\xff\xff\xff",
+    "\x9b",          "\x0c\x04\x04", "\x40",         "\x80\x01", "\x0f\x03\x75\x70\x06", "\x2e\x10",
+    "\x0a",          "\x0b",         "\x01\x01\x01", 0};
+
 static void read_exception_table(const a_frame_entry &entry, const an_object &object, unsigned address) {
   an_exception_table table(object.range, reinterpret_cast<const byte *>(entry.exception_table), entry.start);
   if (table.is_damaged()) return;
