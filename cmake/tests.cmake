@@ -93,7 +93,7 @@ endfunction()
 
 file(MAKE_DIRECTORY ${CMAKE_BINARY_DIR}/tests)
 file(GLOB test_files CONFIGURE_DEPENDS RELATIVE ${CMAKE_SOURCE_DIR}/tests tests/*/*.cpp tests/*/*.c tests/*/*.sh)
-list(FILTER test_files EXCLUDE REGEX "^fuzz/")
+list(FILTER test_files EXCLUDE REGEX "^(fuzz|mutants)/")
 # What does not depend on how the library was built is tested with one build of it.
 set(PLX_TEST_ONCE OFF)
 if(CMAKE_CXX_COMPILER_ID STREQUAL Clang AND NOT PLX_SANITIZE)

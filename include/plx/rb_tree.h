@@ -8,6 +8,7 @@
 
 #include <plx/element.h>
 #include <plx/node_pool.h>
+#include <plx/pair.h>
 #include <plx/tree_iterator.h>
 #include <plx/tree_order.h>
 

@@ -60,7 +60,7 @@ tests_of() { awk -F '|' '/^\|/ && !/^\|[-| ]*$/ && $0 !~ /\| Test \|$/ { print F
 rows=0
 while IFS=: read -r line names; do
   rows=$((rows + 1))
-  quoted=$(grep -oE '`[a-z_]+/[a-z_.]+`' <<< "$names" | tr -d '\140')
+  quoted=$(grep -oE '`[a-z_]+(/[a-z_.]+)+`' <<< "$names" | tr -d '\140')
   [ -n "$quoted" ] || wrong "docs/deviations.md:$line: no test"
   [ "$(tr -d ' ,' <<< "$names")" = "$(printf '`%s`' $quoted)" ] || wrong "docs/deviations.md:$line: tests as \`folder/name\`, please"
   for name in $quoted; do

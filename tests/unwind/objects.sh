@@ -45,7 +45,7 @@ done
 # Generated C in objects that were loaded apart: an exported identity makes one type of two descriptors, unless their names
 # differ; one that a file keeps to itself makes none.
 cat > part.c << 'END'
-#include "mixed/generated.h"
+#include "emit.h"
 LINKAGE const char __TID_5error = 0;
 static const a_type_info_impl type = {PLX_TYPE_INFO_VTABLE, NAME, &__TID_5error, 0};
 static const an_exception_type_specification clauses[] = {{&type, 0}, {0, PLX_TYPE_ELLIPSIS | PLX_TYPE_LAST}};
