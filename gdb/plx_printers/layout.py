@@ -44,7 +44,7 @@ LANDING = {"cfa": (36, "I")}
 DETOUR = {"next.cfa": (212, "I")}
 
 # unwind/call_unexpected.cpp: what follows the entry of an unexpected handler at work; and unwind/plan.h.
-GUARD = {"plan": (176, "I"), "filter": (180, "i")}
+GUARD = {"plan": (184, "I"), "filter": (188, "i")}
 PLAN = {"function": (44, "I"), "exception_table": (48, "I")}
 
 # libC/debugger_view.cpp
