@@ -33,7 +33,7 @@ for record, fields in layout.RECORDS.items():
         if field != "marker":
             compare("the width of %s.%s" % (record, field), struct.calcsize("<" + code), "sizeof(%s)" % member)
 
-compare("an unexpected guard's plan", layout.GUARD["plan"][0], "sizeof(an_eh_stack_entry)")
+compare("an unexpected guard's plan", layout.GUARD["plan"][0], "sizeof(__zor::an_unexpected_guard)")
 compare("a region record's size", 12, "sizeof(a_region_record)")
 compare("an array record's size", 12, "sizeof(an_array_record)")
 compare("a clause's size", 8, "sizeof(an_exception_type_specification)")
