@@ -15,6 +15,7 @@ __zor::a_throw_state state;
 __zor::an_exception_header header;
 __zor::a_landing landing;
 __zor::a_detour detour;
+__zor::an_unexpected_guard guard;
 __zor::a_plan plan;
 __zor::private_eh_kind kind;
 FILE *file = stdin;
