@@ -53,10 +53,10 @@ typedef std::ios_base base;
 
 inline longest random_integer() {
   static const longest special[] = {0, 1, -1, 9, 10, 99, 32767, -32768, 65535, 2147483647, -2147483647 - 1};
-  longest bits = random_below(1 << 24);
+  unsigned_longest bits = random_below(1 << 24);
   for (int i = 0; i < 2; ++i) bits = bits << 24 | random_below(1 << 24);
   if (random_below(6) == 0) return special[random_below(11)];
-  return static_cast<longest>(static_cast<unsigned_longest>(bits) << 8) >> random_below(64);
+  return static_cast<longest>(bits << 8) >> random_below(64);
 }
 
 inline double random_real(bool finite) {
