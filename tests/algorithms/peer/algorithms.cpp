@@ -19,7 +19,7 @@ enum { room = 2400 };
 // What is printed of a number: doubles by their value, strings by their length and last character.
 static unsigned int hash_of(long long value) { return static_cast<unsigned int>(value * 2654435761u); }
 static unsigned int hash_of(const std::string &s) {
-  return static_cast<unsigned int>(s.size() * 256 + static_cast<unsigned char>(s[s.size() - 1]));
+  return static_cast<unsigned int>(s.size() * 256 + (s.empty() ? 0 : static_cast<unsigned char>(s[s.size() - 1])));
 }
 template <class T> static void print(const T *first, const T *last, long long result) {
   unsigned int hash = 5381;

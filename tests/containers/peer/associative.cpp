@@ -123,8 +123,12 @@ template <class C> static void run(const char *name, typename C::key_compare les
         if (&c != &other && c.size() < 60) c.insert(other.begin(), other.end());
         break;
       case 16:
-        if (n == 0) c.clear();
-        result = c.empty() + (place == c.end() ? 0 : number_of(*place)) + (c.begin() == back ? 0 : number_of(*--back));
+        if (n == 0) {
+          c.clear();
+          result = c.empty();
+          break;
+        }
+        result = (place == c.end() ? 0 : number_of(*place)) + (c.begin() == back ? 0 : number_of(*--back));
         break;
       case 17: result = indexed(c, key); break;
     }

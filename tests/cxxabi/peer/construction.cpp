@@ -21,8 +21,8 @@ struct element {
 struct aggregate { element first, line[3], matrix[2][2], last; };
 struct derived : aggregate { element own[2]; derived() {} };
 struct holds_pointer {
+  element before;
   element *array;
-  element after;
   holds_pointer() : array(new element[2]) {
     try { delete[] new element[3]; } catch (...) { delete[] array; array = 0; throw; }
     delete[] array;
