@@ -18,8 +18,7 @@ struct a_guard : an_unexpected_guard {
   int filter;
 
   bool allows(a_throw_stack_entry *thrown) const {
-    const an_exception_table table(plan->range, plan->exception_table, plan->function);
-    return allowed_by(table, filter, thrown);
+    return allowed_by(plan->table(), filter, thrown);
   }
 };
 

@@ -17,8 +17,8 @@ const int search_phase = 1;
 
 // A clean-up that leads into catch (...) is none: compilers make one landing of the two.
 bool has_clean_up(const a_plan *plan) {
-  if (plan->handling != a_plan::clauses) return plan->handling == a_plan::clean_up;
-  const an_exception_table table(plan->range, plan->exception_table, plan->function);
+  if (plan->handling <= a_plan::clean_up) return plan->handling == a_plan::clean_up;
+  const an_exception_table table = plan->table();
   bool found = false;
   for (const byte *at = plan->action; at;) {
     const int filter = table.next_action(at);

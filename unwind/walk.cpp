@@ -69,7 +69,7 @@ enum class a_verdict { pass, clean_up, handle };
 
 // What the actions say: the first clause that takes the exception, else the clean-up if there is one.
 a_verdict choose_by_actions(const a_plan *plan, a_throw_stack_entry *thrown, int &selector) {
-  an_exception_table table(plan->range, plan->exception_table, plan->function);
+  const an_exception_table table = plan->table();
   bool has_cleanup = false;
   for (const byte *at = plan->action; at;) {
     const int filter = table.next_action(at);
@@ -90,12 +90,15 @@ inline __attribute__((__always_inline__)) a_verdict choose(const a_plan *plan, a
                                                            int &selector) {
   selector = 0;
   if (__builtin_expect(plan->handling == a_plan::clean_up, 1)) return a_verdict::clean_up;
-  if (plan->handling == a_plan::one_clause) {
-    if (!catch_clause_matches(plan->type, thrown, &state_of(thrown).adjusted)) return a_verdict::pass;
-    selector = plan->selector;
-    return a_verdict::handle;
+  if (plan->handling == a_plan::actions) return choose_by_actions(plan, thrown, selector);
+  for (const a_clause &clause : plan->clauses) {
+    if (clause.selector == 0) break;
+    if (catch_clause_matches(clause.type, thrown, &state_of(thrown).adjusted)) {
+      selector = clause.selector;
+      return a_verdict::handle;
+    }
   }
-  return choose_by_actions(plan, thrown, selector);
+  return plan->handling == a_plan::one_or_two ? a_verdict::pass : a_verdict::clean_up;
 }
 
 // Where records go. The last record is followed by one that only says that there are no more.
