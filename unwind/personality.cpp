@@ -31,7 +31,7 @@ bool has_clean_up(const a_plan *plan) {
 // Entries of frames that the other unwinder has left already.
 void unwind_entries_below(unsigned stack_pointer) {
   while (an_eh_stack_entry *entry = __curr_eh_stack_entry) {
-    if (position_of(entry, 0) >= stack_pointer) return;
+    if (position_of(entry, 0, reinterpret_cast<unsigned>(__libc_stack_end)) >= stack_pointer) return;
     if (pending_throws) end_waits_at(entry);
     __curr_eh_stack_entry = entry->next;
     unwind_entry(entry);

@@ -18,7 +18,7 @@ struct a_clause {
 
 struct a_plan {
   unsigned address;  // the return address; 0: not in use
-  a_plan *caller;    // the plan that the walk needed next, last time; only a guess
+  a_plan *caller;    // the plan that the walk needed next, last time: only a guess, and never null
 
   enum a_shape : byte {
     plain,      // as above

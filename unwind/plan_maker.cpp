@@ -123,7 +123,8 @@ bool make_plan(unsigned address, bool interrupted, a_plan &plan, a_frame_rules &
   }
   take_rules(entry, rules, plan);
   // Other languages' and libraries' tables are theirs to read.
-  if (entry.exception_table && entry.personality == reinterpret_cast<unsigned>(__gxx_personality_v0) &&
+  const bool is_ours = entry.personality == reinterpret_cast<unsigned>(__gxx_personality_v0);
+  if (entry.exception_table && is_ours && plan.shape != a_plan::outermost &&
       !take_handling(object, entry, instruction, plan)) {
     plan.shape = a_plan::damaged;
     return false;

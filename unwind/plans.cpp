@@ -91,6 +91,7 @@ a_plan *take_plan() {
 __attribute__((__noinline__)) a_plan *new_plan(unsigned address) {
   const bool may_stay = make_plan(address, false, momentary_plan, momentary_rules);
   momentary_plan.address = address;
+  momentary_plan.caller = &momentary_plan;
   if (!may_stay) return &momentary_plan;
   a_frame_rules *rules = nullptr;
   if (momentary_plan.rules) {
@@ -104,6 +105,7 @@ __attribute__((__noinline__)) a_plan *new_plan(unsigned address) {
     return &momentary_plan;
   }
   *plan = momentary_plan;
+  plan->caller = plan;
   plan->rules = rules;
   enter(plan);
   return plan;
@@ -119,7 +121,8 @@ a_plan *find_plan(unsigned address) {
 
 a_plan *find_plan_of_interrupted(unsigned address) {
   make_plan(address, true, momentary_plan, momentary_rules);
-  momentary_plan.address = 0;
+  momentary_plan.address = 1;  // no return address, and not the 0 that ends a stack
+  momentary_plan.caller = &momentary_plan;
   return &momentary_plan;
 }
 

@@ -23,11 +23,10 @@ namespace __zor {
 
 namespace {
 
-inline __attribute__((__always_inline__)) a_plan *plan_of_caller(a_plan *plan, const a_machine_frame &frame) {
-  a_plan *guess = plan->caller;
-  if (__builtin_expect(guess && guess->address == frame.address, 1)) return guess;
-  if (plan->caller_is_interrupted) return find_plan_of_interrupted(frame.address);
-  a_plan *found = find_plan(frame.address);
+// When the guess was wrong.
+__attribute__((__noinline__)) a_plan *find_caller(a_plan *plan, unsigned address) {
+  if (plan->caller_is_interrupted) return find_plan_of_interrupted(address);
+  a_plan *found = find_plan(address);
   if (is_remembered(plan) && is_remembered(found)) plan->caller = found;
   return found;
 }
@@ -55,7 +54,8 @@ inline __attribute__((__always_inline__)) bool cfa_of(const a_plan *plan, const 
 }
 
 inline __attribute__((__always_inline__)) bool step(const a_plan *plan, unsigned cfa, a_machine_frame &frame) {
-  if (__builtin_expect(plan->shape != a_plan::plain, 0)) return step_by_rules(*plan->rules, cfa, frame);
+  if (__builtin_expect(plan->shape != a_plan::plain, 0))
+    return plan->shape != a_plan::outermost && step_by_rules(*plan->rules, cfa, frame);
   if (plan->saved[0]) frame.registers[register_ebx] = stack_word(cfa + plan->saved[0]);
   if (plan->saved[1]) frame.registers[register_esi] = stack_word(cfa + plan->saved[1]);
   if (plan->saved[2]) frame.registers[register_edi] = stack_word(cfa + plan->saved[2]);
@@ -138,27 +138,34 @@ struct a_recorder {
 template <class Visitor> inline void walk(a_machine_frame &frame, an_eh_stack_entry *entry, Visitor &visitor) {
   const unsigned stack_pointer = frame.registers[register_esp];
   const unsigned stack_end = reinterpret_cast<unsigned>(__libc_stack_end);
-  unsigned entry_position = entry ? position_of(entry, stack_pointer) : 0xFFFFFFFF;
-  for (a_plan *plan = find_plan(frame.address);; plan = plan_of_caller(plan, frame)) {
-  same_frame:
+  unsigned entry_position = position_of(entry, stack_pointer, stack_end);
+  a_plan *plan = find_plan(frame.address);
+  for (;;) {
     unsigned cfa;
     if (plan->shape >= a_plan::untabled || !cfa_of(plan, frame, stack_end, cfa)) return visitor.end(frame, plan, entry);
     while (__builtin_expect(entry_position < cfa, 0)) {
-      if (visitor.entry(entry, frame, plan, cfa)) return;
-      const an_eh_stack_entry *passed = entry;
-      entry = entry->next;
-      entry_position = entry ? position_of(entry, stack_pointer) : 0xFFFFFFFF;
-      if (passed->kind == eh_detour) {
+      an_eh_stack_entry *passed = entry;
+      // A function's matters on the way out only.
+      const bool matters = passed->kind != PLX_EH_FUNCTION;
+      if (matters && visitor.entry(passed, frame, plan, cfa)) return;
+      entry = passed->next;
+      entry_position = position_of(entry, stack_pointer, stack_end);
+      if (matters && passed->kind == eh_detour) {
         frame = frame_of(reinterpret_cast<const a_detour *>(passed)->next);
         plan = find_plan(frame.address);
-        goto same_frame;
+        goto next_frame;
       }
     }
-    if (plan->shape == a_plan::outermost) return visitor.end(frame, plan, entry);
     if (plan->handling != a_plan::none && visitor.frame(frame, plan, cfa, entry)) return;
     if (!step(plan, cfa, frame)) return visitor.end(frame, plan, entry);
-    // The bottom of a stack that nothing else ends.
-    if (frame.address == 0) return visitor.end(frame, plan, entry);
+    if (__builtin_expect(plan->caller->address == frame.address, 1)) {
+      plan = plan->caller;
+    } else {
+      // The bottom of a stack that nothing else ends.
+      if (frame.address == 0) return visitor.end(frame, plan, entry);
+      plan = find_caller(plan, frame.address);
+    }
+  next_frame:;
   }
 }
 
