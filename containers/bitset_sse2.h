@@ -2,7 +2,7 @@
 // how many words it did; the caller does the rest.
 #pragma once
 
-#include <plx/config.h>
+#include <plx/base/config.h>
 
 #define PLX_BITSET_HIDDEN __attribute__((__visibility__("hidden"), __regparm__(3)))
 

@@ -1,6 +1,6 @@
 // find on arrays of 32-bit elements: in the library because only here is it known what the processor can do.
 
-#include <plx/search_algorithms.h>
+#include <plx/algorithms/search_algorithms.h>
 
 #include "../libC/i386/processor.h"
 #include "find_word_sse2.h"

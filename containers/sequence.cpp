@@ -1,7 +1,7 @@
 // What the sequences need out of line: the errors that they report, and growing a block of plain bytes, which the C
 // library often does where the block stands or by remapping its pages.
 
-#include <plx/sequence.h>
+#include <plx/containers/sequence.h>
 
 #include <stdlib.h>
 

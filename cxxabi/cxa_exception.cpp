@@ -1,7 +1,7 @@
 // The entry points that compilers' code calls to throw and to handle (the C++ ABI's exception handling, level 2). One
 // throw is one entry of the throw stack, whoever throws.
 
-#include <plx/config.h>
+#include <plx/base/config.h>
 
 #include "../libC/foreign.h"
 #include "../libC/frames.h"

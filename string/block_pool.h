@@ -8,7 +8,7 @@
 
 #include <new>
 
-#include <plx/string_core.h>
+#include <plx/string/string_core.h>
 
 // A compiler must see on the declaration that a symbol is the library's own, or it goes through the GOT pointer.
 #define PLX_STRING_HIDDEN_DATA __attribute__((__visibility__("hidden")))

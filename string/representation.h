@@ -4,7 +4,7 @@
 
 #include <string.h>
 
-#include <plx/string_core.h>
+#include <plx/string/string_core.h>
 
 #include "block_pool.h"
 

@@ -2,7 +2,7 @@
 // up, and take part in nothing else: handlers, catch (...) too, are for our own exceptions. Those never come here,
 // since the walk reads the tables itself; the name of this function tells it whose they are.
 
-#include <plx/config.h>
+#include <plx/base/config.h>
 
 #include "../libC/throw_stack.h"
 #include "foreign_unwinder.h"

@@ -2,7 +2,7 @@
 // for this unit by its symbol. A main that a C++ compiler made makes no start-up call, so all that comes before the
 // first static object is here.
 
-#include <plx/config.h>
+#include <plx/base/config.h>
 
 extern "C" {
 
