@@ -17,7 +17,7 @@ void sequence_length_error() { std::length_error::__throw("Length exception occu
 namespace {
 
 // Apart, because compilers warn of realloc on a block of operator new: the library's own is malloc.
-__attribute__((__noinline__)) void *reallocated(void *block, size_t bytes) { return realloc(block, bytes); }
+PLX_NOINLINE void *reallocated(void *block, size_t bytes) { return realloc(block, bytes); }
 
 }  // namespace
 

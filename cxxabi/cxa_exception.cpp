@@ -42,8 +42,7 @@ PLX_API void __cxa_free_exception(void *object) PLX_NOTHROW {
   free_finished_throws();
 }
 
-[[noreturn]] EH_FAST __attribute__((__visibility__("hidden"), __used__)) void __zor_cxa_throw_from(
-    const a_saved_frame *thrower) {
+[[noreturn]] PLX_REGPARM PLX_HIDDEN __attribute__((__used__)) void __zor_cxa_throw_from(const a_saved_frame *thrower) {
   a_throw_stack_entry *thrown = unthrown(reinterpret_cast<void *>(thrower->arguments[0]));
   // A destructor of C++ takes the object alone; a further argument does it no harm in this calling convention.
   thrown->destructor = reinterpret_cast<a_destructor>(thrower->arguments[2]);

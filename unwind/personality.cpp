@@ -57,7 +57,7 @@ PLX_API int __gxx_personality_v0(int, int actions, unsigned long long, void *exc
   return install_context;
 }
 
-[[noreturn]] EH_FAST __attribute__((__visibility__("hidden"), __used__)) void __zor_resume_foreign(void *exception) {
+[[noreturn]] PLX_REGPARM PLX_HIDDEN __attribute__((__used__)) void __zor_resume_foreign(void *exception) {
   void (*resume)(void *) = foreign_resume();
   if (resume) resume(exception);
   terminate_because("another library's exception, and nobody to go on with it");

@@ -88,7 +88,7 @@ a_plan *take_plan() {
   return plan;
 }
 
-__attribute__((__noinline__)) a_plan *new_plan(unsigned address) {
+PLX_NOINLINE a_plan *new_plan(unsigned address) {
   const bool may_stay = make_plan(address, false, momentary_plan, momentary_rules);
   momentary_plan.address = address;
   if (!may_stay) return &momentary_plan;

@@ -23,7 +23,7 @@ namespace __zor {
 
 namespace {
 
-inline __attribute__((__always_inline__)) a_plan *plan_of_caller(a_plan *plan, const a_machine_frame &frame) {
+PLX_ALWAYS_INLINE a_plan *plan_of_caller(a_plan *plan, const a_machine_frame &frame) {
   a_plan *guess = plan->caller;
   if (__builtin_expect(guess && guess->address == frame.address, 1)) return guess;
   if (plan->caller_is_interrupted) return find_plan_of_interrupted(frame.address);
@@ -35,8 +35,7 @@ inline __attribute__((__always_inline__)) a_plan *plan_of_caller(a_plan *plan, c
 inline unsigned stack_word(unsigned address) { return *reinterpret_cast<const unsigned *>(address); }
 
 // A frame's CFA must lie above what the frame calls, and on the stack: a damaged table must not lead in a circle.
-inline __attribute__((__always_inline__)) bool cfa_of(const a_plan *plan, const a_machine_frame &frame,
-                                                      unsigned stack_end, unsigned &cfa) {
+PLX_ALWAYS_INLINE bool cfa_of(const a_plan *plan, const a_machine_frame &frame, unsigned stack_end, unsigned &cfa) {
   if (__builtin_expect(plan->shape == a_plan::plain, 1)) {
     cfa = frame.registers[plan->cfa_register] + static_cast<unsigned>(plan->cfa_offset);
   } else if (plan->shape == a_plan::realigned) {
@@ -54,7 +53,7 @@ inline __attribute__((__always_inline__)) bool cfa_of(const a_plan *plan, const 
   return cfa > frame.registers[register_esp] && cfa <= stack_end;
 }
 
-inline __attribute__((__always_inline__)) bool step(const a_plan *plan, unsigned cfa, a_machine_frame &frame) {
+PLX_ALWAYS_INLINE bool step(const a_plan *plan, unsigned cfa, a_machine_frame &frame) {
   if (__builtin_expect(plan->shape != a_plan::plain, 0)) return step_by_rules(*plan->rules, cfa, frame);
   if (plan->saved[0]) frame.registers[register_ebx] = stack_word(cfa + plan->saved[0]);
   if (plan->saved[1]) frame.registers[register_esi] = stack_word(cfa + plan->saved[1]);
@@ -86,8 +85,7 @@ a_verdict choose_by_actions(const a_plan *plan, a_throw_stack_entry *thrown, int
   return has_cleanup ? a_verdict::clean_up : a_verdict::pass;
 }
 
-inline __attribute__((__always_inline__)) a_verdict choose(const a_plan *plan, a_throw_stack_entry *thrown,
-                                                           int &selector) {
+PLX_ALWAYS_INLINE a_verdict choose(const a_plan *plan, a_throw_stack_entry *thrown, int &selector) {
   selector = 0;
   if (__builtin_expect(plan->handling == a_plan::clean_up, 1)) return a_verdict::clean_up;
   if (plan->handling == a_plan::one_clause) {

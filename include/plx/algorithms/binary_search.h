@@ -63,14 +63,14 @@ inline _T *scalar_bound(_T *_first, _T *_last, const _V _value, _Before &_before
     __asm__ volatile("prefetcht0 %0\n\tprefetcht0 %1" : : "m"(*_lower), "m"(*_higher));
     std::size_t _beyond = _upper ? !_before(_value, _first[_half - 1]) : _before(_first[_half - 1], _value);
     _beyond = -_beyond;
-    __asm__("" : "+r"(_beyond));
+    PLX_OPAQUE(_beyond);
     _first += _half & _beyond;
   }
   for (std::size_t _half; _n > 1; _n -= _half) {
     _half = _n / 2;
     std::size_t _beyond = _upper ? !_before(_value, _first[_half - 1]) : _before(_first[_half - 1], _value);
     _beyond = -_beyond;
-    __asm__("" : "+r"(_beyond));
+    PLX_OPAQUE(_beyond);
     _first += _half & _beyond;
   }
   return _first + (_upper ? !_before(_value, *_first) : _before(*_first, _value));

@@ -70,7 +70,7 @@ void merge_forward(_T *_first, _T *_middle, _T *_last, _T *_buffer, _Before &_be
     std::size_t _from_right = bool(_before(_b, _a));
     *_first = _from_right ? _b : _a;
     ++_first;
-    __asm__("" : "+r"(_from_right));
+    PLX_OPAQUE(_from_right);
     _middle += _from_right;
     _left += 1 - _from_right;
   }

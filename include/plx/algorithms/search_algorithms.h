@@ -9,9 +9,8 @@
 namespace __zor {
 
 // The first of the words [first, last) that is `_word`, or last. In the library, where the processor is known.
-PLX_API __attribute__((__regparm__(3))) const unsigned int *find_word(const unsigned int *_first,
-                                                                      const unsigned int *_last,
-                                                                      unsigned int _word) PLX_NOTHROW;
+PLX_API PLX_REGPARM const unsigned int *find_word(const unsigned int *_first, const unsigned int *_last,
+                                                  unsigned int _word) PLX_NOTHROW;
 
 namespace _functions {
 

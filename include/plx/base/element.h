@@ -39,8 +39,8 @@
 
 namespace __zor {
 
-PLX_API void sequence_out_of_range() PLX_NORETURN_CXX PLX_COLD;  // out_of_range, "Out of range exception occurred"
-PLX_API void sequence_length_error() PLX_NORETURN_CXX PLX_COLD;  // length_error, "Length exception occurred"
+PLX_API void sequence_out_of_range() PLX_NORETURN PLX_COLD;  // out_of_range, "Out of range exception occurred"
+PLX_API void sequence_length_error() PLX_NORETURN PLX_COLD;  // length_error, "Length exception occurred"
 
 template <class _A> struct is_standard_allocator { static const bool value = false; };
 template <class _T> struct is_standard_allocator<std::allocator<_T> > { static const bool value = true; };

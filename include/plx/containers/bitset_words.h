@@ -27,9 +27,9 @@ PLX_API void shift_left(unsigned long *_dst, const unsigned long *_src, unsigned
 PLX_API void shift_right(unsigned long *_dst, const unsigned long *_src, unsigned _shift, unsigned _n) PLX_NOTHROW;
 
 // out_of_range, invalid_argument and overflow_error.
-PLX_API void throw_range() PLX_NORETURN_CXX PLX_COLD;
-PLX_API void throw_invalid_value_in_string() PLX_NORETURN_CXX PLX_COLD;
-PLX_API void throw_bitset_overflow() PLX_NORETURN_CXX PLX_COLD;
+PLX_API void throw_range() PLX_NORETURN PLX_COLD;
+PLX_API void throw_invalid_value_in_string() PLX_NORETURN PLX_COLD;
+PLX_API void throw_bitset_overflow() PLX_NORETURN PLX_COLD;
 
 inline unsigned long count_in_word(unsigned long _x) PLX_NOTHROW {
   _x -= (_x >> 1) & 0x55555555ul;

@@ -531,7 +531,7 @@ private:
     _finish_ = _next;
   }
   // Where the next element but one goes; in an empty deque, the next.
-  template <class> __attribute__((__noinline__, __regparm__(1))) _T *_next_block() {
+  template <class> PLX_NOINLINE PLX_REGPARM _T *_next_block() {
     if (__builtin_expect(_finish_node_ + 1 == _map_end_, 0)) {
       if (!_map_) {
         _begin_in_middle();
@@ -552,7 +552,7 @@ private:
       _push_back_before_new(_value);
     }
   }
-  __attribute__((__noinline__)) void _push_back_before_new(const _T &_value) { _put_back_before_new(_value); }
+  PLX_NOINLINE void _push_back_before_new(const _T &_value) { _put_back_before_new(_value); }
   template <PLX_SOURCE_TYPES> void _put_back(PLX_SOURCE) {
     if (__builtin_expect(_finish_ != _finish_limit_, 1)) {
       __zor::make_element(static_cast<_A &>(*this), _finish_, PLX_FORWARD_SOURCE);
@@ -582,7 +582,7 @@ private:
     (*_start_node_)[_offset] = _copy;
     _start_offset_ = _offset;
   }
-  template <class> __attribute__((__noinline__, __regparm__(1))) void _previous_block() {
+  template <class> PLX_NOINLINE PLX_REGPARM void _previous_block() {
     if (__builtin_expect(_start_node_ == _map_, 0)) {
       _reserve_entries(1, true);
     } else if (__builtin_expect(!_map_, 0)) {
@@ -601,7 +601,7 @@ private:
       _push_front_into_new(_value);
     }
   }
-  __attribute__((__noinline__)) void _push_front_into_new(const _T &_value) { _put_front_into_new(_value); }
+  PLX_NOINLINE void _push_front_into_new(const _T &_value) { _put_front_into_new(_value); }
   template <PLX_SOURCE_TYPES> void _put_front(PLX_SOURCE) {
     if (__builtin_expect(_start_offset_ != 0, 1)) {
       __zor::make_element(static_cast<_A &>(*this), *_start_node_ + (_start_offset_ - 1), PLX_FORWARD_SOURCE);

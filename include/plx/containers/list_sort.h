@@ -201,7 +201,7 @@ template <class _T, class _Compare> inline void list_merge_bin(list_ring &_into,
   _from._move_before(&_into);
 }
 template <class _T, class _Compare>
-__attribute__((__noinline__)) void list_sort_by_bins(list_links *_whole, _Compare &_before) {
+PLX_NOINLINE void list_sort_by_bins(list_links *_whole, _Compare &_before) {
   list_bins<_T> _sorted(_whole);
   int _used = 0;
   while (_whole->next != _whole) {

@@ -25,7 +25,7 @@ struct node_pool_state {
 extern PLX_API node_pool_state node_pool;
 
 // The list of this size is empty, or the size is not pooled. Throws bad_alloc.
-PLX_API __attribute__((__regparm__(1))) void *take_fresh_node(unsigned int _bytes);
+PLX_API PLX_REGPARM void *take_fresh_node(unsigned int _bytes);
 
 template <unsigned int _bytes> inline void *take_node() {
   if (_bytes > largest_pooled_node) return ::operator new(_bytes);

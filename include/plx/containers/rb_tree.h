@@ -119,13 +119,13 @@ public:
   // Apart from the search, which then needs no cleanup.
 #if __cplusplus >= 201103L
   template <class _Kt>
-  __attribute__((__noinline__)) _typed_node *_add_default(_Kt &&_wanted, const _order &_key, const _place &_to) {
+  PLX_NOINLINE _typed_node *_add_default(_Kt &&_wanted, const _order &_key, const _place &_to) {
     _typed_node *const _n = _make_node(second_by_default(), static_cast<_Kt &&>(_wanted));
     _put(_n, _key, _to);
     return _n;
   }
 #else
-  __attribute__((__noinline__)) _typed_node *_add_default(const _Key &_wanted, const _order &_key, const _place &_to) {
+  PLX_NOINLINE _typed_node *_add_default(const _Key &_wanted, const _order &_key, const _place &_to) {
     _typed_node *const _n = _nodes::_take(_functions_);
     {
       _unfinished_node _guard(*this, _n);
@@ -145,7 +145,7 @@ public:
 #endif
 
   // Links a node that has its value. Only an empty tree may need memory for it.
-  __attribute__((__always_inline__)) iterator _put(_typed_node *_n, const _order &_key, const _place &_to) {
+  PLX_ALWAYS_INLINE iterator _put(_typed_node *_n, const _order &_key, const _place &_to) {
     _key._keep(*_n);
     if (__builtin_expect(!header->parent, 0))
       _put_first(_n);

@@ -15,9 +15,6 @@
 
 #include <plx/base/config.h>
 
-// Calls that every insertion or erasure makes take their arguments in registers.
-#define PLX_TREE_CALL PLX_API __attribute__((__regparm__(3)))
-
 namespace __zor {
 
 enum { rb_black = 0, rb_red = 1 };
@@ -45,16 +42,17 @@ typedef char rb_tree_layout[offsetof(rb_tree_node_base, right) == sizeof(void *)
                                 : -1];
 
 // Restores the rules after a red node was linked below a red parent.
-PLX_TREE_CALL void rb_tree_rebalance(rb_tree_node_base *_x, rb_tree_node_base *_header) PLX_NOTHROW;
+PLX_API PLX_REGPARM void rb_tree_rebalance(rb_tree_node_base *_x, rb_tree_node_base *_header) PLX_NOTHROW;
 
 // Takes a node out of the tree and the count, without destroying it.
-PLX_TREE_CALL void rb_tree_unlink(rb_tree_base_data *_tree, rb_tree_node_base *_z) PLX_NOTHROW;
+PLX_API PLX_REGPARM void rb_tree_unlink(rb_tree_base_data *_tree, rb_tree_node_base *_z) PLX_NOTHROW;
 
 // The child on one side, chosen without a branch: which way a search goes cannot be predicted. The compiler must see
 // both as loaded, or it computes the address first and waits for the load after the comparison.
 inline rb_tree_node_base *rb_tree_child(const rb_tree_node_base *_n, bool _on_the_right) PLX_NOTHROW {
   rb_tree_node_base *_left = _n->left, *_right = _n->right;
-  __asm__("" : "+r"(_left), "+r"(_right));
+  PLX_OPAQUE(_left);
+  PLX_OPAQUE(_right);
   return _on_the_right ? _right : _left;
 }
 
@@ -107,7 +105,7 @@ inline void rb_tree_link_below(rb_tree_base_data *_tree, rb_tree_node_base *_x, 
                                const rb_tree_node_base *_right_of) PLX_NOTHROW {
   rb_tree_node_base *const _header = _tree->header;
   rb_tree_node_base **_place = _right_of == _p ? &_p->right : &_p->left;
-  __asm__("" : "+r"(_place));  // or the compiler branches on the side after all
+  PLX_OPAQUE(_place);  // or the compiler branches on the side after all
   _x->left = 0;
   _x->right = 0;
   _x->parent = _p;

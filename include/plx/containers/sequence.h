@@ -18,7 +18,7 @@ namespace __zor {
 
 // A block of `_bytes` from operator new that begins with the first `_used` bytes of `_block`, which is given up. A null
 // block is none. Throws bad_alloc, and then the block is as it was.
-PLX_API __attribute__((__regparm__(3))) void *grow_block(void *_block, size_t _used, size_t _bytes);
+PLX_API PLX_REGPARM void *grow_block(void *_block, size_t _used, size_t _bytes);
 
 // ---- Types ---------------------------------------------------------------------------------------------------------
 

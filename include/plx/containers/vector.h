@@ -399,12 +399,12 @@ private:
     *_at = _copy;
     _storage_._last = _at + 1;
   }
-  __attribute__((__noinline__, __regparm__(3))) _T *_grow_for_one() {
+  PLX_NOINLINE PLX_REGPARM _T *_grow_for_one() {
     _grow(_grown(1), _yes());
     return _storage_._last;
   }
 
-  __attribute__((__noinline__, __regparm__(3))) void _insert_full(_T *_at, typename __zor::_passed<_T>::_type _value) {
+  PLX_NOINLINE PLX_REGPARM void _insert_full(_T *_at, typename __zor::_passed<_T>::_type _value) {
     _insert_full(_at, _value, typename _traits::_relocatable());
   }
 

@@ -13,7 +13,6 @@
 #include <plx/streambuf/ios_base.h>
 #include <plx/streambuf/streambuf_iterators.h>
 
-#define PLX_NUM_PUT_CALL PLX_API __attribute__((__regparm__(3)))
 
 namespace __zor {
 
@@ -42,21 +41,21 @@ template <class _OutIter> struct text_sink_to : a_text_sink {
 
 // The core: all of them set the stream's width to 0, but for the bool. bad_cast with "Facet not present\n" when the
 // stream's locale lacks numpunct<char> or ctype<char>.
-PLX_NUM_PUT_CALL void put_bool(a_text_sink *_sink, std::ios_base &_str, bool _v);
-PLX_NUM_PUT_CALL void put_long(a_text_sink *_sink, std::ios_base &_str, char _fill, long _v);
-PLX_NUM_PUT_CALL void put_unsigned_long(a_text_sink *_sink, std::ios_base &_str, char _fill, unsigned long _v);
-PLX_NUM_PUT_CALL void put_double(a_text_sink *_sink, std::ios_base &_str, char _fill, double _v);
-PLX_NUM_PUT_CALL void put_long_double(a_text_sink *_sink, std::ios_base &_str, char _fill, long double _v);
-PLX_NUM_PUT_CALL void put_pointer(a_text_sink *_sink, std::ios_base &_str, char _fill, const void *_v);
+PLX_API PLX_REGPARM void put_bool(a_text_sink *_sink, std::ios_base &_str, bool _v);
+PLX_API PLX_REGPARM void put_long(a_text_sink *_sink, std::ios_base &_str, char _fill, long _v);
+PLX_API PLX_REGPARM void put_unsigned_long(a_text_sink *_sink, std::ios_base &_str, char _fill, unsigned long _v);
+PLX_API PLX_REGPARM void put_double(a_text_sink *_sink, std::ios_base &_str, char _fill, double _v);
+PLX_API PLX_REGPARM void put_long_double(a_text_sink *_sink, std::ios_base &_str, char _fill, long double _v);
+PLX_API PLX_REGPARM void put_pointer(a_text_sink *_sink, std::ios_base &_str, char _fill, const void *_v);
 
-PLX_NUM_PUT_CALL void put_integer_text(a_text_sink *_sink, std::ios_base &_str, char _fill, const char *_text,
+PLX_API PLX_REGPARM void put_integer_text(a_text_sink *_sink, std::ios_base &_str, char _fill, const char *_text,
                                        unsigned int _n);
-PLX_NUM_PUT_CALL void put_float_text(a_text_sink *_sink, std::ios_base &_str, char _fill, const char *_text,
+PLX_API PLX_REGPARM void put_float_text(a_text_sink *_sink, std::ios_base &_str, char _fill, const char *_text,
                                      unsigned int _n, unsigned int _extra_zeros, char _point);
-PLX_NUM_PUT_CALL char local_decimal_point() PLX_NOTHROW;
+PLX_API PLX_REGPARM char local_decimal_point() PLX_NOTHROW;
 
-PLX_NUM_PUT_CALL void make_integer_format(char *_format, char _conversion, int _flags) PLX_NOTHROW;
-PLX_NUM_PUT_CALL void make_float_format(char *_format, char _modifier, int _flags) PLX_NOTHROW;
+PLX_API PLX_REGPARM void make_integer_format(char *_format, char _conversion, int _flags) PLX_NOTHROW;
+PLX_API PLX_REGPARM void make_float_format(char *_format, char _modifier, int _flags) PLX_NOTHROW;
 
 }  // namespace __zor
 

@@ -132,12 +132,12 @@ namespace __zor {
 // Texts, as the functions for all cases above write them. Optimised programs have one copy of the quick ways, which
 // need not find its data as a shared object's do.
 #if defined(__OPTIMIZE__) && !defined(__OPTIMIZE_SIZE__)
-#define PLX_IN_PROGRAM inline __attribute__((__noinline__, __visibility__("hidden"), __regparm__(3)))
+#define PLX_IN_PROGRAM inline PLX_NOINLINE PLX_HIDDEN PLX_REGPARM
 
 template <bool _any_area>
-inline __attribute__((__always_inline__)) bool _write_quickly(std::ostream &_out, const char *_text, long _n) {
+PLX_ALWAYS_INLINE bool _write_quickly(std::ostream &_out, const char *_text, long _n) {
   _quick_output::_ios *_base = &_out;
-  __asm__("" : "+r"(_base));  // one address: compilers would rather add the offset to every access
+  PLX_OPAQUE(_base);  // one address: compilers would rather add the offset to every access
   return _quick_output::_write(*_base, _text, _n, _any_area);
 }
 PLX_IN_PROGRAM std::ostream &_insert_string(std::ostream &_out, const char *_text, long _n) {

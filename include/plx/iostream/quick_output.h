@@ -64,7 +64,7 @@ struct _quick_output {
 
   // Whether the text of _n characters (not negative) was written. A put area is used without asking its buffer only
   // where _any_area says that the program expects no block, or in a stringbuf.
-  __attribute__((__always_inline__)) static bool _write(_ios &_stream, const char *_text, long _n, bool _any_area) {
+  PLX_ALWAYS_INLINE static bool _write(_ios &_stream, const char *_text, long _n, bool _any_area) {
     if (!_is_quiet(_stream, _stream._width_)) return false;
     _streambuf *const _buffer = _stream._sb_;
     char **_next = &_buffer->_pptr_;
@@ -80,7 +80,7 @@ struct _quick_output {
   }
 
   // Most texts are shorter than a call of memcpy is worth.
-  __attribute__((__always_inline__)) static void _copy(char *_to, const char *_from, unsigned int _n) {
+  PLX_ALWAYS_INLINE static void _copy(char *_to, const char *_from, unsigned int _n) {
     if (_n > 32) {
       __builtin_memcpy(_to, _from, _n);
     } else if (_n >= 8) {

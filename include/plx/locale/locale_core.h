@@ -203,7 +203,7 @@ namespace __zor {
 
 // The facet, whose identity may have had no number yet. Throws bad_cast with "Facet not present\n" when there is none.
 PLX_API std::locale::facet &locale_missing_facet(const std::locale::imp *_imp, const std::locale::id &_id)
-    __attribute__((__noinline__, __cold__, __regparm__(2)));
+    PLX_COLD PLX_REGPARM;
 
 }  // namespace __zor
 
@@ -226,6 +226,6 @@ template <class _Facet> inline bool has_facet(const locale &_loc) PLX_NOTHROW {
 }  // namespace std
 
 // Writes the text and a newline to standard error, then ends the process with exit(1). plx's own.
-extern "C" PLX_API void __vexil_report_error(const char *_text) PLX_NORETURN_CXX;
+extern "C" PLX_API void __vexil_report_error(const char *_text) PLX_NORETURN;
 
 #endif

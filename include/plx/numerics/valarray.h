@@ -170,7 +170,7 @@ private:
     return *this;
   }
   // Not inline: then assignments that fit need no frame for the array that is made here.
-  template <class _Elements> __attribute__((__noinline__)) valarray &_take(const _Elements &_elements) {
+  template <class _Elements> PLX_NOINLINE valarray &_take(const _Elements &_elements) {
     valarray _taken(_elements);
     _block_.swap(_taken._block_);
     return *this;

@@ -30,7 +30,7 @@ public:
     failure &operator=(const failure &_other);
     virtual ~failure() PLX_NOTHROW;
     virtual const char *what() const PLX_NOTHROW;
-    static void __throw(const char *_text) PLX_NORETURN_CXX;
+    static void __throw(const char *_text) PLX_NORETURN;
 
   private:
     string _text_;
@@ -134,7 +134,7 @@ public:
   static bool sync_with_stdio(bool _sync = true) PLX_NOTHROW;
 
   // Throws failure with "Failure reported". plx's own.
-  static void throwfailure() PLX_NORETURN_CXX PLX_COLD;
+  static void throwfailure() PLX_NORETURN PLX_COLD;
 
   virtual ~ios_base();
 

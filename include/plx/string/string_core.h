@@ -14,9 +14,6 @@
 
 #include <plx/base/allocator.h>
 
-// The core takes its first arguments in registers: half of its calls are shorter than passing them in memory.
-#define PLX_STRING_CALL PLX_API __attribute__((__regparm__(3)))
-
 namespace __zor {
 
 struct PLX_API b_str_ref {
@@ -52,43 +49,43 @@ inline bool string_widen(b_str_ref *_rep, unsigned int _n) PLX_NOTHROW {
 }
 
 // New representations with one owner. A null `_text` gives null characters. The length npos is out of range.
-PLX_STRING_CALL b_str_ref *string_make(const char *_text, unsigned int _n);
-PLX_STRING_CALL b_str_ref *string_make_filled(unsigned int _n, char _c);
-PLX_STRING_CALL b_str_ref *string_join(const char *_left, unsigned int _left_n, const char *_right,
-                                       unsigned int _right_n);
-PLX_STRING_CALL b_str_ref *string_part(b_str_ref *_rep, unsigned int _pos, unsigned int _n);  // shares where it can
+PLX_API PLX_REGPARM b_str_ref *string_make(const char *_text, unsigned int _n);
+PLX_API PLX_REGPARM b_str_ref *string_make_filled(unsigned int _n, char _c);
+PLX_API PLX_REGPARM b_str_ref *string_join(const char *_left, unsigned int _left_n, const char *_right,
+                                           unsigned int _right_n);
+PLX_API PLX_REGPARM b_str_ref *string_part(b_str_ref *_rep, unsigned int _pos, unsigned int _n);  // shares where it can
 
 // Points `_nullbuf` at the representation that empty strings share. It is static: an empty string cannot fail.
-PLX_STRING_CALL void string_make_null(b_str_ref *&_nullbuf) PLX_NOTHROW;
+PLX_API PLX_REGPARM void string_make_null(b_str_ref *&_nullbuf) PLX_NOTHROW;
 
 // Frees a representation that lost its last owner.
-PLX_STRING_CALL void string_free(b_str_ref *_rep) PLX_NOTHROW;
+PLX_API PLX_REGPARM void string_free(b_str_ref *_rep) PLX_NOTHROW;
 
 // Makes the representation private and unshareable, because a reference into its characters is about to be handed out.
-PLX_STRING_CALL void string_expose(b_str_ref *&_rep);
+PLX_API PLX_REGPARM void string_expose(b_str_ref *&_rep);
 
 // The same for one character: pos may be the length, anything beyond is out of range.
-PLX_STRING_CALL void string_expose_at(b_str_ref *&_rep, unsigned int _pos);
+PLX_API PLX_REGPARM void string_expose_at(b_str_ref *&_rep, unsigned int _pos);
 
 // The modifiers. They change the string that owns `_rep` alone; the source may lie in the string itself.
-PLX_STRING_CALL void string_assign(b_str_ref *&_rep, const char *_text, unsigned int _n);
-PLX_STRING_CALL void string_assign_filled(b_str_ref *&_rep, unsigned int _n, char _c);
-PLX_STRING_CALL void string_append(b_str_ref *&_rep, const char *_text, unsigned int _n);
-PLX_STRING_CALL void string_append_filled(b_str_ref *&_rep, unsigned int _n, char _c);
-PLX_STRING_CALL void string_append_one(b_str_ref *&_rep, char _c);
-PLX_STRING_CALL void string_insert(b_str_ref *&_rep, unsigned int _pos, const char *_text, unsigned int _n);
-PLX_STRING_CALL void string_insert_filled(b_str_ref *&_rep, unsigned int _pos, unsigned int _n, char _c);
-PLX_STRING_CALL void string_erase(b_str_ref *&_rep, unsigned int _pos, unsigned int _n);
-PLX_STRING_CALL void string_replace(b_str_ref *&_rep, unsigned int _pos, unsigned int _n1, const char *_text,
-                                    unsigned int _n2);
-PLX_STRING_CALL void string_replace_filled(b_str_ref *&_rep, unsigned int _pos, unsigned int _n1, unsigned int _n2,
-                                           char _c);
-PLX_STRING_CALL void string_resize(b_str_ref *&_rep, unsigned int _n, char _c);
-PLX_STRING_CALL void string_reserve(b_str_ref *&_rep, unsigned int _n);  // for all that share it
+PLX_API PLX_REGPARM void string_assign(b_str_ref *&_rep, const char *_text, unsigned int _n);
+PLX_API PLX_REGPARM void string_assign_filled(b_str_ref *&_rep, unsigned int _n, char _c);
+PLX_API PLX_REGPARM void string_append(b_str_ref *&_rep, const char *_text, unsigned int _n);
+PLX_API PLX_REGPARM void string_append_filled(b_str_ref *&_rep, unsigned int _n, char _c);
+PLX_API PLX_REGPARM void string_append_one(b_str_ref *&_rep, char _c);
+PLX_API PLX_REGPARM void string_insert(b_str_ref *&_rep, unsigned int _pos, const char *_text, unsigned int _n);
+PLX_API PLX_REGPARM void string_insert_filled(b_str_ref *&_rep, unsigned int _pos, unsigned int _n, char _c);
+PLX_API PLX_REGPARM void string_erase(b_str_ref *&_rep, unsigned int _pos, unsigned int _n);
+PLX_API PLX_REGPARM void string_replace(b_str_ref *&_rep, unsigned int _pos, unsigned int _n1, const char *_text,
+                                        unsigned int _n2);
+PLX_API PLX_REGPARM void string_replace_filled(b_str_ref *&_rep, unsigned int _pos, unsigned int _n1, unsigned int _n2,
+                                               char _c);
+PLX_API PLX_REGPARM void string_resize(b_str_ref *&_rep, unsigned int _n, char _c);
+PLX_API PLX_REGPARM void string_reserve(b_str_ref *&_rep, unsigned int _n);  // for all that share it
 
 // Errors: out_of_range with "Out of range exception occurred", length_error with "Length exception occurred".
-PLX_API void string_out_of_range() PLX_NORETURN_CXX PLX_COLD;
-PLX_API void string_length_error() PLX_NORETURN_CXX PLX_COLD;
+PLX_API void string_out_of_range() PLX_NORETURN PLX_COLD;
+PLX_API void string_length_error() PLX_NORETURN PLX_COLD;
 
 }  // namespace __zor
 
