@@ -4,7 +4,7 @@
 #include <exception>
 #include <new>
 
-#include <plx/config.h>
+#include <plx/base/config.h>
 
 #include "../libC/throw_stack.h"
 #include "walk.h"

@@ -2,7 +2,7 @@
 // up, and take part in nothing else: handlers, catch (...) too, are for our own exceptions. Those never come here,
 // since the walk reads the tables itself; the name of this function tells it whose they are.
 
-#include <plx/config.h>
+#include <plx/base/config.h>
 
 #include "../libC/throw_stack.h"
 #include "foreign_unwinder.h"
@@ -57,7 +57,7 @@ PLX_API int __gxx_personality_v0(int, int actions, unsigned long long, void *exc
   return install_context;
 }
 
-[[noreturn]] EH_FAST __attribute__((__visibility__("hidden"), __used__)) void __zor_resume_foreign(void *exception) {
+[[noreturn]] PLX_REGPARM PLX_HIDDEN __attribute__((__used__)) void __zor_resume_foreign(void *exception) {
   void (*resume)(void *) = foreign_resume();
   if (resume) resume(exception);
   terminate_because("another library's exception, and nobody to go on with it");

@@ -24,7 +24,7 @@ namespace __zor {
 namespace {
 
 // When the guess was wrong.
-__attribute__((__noinline__)) a_plan *find_caller(a_plan *plan, unsigned address) {
+PLX_NOINLINE a_plan *find_caller(a_plan *plan, unsigned address) {
   if (plan->caller_is_interrupted) return find_plan_of_interrupted(address);
   a_plan *found = find_plan(address);
   if (is_remembered(plan) && is_remembered(found)) plan->caller = found;
@@ -34,8 +34,7 @@ __attribute__((__noinline__)) a_plan *find_caller(a_plan *plan, unsigned address
 inline unsigned stack_word(unsigned address) { return *reinterpret_cast<const unsigned *>(address); }
 
 // A frame's CFA must lie above what the frame calls, and on the stack: a damaged table must not lead in a circle.
-inline __attribute__((__always_inline__)) bool cfa_of(const a_plan *plan, const a_machine_frame &frame,
-                                                      unsigned stack_end, unsigned &cfa) {
+PLX_ALWAYS_INLINE bool cfa_of(const a_plan *plan, const a_machine_frame &frame, unsigned stack_end, unsigned &cfa) {
   if (__builtin_expect(plan->shape == a_plan::plain, 1)) {
     cfa = frame.registers[plan->cfa_register] + static_cast<unsigned>(plan->cfa_offset);
   } else if (plan->shape == a_plan::realigned) {
@@ -53,7 +52,7 @@ inline __attribute__((__always_inline__)) bool cfa_of(const a_plan *plan, const 
   return cfa > frame.registers[register_esp] && cfa <= stack_end;
 }
 
-inline __attribute__((__always_inline__)) bool step(const a_plan *plan, unsigned cfa, a_machine_frame &frame) {
+PLX_ALWAYS_INLINE bool step(const a_plan *plan, unsigned cfa, a_machine_frame &frame) {
   if (__builtin_expect(plan->shape != a_plan::plain, 0))
     return plan->shape != a_plan::outermost && step_by_rules(*plan->rules, cfa, frame);
   if (plan->saved[0]) frame.registers[register_ebx] = stack_word(cfa + plan->saved[0]);
@@ -86,8 +85,7 @@ a_verdict choose_by_actions(const a_plan *plan, a_throw_stack_entry *thrown, int
   return has_cleanup ? a_verdict::clean_up : a_verdict::pass;
 }
 
-inline __attribute__((__always_inline__)) a_verdict choose(const a_plan *plan, a_throw_stack_entry *thrown,
-                                                           int &selector) {
+PLX_ALWAYS_INLINE a_verdict choose(const a_plan *plan, a_throw_stack_entry *thrown, int &selector) {
   selector = 0;
   if (__builtin_expect(plan->handling == a_plan::clean_up, 1)) return a_verdict::clean_up;
   if (plan->handling == a_plan::actions) return choose_by_actions(plan, thrown, selector);
