@@ -1,6 +1,6 @@
 #!/bin/bash
-# The rules that CONTRIBUTING.md states for the library's sources and that no compiler checks: which folder may know
-# which, who may touch the eh stack, no exceptions syntax, comments at the top, one format, nobody's own paths.
+# The rules that CONTRIBUTING.md states for the library's sources and that no compiler checks: who may touch
+# the eh stack, no exceptions syntax, comments at the top, one format, nobody's own paths.
 . "$PLX_SOURCE/tests/driver/common.bash"
 shopt -s lastpipe  # so that what `nothing` counts is counted here
 cd "$PLX_SOURCE" || exit 1
@@ -18,24 +18,6 @@ nothing() {
   [ -z "$found" ] || wrong "$1:
 $found"
 }
-
-# Floors.
-awk '
-  BEGIN {
-    below["libC"] = ""
-    below["exceptions"] = below["string"] = below["cxxabi"] = "libC"
-    below["unwind"] = "libC cxxabi"
-    below["containers"] = "libC exceptions string"
-    below["locale"] = "libC exceptions string containers"
-    below["iostream"] = "libC exceptions string containers locale"
-  }
-  /^#include "\.\.\// {
-    split(FILENAME, from, "/")
-    match($0, /[A-Za-z]+\//); to = substr($0, RSTART, RLENGTH - 1)
-    if (FILENAME ~ /^[A-Za-z]+\/[^\/]+\// && to !~ /^(libC|exceptions|string|containers|locale|iostream|cxxabi|unwind)$/) next
-    if (to == from[1] || $0 ~ /"\.\.\/[a-z_]+\.h"/) next
-    if (index(" " below[from[1]] " ", " " to " ") == 0) print FILENAME ": " $0
-  }' "${library[@]}" | nothing "a folder knows one that is not below it"
 
 for file in "${library[@]}"; do
   case $file in libC/* | cxxabi/* | unwind/*) continue ;; esac

@@ -1,8 +1,9 @@
-// The two errors that strings report, with their texts: for the headers, and under hidden names for the core.
+// The two errors that strings report, with their texts: for the headers, and under hidden names for the core, which
+// stands below the exception classes.
 
 #include <stdexcept>
 
-#include "representation.h"
+#include "../string/representation.h"
 
 namespace __zor {
 

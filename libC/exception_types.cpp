@@ -1,4 +1,5 @@
-// The identities and descriptors of the exception classes. All bases are single, public and at offset 0.
+// The identities and descriptors of the exception classes, which the runtime throws and matches by. All bases are
+// single, public and at offset 0.
 
 #include <plx/runtime.h>
 

@@ -1,8 +1,6 @@
 // Copying and filling of texts that are long enough for the C library's functions.
 
-#include <string.h>
-
-#include "representation.h"
+#include "short_copy.h"
 
 namespace __zor {
 
