@@ -1,10 +1,10 @@
 /* The C library's heap behind counters and a switch that makes it fail, for tests that want to know what is taken from
  * it and when. malloc and its kin are defined here, in the program, where the library's calls find them too. Under a
  * sanitizer that brings its own heap nothing is defined and HEAP_IS_COUNTED is 0. */
-#ifndef TESTS_GENERATED_HEAP_H
-#define TESTS_GENERATED_HEAP_H
+#ifndef TESTS_HEAP_H
+#define TESTS_HEAP_H
 
-#include "../harness.h"
+#include "harness.h"
 
 #define HEAP_IS_COUNTED 1
 #if defined(__SANITIZE_ADDRESS__)
@@ -24,6 +24,9 @@ static volatile size_t heap_bytes TEST_UNUSED;      /* requested in all */
 static volatile int heap_fails_at TEST_UNUSED = -1; /* calls that still succeed, all later ones fail; -1: none fails */
 
 #if HEAP_IS_COUNTED
+#ifdef __cplusplus
+extern "C" {
+#endif
 extern void *__libc_malloc(size_t);
 extern void *__libc_calloc(size_t, size_t);
 extern void *__libc_realloc(void *, size_t);
@@ -32,34 +35,37 @@ extern void __libc_free(void *);
 static int heap_refuses(void) {
   if (heap_fails_at < 0) return 0;
   if (heap_fails_at == 0) return 1;
-  --heap_fails_at;
+  heap_fails_at = heap_fails_at - 1;
   return 0;
 }
 void *malloc(size_t bytes) {
   void *block;
-  ++heap_calls;
+  heap_calls = heap_calls + 1;
   if (heap_refuses()) return 0;
   block = __libc_malloc(bytes);
   if (block) {
-    ++heap_live;
-    heap_bytes += bytes;
+    heap_live = heap_live + 1;
+    heap_bytes = heap_bytes + bytes;
   }
   return block;
 }
 void *calloc(size_t count, size_t bytes) {
   void *block = heap_refuses() ? 0 : __libc_calloc(count, bytes);
-  if (block) ++heap_live;
+  if (block) heap_live = heap_live + 1;
   return block;
 }
 void *realloc(void *old, size_t bytes) {
   void *block = heap_refuses() ? 0 : __libc_realloc(old, bytes);
-  if (block && !old) ++heap_live;
+  if (block && !old) heap_live = heap_live + 1;
   return block;
 }
 void free(void *block) {
-  if (block) --heap_live;
+  if (block) heap_live = heap_live - 1;
   __libc_free(block);
 }
+#ifdef __cplusplus
+}
+#endif
 #endif
 
 #endif

@@ -1,7 +1,7 @@
 /* Static objects and exit: the order of destructors and of functions given to atexit, records that come and go while the
  * list is processed, exit inside try blocks, a shared object that is unloaded. Each case is a process of its own. */
 #include "classes.h"
-#include "heap.h"
+#include "../heap.h"
 
 static void say(const char *text) { fputs(text, stdout), fflush(stdout); }
 static void destroy(void *object, int flags) { say((const char *)object), say(flags == 2 ? " " : "(bad flags) "); }

@@ -1,7 +1,7 @@
 /* Memory in generated C: where thrown objects live and what happens when there is none for the next; operator new, its
  * handler and its forms. The heap is the C library's behind counters. test-variants: -O0 | -O2 */
 #include "classes.h"
-#include "heap.h"
+#include "../heap.h"
 
 EMIT_CLASS(big, "big", 0);
 static const an_exception_type_specification catch_big[] = {{&big, PLX_TYPE_LAST}};
