@@ -1,7 +1,7 @@
 // The slow side of the node pool: finds out once whether the program brought its own operator new, and fills an empty
 // free list with a batch of blocks that lie side by side.
 
-#include <plx/node_pool.h>
+#include <plx/containers/node_pool.h>
 
 #include <stdint.h>
 

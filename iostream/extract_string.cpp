@@ -5,7 +5,7 @@
 
 #include <string.h>
 
-#include <plx/bitset_io.h>
+#include <plx/containers/bitset_io.h>
 
 #include "../string/representation.h"
 #include "input_operation.h"

@@ -3,8 +3,8 @@
 
 #include <stddef.h>
 
-#include <plx/codecvt.h>
-#include <plx/filebuf.h>
+#include <plx/facets/codecvt.h>
+#include <plx/iostream/filebuf.h>
 
 #include "../libC/eh_tools.h"
 #include "filebuf_convert.h"

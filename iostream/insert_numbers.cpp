@@ -4,7 +4,7 @@
 // A put area may be an array of the program's, so nothing beyond the text is ever written there. In stdio's buffer,
 // which nobody sees beyond its end, the number engine may store more than it returns.
 
-#include <plx/num_put.h>
+#include <plx/facets/num_put.h>
 
 #include "../locale/number_text.h"
 #include "output_window.h"

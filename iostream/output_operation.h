@@ -1,7 +1,7 @@
 // The frame of output operations (operation.h has the drawing).
 #pragma once
 
-#include <plx/ostream.h>
+#include <plx/iostream/ostream.h>
 
 #include "operation.h"
 

@@ -3,8 +3,8 @@
 
 #include <string.h>
 
-#include <plx/basic_string.h>
-#include <plx/streambuf_iterators.h>
+#include <plx/streambuf/streambuf_iterators.h>
+#include <plx/string/basic_string.h>
 
 #include "windows.h"
 

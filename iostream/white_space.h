@@ -1,8 +1,8 @@
 // White space, and whether an input operation may do without its frame.
 #pragma once
 
-#include <plx/istream.h>
-#include <plx/ostream.h>
+#include <plx/iostream/istream.h>
+#include <plx/iostream/ostream.h>
 
 #include "input_blocks.h"
 #include "operation.h"

@@ -11,8 +11,8 @@
 
 #include <stdio.h>
 
-#include <plx/filebuf.h>
-#include <plx/quick_output.h>
+#include <plx/iostream/filebuf.h>
+#include <plx/iostream/quick_output.h>
 
 #include "access.h"
 

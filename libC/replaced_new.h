@@ -5,6 +5,8 @@
 // (archive/replaced_new.cpp) by which of the objects below the linker took in: each stands beside its function.
 #pragma once
 
+#include <plx/base/config.h>
+
 // For the forms of operator new and delete that share a file: a program may bring one of them and use another.
 #define PLX_REPLACEABLE __attribute__((__weak__))
 
@@ -15,7 +17,6 @@ bool operator_new_is_replaced();
 // One of those, or of operator new[] and operator delete[].
 bool array_operator_new_is_replaced();
 
-extern __attribute__((__visibility__("hidden"))) const char own_operator_new, own_operator_delete,
-    own_operator_new_array, own_operator_delete_array;
+extern PLX_HIDDEN const char own_operator_new, own_operator_delete, own_operator_new_array, own_operator_delete_array;
 
 }  // namespace __zor

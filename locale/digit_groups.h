@@ -8,7 +8,7 @@
 
 #include <string>
 
-#include <plx/numpunct.h>
+#include <plx/facets/numpunct.h>
 
 namespace __zor {
 

@@ -1,6 +1,6 @@
 // num_get's scanner of integers, and of pointers.
-#include <plx/ctype.h>
-#include <plx/num_get.h>
+#include <plx/facets/ctype.h>
+#include <plx/facets/num_get.h>
 
 #include "../libC/eh_tools.h"
 #include "character_cursor.h"

@@ -1,7 +1,7 @@
 // The steps of num_put: which text, and the two classes that the library instantiates. How a text is grouped and filled
 // is in num_put_layout.cpp.
 
-#include <plx/num_put.h>
+#include <plx/facets/num_put.h>
 
 #include "../libC/eh_tools.h"
 #include "num_put_locale.h"

@@ -9,7 +9,7 @@
 #include <limits.h>
 #include <locale.h>
 
-#include <plx/num_put.h>
+#include <plx/facets/num_put.h>
 
 #include "../libC/eh_tools.h"
 #include "num_put_locale.h"

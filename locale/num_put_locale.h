@@ -1,7 +1,7 @@
 // What the two files of num_put's core ask of a stream's locale.
 #pragma once
 
-#include <plx/ios_base.h>
+#include <plx/streambuf/ios_base.h>
 
 namespace __zor {
 

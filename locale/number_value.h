@@ -9,7 +9,7 @@
 // looks at the C library's locale.
 #pragma once
 
-#include <plx/config.h>
+#include <plx/base/config.h>
 
 #define NUMBER_CALL __attribute__((__regparm__(3)))
 

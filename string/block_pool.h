@@ -8,11 +8,7 @@
 
 #include <new>
 
-#include <plx/string_core.h>
-
-// A compiler must see on the declaration that a symbol is the library's own, or it goes through the GOT pointer.
-#define PLX_STRING_HIDDEN_DATA __attribute__((__visibility__("hidden")))
-#define PLX_STRING_HIDDEN __attribute__((__visibility__("hidden"), __noinline__, __regparm__(3)))
+#include <plx/string/string_core.h>
 
 namespace __zor {
 
@@ -34,19 +30,19 @@ struct block_pool {
   bool bypassed;  // it did
 };
 
-extern PLX_STRING_HIDDEN_DATA block_pool string_pool;
+extern PLX_HIDDEN block_pool string_pool;
 
 inline char *own_buffer(b_str_ref *rep) { return reinterpret_cast<char *>(rep + 1); }
 
 // A representation in a block of this size, with what depends on the size written. Throws bad_alloc.
-PLX_STRING_HIDDEN b_str_ref *take_block(unsigned bytes);
+PLX_HIDDEN PLX_NOINLINE PLX_REGPARM b_str_ref *take_block(unsigned bytes);
 
 // The same for a block of another use: it becomes a representation when it goes into a free list.
-PLX_STRING_HIDDEN void give_block(void *memory, unsigned bytes) PLX_NOTHROW;
+PLX_HIDDEN PLX_NOINLINE PLX_REGPARM void give_block(void *memory, unsigned bytes) PLX_NOTHROW;
 
 // Makes the block of a representation larger where the C library can do that without copying all of it; capacity,
 // length and count stay. Null where it cannot, or where the program replaced the allocation functions: then the block
 // is as it was.
-PLX_STRING_HIDDEN b_str_ref *extend_block(b_str_ref *rep, unsigned bytes);
+PLX_HIDDEN PLX_NOINLINE PLX_REGPARM b_str_ref *extend_block(b_str_ref *rep, unsigned bytes);
 
 }  // namespace __zor

@@ -4,7 +4,7 @@
 
 #include <string.h>
 
-#include <plx/string_core.h>
+#include <plx/string/string_core.h>
 
 #include "block_pool.h"
 
@@ -17,10 +17,10 @@ inline unsigned capacity_for(unsigned n) { return (n & ~31u) + 32; }
 
 // Calls of the C library and of exported functions need the GOT pointer, and short strings are too short for that. So
 // the paths of short strings are free of such calls, and the long and the failing ones stand behind hidden functions.
-PLX_STRING_HIDDEN void copy_long(char *to, const char *from, unsigned n);
-PLX_STRING_HIDDEN void fill_long(char *to, unsigned n, char c);
-[[noreturn]] PLX_STRING_HIDDEN void fail_out_of_range();
-[[noreturn]] PLX_STRING_HIDDEN void fail_length();
+PLX_HIDDEN PLX_NOINLINE PLX_REGPARM void copy_long(char *to, const char *from, unsigned n);
+PLX_HIDDEN PLX_NOINLINE PLX_REGPARM void fill_long(char *to, unsigned n, char c);
+[[noreturn]] PLX_HIDDEN PLX_NOINLINE PLX_REGPARM void fail_out_of_range();
+[[noreturn]] PLX_HIDDEN PLX_NOINLINE PLX_REGPARM void fail_length();
 
 constexpr unsigned short_copy = 32;
 
@@ -84,8 +84,8 @@ inline unsigned in_steps(unsigned bytes) { return (bytes + block_step - 1) & ~(b
 
 // An empty representation with this capacity, one owner, and at least `room` bytes where that is more than the capacity
 // needs. Its characters are not set. Throws bad_alloc.
-PLX_STRING_HIDDEN b_str_ref *make_roomy_representation(unsigned capacity, unsigned room);
-[[gnu::always_inline]] inline b_str_ref *make_representation(unsigned capacity) {
+PLX_HIDDEN PLX_NOINLINE PLX_REGPARM b_str_ref *make_roomy_representation(unsigned capacity, unsigned room);
+PLX_ALWAYS_INLINE b_str_ref *make_representation(unsigned capacity) {
   static_assert(sizeof(b_str_ref) < block_step, "one step holds the fields and the terminator");
   if (__builtin_expect(capacity <= largest_pooled - block_step, true)) {
     free_block *&head = string_pool.free[capacity / block_step + 1];  // never filled where the capacity is 0
@@ -108,15 +108,15 @@ inline bool has_block_for(unsigned n) {
 
 // Gives a private representation this capacity and room in a larger block; its other fields and characters stay. Null
 // where that is no gain over copying: then nothing was changed.
-PLX_STRING_HIDDEN b_str_ref *extend_representation(b_str_ref *rep, unsigned capacity, unsigned room);
+PLX_HIDDEN PLX_NOINLINE PLX_REGPARM b_str_ref *extend_representation(b_str_ref *rep, unsigned capacity, unsigned room);
 
 inline void set_length(b_str_ref *rep, unsigned length) {
   rep->length = length;
   rep->data[length] = 0;
 }
 
-PLX_STRING_HIDDEN void free_special_representation(b_str_ref *rep) PLX_NOTHROW;
-[[gnu::always_inline]] inline void free_representation(b_str_ref *rep) PLX_NOTHROW {
+PLX_HIDDEN PLX_NOINLINE PLX_REGPARM void free_special_representation(b_str_ref *rep) PLX_NOTHROW;
+PLX_ALWAYS_INLINE void free_representation(b_str_ref *rep) PLX_NOTHROW {
   const unsigned bytes = rep->_block;
   if (__builtin_expect(bytes & block_is_special, false)) return free_special_representation(rep);
   free_block *block = reinterpret_cast<free_block *>(rep);
@@ -139,7 +139,7 @@ inline unsigned grown_room(const b_str_ref *rep) {
   return rep->_room < 0x30000000 ? 2 * rep->_room : rep->_room + rep->_room / 8;
 }
 
-[[gnu::always_inline]] inline b_str_ref *make_text(const char *text, unsigned n) {
+PLX_ALWAYS_INLINE b_str_ref *make_text(const char *text, unsigned n) {
   b_str_ref *rep = make_representation(capacity_for(n));
   char *data = own_buffer(rep);
   rep->length = n;
@@ -154,6 +154,6 @@ inline bool has_room(const b_str_ref *rep, unsigned n, unsigned capacity) {
 }
 
 // The representation that all empty strings share; static, never freed.
-extern PLX_STRING_HIDDEN_DATA b_str_ref null_representation;
+extern PLX_HIDDEN b_str_ref null_representation;
 
 }  // namespace __zor

@@ -4,7 +4,7 @@
 #include <exception>
 #include <new>
 
-#include <plx/config.h>
+#include <plx/base/config.h>
 
 #include "../libC/throw_stack.h"
 #include "walk.h"
@@ -17,10 +17,7 @@ struct a_guard : an_unexpected_guard {
   const a_plan *plan;  // of the call that the specification's exception came from
   int filter;
 
-  bool allows(a_throw_stack_entry *thrown) const {
-    const an_exception_table table(plan->range, plan->exception_table, plan->function);
-    return allowed_by(table, filter, thrown);
-  }
+  bool allows(a_throw_stack_entry *thrown) const { return allowed_by(plan->table(), filter, thrown); }
 };
 
 void destroy_bad_exception(void *object, int) { static_cast<std::bad_exception *>(object)->~bad_exception(); }

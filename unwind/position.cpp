@@ -19,9 +19,7 @@ unsigned position_of_marker(const an_eh_stack_entry *marker) {
 
 }  // namespace
 
-unsigned position_of(an_eh_stack_entry *entry, unsigned stack_pointer) {
-  const unsigned address = reinterpret_cast<unsigned>(entry);
-  if (address >= stack_pointer && address < reinterpret_cast<unsigned>(__libc_stack_end)) return address;
+unsigned position_elsewhere(an_eh_stack_entry *entry) {
   switch (entry->kind) {
     case PLX_EH_IN_PROGRESS: return position_of_marker(entry);
     // The entry is not in the frame of its function, but the jump leads there.

@@ -6,7 +6,7 @@
 #include <new>
 
 // Set by the linker.
-extern "C" __attribute__((__visibility__("hidden"))) const char __ehdr_start[], _end[];
+extern "C" PLX_HIDDEN const char __ehdr_start[], _end[];
 
 namespace __zor {
 namespace {

@@ -6,7 +6,7 @@
 #include <map>
 #include <set>
 
-#include <plx/lw_vector.h>
+#include <plx/containers/lw_vector.h>
 
 #include "containers/rb_tree_validator.h"
 #include "containers/sequence_operations.h"

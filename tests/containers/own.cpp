@@ -6,7 +6,7 @@
 #include <set>
 #include <stdexcept>
 
-#include <plx/random_generator.h>
+#include <plx/base/random_generator.h>
 
 #include "containers/sequence_operations.h"
 

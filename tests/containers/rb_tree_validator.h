@@ -3,7 +3,7 @@
 #ifndef TESTS_RB_TREE_VALIDATOR_H
 #define TESTS_RB_TREE_VALIDATOR_H
 
-#include <plx/rb_tree_base.h>
+#include <plx/containers/rb_tree_base.h>
 
 enum broken_rule {
   no_rule_broken,

@@ -7,7 +7,7 @@ cd "$PLX_SOURCE" || exit 1
 shopt -s globstar
 library=(libC/**/*.{cpp,h} exceptions/*.{cpp,h} string/*.{cpp,h} containers/*.{cpp,h} locale/*.{cpp,h} iostream/*.{cpp,h}
   cxxabi/**/*.{cpp,h} unwind/**/*.{cpp,h})
-headers=(include/*[a-z] include/plx/*.h)
+headers=(include/*[a-z] include/plx/**/*.h)
 for file in "${!headers[@]}"; do [ -f "${headers[file]}" ] || unset "headers[$file]"; done
 [ ${#library[@]} -ge 150 ] && [ ${#headers[@]} -ge 100 ] || wrong "files are missing: ${#library[@]}, ${#headers[@]}"
 
