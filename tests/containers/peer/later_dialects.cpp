@@ -1,7 +1,7 @@
-// test-variants: -O0 -std=gnu++11 | -O2 -std=gnu++14 | -O2 -std=gnu++20
-// test-peer: gnu++11
-// Containers and string as later dialects have them: elements that can only be moved, in random runs beside plain
-// numbers; braces wherever there is a list of elements; what is lost when a copy throws.
+// test-variants: -std=gnu++11 | -O2 -std=gnu++20
+// prints: 15039 lines
+// Containers and string as later dialects have them, printed and compared with the host's library: elements that can
+// only be moved, in random runs; braces wherever there is a list of elements; what is lost when a copy throws.
 #include <algorithm>
 #include <deque>
 #include <list>
@@ -49,20 +49,9 @@ private:
 };
 int only_moved::living;
 
-int number_of(int n) { return n; }
+int number_of(long n) { return static_cast<int>(n); }
 int number_of(const only_moved &n) { return n.value(); }
-
-// ---- Sequences ------------------------------------------------------------------------------------------------------
-
-template <class Sequence> void check_same(const Sequence &got, const std::vector<int> &want) {
-  CHECK_INT(got.size(), want.size());
-  std::vector<int>::const_iterator at = want.begin();
-  bool same = got.size() == want.size();
-  for (typename Sequence::const_iterator i = got.cbegin(); same && i != got.cend(); ++i, ++at)
-    same = number_of(*i) == *at;
-  CHECK(same);
-}
-
+template <class K, class T> int number_of(const std::pair<K, T> &both) { return both.second; }
 int below(int n) { return static_cast<int>(random_below(static_cast<unsigned>(n))); }
 
 template <class Iterator> Iterator moved_on(Iterator at, int n) {
@@ -70,75 +59,61 @@ template <class Iterator> Iterator moved_on(Iterator at, int n) {
   return at;
 }
 
+// Looks where it is after the operation that gave it: arguments may be evaluated in any order.
+template <class C> int index_of(C &c, typename C::iterator at) {
+  return static_cast<int>(std::distance(c.begin(), at));
+}
+
+template <class C> void print(const C &c, int result) {
+  unsigned hash = static_cast<unsigned>(c.size());
+  for (const auto &each : c) hash = hash * 33 + static_cast<unsigned>(number_of(each));
+  if (!c.empty()) hash = hash * 31 + static_cast<unsigned>(number_of(*c.crbegin()) * 7 + number_of(*c.cbegin()));
+  printf("%d %u: %u\n", result, unsigned(c.size()), hash);
+}
+
 template <class T> void push_front(std::vector<T> &to, int n) { to.emplace(to.cbegin(), n); }
 template <class Sequence> void push_front(Sequence &to, int n) {
   n % 2 ? to.push_front(typename Sequence::value_type(n)) : (void)to.emplace_front(n);
 }
-
 template <class Sequence> void shrink(Sequence &s) { s.shrink_to_fit(); }
-template <class Sequence> void shrink_model(const Sequence &, std::vector<int> &) {}
-template <class T> void shrink_model(const std::list<T> &, std::vector<int> &want) {
-  std::sort(want.begin(), want.end());
-}
 template <class T> void shrink(std::list<T> &l) {
   l.sort(), l.merge(std::list<T>()), l.splice(l.cend(), std::list<T>());
 }
 
 template <class Sequence> void random_sequence() {
   typedef typename Sequence::value_type element;
-  Sequence got;
-  std::vector<int> want;
+  Sequence s;
   for (int step = 0; step < 3000; ++step) {
-    const int size = static_cast<int>(want.size()), at = below(size + 1), n = 1 + below(1000);
+    const int size = static_cast<int>(s.size()), at = below(size + 1), n = 1 + below(1000);
+    const auto place = moved_on(s.cbegin(), at);
+    int result = 0;
     switch (random_below(13)) {
-      case 0: got.push_back(element(n)), want.push_back(n); break;
-      case 1: got.emplace_back(n), want.push_back(n); break;
-      case 2: push_front(got, n), want.insert(want.begin(), n); break;
+      case 0: s.push_back(element(n)); break;
+      case 1: s.emplace_back(n); break;
+      case 2: push_front(s, n); break;
       case 3:
-      case 4:
-        CHECK_INT(number_of(*got.insert(moved_on(got.begin(), at), element(n))), n), want.insert(want.begin() + at, n);
-        break;
-      case 5:
-        CHECK_INT(number_of(*got.emplace(moved_on(got.cbegin(), at), n)), n), want.insert(want.begin() + at, n);
-        break;
+      case 4: result = number_of(*s.insert(place, element(n))); break;
+      case 5: result = number_of(*s.emplace(place, n)); break;
       case 6:
-        if (at == size) break;
-        {
-          const typename Sequence::iterator behind = got.erase(moved_on(got.cbegin(), at));
-          CHECK(behind == moved_on(got.begin(), at));
-          want.erase(want.begin() + at);
-        }
+        if (at != size) result = index_of(s, s.erase(place));
         break;
-      case 7: {
-        const int end = at + below(size - at + 1) / 2;
-        got.erase(moved_on(got.begin(), at), moved_on(got.begin(), end)),
-            want.erase(want.begin() + at, want.begin() + end);
-        break;
-      }
-      case 8: got.resize(size + at % 5), want.resize(size + at % 5); break;
-      case 9: got.resize(size - at / 8), want.resize(size - at / 8); break;
+      case 7: result = index_of(s, s.erase(place, moved_on(place, below(size - at + 1) / 2))); break;
+      case 8: s.resize(size + at % 5); break;
+      case 9: s.resize(size - at / 8); break;
       case 10: {
-        Sequence other(std::move(got)), third(3);
-        CHECK(got.empty());
+        Sequence other(std::move(s)), third(3);
+        result = s.empty();
         third = std::move(other);
-        got.swap(third);
+        s.swap(third);
         break;
       }
-      case 11:
-        shrink(got);
-        shrink_model(got, want);
-        break;
+      case 11: shrink(s); break;
       default:
-        if (size > 300) got.clear(), want.clear();
+        if (size > 300) s.clear();
     }
-    check_same(got, want);
-    if (!want.empty())
-      CHECK(number_of(got.back()) == want.back() && number_of(*got.crbegin()) == number_of(got.back()) &&
-            number_of(got.front()) == want.front());
+    print(s, result);
   }
 }
-
-// ---- Ordered containers, adaptors ----------------------------------------------------------------------------------
 
 void ordered() {
   std::map<int, only_moved> map;
@@ -184,7 +159,6 @@ void ordered() {
   CHECK_INT(made_in_place[1].n, 3);
   std::set<only_moved> set;
   CHECK(set.insert(only_moved(3)).second && !set.emplace(3).second && set.erase(set.cbegin()) == set.end());
-
   std::stack<only_moved> stack;
   std::queue<only_moved> queue;
   std::priority_queue<only_moved> heap;
@@ -198,75 +172,45 @@ void ordered() {
   for (int last = 50; !heap.empty(); heap.pop()) CHECK(heap.top().value() <= last), last = heap.top().value();
 }
 
-// ---- Braces --------------------------------------------------------------------------------------------------------
-
-template <class Container> std::string shown(const Container &c) {
-  std::string text;
-  for (int n : c) {
-    char digits[16];
-    sprintf(digits, "%d ", n);
-    text += digits;
-  }
-  return text;
-}
-
 template <class Sequence> void braced_sequence() {
   Sequence s{3, 4};
-  CHECK_TEXT(shown(s).c_str(), "3 4 ");
+  print(s, 0);
   s = {5, 6, 7};
-  CHECK_INT(*s.insert(s.cbegin(), {1, 2}), 1);
-  CHECK_TEXT(shown(s).c_str(), "1 2 5 6 7 ");
+  print(s, *s.insert(s.cbegin(), {1, 2}));
   s.assign({8, 9});
-  CHECK_INT(*s.insert(s.cend(), 2u, 4), 4);
+  print(s, *s.insert(s.cend(), 2u, 4));
   const int more[] = {1, 1};
-  CHECK_INT(*s.insert(s.cbegin(), more, more + 2), 1);
-  CHECK_TEXT(shown(s).c_str(), "1 1 8 9 4 4 ");
-  CHECK_TEXT(shown(Sequence(3)).c_str(), "0 0 0 ");
-  CHECK_TEXT(shown(Sequence{}).c_str(), "");
+  print(s, *s.insert(s.cbegin(), more, more + 2));
+  print(Sequence(3), 0), print(Sequence{}, 0);
 }
-template <class Set> void braced_set(const char *twice) {
+template <class Set> void braced_set() {
   Set s{3, 1, 3};
-  CHECK_TEXT(shown(s).c_str(), twice);
+  print(s, 0);
   s = {5};
   s.insert({4, 6});
-  CHECK_TEXT(shown(s).c_str(), "4 5 6 ");
+  print(s, 0);
 }
-template <class Map> void braced_map(unsigned with_double) {
+template <class Map> void braced_map() {
   Map m{{"a", 1}, {"b", 2}, {"a", 3}};
-  CHECK_INT(m.size(), with_double);
-  CHECK_INT(m.find("a")->second, 1);
+  print(m, m.find("a")->second);
   m = {{"c", 4}};
   m.insert({"d", 5});
   m.insert({{"e", 6}, {"f", 7}});
-  CHECK(m.size() == 4 && m.begin()->second == 4 && (--m.end())->second == 7);
+  print(m, (--m.end())->second);
 }
-
 void braced_string() {
-  struct {
-    std::string got;
-    const char *want;
-  } const rows[] = {
-      {std::string{'a', 'b'}, "ab"},
-      {std::string{"abc"}, "abc"},
-      {std::string{}, ""},
-      {std::string{"abc", 2}, "ab"},
-      {std::string("ab") += {'c', 'd'}, "abcd"},
-      {std::string("ab").append({'c'}), "abc"},
-      {std::string("ab").assign({'c'}), "c"},
-      {std::string("ab") = {'x', 'y'}, "xy"},
-  };
-  for (const auto &row : rows) CHECK_TEXT(row.got.c_str(), row.want);
+  for (const std::string &each : {std::string{'a', 'b'}, std::string{"abc"}, std::string{}, std::string{"abc", 2},
+                                  std::string("ab") += {'c', 'd'}, std::string("ab").append({'c'}),
+                                  std::string("ab").assign({'c'}), std::string("ab") = {'x', 'y'}})
+    print(each, 0);
   std::string s("abc");
-  CHECK_INT(*s.insert(s.begin() + 1, 2u, 'x'), 'x');
-  CHECK_INT(*s.insert(s.cend(), 'y'), 'y');
-  CHECK_INT(*s.insert(s.cbegin(), {'1', '2'}), '1');
-  CHECK_INT(*s.erase(s.cbegin()), '2');
+  print(s, *s.insert(s.begin() + 1, 2u, 'x'));
+  print(s, *s.insert(s.cend(), 'y'));
+  print(s, *s.insert(s.cbegin(), {'1', '2'}));
+  print(s, *s.erase(s.cbegin()));
   s.replace(s.cbegin(), s.cbegin() + 1, {'Z', 'Y'});
-  CHECK_TEXT(s.c_str(), "ZYaxxbcy");
-  CHECK_INT(*s.crbegin(), 'y');
+  print(s, *s.crbegin());
 }
-
-// ---- Copies that throw ---------------------------------------------------------------------------------------------
 
 // Moves by a function that does not promise anything: a vector that grows must copy, or a failure would lose elements.
 struct failing {
@@ -335,27 +279,17 @@ template <class Container> void moves_between_allocators() {
 }  // namespace
 
 int main() {
-  random_sequence<std::vector<only_moved> >();
-  random_sequence<std::deque<only_moved> >();
-  random_sequence<std::list<only_moved> >();
-  random_sequence<std::vector<long> >();
-  random_sequence<std::deque<int> >();
-  random_sequence<std::list<int> >();
+  random_sequence<std::vector<only_moved> >(), random_sequence<std::deque<only_moved> >();
+  random_sequence<std::list<only_moved> >(), random_sequence<std::vector<long> >(), random_sequence<std::deque<int> >();
   ordered();
-  braced_sequence<std::vector<int> >();
-  braced_sequence<std::vector<long> >();
-  braced_sequence<std::deque<int> >();
-  braced_sequence<std::list<int> >();
-  braced_set<std::set<int> >("1 3 ");
-  braced_set<std::multiset<int> >("1 3 3 ");
-  braced_map<std::map<std::string, int> >(2);
-  braced_map<std::multimap<std::string, int> >(3);
+  braced_sequence<std::vector<int> >(), braced_sequence<std::deque<int> >(), braced_sequence<std::list<int> >();
+  braced_set<std::set<int> >(), braced_set<std::multiset<int> >();
+  braced_map<std::map<std::string, int> >(), braced_map<std::multimap<std::string, int> >();
   braced_string();
   CHECK_INT(only_moved::living, 0);
-  keeps_elements<std::vector<failing> >();
-  keeps_elements<std::deque<failing> >();
+  keeps_elements<std::vector<failing> >(), keeps_elements<std::deque<failing> >();
   moves_between_allocators<std::vector<only_moved, arena<only_moved> > >();
   moves_between_allocators<std::deque<only_moved, arena<only_moved> > >();
   moves_between_allocators<std::list<only_moved, arena<only_moved> > >();
-  return TEST_RESULT();
+  return test_failures != 0;
 }
