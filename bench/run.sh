@@ -55,7 +55,7 @@ compile() {
     *) compiler=("$with" -m32 -std=gnu++98) ;;
   esac
   # The C compiler that belongs to a C++ compiler has nearly its name.
-  PLX_CXX=$with PLX_CC=$(sed 's/g++/gcc/; s/clang++/clang/' <<< "$with") "${compiler[@]}" -O2 -fno-pic -no-pie \
+  PLX_CXX=$with PLX_CC=$(sed 's/clang++/clang/; t; s/g++/gcc/' <<< "$with") "${compiler[@]}" -O2 -fno-pic -no-pie \
     "$source" -o "$output" "${@:4}" 2> "$work/log" && return
   fail "$source does not build with ${compiler[0]##*/}:"
   head -5 "$work/log" >&2
