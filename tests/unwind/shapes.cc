@@ -212,6 +212,25 @@ static void values(int n) {
   hidden(n);
 }
 
+// More clean-ups than a throw notes at once, with arguments on the stack that the table counts.
+static int APART far(int depth, int a, int b, int c) {
+  struct quiet {
+    int n;
+    ~quiet() { zero += n & 0; }
+  } local = {a};
+  return depth ? far(depth - 1, b, c, a) + local.n : many(a, value(b), c, 4, noisy(6), a);
+}
+static void pushed(int n) {
+  for (int depth = 28; depth < 36; ++depth) {
+    try {
+      far(depth, n, n, n);
+    } catch (int k) {
+      std::printf("pushed %d ", k);
+    }
+  }
+  hidden(n);
+}
+
 static void deep(int n) {
   static int depth = 300;
   if (--depth == 0) {
@@ -239,7 +258,7 @@ int main() {
     callback run;
   } shapes[] = {{"variable length", variable_length}, {"realigned", realigned}, {"arguments", arguments},
                 {"hot and cold", split}, {"conventions", conventions}, {"C", in_plain_c}, {"nested C", in_nested_c}, {"registers of C", in_registers_c},
-                {"C that cleans up", in_cleanup_c}, {"signals", signals}, {"coroutines", coroutines}, {"values", values}, {"deep", deep}};
+                {"C that cleans up", in_cleanup_c}, {"signals", signals}, {"coroutines", coroutines}, {"values", values}, {"pushed", pushed}, {"deep", deep}};
   wide local;
   for (int i = 0; i < 16; ++i) local.values[i] = i;
   for (unsigned i = 0; i < 2 * sizeof shapes / sizeof *shapes; ++i) {

@@ -113,9 +113,12 @@ template <class T> static void all_aligned() {
     try { throw T(); } catch (T &inner) { putchar('0' + (fits(&inner) && fits(&outer))); }
   }
 #if __cplusplus >= 201703L
-  T *kept[] = {new T, new T[3], new (std::nothrow) T, new (std::nothrow) T[3]};
-  if (!fits(kept[0]) || !fits(kept[2])) printf("wrong ");
-  delete kept[0], delete[] kept[1], delete kept[2], delete[] kept[3];
+  T *volatile kept[4][9];  // volatile: compilers take allocations away
+  for (int i = 0; i < 9; ++i) {
+    kept[0][i] = new T, kept[1][i] = new T[3], kept[2][i] = new (std::nothrow) T, kept[3][i] = new (std::nothrow) T[3];
+    for (int form = 0; form < 4; ++form) if (!fits(kept[form][i])) printf("wrong%d ", form);
+  }
+  for (int i = 0; i < 9; ++i) delete kept[0][i], delete[] kept[1][i], delete kept[2][i], delete[] kept[3][i];
   volatile size_t too_much = 0xF0000000u;
   try { ::operator delete(::operator new(too_much, std::align_val_t(alignof(T))), std::align_val_t(alignof(T))); printf("got it "); } catch (std::bad_alloc &) {}
   if (::operator new(too_much, std::align_val_t(alignof(T)), std::nothrow)) printf("got it ");

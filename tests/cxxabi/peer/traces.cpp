@@ -86,7 +86,18 @@ static int far_away(int depth) {
   if (depth == 0) throw_int(1);
   return far_away(depth - 1) + 1;
 }
+// More clean-ups than a throw notes at once, each of which throws.
+struct busy { ~busy() { try { throw 'c'; } catch (char) { ++levels; } } };
+static int past_busy(int depth) {
+  busy b;
+  if (depth == 0) throw_int(1);
+  return past_busy(depth - 1) + 1;
+}
 BODY(deep) {
+  for (int depth = 28; depth < 70; depth += 1 + depth / 36 * 4) {
+    levels = 0;
+    try { past_busy(depth); } catch (int n) { say("%d,%d", n, levels); }
+  }
   levels = 0;
   try { pass_on(2000); } catch (int n) { say("%d,%d", n, levels); }
   levels = 0;
