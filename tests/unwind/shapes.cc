@@ -213,12 +213,13 @@ static void values(int n) {
 }
 
 // More clean-ups than a throw notes at once, with arguments on the stack that the table counts.
+static noisy &sixth = *new noisy(6);
 static int APART far(int depth, int a, int b, int c) {
   struct quiet {
     int n;
     ~quiet() { zero += n & 0; }
   } local = {a};
-  return depth ? far(depth - 1, b, c, a) + local.n : many(a, value(b), c, 4, noisy(6), a);
+  return depth ? far(depth - 1, b, c, a) + local.n : many(a, value(b), c, 4, sixth, a);
 }
 static void pushed(int n) {
   for (int depth = 28; depth < 36; ++depth) {
