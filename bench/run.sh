@@ -287,7 +287,7 @@ run_size() {
   done
   [ -f "$work/hello_throw.plx-static.members" ] || return
   printf '\n%-50s %10s %10s\n' "objects of libplx.a in a static program" throw iostream
-  for folder in libC exceptions string containers locale iostream clang; do
+  for folder in libC exceptions string containers numbers locale iostream clang; do
     printf '%-50s' "$folder"
     for name in hello_throw hello_iostream; do
       (cd "$source_dir/../$folder" && find . -name '*.cpp' -o -name '*.S') | sed 's/.*\///; s/$/.o/' | sort -u |

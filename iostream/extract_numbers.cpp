@@ -3,7 +3,7 @@
 
 #include <plx/num_get.h>
 
-#include "../locale/number_value.h"
+#include "../numbers/read.h"
 #include "input_operation.h"
 
 namespace __zor {

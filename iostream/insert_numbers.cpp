@@ -6,7 +6,7 @@
 
 #include <plx/num_put.h>
 
-#include "../locale/number_text.h"
+#include "../numbers/write.h"
 #include "output_window.h"
 
 using namespace __zor;
@@ -20,7 +20,7 @@ typedef num_put<char, ostreambuf_iterator<char>> a_num_put;
 constexpr int widest = 64;  // the quick paths fill up to here
 
 // Writes a text that was made next to the buffer.
-PLX_NUMBER_CALL bool insert_copy(streambuf &buffer, const char *text, int n) {
+NUMBER_CALL bool insert_copy(streambuf &buffer, const char *text, int n) {
   if (FILE *const file = plain_file(&buffer)) {
     insert_into_file(buffer, file, text, n);
     return true;

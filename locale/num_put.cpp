@@ -4,8 +4,8 @@
 #include <plx/num_put.h>
 
 #include "../libC/eh_tools.h"
+#include "../numbers/write.h"
 #include "num_put_locale.h"
-#include "number_text.h"
 #include "standard_facets.h"
 
 using namespace std;
