@@ -70,7 +70,7 @@ SSE2 __attribute__((__always_inline__)) inline const char *copy_line(char *to, c
 // do, or the texts overlap.
 __attribute__((__always_inline__)) inline unsigned int open_line(std::istream &in, get_window &window, const char *to,
                                                                  unsigned int room) {
-  if (!starts_at_once(in) || !open_get_window(stream_access::buffer(in), window) || is_endless(window)) return 0;
+  if (!starts_at_once(in) || !window.open(stream_access::buffer(in)) || window.is_endless()) return 0;
   const unsigned int size = window.end - window.at, n = size < room ? size : room;
   return window.at < to + n && to < window.at + n ? 0 : n;
 }

@@ -3,7 +3,7 @@
 #include <plx/num_put.h>
 
 #include "../numbers/write.h"
-#include "output_window.h"
+#include "output_operation.h"
 
 using namespace __zor;
 

@@ -45,10 +45,6 @@ bool skip_white_space(std::istream &in);
 // The same for a plain buffer and the classic table: cannot throw.
 bool skip_plain_space(std::streambuf *buffer) PLX_NOTHROW;
 
-inline bool is_quick(const std::istream &in, unsigned int facets) {
-  return stream_access::loc(in)._get_imp()->_get_quick() & facets;
-}
-
 // Flushing the tied stream would do nothing: the C library holds nothing of it back. (A file that was read from is set
 // to where the reader is, so that is looked at, too.)
 [[gnu::regparm(1)]] bool has_nothing_to_flush(const std::ostream *tied) PLX_NOTHROW;
@@ -63,7 +59,7 @@ inline bool starts_at_once(std::istream &in) {
 // The window at the first character that is no classic white space; false when that is not in the buffer's window, or
 // when the window has no known end.
 inline bool open_window_beyond_space(std::istream &in, get_window &window) {
-  if (!open_get_window(stream_access::buffer(in), window) || is_endless(window)) return false;
+  if (!window.open(stream_access::buffer(in)) || window.is_endless()) return false;
   if (stream_access::flags(in) & ios_base::skipws)
     while (is_classic_space(*window.at))
       if (++window.at == window.end) return false;
@@ -76,10 +72,10 @@ inline bool starts_plainly(std::istream &in, bool noskipws) {
   std::streambuf *const buffer = stream_access::buffer(in);
   if (!is_plain_buffer(buffer)) return false;
   // Formatted input asks the facet for more than that.
-  if (!noskipws && !is_quick(in, std::locale::imp::_quick_ctype)) return false;
+  if (!noskipws && !has_plain_ctype(stream_access::loc(in))) return false;
   if (!noskipws && (stream_access::flags(in) & ios_base::skipws)) {
     get_window window;
-    if (!open_get_window(buffer, window) || is_classic_space(*window.at)) skip_plain_space(buffer);
+    if (!window.open(buffer) || is_classic_space(*window.at)) skip_plain_space(buffer);
   }
   start_count(in);
   return true;

@@ -13,7 +13,8 @@
 #include "../libC/eh_tools.h"
 #include "../numbers/grouping.h"
 #include "../numbers/write.h"
-#include "num_put_locale.h"
+#include "ios_base_access.h"
+#include "plain_facets.h"
 
 using namespace std;
 
@@ -113,14 +114,14 @@ struct a_grouping {
 // body(punctuation) with what the stream's locale says. The locale is held: what runs meanwhile may change the
 // stream's.
 template <class Body> inline void with_punctuation(const ios_base &str, Body body) {
-  if (is_plain_number_locale(str))
+  if (has_plain_num_put(ios_base_access::loc(str)))
     return body(a_punctuation{nullptr, nullptr, 0, group_sizes(group_sizes::of_written, nullptr, 0)});
   eh_local<locale> loc(str.getloc());
   const numpunct<char> &facet = use_facet<numpunct<char>>(*loc);
   const ctype<char> &classes = use_facet<ctype<char>>(*loc);
   const char separator = facet.thousands_sep();
   eh_local<a_grouping> grouping(facet);
-  body(a_punctuation{&facet, is_plain_ctype_locale(*loc) ? nullptr : &classes, separator, grouping->sizes()});
+  body(a_punctuation{&facet, has_plain_ctype(*loc) ? nullptr : &classes, separator, grouping->sizes()});
 }
 
 }  // namespace
