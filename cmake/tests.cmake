@@ -152,7 +152,8 @@ if(PLX_TEST_ONCE)
   endforeach()
 
   # Each public header, and C's own in our include path.
-  file(GLOB headers CONFIGURE_DEPENDS RELATIVE ${CMAKE_SOURCE_DIR}/include include/[a-z]* include/plx/*.h)
+  file(GLOB headers CONFIGURE_DEPENDS RELATIVE ${CMAKE_SOURCE_DIR}/include include/[a-z]* include/plx/*.h
+       include/plx/*/*.h)
   list(FILTER headers EXCLUDE REGEX "^(bits|plx)$")
   list(APPEND headers assert.h ctype.h errno.h float.h iso646.h limits.h locale.h signal.h stdarg.h stddef.h stdio.h
        string.h time.h wctype.h)

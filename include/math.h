@@ -12,7 +12,7 @@
 
 #ifdef __cplusplus
 
-#include <plx/config.h>
+#include <plx/base/config.h>
 
 #undef abs
 #undef acos

@@ -8,7 +8,7 @@
 
 #ifdef __cplusplus
 
-#include <plx/config.h>
+#include <plx/base/config.h>
 
 /* The first declaration gives the name of the function that is called; the C library's own then agrees with it. */
 extern "C" {

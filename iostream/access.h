@@ -1,10 +1,10 @@
 // The library's way into the fields of streams and buffers, which their classes keep to themselves.
 #pragma once
 
-#include <plx/basic_ios.h>
-#include <plx/filebuf.h>
-#include <plx/streambuf_iterators.h>
-#include <plx/stringbuf.h>
+#include <plx/iostream/basic_ios.h>
+#include <plx/iostream/filebuf.h>
+#include <plx/iostream/stringbuf.h>
+#include <plx/streambuf/streambuf_iterators.h>
 
 #include "../locale/ios_base_access.h"
 

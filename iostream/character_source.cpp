@@ -1,5 +1,5 @@
 // The source of characters that scanners read stream buffers through.
-#include <plx/character_source.h>
+#include <plx/streambuf/character_source.h>
 
 #include "windows.h"
 

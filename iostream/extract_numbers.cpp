@@ -1,7 +1,7 @@
 // The extractors of numbers. Where the stream's facets are the library's own, a number that lies whole in the buffer's
 // get window is read there. num_get is asked in all other cases, and wherever anything is wrong with the text.
 
-#include <plx/num_get.h>
+#include <plx/facets/num_get.h>
 
 #include "../numbers/read.h"
 #include "input_operation.h"

@@ -5,7 +5,7 @@
 
 #include <string.h>
 
-#include <plx/bitset_io.h>
+#include <plx/containers/bitset_io.h>
 
 #include "../string/representation.h"
 #include "input_operation.h"
@@ -19,8 +19,8 @@ namespace {
 inline bool assign_short(std::string &text, const char *from, unsigned int n, const char *end) {
   b_str_ref *const rep = representation_of(text);
   if (n > 16 || end - from < 16 || !string_is_private(rep)) return false;
-  const unsigned int a = four_bytes_at(from), b = four_bytes_at(from + 4), c = four_bytes_at(from + 8),
-                     d = four_bytes_at(from + 12);
+  const unsigned int a = words(from)->value, b = words(from + 4)->value, c = words(from + 8)->value,
+                     d = words(from + 12)->value;
   char *const to = rep->data;
   memcpy(to, &a, 4);
   memcpy(to + 4, &b, 4);

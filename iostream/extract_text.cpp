@@ -35,7 +35,7 @@ inline bool extract_word_at_once(istream &in, char *to) {
     return false;
   const char *at = window.at;
   while (window.end - at >= 4) {
-    const unsigned int four = four_bytes_at(at), low = low_bytes(four);
+    const unsigned int four = words(at)->value, low = low_bytes(four);
     if (!low) {
       memcpy(to, &four, 4);
       at += 4;

@@ -1,8 +1,8 @@
 // basic_filebuf<char>: the operations on an open file. filebuf_open.cpp opens and closes, filebuf_convert.cpp writes
 // through a program's own codecvt.
 
-#include <plx/codecvt.h>
-#include <plx/filebuf.h>
+#include <plx/facets/codecvt.h>
+#include <plx/iostream/filebuf.h>
 
 #include "../libC/eh_tools.h"
 #include "../locale/plain_facets.h"

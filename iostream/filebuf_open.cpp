@@ -2,7 +2,7 @@
 
 #include <errno.h>
 
-#include <plx/filebuf.h>
+#include <plx/iostream/filebuf.h>
 
 #include "../libC/eh_tools.h"
 #include "filebuf_convert.h"

@@ -1,6 +1,6 @@
 // Inserters of numbers that no long holds. num_put knows none, so the text is made here; the facet groups and fills it.
 
-#include <plx/num_put.h>
+#include <plx/facets/num_put.h>
 
 #include "../numbers/write.h"
 #include "output_operation.h"

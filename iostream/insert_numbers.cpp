@@ -4,7 +4,7 @@
 // A put area may be an array of the program's, so nothing beyond the text is ever written there. In stdio's buffer,
 // which nobody sees beyond its end, the number engine may store more than it returns.
 
-#include <plx/num_put.h>
+#include <plx/facets/num_put.h>
 
 #include "../numbers/write.h"
 #include "output_operation.h"
@@ -22,7 +22,7 @@ constexpr int widest = 64;  // the quick paths fill up to here
 inline bool is_fast(const ios &stream) { return is_quiet(stream) && has_plain_num_put(stream_access::loc(stream)); }
 
 // A text that was made next to the buffer.
-NUMBER_CALL bool insert_copy(streambuf *buffer, const char *text, int n) {
+PLX_HIDDEN PLX_REGPARM bool insert_copy(streambuf *buffer, const char *text, int n) {
   const a_put_result result = put_at_once<put_text>(buffer, text, n);
   if (result == put_refused) keep_refusal(buffer);
   return result != put_not_here;

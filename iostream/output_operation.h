@@ -6,19 +6,19 @@
 // call, while compilers give local functions a private calling convention.
 #pragma once
 
-#include <plx/ostream.h>
+#include <plx/iostream/ostream.h>
 
 #include "operation.h"
 #include "windows.h"
 
-#define PLX_SLOW __attribute__((__noinline__, __visibility__("hidden")))
+#define PLX_SLOW PLX_NOINLINE PLX_HIDDEN
 
 namespace __zor {
 
 // The stream's base as one address: compilers would rather add the offset to every access, and run out of registers.
 inline std::ios &base_of(std::ostream &out) {
   std::ios *base = &out;
-  __asm__("" : "+r"(base));
+  PLX_OPAQUE(base);
   return *base;
 }
 

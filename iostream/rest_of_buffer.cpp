@@ -1,8 +1,8 @@
 // All that is left in a buffer, for ranges of istreambuf_iterator: into a string, or into another buffer. Characters
 // that lie ready go at once, and others by the calls that the iterators would make.
 
-#include <plx/basic_string.h>
-#include <plx/streambuf_iterators.h>
+#include <plx/streambuf/streambuf_iterators.h>
+#include <plx/string/basic_string.h>
 
 #include "windows.h"
 

@@ -1,8 +1,8 @@
 // White space, and whether an input operation may do without its frame.
 #pragma once
 
-#include <plx/istream.h>
-#include <plx/ostream.h>
+#include <plx/iostream/istream.h>
+#include <plx/iostream/ostream.h>
 
 #include "input_blocks.h"
 #include "operation.h"
@@ -17,16 +17,11 @@ inline bool is_classic_space(char c) { return c == ' ' || static_cast<unsigned c
 // The bytes of a word that are below 0x21, white space among them, as bit 7 of each. Those above the lowest may be
 // wrong.
 inline unsigned int low_bytes(unsigned int four) { return (four - 0x21212121u) & ~four & 0x80808080u; }
-inline unsigned int four_bytes_at(const char *p) {
-  unsigned int four;
-  __builtin_memcpy(&four, p, sizeof four);
-  return four;
-}
 
 // The first white space of the classic table in the range, or its end.
 inline const char *find_classic_space(const char *at, const char *end) {
   while (end - at >= 4) {
-    const unsigned int low = low_bytes(four_bytes_at(at));
+    const unsigned int low = low_bytes(words(at)->value);
     if (!low) {
       at += 4;
       continue;

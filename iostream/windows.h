@@ -20,11 +20,11 @@
 #include <stdio.h>
 #include <string.h>
 
-#include <plx/filebuf.h>
-#include <plx/stdio_window.h>
+#include <plx/iostream/filebuf.h>
+#include <plx/streambuf/stdio_window.h>
 
+#include "../libC/i386/short_copy.h"
 #include "../locale/plain_facets.h"
-#include "../string/representation.h"
 #include "access.h"
 #include "stdio_file.h"
 

@@ -1,8 +1,8 @@
 // The scanner of money_get. Input cannot be put back, so each part of the pattern is decided by the next character:
 // what was read and then does not fit is an error.
 
-#include <plx/ctype.h>
-#include <plx/money_get.h>
+#include <plx/facets/ctype.h>
+#include <plx/facets/money_get.h>
 
 #include <stdlib.h>
 #include <string.h>

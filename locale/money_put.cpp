@@ -7,7 +7,7 @@
 
 #include "../containers/cleanup_by_hand.h"
 
-#include <plx/money_put.h>
+#include <plx/facets/money_put.h>
 
 #include <stdio.h>
 

@@ -4,7 +4,7 @@
 
 #include <limits.h>
 
-#include <plx/moneypunct.h>
+#include <plx/facets/moneypunct.h>
 
 #include "../libC/eh_tools.h"
 

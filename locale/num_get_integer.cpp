@@ -1,7 +1,7 @@
 // num_get's scanner of integers, and of pointers.
-#include <plx/ctype.h>
-#include <plx/num_get.h>
-#include <plx/numpunct.h>
+#include <plx/facets/ctype.h>
+#include <plx/facets/num_get.h>
+#include <plx/facets/numpunct.h>
 
 #include "../libC/eh_tools.h"
 #include "../numbers/grouping.h"

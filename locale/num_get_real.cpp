@@ -1,10 +1,10 @@
 // num_get's scanner of floating numbers: into a value, or into a text for sscanf.
 #include <stdio.h>
 
-#include <plx/ctype.h>
-#include <plx/num_get.h>
-#include <plx/num_put.h>
-#include <plx/numpunct.h>
+#include <plx/facets/ctype.h>
+#include <plx/facets/num_get.h>
+#include <plx/facets/num_put.h>
+#include <plx/facets/numpunct.h>
 
 #include "../libC/eh_tools.h"
 #include "../numbers/grouping.h"

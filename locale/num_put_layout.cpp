@@ -8,7 +8,7 @@
 
 #include <locale.h>
 
-#include <plx/num_put.h>
+#include <plx/facets/num_put.h>
 
 #include "../libC/eh_tools.h"
 #include "../numbers/grouping.h"

@@ -1,8 +1,9 @@
 // Which facets of a locale are the library's own, unchanged, so that their work can be done without asking them.
-// locale/quick.cpp finds it out whenever a locale changes; its bits are looked at here, and in <plx/ostream.h>.
+// locale/quick.cpp finds it out whenever a locale changes; its bits are looked at here, and in
+// <plx/iostream/ostream.h>.
 #pragma once
 
-#include <plx/ios_base.h>
+#include <plx/streambuf/ios_base.h>
 
 namespace __zor {
 

@@ -37,7 +37,7 @@ constexpr a_hex_table hex_digits_made = make_hex_digits();
 const a_digit_table number_digits = digits_made;
 const a_hex_table hex_digits = hex_digits_made;
 
-NUMBER_CALL char *long_digits(char *at, unsigned high, unsigned low) noexcept {
+PLX_HIDDEN PLX_REGPARM char *long_digits(char *at, unsigned high, unsigned low) noexcept {
   if (high == 0) return decimal_digits(at, low);
   const unsigned rest = take_eight_digits(high, low);
   at = long_digits(at, high, low);

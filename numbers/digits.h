@@ -16,18 +16,18 @@ namespace __zor {
 inline unsigned digit_of(char c) { return static_cast<unsigned char>(c) - static_cast<unsigned>('0'); }
 
 // The digit's value in base 16, or 16 for none. By table: branches on digits that may as well be letters are missed.
-struct NUMBER_DATA a_hex_table {
+struct PLX_HIDDEN a_hex_table {
   unsigned char value[256];
 };
-extern NUMBER_DATA const a_hex_table hex_digits;
+extern PLX_HIDDEN const a_hex_table hex_digits;
 inline unsigned hex_digit_of(char c) { return hex_digits.value[static_cast<unsigned char>(c)]; }
 
 // For each number below 100 its two digits, and its text without leading zero (one or two characters used).
-struct NUMBER_DATA a_digit_table {
+struct PLX_HIDDEN a_digit_table {
   char pair[200];
   char head[200];
 };
-extern NUMBER_DATA const a_digit_table number_digits;
+extern PLX_HIDDEN const a_digit_table number_digits;
 
 inline void two_digits(char *at, unsigned value) { memcpy(at, number_digits.pair + 2 * value, 2); }
 
@@ -76,7 +76,7 @@ inline char *decimal_digits(char *at, unsigned value) {
 }
 
 // The same of two words. Writes up to 20 characters.
-NUMBER_CALL char *long_digits(char *at, unsigned high, unsigned low) noexcept;
+PLX_HIDDEN PLX_REGPARM char *long_digits(char *at, unsigned high, unsigned low) noexcept;
 
 // Divides high:low by 10^8 in place and returns the rest.
 inline unsigned take_eight_digits(unsigned &high, unsigned &low) {

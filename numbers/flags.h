@@ -1,9 +1,7 @@
-// What numbers know of a stream: the format flags that matter to them, by name, and how their functions are called.
+// What numbers know of a stream: the format flags that matter to them, by name.
 #pragma once
 
-// Reached without the global offset table; arguments in registers.
-#define NUMBER_DATA __attribute__((__visibility__("hidden")))
-#define NUMBER_CALL __attribute__((__visibility__("hidden"), __regparm__(3)))
+#include <plx/base/config.h>
 
 namespace __zor {
 
@@ -35,7 +33,7 @@ inline bool number_is_based(unsigned flags) {
 
 // The formats for printf, "%+#.*Lg" and "%+#lX" at their longest: 8 and 6 characters with the null character.
 // `modifier` is 'L' or 0; `conversion` is 'd' or 'u', which a base in the flags replaces, or 'p', which takes no flags.
-NUMBER_CALL void float_format(char *format, char modifier, unsigned flags) noexcept;
-NUMBER_CALL void integer_format(char *format, char conversion, unsigned flags) noexcept;
+PLX_HIDDEN PLX_REGPARM void float_format(char *format, char modifier, unsigned flags) noexcept;
+PLX_HIDDEN PLX_REGPARM void integer_format(char *format, char conversion, unsigned flags) noexcept;
 
 }  // namespace __zor

@@ -3,7 +3,7 @@
 
 namespace __zor {
 
-NUMBER_CALL void integer_format(char *format, char conversion, unsigned flags) noexcept {
+PLX_HIDDEN PLX_REGPARM void integer_format(char *format, char conversion, unsigned flags) noexcept {
   *format++ = '%';
   if (conversion != 'p') {
     if (flags & number_showpos) *format++ = '+';
@@ -17,7 +17,7 @@ NUMBER_CALL void integer_format(char *format, char conversion, unsigned flags) n
   *format = '\0';
 }
 
-NUMBER_CALL void float_format(char *format, char modifier, unsigned flags) noexcept {
+PLX_HIDDEN PLX_REGPARM void float_format(char *format, char modifier, unsigned flags) noexcept {
   const unsigned style = flags & number_floatfield;
   *format++ = '%';
   if (flags & number_showpos) *format++ = '+';

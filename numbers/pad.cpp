@@ -4,7 +4,8 @@
 
 namespace __zor {
 
-NUMBER_CALL char *pad_number(char *first, char *last, unsigned prefix, unsigned flags, int width, char fill) noexcept {
+PLX_HIDDEN PLX_REGPARM char *pad_number(char *first, char *last, unsigned prefix, unsigned flags, int width,
+                                        char fill) noexcept {
   const unsigned pad = static_cast<unsigned>(width - (last - first));
   const unsigned adjust = flags & number_adjustfield;
   char *const gap = adjust == number_left ? last : adjust == number_internal ? first + prefix : first;

@@ -8,11 +8,11 @@ namespace __zor {
 // 10^n for n up to 27 is exact in a long double: 5^27 has 63 bits. Negative powers, and 10^(28 n), are rounded once.
 constexpr int most_exact_power = 27, power_step = 28, power_steps = 12;
 
-struct NUMBER_DATA a_power_table {
+struct PLX_HIDDEN a_power_table {
   long double near[2 * most_exact_power + 1];  // 10^-27 to 10^27
   long double far[2 * power_steps + 1];        // 10^-336 to 10^336
 };
-extern NUMBER_DATA const a_power_table powers_of_ten;
+extern PLX_HIDDEN const a_power_table powers_of_ten;
 
 // 10^n for n from -27 to 27, and 10^(28 n) for n from -12 to 12.
 inline const long double &near_power(int n) { return powers_of_ten.near[most_exact_power + n]; }
@@ -25,15 +25,15 @@ struct a_small_power {
   unsigned char before, after;
 };
 constexpr unsigned small_powers = 10;
-extern NUMBER_DATA const a_small_power small_power[small_powers];
+extern PLX_HIDDEN const a_small_power small_power[small_powers];
 
 // The upper word of the double 10^(first + index), or of a double slightly below it.
 constexpr int first_boundary = -307;
 constexpr int boundaries = 308 + 307 + 1;
-struct NUMBER_DATA a_boundary_table {
+struct PLX_HIDDEN a_boundary_table {
   unsigned high[boundaries];
 };
-extern NUMBER_DATA const a_boundary_table decimal_boundaries;
+extern PLX_HIDDEN const a_boundary_table decimal_boundaries;
 
 // The decimal exponent of a normal double from its upper word without sign; next to a power of ten it may be 1 too
 // large.

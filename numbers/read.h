@@ -9,6 +9,7 @@
 // looks at the C library's locale.
 #pragma once
 
+#include "../libC/i386/short_copy.h"
 #include "digits.h"
 #include "powers.h"
 
@@ -39,13 +40,8 @@ inline bool integer_fit(unsigned long &value, bool negative, bool is_signed, uns
   return false;
 }
 
-// Four characters at once, in memory's order: the first is in the lowest byte.
-inline unsigned four_characters(const char *p) noexcept {
-  unsigned four;
-  __builtin_memcpy(&four, p, sizeof four);
-  return four;
-}
-// Bit 7 of the bytes that are no digits. Those above the lowest may be wrong.
+// Of four characters, the first in the lowest byte, bit 7 of the bytes that are no digits. Those above the lowest may
+// be wrong.
 inline unsigned other_than_digits(unsigned four) noexcept {
   return ((four - 0x30303030u) | (four + 0x46464646u) | four) & 0x80808080u;
 }
@@ -62,11 +58,11 @@ inline unsigned value_of_four(unsigned digits) noexcept {
   if (__builtin_expect(end - p >= 8, true)) {
     // Most numbers end in their first eight characters, and few branches depend on where.
     static const unsigned short powers[] = {1, 10, 100, 1000};
-    unsigned four = four_characters(p), others = other_than_digits(four);
+    unsigned four = words(p)->value, others = other_than_digits(four);
     if (others == 0) {
       sum = value_of_four(four - 0x30303030u);
       p += 4;
-      four = four_characters(p);
+      four = words(p)->value;
       others = other_than_digits(four);
     }
     if (others != 0) {
@@ -89,7 +85,8 @@ inline unsigned value_of_four(unsigned digits) noexcept {
 }
 
 // The same for the other bases.
-NUMBER_CALL const char *quick_based(const char *p, const char *end, unsigned long &value, unsigned flags) noexcept;
+PLX_HIDDEN PLX_REGPARM const char *quick_based(const char *p, const char *end, unsigned long &value,
+                                               unsigned flags) noexcept;
 
 // Reads an integer of the type whose bits are `Max` from [p, end): sign, prefix and digits as the stream's flags say.
 // Returns where it stopped. When that is `end`, the value holds only if the input ends there: a caller that may get
@@ -111,9 +108,9 @@ template <bool Signed, unsigned long Max>
 
 // The same for sign, digits, point, digits, exponent. Null, with `value` untouched, only when there is no digit
 // directly after sign and point. An exponent letter without digits is taken and means nothing.
-NUMBER_CALL const char *quick_real(const char *p, const char *end, float &value) noexcept;
-NUMBER_CALL const char *quick_real(const char *p, const char *end, double &value) noexcept;
-NUMBER_CALL const char *quick_real(const char *p, const char *end, long double &value) noexcept;
+PLX_HIDDEN PLX_REGPARM const char *quick_real(const char *p, const char *end, float &value) noexcept;
+PLX_HIDDEN PLX_REGPARM const char *quick_real(const char *p, const char *end, double &value) noexcept;
+PLX_HIDDEN PLX_REGPARM const char *quick_real(const char *p, const char *end, long double &value) noexcept;
 
 // A floating text while it is read: the caller tells the sign, the digits before and after the point, and the exponent.
 //

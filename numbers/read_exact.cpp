@@ -30,13 +30,13 @@ template <class Real> void parse_mantissa(unsigned long long mantissa, int expon
 
 }  // namespace
 
-NUMBER_CALL void real_by_strtod(const decimal_real &number, float &value) noexcept {
+PLX_HIDDEN PLX_REGPARM void real_by_strtod(const decimal_real &number, float &value) noexcept {
   parse_mantissa(number.mantissa, number.exponent, number.negative, value);
 }
-NUMBER_CALL void real_by_strtod(const decimal_real &number, double &value) noexcept {
+PLX_HIDDEN PLX_REGPARM void real_by_strtod(const decimal_real &number, double &value) noexcept {
   parse_mantissa(number.mantissa, number.exponent, number.negative, value);
 }
-NUMBER_CALL void real_by_strtod(const decimal_real &number, long double &value) noexcept {
+PLX_HIDDEN PLX_REGPARM void real_by_strtod(const decimal_real &number, long double &value) noexcept {
   parse_mantissa(number.mantissa, number.exponent, number.negative, value);
 }
 

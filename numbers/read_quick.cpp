@@ -30,8 +30,7 @@ inline const char *add_digits(const char *p, const char *stop, unsigned &sum) {
 }
 inline const char *add_many_digits(const char *p, const char *stop, unsigned &sum) {
   while (stop - p >= 4) {
-    unsigned four;
-    __builtin_memcpy(&four, p, 4);
+    unsigned four = words(p)->value;
     const unsigned high_halves = 0xF0F0F0F0, digits = 0x30303030;
     if ((four & high_halves) != digits || ((four + 0x06060606) & high_halves) != digits) break;
     four &= 0x0F0F0F0F;
@@ -136,17 +135,18 @@ template <class Real> inline const char *read_real(const char *const begin, cons
 
 }  // namespace
 
-NUMBER_CALL const char *quick_real(const char *p, const char *end, float &value) noexcept {
+PLX_HIDDEN PLX_REGPARM const char *quick_real(const char *p, const char *end, float &value) noexcept {
   return read_real(p, end, value);
 }
-NUMBER_CALL const char *quick_real(const char *p, const char *end, double &value) noexcept {
+PLX_HIDDEN PLX_REGPARM const char *quick_real(const char *p, const char *end, double &value) noexcept {
   return read_real(p, end, value);
 }
-NUMBER_CALL const char *quick_real(const char *p, const char *end, long double &value) noexcept {
+PLX_HIDDEN PLX_REGPARM const char *quick_real(const char *p, const char *end, long double &value) noexcept {
   return read_real(p, end, value);
 }
 
-NUMBER_CALL const char *quick_based(const char *p, const char *end, unsigned long &value, unsigned flags) noexcept {
+PLX_HIDDEN PLX_REGPARM const char *quick_based(const char *p, const char *end, unsigned long &value,
+                                               unsigned flags) noexcept {
   if (p == end) return nullptr;
   flags &= number_basefield;
   bool hex = flags == number_hex;

@@ -13,9 +13,9 @@ struct decimal_real {
 };
 
 // Any number, in any rounding mode.
-NUMBER_CALL void real_by_strtod(const decimal_real &number, float &value) noexcept;
-NUMBER_CALL void real_by_strtod(const decimal_real &number, double &value) noexcept;
-NUMBER_CALL void real_by_strtod(const decimal_real &number, long double &value) noexcept;
+PLX_HIDDEN PLX_REGPARM void real_by_strtod(const decimal_real &number, float &value) noexcept;
+PLX_HIDDEN PLX_REGPARM void real_by_strtod(const decimal_real &number, double &value) noexcept;
+PLX_HIDDEN PLX_REGPARM void real_by_strtod(const decimal_real &number, long double &value) noexcept;
 
 // Whether rounding x, which may be `slack` units in its last place off, must give the right Real: its surplus bits are
 // not near one half. For large powers the result must be normal too.

@@ -24,7 +24,7 @@ enum a_number_room : unsigned {
 };
 
 // Octal, if the base field is exactly `oct`, or hexadecimal: a prefix for `showbase` unless the value is 0.
-NUMBER_CALL char *based_text(char *at, unsigned flags, unsigned long value) noexcept;
+PLX_HIDDEN PLX_REGPARM char *based_text(char *at, unsigned flags, unsigned long value) noexcept;
 
 // Decimal with a sign where there is one, unless the base field is exactly `oct` or `hex`.
 inline char *integer_text(char *at, unsigned flags, long value) {
@@ -42,17 +42,18 @@ inline char *integer_text(char *at, unsigned flags, unsigned long value) {
 }
 
 // "(nil)", or the address in hexadecimal.
-NUMBER_CALL char *pointer_text(char *at, const void *value) noexcept;
+PLX_HIDDEN PLX_REGPARM char *pointer_text(char *at, const void *value) noexcept;
 
 // Floating values: `fixed` alone gives "f", `scientific` alone "e", anything else "g"; `showpos` "+", `showpoint` "#";
 // `uppercase` has no say. The precision is 0 to 127. Rounding follows the processor's mode, as in the C library.
-NUMBER_CALL char *double_text(char *at, unsigned flags, unsigned precision, double value) noexcept;
-NUMBER_CALL char *long_double_text(char *at, unsigned flags, unsigned precision, long double value) noexcept;
+PLX_HIDDEN PLX_REGPARM char *double_text(char *at, unsigned flags, unsigned precision, double value) noexcept;
+PLX_HIDDEN PLX_REGPARM char *long_double_text(char *at, unsigned flags, unsigned precision, long double value) noexcept;
 
 // The same text, or null where the quick way does not lead to certainty: special values, more digits than the
 // processor's registers hold, halves within the error of the calculation, unusual rounding modes.
-NUMBER_CALL char *quick_double_text(char *at, unsigned flags, unsigned precision, double value) noexcept;
-NUMBER_CALL char *quick_long_double_text(char *at, unsigned flags, unsigned precision, long double value) noexcept;
+PLX_HIDDEN PLX_REGPARM char *quick_double_text(char *at, unsigned flags, unsigned precision, double value) noexcept;
+PLX_HIDDEN PLX_REGPARM char *quick_long_double_text(char *at, unsigned flags, unsigned precision,
+                                                    long double value) noexcept;
 
 // How many characters of a text `internal` keeps in front of the fill: the sign; for integers also the base.
 inline unsigned sign_prefix(const char *text) { return *text == '-' || *text == '+'; }
@@ -65,7 +66,8 @@ inline unsigned integer_prefix(const char *text, unsigned length) {
 // Widens the text [first, last) to `width` characters in place and returns its end: fill before it, behind it if the
 // adjustment is exactly `left`, and behind the prefix if it is exactly `internal`. Needs room for `width` + pad_overrun
 // characters at `first`.
-NUMBER_CALL char *pad_number(char *first, char *last, unsigned prefix, unsigned flags, int width, char fill) noexcept;
+PLX_HIDDEN PLX_REGPARM char *pad_number(char *first, char *last, unsigned prefix, unsigned flags, int width,
+                                        char fill) noexcept;
 
 inline char *pad_integer(char *first, char *last, unsigned flags, int width, char fill) {
   if (width <= last - first) return last;

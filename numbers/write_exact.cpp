@@ -33,12 +33,13 @@ char *printed_text(char *at, unsigned room, unsigned flags, unsigned precision, 
 
 }  // namespace
 
-NUMBER_CALL char *double_text(char *at, unsigned flags, unsigned precision, double value) noexcept {
+PLX_HIDDEN PLX_REGPARM char *double_text(char *at, unsigned flags, unsigned precision, double value) noexcept {
   char *const end = quick_double_text(at, flags, precision, value);
   return end ? end : printed_text(at, double_text_room, flags, precision, value, '\0');
 }
 
-NUMBER_CALL char *long_double_text(char *at, unsigned flags, unsigned precision, long double value) noexcept {
+PLX_HIDDEN PLX_REGPARM char *long_double_text(char *at, unsigned flags, unsigned precision,
+                                              long double value) noexcept {
   char *const end = quick_long_double_text(at, flags, precision, value);
   return end ? end : printed_text(at, long_double_text_room, flags, precision, value, 'L');
 }

@@ -219,14 +219,15 @@ inline char *signed_text(char *at, unsigned flags, unsigned precision, bool nega
 
 }  // namespace
 
-NUMBER_CALL char *quick_double_text(char *at, unsigned flags, unsigned precision, double value) noexcept {
+PLX_HIDDEN PLX_REGPARM char *quick_double_text(char *at, unsigned flags, unsigned precision, double value) noexcept {
   a_double bits;
   bits.value = value;
   const a_magnitude number = {__builtin_fabs(value), bits.word[1] & 0x7FFFFFFF, bits.word[0] == 0, true};
   return signed_text(at, flags, precision, bits.word[1] >> 31, number);
 }
 
-NUMBER_CALL char *quick_long_double_text(char *at, unsigned flags, unsigned precision, long double value) noexcept {
+PLX_HIDDEN PLX_REGPARM char *quick_long_double_text(char *at, unsigned flags, unsigned precision,
+                                                    long double value) noexcept {
   const long double size = __builtin_fabsl(value);
   // Outside of a double's range the exponent is not looked up, and the conversion would set the processor's flags.
   const bool is_near = size >= __DBL_MIN__ && size <= __DBL_MAX__;

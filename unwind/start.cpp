@@ -1,6 +1,6 @@
 // What the start-up object of C++ (program/start.cpp) calls, in a program and in each shared object of C++.
 
-#include <plx/config.h>
+#include <plx/base/config.h>
 #include <plx/runtime.h>
 
 #include "landing.h"

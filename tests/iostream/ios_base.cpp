@@ -1,5 +1,5 @@
 // The stream base: first state, state and exceptions, words, callbacks, copyfmt, and what a failed allocation leaves.
-#include <plx/basic_ios.h>
+#include <plx/iostream/basic_ios.h>
 #include <typeinfo>
 
 #include "../fail_allocation.h"

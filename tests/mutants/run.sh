@@ -8,7 +8,7 @@
 # once and may be part of a line, and the new one.
 #
 #   # one element too few is moved
-#   include/plx/vector.h: containers/vector algorithms
+#   include/plx/containers/vector.h: containers/vector algorithms
 #   < _last - at
 #   > _last - at - 1
 set -u
@@ -25,23 +25,24 @@ mkdir -p "$copy"
   if [ ! -f "$file" ]; then rm -f "$copy/$file"; continue; fi
   cmp -s "$file" "$copy/$file" || cp --parents "$file" "$copy"
 done
-[ -f "$build/build.ninja" ] || (cd "$copy" && cmake --preset release -B "$build" -DCMAKE_CXX_FLAGS_RELEASE=-O1 > /dev/null)
+# Configured anew in any case: tests come and go.
+(cd "$copy" && cmake --preset release -B "$build" -DCMAKE_CXX_FLAGS_RELEASE=-O1 > /dev/null) || exit
 
 # passes TEST...: 0, 1 when one fails, 2 when something does not build. Programs load the library: while only its sources
 # change they are not built again.
 passes() {
   local pattern targets=
   pattern="^($(IFS='|'; echo "$*"))(\$|[/:])"
-  [ "$pass" = sources ] || targets="plx_clang $(awk -v pattern="$pattern" '$1 ~ pattern { print $2 }' "$build/tests/targets")"
+  [ "$pass" = sources ] || targets="plx_start $(awk -v pattern="$pattern" '$1 ~ pattern { print $2 }' "$build/tests/targets")"
   # shellcheck disable=SC2086 # a list of words
-  ninja -C "$build" --quiet plx $targets > "$build/log" 2>&1 || return 2
+  ninja -C "$build" --quiet -j"$(nproc)" plx $targets > "$build/log" 2>&1 || return 2
   (ulimit -v 4000000; timeout 200 ctest --test-dir "$build" -j2 --stop-on-failure --no-tests=error -R "$pattern") \
     > "$build/log" 2>&1
 }
 
 try() {
   local text rest verdict
-  case $file in '') return ;; include/* | clang/*) [ "$pass" = headers ] || return ;; *) [ "$pass" = sources ] || return ;; esac
+  case $file in '') return ;; include/* | */program/*) [ "$pass" = headers ] || return ;; *) [ "$pass" = sources ] || return ;; esac
   case "$what$file$tests$old$new" in *"$word"*) ;; *) return ;; esac
   old=${old%$'\n'} new=${new%$'\n'} text=$(cat "$file")
   rest=${text#*"$old"}

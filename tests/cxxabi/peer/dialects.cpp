@@ -157,7 +157,15 @@ template <class T> static void all_aligned() {
   if (::operator new(too_much, std::align_val_t(alignof(T)), std::nothrow)) printf("got it ");
 #endif
 }
-struct odd { char bytes[12]; };
+// Objects of all sizes, each thrown in the handler of the one before: 16 is what every type may count on.
+template <int size> struct sized { char bytes[size]; };
+template <int size> static void nested_sizes() {
+  try { throw sized<size>(); } catch (sized<size> &s) {
+    if (reinterpret_cast<unsigned long>(&s) % 16) printf("%d:%d ", size, int(reinterpret_cast<unsigned long>(&s) % 16));
+    nested_sizes<size - 4>();
+  }
+}
+template <> void nested_sizes<0>() {}
 static thread_local noisy thread_object(77);
 
 int main() {
@@ -171,7 +179,9 @@ int main() {
   attempt([] { inheriting i(1, 2); });
   attempt([] { inheriting i(3, 0); });
   all_aligned<aligned<16>>(), all_aligned<aligned<32>>(), all_aligned<aligned<128>>();
-  try { throw odd(); } catch (odd &o) { putchar('0' + reinterpret_cast<unsigned long>(&o) % 16); }
+  nested_sizes<40>();
+  volatile unsigned many = 0x10000;
+  try { delete[] new sized<(1 << 20)>[many]; printf("got it"); } catch (std::bad_alloc &) {}
   printf(" %d %d\n", count_types<int, long, const int, char, int &>(typeid(int)), thread_object.n);
   return noexcept(never(1)) + noexcept(may(1)) + noexcept(quiet_destructor()) - 2;
 }
