@@ -30,7 +30,7 @@ bool streambuf_source::_fetch(character_source *self) {
   if (!buffer) return false;
   get_window window;
   if (window.open(buffer)) {
-    source._cursor_ = window.cursor_address();
+    source._cursor_ = &window.cursor();
     source._begin_ = source._next = window.at;
     source._end = window.end;
     return true;

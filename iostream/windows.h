@@ -81,9 +81,9 @@ struct get_window {
 
   void take_up_to(const char *next) const { *cursor_ = const_cast<char *>(next); }
   void take() const { take_up_to(end); }
-  // What was taken up to the end is there again from `next` on.
-  const char *cursor() const { return *cursor_; }
-  char **cursor_address() const { return cursor_; }
+
+  // Where the buffer stands: `at` may have been moved on.
+  char *&cursor() const { return *cursor_; }
 
   // The array of a character-array buffer may have no known end. What reads several bytes at once must then not read
   // ahead of what is asked for: the next page of memory may be missing.
