@@ -1,4 +1,4 @@
-// Text to numbers, without a stream: what the extractors' quick paths and num_get share.
+// Reading numbers, without locales and streams: what the extractors' quick paths and num_get share.
 //
 //   quick_integer, quick_real   one number at the front of [p, end), in the plain locale: no grouping, point '.'
 //   decimal_text                a floating text collected digit by digit, of any length, in constant space
@@ -9,17 +9,14 @@
 // looks at the C library's locale.
 #pragma once
 
-#include <plx/base/config.h>
-
-#define NUMBER_CALL __attribute__((__regparm__(3)))
+#include "../libC/i386/short_copy.h"
+#include "digits.h"
+#include "powers.h"
 
 namespace __zor {
 
-// ios_base::fmtflags of the base; any other mixture stands for "as the prefix says".
-const unsigned int number_dec = 0x2, number_hex = 0x8, number_oct = 0x40, number_basefield = 0x4A;
-
 // value := value * 10 + digit; false, and nothing done, when that does not fit.
-inline bool integer_append(unsigned long &value, unsigned int digit) noexcept {
+inline bool integer_append(unsigned long &value, unsigned digit) noexcept {
   const unsigned long most = 0xFFFFFFFFul / 10;
   if (value >= most && (value > most || digit > 0xFFFFFFFFul % 10)) return false;
   value = value * 10 + digit;
@@ -43,19 +40,14 @@ inline bool integer_fit(unsigned long &value, bool negative, bool is_signed, uns
   return false;
 }
 
-// Four characters at once, in memory's order: the first is in the lowest byte.
-inline unsigned int four_characters(const char *p) noexcept {
-  unsigned int four;
-  __builtin_memcpy(&four, p, sizeof four);
-  return four;
-}
-// Bit 7 of the bytes that are no digits. Those above the lowest may be wrong.
-inline unsigned int other_than_digits(unsigned int four) noexcept {
+// Of four characters, the first in the lowest byte, bit 7 of the bytes that are no digits. Those above the lowest may
+// be wrong.
+inline unsigned other_than_digits(unsigned four) noexcept {
   return ((four - 0x30303030u) | (four + 0x46464646u) | four) & 0x80808080u;
 }
 // The number of four digits' values; for fewer, the lowest bytes are 0.
-inline unsigned int value_of_four(unsigned int digits) noexcept {
-  const unsigned int pairs = (digits * 10 + (digits >> 8)) & 0x00FF00FF;
+inline unsigned value_of_four(unsigned digits) noexcept {
+  const unsigned pairs = (digits * 10 + (digits >> 8)) & 0x00FF00FF;
   return (pairs * (100u << 16 | 1)) >> 16;
 }
 
@@ -66,15 +58,15 @@ inline unsigned int value_of_four(unsigned int digits) noexcept {
   if (__builtin_expect(end - p >= 8, true)) {
     // Most numbers end in their first eight characters, and few branches depend on where.
     static const unsigned short powers[] = {1, 10, 100, 1000};
-    unsigned int four = four_characters(p), others = other_than_digits(four);
+    unsigned four = words(p)->value, others = other_than_digits(four);
     if (others == 0) {
       sum = value_of_four(four - 0x30303030u);
       p += 4;
-      four = four_characters(p);
+      four = words(p)->value;
       others = other_than_digits(four);
     }
     if (others != 0) {
-      const unsigned int n = static_cast<unsigned int>(__builtin_ctz(others)) >> 3;
+      const unsigned n = static_cast<unsigned>(__builtin_ctz(others)) >> 3;
       value = sum * powers[n] + value_of_four((four - 0x30303030u) << 8 << (24 - 8 * n));
       p += n;
       return p == begin ? nullptr : p;
@@ -83,7 +75,7 @@ inline unsigned int value_of_four(unsigned int digits) noexcept {
     p += 4;
   }
   for (; p != end; ++p) {
-    const unsigned int digit = static_cast<unsigned char>(*p) - static_cast<unsigned int>('0');
+    const unsigned digit = static_cast<unsigned char>(*p) - static_cast<unsigned>('0');
     if (digit > 9) break;
     if (!integer_append(sum, digit)) return nullptr;
   }
@@ -93,14 +85,15 @@ inline unsigned int value_of_four(unsigned int digits) noexcept {
 }
 
 // The same for the other bases.
-NUMBER_CALL const char *quick_based(const char *p, const char *end, unsigned long &value, unsigned int flags) noexcept;
+PLX_HIDDEN PLX_REGPARM const char *quick_based(const char *p, const char *end, unsigned long &value,
+                                               unsigned flags) noexcept;
 
 // Reads an integer of the type whose bits are `Max` from [p, end): sign, prefix and digits as the stream's flags say.
 // Returns where it stopped. When that is `end`, the value holds only if the input ends there: a caller that may get
 // more takes the general path instead, from p. Null, with `value` untouched: no plain number in range; the general path
 // decides (white space after the sign, overflow, no digits).
 template <bool Signed, unsigned long Max>
-[[gnu::always_inline]] inline const char *quick_integer(const char *p, const char *end, unsigned int flags,
+[[gnu::always_inline]] inline const char *quick_integer(const char *p, const char *end, unsigned flags,
                                                         unsigned long &value) noexcept {
   if (p == end) return nullptr;
   const bool negative = *p == '-';
@@ -115,9 +108,9 @@ template <bool Signed, unsigned long Max>
 
 // The same for sign, digits, point, digits, exponent. Null, with `value` untouched, only when there is no digit
 // directly after sign and point. An exponent letter without digits is taken and means nothing.
-NUMBER_CALL const char *quick_real(const char *p, const char *end, float &value) noexcept;
-NUMBER_CALL const char *quick_real(const char *p, const char *end, double &value) noexcept;
-NUMBER_CALL const char *quick_real(const char *p, const char *end, long double &value) noexcept;
+PLX_HIDDEN PLX_REGPARM const char *quick_real(const char *p, const char *end, float &value) noexcept;
+PLX_HIDDEN PLX_REGPARM const char *quick_real(const char *p, const char *end, double &value) noexcept;
+PLX_HIDDEN PLX_REGPARM const char *quick_real(const char *p, const char *end, long double &value) noexcept;
 
 // A floating text while it is read: the caller tells the sign, the digits before and after the point, and the exponent.
 //
@@ -129,10 +122,10 @@ public:
       : negative_(false), any_(false), rest_(false), exponent_negative_(false), count_(0), scale_(0), exponent_(0) {}
 
   void negate() noexcept { negative_ = true; }
-  void digit(unsigned int digit) noexcept { take(digit, 0); }
-  void fraction_digit(unsigned int digit) noexcept { take(digit, 1); }
+  void digit(unsigned digit) noexcept { take(digit, 0); }
+  void fraction_digit(unsigned digit) noexcept { take(digit, 1); }
   void negate_exponent() noexcept { exponent_negative_ = true; }
-  void exponent_digit(unsigned int digit) noexcept {
+  void exponent_digit(unsigned digit) noexcept {
     if (exponent_ < 1000000000000000ll) exponent_ = exponent_ * 10 + digit;
   }
 
@@ -147,7 +140,7 @@ public:
 private:
   enum { most_digits = 11520 };
 
-  void take(unsigned int digit, int places) noexcept {
+  void take(unsigned digit, int places) noexcept {
     any_ = true;
     if (count_ == 0 && digit == 0) {
       scale_ -= places;

@@ -1,4 +1,4 @@
-// Numbers to text, without locales and streams: the text that the C library's printf gives for the format that a
+// Writing numbers, without locales and streams: the text that the C library's printf gives for the format that a
 // stream's flags stand for, in the "C" locale. num_put and the streams' own quick paths call these functions.
 //
 // All write forwards from `at` and return the end; no null character follows. Stores may go beyond the end, within the
@@ -10,28 +10,9 @@
 //     pad_integer, pad_float   width and fill round such a text
 #pragma once
 
-#include "number_text_digits.h"
+#include "digits.h"
 
 namespace __zor {
-
-// The format flags that matter here: bits of ios_base::fmtflags.
-enum a_number_flag : unsigned {
-  number_dec = 0x2,
-  number_fixed = 0x4,
-  number_hex = 0x8,
-  number_internal = 0x10,
-  number_left = 0x20,
-  number_oct = 0x40,
-  number_right = 0x80,
-  number_scientific = 0x100,
-  number_showbase = 0x200,
-  number_showpoint = 0x400,
-  number_showpos = 0x800,
-  number_uppercase = 0x4000,
-  number_basefield = number_dec | number_hex | number_oct,
-  number_adjustfield = number_internal | number_left | number_right,
-  number_floatfield = number_fixed | number_scientific
-};
 
 enum a_number_room : unsigned {
   integer_text_room = 16,
@@ -43,12 +24,7 @@ enum a_number_room : unsigned {
 };
 
 // Octal, if the base field is exactly `oct`, or hexadecimal: a prefix for `showbase` unless the value is 0.
-PLX_NUMBER_CALL char *based_text(char *at, unsigned flags, unsigned long value) noexcept;
-
-inline bool number_is_based(unsigned flags) {
-  const unsigned base = flags & number_basefield;
-  return base == number_hex || base == number_oct;
-}
+PLX_HIDDEN PLX_REGPARM char *based_text(char *at, unsigned flags, unsigned long value) noexcept;
 
 // Decimal with a sign where there is one, unless the base field is exactly `oct` or `hex`.
 inline char *integer_text(char *at, unsigned flags, long value) {
@@ -66,17 +42,18 @@ inline char *integer_text(char *at, unsigned flags, unsigned long value) {
 }
 
 // "(nil)", or the address in hexadecimal.
-PLX_NUMBER_CALL char *pointer_text(char *at, const void *value) noexcept;
+PLX_HIDDEN PLX_REGPARM char *pointer_text(char *at, const void *value) noexcept;
 
 // Floating values: `fixed` alone gives "f", `scientific` alone "e", anything else "g"; `showpos` "+", `showpoint` "#";
 // `uppercase` has no say. The precision is 0 to 127. Rounding follows the processor's mode, as in the C library.
-PLX_NUMBER_CALL char *double_text(char *at, unsigned flags, unsigned precision, double value) noexcept;
-PLX_NUMBER_CALL char *long_double_text(char *at, unsigned flags, unsigned precision, long double value) noexcept;
+PLX_HIDDEN PLX_REGPARM char *double_text(char *at, unsigned flags, unsigned precision, double value) noexcept;
+PLX_HIDDEN PLX_REGPARM char *long_double_text(char *at, unsigned flags, unsigned precision, long double value) noexcept;
 
 // The same text, or null where the quick way does not lead to certainty: special values, more digits than the
 // processor's registers hold, halves within the error of the calculation, unusual rounding modes.
-PLX_NUMBER_CALL char *quick_double_text(char *at, unsigned flags, unsigned precision, double value) noexcept;
-PLX_NUMBER_CALL char *quick_long_double_text(char *at, unsigned flags, unsigned precision, long double value) noexcept;
+PLX_HIDDEN PLX_REGPARM char *quick_double_text(char *at, unsigned flags, unsigned precision, double value) noexcept;
+PLX_HIDDEN PLX_REGPARM char *quick_long_double_text(char *at, unsigned flags, unsigned precision,
+                                                    long double value) noexcept;
 
 // How many characters of a text `internal` keeps in front of the fill: the sign; for integers also the base.
 inline unsigned sign_prefix(const char *text) { return *text == '-' || *text == '+'; }
@@ -89,8 +66,8 @@ inline unsigned integer_prefix(const char *text, unsigned length) {
 // Widens the text [first, last) to `width` characters in place and returns its end: fill before it, behind it if the
 // adjustment is exactly `left`, and behind the prefix if it is exactly `internal`. Needs room for `width` + pad_overrun
 // characters at `first`.
-PLX_NUMBER_CALL char *pad_number(char *first, char *last, unsigned prefix, unsigned flags, int width,
-                                 char fill) noexcept;
+PLX_HIDDEN PLX_REGPARM char *pad_number(char *first, char *last, unsigned prefix, unsigned flags, int width,
+                                        char fill) noexcept;
 
 inline char *pad_integer(char *first, char *last, unsigned flags, int width, char fill) {
   if (width <= last - first) return last;

@@ -1,7 +1,7 @@
-// One decimal number of at most 19 digits to a floating value, inline: the step that number_value's parts share.
+// One decimal number of at most 19 digits to a floating value, inline: the step that the readers share.
 #pragma once
 
-#include "number_value.h"
+#include "read.h"
 
 namespace __zor {
 
@@ -12,46 +12,24 @@ struct decimal_real {
   bool negative;
 };
 
-// Powers of ten, rounded: 10^e and 10^(28 e). Those from 10^0 to 10^27 are exact.
-const int small_powers = 27, large_powers = 12;
-extern const long double power_1[2 * small_powers + 1];
-extern const long double power_28[2 * large_powers + 1];
-inline const long double &power_of_ten(int e) noexcept { return power_1[small_powers + e]; }
-
 // Any number, in any rounding mode.
-NUMBER_CALL void real_by_strtod(const decimal_real &number, float &value) noexcept;
-NUMBER_CALL void real_by_strtod(const decimal_real &number, double &value) noexcept;
-NUMBER_CALL void real_by_strtod(const decimal_real &number, long double &value) noexcept;
-
-// The x87's own format.
-union long_double_image {
-  long double value;
-  struct {
-    unsigned int low, high;
-    unsigned short sign_and_exponent;
-  } bits;
-};
+PLX_HIDDEN PLX_REGPARM void real_by_strtod(const decimal_real &number, float &value) noexcept;
+PLX_HIDDEN PLX_REGPARM void real_by_strtod(const decimal_real &number, double &value) noexcept;
+PLX_HIDDEN PLX_REGPARM void real_by_strtod(const decimal_real &number, long double &value) noexcept;
 
 // Whether rounding x, which may be `slack` units in its last place off, must give the right Real: its surplus bits are
 // not near one half. For large powers the result must be normal too.
-inline bool rounds_surely(const long_double_image &x, unsigned int slack, double) noexcept {
+inline bool rounds_surely(const long_double_image &x, unsigned slack, double) noexcept {
   return (x.bits.low & 0x7FF) - (0x400 - slack) > 2 * slack;
 }
-inline bool rounds_surely(const long_double_image &x, unsigned int slack, float) noexcept {
-  const unsigned int top = x.bits.high & 0xFF;
+inline bool rounds_surely(const long_double_image &x, unsigned slack, float) noexcept {
+  const unsigned top = x.bits.high & 0xFF;
   return !(top == 0x80 && x.bits.low <= slack) && !(top == 0x7F && x.bits.low > ~slack);
 }
-inline bool rounds_surely(const long_double_image &, unsigned int slack, long double) noexcept { return slack == 0; }
+inline bool rounds_surely(const long_double_image &, unsigned slack, long double) noexcept { return slack == 0; }
 inline bool is_normal(int exponent, double) noexcept { return exponent >= -1022 && exponent <= 1023; }
 inline bool is_normal(int exponent, float) noexcept { return exponent >= -126 && exponent <= 127; }
 inline bool is_normal(int, long double) noexcept { return true; }
-
-// All 64 bits of the mantissa are kept, and results are rounded to nearest: what a process starts with.
-inline bool x87_is_default() noexcept {
-  unsigned short control;
-  __asm__ volatile("fnstcw %0" : "=m"(control));
-  return (control & 0xF00) == 0x300;
-}
 
 // Whether the product of the mantissa and a negative power may be tried, which is inexact in its last bits but several
 // times faster than a quotient.
@@ -70,23 +48,23 @@ inline void to_real(const decimal_real &number, Mantissa mantissa, Real &value) 
       return;
     }
     long_double_image x;
-    if (e >= -small_powers && e <= small_powers) {
+    if (e >= -most_exact_power && e <= most_exact_power) {
       if (e > 0 || may_try(Real())) {
-        x.value = whole * power_of_ten(e);
+        x.value = whole * near_power(e);
         if (__builtin_expect(rounds_surely(x, e > 0 ? 0 : 2, Real()), 1)) {
           value = static_cast<Real>(x.value);
           return;
         }
       }
       if (e < 0) {
-        x.value = whole / power_of_ten(-e);
+        x.value = whole / near_power(-e);
         if (rounds_surely(x, 0, Real())) {
           value = static_cast<Real>(x.value);
           return;
         }
       }
-    } else if (e >= -28 * large_powers && e <= 28 * large_powers) {
-      x.value = whole * power_of_ten(e % 28) * power_28[large_powers + e / 28];
+    } else if (e >= -power_step * power_steps && e <= power_step * power_steps) {
+      x.value = whole * near_power(e % power_step) * far_power(e / power_step);
       if (is_normal((x.bits.sign_and_exponent & 0x7FFF) - 16383, Real()) && rounds_surely(x, 8, Real())) {
         value = static_cast<Real>(x.value);
         return;

@@ -1,11 +1,11 @@
 // Width and fill of a number's text, in place.
 
-#include "number_text.h"
+#include "write.h"
 
 namespace __zor {
 
-__attribute__((__regparm__(3))) char *pad_number(char *first, char *last, unsigned prefix, unsigned flags, int width,
-                                                 char fill) noexcept {
+PLX_HIDDEN PLX_REGPARM char *pad_number(char *first, char *last, unsigned prefix, unsigned flags, int width,
+                                        char fill) noexcept {
   const unsigned pad = static_cast<unsigned>(width - (last - first));
   const unsigned adjust = flags & number_adjustfield;
   char *const gap = adjust == number_left ? last : adjust == number_internal ? first + prefix : first;

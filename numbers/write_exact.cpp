@@ -4,7 +4,7 @@
 #include <locale.h>
 #include <stdio.h>
 
-#include "number_text.h"
+#include "write.h"
 
 namespace __zor {
 
@@ -23,38 +23,25 @@ char *with_plain_point(char *first, char *end) {
   return end - length + 1;
 }
 
-// "%+#.*Le" at its longest. The flags give the conversion.
-void make_format(char *format, unsigned flags, bool is_long) {
-  const unsigned style = flags & number_floatfield;
-  *format++ = '%';
-  if (flags & number_showpos) *format++ = '+';
-  if (flags & number_showpoint) *format++ = '#';
-  *format++ = '.';
-  *format++ = '*';
-  if (is_long) *format++ = 'L';
-  *format++ = style == number_fixed ? 'f' : style == number_scientific ? 'e' : 'g';
-  *format = '\0';
-}
-
 template <class Float>
-char *printed_text(char *at, unsigned room, unsigned flags, unsigned precision, Float value, bool is_long) {
+char *printed_text(char *at, unsigned room, unsigned flags, unsigned precision, Float value, char modifier) {
   char format[8];
-  make_format(format, flags, is_long);
+  float_format(format, modifier, flags);
   const int length = snprintf(at, room, format, static_cast<int>(precision), value);
   return length <= 0 ? at : with_plain_point(at, at + length);
 }
 
 }  // namespace
 
-__attribute__((__regparm__(3))) char *double_text(char *at, unsigned flags, unsigned precision, double value) noexcept {
+PLX_HIDDEN PLX_REGPARM char *double_text(char *at, unsigned flags, unsigned precision, double value) noexcept {
   char *const end = quick_double_text(at, flags, precision, value);
-  return end ? end : printed_text(at, double_text_room, flags, precision, value, false);
+  return end ? end : printed_text(at, double_text_room, flags, precision, value, '\0');
 }
 
-__attribute__((__regparm__(3))) char *long_double_text(char *at, unsigned flags, unsigned precision,
-                                                       long double value) noexcept {
+PLX_HIDDEN PLX_REGPARM char *long_double_text(char *at, unsigned flags, unsigned precision,
+                                              long double value) noexcept {
   char *const end = quick_long_double_text(at, flags, precision, value);
-  return end ? end : printed_text(at, long_double_text_room, flags, precision, value, true);
+  return end ? end : printed_text(at, long_double_text_room, flags, precision, value, 'L');
 }
 
 }  // namespace __zor

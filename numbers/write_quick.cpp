@@ -5,10 +5,10 @@
 //     rounded        = digits                    123457, unless a half is within the error
 //
 // "f" with precision p asks for m = p; "e" and "g" for as many digits as the precision says, so m follows from the
-// value's decimal exponent. What is not certain is left to number_text_exact.cpp.
+// value's decimal exponent. What is not certain is left to write_exact.cpp.
 
-#include "number_text.h"
-#include "number_text_powers.h"
+#include "write.h"
+#include "powers.h"
 
 namespace __zor {
 
@@ -26,19 +26,6 @@ struct a_magnitude {
   bool is_short;      // at most 21 bits of mantissa: times 10^18 it is exact
   bool is_double;     // at most 53 bits: times 10^4 it is exact
 };
-
-// The control word's fields of precision and rounding: all 64 bits, to nearest.
-inline bool is_usual_mode() {
-  unsigned short control;
-  __asm__ volatile("fnstcw %0" : "=m"(control));
-  return (control & 0x0F00) == 0x0300;
-}
-
-inline unsigned long long rounded(long double value) {
-  unsigned long long integer;
-  __asm__("fistpll %0" : "=m"(integer) : "t"(value) : "st");
-  return integer;
-}
 
 inline long double as_float(unsigned long long value) {
   return static_cast<long double>(static_cast<long long>(value));
@@ -72,25 +59,13 @@ inline char *fraction_digits(char *at, unsigned value, unsigned fraction) {
   return at + fraction;
 }
 
-char *long_digits(char *at, unsigned long long value) {
-  unsigned high = static_cast<unsigned>(value >> 32), low = static_cast<unsigned>(value), rest;
-  if (high == 0) return decimal_digits(at, low);
-  const unsigned top = high / 100000000;
-  const unsigned quotient = divide(high - top * 100000000, low, 100000000, rest);
-  at = long_digits(at, static_cast<unsigned long long>(top) << 32 | quotient);
-  eight_digits(at, rest);
-  return at + 8;
-}
-
 // The point is written only before a fraction.
 char *pointed_digits(char *at, unsigned long long value, unsigned fraction) {
-  const unsigned high = static_cast<unsigned>(value >> 32), low = static_cast<unsigned>(value);
-  if (fraction == 0) return long_digits(at, value);
+  unsigned high = static_cast<unsigned>(value >> 32), low = static_cast<unsigned>(value);
+  if (fraction == 0) return long_digits(at, high, low);
   if (fraction >= small_powers) {
-    unsigned rest;
-    const unsigned top = high / 100000000;
-    const unsigned quotient = divide(high - top * 100000000, low, 100000000, rest);
-    at = pointed_digits(at, static_cast<unsigned long long>(top) << 32 | quotient, fraction - 8);
+    const unsigned rest = take_eight_digits(high, low);
+    at = pointed_digits(at, static_cast<unsigned long long>(high) << 32 | low, fraction - 8);
     eight_digits(at, rest);
     return at + 8;
   }
@@ -107,7 +82,7 @@ char *pointed_digits(char *at, unsigned long long value, unsigned fraction) {
   } else {
     const unsigned top = high / power.value;
     whole = divide(high - top * power.value, low, power.value, part);
-    at = long_digits(at, static_cast<unsigned long long>(top) << 32 | whole);
+    at = long_digits(at, top, whole);
   }
   *at = '.';
   return fraction_digits(at + 1, part, fraction);
@@ -134,9 +109,9 @@ inline char *exponent_text(char *at, int exponent) {
 
 inline char *fixed_text(char *at, unsigned flags, unsigned precision, const a_magnitude &number) {
   if (precision > 18) return nullptr;
-  const long double scaled = number.value * powers_of_ten.exact[precision];
+  const long double scaled = number.value * near_power(precision);
   if (!(scaled < largest_scaled)) return nullptr;
-  const unsigned long long digits = rounded(scaled);
+  const unsigned long long digits = x87_rounded(scaled);
   const bool exact = precision == 0 || number.is_short || (number.is_double && precision <= 4);
   if (!exact && is_doubtful(scaled, as_float(digits), 0)) return nullptr;
   at = pointed_digits(at, digits, precision);
@@ -147,26 +122,26 @@ inline char *fixed_text(char *at, unsigned flags, unsigned precision, const a_ma
 // An integer of up to 18 digits that is divided by 10^down: whether the quotient is `digits` and a half.
 inline bool is_true_half(long double value, long double scaled, long double divisor) {
   const long double twice = scaled + scaled;
-  return twice == as_float(rounded(twice)) && twice * divisor == value + value;
+  return twice == as_float(x87_rounded(twice)) && twice * divisor == value + value;
 }
 
 // Scales to `count` digits, and says which power of ten the first of them stands for.
 inline bool scaled_digits(const a_magnitude &number, int count, bool may_carry, unsigned long long &digits,
                           int &exponent) {
-  const long double upper = powers_of_ten.exact[count];
+  const long double upper = near_power(count);
   exponent = decimal_exponent(number.high);
   for (;;) {
     const int up = count - 1 - exponent;
-    const unsigned distance = static_cast<unsigned>(up < 0 ? -up : up);
+    const int distance = up < 0 ? -up : up;
     long double power, relative_error = 0;
-    if (distance < exact_powers) {
-      power = powers_of_ten.exact[distance];
+    if (distance <= most_exact_power) {
+      power = near_power(distance);
     } else {
-      power = powers_of_ten.step[distance / power_step] * powers_of_ten.exact[distance % power_step];
+      power = far_power(distance / power_step) * near_power(distance % power_step);
       relative_error = 0x1p-61L;  // three roundings, of 2^-64 each
     }
     const long double scaled = up < 0 ? number.value / power : number.value * power;
-    digits = rounded(scaled);
+    digits = x87_rounded(scaled);
     const long double whole = as_float(digits);
     if (is_doubtful(scaled, whole, scaled * relative_error)) {
       const bool exact = up >= 0 ? up <= 18 && (number.is_short || (number.is_double && up <= 4))
@@ -176,11 +151,11 @@ inline bool scaled_digits(const a_magnitude &number, int count, bool may_carry, 
     if (__builtin_expect(whole >= upper, 0)) {
       // 99.97 became 100.
       if (!may_carry) return false;
-      digits = rounded(powers_of_ten.exact[count - 1]);
+      digits = x87_rounded(near_power(count - 1));
       ++exponent;
       return true;
     }
-    if (__builtin_expect(scaled >= powers_of_ten.exact[count - 1], 1)) return true;
+    if (__builtin_expect(scaled >= near_power(count - 1), 1)) return true;
     // The exponent was 1 too large: there is room for one more digit.
     --exponent;
   }
@@ -235,7 +210,7 @@ inline char *magnitude_text(char *at, unsigned flags, unsigned precision, const 
 }
 
 inline char *signed_text(char *at, unsigned flags, unsigned precision, bool negative, const a_magnitude &number) {
-  if (!is_usual_mode()) return nullptr;
+  if (!x87_is_default()) return nullptr;
   *at = '-';
   at += negative;
   if (__builtin_expect((flags & number_showpos) != 0, 0) && !negative) *at++ = '+';
@@ -244,16 +219,15 @@ inline char *signed_text(char *at, unsigned flags, unsigned precision, bool nega
 
 }  // namespace
 
-__attribute__((__regparm__(3))) char *quick_double_text(char *at, unsigned flags, unsigned precision,
-                                                        double value) noexcept {
+PLX_HIDDEN PLX_REGPARM char *quick_double_text(char *at, unsigned flags, unsigned precision, double value) noexcept {
   a_double bits;
   bits.value = value;
   const a_magnitude number = {__builtin_fabs(value), bits.word[1] & 0x7FFFFFFF, bits.word[0] == 0, true};
   return signed_text(at, flags, precision, bits.word[1] >> 31, number);
 }
 
-__attribute__((__regparm__(3))) char *quick_long_double_text(char *at, unsigned flags, unsigned precision,
-                                                             long double value) noexcept {
+PLX_HIDDEN PLX_REGPARM char *quick_long_double_text(char *at, unsigned flags, unsigned precision,
+                                                    long double value) noexcept {
   const long double size = __builtin_fabsl(value);
   // Outside of a double's range the exponent is not looked up, and the conversion would set the processor's flags.
   const bool is_near = size >= __DBL_MIN__ && size <= __DBL_MAX__;

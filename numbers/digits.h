@@ -1,5 +1,5 @@
-// Unsigned integers to digits, two at a time and forwards: the text begins where the caller says, because that is where
-// a stream's buffer has room. Called inline by the integer and the floating texts.
+// Digits: their values, and unsigned integers as text, two at a time and forwards: the text begins where the caller
+// says, because that is where a stream's buffer has room. Called inline by the integer and the floating texts.
 //
 // Stores are of fixed sizes and may go beyond the digits returned: every function states the room it needs. Branches
 // depend on the number of digits only coarsely, since a mispredicted one costs as much as all digits.
@@ -7,17 +7,27 @@
 
 #include <string.h>
 
-#define PLX_NUMBER_HIDDEN __attribute__((__visibility__("hidden")))
-#define PLX_NUMBER_CALL PLX_NUMBER_HIDDEN __attribute__((__regparm__(3)))
+#include "flags.h"
+#include "i386/x87.h"
 
 namespace __zor {
 
+// 10 and more for none.
+inline unsigned digit_of(char c) { return static_cast<unsigned char>(c) - static_cast<unsigned>('0'); }
+
+// The digit's value in base 16, or 16 for none. By table: branches on digits that may as well be letters are missed.
+struct PLX_HIDDEN a_hex_table {
+  unsigned char value[256];
+};
+extern PLX_HIDDEN const a_hex_table hex_digits;
+inline unsigned hex_digit_of(char c) { return hex_digits.value[static_cast<unsigned char>(c)]; }
+
 // For each number below 100 its two digits, and its text without leading zero (one or two characters used).
-struct PLX_NUMBER_HIDDEN a_digit_table {
+struct PLX_HIDDEN a_digit_table {
   char pair[200];
   char head[200];
 };
-extern PLX_NUMBER_HIDDEN const a_digit_table number_digits;
+extern PLX_HIDDEN const a_digit_table number_digits;
 
 inline void two_digits(char *at, unsigned value) { memcpy(at, number_digits.pair + 2 * value, 2); }
 
@@ -65,11 +75,16 @@ inline char *decimal_digits(char *at, unsigned value) {
   return at + 8;
 }
 
-// Divides high:low by what is greater than high.
-inline unsigned divide(unsigned high, unsigned low, unsigned divisor, unsigned &rest) {
-  unsigned quotient;
-  __asm__("divl %4" : "=a"(quotient), "=d"(rest) : "a"(low), "d"(high), "rm"(divisor) : "cc");
-  return quotient;
+// The same of two words. Writes up to 20 characters.
+PLX_HIDDEN PLX_REGPARM char *long_digits(char *at, unsigned high, unsigned low) noexcept;
+
+// Divides high:low by 10^8 in place and returns the rest.
+inline unsigned take_eight_digits(unsigned &high, unsigned &low) {
+  unsigned rest;
+  const unsigned top = high / 100000000;
+  low = divide(high - top * 100000000, low, 100000000, rest);
+  high = top;
+  return rest;
 }
 
 }  // namespace __zor

@@ -1,13 +1,16 @@
 // The tables of powers of ten, most of them made by the compiler.
 
-#include "number_text_powers.h"
+#include "powers.h"
 
 namespace __zor {
 
 const a_power_table powers_of_ten = {
-    {1e0L,  1e1L,  1e2L,  1e3L,  1e4L,  1e5L,  1e6L,  1e7L,  1e8L,  1e9L,  1e10L, 1e11L, 1e12L, 1e13L,
-     1e14L, 1e15L, 1e16L, 1e17L, 1e18L, 1e19L, 1e20L, 1e21L, 1e22L, 1e23L, 1e24L, 1e25L, 1e26L, 1e27L},
-    {1e0L, 1e27L, 1e54L, 1e81L, 1e108L, 1e135L, 1e162L, 1e189L, 1e216L, 1e243L, 1e270L, 1e297L, 1e324L, 1e351L}};
+    {1e-27L, 1e-26L, 1e-25L, 1e-24L, 1e-23L, 1e-22L, 1e-21L, 1e-20L, 1e-19L, 1e-18L, 1e-17L, 1e-16L, 1e-15L, 1e-14L,
+     1e-13L, 1e-12L, 1e-11L, 1e-10L, 1e-9L,  1e-8L,  1e-7L,  1e-6L,  1e-5L,  1e-4L,  1e-3L,  1e-2L,  1e-1L,  1e0L,
+     1e1L,   1e2L,   1e3L,   1e4L,   1e5L,   1e6L,   1e7L,   1e8L,   1e9L,   1e10L,  1e11L,  1e12L,  1e13L,  1e14L,
+     1e15L,  1e16L,  1e17L,  1e18L,  1e19L,  1e20L,  1e21L,  1e22L,  1e23L,  1e24L,  1e25L,  1e26L,  1e27L},
+    {1e-336L, 1e-308L, 1e-280L, 1e-252L, 1e-224L, 1e-196L, 1e-168L, 1e-140L, 1e-112L, 1e-84L, 1e-56L, 1e-28L, 1e0L,
+     1e28L,   1e56L,   1e84L,   1e112L,  1e140L,  1e168L,  1e196L,  1e224L,  1e252L,  1e280L, 1e308L, 1e336L}};
 
 const a_small_power small_power[small_powers] = {{1, 0, 0, 0},                // not divided by
                                                  {10, 0xCCCCCCCD, 0, 3},      //

@@ -1,6 +1,5 @@
 // The contiguous forms: numbers read straight from a stream's buffer.
-#include "digits.h"
-#include "number_real.h"
+#include "real.h"
 
 namespace __zor {
 namespace {
@@ -24,18 +23,15 @@ template <class Real> __attribute__((__noinline__)) const char *long_real(const 
   return p;
 }
 
-const unsigned int small_power[10] = {1, 10, 100, 1000, 10000, 100000, 1000000, 10000000, 100000000, 1000000000};
-
 // Reads digits up to `stop` and adds them to the sum, modulo 2^32: one by one, or four in a step.
-inline const char *add_digits(const char *p, const char *stop, unsigned int &sum) {
-  for (unsigned int digit; p != stop && (digit = digit_of(*p)) <= 9; ++p) sum = sum * 10 + digit;
+inline const char *add_digits(const char *p, const char *stop, unsigned &sum) {
+  for (unsigned digit; p != stop && (digit = digit_of(*p)) <= 9; ++p) sum = sum * 10 + digit;
   return p;
 }
-inline const char *add_many_digits(const char *p, const char *stop, unsigned int &sum) {
+inline const char *add_many_digits(const char *p, const char *stop, unsigned &sum) {
   while (stop - p >= 4) {
-    unsigned int four;
-    __builtin_memcpy(&four, p, 4);
-    const unsigned int high_halves = 0xF0F0F0F0, digits = 0x30303030;
+    unsigned four = words(p)->value;
+    const unsigned high_halves = 0xF0F0F0F0, digits = 0x30303030;
     if ((four & high_halves) != digits || ((four + 0x06060606) & high_halves) != digits) break;
     four &= 0x0F0F0F0F;
     four = (four * 10 + (four >> 8)) & 0x00FF00FF;
@@ -47,24 +43,24 @@ inline const char *add_many_digits(const char *p, const char *stop, unsigned int
 
 // The mantissa: high * power + low.
 struct two_words {
-  unsigned int high, low, power;
+  unsigned high, low, power;
 
   // Of n digits, with a point among or before them, whose value modulo 2^32 is known. Zeros in front do not count.
   // False for more than 18.
-  bool split(const char *p, unsigned int n, unsigned int sum) {
+  bool split(const char *p, unsigned n, unsigned sum) {
     for (; n != 0 && (*p == '0' || *p == '.'); ++p) n -= *p == '0';
     if (n > 18) return false;
     high = 0;
     low = sum;
     power = 1;
     if (n <= 9) return true;
-    for (unsigned int left = 9; left != 0; ++p) {
-      const unsigned int digit = digit_of(*p);
+    for (unsigned left = 9; left != 0; ++p) {
+      const unsigned digit = digit_of(*p);
       if (digit > 9) continue;
       high = high * 10 + digit;
       --left;
     }
-    power = small_power[n - 9];
+    power = small_power[n - 9].value;
     low = sum - high * power;
     return true;
   }
@@ -80,9 +76,9 @@ template <class Real> inline const char *read_real(const char *const begin, cons
   number.negative = *p == '-';
   if (number.negative || *p == '+') ++p;
   const char *const first = p;
-  unsigned int sum = 0;
+  unsigned sum = 0;
   p = add_digits(p, end, sum);
-  unsigned int digits = p - first;
+  unsigned digits = p - first;
   int places = 0;
   two_words words = {0, 0, 1};
   bool whole = digits <= 9;  // words hold the mantissa
@@ -96,7 +92,7 @@ template <class Real> inline const char *read_real(const char *const begin, cons
         words.high = sum;
         words.low = 0;
         p = add_many_digits(p, up_to(p, end, 9), words.low);
-        words.power = small_power[p - second];
+        words.power = small_power[p - second].value;
         sum = sum * words.power + words.low;
         whole = !at_digit(p, end);
       }
@@ -112,7 +108,7 @@ template <class Real> inline const char *read_real(const char *const begin, cons
     const bool negative = p != end && *p == '-';
     if (p != end && (*p == '-' || *p == '+')) ++p;
     const char *const letter = p;
-    unsigned int power = 0;
+    unsigned power = 0;
     p = add_digits(p, end, power);
     if (p - letter > 8) return long_real(begin, end, value);
     exponent = negative ? -static_cast<int>(power) : static_cast<int>(power);
@@ -139,17 +135,18 @@ template <class Real> inline const char *read_real(const char *const begin, cons
 
 }  // namespace
 
-NUMBER_CALL const char *quick_real(const char *p, const char *end, float &value) noexcept {
+PLX_HIDDEN PLX_REGPARM const char *quick_real(const char *p, const char *end, float &value) noexcept {
   return read_real(p, end, value);
 }
-NUMBER_CALL const char *quick_real(const char *p, const char *end, double &value) noexcept {
+PLX_HIDDEN PLX_REGPARM const char *quick_real(const char *p, const char *end, double &value) noexcept {
   return read_real(p, end, value);
 }
-NUMBER_CALL const char *quick_real(const char *p, const char *end, long double &value) noexcept {
+PLX_HIDDEN PLX_REGPARM const char *quick_real(const char *p, const char *end, long double &value) noexcept {
   return read_real(p, end, value);
 }
 
-NUMBER_CALL const char *quick_based(const char *p, const char *end, unsigned long &value, unsigned int flags) noexcept {
+PLX_HIDDEN PLX_REGPARM const char *quick_based(const char *p, const char *end, unsigned long &value,
+                                               unsigned flags) noexcept {
   if (p == end) return nullptr;
   flags &= number_basefield;
   bool hex = flags == number_hex;
@@ -163,10 +160,10 @@ NUMBER_CALL const char *quick_based(const char *p, const char *end, unsigned lon
   } else if (!hex && flags != number_oct) {
     return nullptr;  // the base stays unknown
   }
-  const unsigned int shift = hex ? 4 : 3;
+  const unsigned shift = hex ? 4 : 3;
   unsigned long sum = 0;
   for (; p != end; ++p) {
-    const unsigned int digit = hex_digit_of(*p);
+    const unsigned digit = hex_digit_of(*p);
     if (digit >> shift) break;
     if (sum >> (32 - shift)) return nullptr;
     sum = sum << shift | digit;

@@ -1,6 +1,6 @@
 // Integers in octal and hexadecimal, and addresses.
 
-#include "number_text.h"
+#include "write.h"
 
 namespace __zor {
 
@@ -35,7 +35,7 @@ inline char *octal_text(char *at, unsigned value) {
 
 }  // namespace
 
-__attribute__((__regparm__(3))) char *based_text(char *at, unsigned flags, unsigned long value) noexcept {
+PLX_HIDDEN PLX_REGPARM char *based_text(char *at, unsigned flags, unsigned long value) noexcept {
   const bool prefixed = (flags & number_showbase) && value != 0;
   if ((flags & number_basefield) == number_oct) {
     if (prefixed) *at++ = '0';
@@ -50,7 +50,7 @@ __attribute__((__regparm__(3))) char *based_text(char *at, unsigned flags, unsig
   return hex_text(at, static_cast<unsigned>(value), uppercase);
 }
 
-__attribute__((__regparm__(3))) char *pointer_text(char *at, const void *value) noexcept {
+PLX_HIDDEN PLX_REGPARM char *pointer_text(char *at, const void *value) noexcept {
   if (value == nullptr) {
     memcpy(at, "(nil)", 5);
     return at + 5;
