@@ -13,8 +13,7 @@ namespace __zor {
 const char *find_pattern(const char *text, const char *end, const char *pattern, unsigned n) {
   const char *const begin = text;
   const char *const last = end - n;
-  // A miss restarts memchr, which costs about as much as it needs for 64 characters: a few are free, then one in 64
-  // characters of progress.
+  // Each miss restarts memchr: a few are allowed, then one in 64 characters of progress.
   const unsigned free_misses = 4, characters_by_miss = 64;
   unsigned misses = 0;
   while (misses <= free_misses + static_cast<unsigned>(text - begin) / characters_by_miss) {
