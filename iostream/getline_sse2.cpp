@@ -1,4 +1,4 @@
-// The quick way of getline for processors with SSE2: sixteen characters a step, searched and copied at once. Nothing is
+// The fast path of getline for processors with SSE2: sixteen characters a step, searched and copied at once. Nothing is
 // written into an array behind the delimiter; a string's block is its own, and takes whole steps.
 
 #include "getline_sse2.h"
@@ -58,11 +58,11 @@ SSE2 __attribute__((__always_inline__)) inline const char *copy_line(char *to, c
   return nullptr;
 }
 
-// The room, as far as the window has characters for it; 0 when the quick way is none: the stream has something else to
+// The room, as far as the window has characters for it; 0 when there is no fast path: the stream has something else to
 // do, or the texts overlap.
 __attribute__((__always_inline__)) inline unsigned int open_line(std::istream &in, get_window &window, const char *to,
                                                                  unsigned int room) {
-  if (!starts_at_once(in) || !window.open(stream_access::buffer(in)) || window.is_endless()) return 0;
+  if (!starts_fast(in) || !window.open(stream_access::buffer(in)) || window.is_endless()) return 0;
   const unsigned int size = window.end - window.at, n = size < room ? size : room;
   return window.at < to + n && to < window.at + n ? 0 : n;
 }

@@ -50,12 +50,12 @@ FILE *prepare_refill(std::filebuf &buffer) {
 
 }  // namespace
 
-int peek_after_refill(std::filebuf &buffer) {
+int peek_slow(std::filebuf &buffer) {
   FILE *const file = prepare_refill(buffer);
   return file ? __underflow(file) : EOF;
 }
 
-int get_after_refill(std::filebuf &buffer) {
+int get_slow(std::filebuf &buffer) {
   FILE *const file = prepare_refill(buffer);
   return file ? getc_unlocked(file) : EOF;
 }

@@ -30,7 +30,7 @@ struct unfinished {
 template <class C, class T, class A> basic_stringbuf<C, T, A>::basic_stringbuf(ios_base::openmode mode)
     : _mode_(mode), _buffer_end_(nullptr), _block_(nullptr), _room_end_(nullptr), _written_(nullptr), _wide_(false) {}
 
-// A derived object passes here too, and must find a block that it may free: so this is no plain buffer yet.
+// The vtable pointer does not tell yet whether the object is a derived one: by the rule, then, in a block of its own.
 template <class C, class T, class A>
 basic_stringbuf<C, T, A>::basic_stringbuf(const basic_string<C, T, A> &text, ios_base::openmode mode)
     : basic_stringbuf(mode) {

@@ -1,7 +1,7 @@
 // basic_stringbuf<char>: room for more characters.
 //
-// A derived object moves from block to block by the rule of sizes, and its areas are set as if each step were a move,
-// also where the block at hand is larger than it says. A plain object is given room in larger steps.
+// A derived object sees its areas move by the rule of sizes, a step of 64 at a time, also where the block at hand is
+// larger and nothing is moved. A plain object is given room in larger steps.
 
 #include <stdlib.h>
 #include <string.h>
