@@ -78,7 +78,7 @@ template <class S> struct changed {
 template <class S> static void all_changes() {
   changed<S> one;
   for (one.kind = 0; one.kind < kinds; ++one.kind)
-    for (one.size = 0; one.size < 46; one.size += one.size == 0 ? 1 : 44)
+    for (one.size = 0; one.size <= 40; one.size += one.size == 0 ? 1 : 39)
       for (one.spare = 0; one.spare <= 40; one.spare += 40)
         for (int quarter = 0; quarter < 5; quarter += quarter == 1 ? 2 : 1)
           for (one.some = 4; one.some < 40; one.some += 29) {
