@@ -93,7 +93,7 @@ endfunction()
 
 file(MAKE_DIRECTORY ${CMAKE_BINARY_DIR}/tests)
 file(GLOB test_files CONFIGURE_DEPENDS RELATIVE ${CMAKE_SOURCE_DIR}/tests tests/*/*.cpp tests/*/*.c tests/*/*.sh)
-list(FILTER test_files EXCLUDE REGEX "^(fuzz|mutants)/")
+list(FILTER test_files EXCLUDE REGEX "^(foreign|fuzz|mutants)/")
 # What does not depend on how the library was built is tested with one build of it.
 set(PLX_TEST_ONCE OFF)
 if(CMAKE_CXX_COMPILER_ID STREQUAL Clang AND NOT PLX_SANITIZE)
@@ -112,11 +112,6 @@ foreach(file IN LISTS test_files)
     plx_program_tests(${name} plx-cc "${source}" "")
   endif()
 endforeach()
-
-# Much to compile, and sources to fetch.
-if(TEST install/foreign_programs)
-  set_tests_properties(install/foreign_programs PROPERTIES TIMEOUT 900)
-endif()
 
 file(GLOB mixed_folders CONFIGURE_DEPENDS RELATIVE ${CMAKE_SOURCE_DIR}/tests LIST_DIRECTORIES true tests/mixed/*)
 foreach(folder IN LISTS mixed_folders)
