@@ -1,7 +1,6 @@
 #!/bin/sh
-# Random exception programs, built for plx in many ways and for the host's C++ library: all must print the same trace.
-# generate.cc writes the programs; calls in them go by way of generated C (worlds/passages.c) with plx, and by way of the
-# same functions in C++ with the host's library, and through frames of the libraries (worlds/library.cc).
+# Random exception programs (generate.cc), built for plx in many ways and for the host's C++ library: all must print the
+# same trace.
 #
 # PLX_RANDOM_SEEDS is how many programs to try (30), PLX_RANDOM_FIRST the first seed (1), PLX_RANDOM_WAYS in how many ways
 # each is built (1). For a failure the seed, the flags and the first lines that differ are shown; PLX_RANDOM_KEEP=DIR keeps
@@ -21,10 +20,7 @@ if ! g++ -m32 "$work/empty.cpp" -o "$work/empty" 2> "$work/why"; then
   echo "skipped: g++ -m32 is not there to compare with: $(head -n 1 "$work/why")"
   exit 77
 fi
-g++ -O1 -std=gnu++98 "$here/generate.cc" -o "$work/generate" &&
-  g++ -m32 -O1 -std=gnu++98 -c "$here/worlds/library.cc" -o "$work/library.host.o" &&
-  "$plx" -O1 -std=gnu++98 -fPIC -c "$here/worlds/library.cc" -o "$work/library.o" &&
-  "${plx%c++}cc" -O1 -fPIC -I "$PLX_SOURCE/tests" -c "$here/worlds/passages.c" -o "$work/passages.o" || exit 1
+g++ -O1 -std=gnu++98 "$here/generate.cc" -o "$work/generate" || exit 1
 
 # The ways to build a program, by number; those that begin with `split` put a third of the functions into a shared object.
 way() {
@@ -62,13 +58,12 @@ run() {
 build() {
   set -- -std=gnu++98 -w "$@"
   if [ "$3" != split ]; then
-    "$plx" "$@" "$program" "$work/passages.o" "$work/library.o" -o "$work/plx" 2> "$work/build"
+    "$plx" "$@" "$program" -o "$work/plx" 2> "$work/build"
     return
   fi
   shift 3
   "$plx" -std=gnu++98 -w "$@" -DPART=1 -fPIC -shared "$program" -o "$work/libpart.so" 2> "$work/build" &&
-    "$plx" -std=gnu++98 -w "$@" -DPART=0 "$program" "$work/passages.o" "$work/library.o" -L"$work" -lpart \
-      "-Wl,-rpath,$work" -o "$work/plx" 2> "$work/build"
+    "$plx" -std=gnu++98 -w "$@" -DPART=0 "$program" -L"$work" -lpart "-Wl,-rpath,$work" -o "$work/plx" 2> "$work/build"
 }
 
 program=$work/random.cpp
@@ -81,7 +76,7 @@ complain() {
 seed=$first
 while [ "$seed" -lt $((first + seeds)) ]; do
   "$work/generate" "$seed" > "$program"
-  if ! g++ -m32 -std=gnu++98 -w -O0 "$program" "$work/library.host.o" -o "$work/host" 2> "$work/build"; then
+  if ! g++ -m32 -std=gnu++98 -w -O0 "$program" -o "$work/host" 2> "$work/build"; then
     complain ": the program is no test: it does not build with g++"
     head -n 5 "$work/build"
     seed=$((seed + 1))

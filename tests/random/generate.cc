@@ -4,9 +4,8 @@
 // program the same trace: nothing in it depends on the order of evaluation, on elided copies, or on what
 // std::terminate does.
 //
-// Functions call each other directly or by way of passages: through frames of the C++ library and the C library, and
-// through others that with plx are generated C and elsewhere C++. With PART defined as 0 and 1 the program becomes two:
-// a third of its functions stands in a shared object.
+// With PART defined as 0 and 1 the program becomes two: a third of its functions stands in a shared object. Frames of
+// libraries and of generated C between are scenes' affair (scenes/scenes.h).
 //
 // A program has classes of exceptions in a random hierarchy (virtual, private and ambiguous bases), classes of
 // objects with members and constructors that fail, and functions that call each other with decreasing fuel.
@@ -174,11 +173,7 @@ static void try_block(context c, bool catch_all) {
 }
 
 static void call_function() {
-  if (chance(40)) {
-    line("T(\"r%d:%%d\", passage(%d, f%d, d - 1));", labels++, below(12), below(functions));
-  } else {
-    line("T(\"r%d:%%d\", F%s(f%d)(d - 1));", labels++, chance(30) ? "" : "0", below(functions));
-  }
+  line("T(\"r%d:%%d\", F%s(f%d)(d - 1));", labels++, chance(30) ? "" : "0", below(functions));
 }
 
 static void statement(context c) {
@@ -460,66 +455,6 @@ static void exception_classes() {
   close();
 }
 
-// The passages between two functions: generated C (worlds/passages.c) where plx is, the same in C++ elsewhere.
-static void passages() {
-  std::fputs(
-      "extern \"C\" int passage(int kind, function f, int d);\n"
-      "#if PART != 1\n"
-      "extern \"C\" {\n"
-      "void passage_object(int number, int is_destroyed) {\n"
-      "  live += is_destroyed ? -1 : 1;\n"
-      "  if (is_destroyed) T(\"~p%d:u%d\", number, (int)std::uncaught_exception());\n"
-      "}\n"
-      "void passage_trace(const char *what, int value) { T(\"%s:%d\", what, value); }\n"
-      "void passage_base(const char *what, void *x) { T(\"%s:%d\", what, static_cast<X0 *>(x)->tag); }\n"
-      "void passage_sort() { sort_out(); ++rethrown; }\n"
-      "int passage_of_library(int kind, function f, int d);\n"
-      "}\n"
-      "const std::type_info &type_of_base = typeid(X0);\n"
-      "#ifndef PLX_CONFIG_H\n"
-      "struct passenger {\n"
-      "  int n;\n"
-      "  explicit passenger(int k) : n(k) { passage_object(n, 0); }\n"
-      "  ~passenger() { passage_object(n, 1); }\n"
-      "};\n"
-      "static function element_function;\n"
-      "static int element_number, element_argument;\n"
-      "struct element {\n"
-      "  int n;\n"
-      "  element() {\n"
-      "    n = element_number++;\n"
-      "    if (n == 2) element_function(element_argument);\n"
-      "    n += 20010;\n"
-      "    passage_object(n, 0);\n"
-      "  }\n"
-      "  ~element() { passage_object(n, 1); }\n"
-      "};\n"
-      "int passage(int kind, function f, int d) {\n"
-      "  switch (kind) {\n"
-      "    case 0: { passenger a(20001), b(20002); return f(d); }\n"
-      "    case 1: try { return f(d); } catch (...) { passage_trace(\"p-rethrow\", d); passage_sort(); throw; }\n"
-      "    case 2: {\n"
-      "      passenger a(20003);\n"
-      "      try { return f(d); }\n"
-      "      catch (int n) { passage_trace(\"p-int\", n); return 1; }\n"
-      "      catch (X0 &e) { passage_base(\"p-base\", &e); return 2; }\n"
-      "      catch (std::exception &) { passage_trace(\"p-exception\", 0); return 3; }\n"
-      "    }\n"
-      "    case 3: try { return f(d); } catch (...) { passage_trace(\"p-anew\", d); return f(d - 1); }\n"
-      "    case 4:\n"
-      "      element_function = f;\n"
-      "      element_argument = d;\n"
-      "      element_number = 0;\n"
-      "      delete[] new element[4];\n"
-      "      return 4;\n"
-      "    default: return passage_of_library(kind, f, d);\n"
-      "  }\n"
-      "}\n"
-      "#endif\n"
-      "#endif\n\n",
-      stdout);
-}
-
 static void object_classes() {
   objects = between(2, max_objects);
   for (int k = 0; k < functions; ++k) line("LOCAL int f%d(int d);", k);
@@ -692,7 +627,6 @@ int main(int argc, char **argv) {
   functions = between(4, max_functions);
   prologue(seed);
   exception_classes();
-  passages();
   object_classes();
   function_definitions();
   std::puts("#if PART != 1");

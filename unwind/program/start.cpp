@@ -16,9 +16,14 @@ PLX_API void __zor_end_cxx(const void *image);
 
 }  // extern "C"
 
+// Priorities up to 100 are the implementation's: 101, a program's first, may throw already.
+#ifndef __clang__
+#pragma GCC diagnostic ignored "-Wprio-ctor-dtor"
+#endif
+
 namespace {
 
-__attribute__((__constructor__(101))) void start() { __zor_start_cxx(__ehdr_start); }
-__attribute__((__destructor__(101))) void end() { __zor_end_cxx(__ehdr_start); }
+__attribute__((__constructor__(100))) void start() { __zor_start_cxx(__ehdr_start); }
+__attribute__((__destructor__(100))) void end() { __zor_end_cxx(__ehdr_start); }
 
 }  // namespace
