@@ -1,7 +1,7 @@
 # libplx.so.3: every source of the library's folders, in one shared object that stands on the C library only; and
 # libplx.a, the same for static programs.
 
-set(PLX_FOLDERS libC libC/i386 exceptions string containers locale iostream cxxabi cxxabi/i386 unwind)
+set(PLX_FOLDERS libC libC/i386 exceptions string containers numbers locale iostream cxxabi cxxabi/i386 unwind)
 list(TRANSFORM PLX_FOLDERS APPEND /*.cpp OUTPUT_VARIABLE PLX_GLOBS)
 file(GLOB PLX_COMMON_SOURCES CONFIGURE_DEPENDS RELATIVE ${CMAKE_SOURCE_DIR} ${PLX_GLOBS})
 # What depends on how the library is linked to a program.

@@ -3,7 +3,7 @@
 
 #include <stdexcept>
 
-#include <plx/bitset_words.h>
+#include <plx/containers/bitset_words.h>
 
 namespace __zor {
 

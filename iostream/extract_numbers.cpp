@@ -1,9 +1,9 @@
 // The extractors of numbers. Where the stream's facets are the library's own, a number that lies whole in the buffer's
 // get window is read there. num_get is asked in all other cases, and wherever anything is wrong with the text.
 
-#include <plx/num_get.h>
+#include <plx/facets/num_get.h>
 
-#include "../locale/number_value.h"
+#include "../numbers/read.h"
 #include "input_operation.h"
 
 namespace __zor {
@@ -35,10 +35,10 @@ template <class T> [[gnu::noinline]] std::istream &extract_same_by_facet(std::is
 
 // The window in which a number begins, without the white space before it; false when there is none.
 [[gnu::noinline]] bool open_number_window_beyond_space(std::streambuf *buffer, get_window &window) {
-  return is_plain_buffer(buffer) && skip_plain_space(buffer) && open_get_window(buffer, window);
+  return is_plain_buffer(buffer) && skip_plain_space(buffer) && window.open(buffer);
 }
 [[gnu::always_inline]] inline bool open_number_window(std::istream &in, get_window &window) {
-  if (!starts_at_once(in) || !is_quick(in, std::locale::imp::_quick_num_get)) return false;
+  if (!starts_at_once(in) || !has_plain_num_get(stream_access::loc(in))) return false;
   if (__builtin_expect(open_window_beyond_space(in, window), true)) return true;
   return (stream_access::flags(in) & ios_base::skipws) &&
          open_number_window_beyond_space(stream_access::buffer(in), window);
@@ -49,7 +49,7 @@ template <class T> [[gnu::noinline]] std::istream &extract_same_by_facet(std::is
 [[gnu::noinline]] bool ends_input(std::istream &in, const get_window &window) {
   std::streambuf *const buffer = stream_access::buffer(in);
   if (!is_plain_stringbuf(buffer)) return false;
-  const int before = window.end - *window.cursor;
+  const int before = window.end - window.cursor();
   window.take_up_to(window.end);
   if (buffer->sgetc() == EOF) return true;
   buffer_access::gptr(*buffer) -= before;

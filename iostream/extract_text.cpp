@@ -30,12 +30,12 @@ namespace {
 // A word without a limit that lies whole in the buffer's window. What is not whole is read again.
 inline bool extract_word_at_once(istream &in, char *to) {
   get_window window;
-  if (!starts_at_once(in) || !is_quick(in, locale::imp::_quick_ctype) || stream_access::width(in) != 0 ||
+  if (!starts_at_once(in) || !has_plain_ctype(stream_access::loc(in)) || stream_access::width(in) != 0 ||
       !open_window_beyond_space(in, window))
     return false;
   const char *at = window.at;
   while (window.end - at >= 4) {
-    const unsigned int four = four_bytes_at(at), low = low_bytes(four);
+    const unsigned int four = words(at)->value, low = low_bytes(four);
     if (!low) {
       memcpy(to, &four, 4);
       at += 4;
@@ -97,7 +97,7 @@ inline bool extract_word_at_once(istream &in, char *to) {
 
 istream &__zor_extract_char(istream &in, char &c) {
   get_window window;
-  if (!starts_at_once(in) || !is_quick(in, locale::imp::_quick_ctype) || !open_window_beyond_space(in, window))
+  if (!starts_at_once(in) || !has_plain_ctype(stream_access::loc(in)) || !open_window_beyond_space(in, window))
     return extract_char(in, c);
   start_count(in);
   window.take_up_to(window.at + 1);

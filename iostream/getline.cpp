@@ -22,7 +22,7 @@ const char *find_delimiter(const char *at, const char *end, char delim) {
   if (eh_guard([&] { delim = in.widen('\n'); })) stream_access::state(in) |= ios_base::badbit;
   return delim;
 }
-inline char newline(std::istream &in) { return is_quick(in, std::locale::imp::_quick_ctype) ? '\n' : find_newline(in); }
+inline char newline(std::istream &in) { return has_plain_ctype(stream_access::loc(in)) ? '\n' : find_newline(in); }
 
 // Both members end the text and complain when nothing was taken.
 inline void end_text(std::istream &in, char *next, iostate &error) {

@@ -17,25 +17,6 @@ namespace {
 SSE2 inline __m128i load(const char *at) { return _mm_loadu_si128(reinterpret_cast<const __m128i *>(at)); }
 SSE2 inline void store(char *at, __m128i block) { _mm_storeu_si128(reinterpret_cast<__m128i *>(at), block); }
 
-struct bytes_8 {
-  unsigned int low, high;
-} __attribute__((__packed__, __may_alias__));
-struct bytes_4 {
-  unsigned int value;
-} __attribute__((__packed__, __may_alias__));
-template <class T> inline void copy_both_ends(char *to, const char *from, unsigned int n) {
-  const T first = *reinterpret_cast<const T *>(from), last = *reinterpret_cast<const T *>(from + n - sizeof(T));
-  *reinterpret_cast<T *>(to) = first;
-  *reinterpret_cast<T *>(to + n - sizeof(T)) = last;
-}
-
-// Fewer than 16.
-inline void copy_few(char *to, const char *from, unsigned int n) {
-  if (n >= 8) return copy_both_ends<bytes_8>(to, from, n);
-  if (n >= 4) return copy_both_ends<bytes_4>(to, from, n);
-  for (; n != 0; --n) *to++ = *from++;
-}
-
 // Copies characters up to the first `delim` among n, and returns where that is; null when there is none, and then up to
 // n characters may have been copied. The texts do not overlap. With `whole_steps`, up to 16 of the n characters more
 // are copied.
@@ -54,7 +35,7 @@ SSE2 __attribute__((__always_inline__)) inline const char *copy_line(char *to, c
       if (end >= 16)
         store(to + end - 16, load(from + end - 16));
       else
-        copy_few(to, from, end);
+        copy_characters(to, from, end);
       return from + end;
     }
     if (!whole_steps) store(to + i, block);
@@ -70,7 +51,7 @@ SSE2 __attribute__((__always_inline__)) inline const char *copy_line(char *to, c
 // do, or the texts overlap.
 __attribute__((__always_inline__)) inline unsigned int open_line(std::istream &in, get_window &window, const char *to,
                                                                  unsigned int room) {
-  if (!starts_at_once(in) || !open_get_window(stream_access::buffer(in), window) || is_endless(window)) return 0;
+  if (!starts_at_once(in) || !window.open(stream_access::buffer(in)) || window.is_endless()) return 0;
   const unsigned int size = window.end - window.at, n = size < room ? size : room;
   return window.at < to + n && to < window.at + n ? 0 : n;
 }

@@ -3,7 +3,7 @@
 
 #include <limits.h>
 
-#include <plx/istream.h>
+#include <plx/iostream/istream.h>
 
 #include "white_space.h"
 

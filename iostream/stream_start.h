@@ -3,6 +3,7 @@
 #pragma once
 
 #include "../libC/eh_tools.h"
+#include "../locale/plain_facets.h"
 #include "access.h"
 
 namespace __zor {
@@ -36,7 +37,7 @@ template <class Stream, class Prepare> inline void start_stream_guarded(Stream &
 // The classic ctype cannot throw.
 template <class Stream>
 inline void start_stream(Stream &stream, std::streambuf *buffer, bool is_member, const void *const *table) {
-  if (stream_access::loc(stream)._get_imp()->_get_quick() & std::locale::imp::_quick_ctype)
+  if (has_plain_ctype(stream_access::loc(stream)))
     stream_access::init(stream, buffer);
   else
     start_stream_guarded(stream, buffer, is_member, table, [] {});

@@ -6,20 +6,12 @@
 #include <stdlib.h>
 #include <string.h>
 
-#include "../libC/replaced_new.h"
-
 #include "stringbuf_block.h"
 #include "windows.h"
 
 using namespace __zor;
 
 namespace __zor {
-
-allocation_habit string_block_habit;
-
-allocation_habit find_string_block_habit() {
-  return string_block_habit = array_operator_new_is_replaced() ? habit_by_rule : habit_free;
-}
 
 bool buffer_access::make_room(std::stringbuf &b, unsigned n) {
   if (!(b._mode_ & std::ios_base::out)) return false;

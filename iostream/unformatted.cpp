@@ -13,7 +13,7 @@ namespace {
 inline int take_at_once(istream &in) {
   if (!starts_at_once(in)) return EOF;
   get_window window;
-  if (!open_get_window(stream_access::buffer(in), window)) return EOF;
+  if (!window.open(stream_access::buffer(in))) return EOF;
   window.take_up_to(window.at + 1);
   stream_access::count(in) = 1;
   return static_cast<unsigned char>(*window.at);
@@ -85,7 +85,7 @@ template <class C, class T> basic_istream<C, T> &basic_istream<C, T>::_get(C &to
 
 template <class C, class T> typename basic_istream<C, T>::int_type basic_istream<C, T>::peek() {
   get_window window;
-  if (starts_at_once(*this) && open_get_window(stream_access::buffer(*this), window)) {
+  if (starts_at_once(*this) && window.open(stream_access::buffer(*this))) {
     _gcount_ = 0;
     return static_cast<unsigned char>(*window.at);
   }
@@ -94,8 +94,7 @@ template <class C, class T> typename basic_istream<C, T>::int_type basic_istream
 
 template <class C, class T> basic_istream<C, T> &basic_istream<C, T>::read(C *to, streamsize n) {
   get_window window;
-  if (starts_at_once(*this) && n > 0 && open_get_window(stream_access::buffer(*this), window) &&
-      window.end - window.at >= n) {
+  if (starts_at_once(*this) && n > 0 && window.open(stream_access::buffer(*this)) && window.end - window.at >= n) {
     move_block(to, window.at, n);
     window.take_up_to(window.at + n);
     _gcount_ = n;
@@ -124,7 +123,7 @@ template <class C, class T> streamsize basic_istream<C, T>::readsome(C *to, stre
 
 template <class C, class T> basic_istream<C, T> &basic_istream<C, T>::ignore(streamsize n, int_type delim) {
   get_window window;
-  if (n > 0 && starts_at_once(*this) && open_get_window(stream_access::buffer(*this), window)) {
+  if (n > 0 && starts_at_once(*this) && window.open(stream_access::buffer(*this))) {
     const streamsize ready = window.end - window.at, part = ready < n ? ready : n;
     const char *const next = find_end_of_ignored(window.at, window.at + part, delim);
     if (next || part == n) {

@@ -6,7 +6,7 @@
 extern "C" {
 [[noreturn]] void c_library_exit(int status) __asm__("exit");
 int __cxa_atexit(void (*function)(void *), void *argument, void *owner) noexcept;
-extern __attribute__((__visibility__("hidden"))) void *__dso_handle;  // who registers: the object of the link
+extern PLX_HIDDEN void *__dso_handle;  // who registers: the object of the link
 [[noreturn]] void abort();
 }
 

@@ -1,6 +1,6 @@
 // collate<char> and collate_byname<char>, by the C library's comparison and sort keys.
 
-#include <plx/collate.h>
+#include <plx/facets/collate.h>
 
 #include "../libC/eh_tools.h"
 #include "c_locale.h"

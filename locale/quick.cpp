@@ -3,8 +3,8 @@
 // An object is of exactly a class when it has the class's virtual table. A program's executable may hold a copy of that
 // table, so its address is taken as data of another object would be, which is how the constructors take it too.
 
-#include <plx/ctype.h>
-#include <plx/numpunct.h>
+#include <plx/facets/ctype.h>
+#include <plx/facets/numpunct.h>
 
 #include "standard_facets.h"
 

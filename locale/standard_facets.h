@@ -5,7 +5,7 @@
 // identities, and no others: what it cannot name it cannot miss.
 #pragma once
 
-#include <plx/locale_core.h>
+#include <plx/locale/locale_core.h>
 
 #include "../libC/if_linked.h"
 #include "own.h"

@@ -3,7 +3,7 @@
 
 #include "fail_allocation.h"
 
-#include <plx/lw_vector.h>
+#include <plx/containers/lw_vector.h>
 
 #include "tracked.h"
 

@@ -12,7 +12,7 @@
 #include <string>
 #include <vector>
 
-#include <plx/random_generator.h>
+#include <plx/base/random_generator.h>
 
 #include "random.h"
 #include "tracked.h"

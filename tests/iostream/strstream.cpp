@@ -236,57 +236,6 @@ void endless() {
   CHECK_INT(l.rdbuf()->in_avail(), INT_MAX);
 }
 
-unsigned state = 5;
-int any(int n) {
-  state = state * 1664525 + 1013904223;
-  return static_cast<int>((state >> 8) % static_cast<unsigned>(n));
-}
-
-// The same operation on a buffer; what can be seen of it.
-long do_one(std::strstreambuf &b, int op, int a, int c) {
-  const int which = a % 3 == 0 ? in : a % 3 == 1 ? out : in | out, off = a % 70 - 20;
-  char text[100];
-  switch (op) {
-    case 0: return b.sputc(static_cast<char>(c));
-    case 1: memset(text, c, sizeof text); return b.sputn(text, a % 100);
-    case 2: {
-      std::ostream s(&b);
-      s << a << "text";
-      return s.rdstate();
-    }
-    case 3: return b.snextc();
-    case 4: return b.sbumpc();
-    case 5: return b.sungetc();
-    case 6: return b.pubseekoff(off, 1 << a % 7 % 3, which);
-    case 7: return b.pubseekpos(off, which);
-    case 8: b.freeze(c % 4 != 0); return 0;
-    case 9: return b.sgetn(text, a % 100);
-  }
-  return b.in_avail();
-}
-
-// A plain buffer is written faster than one that a derived class could look into; nothing else may differ.
-void plain_and_derived() {
-  for (int round = 0; round < 3000 && !test_failures; ++round) {
-    const int alsize = any(3) ? 0 : any(120), ops = any(2) ? 3 : 11;
-    const bool releases = any(4) == 0;
-    std::strstreambuf plain_one(alsize), plain_two(0, give_back);
-    probe derived_one(alsize), derived_two(0, give_back);
-    std::strstreambuf &plain = releases ? plain_two : plain_one, &derived = releases ? derived_two : derived_one;
-    test_trace[0] = 0;
-    for (int step = 0; step < 60 && !test_failures; ++step) {
-      const int op = any(any(5) ? ops : 11), a = any(100000), c = 'a' + any(26);
-      const long want = do_one(derived, op, a, c);
-      CHECK_INT(do_one(plain, op, a, c), want);
-      CHECK_INT(plain.pcount(), derived.pcount());
-      CHECK(std::string(plain.str(), plain.pcount()) == std::string(derived.str(), derived.pcount()));
-      if (test_failures) fprintf(stderr, "  round %d, step %d, operation %d\n", round, step, op);
-    }
-    std::strstreambuf::default_free(plain.str());
-    std::strstreambuf::default_free(derived.str());
-  }
-}
-
 }  // namespace
 
 int main() {
@@ -296,6 +245,5 @@ int main() {
   arrays();
   positions();
   endless();
-  plain_and_derived();
   return TEST_RESULT();
 }

@@ -8,7 +8,7 @@
 # the old text, which stands there once and may be part of a line, and the new one.
 #
 #   # one element too few is moved
-#   include/plx/vector.h: containers/vector algorithms
+#   include/plx/containers/vector.h: containers/vector algorithms
 #   < _last - at
 #   > _last - at - 1
 set -u
