@@ -213,15 +213,15 @@ void buffers() {
     } never_closed;
     std::ostream over(&one);
     over << new (never_closed.place) std::filebuf(shared);
-    CHECK(over.good());
+    CHECK(over.good() && one.sgetc() == -1 && one.pubseekoff(0, b::cur) == 10 && one.sputc('!') == '!');
   }
-  CHECK_TEXT(path.content().c_str(), "abcdefghij");
+  CHECK_TEXT(path.content().c_str(), "abcdefghij!");
   // To ask what is left moves nothing.
   std::filebuf asked;
   asked.open(path.name(), b::in | b::out);
-  CHECK(asked.sputn("AB", 2) == 2 && asked.in_avail() == 8 && asked.sputc('C') == 'C' && asked.sgetc() == 'd');
+  CHECK(asked.sputn("AB", 2) == 2 && asked.in_avail() == 9 && asked.sputc('C') == 'C' && asked.sgetc() == 'd');
   asked.close();
-  CHECK_TEXT(path.content().c_str(), "ABCdefghij");
+  CHECK_TEXT(path.content().c_str(), "ABCdefghij!");
   std::stringbuf text("text");
   std::ifstream closed;
   std::ostream nowhere(closed.rdbuf());

@@ -136,6 +136,16 @@ void texts() {
   CHECK(odd.pubseekoff(0, std::ios_base::end, out) == 5 && odd.str() == std::string("xyzd\0", 5));
 }
 
+// Called at the end of its room, it makes a block for what was written; what was read of the old one is forgotten, as far
+// as the new one does not reach.
+void smaller_block() {
+  derived b(std::string(191, 't').c_str(), in | out);
+  CHECK(b.pubseekpos(191, in) == 191 && b.pubseekpos(191, out) == 191 && b.sputc('u') == 'u');
+  CHECK(b.pubseekpos(0, out) == 0 && b.overflow('v') == 'v' && b.sgetc() == -1);
+  for (int i = 1; i < 80; ++i) b.sputc(static_cast<char>(i));
+  CHECK(b.sgetc() == 64 && b.in_avail() == 16 && b.str().size() == 80);
+}
+
 // The block belongs to whoever has the areas.
 void taken_blocks() {
   char array[4];
@@ -163,6 +173,7 @@ void taken_blocks() {
 
 int main() {
   texts();
+  smaller_block();
   taken_blocks();
   sizes<std::stringbuf>();
   sizes<derived>();
