@@ -13,10 +13,15 @@ extern PLX_HIDDEN const char __ehdr_start[], _end[];
 
 }  // extern "C"
 
+// Priorities up to 100 are the implementation's: 101, the last of a program's, may need its objects still.
+#ifndef __clang__
+#pragma GCC diagnostic ignored "-Wprio-ctor-dtor"
+#endif
+
 namespace {
 
 // Behind all other destructor functions but the one that forgets how this object's frames are unwound.
-__attribute__((__destructor__(102))) void end() {
+__attribute__((__destructor__(100))) void end() {
   const auto size = static_cast<unsigned int>(_end - __ehdr_start);
   __process_shared_object_destruction(__ehdr_start, size, __ehdr_start, size);
 }

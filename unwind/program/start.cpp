@@ -24,6 +24,6 @@ PLX_API void __zor_end_cxx(const void *image);
 namespace {
 
 __attribute__((__constructor__(100))) void start() { __zor_start_cxx(__ehdr_start); }
-__attribute__((__destructor__(100))) void end() { __zor_end_cxx(__ehdr_start); }
+__attribute__((__destructor__(99))) void end() { __zor_end_cxx(__ehdr_start); }
 
 }  // namespace
