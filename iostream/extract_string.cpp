@@ -46,9 +46,9 @@ inline bool assign_long(std::string &text, const char *from, unsigned int n) {
 }
 
 // A word that lies whole in the buffer's window, where nothing is to be done for the stream.
-inline bool extract_at_once(std::istream &in, std::string &text) {
+inline bool extract_fast(std::istream &in, std::string &text) {
   get_window window;
-  if (!starts_at_once(in) || !has_plain_ctype(stream_access::loc(in)) || stream_access::width(in) != 0 ||
+  if (!starts_fast(in) || !has_plain_ctype(stream_access::loc(in)) || stream_access::width(in) != 0 ||
       !open_window_beyond_space(in, window))
     return false;
   const char *const stop = find_classic_space(window.at, window.end);
@@ -144,7 +144,7 @@ bool extract_bits(std::istream &in, std::string &text, unsigned count) {
 namespace std {
 
 template <> istream &operator>>(istream &in, string &text) {
-  if (!__zor::extract_at_once(in, text)) __zor::extract_word(in, text);
+  if (!__zor::extract_fast(in, text)) __zor::extract_word(in, text);
   return in;
 }
 

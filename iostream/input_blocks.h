@@ -13,9 +13,9 @@ namespace __zor {
 // Makes a get window of stdio's next characters; false at the end.
 inline bool refill(std::streambuf *buffer) { return peek_file(static_cast<std::filebuf &>(*buffer)) != EOF; }
 
-// Calls accept(at, end) with block after block. It moves `at` behind what it takes, and returns whether it wants more;
-// it must take the whole block then. Returns false when the input ended first. What the buffer or accept throws passes;
-// a block that accept threw at is not taken.
+// Calls accept(at, end) with block after block. accept advances `at` past what it takes and returns whether it wants
+// more, which it may only when it took the whole block. Returns false when the input ended first. What the buffer or
+// accept throws passes; a block that accept threw at is not taken.
 template <class Accept> [[gnu::always_inline]] inline bool read_blocks(std::streambuf *buffer, Accept accept) {
   for (;;) {
     get_window window;

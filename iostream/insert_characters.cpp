@@ -20,8 +20,8 @@ namespace std {
 template <class C, class T> basic_ostream<C, T> &basic_ostream<C, T>::write(const C *text, streamsize n) {
   ios &stream = base_of(*this);
   const a_put_result result =
-      is_quiet(stream) && n > 0 ? put_at_once<put_block>(stream_access::buffer(stream), text, n) : put_not_here;
-  if (result == put_not_here) return write_guarded(*this, text, n);
+      is_quiet(stream) && n > 0 ? put_fast<put_block>(stream_access::buffer(stream), text, n) : put_not_fast;
+  if (result == put_not_fast) return write_guarded(*this, text, n);
   if (result == put_refused) update_state(stream, ios_base::badbit);
   return *this;
 }

@@ -17,19 +17,19 @@ namespace {
 
 typedef num_put<char, ostreambuf_iterator<char>> a_num_put;
 
-constexpr int widest = 64;  // the quick paths fill up to here
+constexpr int widest = 64;  // what the fast paths fill
 
 inline bool is_fast(const ios &stream) { return is_quiet(stream) && has_plain_num_put(stream_access::loc(stream)); }
 
 // A text that was made next to the buffer.
 PLX_HIDDEN PLX_REGPARM bool insert_copy(streambuf *buffer, const char *text, int n) {
-  const a_put_result result = put_at_once<put_text>(buffer, text, n);
+  const a_put_result result = put_fast<put_text>(buffer, text, n);
   if (result == put_refused) keep_refusal(buffer);
-  return result != put_not_here;
+  return result != put_not_fast;
 }
 
 // write(at) makes the text and returns its end, or null; pad(first, last, width) fills it.
-template <int room, class Write, class Pad> inline bool insert_at_once(ios &stream, Write write, Pad pad) {
+template <int room, class Write, class Pad> inline bool insert_fast(ios &stream, Write write, Pad pad) {
   constexpr int most = room + widest + pad_overrun;
   char local[most];
   streambuf *const buffer = stream_access::buffer(stream);
@@ -67,7 +67,7 @@ template <class Value> PLX_SLOW std::ostream &insert_integer(std::ostream &out, 
   std::ios &stream = base_of(out);
   if (std::is_fast(stream)) {
     const unsigned flags = stream_access::flags(stream);
-    if (std::insert_at_once<integer_text_room>(
+    if (std::insert_fast<integer_text_room>(
             stream, [=](char *at) { return integer_text(at, flags, value); },
             [&](char *first, char *last, int width) {
               return pad_integer(first, last, flags, width, stream_access::fill(stream));
@@ -113,7 +113,7 @@ template <class Value, class Text> inline ostream &insert_floating(ostream &out,
   if (is_fast(stream) && !(flags & ios_base::uppercase)) {
     unsigned precision = stream.precision();
     if (stream.precision() < 1 && !(flags & ios_base::fixed)) precision = 6;
-    if (precision <= number_precision_limit && insert_at_once<quick_text_room>(
+    if (precision <= number_precision_limit && insert_fast<fast_text_room>(
                                                    stream, [=](char *at) { return text(at, flags, precision, value); },
                                                    [&](char *first, char *last, int width) {
                                                      return pad_float(first, last, flags, width,
@@ -151,13 +151,13 @@ template <class C, class T> basic_ostream<C, T> &basic_ostream<C, T>::operator<<
 }
 
 template <class C, class T> basic_ostream<C, T> &basic_ostream<C, T>::operator<<(double value) {
-  return insert_floating(*this, value, quick_double_text);
+  return insert_floating(*this, value, fast_double_text);
 }
 template <class C, class T> basic_ostream<C, T> &basic_ostream<C, T>::operator<<(float value) {
   return *this << static_cast<double>(value);
 }
 template <class C, class T> basic_ostream<C, T> &basic_ostream<C, T>::operator<<(long double value) {
-  return insert_floating(*this, value, quick_long_double_text);
+  return insert_floating(*this, value, fast_long_double_text);
 }
 
 // Neither is filled when it is not told to be: a bool never, a pointer in a way of its own.
@@ -171,7 +171,7 @@ template <class C, class T> basic_ostream<C, T> &basic_ostream<C, T>::operator<<
 template <class C, class T> basic_ostream<C, T> &basic_ostream<C, T>::operator<<(const void *value) {
   ios &stream = *this;
   if (is_fast(stream) && stream_access::width(stream) <= 0 &&
-      insert_at_once<integer_text_room>(
+      insert_fast<integer_text_room>(
           stream, [=](char *at) { return pointer_text(at, value); }, [](char *, char *last, int) { return last; }))
     return *this;
   return insert_by_facet(*this, value);

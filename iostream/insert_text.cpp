@@ -10,7 +10,7 @@ namespace std {
 namespace {
 
 // With what fill the width asks for, at once: false where the frame is needed.
-template <a_put_use use> inline bool insert_at_once(ostream &out, const char *text, streamsize n, bool fill_first) {
+template <a_put_use use> inline bool insert_fast(ostream &out, const char *text, streamsize n, bool fill_first) {
   ios &stream = base_of(out);
   if (!is_quiet(stream) || n < 0) return false;
   streambuf *const buffer = stream_access::buffer(stream);
@@ -25,8 +25,8 @@ template <a_put_use use> inline bool insert_at_once(ostream &out, const char *te
     stream_access::width(stream) = 0;
     return true;
   }
-  const a_put_result result = put_at_once<use>(buffer, text, n);
-  if (result == put_not_here) return false;
+  const a_put_result result = put_fast<use>(buffer, text, n);
+  if (result == put_not_fast) return false;
   stream_access::width(stream) = 0;
   if (result == put_refused) {
     if (use == put_text)
@@ -38,7 +38,7 @@ template <a_put_use use> inline bool insert_at_once(ostream &out, const char *te
 }
 
 // Without a width, into a window that is there: what most programs write.
-template <a_put_use use> inline bool insert_fast(ios &stream, const char *text, streamsize n) {
+template <a_put_use use> inline bool insert_ready(ios &stream, const char *text, streamsize n) {
   put_window window;
   if (!is_quiet(stream, stream_access::width(stream)) || !window.open_ready<use>(stream_access::buffer(stream), n))
     return false;
@@ -58,7 +58,7 @@ bool put_fill(streambuf &buffer, char fill, streamsize count) {
 PLX_SLOW ostream &insert_c_string_slow(ostream &out, const char *text) {
   const unsigned n = text ? strlen(text) : 0;
   const bool right = (out.flags() & ios_base::adjustfield) == ios_base::right;
-  if (insert_at_once<put_text>(out, text, static_cast<streamsize>(n), right)) return out;
+  if (insert_fast<put_text>(out, text, static_cast<streamsize>(n), right)) return out;
   output_operation(
       out, ios_base::goodbit,
       [&](iostate &) {
@@ -77,7 +77,7 @@ PLX_SLOW ostream &insert_c_string_slow(ostream &out, const char *text) {
 
 PLX_SLOW ostream &insert_string_slow(ostream &out, const char *text, streamsize n) {
   const bool left = (out.flags() & ios_base::adjustfield) == ios_base::left;
-  if (insert_at_once<put_block>(out, text, n, !left)) return out;
+  if (insert_fast<put_block>(out, text, n, !left)) return out;
   output_operation(
       out, ios_base::goodbit,
       [&](iostate &error) {
@@ -95,11 +95,11 @@ PLX_SLOW ostream &insert_string_slow(ostream &out, const char *text, streamsize 
 
 ostream &__zor_insert_c_string(ostream &out, const char *text) {
   const streamsize n = text ? static_cast<streamsize>(strlen(text)) : -1;
-  return n >= 0 && insert_fast<put_text>(base_of(out), text, n) ? out : insert_c_string_slow(out, text);
+  return n >= 0 && insert_ready<put_text>(base_of(out), text, n) ? out : insert_c_string_slow(out, text);
 }
 
 ostream &__zor_insert_string(ostream &out, const char *text, streamsize n) {
-  return n >= 0 && insert_fast<put_block>(base_of(out), text, n) ? out : insert_string_slow(out, text, n);
+  return n >= 0 && insert_ready<put_block>(base_of(out), text, n) ? out : insert_string_slow(out, text, n);
 }
 
 }  // namespace std

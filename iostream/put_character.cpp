@@ -21,15 +21,15 @@ PLX_SLOW std::ostream &insert_guarded(std::ostream &out, char c) {
 }
 
 PLX_SLOW std::ostream &put_slow(std::ostream &out, char c) {
-  const a_put_result result = is_quiet(out) ? put_at_once<put_text>(stream_access::buffer(out), &c, 1) : put_not_here;
-  if (result == put_not_here) return put_guarded(out, c);
+  const a_put_result result = is_quiet(out) ? put_fast<put_text>(stream_access::buffer(out), &c, 1) : put_not_fast;
+  if (result == put_not_fast) return put_guarded(out, c);
   if (result == put_refused) update_state(out, ios_base::badbit);
   return out;
 }
 
 PLX_SLOW std::ostream &insert_slow(std::ostream &out, char c) {
-  const a_put_result result = is_quiet(out) ? put_at_once<put_text>(stream_access::buffer(out), &c, 1) : put_not_here;
-  if (result == put_not_here) return insert_guarded(out, c);
+  const a_put_result result = is_quiet(out) ? put_fast<put_text>(stream_access::buffer(out), &c, 1) : put_not_fast;
+  if (result == put_not_fast) return insert_guarded(out, c);
   if (result == put_refused) keep_refusal(stream_access::buffer(out));
   stream_access::width(out) = 0;
   return out;

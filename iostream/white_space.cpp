@@ -37,7 +37,7 @@ template <> istream &ws(istream &in) {
   using namespace __zor;
   iostate error = ios_base::goodbit;
   if (stream_access::state(in) != ios_base::goodbit) return in;
-  if (starts_at_once(in) && is_plain_buffer(stream_access::buffer(in)) && has_plain_ctype(stream_access::loc(in))) {
+  if (starts_fast(in) && is_plain_buffer(stream_access::buffer(in)) && has_plain_ctype(stream_access::loc(in))) {
     if (!skip_plain_space(stream_access::buffer(in))) error = ios_base::eofbit;
   } else if (eh_guard([&] {
                if (stream_access::tie(in)) __zor_do_flush(stream_access::tie(in));

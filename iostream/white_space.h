@@ -45,7 +45,7 @@ bool skip_plain_space(std::streambuf *buffer) PLX_NOTHROW;
 [[gnu::regparm(1)]] bool has_nothing_to_flush(const std::ostream *tied) PLX_NOTHROW;
 
 // The stream is good, so it has a buffer, and nothing has to be flushed.
-inline bool starts_at_once(std::istream &in) {
+inline bool starts_fast(std::istream &in) {
   if (__builtin_expect(stream_access::state(in) != ios_base::goodbit, false)) return false;
   const std::ostream *const tied = stream_access::tie(in);
   return __builtin_expect(!tied, true) || has_nothing_to_flush(tied);
@@ -62,11 +62,11 @@ inline bool open_window_beyond_space(std::istream &in, get_window &window) {
 }
 
 // Begins an operation that needs no frame because nothing can throw. False: nothing was done, the frame is needed.
-inline bool starts_plainly(std::istream &in, bool noskipws) {
-  if (!starts_at_once(in)) return false;
+inline bool starts_unguarded(std::istream &in, bool noskipws) {
+  if (!starts_fast(in)) return false;
   std::streambuf *const buffer = stream_access::buffer(in);
   if (!is_plain_buffer(buffer)) return false;
-  // Formatted input asks the facet for more than that.
+  // White space, and where a word ends, are the facet's to say.
   if (!noskipws && !has_plain_ctype(stream_access::loc(in))) return false;
   if (!noskipws && (stream_access::flags(in) & ios_base::skipws)) {
     get_window window;

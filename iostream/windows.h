@@ -160,16 +160,16 @@ private:
 };
 
 // Writes a text at once, into the window or, where stdio's buffer is full, through stdio.
-enum a_put_result { put_done, put_refused, put_not_here };
+enum a_put_result { put_done, put_refused, put_not_fast };
 template <a_put_use use>
-[[gnu::always_inline]] inline a_put_result put_at_once(std::streambuf *buffer, const char *text, int n) {
+[[gnu::always_inline]] inline a_put_result put_fast(std::streambuf *buffer, const char *text, int n) {
   put_window window;
   if (window.open<use>(buffer, n)) {
     copy_characters(window.at, text, static_cast<unsigned>(n));
     window.commit(window.at + n);
     return put_done;
   }
-  if (!window.full) return put_not_here;
+  if (!window.full) return put_not_fast;
   return write_slow(window.full, text, n) == n ? put_done : put_refused;
 }
 
@@ -180,8 +180,8 @@ inline void keep_refusal(std::streambuf *buffer) {
   if (__fwritable(buffer_access::file(over))) buffer_access::keep_write_error(over);
 }
 
-// Moves what lies ready in one buffer and has room in the other, up to `delim`; how many characters, 0 when that is not
-// the way.
+// Moves what lies ready in one buffer and has room in the other, up to `delim`. Returns how many characters; 0: none
+// can be moved without a call.
 inline int move_ready(std::streambuf *from, std::streambuf *to, int delim) {
   get_window source;
   put_window room;

@@ -1,6 +1,6 @@
-// Reading numbers, without locales and streams: what the extractors' quick paths and num_get share.
+// Reading numbers, without locales and streams: what the extractors' fast paths and num_get share.
 //
-//   quick_integer, quick_real   one number at the front of [p, end), in the plain locale: no grouping, point '.'
+//   fast_integer, fast_real   one number at the front of [p, end), in the plain locale: no grouping, point '.'
 //   decimal_text                a floating text collected digit by digit, of any length, in constant space
 //   integer_append, integer_fit the steps of integers: one digit more; sign and range
 //
@@ -51,8 +51,8 @@ inline unsigned value_of_four(unsigned digits) noexcept {
   return (pairs * (100u << 16 | 1)) >> 16;
 }
 
-// The digits at p, as quick_integer does.
-[[gnu::always_inline]] inline const char *quick_decimal(const char *p, const char *end, unsigned long &value) noexcept {
+// The digits at p, as fast_integer does.
+[[gnu::always_inline]] inline const char *fast_decimal(const char *p, const char *end, unsigned long &value) noexcept {
   unsigned long sum = 0;
   const char *const begin = p;
   if (__builtin_expect(end - p >= 8, true)) {
@@ -85,22 +85,22 @@ inline unsigned value_of_four(unsigned digits) noexcept {
 }
 
 // The same for the other bases.
-PLX_HIDDEN PLX_REGPARM const char *quick_based(const char *p, const char *end, unsigned long &value,
-                                               unsigned flags) noexcept;
+PLX_HIDDEN PLX_REGPARM const char *fast_based(const char *p, const char *end, unsigned long &value,
+                                              unsigned flags) noexcept;
 
 // Reads an integer of the type whose bits are `Max` from [p, end): sign, prefix and digits as the stream's flags say.
 // Returns where it stopped. When that is `end`, the value holds only if the input ends there: a caller that may get
 // more takes the general path instead, from p. Null, with `value` untouched: no plain number in range; the general path
 // decides (white space after the sign, overflow, no digits).
 template <bool Signed, unsigned long Max>
-[[gnu::always_inline]] inline const char *quick_integer(const char *p, const char *end, unsigned flags,
-                                                        unsigned long &value) noexcept {
+[[gnu::always_inline]] inline const char *fast_integer(const char *p, const char *end, unsigned flags,
+                                                       unsigned long &value) noexcept {
   if (p == end) return nullptr;
   const bool negative = *p == '-';
   if (negative || *p == '+') ++p;
   unsigned long sum;
   const char *const stop =
-      (flags & number_basefield) == number_dec ? quick_decimal(p, end, sum) : quick_based(p, end, sum, flags);
+      (flags & number_basefield) == number_dec ? fast_decimal(p, end, sum) : fast_based(p, end, sum, flags);
   if (!stop || !integer_fit(sum, negative, Signed, Max)) return nullptr;
   value = sum;
   return stop;
@@ -108,9 +108,9 @@ template <bool Signed, unsigned long Max>
 
 // The same for sign, digits, point, digits, exponent. Null, with `value` untouched, only when there is no digit
 // directly after sign and point. An exponent letter without digits is taken and means nothing.
-PLX_HIDDEN PLX_REGPARM const char *quick_real(const char *p, const char *end, float &value) noexcept;
-PLX_HIDDEN PLX_REGPARM const char *quick_real(const char *p, const char *end, double &value) noexcept;
-PLX_HIDDEN PLX_REGPARM const char *quick_real(const char *p, const char *end, long double &value) noexcept;
+PLX_HIDDEN PLX_REGPARM const char *fast_real(const char *p, const char *end, float &value) noexcept;
+PLX_HIDDEN PLX_REGPARM const char *fast_real(const char *p, const char *end, double &value) noexcept;
+PLX_HIDDEN PLX_REGPARM const char *fast_real(const char *p, const char *end, long double &value) noexcept;
 
 // A floating text while it is read: the caller tells the sign, the digits before and after the point, and the exponent.
 //

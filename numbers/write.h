@@ -1,12 +1,12 @@
 // Writing numbers, without locales and streams: the text that the C library's printf gives for the format that a
-// stream's flags stand for, in the "C" locale. num_put and the streams' own quick paths call these functions.
+// stream's flags stand for, in the "C" locale. num_put and the streams' own fast paths call these functions.
 //
 // All write forwards from `at` and return the end; no null character follows. Stores may go beyond the end, within the
 // room that each function asks for. None of them allocates, throws, or looks at the process's locale.
 //
 //     integer_text   "%ld" "%+ld" "%#lx" "%lo" ...       room integer_text_room
 //     pointer_text   "%p"                                room integer_text_room
-//     double_text    "%.*f" "%+.*e" "%#.*g" ...          room double_text_room, or quick_text_room if it may fail
+//     double_text    "%.*f" "%+.*e" "%#.*g" ...          room double_text_room, or fast_text_room if it may fail
 //     pad_integer, pad_float   width and fill round such a text
 #pragma once
 
@@ -16,7 +16,7 @@ namespace __zor {
 
 enum a_number_room : unsigned {
   integer_text_room = 16,
-  quick_text_room = 48,
+  fast_text_room = 48,
   double_text_room = 512,        // sign, 309 digits, a point of several bytes, 127 digits
   long_double_text_room = 5120,  // the same with 4933 digits
   pad_overrun = 16,
@@ -49,11 +49,11 @@ PLX_HIDDEN PLX_REGPARM char *pointer_text(char *at, const void *value) noexcept;
 PLX_HIDDEN PLX_REGPARM char *double_text(char *at, unsigned flags, unsigned precision, double value) noexcept;
 PLX_HIDDEN PLX_REGPARM char *long_double_text(char *at, unsigned flags, unsigned precision, long double value) noexcept;
 
-// The same text, or null where the quick way does not lead to certainty: special values, more digits than the
+// The same text, or null where the fast path cannot be certain: special values, more digits than the
 // processor's registers hold, halves within the error of the calculation, unusual rounding modes.
-PLX_HIDDEN PLX_REGPARM char *quick_double_text(char *at, unsigned flags, unsigned precision, double value) noexcept;
-PLX_HIDDEN PLX_REGPARM char *quick_long_double_text(char *at, unsigned flags, unsigned precision,
-                                                    long double value) noexcept;
+PLX_HIDDEN PLX_REGPARM char *fast_double_text(char *at, unsigned flags, unsigned precision, double value) noexcept;
+PLX_HIDDEN PLX_REGPARM char *fast_long_double_text(char *at, unsigned flags, unsigned precision,
+                                                   long double value) noexcept;
 
 // How many characters of a text `internal` keeps in front of the fill: the sign; for integers also the base.
 inline unsigned sign_prefix(const char *text) { return *text == '-' || *text == '+'; }

@@ -1,4 +1,4 @@
-// Floating values to text in every case: the quick way, or the C library's printf with its decimal point, which belongs
+// Floating values to text in every case: the fast path, or the C library's printf with its decimal point, which belongs
 // to the process's locale and may be several bytes, made the one character '.'.
 
 #include <locale.h>
@@ -34,13 +34,13 @@ char *printed_text(char *at, unsigned room, unsigned flags, unsigned precision, 
 }  // namespace
 
 PLX_HIDDEN PLX_REGPARM char *double_text(char *at, unsigned flags, unsigned precision, double value) noexcept {
-  char *const end = quick_double_text(at, flags, precision, value);
+  char *const end = fast_double_text(at, flags, precision, value);
   return end ? end : printed_text(at, double_text_room, flags, precision, value, '\0');
 }
 
 PLX_HIDDEN PLX_REGPARM char *long_double_text(char *at, unsigned flags, unsigned precision,
                                               long double value) noexcept {
-  char *const end = quick_long_double_text(at, flags, precision, value);
+  char *const end = fast_long_double_text(at, flags, precision, value);
   return end ? end : printed_text(at, long_double_text_room, flags, precision, value, 'L');
 }
 

@@ -101,10 +101,12 @@ void positions() {
   CHECK(b.pubseekpos(-1) == -1 && b.pubseekoff(0, ios_base::cur) == 0x7fffffff && b.in_avail() == -1);
   std::filebuf standard(stdout);
   CHECK(standard.close() == &standard && fileno(stdout) == 1 && fflush(stdout) == 0);
-  FILE *const shared = fopen(file->name(), "r");
-  std::filebuf over(shared);
-  while (over.sbumpc() != -1) {}
-  CHECK(feof(shared) && over.sungetc() == 0 && !feof(shared) && over.sgetc() == '9');
+  int ends[2];
+  CHECK_INT(pipe(ends), 0);
+  std::filebuf pipe_end(fdopen(ends[0], "r"));
+  CHECK(write(ends[1], "ab", 2) == 2 && pipe_end.sbumpc() == 'a' && pipe_end.sputbackc('z') == 'z');
+  CHECK(pipe_end.pubseekoff(0, ios_base::cur) == -1 && pipe_end.in_avail() == -1 && pipe_end.pubsync() == 0);
+  CHECK(pipe_end.sbumpc() == 'z' && pipe_end.sbumpc() == 'b' && close(ends[1]) == 0 && pipe_end.sgetc() == -1);
   // A file that is read through, with looks elsewhere, while stdio's buffer gets larger.
   std::string all, line;
   while (all.size() < 150000) all += "line " + std::string(all.size() % 97, 'x') + '\n';
@@ -172,8 +174,11 @@ void conversions() {
   const std::string threes(1000, '3');
   {
     std::ofstream f(file->name());
-    f.imbue(loc);
+    std::ofstream other("/dev/null");  // with a state of its own
+    f.imbue(loc), other.imbue(loc);
+    other << 'X';
     f << '*' << '-' << '\0';
+    other << 'Y';
     std::streambuf &b = *f.rdbuf();
     CHECK(b.sputc('*') == '*' && b.sputc('-') == '-' && b.sputc('\0') == 0 && b.sputc('!') == -1);
     CHECK(b.sputc('?') == -1 && b.sputc('#') == '#' && b.sputn("a-\0*", 4) == 4 && b.sputn("ab!", 3) == 0);
@@ -222,20 +227,26 @@ void full_device() {
   f << "more";
   f.close();
   CHECK(f.fail() && !f.is_open());
-  // Inserters of numbers, characters and C strings do not look at what is refused; flush and close tell, once.
+  // Inserters of numbers, characters and C strings do not look at what is refused; flush and close tell, once, also
+  // where stdio holds nothing back.
+  FILE *const unbuffered = fopen("/dev/full", "w");
+  setvbuf(unbuffered, 0, _IONBF, 0);
+  std::filebuf over(unbuffered);
+  std::ostream direct(&over);
   f.clear();
   f.open("/dev/full");
-  for (int how = 0; how < 4; ++how) {
-    for (int i = 0; i < 9000; ++i) {
-      if (how == 0) f << 'c';
-      if (how == 1) f << 12345678;
-      if (how == 2 && i == 0) f << much.c_str();
-      if (how == 3) f.put('p');
-      CHECK(f.good() || how == 3);
-    }
-    CHECK(f.flush().bad());
-    f.clear();
-    CHECK(how == 3 || f.flush().good());
+  for (int how = 0; how < 10; ++how) {
+    std::ostream &to = how % 2 ? direct : f;
+    if (how / 2 == 0) to << 'c';
+    if (how / 2 == 1) to << 12345678;
+    if (how / 2 == 2) to << much.c_str();
+    if (how / 2 == 3) to << 2.5;
+    if (how / 2 == 4) to.put('p');
+    CHECK(to.good() == (how != 9));
+    CHECK(to.flush().bad());
+    to.clear();
+    CHECK(to.flush().good() || how == 9 || how % 2 == 0);
+    to.clear();
   }
   f << much.c_str();
   f.close();

@@ -320,7 +320,7 @@ inline std::string perform(std::iostream &s, const an_operation &o, bool compara
       const bool far = !comparable && o.c > ' ' && o.width % 3 == 1;
       const long to = far ? 4096 * (1 + o.width % 9) - 3 + n % 6 : n % 200 - (o.c > ' ' ? 0 : 100);
       const std::ios_base::seekdir way = o.c > ' ' ? base::beg : o.width ? base::cur : base::end;
-      if (!comparable && way == base::beg && n % 2)
+      if (way == base::beg && n % 2)
         o.what == move_get ? void(s.seekg(std::streampos(to))) : void(s.seekp(std::streampos(to)));
       else
         o.what == move_get ? void(s.seekg(to, way)) : void(s.seekp(to, way));

@@ -109,6 +109,9 @@ void names_and_groups() {
   // As many groups as there may be, and a grouping as long as it likes to be.
   const std::locale threes(std::locale::classic(), new punctuation("\3")),
       odd(std::locale::classic(), new punctuation(std::string(100, '\1') + std::string(100, '\2')));
+  const std::locale indian(std::locale::classic(), new punctuation("\3\2"));
+  CHECK_TEXT(read<long>(dec, "12,34,567", indian).c_str(), "1234567.9");
+  CHECK_TEXT(read<long>(dec, "123,45,678", indian).c_str(), "12345678!.10");
   std::string many = "1", ones, wrong;
   for (int i = 0; i < 3000; ++i) many += ",000";
   CHECK_TEXT(read<double>(dec, many + "e-9000", threes).c_str(), "1.12007");

@@ -13,7 +13,7 @@ plays() {
   shift
   "$@" 2> log || { wrong "$world: does not build"; return; }
   # shellcheck disable=SC2086
-  ./program $scenes > got 2> log || wrong "$world: status $?"
+  timeout 100 ./program $scenes > got 2> log || wrong "$world: status $?"
   cmp want got > log || wrong "$world: $(diff -a want got | head -n 4)"
 }
 for flags in -O0 '-O2 -fomit-frame-pointer'; do

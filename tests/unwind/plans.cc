@@ -8,9 +8,11 @@
 
 namespace __zor {
 static unsigned made;
-bool make_plan(unsigned address, bool interrupted, a_plan &plan, a_frame_rules &) {
+bool make_plan(unsigned address, bool interrupted, a_plan &plan, a_frame_rules &rules) {
   ++made;
   plan = {};
+  plan.rules = address % 7 ? nullptr : &rules;
+  rules.arguments_size = address;
   plan.landing_pad = address * 3 + interrupted;
   return address % 64 != 5;  // some may not stay
 }
@@ -27,6 +29,7 @@ int main() {
         const unsigned before = made;
         const a_plan *plan = find_plan(address);
         wrong += plan->address != address || plan->landing_pad != address * 3;
+        wrong += plan->rules ? plan->rules->arguments_size != address : address % 7 == 0;
         wrong += is_remembered(plan) != (address % 64 != 5);
         const unsigned first = made;
         wrong += find_plan(address)->landing_pad != address * 3 || (made != first) != (address % 64 == 5) || first > before + 1;

@@ -1,4 +1,4 @@
-// The quick way from double and long double to text: the processor's long double holds the value times a power of ten
+// The fast path from double and long double to text: the processor's long double holds the value times a power of ten
 // with 64 bits, and where its rounding to an integer is certain, that integer has the digits that are wanted.
 //
 //     |value| * 10^m = scaled, with an error     1234.5678 * 10^2 = 123456.78
@@ -219,15 +219,15 @@ inline char *signed_text(char *at, unsigned flags, unsigned precision, bool nega
 
 }  // namespace
 
-PLX_HIDDEN PLX_REGPARM char *quick_double_text(char *at, unsigned flags, unsigned precision, double value) noexcept {
+PLX_HIDDEN PLX_REGPARM char *fast_double_text(char *at, unsigned flags, unsigned precision, double value) noexcept {
   a_double bits;
   bits.value = value;
   const a_magnitude number = {__builtin_fabs(value), bits.word[1] & 0x7FFFFFFF, bits.word[0] == 0, true};
   return signed_text(at, flags, precision, bits.word[1] >> 31, number);
 }
 
-PLX_HIDDEN PLX_REGPARM char *quick_long_double_text(char *at, unsigned flags, unsigned precision,
-                                                    long double value) noexcept {
+PLX_HIDDEN PLX_REGPARM char *fast_long_double_text(char *at, unsigned flags, unsigned precision,
+                                                   long double value) noexcept {
   const long double size = __builtin_fabsl(value);
   // Outside of a double's range the exponent is not looked up, and the conversion would set the processor's flags.
   const bool is_near = size >= __DBL_MIN__ && size <= __DBL_MAX__;

@@ -135,18 +135,18 @@ template <class Real> inline const char *read_real(const char *const begin, cons
 
 }  // namespace
 
-PLX_HIDDEN PLX_REGPARM const char *quick_real(const char *p, const char *end, float &value) noexcept {
+PLX_HIDDEN PLX_REGPARM const char *fast_real(const char *p, const char *end, float &value) noexcept {
   return read_real(p, end, value);
 }
-PLX_HIDDEN PLX_REGPARM const char *quick_real(const char *p, const char *end, double &value) noexcept {
+PLX_HIDDEN PLX_REGPARM const char *fast_real(const char *p, const char *end, double &value) noexcept {
   return read_real(p, end, value);
 }
-PLX_HIDDEN PLX_REGPARM const char *quick_real(const char *p, const char *end, long double &value) noexcept {
+PLX_HIDDEN PLX_REGPARM const char *fast_real(const char *p, const char *end, long double &value) noexcept {
   return read_real(p, end, value);
 }
 
-PLX_HIDDEN PLX_REGPARM const char *quick_based(const char *p, const char *end, unsigned long &value,
-                                               unsigned flags) noexcept {
+PLX_HIDDEN PLX_REGPARM const char *fast_based(const char *p, const char *end, unsigned long &value,
+                                              unsigned flags) noexcept {
   if (p == end) return nullptr;
   flags &= number_basefield;
   bool hex = flags == number_hex;
