@@ -79,7 +79,7 @@ run_minisat() {
   case $? in 10) cat model ;; 20) ;; *) return 1 ;; esac
 }
 
-# Cryptography: strings, exceptions, streams, maps, virtual bases; 869 tests of its own. Without the one function that
+# Cryptography: strings, exceptions, streams, maps, virtual bases; its own tests. Without the one function that
 # makes a string of wchar_t.
 package_cryptopp=libcrypto++
 build_cryptopp() {
