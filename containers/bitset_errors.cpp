@@ -1,9 +1,9 @@
 // The exceptions of bitset with their texts, thrown here so that no instantiation of the template holds code for it.
-// "occured" is the text that this library has always had in this place.
+// "occured" is the text of the interface.
 
 #include <stdexcept>
 
-#include <plx/bitset_words.h>
+#include <plx/containers/bitset_words.h>
 
 namespace __zor {
 

@@ -4,24 +4,24 @@
 
 #include <emmintrin.h>
 
-#define SSE2 __attribute__((__target__("sse2")))
+#include "../libC/i386/processor.h"
 
 namespace __zor {
 
 namespace {
 
-SSE2 inline __m128i load(const unsigned long *at) { return _mm_loadu_si128(reinterpret_cast<const __m128i *>(at)); }
-SSE2 inline void store(unsigned long *at, __m128i x) { _mm_storeu_si128(reinterpret_cast<__m128i *>(at), x); }
+PLX_SSE2 inline __m128i load(const unsigned long *at) { return _mm_loadu_si128(reinterpret_cast<const __m128i *>(at)); }
+PLX_SSE2 inline void store(unsigned long *at, __m128i x) { _mm_storeu_si128(reinterpret_cast<__m128i *>(at), x); }
 
 enum operation { op_and, op_or, op_xor };
 
-template <operation op> SSE2 inline __m128i combined(const unsigned long *a, const unsigned long *b) {
+template <operation op> PLX_SSE2 inline __m128i combined(const unsigned long *a, const unsigned long *b) {
   const __m128i x = load(a), y = load(b);
   return op == op_and ? _mm_and_si128(x, y) : op == op_or ? _mm_or_si128(x, y) : _mm_xor_si128(x, y);
 }
 
 template <operation op>
-SSE2 inline unsigned combine(unsigned long *dst, const unsigned long *a, const unsigned long *b, unsigned n) {
+PLX_SSE2 inline unsigned combine(unsigned long *dst, const unsigned long *a, const unsigned long *b, unsigned n) {
   unsigned i = 0;
   for (; i + 16 <= n; i += 16) {
     const __m128i r0 = combined<op>(a + i, b + i), r1 = combined<op>(a + i + 4, b + i + 4);
@@ -37,24 +37,24 @@ SSE2 inline unsigned combine(unsigned long *dst, const unsigned long *a, const u
 
 }  // namespace
 
-SSE2 unsigned vector_and_sse2(unsigned long *dst, const unsigned long *a, const unsigned long *b, unsigned n) {
+PLX_SSE2 unsigned vector_and_sse2(unsigned long *dst, const unsigned long *a, const unsigned long *b, unsigned n) {
   return combine<op_and>(dst, a, b, n);
 }
-SSE2 unsigned vector_or_sse2(unsigned long *dst, const unsigned long *a, const unsigned long *b, unsigned n) {
+PLX_SSE2 unsigned vector_or_sse2(unsigned long *dst, const unsigned long *a, const unsigned long *b, unsigned n) {
   return combine<op_or>(dst, a, b, n);
 }
-SSE2 unsigned vector_xor_sse2(unsigned long *dst, const unsigned long *a, const unsigned long *b, unsigned n) {
+PLX_SSE2 unsigned vector_xor_sse2(unsigned long *dst, const unsigned long *a, const unsigned long *b, unsigned n) {
   return combine<op_xor>(dst, a, b, n);
 }
 
-SSE2 unsigned vector_not_sse2(unsigned long *dst, const unsigned long *src, unsigned n) {
+PLX_SSE2 unsigned vector_not_sse2(unsigned long *dst, const unsigned long *src, unsigned n) {
   const __m128i ones = _mm_set1_epi32(-1);
   unsigned i = 0;
   for (; i + 4 <= n; i += 4) store(dst + i, _mm_xor_si128(load(src + i), ones));
   return i;
 }
 
-SSE2 unsigned shift_right_sse2(unsigned long *dst, const unsigned long *src, unsigned n, unsigned bits) {
+PLX_SSE2 unsigned shift_right_sse2(unsigned long *dst, const unsigned long *src, unsigned n, unsigned bits) {
   const __m128i by = _mm_cvtsi32_si128(static_cast<int>(bits));
   const __m128i rest = _mm_cvtsi32_si128(static_cast<int>(32 - bits));
   unsigned i = 0;
@@ -63,7 +63,7 @@ SSE2 unsigned shift_right_sse2(unsigned long *dst, const unsigned long *src, uns
   return i;
 }
 
-SSE2 unsigned shift_left_sse2(unsigned long *dst, const unsigned long *src, unsigned n, unsigned bits) {
+PLX_SSE2 unsigned shift_left_sse2(unsigned long *dst, const unsigned long *src, unsigned n, unsigned bits) {
   const __m128i by = _mm_cvtsi32_si128(static_cast<int>(bits));
   const __m128i rest = _mm_cvtsi32_si128(static_cast<int>(32 - bits));
   unsigned i = n;
@@ -74,7 +74,7 @@ SSE2 unsigned shift_left_sse2(unsigned long *dst, const unsigned long *src, unsi
   return n - i;
 }
 
-SSE2 unsigned any_sse2(const unsigned long *w, unsigned n, bool &found) {
+PLX_SSE2 unsigned any_sse2(const unsigned long *w, unsigned n, bool &found) {
   const __m128i zero = _mm_setzero_si128();
   unsigned i = 0;
   for (; i + 16 <= n; i += 16) {

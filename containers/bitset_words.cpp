@@ -1,7 +1,7 @@
 // The word operations under bitset, shared by all sizes of sets that are too long for inline code. They check nothing:
 // a shift must be less than 32 * n.
 
-#include <plx/bitset_words.h>
+#include <plx/containers/bitset_words.h>
 
 #include <string.h>
 

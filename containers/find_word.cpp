@@ -1,14 +1,14 @@
 // find on arrays of 32-bit elements: in the library because only here is it known what the processor can do.
 
-#include <plx/search_algorithms.h>
+#include <plx/algorithms/search_algorithms.h>
 
 #include "../libC/i386/processor.h"
 #include "find_word_sse2.h"
 
 namespace __zor {
 
-__attribute__((__regparm__(3))) const unsigned int *find_word(const unsigned int *first, const unsigned int *last,
-                                                              unsigned int word) PLX_NOTHROW {
+PLX_REGPARM const unsigned int *find_word(const unsigned int *first, const unsigned int *last,
+                                          unsigned int word) PLX_NOTHROW {
   if (processor_has(processor_sse2)) {
     first = find_word_sse2(first, last, word);
   } else {

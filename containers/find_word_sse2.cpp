@@ -4,21 +4,20 @@
 
 #include <emmintrin.h>
 
-#define SSE2 __attribute__((__target__("sse2")))
+#include "../libC/i386/processor.h"
 
 namespace __zor {
 
 namespace {
 
 // A bit for each byte of four words, set where the word is equal.
-SSE2 inline __m128i matches(const unsigned *at, __m128i wanted) {
+PLX_SSE2 inline __m128i matches(const unsigned *at, __m128i wanted) {
   return _mm_cmpeq_epi32(_mm_loadu_si128(reinterpret_cast<const __m128i *>(at)), wanted);
 }
 
 }  // namespace
 
-SSE2 __attribute__((__regparm__(3))) const unsigned *find_word_sse2(const unsigned *first, const unsigned *last,
-                                                                    unsigned word) {
+PLX_SSE2 PLX_REGPARM const unsigned *find_word_sse2(const unsigned *first, const unsigned *last, unsigned word) {
   const __m128i wanted = _mm_set1_epi32(static_cast<int>(word));
   for (; last - first >= 16; first += 16) {
     const __m128i a = matches(first, wanted), b = matches(first + 4, wanted);

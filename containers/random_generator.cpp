@@ -1,6 +1,6 @@
 // The generator's seeding and its draw, and the library's one generator.
 
-#include <plx/random_generator.h>
+#include <plx/base/random_generator.h>
 
 namespace {
 

@@ -1,7 +1,7 @@
 // The life of a red-black tree as a whole: making the header, walking, copying, clearing and destroying. Recursion goes
 // into right subtrees only, so it is never deeper than the tree is high.
 
-#include <plx/rb_tree_base.h>
+#include <plx/containers/rb_tree_base.h>
 
 #include "rb_tree_links.h"
 

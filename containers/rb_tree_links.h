@@ -10,7 +10,7 @@
 //          b   e         a   b
 #pragma once
 
-#include <plx/rb_tree_base.h>
+#include <plx/containers/rb_tree_base.h>
 
 namespace __zor {
 

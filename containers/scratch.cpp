@@ -1,6 +1,6 @@
 // Memory for sorting: the C library's, because a program's operator new and new handler have no part in it.
 
-#include <plx/list_sort.h>
+#include <plx/containers/list_sort.h>
 
 #include <stdlib.h>
 

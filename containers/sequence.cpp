@@ -1,7 +1,7 @@
 // What the sequences need out of line: the errors that they report, and growing a block of plain bytes, which the C
 // library often does where the block stands or by remapping its pages.
 
-#include <plx/sequence.h>
+#include <plx/containers/sequence.h>
 
 #include <stdlib.h>
 
@@ -17,14 +17,13 @@ void sequence_length_error() { std::length_error::__throw("Length exception occu
 namespace {
 
 // Apart, because compilers warn of realloc on a block of operator new: the library's own is malloc.
-__attribute__((__noinline__)) void *reallocated(void *block, size_t bytes) { return realloc(block, bytes); }
+PLX_NOINLINE void *reallocated(void *block, size_t bytes) { return realloc(block, bytes); }
 
 }  // namespace
 
 void *grow_block(void *block, size_t used, size_t bytes) {
   if (!block) return operator new(bytes);
-  static const bool replaced = operator_new_is_replaced();
-  if (!replaced) {
+  if (!operator_new_is_replaced()) {
     // On failure the block stays, and operator new asks the new handler.
     if (void *grown = reallocated(block, bytes)) return grown;
   }

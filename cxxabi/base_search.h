@@ -4,8 +4,8 @@
 
 #include "abi_type_info.h"
 
-extern "C" __attribute__((__visibility__("default"))) const void *const _ZTVN10__cxxabiv120__si_class_type_infoE[];
-extern "C" __attribute__((__visibility__("default"))) const void *const _ZTVN10__cxxabiv121__vmi_class_type_infoE[];
+extern "C" PLX_API const void *const _ZTVN10__cxxabiv120__si_class_type_infoE[];
+extern "C" PLX_API const void *const _ZTVN10__cxxabiv121__vmi_class_type_infoE[];
 
 namespace __cxxabiv1 {
 

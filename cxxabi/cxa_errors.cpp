@@ -3,7 +3,7 @@
 #include <stdlib.h>
 #include <unistd.h>
 
-#include <plx/config.h>
+#include <plx/base/config.h>
 #include <plx/runtime.h>
 
 namespace {

@@ -1,7 +1,7 @@
 // The entry points that compilers' code calls to throw and to handle (the C++ ABI's exception handling, level 2). One
 // throw is one entry of the throw stack, whoever throws.
 
-#include <plx/config.h>
+#include <plx/base/config.h>
 
 #include "../libC/foreign.h"
 #include "../libC/frames.h"
@@ -42,8 +42,7 @@ PLX_API void __cxa_free_exception(void *object) PLX_NOTHROW {
   free_finished_throws();
 }
 
-[[noreturn]] EH_FAST __attribute__((__visibility__("hidden"), __used__)) void __zor_cxa_throw_from(
-    const a_saved_frame *thrower) {
+[[noreturn]] PLX_REGPARM PLX_HIDDEN __attribute__((__used__)) void __zor_cxa_throw_from(const a_saved_frame *thrower) {
   a_throw_stack_entry *thrown = unthrown(reinterpret_cast<void *>(thrower->arguments[0]));
   // A destructor of C++ takes the object alone; a further argument does it no harm in this calling convention.
   thrown->destructor = reinterpret_cast<a_destructor>(thrower->arguments[2]);

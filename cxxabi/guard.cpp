@@ -4,7 +4,7 @@
 #include <stdlib.h>
 #include <unistd.h>
 
-#include <plx/config.h>
+#include <plx/base/config.h>
 
 extern "C" {
 

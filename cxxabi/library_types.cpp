@@ -52,9 +52,10 @@ const char *library_identity(const __cxxabiv1::abi_type_info *type) {
   const char *name = type->encoded_name();
   if (name[0] != 0 && name[1] == 0) return fundamental_identity(name[0]);
   const char *scope = name[0] == 'N' ? name + 1 : name;  // nested names
-  if (scope[0] != 'S' || scope[1] != 't') return nullptr;
+  if (scope[0] != 'S' || scope[1] != 't' || !name[2] || !name[3]) return nullptr;
   for (size_t i = 0; i < sizeof identities / sizeof *identities; ++i)
-    if (strcmp(name, encoded_names[i]) == 0) return identities[i];
+    if (name[3] == encoded_names[i][3] && name[4] == encoded_names[i][4] && strcmp(name, encoded_names[i]) == 0)
+      return identities[i];
   return nullptr;
 }
 

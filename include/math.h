@@ -12,7 +12,7 @@
 
 #ifdef __cplusplus
 
-#include <plx/config.h>
+#include <plx/base/config.h>
 
 #undef abs
 #undef acos
@@ -324,6 +324,9 @@ inline typename __common<typename __common<__T, __U>::__type, __V>::__type fma(_
 /* At the first inclusion that is not <cmath>'s. */
 #if defined __cplusplus && !defined __PLX_FOR_CMATH && !defined PLX_MATH_H_GLOBAL
 #define PLX_MATH_H_GLOBAL
+
+/* 1998, D.5: the names are in std as well. */
+#include <cmath>
 
 extern "C++" {
 using __plx_math::__later::fpclassify;

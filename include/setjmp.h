@@ -15,7 +15,7 @@
 #undef setjmp
 
 #ifdef __cplusplus
-#include <plx/config.h>
+#include <plx/base/config.h>
 extern "C" {
 struct __jmp_buf_tag *__zor_mark_jump(struct __jmp_buf_tag *) PLX_NOTHROW;
 void longjmp(struct __jmp_buf_tag *, int) PLX_NOTHROW __asm__("__zor_longjmp") __attribute__((__noreturn__));

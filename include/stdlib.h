@@ -8,7 +8,7 @@
 
 #ifdef __cplusplus
 
-#include <plx/config.h>
+#include <plx/base/config.h>
 
 /* The first declaration gives the name of the function that is called; the C library's own then agrees with it. */
 extern "C" {
@@ -27,6 +27,9 @@ inline long abs(long __x) PLX_NOTHROW { return __builtin_labs(__x); }
 __extension__ inline long long abs(long long __x) PLX_NOTHROW { return __builtin_llabs(__x); }
 inline ldiv_t div(long __x, long __y) PLX_NOTHROW { return ::ldiv(__x, __y); }
 }
+
+/* 1998, D.5: the names are in std as well. */
+#include <cstdlib>
 
 #else
 #include_next <stdlib.h>

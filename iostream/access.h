@@ -1,10 +1,10 @@
 // The library's way into the fields of streams and buffers, which their classes keep to themselves.
 #pragma once
 
-#include <plx/basic_ios.h>
-#include <plx/filebuf.h>
-#include <plx/streambuf_iterators.h>
-#include <plx/stringbuf.h>
+#include <plx/iostream/basic_ios.h>
+#include <plx/iostream/filebuf.h>
+#include <plx/iostream/stringbuf.h>
+#include <plx/streambuf/streambuf_iterators.h>
 
 #include "../locale/ios_base_access.h"
 
@@ -42,7 +42,7 @@ struct buffer_access {
   static FILE *file(std::streambuf &b) { return static_cast<std::filebuf &>(b)._file_; }
   static unsigned char &refills(std::filebuf &b) { return b._refills_; }
   static int sync(std::filebuf &b) { return b.std::filebuf::sync(); }  // of exactly a filebuf; throws nothing
-  static bool &lost(std::streambuf &b) { return static_cast<std::filebuf &>(b)._lost_; }
+  static void keep_write_error(std::filebuf &b) { b._write_error_ = true; }
 
   static std::streambuf *buffer(const std::istreambuf_iterator<char> &i) { return i._sb_; }
   static std::streambuf *buffer(const std::ostreambuf_iterator<char> &i) { return i._sb_; }

@@ -2,7 +2,7 @@
 
 #include "../containers/cleanup_by_hand.h"
 
-#include <plx/basic_ios.h>
+#include <plx/iostream/basic_ios.h>
 
 namespace std {
 

@@ -1,7 +1,7 @@
 // Strings as destinations of input.
 #pragma once
 
-#include <plx/basic_string.h>
+#include <plx/string/basic_string.h>
 
 #include "../libC/eh_tools.h"
 

@@ -1,6 +1,6 @@
 // ios_base::failure, the one exception of the streams.
 
-#include <plx/ios_base.h>
+#include <plx/streambuf/ios_base.h>
 
 #include "../exceptions/throw_object.h"
 

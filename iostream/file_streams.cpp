@@ -1,6 +1,6 @@
 // The file streams: how they open and close. All else is their bases' and the file buffer's.
 
-#include <plx/fstream.h>
+#include <plx/iostream/fstream.h>
 
 #include "stream_start.h"
 

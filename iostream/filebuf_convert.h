@@ -1,7 +1,7 @@
 // How a file buffer writes when its codecvt facet converts.
 #pragma once
 
-#include <plx/codecvt.h>
+#include <plx/facets/codecvt.h>
 
 #include "access.h"
 

@@ -1,8 +1,8 @@
 // The two ways of getline: for strings, and for arrays of n characters.
 #pragma once
 
-#include <plx/istream.h>
-#include <plx/basic_string.h>
+#include <plx/iostream/istream.h>
+#include <plx/string/basic_string.h>
 
 #define GET_LINE_CALL __attribute__((__visibility__("hidden"), __regparm__(3)))
 

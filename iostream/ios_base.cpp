@@ -2,7 +2,7 @@
 
 #include "../containers/cleanup_by_hand.h"
 
-#include <plx/ios_base.h>
+#include <plx/streambuf/ios_base.h>
 
 namespace std {
 

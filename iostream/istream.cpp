@@ -3,7 +3,7 @@
 
 #include "../containers/cleanup_by_hand.h"
 
-#include <plx/basic_iostream.h>
+#include <plx/iostream/basic_iostream.h>
 
 #include "input_operation.h"
 #include "stream_start.h"

@@ -7,9 +7,9 @@
 
 #include <new>
 
-#include <plx/filebuf.h>
-#include <plx/istream.h>
-#include <plx/ostream.h>
+#include <plx/iostream/filebuf.h>
+#include <plx/iostream/istream.h>
+#include <plx/iostream/ostream.h>
 #include <plx/runtime.h>
 
 using std::filebuf;

@@ -3,7 +3,7 @@
 #include "../containers/cleanup_by_hand.h"
 #include "move_block.h"
 
-#include <plx/streambuf.h>
+#include <plx/streambuf/streambuf.h>
 
 namespace std {
 

@@ -2,7 +2,7 @@
 
 #include "../containers/cleanup_by_hand.h"
 
-#include <plx/sstream.h>
+#include <plx/iostream/sstream.h>
 
 #include "stream_start.h"
 #include "stringbuf_block.h"

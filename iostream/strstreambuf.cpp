@@ -9,7 +9,7 @@
 
 #include "../containers/cleanup_by_hand.h"
 
-#include <plx/strstream.h>
+#include <plx/iostream/strstream.h>
 
 #include "offset.h"
 #include "stringbuf_block.h"

@@ -2,7 +2,7 @@
 
 #include "../containers/cleanup_by_hand.h"
 
-#include <plx/strstream.h>
+#include <plx/iostream/strstream.h>
 
 #include "stream_start.h"
 

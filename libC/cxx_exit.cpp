@@ -1,6 +1,7 @@
 // The exit(int) of C++ linkage. The C library's function of the same name is not in sight here.
 
+#include <plx/base/config.h>
 #include <plx/runtime.h>
 
-PLX_NORETURN __attribute__((__visibility__("default"))) void exit(int status);
+PLX_NORETURN PLX_API void exit(int status);
 void exit(int status) { __pliv_exit(status); }

@@ -1,7 +1,7 @@
 // Where a debugger finds the lists that nothing else exports. A record of its own, and exported, because a stripped
 // library has no other names of its data. gdb/plx_printers/roots.py reads it; nothing in a program does.
 
-#include <plx/config.h>
+#include <plx/base/config.h>
 
 #include "throw_stack.h"
 

@@ -6,9 +6,8 @@
 using namespace __zor;
 
 // __dynamic_cast under a name that no C++ compiler uses, for programs that hold code of both kinds.
-extern "C" __attribute__((__visibility__("default"))) void *__zor_dynamic_cast(void *object,
-                                                                               const a_virtual_table_slot *slot,
-                                                                               const a_type_info_impl *target) {
+extern "C" PLX_API void *__zor_dynamic_cast(void *object, const a_virtual_table_slot *slot,
+                                            const a_type_info_impl *target) {
   void *complete = static_cast<char *>(object) - slot->offset;
   if (!target || same_type(slot->type, target)) return complete;
   void *converted;

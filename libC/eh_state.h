@@ -2,10 +2,8 @@
 // each other. Nothing outside libC/, cxxabi/ and unwind/ includes this.
 #pragma once
 
+#include <plx/base/config.h>
 #include <plx/runtime.h>
-
-// Functions on the way of every throw take their arguments in registers.
-#define EH_FAST __attribute__((__regparm__(3)))
 
 namespace __zor {
 

@@ -8,8 +8,8 @@ namespace __zor {
 
 const an_exception_type_specification eh_catch_all = {nullptr, PLX_TYPE_ELLIPSIS | PLX_TYPE_LAST};
 
-__attribute__((__noinline__)) int eh_try_erased(const an_exception_type_specification *list, void (*body)(void *),
-                                                void *body_data, void (*handler)(void *, void *), void *handler_data) {
+PLX_NOINLINE int eh_try_erased(const an_exception_type_specification *list, void (*body)(void *), void *body_data,
+                               void (*handler)(void *, void *), void *handler_data) {
   an_eh_stack_entry entry;
   entry.kind = PLX_EH_TRY_BLOCK;
   entry.body.try_block.clause_list = list;

@@ -51,10 +51,6 @@ void unwind_entry(an_eh_stack_entry *entry);
 // Takes entries off the marker's link, and cleans up what they stand for, up to `last`, which stays. Used by both.
 void unwind_entries(a_throw_stack_entry *thrown, an_eh_stack_entry *last);
 
-// The stack address of an entry; `stack_pointer` is the searcher's, and entries that lie elsewhere have their own
-// rules.
-unsigned position_of(an_eh_stack_entry *entry, unsigned stack_pointer);
-
 // Where the search ended because the code there has no unwind table, for the report; 0 elsewhere.
 extern unsigned address_without_table;
 

@@ -4,7 +4,7 @@
 
 #include <setjmp.h>
 
-#include <plx/config.h>
+#include <plx/base/config.h>
 
 #include "throw_stack.h"
 

@@ -56,7 +56,7 @@ inline bool choose(a_throw_state &state, an_eh_stack_entry *entry) {
   return true;
 }
 
-inline __attribute__((__always_inline__)) bool looks_at(an_eh_stack_entry *entry, a_throw_stack_entry *thrown) {
+PLX_ALWAYS_INLINE bool looks_at(an_eh_stack_entry *entry, a_throw_stack_entry *thrown) {
   a_throw_state &state = state_of(thrown);
   switch (entry->kind) {
     case PLX_EH_TRY_BLOCK: {
@@ -94,8 +94,7 @@ inline __attribute__((__always_inline__)) bool looks_at(an_eh_stack_entry *entry
   }
 }
 
-[[noreturn]] inline __attribute__((__always_inline__)) void handle_in_try(an_eh_stack_entry *entry,
-                                                                          a_throw_stack_entry *thrown) {
+[[noreturn]] PLX_ALWAYS_INLINE void handle_in_try(an_eh_stack_entry *entry, a_throw_stack_entry *thrown) {
   const a_throw_state &state = state_of(thrown);
   const unsigned short region = entry->body.try_block.try_region;
   if (__eh_curr_region != region) {
@@ -196,8 +195,7 @@ void end_without_handler(a_throw_stack_entry *thrown) {
 
 extern "C" {
 
-[[noreturn]] EH_FAST __attribute__((__visibility__("hidden"), __used__)) void __zor_throw_from(
-    const a_saved_frame *thrower) {
+[[noreturn]] PLX_REGPARM PLX_HIDDEN __attribute__((__used__)) void __zor_throw_from(const a_saved_frame *thrower) {
   a_throw_stack_entry *thrown = curr_throw_stack_entry;
   if (!thrown) assertion_failed(916);
   end_wait(thrown);
@@ -206,8 +204,7 @@ extern "C" {
   throw_exception(thrown, thrower);
 }
 
-[[noreturn]] EH_FAST __attribute__((__visibility__("hidden"), __used__)) void __zor_rethrow_from(
-    const a_saved_frame *thrower) {
+[[noreturn]] PLX_REGPARM PLX_HIDDEN __attribute__((__used__)) void __zor_rethrow_from(const a_saved_frame *thrower) {
   a_throw_stack_entry *source = exception_to_rethrow();
   if (!source) terminate_because(nothing_to_rethrow);
   throw_exception(push_rethrow(source), thrower);

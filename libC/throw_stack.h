@@ -37,7 +37,7 @@ inline void begin_wait(a_throw_stack_entry *thrown, a_pending_step step, an_eh_s
   pending_throws = thrown;
 }
 
-inline __attribute__((__always_inline__)) void end_wait(a_throw_stack_entry *thrown) {
+PLX_ALWAYS_INLINE void end_wait(a_throw_stack_entry *thrown) {
   state_of(thrown).step = a_pending_step::none;
   if (__builtin_expect(pending_throws == thrown, 1))
     pending_throws = state_of(thrown).next_pending;
@@ -70,9 +70,8 @@ inline void push_entry(a_throw_stack_entry *thrown, const a_type_info_impl *type
 }
 
 // Pushes a throw with storage for its object.
-inline __attribute__((__always_inline__)) a_throw_stack_entry *push_throw(const a_type_info_impl *type,
-                                                                          unsigned int bytes, a_destructor destructor,
-                                                                          unsigned char flags) {
+PLX_ALWAYS_INLINE a_throw_stack_entry *push_throw(const a_type_info_impl *type, unsigned int bytes,
+                                                  a_destructor destructor, unsigned char flags) {
   void *entry;
   void *object = eh_alloc_two_on_stack(bytes, sizeof(a_throw_stack_entry), &entry);
   auto *thrown = static_cast<a_throw_stack_entry *>(entry);
@@ -82,7 +81,7 @@ inline __attribute__((__always_inline__)) a_throw_stack_entry *push_throw(const 
 
 // Pushes a throw of C++: entry, header and object in one piece. The alignment of a type divides its size, so the size
 // tells the most that the object can need; 16 is what the C++ ABI promises to any.
-inline __attribute__((__always_inline__)) a_throw_stack_entry *push_throw_with_header(unsigned int bytes) {
+PLX_ALWAYS_INLINE a_throw_stack_entry *push_throw_with_header(unsigned int bytes) {
   const unsigned int fixed = sizeof(a_throw_stack_entry) + sizeof(an_exception_header);
   unsigned int alignment = bytes & -bytes;
   if (alignment <= 16) alignment = 16;
@@ -136,7 +135,7 @@ inline void release(a_throw_stack_entry *thrown) {
 }
 
 // Frees what is finished, from the top down to the first entry that is not.
-inline __attribute__((__always_inline__)) void free_finished_throws() {
+PLX_ALWAYS_INLINE void free_finished_throws() {
   while (a_throw_stack_entry *thrown = curr_throw_stack_entry) {
     if (!thrown->released || state_of(thrown).step != a_pending_step::none) break;
     curr_throw_stack_entry = thrown->next;

@@ -1,7 +1,7 @@
 // The scanners' view of a source of characters: look at the next one, pass it.
 #pragma once
 
-#include <plx/character_source.h>
+#include <plx/streambuf/character_source.h>
 
 namespace __zor {
 

@@ -3,7 +3,7 @@
 
 #include <string.h>
 
-#include <plx/codecvt.h>
+#include <plx/facets/codecvt.h>
 
 #include "standard_facets.h"
 

@@ -1,6 +1,6 @@
 // collate<char> and collate_byname<char>, by the C library's comparison and sort keys.
 
-#include <plx/collate.h>
+#include <plx/facets/collate.h>
 
 #include "../libC/eh_tools.h"
 #include "c_locale.h"
@@ -19,8 +19,8 @@ const size_t short_text = 120;
 
 class long_text {
 public:
-  // A call, not a new-expression: compilers take those for calls that look at no other memory, and would not let the
-  // runtime see, when it throws, that the text before is to be freed.
+  // A call, not a new-expression: compilers assume that those read no memory, and sink the stores that link the
+  // eh_local before past them.
   explicit long_text(size_t n) : text_(static_cast<char *>(operator new[](n + 1))) {}
   ~long_text() { operator delete[](text_); }
   long_text(const long_text &) = delete;

@@ -2,7 +2,7 @@
 
 #include <string.h>
 
-#include <plx/ctype.h>
+#include <plx/facets/ctype.h>
 
 #include "standard_facets.h"
 

@@ -3,7 +3,7 @@
 
 #include <ctype.h>
 
-#include <plx/ctype.h>
+#include <plx/facets/ctype.h>
 
 #include "c_locale.h"
 

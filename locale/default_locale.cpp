@@ -13,7 +13,7 @@
 
 #include <new>
 
-#include <plx/locale_core.h>
+#include <plx/locale/locale_core.h>
 #include <plx/runtime.h>
 
 namespace std {

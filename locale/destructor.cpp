@@ -1,6 +1,6 @@
 // locale's destructor as a function: C++ has it inline, generated C hands its address to the runtime.
 
-#include <plx/locale_core.h>
+#include <plx/locale/locale_core.h>
 
 extern "C" {
 PLX_API void locale_destructor(std::locale *loc) __asm__("_ZNSt6localeD1Ev");

@@ -3,7 +3,7 @@
 
 #include <typeinfo>
 
-#include <plx/locale_core.h>
+#include <plx/locale/locale_core.h>
 
 namespace std {
 

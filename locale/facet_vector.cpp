@@ -4,6 +4,6 @@
 
 #include <vector>
 
-#include <plx/locale_core.h>
+#include <plx/locale/locale_core.h>
 
 template class std::vector<std::locale::facet *>;

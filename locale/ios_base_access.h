@@ -1,7 +1,7 @@
 // The library's way into the fields of ios_base: what facets and streams read of one, without the copy of a locale.
 #pragma once
 
-#include <plx/ios_base.h>
+#include <plx/streambuf/ios_base.h>
 
 namespace __zor {
 

@@ -4,7 +4,7 @@
 #include <nl_types.h>
 #include <stdlib.h>
 
-#include <plx/messages.h>
+#include <plx/facets/messages.h>
 
 namespace std {
 

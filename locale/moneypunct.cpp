@@ -1,6 +1,6 @@
 // moneypunct: the C library's punctuation of money, copied when the facet is built.
 
-#include <plx/moneypunct.h>
+#include <plx/facets/moneypunct.h>
 
 #include "../libC/eh_tools.h"
 #include "c_locale.h"

@@ -1,5 +1,5 @@
 // The instantiations of num_get: over stream buffers, which every locale holds, and over pointers.
-#include <plx/num_get.h>
+#include <plx/facets/num_get.h>
 
 #include "standard_facets.h"
 

@@ -1,6 +1,6 @@
 // num_get's scanner of the names of true and false (1998, 22.2.2.1.2).
-#include <plx/num_get.h>
-#include <plx/numpunct.h>
+#include <plx/facets/num_get.h>
+#include <plx/facets/numpunct.h>
 
 #include "../libC/eh_tools.h"
 #include "character_cursor.h"

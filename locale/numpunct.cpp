@@ -1,6 +1,6 @@
 // numpunct<char>: the C library's punctuation of numbers, copied when the facet is built.
 
-#include <plx/numpunct.h>
+#include <plx/facets/numpunct.h>
 
 #include "../libC/eh_tools.h"
 #include "c_locale.h"

@@ -2,7 +2,7 @@
 // passes, until it is released. Always as eh_local<...>.
 #pragma once
 
-#include <plx/locale_core.h>
+#include <plx/locale/locale_core.h>
 
 #include "../libC/eh_tools.h"
 

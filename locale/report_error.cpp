@@ -3,7 +3,7 @@
 #include <stdio.h>
 #include <stdlib.h>
 
-#include <plx/locale_core.h>
+#include <plx/locale/locale_core.h>
 
 void __vexil_report_error(const char *text) {
   fprintf(stderr, "%s\n", text);

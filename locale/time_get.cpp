@@ -1,6 +1,6 @@
 // The scanners of time_get. Input cannot be put back: what was read and then does not fit is an error.
 
-#include <plx/time_get.h>
+#include <plx/facets/time_get.h>
 
 #include <string.h>
 

@@ -1,7 +1,7 @@
 // The names of days, months and halves of the day, as strftime knows them.
 #pragma once
 
-#include <plx/time_put.h>
+#include <plx/facets/time_put.h>
 
 namespace __zor {
 

@@ -1,6 +1,6 @@
 // The texts of time_put.
 
-#include <plx/time_put.h>
+#include <plx/facets/time_put.h>
 
 #include <string.h>
 

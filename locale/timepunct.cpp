@@ -1,6 +1,6 @@
 // timepunct<char>: the names of one locale; and the text of one conversion, which it shares with time_put.
 
-#include <plx/timepunct.h>
+#include <plx/facets/timepunct.h>
 
 #include <string.h>
 

@@ -10,6 +10,7 @@ const char *find_pattern(const char *text, const char *end, const char *pattern,
 
 // Looks at 16 places at once for the first and the last character. Where these meet too often without a match, it gives
 // up: then `text` is where the search must go on, and the result is null. Otherwise `text` is null after the search.
-PLX_STRING_HIDDEN const char *find_pattern_sse2(const char *&text, const char *end, const char *pattern, unsigned n);
+PLX_HIDDEN PLX_NOINLINE PLX_REGPARM const char *find_pattern_sse2(const char *&text, const char *end,
+                                                                  const char *pattern, unsigned n);
 
 }  // namespace __zor

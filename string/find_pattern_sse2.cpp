@@ -3,20 +3,18 @@
 #include <emmintrin.h>
 #include <string.h>
 
+#include "../libC/i386/processor.h"
 #include "find_pattern.h"
 
 namespace __zor {
 
 namespace {
 
-__attribute__((__target__("sse2"))) inline __m128i load(const char *at) {
-  return _mm_loadu_si128(reinterpret_cast<const __m128i *>(at));
-}
+PLX_SSE2 inline __m128i load(const char *at) { return _mm_loadu_si128(reinterpret_cast<const __m128i *>(at)); }
 
 }  // namespace
 
-__attribute__((__target__("sse2"))) const char *find_pattern_sse2(const char *&text, const char *end,
-                                                                  const char *pattern, unsigned n) {
+PLX_SSE2 const char *find_pattern_sse2(const char *&text, const char *end, const char *pattern, unsigned n) {
   const __m128i first = _mm_set1_epi8(pattern[0]);
   const __m128i last = _mm_set1_epi8(pattern[n - 1]);
   const char *const begin = text;
@@ -35,6 +33,7 @@ __attribute__((__target__("sse2"))) const char *find_pattern_sse2(const char *&t
       }
       compared += n;
     }
+    // Beyond the first 16 KB of comparisons, four characters may be compared for each of progress.
     if (__builtin_expect(compared / 4 > 4096 + static_cast<unsigned>(at - begin), false)) {
       text = at + 16;
       return nullptr;

@@ -128,7 +128,7 @@ template <class Source> void insert(b_str_ref *&rep, unsigned pos, Source source
   exchange(rep, pos, 0, source, n);
 }
 
-[[gnu::always_inline]] inline void erase(b_str_ref *&rep, unsigned pos, unsigned n) {
+PLX_ALWAYS_INLINE void erase(b_str_ref *&rep, unsigned pos, unsigned n) {
   const unsigned length = rep->length;
   if (pos > length) fail_out_of_range();
   if (n > length - pos) n = length - pos;

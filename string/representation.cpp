@@ -20,14 +20,14 @@ unsigned block_bytes(unsigned capacity, unsigned room) {
   for (;;) operator delete(operator new(no_limit));
 }
 
-[[gnu::noinline]] b_str_ref *make_filled(unsigned n, char c) {
+PLX_NOINLINE b_str_ref *make_filled(unsigned n, char c) {
   b_str_ref *rep = make_representation(capacity_for(n));
   fill_characters(rep->data, n, c);
   set_length(rep, n);
   return rep;
 }
 
-[[gnu::noinline]] b_str_ref *make_other(const char *text, unsigned n) {
+PLX_NOINLINE b_str_ref *make_other(const char *text, unsigned n) {
   if (n == string_npos) fail_out_of_range();
   return text ? make_text(text, n) : make_filled(n, 0);
 }

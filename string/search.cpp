@@ -2,7 +2,7 @@
 
 #include <string.h>
 
-#include <plx/string_search.h>
+#include <plx/string/string_search.h>
 
 #include "find_pattern.h"
 

@@ -16,6 +16,8 @@ struct a_range {
   }
 };
 
+const a_range everywhere = {nullptr, reinterpret_cast<const byte *>(0xFFFFFFFF)};
+
 // Tables name places by distances, and a damaged one any distance: this is the address, wherever it is.
 inline const byte *at_distance(const byte *from, unsigned distance) {
   return reinterpret_cast<const byte *>(reinterpret_cast<unsigned>(from) + distance);

@@ -83,8 +83,7 @@ using namespace __zor;
 
 extern "C" {
 
-[[noreturn]] EH_FAST __attribute__((__visibility__("hidden"), __used__)) void __zor_resume_slowly(
-    an_exception_header *exception) {
+[[noreturn]] PLX_REGPARM PLX_HIDDEN __attribute__((__used__)) void __zor_resume_slowly(an_exception_header *exception) {
   go_on(exception->thrown);
 }
 

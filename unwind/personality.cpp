@@ -2,7 +2,7 @@
 // up, and take part in nothing else: handlers, catch (...) too, are for our own exceptions. Those never come here,
 // since the walk reads the tables itself; the name of this function tells it whose they are.
 
-#include <plx/config.h>
+#include <plx/base/config.h>
 
 #include "../libC/throw_stack.h"
 #include "foreign_unwinder.h"
@@ -17,8 +17,8 @@ const int search_phase = 1;
 
 // A clean-up that leads into catch (...) is none: compilers make one landing of the two.
 bool has_clean_up(const a_plan *plan) {
-  if (plan->handling != a_plan::clauses) return plan->handling == a_plan::clean_up;
-  const an_exception_table table(plan->range, plan->exception_table, plan->function);
+  if (plan->handling <= a_plan::clean_up) return plan->handling == a_plan::clean_up;
+  const an_exception_table table = plan->table();
   bool found = false;
   for (const byte *at = plan->action; at;) {
     const int filter = table.next_action(at);
@@ -31,7 +31,7 @@ bool has_clean_up(const a_plan *plan) {
 // Entries of frames that the other unwinder has left already.
 void unwind_entries_below(unsigned stack_pointer) {
   while (an_eh_stack_entry *entry = __curr_eh_stack_entry) {
-    if (position_of(entry, 0) >= stack_pointer) return;
+    if (position_of(entry, 0, reinterpret_cast<unsigned>(__libc_stack_end)) >= stack_pointer) return;
     if (pending_throws) end_waits_at(entry);
     __curr_eh_stack_entry = entry->next;
     unwind_entry(entry);
@@ -57,7 +57,7 @@ PLX_API int __gxx_personality_v0(int, int actions, unsigned long long, void *exc
   return install_context;
 }
 
-[[noreturn]] EH_FAST __attribute__((__visibility__("hidden"), __used__)) void __zor_resume_foreign(void *exception) {
+[[noreturn]] PLX_REGPARM PLX_HIDDEN __attribute__((__used__)) void __zor_resume_foreign(void *exception) {
   void (*resume)(void *) = foreign_resume();
   if (resume) resume(exception);
   terminate_because("another library's exception, and nobody to go on with it");

@@ -11,9 +11,14 @@
 
 namespace __zor {
 
+struct a_clause {
+  const void *type;  // null: any
+  int selector;      // that it lands with; 0: there is no clause
+};
+
 struct a_plan {
   unsigned address;  // the return address; 0: not in use
-  a_plan *caller;    // the plan that the walk needed next, last time; only a guess
+  a_plan *caller;    // the plan that the walk needed next, last time: only a guess, and never null
 
   enum a_shape : byte {
     plain,      // as above
@@ -27,8 +32,9 @@ struct a_plan {
     none,
     terminate,   // an exception must not leave the call
     clean_up,    // land, whatever the exception is
-    one_clause,  // `type` or nothing
-    clauses      // the actions decide
+    one_or_two,  // `clauses`, if they take the exception
+    one_or_two_and_clean_up,
+    actions  // the table's decide
   } handling;
   byte cfa_register;
   bool caller_is_interrupted;  // a signal frame: the caller was at the very instruction
@@ -36,14 +42,16 @@ struct a_plan {
   short saved[4];  // of ebx, esi, edi, ebp: distance from the CFA; 0: in the register still
   unsigned landing_pad;
   unsigned arguments_size;
-  const void *type;  // of the first clause; null: any
-  int selector;      // that the first clause lands with
+  a_clause clauses[2];
   const byte *action;
   unsigned function;  // for the exception table
   const byte *exception_table;
-  a_range range;
   a_frame_rules *rules;
+
+  // What it leads to has been checked.
+  an_exception_table table() const { return {everywhere, exception_table, function}; }
 };
+static_assert(sizeof(a_plan) == 64, "one line of the cache");
 
 // The plan of a return address; never null. It is valid until the next call.
 a_plan *find_plan(unsigned address);

@@ -67,11 +67,23 @@ void take_rules(const a_frame_entry &entry, a_frame_rules &rules, a_plan &plan) 
   }
 }
 
+// Nearly all chains of actions are short: one or two types, and perhaps a clean-up behind them.
+a_plan::a_handling take_clauses(const an_exception_table &table, a_plan &plan) {
+  unsigned clauses = 0;
+  for (const byte *next = plan.action; next;) {
+    const int filter = table.next_action(next);
+    if (filter == 0 && !next) return clauses ? a_plan::one_or_two_and_clean_up : a_plan::clean_up;
+    if (filter <= 0 || clauses == 2) return a_plan::actions;
+    plan.clauses[clauses++] = {table.type(static_cast<unsigned>(filter)), filter};
+  }
+  return a_plan::one_or_two;
+}
+
 // Returns false for a damaged table.
-bool take_handling(const a_frame_entry &entry, unsigned address, a_plan &plan) {
+bool take_handling(const an_object &object, const a_frame_entry &entry, unsigned address, a_plan &plan) {
   plan.function = entry.start;
   plan.exception_table = reinterpret_cast<const byte *>(entry.exception_table);
-  an_exception_table table(plan.range, plan.exception_table, entry.start);
+  an_exception_table table(object.range, plan.exception_table, entry.start);
   if (table.is_damaged()) return false;
   const a_call_site site = table.find_call_site(address);
   if (table.is_damaged()) return false;
@@ -84,14 +96,8 @@ bool take_handling(const a_frame_entry &entry, unsigned address, a_plan &plan) {
     plan.handling = a_plan::clean_up;
   } else {
     if (!table.check_actions(site.action)) return false;
-    const byte *next = site.action;
-    const int filter = table.next_action(next);
     plan.action = site.action;
-    plan.selector = filter;
-    plan.handling = filter == 0 && !next  ? a_plan::clean_up
-                    : filter > 0 && !next ? a_plan::one_clause
-                                          : a_plan::clauses;
-    if (filter > 0) plan.type = table.type(static_cast<unsigned>(filter));
+    plan.handling = take_clauses(table, plan);
   }
   return true;
 }
@@ -105,7 +111,6 @@ bool make_plan(unsigned address, bool interrupted, a_plan &plan, a_frame_rules &
   const unsigned instruction = interrupted ? address : address - 1;
   an_object object;
   if (!find_object(instruction, object)) return false;
-  plan.range = object.range;
   a_frame_entry entry;
   switch (find_frame_entry(object, instruction, entry)) {
     case a_lookup::found: break;
@@ -118,8 +123,9 @@ bool make_plan(unsigned address, bool interrupted, a_plan &plan, a_frame_rules &
   }
   take_rules(entry, rules, plan);
   // Other languages' and libraries' tables are theirs to read.
-  if (entry.exception_table && entry.personality == reinterpret_cast<unsigned>(__gxx_personality_v0) &&
-      !take_handling(entry, instruction, plan)) {
+  const bool is_ours = entry.personality == reinterpret_cast<unsigned>(__gxx_personality_v0);
+  if (entry.exception_table && is_ours && plan.shape != a_plan::outermost &&
+      !take_handling(object, entry, instruction, plan)) {
     plan.shape = a_plan::damaged;
     return false;
   }

@@ -8,15 +8,24 @@
 
 #include <stdlib.h>
 
+#include <new>
+
+#include <plx/base/config.h>
+
 namespace __zor {
 namespace {
 
-const unsigned first_plans = 128;
+const unsigned first_plans = 32;
 const unsigned chunk_plans = 256;
+const unsigned first_rules = 4;
 const unsigned most_plans = first_plans + 128 * chunk_plans;  // 2.5 MB
 
-a_plan initial_plans[first_plans];
+// Small, and side by side: the first throw touches few pages, and not the heap.
 a_plan *initial_index[4 * first_plans];
+a_plan initial_plans[first_plans];
+a_frame_rules initial_rules[first_rules];
+unsigned known_initial_rules;
+
 a_plan *chunks[(most_plans - first_plans) / chunk_plans];
 
 a_plan **index_ = initial_index;
@@ -68,6 +77,17 @@ void grow_index() {
   for (unsigned i = 0; i < known_plans; ++i) enter(plan_number(i));
 }
 
+// A copy that stays, or null.
+a_frame_rules *keep_rules() {
+  void *place =
+      known_initial_rules < first_rules ? &initial_rules[known_initial_rules++] : malloc(sizeof(a_frame_rules));
+  return place ? new (place) a_frame_rules(momentary_rules) : nullptr;
+}
+
+void drop_rules(a_frame_rules *rules) {
+  if (rules < initial_rules || rules >= initial_rules + first_rules) free(rules);
+}
+
 // A plan to fill that is not in the index, or null.
 a_plan *take_plan() {
   if (known_plans < most_plans) {
@@ -84,26 +104,27 @@ a_plan *take_plan() {
   a_plan *plan = plan_number(oldest_plan);
   oldest_plan = (oldest_plan + 1) % most_plans;
   leave(plan);
-  free(plan->rules);
+  drop_rules(plan->rules);
   return plan;
 }
 
-__attribute__((__noinline__)) a_plan *new_plan(unsigned address) {
+PLX_NOINLINE a_plan *new_plan(unsigned address) {
   const bool may_stay = make_plan(address, false, momentary_plan, momentary_rules);
   momentary_plan.address = address;
+  momentary_plan.caller = &momentary_plan;
   if (!may_stay) return &momentary_plan;
   a_frame_rules *rules = nullptr;
   if (momentary_plan.rules) {
-    rules = static_cast<a_frame_rules *>(malloc(sizeof *rules));
+    rules = keep_rules();
     if (!rules) return &momentary_plan;
-    *rules = momentary_rules;
   }
   a_plan *plan = take_plan();
   if (!plan) {
-    free(rules);
+    drop_rules(rules);
     return &momentary_plan;
   }
   *plan = momentary_plan;
+  plan->caller = plan;
   plan->rules = rules;
   enter(plan);
   return plan;
@@ -119,7 +140,8 @@ a_plan *find_plan(unsigned address) {
 
 a_plan *find_plan_of_interrupted(unsigned address) {
   make_plan(address, true, momentary_plan, momentary_rules);
-  momentary_plan.address = 0;
+  momentary_plan.address = 1;  // no return address, and not the 0 that ends a stack
+  momentary_plan.caller = &momentary_plan;
   return &momentary_plan;
 }
 
@@ -128,11 +150,11 @@ bool is_remembered(const a_plan *plan) { return plan != &momentary_plan; }
 void forget_plans() {
   for (unsigned i = 0; i < known_plans; ++i) {
     a_plan *plan = plan_number(i);
-    free(plan->rules);
+    drop_rules(plan->rules);
     plan->rules = nullptr;
     plan->address = 0;
   }
-  known_plans = oldest_plan = 0;
+  known_plans = oldest_plan = known_initial_rules = 0;
   for (unsigned slot = 0; slot <= index_mask; ++slot) index_[slot] = nullptr;
 }
 

@@ -23,11 +23,10 @@ namespace __zor {
 
 namespace {
 
-inline __attribute__((__always_inline__)) a_plan *plan_of_caller(a_plan *plan, const a_machine_frame &frame) {
-  a_plan *guess = plan->caller;
-  if (__builtin_expect(guess && guess->address == frame.address, 1)) return guess;
-  if (plan->caller_is_interrupted) return find_plan_of_interrupted(frame.address);
-  a_plan *found = find_plan(frame.address);
+// When the guess was wrong.
+PLX_NOINLINE a_plan *find_caller(a_plan *plan, unsigned address) {
+  if (plan->caller_is_interrupted) return find_plan_of_interrupted(address);
+  a_plan *found = find_plan(address);
   if (is_remembered(plan) && is_remembered(found)) plan->caller = found;
   return found;
 }
@@ -35,8 +34,7 @@ inline __attribute__((__always_inline__)) a_plan *plan_of_caller(a_plan *plan, c
 inline unsigned stack_word(unsigned address) { return *reinterpret_cast<const unsigned *>(address); }
 
 // A frame's CFA must lie above what the frame calls, and on the stack: a damaged table must not lead in a circle.
-inline __attribute__((__always_inline__)) bool cfa_of(const a_plan *plan, const a_machine_frame &frame,
-                                                      unsigned stack_end, unsigned &cfa) {
+PLX_ALWAYS_INLINE bool cfa_of(const a_plan *plan, const a_machine_frame &frame, unsigned stack_end, unsigned &cfa) {
   if (__builtin_expect(plan->shape == a_plan::plain, 1)) {
     cfa = frame.registers[plan->cfa_register] + static_cast<unsigned>(plan->cfa_offset);
   } else if (plan->shape == a_plan::realigned) {
@@ -54,8 +52,9 @@ inline __attribute__((__always_inline__)) bool cfa_of(const a_plan *plan, const 
   return cfa > frame.registers[register_esp] && cfa <= stack_end;
 }
 
-inline __attribute__((__always_inline__)) bool step(const a_plan *plan, unsigned cfa, a_machine_frame &frame) {
-  if (__builtin_expect(plan->shape != a_plan::plain, 0)) return step_by_rules(*plan->rules, cfa, frame);
+PLX_ALWAYS_INLINE bool step(const a_plan *plan, unsigned cfa, a_machine_frame &frame) {
+  if (__builtin_expect(plan->shape != a_plan::plain, 0))
+    return plan->shape != a_plan::outermost && step_by_rules(*plan->rules, cfa, frame);
   if (plan->saved[0]) frame.registers[register_ebx] = stack_word(cfa + plan->saved[0]);
   if (plan->saved[1]) frame.registers[register_esi] = stack_word(cfa + plan->saved[1]);
   if (plan->saved[2]) frame.registers[register_edi] = stack_word(cfa + plan->saved[2]);
@@ -69,7 +68,7 @@ enum class a_verdict { pass, clean_up, handle };
 
 // What the actions say: the first clause that takes the exception, else the clean-up if there is one.
 a_verdict choose_by_actions(const a_plan *plan, a_throw_stack_entry *thrown, int &selector) {
-  an_exception_table table(plan->range, plan->exception_table, plan->function);
+  const an_exception_table table = plan->table();
   bool has_cleanup = false;
   for (const byte *at = plan->action; at;) {
     const int filter = table.next_action(at);
@@ -86,16 +85,18 @@ a_verdict choose_by_actions(const a_plan *plan, a_throw_stack_entry *thrown, int
   return has_cleanup ? a_verdict::clean_up : a_verdict::pass;
 }
 
-inline __attribute__((__always_inline__)) a_verdict choose(const a_plan *plan, a_throw_stack_entry *thrown,
-                                                           int &selector) {
+PLX_ALWAYS_INLINE a_verdict choose(const a_plan *plan, a_throw_stack_entry *thrown, int &selector) {
   selector = 0;
   if (__builtin_expect(plan->handling == a_plan::clean_up, 1)) return a_verdict::clean_up;
-  if (plan->handling == a_plan::one_clause) {
-    if (!catch_clause_matches(plan->type, thrown, &state_of(thrown).adjusted)) return a_verdict::pass;
-    selector = plan->selector;
-    return a_verdict::handle;
+  if (plan->handling == a_plan::actions) return choose_by_actions(plan, thrown, selector);
+  for (const a_clause &clause : plan->clauses) {
+    if (clause.selector == 0) break;
+    if (catch_clause_matches(clause.type, thrown, &state_of(thrown).adjusted)) {
+      selector = clause.selector;
+      return a_verdict::handle;
+    }
   }
-  return choose_by_actions(plan, thrown, selector);
+  return plan->handling == a_plan::one_or_two ? a_verdict::pass : a_verdict::clean_up;
 }
 
 // Where records go. The last record is followed by one that only says that there are no more.
@@ -135,27 +136,34 @@ struct a_recorder {
 template <class Visitor> inline void walk(a_machine_frame &frame, an_eh_stack_entry *entry, Visitor &visitor) {
   const unsigned stack_pointer = frame.registers[register_esp];
   const unsigned stack_end = reinterpret_cast<unsigned>(__libc_stack_end);
-  unsigned entry_position = entry ? position_of(entry, stack_pointer) : 0xFFFFFFFF;
-  for (a_plan *plan = find_plan(frame.address);; plan = plan_of_caller(plan, frame)) {
-  same_frame:
+  unsigned entry_position = position_of(entry, stack_pointer, stack_end);
+  a_plan *plan = find_plan(frame.address);
+  for (;;) {
     unsigned cfa;
     if (plan->shape >= a_plan::untabled || !cfa_of(plan, frame, stack_end, cfa)) return visitor.end(frame, plan, entry);
     while (__builtin_expect(entry_position < cfa, 0)) {
-      if (visitor.entry(entry, frame, plan, cfa)) return;
-      const an_eh_stack_entry *passed = entry;
-      entry = entry->next;
-      entry_position = entry ? position_of(entry, stack_pointer) : 0xFFFFFFFF;
-      if (passed->kind == eh_detour) {
+      an_eh_stack_entry *passed = entry;
+      // A function's matters on the way out only.
+      const bool matters = passed->kind != PLX_EH_FUNCTION;
+      if (matters && visitor.entry(passed, frame, plan, cfa)) return;
+      entry = passed->next;
+      entry_position = position_of(entry, stack_pointer, stack_end);
+      if (matters && passed->kind == eh_detour) {
         frame = frame_of(reinterpret_cast<const a_detour *>(passed)->next);
         plan = find_plan(frame.address);
-        goto same_frame;
+        goto next_frame;
       }
     }
-    if (plan->shape == a_plan::outermost) return visitor.end(frame, plan, entry);
     if (plan->handling != a_plan::none && visitor.frame(frame, plan, cfa, entry)) return;
     if (!step(plan, cfa, frame)) return visitor.end(frame, plan, entry);
-    // The bottom of a stack that nothing else ends.
-    if (frame.address == 0) return visitor.end(frame, plan, entry);
+    if (__builtin_expect(plan->caller->address == frame.address, 1)) {
+      plan = plan->caller;
+    } else {
+      // The bottom of a stack that nothing else ends.
+      if (frame.address == 0) return visitor.end(frame, plan, entry);
+      plan = find_caller(plan, frame.address);
+    }
+  next_frame:;
   }
 }
 

@@ -88,9 +88,8 @@ bool cast_along_chain(const __class_type_info *dynamic, const __class_type_info 
 
 // `hint` is the offset of the source in the target when it is the target's one public non-virtual base of its type,
 // else negative.
-extern "C" __attribute__((__visibility__("hidden"))) void *__dynamic_cast(const void *object,
-                                                                          const __class_type_info *source,
-                                                                          const __class_type_info *target, long hint) {
+extern "C" PLX_HIDDEN void *__dynamic_cast(const void *object, const __class_type_info *source,
+                                           const __class_type_info *target, long hint) {
   if (!is_class_record(source))
     return __zor_dynamic_cast(const_cast<void *>(object), reinterpret_cast<const a_virtual_table_slot *>(source),
                               reinterpret_cast<const a_type_info_impl *>(target));

@@ -45,7 +45,7 @@ DETOUR = {"next.cfa": (212, "I")}
 
 # unwind/call_unexpected.cpp: what follows the entry of an unexpected handler at work; and unwind/plan.h.
 GUARD = {"plan": (184, "I"), "filter": (188, "i")}
-PLAN = {"function": (44, "I"), "exception_table": (48, "I")}
+PLAN = {"function": (52, "I"), "exception_table": (56, "I")}
 
 # libC/debugger_view.cpp
 VIEW = {"version": (0, "I"), "throw_stack": (4, "I"), "destructions": (8, "I")}

@@ -1,4 +1,4 @@
-# map, multimap, set and multiset: a red-black tree whose header is no element (include/plx/rb_tree_base.h).
+# map, multimap, set and multiset: a red-black tree whose header is no element (include/plx/containers/rb_tree_base.h).
 
 from .memory import Invalid, base_part, behind, check_readable, number
 from .printer import Printer, class_name, prints

@@ -16,7 +16,7 @@ constexpr unsigned fast_string_copies = 1u << 9;  // of leaf 7, EBX
 enum : unsigned char { unknown, by_library, by_processor } way;
 
 // Asked when the first long block comes: on virtual machines the question takes as long as many blocks.
-[[gnu::noinline]] bool find_way() {
+PLX_NOINLINE bool find_way() {
   unsigned a, b, c, d;
   const bool fast = !PLX_ADDRESS_SANITIZER && __get_cpuid_count(7, 0, &a, &b, &c, &d) && (b & fast_string_copies);
   way = fast ? by_processor : by_library;

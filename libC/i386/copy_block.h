@@ -3,9 +3,11 @@
 
 #include <string.h>
 
+#include <plx/base/config.h>
+
 namespace __zor {
 
-__attribute__((__visibility__("hidden"))) void copy_long_block(char *to, const char *from, unsigned n);
+PLX_HIDDEN void copy_long_block(char *to, const char *from, unsigned n);
 
 // Where the processor's own way begins to be faster than the C library's.
 constexpr unsigned long_block = 512;

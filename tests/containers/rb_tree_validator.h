@@ -1,17 +1,17 @@
-// The rules that every red-black tree of the ordered containers keeps, numbered. validate_tree returns the number of the
-// first rule that is broken, or 0; tests call it after every change of a tree.
+// The rules that every red-black tree of the ordered containers keeps, numbered. validate_tree returns the number of
+// the first rule that is broken, or 0; tests call it after every change of a tree.
 #ifndef TESTS_RB_TREE_VALIDATOR_H
 #define TESTS_RB_TREE_VALIDATOR_H
 
-#include <plx/rb_tree_base.h>
+#include <plx/containers/rb_tree_base.h>
 
 enum broken_rule {
   no_rule_broken,
   rule_1_header_right_is_null,
   rule_2_root_hangs_below_header,
   rule_3_header_left_is_last,  // null when empty
-  rule_4_leftmost_is_first,    // the header when empty
-  rule_5_rightmost_is_last,    // the header when empty
+  rule_4_leftmost_is_first,
+  rule_5_rightmost_is_last,  // the header when empty
   rule_6_children_know_parent,
   rule_7_colours,  // red or black, a black root, no red child of a red node
   rule_8_black_height,
@@ -94,16 +94,6 @@ private:
   const node *previous_;
 };
 
-template <class Ordered> int validate_tree(const __zor::rb_tree_base_data &tree, Ordered ordered) {
-  return tree_validator<Ordered>(tree, ordered).run();
-}
-
-// A container is its tree, which begins with the pointer to its virtual functions.
-template <class Container> const __zor::rb_tree_base_data &tree_data_of(const Container &container) {
-  return *reinterpret_cast<const __zor::rb_tree_base_data *>(reinterpret_cast<const char *>(&container) +
-                                                             sizeof(void *));
-}
-
 template <class Container> struct values_ordered {
   const Container &container;
   explicit values_ordered(const Container &c) : container(c) {}
@@ -114,10 +104,12 @@ template <class Container> struct values_ordered {
   }
 };
 
+// A container is its tree, which begins with the pointer to its virtual functions.
 template <class Container> int validate(const Container &container) {
-  const __zor::rb_tree_base_data &data = tree_data_of(container);
+  const __zor::rb_tree_base_data &data =
+      *reinterpret_cast<const __zor::rb_tree_base_data *>(reinterpret_cast<const char *>(&container) + sizeof(void *));
   if (data.header != container.end().base()) return -1;
-  return validate_tree(data, values_ordered<Container>(container));
+  return tree_validator<values_ordered<Container> >(data, values_ordered<Container>(container)).run();
 }
 
 #endif

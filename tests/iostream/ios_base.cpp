@@ -1,6 +1,6 @@
 // The stream base: first state, state and exceptions, words, callbacks, copyfmt, and what a failed allocation leaves;
 // and the buffer base: areas before virtual operations, what they do unless they are overridden.
-#include <plx/basic_ios.h>
+#include <plx/iostream/basic_ios.h>
 #include <streambuf>
 
 #include "../fail_allocation.h"

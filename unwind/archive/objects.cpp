@@ -6,7 +6,7 @@
 #include "../plan.h"
 
 // Set by the linker.
-extern "C" __attribute__((__visibility__("hidden"))) const unsigned char __ehdr_start[], _end[];
+extern "C" PLX_HIDDEN const unsigned char __ehdr_start[], _end[];
 
 namespace __zor {
 

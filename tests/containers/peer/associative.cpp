@@ -1,19 +1,25 @@
 // map, multimap, set and multiset through every member: random operations with all results printed, against the host's
-// library; keys are integers in either order, strings and what only a comparison with a state can order.
-// prints: 24000 lines
-#include <stdio.h>
-
+// library; keys are integers in either order, strings and what only a comparison with a state can order. The rules of
+// the trees are checked after each.
+// prints: 41000 lines
+// test-variants: -O1 | -O2 -std=gnu++20
 #include <map>
 #include <set>
 #include <string>
-#include <vector>
 
-#include "../../random.h"
+#include "harness.h"
+#include "random.h"
+
+#ifdef PLX_CONFIG_H
+#include "containers/rb_tree_validator.h"
+#else
+template <class Container> int validate(const Container &) { return 0; }
+#endif
 
 struct by_digit {
-  int modulus;
-  explicit by_digit(int m = 7) : modulus(m) {}
-  bool operator()(int a, int b) const { return a % modulus < b % modulus; }
+  unsigned modulus;
+  explicit by_digit(unsigned m = 70) : modulus(m) {}
+  bool operator()(int a, int b) const { return unsigned(a) % 997 % modulus < unsigned(b) % 997 % modulus; }
 };
 
 static int number_of(int key) { return key; }
@@ -24,9 +30,14 @@ template <class K> static int number_of(const std::pair<const K, int> &element) 
   return number_of(element.first) * 31 + element.second;
 }
 
-template <class K> static K key_of(unsigned int n) { return static_cast<int>(n * 7 % 40); }
+template <class K> static K key_of(unsigned int n) { return static_cast<int>(n * 2654435761u) / 8; }
+// Common beginnings of all lengths around the 8 characters that a node remembers, and some that are much longer; null
+// and high characters.
 template <> std::string key_of<std::string>(unsigned int n) {
-  return std::string(n % 12, 'q') + std::string(n % 3, static_cast<char>(n * 50));
+  std::string key(n % 12 * (n % 7 == 0 ? 4 : 1), 'q');
+  if (n / 12 % 5 == 0) return key;
+  key += static_cast<char>(n / 12 % 5 == 1 ? '\0' : n / 12 % 5 == 2 ? '\xF0' : 'a' + n / 60 % 3);
+  return n / 12 % 5 == 4 ? key + std::string(n / 60 % 4, '\0') : key;
 }
 
 template <class K>
@@ -59,80 +70,84 @@ template <class C> static unsigned int hash_of(const C &c) {
   return hash;
 }
 
-template <class C> static void run(const char *name, typename C::key_compare less, typename C::key_compare other_less) {
-  C all[3] = {C(less), C(other_less), C()};
+template <class C>
+static void run(const char *name, int steps, typename C::key_compare less, typename C::key_compare other_less) {
+  C all[3] = {C(less), C(other_less), C(less)};
   typedef typename C::value_type element;
-  for (int i = 0; i < 2000; ++i) {
-    C &c = all[random_below(3)], &other = all[random_below(3)];
+  typedef typename C::key_type key_type;
+  for (int i = 0; i < steps; ++i) {
+    C &c = all[random_below(40) ? 0 : random_below(3)], &other = all[random_below(3)];
     const C &view = c;
-    const unsigned int n = random_below(60), size = static_cast<unsigned int>(c.size());
+    const unsigned int n = random_below(180), size = static_cast<unsigned int>(c.size());
     const int at = static_cast<int>(random_below(size + 1));
-    const typename C::key_type key = key_of<typename C::key_type>(n);
-    const element one = element_of(static_cast<element *>(0), n, i);
-    typename C::iterator place = c.begin(), back = c.end();
+    const key_type key = key_of<key_type>(n);
+    const element one = element_of(static_cast<element *>(0), n, i % 1000);
+    typename C::iterator place = c.begin(), behind, back = c.end();
     std::advance(place, at);
-    const unsigned int chosen = random_below(18);
+    const unsigned int chosen = random_below(i / 400 % 2 ? 13 : 27);
     int result = 0;
-    switch (chosen) {
-      case 0:
-      case 1:
-      case 2:
-      case 3: {
+    switch (size > 400 ? 19 : chosen) {
+      default: {
         typename C::iterator put = at_of(c, c.insert(one), result);
         result += index_of(c, put) * 2;
         break;
       }
-      case 4: {
-        // Of equal keys the standard leaves the order open where the hint is not the end of them.
-        const bool open = c.count(key) != 0;
-        if (!open) result = index_of(c, c.insert(place, one));
+      case 5:
+      case 6:
+      case 7: {
+        // Of equal keys the standard leaves the order open where the hint is not the end of them. Half of the hints are
+        // right.
+        if (view.count(key) == 0) result = index_of(c, c.insert(n % 2 ? place : c.lower_bound(key), one));
         break;
       }
-      case 5: result = static_cast<int>(c.erase(key)); break;
-      case 6:
-        if (place != c.end()) c.erase(place);
-        break;
-      case 7: c.erase(place, at % 2 ? back : place); break;
       case 8:
-        result = index_of(c, c.find(key) == c.end() ? back : c.lower_bound(key)) * 64 + (view.find(key) == view.end());
+        result =
+            (index_of(c, view.find(key) == view.end() ? back : c.find(key)) * 512 + index_of(c, c.upper_bound(key))) *
+                512 +
+            index_of(c, view.lower_bound(key)) + index_of(c, view.upper_bound(key)) * 3 +
+            index_of(c, c.lower_bound(key)) * 7;
         break;
-      case 9:
-        result = index_of(c, c.upper_bound(key)) * 64 + index_of(c, view.lower_bound(key)) +
-                 4096 * index_of(c, view.upper_bound(key));
-        break;
-      case 10: result = index_of(c, c.equal_range(key).first) * 64 + index_of(c, view.equal_range(key).second); break;
-      case 11:
-        result = static_cast<int>(c.count(key)) + c.key_comp()(key, key_of<typename C::key_type>(n + 1)) +
+      case 9: result = index_of(c, c.equal_range(key).first) * 512 + index_of(c, view.equal_range(key).second); break;
+      case 10:
+        result = static_cast<int>(c.count(key)) + c.key_comp()(key, key_of<key_type>(n + 1)) +
                  2 * c.value_comp()(one, element_of(static_cast<element *>(0), n + 3, 1));
         break;
+      case 11: result = indexed(c, key); break;
       case 12:
+        result = (place == c.end() ? 0 : number_of(*place)) + (c.begin() == back ? 0 : number_of(*--back));
+        break;
+      case 13:
+      case 14:
+      case 15: result = static_cast<int>(c.erase(key)); break;
+      case 16:
+      case 17:
+      case 18:
+        if (place != back) c.erase(place);
+        break;
+      case 19:
+        for (behind = place; behind != back && result < static_cast<int>(size > 400 ? 99 : n % 9); ++result) ++behind;
+        c.erase(place, behind);
+        break;
+      case 20:
         result =
             (c == other) + 2 * (c != other) + 4 * (c < other) + 8 * (c > other) + 16 * (c <= other) + 32 * (c >= other);
         break;
-      case 13: {
+      case 21: {
         C copy(c), built(c.begin(), c.end(), c.key_comp());
-        other = copy;
-        result = (copy == built) + 2 * static_cast<int>(other.size());
+        result = (copy == built) + 16 * (validate(copy) + validate(built));
+        if (n % 4 == 0) other = copy;
         break;
       }
-      case 14:
-        if (n < 20) c.swap(other);
-        if (n >= 20 && n < 40) std::swap(c, other);
+      case 22: n < 90 ? c.swap(other) : std::swap(c, other); break;
+      case 23:
+        if (&c != &other && other.size() < 60) c.insert(other.begin(), other.end());
         break;
-      case 15:
-        if (&c != &other && c.size() < 60) c.insert(other.begin(), other.end());
+      case 24:
+        if (n < 20) c.clear(), result = c.empty();
         break;
-      case 16:
-        if (n == 0) {
-          c.clear();
-          result = c.empty();
-          break;
-        }
-        result = (place == c.end() ? 0 : number_of(*place)) + (c.begin() == back ? 0 : number_of(*--back));
-        break;
-      case 17: result = indexed(c, key); break;
     }
-    printf("%s %d, %u: %d, %u of %u\n", name, i, chosen, result, unsigned(c.size()), hash_of(c));
+    printf("%s %d, %u: %d, %u of %u, %d\n", name, i, chosen, result, unsigned(c.size()), hash_of(c),
+           validate(c) + validate(other));
   }
 }
 
@@ -142,18 +157,18 @@ template class std::set<std::string, std::greater<std::string> >;
 template class std::multiset<double>;
 
 int main() {
-  run<std::map<int, int> >("map", std::less<int>(), std::less<int>());
-  run<std::map<std::string, int> >("map of strings", std::less<std::string>(), std::less<std::string>());
-  run<std::map<int, int, by_digit> >("map by digits", by_digit(5), by_digit(11));
-  run<std::multimap<int, int> >("multimap", std::less<int>(), std::less<int>());
-  run<std::multimap<std::string, int, std::greater<std::string> > >("multimap downward", std::greater<std::string>(),
-                                                                    std::greater<std::string>());
-  run<std::multimap<int, int, by_digit> >("multimap by digits", by_digit(5), by_digit(11));
-  run<std::set<int> >("set", std::less<int>(), std::less<int>());
-  run<std::set<int, std::greater<int> > >("set downward", std::greater<int>(), std::greater<int>());
-  run<std::set<std::string> >("set of strings", std::less<std::string>(), std::less<std::string>());
-  run<std::set<int, by_digit> >("set by digits", by_digit(5), by_digit(11));
-  run<std::multiset<int> >("multiset", std::less<int>(), std::less<int>());
-  run<std::multiset<std::string> >("multiset of strings", std::less<std::string>(), std::less<std::string>());
+  const std::less<int> upward = std::less<int>();
+  const std::less<std::string> by_text = std::less<std::string>();
+  run<std::map<int, int> >("map", 6000, upward, upward);
+  run<std::map<std::string, int> >("map of strings", 6000, by_text, by_text);
+  run<std::map<int, int, by_digit> >("map by digits", 2000, by_digit(50), by_digit(11));
+  run<std::multimap<int, int> >("multimap", 4000, upward, upward);
+  run<std::multimap<std::string, int, std::greater<std::string> > >(
+      "multimap downward", 3000, std::greater<std::string>(), std::greater<std::string>());
+  run<std::set<int, std::greater<int> > >("set downward", 3000, std::greater<int>(), std::greater<int>());
+  run<std::set<std::string> >("set of strings", 6000, by_text, by_text);
+  run<std::set<int, by_digit> >("set by digits", 2000, by_digit(50), by_digit(110));
+  run<std::multiset<int> >("multiset", 4000, upward, upward);
+  run<std::multiset<std::string> >("multiset of strings", 5000, by_text, by_text);
   return 0;
 }

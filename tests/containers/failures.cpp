@@ -1,0 +1,294 @@
+// Every operation of the containers with each of its copies, comparisons and allocations failing in turn: nothing
+// leaks, the container stays usable, and what the standard promises to leave alone is as before.
+// test-variants: -O1 | -O2 -std=gnu++20
+#include "fail_allocation.h"
+
+#include <map>
+#include <set>
+
+#include <plx/containers/lw_vector.h>
+
+#include "containers/rb_tree_validator.h"
+#include "containers/sequence_operations.h"
+
+static long *const faults[] = {&tracked::copies_to_fail, &tracked::comparisons_to_fail, &allocation_to_fail};
+
+// A case is copied for each failure and made anew; the sum of what failed.
+template <class Case> static int fail_each(const Case &of) {
+  int sum = 0;
+  for (int fault = 0; fault < 3 && test_failures < 5; ++fault)
+    for (long n = 1;; ++n, ++sum) {
+      const long live = tracked::live, blocks = live_blocks;
+      bool failed = false;
+      {
+        Case one(of);
+        one.make();
+        try {
+          one.run(faults[fault], n);
+        } catch (const refused &) {
+          failed = true;
+        } catch (const std::bad_alloc &) {
+          failed = true;
+        }
+        const bool fired = *faults[fault] == 0;
+        *faults[fault] = 0;
+        const bool good = one.good(failed) && fired == failed;
+        if (!good) fprintf(stderr, "%s: failure %ld of kind %d\n", one.name(), n, fault);
+        CHECK(good);
+      }
+      CHECK(tracked::live == live && live_blocks == blocks);
+      if (!failed) break;
+    }
+  return sum;
+}
+
+// ---- Sequences
+
+// What leaves the sequence unchanged: whatever adds one element at an end, and all insertions into a list.
+template <class T> static bool is_strong(const std::vector<T> &, unsigned int kind, bool) {
+  return kind == 0 || kind == 2;
+}
+template <class T> static bool is_strong(const std::deque<T> &, unsigned int kind, bool at_end) {
+  return kind <= 2 || (kind <= 4 && at_end);
+}
+template <class T> static bool is_strong(const std::list<T> &, unsigned int kind, bool) { return kind < adds; }
+
+template <class S> struct changed {
+  unsigned int kind, before;
+  int size, spare, p, some;
+  S s;
+  const char *name() const {
+    static char text[100];
+    return sprintf(text, "sequence: %u at %d of %d, %d", kind, p, size, some), text;
+  }
+  void make() {
+    for (int i = 0; i < size + spare; ++i) s.push_back(made_of<typename S::value_type>::make(i % 100 + 1));
+    for (int i = 0; i < spare; ++i) s.pop_back();
+    before = hash_of(s);
+  }
+  void run(long *armed, long n) { change(s, kind, p, some, 50, armed, n); }
+  bool good(bool failed) {
+    const bool strong = size == 0 ? kind <= 2 && is_strong(s, kind, true) : is_strong(s, kind, p == size || p == 0);
+    const bool good = !failed || !strong || hash_of(s) == before;
+    change(s, 0, 0, 0, 5);  // it goes on as if nothing had been
+    change(s, 1, 0, 0, 6);
+    return good && hash_of(s) != before && made_of<typename S::value_type>::number(s.front()) == 6018;
+  }
+};
+template <class S> static void all_changes() {
+  changed<S> one;
+  for (one.kind = 0; one.kind < kinds; ++one.kind)
+    for (one.size = 0; one.size <= 40; one.size += one.size == 0 ? 1 : 39)
+      for (one.spare = 0; one.spare <= 40; one.spare += 40)
+        for (int quarter = 0; quarter < 5; quarter += quarter == 1 ? 2 : 1)
+          for (one.some = 4; one.some < 40; one.some += 29) {
+            one.p = one.size * quarter / 4;
+            fail_each(one);
+          }
+}
+
+// Strings move as bytes, and the copy of one of which a character may be changed needs a block.
+struct gap {
+  std::vector<std::string> v, source;
+  const char *name() const { return "strings"; }
+  void make() {
+    for (int i = 0; i < 12; ++i) v.push_back(std::string(static_cast<unsigned int>(i) + 40, 'a'));
+    for (unsigned int i = 0; i < 5; ++i) source.push_back(std::string(i + 30, 'b')), source[i][0] = 'c';
+    v.reserve(30);
+  }
+  void run(long *armed, long n) {
+    *armed = n;
+    v.insert(v.begin() + 4, source.begin(), source.end());
+    v.insert(v.begin() + 2, 3, source[1]);
+    v.insert(v.end() - 1, source[0]);
+  }
+  bool good(bool failed) {
+    unsigned int old = 0;
+    for (unsigned int i = 0; i < v.size(); ++i) old += v[i] == std::string(old + 40, 'a');
+    return old == 12 && (failed ? v.size() % 5 == 2 || v.size() == 20 : v.size() == 21);
+  }
+};
+
+// Whichever comparison fails, every element is in one of the lists afterwards.
+static bool greater(const tracked &a, const tracked &b) { return b < a; }
+struct sorted {
+  bool down;
+  std::list<tracked> a, b;
+  const char *name() const { return "list"; }
+  void make() {
+    for (int i = 0; i < 60; ++i) a.push_back(tracked(i * 37 % 61)), b.push_back(tracked(i));
+  }
+  void run(long *armed, long n) {
+    *armed = n;
+    down ? (a.sort(greater), b.reverse(), a.merge(b, greater)) : (a.sort(), a.merge(b));
+  }
+  bool good(bool failed) {
+    int sum = 0;
+    const bool good = valid(a) && valid(b) && a.size() + b.size() == 120 && (failed || b.empty());
+    a.splice(a.end(), b);
+    for (; !a.empty(); a.pop_back()) sum += a.back().key;
+    return good && sum == 1770 + 60 * 61 / 2 - 1 * 24;
+  }
+};
+
+// ---- Trees
+
+typedef std::map<tracked, std::string> map_type;
+static tracked element_of(const tracked *, int n) { return tracked(n); }
+static map_type::value_type element_of(const map_type::value_type *, int n) {
+  return map_type::value_type(tracked(n), "a text of some characters");
+}
+static std::pair<const tracked, tracked> element_of(const std::pair<const tracked, tracked> *, int n) {
+  return std::pair<const tracked, tracked>(tracked(n), tracked(n));
+}
+static const tracked &key_of(const tracked &key) { return key; }
+template <class T> static const tracked &key_of(const std::pair<const tracked, T> &element) { return element.first; }
+template <class C> static void index_by(C &, const tracked &) {}
+static void index_by(map_type &map, const tracked &key) { map[key]; }
+
+enum { tree_operations = 11, into_range = 3 };
+
+template <class C> struct tree {
+  int operation;
+  C c, other;
+  unsigned int before;
+  const char *name() const {
+    static char text[40];
+    return sprintf(text, "tree: %d", operation), text;
+  }
+  static typename C::value_type element(int n) { return element_of(static_cast<typename C::value_type *>(0), n); }
+  unsigned int hash() const {
+    unsigned int hash = 1;
+    for (typename C::const_iterator at = c.begin(); at != c.end(); ++at) hash = hash * 33 + unsigned(key_of(*at).key);
+    return hash;
+  }
+  void make() {
+    for (int i = 0; i < 20; ++i) c.insert(element(i * 7 % 20));
+    for (int i = 15; i < 25; ++i) other.insert(element(i));
+    before = hash();
+  }
+  void run(long *armed, long n) {
+    const typename C::value_type nine(element(9)), last(element(30));
+    const tracked key(9), absent(25);
+    *armed = n;
+    switch (operation) {
+      case 0: c.insert(nine); break;
+      case 1: c.insert(c.end(), last); break;
+      case 2: c.insert(c.begin(), last); break;
+      case into_range: c.insert(other.begin(), other.end()); break;
+      case 4: C(c).size(); break;
+      case 5: C(c.begin(), c.end()).size(); break;
+      case 6: c = other; break;
+      case 7: c.erase(key); break;
+      case 8: c.find(key), c.count(key), c.lower_bound(key), c.upper_bound(key), c.equal_range(key); break;
+      case 9: c.swap(other), other.swap(c), other.clear(); break;
+      default: index_by(c, absent);
+    }
+  }
+  bool good(bool failed) {
+    const bool good = validate(c) + validate(other) == 0 && (!failed || operation == into_range || hash() == before);
+    c.insert(element(27));
+    return good && validate(c) == 0 && c.count(tracked(27)) == 1;
+  }
+};
+template <class C> static int all_operations() {
+  int sum = 0;
+  tree<C> one;
+  for (one.operation = 0; one.operation < tree_operations; ++one.operation) sum += fail_each(one);
+  return sum;
+}
+
+// Strings as keys take another road through the tree.
+struct string_map {
+  std::map<std::string, std::string> c;
+  std::string text;
+  const char *name() const { return "map of strings"; }
+  void make() {
+    text = "a name that is longer than any buffer within a string object";
+    c["x"] = "1";
+    c["y"] = "2";
+  }
+  void run(long *armed, long n) {
+    *armed = n;
+    c[text] = "3";
+    const std::map<std::string, std::string> copy(c);
+    c.insert(copy.begin(), copy.end());
+  }
+  bool good(bool failed) {
+    return validate(c) == 0 && (failed ? c.size() <= 3 : c[text] == "3") && c["x"] == "1" && c["y"] == "2";
+  }
+};
+
+// ---- The library's own array: exact blocks, growth by copying, shrinking in place.
+
+template class __zor::lw_vector<long>;
+template class __zor::lw_vector<void *>;
+
+struct own_array {
+  __zor::lw_vector<tracked> v;
+  const char *name() const { return "own array"; }
+  explicit own_array() {}
+  own_array(const own_array &) {}
+  void make() {
+    const long calls = allocation_calls, live = tracked::live;
+    v.resize(0, tracked(1));
+    CHECK(v.size() == 0 && allocation_calls == calls);
+    v.resize(5, tracked(4));
+    const tracked *const block = &v[0];
+    v.resize(3, tracked(0));
+    v.resize(3, tracked(0));
+    CHECK(&v[0] == block && tracked::live == live + 3 && allocation_calls == calls + 1);
+    v[1] = tracked(8);
+  }
+  void run(long *armed, long n) {
+    *armed = n;
+    v.resize(6, v[1]);  // a copy of one of its own
+  }
+  bool good(bool failed) {
+    return v.size() == (failed ? 3 : 6) && v[2].key == 4 && v[1].key == 8 && (failed || v[5].key == 8);
+  }
+};
+
+// Every block comes from the program's own operator new, and goes back to it, whatever the road.
+static void own_operator_new() {
+  const long blocks = live_blocks, calls = allocation_calls;
+  {
+    std::vector<int> numbers;
+    std::vector<std::string> texts;
+    std::deque<int> queue;
+    std::list<int> list;
+    std::set<int> set;
+    for (int i = 0; i < 1000; ++i) {
+      numbers.push_back(i), texts.push_back(std::string(static_cast<unsigned int>(i) % 50, 'a'));
+      list.push_back(i), set.insert(i), queue.push_front(i), queue.push_front(i), queue.pop_back();
+    }
+    CHECK(allocation_calls - calls > 3000);
+    const long now = live_blocks, then = allocation_calls;
+    for (unsigned int i = 0; i < 1000; ++i) CHECK(numbers[i] == static_cast<int>(i) && texts[i].size() == i % 50);
+    for (int i = 0; i < 10000; ++i) queue.push_back(i), queue.pop_front();
+    CHECK(live_blocks - now < 5 && queue.front() == 9000 && allocation_calls - then >= 500);
+    numbers.insert(numbers.begin() + 5, 5000u, 7), numbers.reserve(9000);
+    CHECK(numbers[4] == 4 && numbers[5004] == 7 && numbers[5005] == 5 && numbers[5999] == 999);
+  }
+  CHECK_INT(live_blocks, blocks);
+}
+
+int main() {
+  own_operator_new();
+  all_changes<std::vector<tracked> >();
+  all_changes<std::deque<tracked> >();
+  all_changes<std::list<tracked> >();
+  CHECK(fail_each(gap()) >= 7);
+  sorted both = sorted();
+  CHECK(fail_each(both) > 300);
+  both.down = true;
+  CHECK(fail_each(both) > 300);
+  CHECK(all_operations<std::set<tracked> >() > 150);
+  CHECK(all_operations<std::multiset<tracked> >() > 150);
+  CHECK(all_operations<map_type>() > 180);
+  CHECK((all_operations<std::multimap<tracked, tracked> >() > 200));
+  CHECK(fail_each(string_map()) >= 5);
+  CHECK_INT(fail_each(own_array()), 7);
+  CHECK_INT(tracked::live, 0);
+  return TEST_RESULT();
+}

@@ -1,0 +1,203 @@
+// One operation of vector, deque or list, chosen by a number: what the random runs and the failures of sequences are
+// made of. The structure is looked at after each where the library is plx.
+#ifndef TESTS_SEQUENCE_OPERATIONS_H
+#define TESTS_SEQUENCE_OPERATIONS_H
+
+#include <stdio.h>
+
+#include <deque>
+#include <list>
+#include <string>
+#include <vector>
+
+#include "random.h"
+#include "tracked.h"
+
+// Elements from numbers of 1 to 127 and back.
+template <class T> struct made_of {
+  static T make(int n) { return T(n); }
+  static int number(const T &value) { return static_cast<int>(value); }
+};
+template <> struct made_of<bool> {
+  static bool make(int n) { return n % 2 != 0; }
+  static int number(bool value) { return value; }
+};
+template <> struct made_of<tracked> {
+  static tracked make(int n) { return tracked(n, n * 3); }
+  static int number(const tracked &value) { return value.check(), value.key * 1000 + value.rank; }
+};
+template <> struct made_of<std::string> {
+  static std::string make(int n) {
+    return std::string(static_cast<unsigned int>(n % 60 + 1), 'a') + static_cast<char>(n);
+  }
+  static int number(const std::string &value) { return value[value.size() - 1] + static_cast<int>(value.size()); }
+};
+
+// An iterator of input category: each element can be read once.
+template <class T> struct once {
+  typedef std::input_iterator_tag iterator_category;
+  typedef T value_type;
+  typedef std::ptrdiff_t difference_type;
+  typedef const T *pointer;
+  typedef const T &reference;
+  explicit once(const T *a) : at(a) {}
+  const T &operator*() const { return *at; }
+  once &operator++() { return ++at, *this; }
+  once operator++(int) { return once(at++); }
+  bool operator==(const once &other) const { return at == other.at; }
+  bool operator!=(const once &other) const { return at != other.at; }
+  const T *at;
+};
+
+template <class S> typename S::iterator place(S &s, int n) {
+  typename S::iterator at = s.begin();
+  std::advance(at, n);
+  return at;
+}
+template <class S> int index_of(S &s, typename S::iterator at) {
+  return static_cast<int>(std::distance(s.begin(), at));
+}
+template <class S> int size_of(const S &s) { return static_cast<int>(s.size()); }
+
+#ifdef PLX_CONFIG_H
+template <class T, class A> bool valid(const std::vector<T, A> &v) {
+  return v.size() <= v.capacity() && v.end() - v.begin() == static_cast<int>(v.size());
+}
+// The bits behind the last are zero: that is what comparing by words stands on.
+template <class A> bool valid(const std::vector<bool, A> &v) {
+  return v.end() - v.begin() == static_cast<int>(v.size()) &&
+         (v.size() % 32 == 0 || *v.end()._word >> v.size() % 32 == 0);
+}
+// Every element lies in the block of its map entry; steps and jumps agree, also in their order.
+template <class T, class A> bool valid(const std::deque<T, A> &d) {
+  typedef typename std::deque<T, A>::const_iterator iterator;
+  const iterator first = d.begin(), end = d.end();
+  const int size = size_of(d);
+  if (first._last != *first._node + 20 || end._last != *end._node + 20 || first._cur < *first._node ||
+      first._cur >= first._last || end._cur < *end._node || end._cur >= end._last || end - first != size)
+    return false;
+  iterator at = first, back = end;
+  for (int i = 0; i < size; ++i, ++at) {
+    const iterator jumped = end + (i - size), other = first + (i * 7919 % (size + 1));
+    if (&*at != &d[static_cast<unsigned int>(i)] || jumped != at || &*jumped != &*at || at - first != i) return false;
+    if ((at < other) != (i < i * 7919 % (size + 1)) || other + (at - other) != at) return false;
+  }
+  for (int i = size; i-- > 0;)
+    if (&*--back != &d[static_cast<unsigned int>(i)]) return false;
+  return at == end;
+}
+template <class T, class A> bool valid(const std::list<T, A> &l) {
+  const __zor::list_links *const end = l.end()._node, *at = end;
+  unsigned int n = 0;
+  do {
+    if (at->next->_prev != at) return false;
+    at = at->next;
+  } while (++n <= l.size() + 1 && at != end);
+  return n == l.size() + 1;
+}
+#else
+template <class S> bool valid(const S &) { return true; }
+#endif
+
+// All that a program can see, in both directions; 1 when the structure is broken.
+template <class S> unsigned int hash_of(const S &s) {
+  typedef made_of<typename S::value_type> made;
+  if (!valid(s)) return CHECK(!"the structure is whole"), 1;
+  unsigned int hash =
+      s.empty() ? 5381 : static_cast<unsigned int>(made::number(s.front()) * 7 + made::number(s.back()));
+  for (typename S::const_iterator at = s.begin(); at != s.end(); ++at)
+    hash = hash * 33 + static_cast<unsigned int>(made::number(*at));
+  for (typename S::const_reverse_iterator at = s.rbegin(); at != s.rend(); ++at)
+    hash = hash * 31 + static_cast<unsigned int>(made::number(*at));
+  return hash;
+}
+
+template <class T, class A> void push_front(std::vector<T, A> &s, const T &value) { s.insert(s.begin(), value); }
+template <class T, class A> void pop_front(std::vector<T, A> &s) { s.erase(s.begin()); }
+template <class S> void push_front(S &s, const typename S::value_type &value) { s.push_front(value); }
+template <class S> void pop_front(S &s) { s.pop_front(); }
+
+enum { kinds = 22, most_at_once = 70, adds_one_at_end = 2, adds_one = 4, adds = 9 };
+
+// At place p, with `some` elements or with element q of the container itself; what fails is armed when all are made.
+template <class S> int change(S &s, unsigned int kind, int p, int some, int number, long *armed = 0, long fault = 0) {
+  typedef typename S::value_type T;
+  typedef typename S::size_type size;
+  T values[most_at_once];
+  for (int i = 0; i < some; ++i) values[i] = made_of<T>::make((number + i * 7) % 100 + 1);
+  const T value = made_of<T>::make(number), *const first = values, *const last = values + some;
+  const int n = size_of(s), q = n == 0 ? 0 : some * 37 % n;
+  if (n == 0 && kind >= 2) kind = kind == 2 ? 0 : 6 + kind % 3;
+  const typename S::iterator at = place(s, p);
+  if (armed) *armed = fault;
+  switch (kind) {
+    case 0: s.push_back(value); break;
+    case 1: push_front(s, value); break;
+    case 2: s.push_back(*place(s, q)); break;
+    case 3: return index_of(s, s.insert(at, value));
+    case 4: return index_of(s, s.insert(at, *place(s, q)));
+    case 5: s.insert(at, 5, *place(s, q)); break;
+    case 6: s.insert(at, static_cast<size>(some), value); break;
+    case 7: s.insert(at, first, last); break;
+    case 8: s.insert(at, once<T>(first), once<T>(last)); break;
+    case 9: {  // the first of more than there is: an array is not moved, where it has one of its own
+      const S part(at, s.end());
+      s.insert(s.begin(), part.begin(), part.end());
+      break;
+    }
+    case 10: s.pop_back(); break;
+    case 11: pop_front(s); break;
+    case 12: return p == n ? 0 : index_of(s, s.erase(at));
+    case 13: return index_of(s, s.erase(at, place(s, p + (n - p) * (some + 1) / (most_at_once + 1))));
+    case 14: s.resize(static_cast<size>(p * 3 / 2), value); break;
+    case 15: s.assign(static_cast<size>(some), value); break;
+    case 16: s.assign(first, last); break;
+    case 17: s.assign(once<T>(first), once<T>(last)); break;
+    case 18: {
+#ifdef PLX_CONFIG_H
+      s.assign(static_cast<size>(some % (n + 2)), *place(s, q));
+#else
+      const T own = *place(s, q);  // the standard asks for that
+      s.assign(static_cast<size>(some % (n + 2)), own);
+#endif
+      break;
+    }
+    case 19: {
+      S copy(s), other;
+      copy.push_back(value);
+      const int compared = (copy == s) + 2 * (copy != s) + 4 * (s < copy) + 8 * (s > copy) + 16 * (s <= copy) +
+                           32 * (s >= copy) + 64 * (copy < s) + 128 * (other < s);
+      s.swap(copy);
+      other.swap(copy);
+      copy = s;
+      return compared + 256 * (copy == s) + 512 * size_of(other);
+    }
+    case 20: {
+      const S other(first, last);
+      s = other;
+      s = *&s;
+      return s == other;
+    }
+    default:
+      if (some % 4 == 0) s.clear();
+  }
+  return 0;
+}
+
+template <class S> void random_run(const char *name, int steps) {
+  const long elements = tracked::live;
+  {
+    S s;
+    for (int i = 0; i < steps; ++i) {
+      unsigned int kind = random_below(i / 300 % 2 ? 22 : 13);  // every other time it grows
+      if (s.size() > 450) kind = random_below(2) ? 13 : 10;
+      const int p = static_cast<int>(random_below(static_cast<unsigned int>(s.size()) + 1));
+      const int some = static_cast<int>(random_below(random_below(2) ? 6 : most_at_once));
+      const int result = change(s, kind, p, some, static_cast<int>(random_below(100)) + 1);
+      printf("%s %d, %u at %d: %d, %u of %u\n", name, i, kind, p, result, unsigned(s.size()), hash_of(s));
+    }
+  }
+  CHECK_INT(tracked::live, elements);
+}
+
+#endif
