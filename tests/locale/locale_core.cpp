@@ -175,6 +175,7 @@ static void named() {
   CHECK_THROWS(std::runtime_error, "Invalid locale name\n", locale("LC_CTYPE=C;LC_NUMERIC=xx_DE"));
   CHECK_THROWS(std::runtime_error, "Invalid locale name\n", new std::numpunct<char>("LC_TIME=C;LC_MONETARY=C"));
   CHECK_THROWS(std::runtime_error, "Invalid locale name\n", new std::ctype_byname<char>("xx_XX"));
+  CHECK_THROWS(std::runtime_error, "Invalid locale name\n", new std::ctype_byname<char>("LC_TIME=C;LC_MONETARY=C"));
   CHECK_THROWS(std::runtime_error, "Invalid locale name\n", new std::collate_byname<char>(0));
 }
 
