@@ -188,7 +188,9 @@ template <int how> struct making {
   };
   noted *facet;
   locale owner;
-  making() : made(false), facet(how == 3 ? new noted : 0), owner(locale("C"), new noted) {}
+  making() : made(false), facet(how == 3 ? new noted : 0), owner(locale("C"), new noted) {
+    memset(place, 0, sizeof place);
+  }
   ~making() {
     if (made) reinterpret_cast<locale *>(place)->~locale();
   }
