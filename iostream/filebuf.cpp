@@ -30,8 +30,8 @@ inline bool writes_plainly(const locale &loc, const codecvt<char, char, int> *&f
 
 int __attribute__((__noinline__, __regparm__(2))) overflow_through(filebuf &buffer, int c) {
   const codecvt<char, char, int> *facet;
-  const bool plain = writes_plainly(buffer_access::loc(buffer), facet);
-  FILE *const file = buffer_access::file(buffer);
+  const bool plain = writes_plainly(_buffer_access::loc(buffer), facet);
+  FILE *const file = _buffer_access::file(buffer);
   if (!file) return -1;
   if (c == -1) return 0;
   if (plain) return put_into_file(file, c);

@@ -70,7 +70,7 @@ SSE2 __attribute__((__always_inline__)) inline const char *copy_line(char *to, c
 // do, or the texts overlap.
 __attribute__((__always_inline__)) inline unsigned int open_line(std::istream &in, get_window &window, const char *to,
                                                                  unsigned int room) {
-  if (!starts_at_once(in) || !open_get_window(stream_access::buffer(in), window) || is_endless(window)) return 0;
+  if (!starts_at_once(in) || !open_get_window(_stream_access::buffer(in), window) || is_endless(window)) return 0;
   const unsigned int size = window.end - window.at, n = size < room ? size : room;
   return window.at < to + n && to < window.at + n ? 0 : n;
 }
@@ -80,7 +80,7 @@ __attribute__((__always_inline__)) inline unsigned int open_line(std::istream &i
 SSE2 GET_LINE_CALL std::istream &get_line_sse2(std::istream &in, std::string &text, char delim) {
   get_window window;
   b_str_ref *const rep = representation_of(text);
-  if (!string_is_private(rep)) return get_line(in, text, delim);
+  if (!_string_is_private(rep)) return get_line(in, text, delim);
   const unsigned int most = open_line(in, window, rep->data, rep->capacity);
   const char *const stop = copy_line<true>(rep->data, window.at, most, delim);
   if (!stop) return get_line(in, text, delim);
@@ -101,7 +101,7 @@ SSE2 GET_LINE_CALL std::istream &get_line_sse2(std::istream &in, char *to, std::
   const unsigned int size = stop - window.at;
   to[size] = 0;
   window.take_up_to(stop + 1);
-  stream_access::count(in) = size + 1;
+  _stream_access::count(in) = size + 1;
   return in;
 }
 

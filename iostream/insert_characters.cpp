@@ -26,10 +26,10 @@ PLX_LONG_WAY ostream &write_failed(ostream &out) {
 template <class C, class T> basic_ostream<C, T> &basic_ostream<C, T>::write(const C *text, streamsize n) {
   ios &stream = base_of(*this);
   if (!is_quiet(stream) || n <= 0) return write_guarded(*this, text, n);
-  streambuf *const buffer = stream_access::buffer(stream);
+  streambuf *const buffer = _stream_access::buffer(stream);
   if (is_plain_stringbuf(buffer)) {
-    char *&next = buffer_access::pptr(*buffer);
-    if (buffer_access::epptr(*buffer) - next < n) return write_guarded(*this, text, n);
+    char *&next = _buffer_access::pptr(*buffer);
+    if (_buffer_access::epptr(*buffer) - next < n) return write_guarded(*this, text, n);
     memcpy(next, text, n);
     next += n;
     return *this;
@@ -46,7 +46,7 @@ template <class C, class T> basic_ostream<C, T> &basic_ostream<C, T>::write(cons
 
 template <> ostream &endl(ostream &out) {
   ios &stream = out;
-  const locale &loc = stream_access::loc(stream);
+  const locale &loc = _stream_access::loc(stream);
   return out.put(has_quick(loc, locale::imp::_quick_ctype) ? '\n' : use_facet<ctype<char>>(loc).widen('\n')).flush();
 }
 

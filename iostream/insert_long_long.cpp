@@ -39,7 +39,7 @@ char *long_digits(char *at, unsigned long long value) {
 ostream &insert_text_of(ostream &out, bool negative, bool is_signed, unsigned long long value) {
   output_operation(out, ios_base::goodbit, [&](iostate &) {
     char text[room], *at = text;
-    const unsigned flags = stream_access::flags(out), base = flags & ios_base::basefield;
+    const unsigned flags = _stream_access::flags(out), base = flags & ios_base::basefield;
     if (base == ios_base::hex || base == ios_base::oct) {
       at = digits_in_base(at, flags, value, base == ios_base::hex ? 4 : 3);
     } else {
@@ -49,7 +49,7 @@ ostream &insert_text_of(ostream &out, bool negative, bool is_signed, unsigned lo
         *at++ = '+';
       at = long_digits(at, negative ? 0 - value : value);
     }
-    use_facet<a_num_put>(stream_access::loc(out)).print_integral_type(out, out, out.fill(), text, at - text);
+    use_facet<a_num_put>(_stream_access::loc(out)).print_integral_type(out, out, out.fill(), text, at - text);
   });
   return out;
 }

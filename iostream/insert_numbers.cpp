@@ -25,27 +25,27 @@ PLX_NUMBER_CALL bool insert_copy(streambuf &buffer, const char *text, int n) {
     insert_into_file(buffer, file, text, n);
     return true;
   }
-  char *&next = buffer_access::pptr(buffer);
-  if (buffer_access::epptr(buffer) - next < n) return false;
+  char *&next = _buffer_access::pptr(buffer);
+  if (_buffer_access::epptr(buffer) - next < n) return false;
   memcpy(next, text, n);
   next += n;
   return true;
 }
 
 inline bool is_quick(const ios &stream) {
-  return is_quiet(stream) && has_quick(stream_access::loc(stream), locale::imp::_quick_num_put);
+  return is_quiet(stream) && has_quick(_stream_access::loc(stream), locale::imp::_quick_num_put);
 }
 
 // write(at) makes the text and returns its end, or null; pad(first, last, width) fills it.
 template <int room, class Write, class Pad> inline bool insert_at_once(ios &stream, Write write, Pad pad) {
   constexpr int most = room + widest + pad_overrun;
   char local[most];
-  streambuf *const buffer = stream_access::buffer(stream);
+  streambuf *const buffer = _stream_access::buffer(stream);
   char **const cursor = roomy_cursor(buffer, most);
   char *const first = cursor ? *cursor : local;
   char *last = write(first);
   if (!last) return false;
-  const streamsize width = stream_access::width(stream);
+  const streamsize width = _stream_access::width(stream);
   if (width > last - first) {
     if (width > widest) return false;
     last = pad(first, last, static_cast<int>(width));
@@ -54,13 +54,13 @@ template <int room, class Write, class Pad> inline bool insert_at_once(ios &stre
     *cursor = last;
   else if (!insert_copy(*buffer, local, static_cast<int>(last - local)))
     return false;
-  stream_access::width(stream) = 0;
+  _stream_access::width(stream) = 0;
   return true;
 }
 
 template <class Value> PLX_LONG_WAY ostream &insert_by_facet(ostream &out, Value value) {
   output_operation(out, ios_base::goodbit,
-                   [&](iostate &) { use_facet<a_num_put>(stream_access::loc(out)).put(out, out, out.fill(), value); });
+                   [&](iostate &) { use_facet<a_num_put>(_stream_access::loc(out)).put(out, out, out.fill(), value); });
   return out;
 }
 
@@ -73,11 +73,11 @@ namespace __zor {
 template <class Value> PLX_STEP std::ostream &insert_integer(std::ostream &out, Value value) {
   std::ios &stream = base_of(out);
   if (std::is_quick(stream)) {
-    const unsigned flags = stream_access::flags(stream);
+    const unsigned flags = _stream_access::flags(stream);
     if (std::insert_at_once<integer_text_room>(
             stream, [=](char *at) { return integer_text(at, flags, value); },
             [&](char *first, char *last, int width) {
-              return pad_integer(first, last, flags, width, stream_access::fill(stream));
+              return pad_integer(first, last, flags, width, _stream_access::fill(stream));
             }))
       return out;
   }
@@ -89,11 +89,11 @@ template <class Value>
 PLX_STEP __attribute__((__flatten__)) std::ostream &insert_decimal(std::ostream &out, Value value) {
   constexpr unsigned unusual = ios_base::unitbuf | ios_base::hex | ios_base::oct | ios_base::showpos;
   std::ios &stream = base_of(out);
-  if ((stream_access::state(stream) | (stream_access::flags(stream) & unusual) | stream_access::width(stream) |
-       reinterpret_cast<int>(stream_access::tie(stream))) ||
-      !has_quick(stream_access::loc(stream), std::locale::imp::_quick_num_put))
+  if ((_stream_access::state(stream) | (_stream_access::flags(stream) & unusual) | _stream_access::width(stream) |
+       reinterpret_cast<int>(_stream_access::tie(stream))) ||
+      !has_quick(_stream_access::loc(stream), std::locale::imp::_quick_num_put))
     return insert_integer(out, value);
-  if (char **const next = roomy_cursor(stream_access::buffer(stream), integer_text_room)) {
+  if (char **const next = roomy_cursor(_stream_access::buffer(stream), integer_text_room)) {
     char *at = *next;
     unsigned digits = static_cast<unsigned>(value);
     if (Value(-1) < 0) {
@@ -117,7 +117,7 @@ namespace {
 // Of the floating texts the exponent's case and unusual precisions are left to num_put.
 template <class Value, class Text> inline ostream &insert_floating(ostream &out, Value value, Text text) {
   ios &stream = out;
-  const unsigned flags = stream_access::flags(stream);
+  const unsigned flags = _stream_access::flags(stream);
   if (is_quick(stream) && !(flags & ios_base::uppercase)) {
     unsigned precision = stream.precision();
     if (stream.precision() < 1 && !(flags & ios_base::fixed)) precision = 6;
@@ -125,7 +125,7 @@ template <class Value, class Text> inline ostream &insert_floating(ostream &out,
                                                    stream, [=](char *at) { return text(at, flags, precision, value); },
                                                    [&](char *first, char *last, int width) {
                                                      return pad_float(first, last, flags, width,
-                                                                      stream_access::fill(stream));
+                                                                      _stream_access::fill(stream));
                                                    }))
       return out;
   }
@@ -171,14 +171,14 @@ template <class C, class T> basic_ostream<C, T> &basic_ostream<C, T>::operator<<
 // Neither is filled when it is not told to be: a bool never, a pointer in a way of its own.
 template <class C, class T> basic_ostream<C, T> &basic_ostream<C, T>::operator<<(bool value) {
   ios &stream = *this;
-  if (!is_quick(stream) || (stream_access::flags(stream) & ios_base::boolalpha) || stream_access::width(stream) != 0)
+  if (!is_quick(stream) || (_stream_access::flags(stream) & ios_base::boolalpha) || _stream_access::width(stream) != 0)
     return insert_by_facet(*this, value);
   return __zor_insert_char(*this, value ? '1' : '0');
 }
 
 template <class C, class T> basic_ostream<C, T> &basic_ostream<C, T>::operator<<(const void *value) {
   ios &stream = *this;
-  if (is_quick(stream) && stream_access::width(stream) <= 0 &&
+  if (is_quick(stream) && _stream_access::width(stream) <= 0 &&
       insert_at_once<integer_text_room>(
           stream, [=](char *at) { return pointer_text(at, value); }, [](char *, char *last, int) { return last; }))
     return *this;

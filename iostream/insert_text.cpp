@@ -13,14 +13,14 @@ namespace {
 // where that is not the way. `any_area` is of C strings; of strings a refusal counts.
 inline bool insert_unfilled(ostream &out, const char *text, unsigned n, bool any_area) {
   ios &stream = out;
-  if (!is_quiet(stream) || stream_access::width(stream) > static_cast<streamsize>(n)) return false;
+  if (!is_quiet(stream) || _stream_access::width(stream) > static_cast<streamsize>(n)) return false;
   if (static_cast<long>(n) < 0) return false;
-  stream_access::width(stream) = 0;
+  _stream_access::width(stream) = 0;
   if (_quick_output::_write(stream, text, static_cast<long>(n), any_area)) return true;
-  FILE *const file = plain_file(stream_access::buffer(stream));
+  FILE *const file = plain_file(_stream_access::buffer(stream));
   if (!file) return false;
   if (any_area)
-    insert_into_file(*stream_access::buffer(stream), file, text, static_cast<long>(n));
+    insert_into_file(*_stream_access::buffer(stream), file, text, static_cast<long>(n));
   else if (write_file(file, text, static_cast<long>(n)) != static_cast<long>(n))
     update_state(stream, ios_base::failbit);
   return true;
@@ -28,18 +28,18 @@ inline bool insert_unfilled(ostream &out, const char *text, unsigned n, bool any
 
 // The same with fill, into a put area or stdio's buffer that has room for all.
 bool insert_filled(ios &stream, const char *text, unsigned n, bool any_area, bool fill_first) {
-  const unsigned width = stream_access::width(stream);
+  const unsigned width = _stream_access::width(stream);
   if (!is_quiet(stream) || static_cast<int>(width) <= static_cast<int>(n)) return false;
-  streambuf *const buffer = stream_access::buffer(stream);
+  streambuf *const buffer = _stream_access::buffer(stream);
   FILE *const file = plain_file(buffer);
   if (!file && !any_area && !is_plain_stringbuf(buffer)) return false;
-  char *&next = file ? file->_IO_write_ptr : buffer_access::pptr(*buffer);
-  const char *const end = file ? file->_IO_write_end : buffer_access::epptr(*buffer);
+  char *&next = file ? file->_IO_write_ptr : _buffer_access::pptr(*buffer);
+  const char *const end = file ? file->_IO_write_end : _buffer_access::epptr(*buffer);
   if (end - next < static_cast<int>(width)) return false;
-  memset(fill_first ? next : next + n, stream_access::fill(stream), width - n);
+  memset(fill_first ? next : next + n, _stream_access::fill(stream), width - n);
   _quick_output::_copy(fill_first ? next + (width - n) : next, text, n);
   next += width;
-  stream_access::width(stream) = 0;
+  _stream_access::width(stream) = 0;
   return true;
 }
 

@@ -36,17 +36,17 @@ inline bool has_quick(const std::locale &loc, std::locale::imp::_quick bits) {
 
 // The file under a buffer that hands its characters to stdio as they are, or null.
 inline FILE *plain_file(std::streambuf *buffer) {
-  if (!is_plain_filebuf(buffer) || !has_quick(buffer_access::loc(*buffer), std::locale::imp::_quick_codecvt))
+  if (!is_plain_filebuf(buffer) || !has_quick(_buffer_access::loc(*buffer), std::locale::imp::_quick_codecvt))
     return nullptr;
-  return buffer_access::file(*buffer);
+  return _buffer_access::file(*buffer);
 }
 
 // Where the next character goes in a buffer that nobody sees beyond its end, when it has room for n; or null.
 inline PLX_INLINE char **roomy_cursor(std::streambuf *buffer, int n) {
   if (is_plain_stringbuf(buffer)) {
-    char *&next = buffer_access::pptr(*buffer);
-    if (buffer_access::epptr(*buffer) - next < n) return nullptr;
-    return buffer_access::is_at_end(static_cast<std::stringbuf &>(*buffer)) ? &next : nullptr;
+    char *&next = _buffer_access::pptr(*buffer);
+    if (_buffer_access::epptr(*buffer) - next < n) return nullptr;
+    return _buffer_access::is_at_end(static_cast<std::stringbuf &>(*buffer)) ? &next : nullptr;
   }
   FILE *const file = plain_file(buffer);
   return file && file->_IO_write_end - file->_IO_write_ptr >= n ? &file->_IO_write_ptr : nullptr;
@@ -57,7 +57,7 @@ inline int room_in(const FILE *file) { return static_cast<int>(file->_IO_write_e
 // Inserters of numbers, characters and C strings do not notice what a buffer refuses, and stdio forgets what it could
 // not write. So the buffer remembers: flush and close report it. A file that is only read loses nothing.
 inline void note_loss(std::streambuf &buffer, FILE *file) {
-  if (__fwritable(file)) buffer_access::lost(buffer) = true;
+  if (__fwritable(file)) _buffer_access::lost(buffer) = true;
 }
 inline void insert_into_file(std::streambuf &buffer, FILE *file, const char *text, long n) {
   if (write_file(file, text, n) != n) note_loss(buffer, file);

@@ -32,7 +32,7 @@ PLX_LONG_WAY ostream &insert_guarded(ostream &out, char c) {
 
 // Writes through stdio when its buffer is full: false where that is not the way.
 inline bool put_into_stdio(ostream &out, char c, bool &refused) {
-  FILE *const file = is_quiet(out) ? plain_file(stream_access::buffer(out)) : nullptr;
+  FILE *const file = is_quiet(out) ? plain_file(_stream_access::buffer(out)) : nullptr;
   if (!file) return false;
   refused = put_into_file(file, static_cast<unsigned char>(c)) == EOF;
   return true;
@@ -48,8 +48,8 @@ PLX_LONG_WAY ostream &put_elsewhere(ostream &out, char c) {
 PLX_LONG_WAY ostream &insert_elsewhere(ostream &out, char c) {
   bool refused;
   if (!put_into_stdio(out, c, refused)) return insert_guarded(out, c);
-  if (refused) note_loss(*stream_access::buffer(out), buffer_access::file(*stream_access::buffer(out)));
-  stream_access::width(out) = 0;
+  if (refused) note_loss(*_stream_access::buffer(out), _buffer_access::file(*_stream_access::buffer(out)));
+  _stream_access::width(out) = 0;
   return out;
 }
 

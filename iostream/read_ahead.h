@@ -19,13 +19,13 @@ long read_file(std::filebuf &buffer, char *to, long n);
 
 // The next character, which stays.
 inline int peek_file(std::filebuf &buffer) {
-  const FILE *const file = buffer_access::file(buffer);
+  const FILE *const file = _buffer_access::file(buffer);
   if (file && file->_IO_read_ptr < file->_IO_read_end) return static_cast<unsigned char>(*file->_IO_read_ptr);
   return peek_after_refill(buffer);
 }
 
 inline int get_from_file(std::filebuf &buffer) {
-  FILE *const file = buffer_access::file(buffer);
+  FILE *const file = _buffer_access::file(buffer);
   if (file && file->_IO_read_ptr < file->_IO_read_end) return static_cast<unsigned char>(*file->_IO_read_ptr++);
   return get_after_refill(buffer);
 }

@@ -21,14 +21,14 @@ allocation_habit find_string_block_habit() {
   return string_block_habit = array_operator_new_is_replaced() ? habit_by_rule : habit_free;
 }
 
-bool buffer_access::make_room(std::stringbuf &b, unsigned n) {
+bool _buffer_access::make_room(std::stringbuf &b, unsigned n) {
   if (!(b._mode_ & std::ios_base::out)) return false;
   if ((!b._block_ || b._room_end_ - b._pptr_ < static_cast<int>(n)) && !b._make_room(n)) return false;
   b._open_up();
   return true;
 }
 
-void buffer_access::settle(std::stringbuf &b) { b._settle(); }
+void _buffer_access::settle(std::stringbuf &b) { b._settle(); }
 
 }  // namespace __zor
 

@@ -13,9 +13,9 @@ namespace {
 inline int take_at_once(istream &in) {
   if (!starts_at_once(in)) return EOF;
   get_window window;
-  if (!open_get_window(stream_access::buffer(in), window)) return EOF;
+  if (!open_get_window(_stream_access::buffer(in), window)) return EOF;
   window.take_up_to(window.at + 1);
-  stream_access::count(in) = 1;
+  _stream_access::count(in) = 1;
   return static_cast<unsigned char>(*window.at);
 }
 
@@ -24,11 +24,11 @@ inline int take_at_once(istream &in) {
   light_input_operation(
       in, true,
       [&](iostate &error) {
-        c = stream_access::buffer(in)->sbumpc();
+        c = _stream_access::buffer(in)->sbumpc();
         if (c == EOF)
           error |= ios_base::eofbit;
         else
-          stream_access::count(in) = 1;
+          _stream_access::count(in) = 1;
       },
       [&](iostate &error) {
         if (c == EOF) error |= ios_base::failbit;
@@ -39,7 +39,7 @@ inline int take_at_once(istream &in) {
 [[gnu::noinline]] int peek_in_frame(istream &in) {
   int c = EOF;
   light_input_operation(in, true, [&](iostate &error) {
-    c = stream_access::buffer(in)->sgetc();
+    c = _stream_access::buffer(in)->sgetc();
     if (c == EOF) error |= ios_base::eofbit;
   });
   return c;
@@ -56,12 +56,12 @@ inline const char *find_end_of_ignored(const char *at, const char *end, int deli
   if (n < 1) n = 0;
   light_input_operation(in, true, [&](iostate &error) {
     streamsize left = n;
-    if (n && !read_blocks(stream_access::buffer(in), [&](const char *&at, const char *end) {
+    if (n && !read_blocks(_stream_access::buffer(in), [&](const char *&at, const char *end) {
           const streamsize part = end - at < left ? end - at : left;
           const char *const next = find_end_of_ignored(at, at + part, delim);
           const streamsize taken = next ? next - at : part;
           at += taken;
-          count_more(stream_access::count(in), taken);
+          count_more(_stream_access::count(in), taken);
           if (n != INT_MAX) left -= taken;
           return !next && left;
         }))
@@ -85,7 +85,7 @@ template <class C, class T> basic_istream<C, T> &basic_istream<C, T>::_get(C &to
 
 template <class C, class T> typename basic_istream<C, T>::int_type basic_istream<C, T>::peek() {
   get_window window;
-  if (starts_at_once(*this) && open_get_window(stream_access::buffer(*this), window)) {
+  if (starts_at_once(*this) && open_get_window(_stream_access::buffer(*this), window)) {
     _gcount_ = 0;
     return static_cast<unsigned char>(*window.at);
   }
@@ -94,7 +94,7 @@ template <class C, class T> typename basic_istream<C, T>::int_type basic_istream
 
 template <class C, class T> basic_istream<C, T> &basic_istream<C, T>::read(C *to, streamsize n) {
   get_window window;
-  if (starts_at_once(*this) && n > 0 && open_get_window(stream_access::buffer(*this), window) &&
+  if (starts_at_once(*this) && n > 0 && open_get_window(_stream_access::buffer(*this), window) &&
       window.end - window.at >= n) {
     move_block(to, window.at, n);
     window.take_up_to(window.at + n);
@@ -103,7 +103,7 @@ template <class C, class T> basic_istream<C, T> &basic_istream<C, T>::read(C *to
   }
   light_input_operation(*this, true, [&](iostate &error) {
     if (n < 1) return;
-    _gcount_ = stream_access::buffer(*this)->sgetn(to, n);
+    _gcount_ = _stream_access::buffer(*this)->sgetn(to, n);
     if (_gcount_ != n) error |= ios_base::eofbit | ios_base::failbit;
   });
   return *this;
@@ -112,7 +112,7 @@ template <class C, class T> basic_istream<C, T> &basic_istream<C, T>::read(C *to
 template <class C, class T> streamsize basic_istream<C, T>::readsome(C *to, streamsize n) {
   streamsize got = 0;
   input_operation(*this, true, [&](iostate &error) {
-    streambuf *const buffer = stream_access::buffer(*this);
+    streambuf *const buffer = _stream_access::buffer(*this);
     const streamsize ready = buffer->in_avail();
     if (ready == -1)
       error |= ios_base::eofbit;
@@ -124,7 +124,7 @@ template <class C, class T> streamsize basic_istream<C, T>::readsome(C *to, stre
 
 template <class C, class T> basic_istream<C, T> &basic_istream<C, T>::ignore(streamsize n, int_type delim) {
   get_window window;
-  if (n > 0 && starts_at_once(*this) && open_get_window(stream_access::buffer(*this), window)) {
+  if (n > 0 && starts_at_once(*this) && open_get_window(_stream_access::buffer(*this), window)) {
     const streamsize ready = window.end - window.at, part = ready < n ? ready : n;
     const char *const next = find_end_of_ignored(window.at, window.at + part, delim);
     if (next || part == n) {
@@ -139,14 +139,14 @@ template <class C, class T> basic_istream<C, T> &basic_istream<C, T>::ignore(str
 
 template <class C, class T> basic_istream<C, T> &basic_istream<C, T>::putback(C c) {
   light_input_operation(*this, true, [&](iostate &error) {
-    if (stream_access::buffer(*this)->sputbackc(c) == EOF) error |= ios_base::badbit;
+    if (_stream_access::buffer(*this)->sputbackc(c) == EOF) error |= ios_base::badbit;
   });
   return *this;
 }
 
 template <class C, class T> basic_istream<C, T> &basic_istream<C, T>::unget() {
   light_input_operation(*this, true, [&](iostate &error) {
-    if (stream_access::buffer(*this)->sungetc() == EOF) error |= ios_base::badbit;
+    if (_stream_access::buffer(*this)->sungetc() == EOF) error |= ios_base::badbit;
   });
   return *this;
 }

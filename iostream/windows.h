@@ -41,9 +41,9 @@ struct put_window {
 
 // The same as below, of a string buffer whose get area is hidden or empty.
 inline bool open_string_window(std::stringbuf &buffer, get_window &window) {
-  if (buffer_access::is_settled(buffer)) return false;
-  buffer_access::settle(buffer);
-  char *&gptr = buffer_access::gptr(buffer), *const egptr = buffer_access::egptr(buffer);
+  if (_buffer_access::is_settled(buffer)) return false;
+  _buffer_access::settle(buffer);
+  char *&gptr = _buffer_access::gptr(buffer), *const egptr = _buffer_access::egptr(buffer);
   window = {gptr, egptr, &gptr};
   return gptr < egptr;
 }
@@ -56,14 +56,14 @@ inline bool is_endless(const get_window &window) {
 
 // Opens a window of at least one character; false when there is none.
 inline bool open_get_window(std::streambuf *buffer, get_window &window) {
-  char *&gptr = buffer_access::gptr(*buffer), *const egptr = buffer_access::egptr(*buffer);
+  char *&gptr = _buffer_access::gptr(*buffer), *const egptr = _buffer_access::egptr(*buffer);
   if (gptr < egptr) {
     window = {gptr, egptr, &gptr};
     return true;
   }
   if (!is_plain_filebuf(buffer))
     return is_plain_stringbuf(buffer) && open_string_window(static_cast<std::stringbuf &>(*buffer), window);
-  FILE *const file = buffer_access::file(*buffer);
+  FILE *const file = _buffer_access::file(*buffer);
   if (!file || file->_IO_read_ptr >= file->_IO_read_end) return false;
   window = {file->_IO_read_ptr, file->_IO_read_end, &file->_IO_read_ptr};
   return true;
@@ -71,21 +71,21 @@ inline bool open_get_window(std::streambuf *buffer, get_window &window) {
 
 // Opens a window with room for n characters; false when there is none.
 inline bool open_put_window(std::streambuf *buffer, int n, put_window &window) {
-  char *&pptr = buffer_access::pptr(*buffer), *const epptr = buffer_access::epptr(*buffer);
+  char *&pptr = _buffer_access::pptr(*buffer), *const epptr = _buffer_access::epptr(*buffer);
   if (epptr - pptr >= n) {
     window = {pptr, epptr, &pptr};
     return true;
   }
   if (is_plain_stringbuf(buffer)) {
     // Whoever opens the window goes on to write.
-    if (!buffer_access::make_room(static_cast<std::stringbuf &>(*buffer), n)) return false;
-    window = {pptr, buffer_access::epptr(*buffer), &pptr};
+    if (!_buffer_access::make_room(static_cast<std::stringbuf &>(*buffer), n)) return false;
+    window = {pptr, _buffer_access::epptr(*buffer), &pptr};
     return true;
   }
   if (!is_plain_filebuf(buffer) ||
-      !(buffer_access::loc(*buffer)._get_imp()->_get_quick() & std::locale::imp::_quick_codecvt))
+      !(_buffer_access::loc(*buffer)._get_imp()->_get_quick() & std::locale::imp::_quick_codecvt))
     return false;
-  FILE *const file = buffer_access::file(*buffer);
+  FILE *const file = _buffer_access::file(*buffer);
   if (!file || file->_IO_write_end - file->_IO_write_ptr < n) return false;
   window = {file->_IO_write_ptr, file->_IO_write_end, &file->_IO_write_ptr};
   return true;

@@ -9,7 +9,7 @@
 namespace __zor {
 
 // The library's own way in.
-struct buffer_access {
+struct _buffer_access {
   static bool is_sound(const std::stringbuf &b) {
     const char *const begin = b._block_, *const end = b._room_end_;
     if (!begin) return !end && !b._buffer_end_ && !b._written_ && !b._wide_ && !b.gptr() && !b.pptr();
@@ -276,7 +276,7 @@ void run(std::stringbuf &b, probe *seen, int mode) {
         break;
     }
     CHECK(b.str() == m.str());
-    CHECK(__zor::buffer_access::is_sound(b));
+    CHECK(__zor::_buffer_access::is_sound(b));
     if (seen) seen->check(m);
     if (test_failures) fprintf(stderr, "  step %d, operation %d, mode %d\n", step, op, mode);
   }
