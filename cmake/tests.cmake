@@ -2,6 +2,8 @@
 # tests/mixed/<name>/ is one program of C and C++ files. CTest knows them as <folder>/<name>.
 #
 # A line `test-variants: <flags> | <flags>` at the top of a file makes one test per set of flags, <folder>/<name>:<flags>.
+# All sets are tested with the library built by clang++; with the others too where the compiler's level matters, which is
+# where exceptions pass, and elsewhere the first set alone.
 # tests/<folder>/peer/<name>.cpp must print the same with plx and, by the same compiler, with the library of the host, in
 # each variant; a line `test-peer: <dialects>` says that a test holds for the host's library too, and makes a test
 # <folder>/<name>:peer of that. See tests/peer.
@@ -17,6 +19,13 @@ set(PLX_TEST_ENVIRONMENT
   ASAN_OPTIONS=allocator_may_return_null=1:detect_stack_use_after_return=0:print_legend=0
   UBSAN_OPTIONS=print_stacktrace=1
   LC_ALL=C)
+
+# What does not depend on how the library was built is tested with one build of it.
+set(PLX_TEST_ONCE OFF)
+if(CMAKE_CXX_COMPILER_ID STREQUAL Clang AND NOT PLX_SANITIZE)
+  set(PLX_TEST_ONCE ON)
+endif()
+set(PLX_LEVELS_MATTER "/tests/(cxxabi|exceptions|generated|mixed|unwind)/")
 
 # Every program is built by `tests`, every program and script has its own target too.
 add_custom_target(tests ALL)
@@ -34,6 +43,9 @@ function(plx_variants out)
       list(TRANSFORM line STRIP)
       if(PLX_SANITIZE)
         list(FILTER line EXCLUDE REGEX "(^| )-static( |$)")
+      endif()
+      if(NOT PLX_TEST_ONCE AND NOT file MATCHES "${PLX_LEVELS_MATTER}")
+        list(GET line 0 line)
       endif()
       set(${out} "${line}" PARENT_SCOPE)
       return()
@@ -93,13 +105,9 @@ endfunction()
 
 file(MAKE_DIRECTORY ${CMAKE_BINARY_DIR}/tests)
 file(GLOB test_files CONFIGURE_DEPENDS RELATIVE ${CMAKE_SOURCE_DIR}/tests tests/*/*.cpp tests/*/*.c tests/*/*.sh)
-list(FILTER test_files EXCLUDE REGEX "^(fuzz|mutants)/")
-# What does not depend on how the library was built is tested with one build of it.
-set(PLX_TEST_ONCE OFF)
-if(CMAKE_CXX_COMPILER_ID STREQUAL Clang AND NOT PLX_SANITIZE)
-  set(PLX_TEST_ONCE ON)
-else()
-  list(FILTER test_files EXCLUDE REGEX "^(documents|gdb|headers|install)/.*\\.sh$")
+list(FILTER test_files EXCLUDE REGEX "^(foreign|fuzz|mutants)/")
+if(NOT PLX_TEST_ONCE)
+  list(FILTER test_files EXCLUDE REGEX "^(documents|gdb|headers|install)/.*\\.sh$|^driver/(places|setup)\\.sh$")
 endif()
 foreach(file IN LISTS test_files)
   string(REGEX REPLACE "\\.[a-z]+$" "" name ${file})
@@ -113,11 +121,6 @@ foreach(file IN LISTS test_files)
   endif()
 endforeach()
 
-# Much to compile, and sources to fetch.
-if(TEST install/foreign_programs)
-  set_tests_properties(install/foreign_programs PROPERTIES TIMEOUT 900)
-endif()
-
 file(GLOB mixed_folders CONFIGURE_DEPENDS RELATIVE ${CMAKE_SOURCE_DIR}/tests LIST_DIRECTORIES true tests/mixed/*)
 foreach(folder IN LISTS mixed_folders)
   file(GLOB sources CONFIGURE_DEPENDS tests/${folder}/*.c tests/${folder}/*.cpp)
@@ -130,7 +133,11 @@ endforeach()
 file(GLOB peer_files CONFIGURE_DEPENDS RELATIVE ${CMAKE_SOURCE_DIR}/tests tests/*/peer/*.cpp)
 foreach(file IN LISTS peer_files)
   cmake_path(REMOVE_EXTENSION file OUTPUT_VARIABLE name)
-  plx_add_test(${name} ${CMAKE_SOURCE_DIR}/tests/peer compare ${CMAKE_SOURCE_DIR}/tests/${file})
+  set(variants all)
+  if(NOT PLX_TEST_ONCE AND NOT "/tests/${file}" MATCHES "${PLX_LEVELS_MATTER}")
+    set(variants first)
+  endif()
+  plx_add_test(${name} ${CMAKE_SOURCE_DIR}/tests/peer compare ${CMAKE_SOURCE_DIR}/tests/${file} ${variants})
 endforeach()
 
 include(cmake/fuzz.cmake)

@@ -29,8 +29,8 @@ bool _streambuf_source::_fetch(_character_source *self) {
   std::streambuf *const buffer = _buffer_access::buffer(source._at_);
   if (!buffer) return false;
   get_window window;
-  if (open_get_window(buffer, window)) {
-    source._cursor_ = window.cursor;
+  if (window.open(buffer)) {
+    source._cursor_ = &window.cursor();
     source._begin_ = source._next = window.at;
     source._end = window.end;
     return true;

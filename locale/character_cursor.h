@@ -29,7 +29,7 @@ public:
 
 private:
   // Before the call, the source knows what was read: it may throw.
-  __attribute__((__noinline__)) bool more() {
+  PLX_NOINLINE bool more() {
     source_._next = next_;
     const bool found = source_._more(&source_);
     next_ = source_._next;

@@ -13,8 +13,8 @@ void *__asan_addr_is_in_fake_stack(void *fake_stack, void *address, void **start
 namespace __zor {
 namespace {
 
-// An address in the frame of what lies at `address`, or 0. The sanitizer tells where its own function's frame was, which
-// the instrumented function called first of all: right below, where the frames of other calls are now.
+// An address in the frame of what lies at `address`, or 0. The sanitizer tells where its own function's frame was,
+// which the instrumented function called first of all: right below, where the frames of other calls are now.
 unsigned real_frame_of(void *address) {
   if (!__asan_get_current_fake_stack || !__asan_addr_is_in_fake_stack) return 0;
   void *fake_stack = __asan_get_current_fake_stack();

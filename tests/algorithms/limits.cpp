@@ -30,9 +30,6 @@ typedef archetype<tracked, std::forward_iterator_tag> stepping;
 typedef archetype<tracked, std::bidirectional_iterator_tag> both_ways;
 typedef archetype<tracked, std::random_access_iterator_tag> jumping;
 
-static bool is_even(const tracked &e) { return !(e == tracked(e.key / 2 * 2 + 1)); }
-static bool same_parity(const tracked &a, const tracked &b) { return !(a < b) && a.key % 2 == b.key % 2; }
-
 static int log_2(int n) { return n < 2 ? 0 : 1 + log_2((n + 1) / 2); }
 
 // ---- Comparisons
@@ -175,116 +172,99 @@ static void bad_orders() {
 
 // ---- Failures
 
-enum { count = 150, procedures = 18 };
+enum { count = 150, procedures = 18, permuting = 5 };
 
-static void run(int which, tracked *first, tracked *last) {
-  tracked *const middle = first + (last - first) / 3;
+// The first ones keep each element in one place, whatever throws, where elements move as bytes; as strings do.
+template <class T, class Less> static void run(int which, T *first, T *last, Less less) {
+  typedef archetype<T, std::forward_iterator_tag> stepping;
+  typedef archetype<T, std::bidirectional_iterator_tag> both_ways;
+  typedef archetype<T, std::random_access_iterator_tag> jumping;
+  T *const middle = first + (last - first) / 3;
   switch (which) {
-    case 0: std::sort(first, last); break;
-    case 1: std::stable_sort(first, last); break;
-    case 2: std::inplace_merge(first, middle, last); break;
-    case 3: std::inplace_merge(both_ways(first), both_ways(middle), both_ways(last)); break;
-    case 4: std::stable_partition(first, last, is_even); break;
-    case 5: std::stable_partition(both_ways(first), both_ways(last), is_even); break;
-    case 6: std::partial_sort(first, middle, last); break;
-    case 7: std::nth_element(first, middle, last); break;
-    case 8: std::partition(first, last, is_even); break;
-    case 9: std::make_heap(first, last); break;
+    case 0: std::sort(first, last, less); break;
+    case 1: std::stable_sort(first, last, less); break;
+    case 2: std::inplace_merge(first, middle, last, less); break;
+    case 3: std::partial_sort(first, middle, last, less); break;
+    case 4: std::nth_element(first, middle, last, less); break;
+    case 5: std::make_heap(first, last, less); break;
+    case 6: std::inplace_merge(both_ways(first), both_ways(middle), both_ways(last), less); break;
+    case 7: std::stable_partition(first, last, less); break;
+    case 8: std::stable_partition(both_ways(first), both_ways(last), less); break;
+    case 9: std::partition(first, last, less); break;
     case 10: std::rotate(first, middle, last); break;
-    case 11: std::unique(first, last, same_parity); break;
+    case 11: std::unique(first, last, less); break;
     case 12: std::random_shuffle(first, last); break;
-    case 13: std::sort(jumping(first), jumping(last)); break;
-    case 14: std::stable_sort(jumping(first), jumping(last)); break;
+    case 13: std::sort(jumping(first), jumping(last), less); break;
+    case 14: std::stable_sort(jumping(first), jumping(last), less); break;
     case 15: std::rotate(stepping(first), stepping(middle), stepping(last)); break;
-    case 16: std::partition(stepping(first), stepping(last), is_even); break;
-    default: std::next_permutation(first, last);
+    case 16: std::partition(stepping(first), stepping(last), less); break;
+    default: std::next_permutation(first, last, less);
   }
 }
 
-static void make(int which, tracked *range) {
-  for (int i = 0; i < count; ++i) range[i] = tracked(static_cast<int>(random_below(40)), i);
-  if (which == 2 || which == 3) {
-    std::stable_sort(range, range + count / 3);
-    std::stable_sort(range + count / 3, range + count);
+// An order, and of one element whether it is even.
+struct throwing_less {
+  bool operator()(const tracked &a, const tracked &b) const { return a < b; }
+  bool operator()(const std::string &a, const std::string &b) const {
+    tracked::may_fail(tracked::comparisons_to_fail);
+    return a < b;
   }
+  bool operator()(const tracked &e) const { return !(e == tracked(e.key / 2 * 2 + 1)); }
+  bool operator()(const std::string &s) const { return !(*this)(s, "k"); }
+};
+static void make(tracked &e, int i) { e = tracked(static_cast<int>(random_below(40)), i); }
+static void make(std::string &s, int) { s.assign(1 + random_below(60), static_cast<char>('a' + random_below(20))); }
+static bool is_whole(const tracked &e) { return e.key >= 0 && e.key < 40; }
+static bool is_whole(const std::string &s) { return !s.empty() && s.size() <= 60; }
+
+template <class T> static void make_range(int which, T *range) {
+  for (int i = 0; i < count; ++i) make(range[i], i);
+  if (which != 2 && which != 6) return;
+  std::stable_sort(range, range + count / 3);
+  std::stable_sort(range + count / 3, range + count);
 }
 
 // A fault at the N-th copy or comparison, until it does not come.
-static void failing_elements() {
+template <class T> static void failing(bool as_bytes) {
   for (int which = 0; which < procedures; ++which)
-    for (int comparing = 0; comparing < 2; ++comparing) {
+    for (int comparing = as_bytes; comparing < 2; ++comparing) {
       bool failed = true;
       for (int n = 1; failed; n += 1 + n / 7) {
         const long before = tracked::live, blocks = live_blocks;
-        tracked *const range = new tracked[count];
-        make(which, range);
-        (comparing ? tracked::comparisons_to_fail : tracked::copies_to_fail) = n;
-        failed = false;
-        try {
-          run(which, range, range + count);
-        } catch (const refused &) {
-          failed = true;
+        {
+          std::vector<T> range(count), want;
+          make_range(which, &range[0]);
+          want = range;
+          (comparing ? tracked::comparisons_to_fail : tracked::copies_to_fail) = n;
+          failed = false;
+          try {
+            run(which, &range[0], &range[0] + count, throwing_less());
+          } catch (const refused &) {
+            failed = true;
+          }
+          tracked::comparisons_to_fail = tracked::copies_to_fail = 0;
+          CHECK(as_bytes || tracked::live == before + 2 * count);
+          for (unsigned int i = 0; i < count; ++i) CHECK(is_whole(range[i]));
+          std::sort(range.begin(), range.end());
+          std::sort(want.begin(), want.end());
+          CHECK(!as_bytes || which >= permuting || range == want);
         }
-        tracked::comparisons_to_fail = tracked::copies_to_fail = 0;
-        CHECK_INT(tracked::live, before + count);
-        for (int i = 0; i < count; ++i) CHECK(range[i].key >= 0 && range[i].key < 40);
-        delete[] range;
         CHECK(tracked::live == before && live_blocks == blocks);
       }
     }
 }
 
-// Strings are sorted by their bytes: a comparison that throws must find each of them in one place again.
-static bool throwing_less(const std::string &a, const std::string &b) {
-  tracked::may_fail(tracked::comparisons_to_fail);
-  return a < b;
-}
-static void failing_strings() {
-  for (int which = 0; which < 5; ++which) {
-    bool failed = true;
-    for (int n = 1; failed; n += 1 + n / 9) {
-      const long blocks = live_blocks;
-      {
-        std::string range[count], want[count];
-        for (int i = 0; i < count; ++i)
-          want[i] = range[i].assign(1 + random_below(60), static_cast<char>('a' + random_below(20)));
-        std::string *const last = range + count, *const middle = range + 50;
-        if (which == 4) {
-          std::sort(range, middle);
-          std::sort(middle, last);
-        }
-        tracked::comparisons_to_fail = n;
-        failed = false;
-        try {
-          if (which == 0) std::sort(range, last, throwing_less);
-          if (which == 1) std::stable_sort(range, last, throwing_less);
-          if (which == 2) std::partial_sort(range, middle, last, throwing_less);
-          if (which == 3) std::nth_element(range, middle, last, throwing_less);
-          if (which == 4) std::inplace_merge(range, middle, last, throwing_less);
-        } catch (const refused &) {
-          failed = true;
-        }
-        tracked::comparisons_to_fail = 0;
-        std::sort(range, last);
-        std::sort(want, want + count);
-        CHECK(std::equal(range, last, want));
-      }
-      CHECK_INT(live_blocks, blocks);
-    }
-  }
-}
-
 // Buffers of every size below the wanted one, and none: the result is the same.
 static void little_memory() {
   for (std::size_t bytes = 0; bytes < count * sizeof(tracked); bytes = bytes * 3 + 7) {
-    for (int which = 1; which < 6; ++which) {
+    for (int which = 1; which < 9; ++which) {
       static tracked range[count], want[count];
       random_state = 99;
-      make(which, want);
+      make_range(which, want);
       std::copy(want, want + count, range);
-      run(which, want, want + count);
+      run(which, want, want + count, throwing_less());
       most_bytes = bytes;
-      run(which, range, range + count);
+      run(which, range, range + count, throwing_less());
       most_bytes = static_cast<std::size_t>(-1);
       bool same = true;
       for (int i = 0; i < count; ++i) same = same && range[i].key == want[i].key && range[i].rank == want[i].rank;
@@ -416,8 +396,8 @@ static void names_and_types() {
 int main() {
   comparisons();
   bad_orders();
-  failing_elements();
-  failing_strings();
+  failing<tracked>(false);
+  failing<std::string>(true);
   little_memory();
   raw_memory();
   names_and_types();

@@ -128,7 +128,7 @@ static void too_many_mediums() {
 int main() {
   if (!HEAP_IS_COUNTED) return TEST_SKIP;  // a sanitizer's heap cannot be made to fail
   for (int which = 0; which < 8; ++which) CHECK_INT(round_trip(which), which);
-  CHECK_INT(round_trip(17), 7);
+  CHECK_INT(round_trip(24), 14);
   CHECK_INT(nested_and_rethrown(), 5);
   clean_ups();
   CHECK_TRACE("1 2 1 2 3 9");

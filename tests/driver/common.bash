@@ -4,6 +4,7 @@ work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 cd "$work" || exit 1
 PATH=$PLX_PREFIX/bin:$PATH
+tables=$PLX_SOURCE/tests/driver/tables
 failures=0
 
 wrong() {
@@ -13,11 +14,17 @@ wrong() {
 }
 
 # table: reads lines `COMMAND => WANT`. What the command prints, in one line and with `!STATUS` behind it unless that is 0,
-# is the pattern WANT. Commands may use what those before them made.
+# is the pattern WANT. Commands may use what those before them made. `file NAME` makes a file of the lines behind `| `;
+# what follows `unless sanitized` is left out where the library has sanitizers.
 table() {
-  local row command want got status
+  local row command want got status file
   while IFS= read -r row; do
-    [ -n "$row" ] || continue
+    case $row in
+      '' | '# '*) continue ;;
+      'file '*) file=${row#file }; : > "$file"; continue ;;
+      '|'*) row=${row#|}; printf '%s\n' "${row# }" >> "$file"; continue ;;
+      'unless sanitized') [ -z "$PLX_SANITIZE" ] || return 0; continue ;;
+    esac
     command=${row%% =>*} want=${row##* =>}
     want=${want# }
     got=$(eval "$command" 2>&1; status=$?; [ $status -eq 0 ] || echo "!$status")

@@ -29,20 +29,7 @@ exec "$@"'
 }
 setup() { env -i PATH="$work/bin" ./dev setup; }
 
-install="apt-get install -y -q --no-install-recommends"
-table << END
-machine "debian 12" 0; setup; cat calls =>
-machine "debian 12" 0 ninja-build g++-multilib; setup; cat calls => dev: installing ninja-build g++-multilib $install ninja-build g++-multilib
-architecture=i386 machine "debian 12" 0 g++-multilib; setup; cat calls =>
-machine "debian 12" 0 clang-14 clang; setup; cat calls => dev: installing clang-14 $install clang-14
-machine "debian 13" 0 clang-14 clang; setup; cat calls => dev: installing clang $install clang
-machine "debian 13" 1000 cmake; setup; cat calls => dev: installing cmake sudo env * $install cmake $install cmake
-machine "debian 12" 0 cmake; rm fresh; setup; cat calls => dev: installing cmake $install cmake apt-get update -qq $install cmake
-machine "debian 12" 0 cmake; tool apt-get false; setup => dev: installing cmake dev: apt-get update failed; then: apt-get install cmake !1
-machine "debian 12" 1000 cmake xz-utils; rm bin/sudo; setup => dev: packages are missing, and neither root nor sudo is at hand; as root: apt-get install cmake xz-utils !1
-machine "fedora 40" 0 clang-14; setup; cat calls => dev: supported are Debian 12 and 13; this is fedora 40
-machine "fedora 40" 0; rm bin/ninja; tool g++ false; setup => dev: supported are Debian 12 and 13; this is fedora 40 dev: please install: Ninja, g++ with what it needs for -m32 * !1
-END
+table < "$tables/setup.txt"
 
 # Mistakes on the command line: one line each.
 for arguments in "nonsense" "run" "run no-such-file.cpp" "run README.md" "--preset nonsense build" "install"; do

@@ -144,6 +144,31 @@ static void no_memory_in_handler(void) {
   nested(1000, 100);
 }
 static void no_memory(void) { heap_fails_at = 0, nested(1, 9000); }
+/* Whatever is left of the initial block, a request that fails leaves it as it was: what fits before fits after. */
+static int filled, fails_first;
+static void small(void) {
+  TRY(catch_int) throw_int(1);
+  HANDLERS _exit(7);
+  END_TRY
+}
+static void beside_a_filler(void) {
+  _ZSt13set_terminatePFvvE(fails_first ? small : 0);
+  TRY(catch_big) throw_big(filled, 1);
+  HANDLERS
+    heap_fails_at = 0;
+    if (fails_first) throw_big(5000, 2);
+    small();
+  END_TRY
+}
+static void left_alone(void) {
+  int changes = 0, before = 7, ends[2];
+  for (filled = 6800; filled < 7900; filled += 8) {
+    for (fails_first = 0; fails_first < 2; ++fails_first) ends[fails_first] = test_run_child(beside_a_filler).status;
+    CHECK_INT(ends[1], ends[0]);
+    changes += ends[0] != before, before = ends[0];
+  }
+  CHECK_INT(changes, 1);
+}
 static void exhausted_heap(void) {
   for (failing_size = 8; failing_size < 9000; failing_size += failing_size < 7840 ? 808 : failing_size < 8136 ? 8 : 808)
     for (failing_block = 0; failing_block < 3; ++failing_block) CHECK_ENDS(out_of_memory, 3, "terminated 1, 0 failed");
@@ -167,6 +192,7 @@ int main(void) {
 #if HEAP_IS_COUNTED
   sizes();
   exhausted_heap();
+  left_alone();
 #endif
   CHECK_ABORTS(impossible, "plx: terminated: an exception of impossible size\n");
   CHECK_ABORTS(negative, "plx: terminated: an exception of impossible size\n");

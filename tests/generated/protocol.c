@@ -231,6 +231,12 @@ static NOINLINE void jumps_out_of_handlers(void) {
     END_TRY
   END_TRY
 }
+static NOINLINE void constructs_across_a_jump(void) {
+  __throw_setup_dtor(&type_fault, sizeof(fault), 0, fault_destroy);
+  if (setjmp(back) == 0) jumps_out_of_handlers();
+  throw_fault(5);
+}
+static void jumped_while_constructed(void) { caught_fault(constructs_across_a_jump); }
 static void jumped(void) {
   LOCALS
     REGION(0);
@@ -504,6 +510,7 @@ static const struct {
     {interrupted_without_try, 3, "[] uncaught=1"},
     {loops, 0, ""},
     {jumped, 0, "~2 ~e3 ~e2 back0 ~e1"},
+    {jumped_while_constructed, 0, "~e3 ~e2 caught-5 ~e5"},
     {violated, 0, "~1 U ~e1 caught-8 ~e8 ~1 U ~e1 U ~e8 caught-8 ~e8 ~1 U caught-1 ~e1 ~1 U U caught-1 ~e1 U end ~e3"},
     {not_moved, 0, "1"},
     {unexpected_returns, 3, "returned [~1] uncaught=0"},

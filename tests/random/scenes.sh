@@ -1,9 +1,9 @@
 #!/bin/bash
 # Scenes at random (scenes/scenes.h): generated C alone, and generated C and C++ by turns, leave the same trace as C++ with
-# the host's library. PLX_RANDOM_SEEDS is how many (20000), PLX_RANDOM_FIRST the first.
+# the host's library. PLX_SCENES is how many (20000), PLX_SCENES_FIRST the first.
 . "$PLX_SOURCE/tests/driver/common.bash"
 here=$PLX_SOURCE/tests/random/scenes
-scenes="${PLX_RANDOM_FIRST:-1} ${PLX_RANDOM_SEEDS:-20000}"
+scenes="${PLX_SCENES_FIRST:-1} ${PLX_SCENES:-20000}"
 gcc -m32 -O1 -w -DWORLDS=2 -c "$here/stage.c" -o stage.o &&
   g++ -m32 -O0 -std=gnu++98 -w "$here/world_cpp.cc" stage.o -o host || { echo "skipped: g++ -m32 does not work here"; exit 77; }
 # shellcheck disable=SC2086 # two words
@@ -13,7 +13,7 @@ plays() {
   shift
   "$@" 2> log || { wrong "$world: does not build"; return; }
   # shellcheck disable=SC2086
-  ./program $scenes > got 2> log || wrong "$world: status $?"
+  timeout 100 ./program $scenes > got 2> log || wrong "$world: status $?"
   cmp want got > log || wrong "$world: $(diff -a want got | head -n 4)"
 }
 for flags in -O0 '-O2 -fomit-frame-pointer'; do

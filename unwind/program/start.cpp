@@ -8,11 +8,11 @@ extern "C" {
 
 PLX_HIDDEN char __zor_cxx_start;
 
-// Set by the linker: the first and the last byte of this object.
-extern PLX_HIDDEN const char __ehdr_start[], _end[];
+// Set by the linker: the first byte of this object.
+extern PLX_HIDDEN const char __ehdr_start[];
 
 PLX_API void __zor_start_cxx(const void *image);
-PLX_API void __zor_end_cxx(const void *image, unsigned size);
+PLX_API void __zor_end_cxx(const void *image);
 
 }  // extern "C"
 
@@ -24,6 +24,6 @@ PLX_API void __zor_end_cxx(const void *image, unsigned size);
 namespace {
 
 __attribute__((__constructor__(100))) void start() { __zor_start_cxx(__ehdr_start); }
-__attribute__((__destructor__(100))) void end() { __zor_end_cxx(__ehdr_start, _end - __ehdr_start); }
+__attribute__((__destructor__(99))) void end() { __zor_end_cxx(__ehdr_start); }
 
 }  // namespace

@@ -37,7 +37,7 @@ const char *block(const char *node, int which) {
   }
 }
 static const char *after(const char *node) {
-  static const char *const shapes[] = {"t32", "?22", "+22", "a22", "F12", "!21", "J11", "r10", "j10", ".20"};
+  static const char *const shapes[] = {"t32", "?22", "+22", "a22", "F12", "L21", "!21", "J11", "r10", "j10", ".20"};
   int i = 0, blocks, depth = 0;
   while (shapes[i][0] != *node) ++i;
   node += shapes[i][1] - '0';
@@ -61,7 +61,7 @@ void run(const char *script) {
 #elif WORLDS == 2
     node_cpp(script);
 #else
-    (choice >> 13 & 1 ? node_c : node_cpp)(script);
+    (*script != 'L' && choice >> 13 & 1 ? node_c : node_cpp)(script);
 #endif
   }
 }
@@ -122,7 +122,7 @@ static void contained(int depth) {
   put("}{}}", 0);
 }
 static void node(int depth, int flags) {
-  switch (random_below(depth > 0 ? 15 : 3)) {
+  switch (random_below(depth > 0 ? 16 : 3)) {
     case 0: put(".%d", random_below(10)); break;
     case 1:
       if (flags & in_handler) put("r", 0);
@@ -174,6 +174,11 @@ static void node(int depth, int flags) {
       write(depth - 1, flags & in_handler);
       put("}{", 0);
       write(depth - 1, in_handler);
+      put("}", 0);
+      break;
+    case 11:
+      put("L%d{", random_below(7));
+      write(depth - 1, flags & in_handler);
       put("}", 0);
       break;
     default:

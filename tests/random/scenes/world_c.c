@@ -152,6 +152,17 @@ static NOINLINE void array_node(const char *node) {
   END_FUNCTION
 }
 
+/* Where no library is between: a stream keeps the exception. */
+static NOINLINE void library_node(const char *node) {
+  if ((node[1] - '0') % 7 != 4) {
+    run(block(node, 0));
+  } else {
+    TRY(all) run(block(node, 0));
+    HANDLERS END_TRY
+  }
+  say("L");
+}
+
 static NOINLINE void specification_node(const char *node) {
   SPECIFICATION(node[1] == 'i' ? int_list : int_or_fault)
     run(block(node, 0));
@@ -174,6 +185,7 @@ void node_c(const char *node) {
     case 'F': function_node(node); break;
     case 'a': array_node(node); break;
     case '!': specification_node(node); break;
+    case 'L': library_node(node); break;
     case 'J': jump_node(node); break;
     case 'j': longjmp(*place, 1);
     default: __rethrow();

@@ -1,7 +1,14 @@
 // Scenes as C++: each node is a function with the construct that it names.
 #include "scenes.h"
 
+#include <stdlib.h>
+
+#include <algorithm>
 #include <exception>
+#include <ostream>
+#include <set>
+#include <streambuf>
+#include <vector>
 
 #define APART static __attribute__((__noinline__)) void
 
@@ -84,6 +91,40 @@ APART array_node(const char *node) {
   }
 }
 
+// Frames of a library between: it calls back once; how often it would, libraries differ.
+static const char *once;
+static void call_once() {
+  const char *const script = once;
+  once = 0;
+  if (script) run(script);
+}
+struct less {
+  bool operator()(int a, int b) const { return call_once(), a < b; }
+};
+static int compare(const void *a, const void *b) { return call_once(), *(const int *)a - *(const int *)b; }
+struct buffer : std::streambuf {
+  virtual int overflow(int c) { return call_once(), c == -1 ? 0 : c; }
+};
+struct copied {
+  copied() {}
+  copied(const copied &) { call_once(); }
+};
+APART library_node(const char *node) {
+  int numbers[] = {3, 1, 2, 5, 4};
+  buffer to;
+  once = block(node, 0);
+  switch ((node[1] - '0') % 7) {
+    case 0: std::sort(numbers, numbers + 5, less()); break;
+    case 1: std::set<int, less>(numbers, numbers + 5); break;
+    case 2: std::vector<copied>(2, copied()); break;
+    case 3: to.sputn("text", 4); break;
+    case 4: std::ostream(&to) << 42; break;  // keeps the exception
+    case 5: qsort(numbers, 5, sizeof(int), compare); break;
+    case 6: bsearch(numbers, numbers, 5, sizeof(int), compare); break;
+  }
+  say("L");
+}
+
 APART int_only(const char *node) throw(int) { run(block(node, 0)); }
 APART int_or_fault(const char *node) throw(int, fault) { run(block(node, 0)); }
 static void (*volatile specified[])(const char *) = {int_only, int_or_fault};
@@ -104,6 +145,7 @@ void node_cpp(const char *node) {
     case 'F': function_node(node); break;
     case 'a': array_node(node); break;
     case '!': specified[node[1] == 'm'](node); break;
+    case 'L': library_node(node); break;
     case 'J': jump_node(node); break;
     case 'j': longjmp(*place, 1);
     default: throw;
