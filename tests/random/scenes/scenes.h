@@ -1,15 +1,17 @@
-/* Scenes: a small language about exceptions, and two worlds that play it with the same trace: generated C (world_c.c)
- * and C++ (world_cpp.cc). stage.c writes scenes at random and knows which world plays which node; the host's library
- * says what is right (../scenes.sh).
+/* Scenes: a small language about exceptions, and two worlds that play it with the same trace: generated C (world_c.c) and
+ * C++ (world_cpp.cc). stage.c writes scenes at random and knows which world plays which node; the host's library says
+ * what is right (../scenes.sh).
  *
- *   tfN{A}{B}  throws a fault with the number N, or a special (s), big (b), int (i), double (d), pointer (p); A runs
- * while the object is constructed, B when it is destroyed ?C{A}{B}   A in a try block with the clauses C (see
- * clauses()), B in its handlers +N{A}{B}   A with a local object whose destructor runs B F{A}{B}    the same in one
- * function with two objects, one of them inside, which takes int and fault aN{A}{B}   B with an array of three, of
- * which element N % 3 runs A while it is constructed; on the heap from 3 on LN{A}      A called by the C++ or C
- * library: by sort, set, vector, streambuf, ostream, qsort, bsearch (C++ only) !C{A}      A in a function with an
- * exception specification: int (i), int and fault (m) J{A}  j    A behind a setjmp; a jump to it r  .N      throw; and
- * a word in the trace */
+ *   tfN{A}{B}  throws a fault with the number N, or a special (s), big (b), int (i), double (d), pointer (p); A runs while
+ *              the object is constructed, B when it is destroyed
+ *   ?C{A}{B}   A in a try block with the clauses C (see clauses()), B in its handlers
+ *   +N{A}{B}   A with a local object whose destructor runs B
+ *   F{A}{B}    the same in one function with two objects, one of them inside, which takes int and fault
+ *   aN{A}{B}   B with an array of three, of which element N % 3 runs A while it is constructed; on the heap from 3 on
+ *   LN{A}      A called by the C++ or C library: by sort, set, vector, streambuf, ostream, qsort, bsearch (C++ only)
+ *   !C{A}      A in a function with an exception specification: int (i), int and fault (m)
+ *   J{A}  j    A behind a setjmp; a jump to it
+ *   r  .N      throw; and a word in the trace */
 #ifndef SCENES_H
 #define SCENES_H
 
