@@ -50,6 +50,7 @@ compile() {
   local build=$1 source=$2 output=$3 with compiler
   case $build in *clang) with=$clang ;; *) with=$gcc ;; esac
   case $build:$source in
+    plx-*:*/mixed.c) compiler=("$prefix/bin/plx-c++") ;;
     plx-*:*.c) compiler=("$prefix/bin/plx-cc") ;;
     plx-*) compiler=("$prefix/bin/plx-c++" -std=gnu++98) ;;
     *) compiler=("$with" -m32 -std=gnu++98) ;;
@@ -182,7 +183,7 @@ run_static() {
   [ ${#filter[@]} -eq 0 ] || wanted static || return
   [ -f "$prefix/lib/libplx.a" ] || { echo "without static programs: there is no $prefix/lib/libplx.a"; return; }
   local filter=()
-  times "ns per operation, static programs" "$source_dir"/exceptions.cpp "$source_dir"/generated.c -- -static
+  times "ns per operation, static programs" "$source_dir"/{exceptions.cpp,generated.c,mixed.c} -- -static
 }
 
 # ---- Instructions where nothing is thrown ---------------------------------------------------------------------------

@@ -10,7 +10,7 @@ function cell(text) { gsub(/\|/, "\\|", text); gsub(/</, "\\&lt;", text); return
 # The chart of a program's cases.
 function group_of(program) {
   if (heading ~ /static/) return "static"
-  if (program ~ /^(exceptions|frames|generated|rtti|memory)$/) return "exceptions"
+  if (program ~ /^(exceptions|frames|generated|mixed|rtti|memory)$/) return "exceptions"
   if (program ~ /^string_(append|copy|edit|search)$/) return "strings"
   if (program ~ /^(sequences|associative|bitset|algorithms)$/) return "containers"
   if (program ~ /^stream|^string_streams$/) return "streams"

@@ -22,7 +22,8 @@ constexpr int widest = 64;  // what the fast paths fill
 inline bool is_fast(const ios &stream) { return is_quiet(stream) && has_plain_num_put(_stream_access::loc(stream)); }
 
 // A text that was made next to the buffer.
-PLX_HIDDEN PLX_REGPARM bool insert_copy(streambuf *buffer, const char *text, int n) {
+PLX_HIDDEN PLX_REGPARM bool insert_copy(ios &stream, const char *text, int n) {
+  streambuf *const buffer = stream_access::buffer(stream);
   const a_put_result result = put_fast<put_text>(buffer, text, n);
   if (result == put_refused) keep_refusal(buffer);
   return result != put_not_fast;
@@ -32,9 +33,8 @@ PLX_HIDDEN PLX_REGPARM bool insert_copy(streambuf *buffer, const char *text, int
 template <int room, class Write, class Pad> inline bool insert_fast(ios &stream, Write write, Pad pad) {
   constexpr int most = room + widest + pad_overrun;
   char local[most];
-  streambuf *const buffer = _stream_access::buffer(stream);
   put_window window;
-  const bool is_open = window.open_ready<put_scratch>(buffer, most);
+  const bool is_open = window.open_ready<put_scratch>(stream_access::buffer(stream), most);
   char *const first = is_open ? window.at : local;
   char *last = write(first);
   if (!last) return false;
@@ -45,7 +45,7 @@ template <int room, class Write, class Pad> inline bool insert_fast(ios &stream,
   }
   if (is_open)
     window.commit(last);
-  else if (!insert_copy(buffer, local, static_cast<int>(last - local)))
+  else if (!insert_copy(stream, local, static_cast<int>(last - local)))
     return false;
   _stream_access::width(stream) = 0;
   return true;

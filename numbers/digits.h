@@ -61,7 +61,7 @@ inline char *short_digits(char *at, unsigned value) {
 }
 
 // Any value in decimal. Writes up to 10 characters.
-inline char *decimal_digits(char *at, unsigned value) {
+inline PLX_REGPARM char *decimal_digits(char *at, unsigned value) {
   if (value < 10000) return short_digits(at, value);
   if (value < 100000000) {
     const unsigned high = value / 10000;

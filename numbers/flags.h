@@ -24,8 +24,8 @@ enum a_number_flag : unsigned {
   number_floatfield = number_fixed | number_scientific
 };
 
-// The bits of each field that is exactly one of its flags; any other mixture stands for "as the prefix says" when a
-// number is read, for decimal or general when it is written.
+// A field counts when it is exactly one of its flags. Any other mixture stands for "as the prefix says" when a number
+// is read, and for decimal, or general, when it is written.
 inline bool number_is_based(unsigned flags) {
   const unsigned base = flags & number_basefield;
   return base == number_hex || base == number_oct;
