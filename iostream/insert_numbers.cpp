@@ -23,7 +23,7 @@ inline bool is_fast(const ios &stream) { return is_quiet(stream) && has_plain_nu
 
 // A text that was made next to the buffer.
 PLX_HIDDEN PLX_REGPARM bool insert_copy(ios &stream, const char *text, int n) {
-  streambuf *const buffer = stream_access::buffer(stream);
+  streambuf *const buffer = _stream_access::buffer(stream);
   const a_put_result result = put_fast<put_text>(buffer, text, n);
   if (result == put_refused) keep_refusal(buffer);
   return result != put_not_fast;
@@ -34,7 +34,7 @@ template <int room, class Write, class Pad> inline bool insert_fast(ios &stream,
   constexpr int most = room + widest + pad_overrun;
   char local[most];
   put_window window;
-  const bool is_open = window.open_ready<put_scratch>(stream_access::buffer(stream), most);
+  const bool is_open = window.open_ready<put_scratch>(_stream_access::buffer(stream), most);
   char *const first = is_open ? window.at : local;
   char *last = write(first);
   if (!last) return false;
