@@ -53,7 +53,7 @@ bool any(const unsigned long *w, unsigned n) PLX_NOTHROW {
 unsigned count(const unsigned long *w, unsigned n) PLX_NOTHROW {
   if (processor_has(processor_popcnt)) return count_popcnt(w, n);
   unsigned sum = 0;
-  for (unsigned i = 0; i < n; ++i) sum += static_cast<unsigned>(count_in_word(w[i]));
+  for (unsigned i = 0; i < n; ++i) sum += static_cast<unsigned>(_count_in_word(w[i]));
   return sum;
 }
 

@@ -7,8 +7,8 @@
 
 namespace __zor {
 
-PLX_REGPARM const unsigned int *find_word(const unsigned int *first, const unsigned int *last,
-                                          unsigned int word) PLX_NOTHROW {
+PLX_REGPARM const unsigned int *_find_word(const unsigned int *first, const unsigned int *last,
+                                           unsigned int word) PLX_NOTHROW {
   if (processor_has(processor_sse2)) {
     first = find_word_sse2(first, last, word);
   } else {

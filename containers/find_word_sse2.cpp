@@ -1,4 +1,4 @@
-// The loop of find_word for processors with SSE2: sixteen words a step while there are that many.
+// The loop of _find_word for processors with SSE2: sixteen words a step while there are that many.
 
 #include "find_word_sse2.h"
 

@@ -1,4 +1,4 @@
-// The loop of find_word for processors with SSE2.
+// The loop of _find_word for processors with SSE2.
 #pragma once
 
 #include <plx/base/config.h>

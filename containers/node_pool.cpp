@@ -6,7 +6,7 @@
 
 namespace __zor {
 
-node_pool_state node_pool;
+_node_pool_state _node_pool;
 
 namespace {
 
@@ -15,16 +15,16 @@ constexpr unsigned batch_bytes = 1024;
 chunk_source chunks = {2048, nullptr, 0};
 
 void put(void *block, unsigned bytes) {
-  free_node *node = static_cast<free_node *>(block);
-  free_node *&head = node_pool.free[bytes / node_step];
-  node->next = head;
+  _free_node *node = static_cast<_free_node *>(block);
+  _free_node *&head = _node_pool.free[bytes / _node_step];
+  node->_next = head;
   head = node;
 }
 
 // What is left of the old chunk goes into the list of its size, or is cut until it fits one.
 void give_rest() {
-  constexpr unsigned most = largest_pooled_node;
-  while (chunks.fresh_bytes >= node_step) {
+  constexpr unsigned most = _largest_pooled_node;
+  while (chunks.fresh_bytes >= _node_step) {
     const unsigned bytes = chunks.fresh_bytes < most ? chunks.fresh_bytes : most;
     put(chunks.carve(bytes), bytes);
   }
@@ -32,11 +32,11 @@ void give_rest() {
 
 }  // namespace
 
-void *take_fresh_node(unsigned bytes) {
-  if (!blocks_are_pooled() || bytes > largest_pooled_node) return operator new(bytes);
-  node_pool._pooled = true;
+void *_take_fresh_node(unsigned bytes) {
+  if (!blocks_are_pooled() || bytes > _largest_pooled_node) return operator new(bytes);
+  _node_pool._pooled = true;
 
-  bytes = (bytes + node_step - 1) & ~(node_step - 1u);
+  bytes = (bytes + _node_step - 1) & ~(_node_step - 1u);
   if (chunks.fresh_bytes < bytes) {
     char *chunk = chunks.new_chunk();
     give_rest();

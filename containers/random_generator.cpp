@@ -49,10 +49,10 @@ void __random_generator::seed(unsigned long s) PLX_NOTHROW {
 unsigned long __random_generator::operator()(unsigned long limit) PLX_NOTHROW {
   // The high word of the product is uniform once the few low words that come up too often are redrawn.
   const unsigned int bound = static_cast<unsigned int>(limit);
-  unsigned long long product = static_cast<unsigned long long>(next()) * bound;
+  unsigned long long product = static_cast<unsigned long long>(_next()) * bound;
   if (static_cast<unsigned int>(product) < bound) {
     const unsigned int surplus = (0u - bound) % bound;
-    while (static_cast<unsigned int>(product) < surplus) product = static_cast<unsigned long long>(next()) * bound;
+    while (static_cast<unsigned int>(product) < surplus) product = static_cast<unsigned long long>(_next()) * bound;
   }
   return static_cast<unsigned long>(product >> 32);
 }

@@ -14,13 +14,13 @@ void rb_tree_base::__initialize() {
   leftmost = rightmost = header;
 }
 
-rb_node *rb_tree_base::__next(const rb_node *n) { return rb_tree_next(n); }
+rb_node *rb_tree_base::__next(const rb_node *n) { return _rb_tree_next(n); }
 
-rb_node *rb_tree_base::__prev(const rb_node *n) { return rb_tree_prev(n); }
+rb_node *rb_tree_base::__prev(const rb_node *n) { return _rb_tree_prev(n); }
 
 unsigned int rb_tree_base::__count(const rb_node *first, const rb_node *last) const {
   unsigned int steps = 0;
-  for (; first != last; first = rb_tree_next(first)) ++steps;
+  for (; first != last; first = _rb_tree_next(first)) ++steps;
   return steps;
 }
 

@@ -14,31 +14,31 @@ void make_up_for_black(rb_node *x, rb_node *parent, rb_node *header) {
     // A sibling always exists: its side holds the black nodes that are missing on ours.
     const unsigned side = parent->left == x ? 0 : 1;
     rb_node *sibling = child(parent, 1 - side);
-    if (sibling->color == rb_red) {
-      sibling->color = rb_black;
-      parent->color = rb_red;
+    if (sibling->color == _rb_red) {
+      sibling->color = _rb_black;
+      parent->color = _rb_red;
       rotate(parent, side, header);
       sibling = child(parent, 1 - side);
     }
     if (!is_red(sibling->left) && !is_red(sibling->right)) {
-      sibling->color = rb_red;
+      sibling->color = _rb_red;
       x = parent;
       parent = x->parent;
       continue;
     }
     if (!is_red(child(sibling, 1 - side))) {
-      child(sibling, side)->color = rb_black;
-      sibling->color = rb_red;
+      child(sibling, side)->color = _rb_black;
+      sibling->color = _rb_red;
       rotate(sibling, 1 - side, header);
       sibling = child(parent, 1 - side);
     }
     sibling->color = parent->color;
-    parent->color = rb_black;
-    child(sibling, 1 - side)->color = rb_black;
+    parent->color = _rb_black;
+    child(sibling, 1 - side)->color = _rb_black;
     rotate(parent, side, header);
     break;
   }
-  if (x) x->color = rb_black;
+  if (x) x->color = _rb_black;
 }
 
 // The first or last node of the tree leaves, with at most one child x, on the inner side.
@@ -46,7 +46,7 @@ rb_node *next_end(rb_node *z, rb_node *x, unsigned side) { return x ? last_on(x,
 
 }  // namespace
 
-void rb_tree_unlink(rb_tree_base_data *tree, rb_node *z) PLX_NOTHROW {
+void _rb_tree_unlink(rb_tree_base_data *tree, rb_node *z) PLX_NOTHROW {
   rb_node *const header = tree->header;
   rb_node *x;
   rb_node *parent;
@@ -83,11 +83,11 @@ void rb_tree_unlink(rb_tree_base_data *tree, rb_node *z) PLX_NOTHROW {
       header->left = last == header ? nullptr : last;
     }
   }
-  if (removed == rb_black) make_up_for_black(x, parent, header);
+  if (removed == _rb_black) make_up_for_black(x, parent, header);
 }
 
 void rb_tree_base::__erase(rb_node *z) {
-  rb_tree_unlink(this, z);
+  _rb_tree_unlink(this, z);
   destroy_node(z);
 }
 

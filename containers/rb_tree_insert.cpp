@@ -5,16 +5,16 @@
 
 namespace __zor {
 
-void rb_tree_rebalance(rb_node *x, rb_node *header) PLX_NOTHROW {
-  while (x != header->parent && x->parent->color == rb_red) {
+void _rb_tree_rebalance(rb_node *x, rb_node *header) PLX_NOTHROW {
+  while (x != header->parent && x->parent->color == _rb_red) {
     rb_node *parent = x->parent;
     rb_node *const grandparent = parent->parent;
     const unsigned side = side_of(parent);
     rb_node *const uncle = child(grandparent, 1 - side);
     if (is_red(uncle)) {
-      parent->color = rb_black;
-      uncle->color = rb_black;
-      grandparent->color = rb_red;
+      parent->color = _rb_black;
+      uncle->color = _rb_black;
+      grandparent->color = _rb_red;
       x = grandparent;
       continue;
     }
@@ -22,19 +22,19 @@ void rb_tree_rebalance(rb_node *x, rb_node *header) PLX_NOTHROW {
       rotate(parent, side, header);
       parent = x;
     }
-    parent->color = rb_black;
-    grandparent->color = rb_red;
+    parent->color = _rb_black;
+    grandparent->color = _rb_red;
     rotate(grandparent, 1 - side, header);
     break;
   }
-  header->parent->color = rb_black;
+  header->parent->color = _rb_black;
 }
 
 rb_node *rb_tree_base::__finish_insert(rb_node *x, rb_node *p, rb_node *right_of) {
   if (!header->parent)
-    rb_tree_link_root(this, x);
+    _rb_tree_link_root(this, x);
   else
-    rb_tree_link_below(this, x, p, right_of);
+    _rb_tree_link_below(this, x, p, right_of);
   return x;
 }
 

@@ -21,7 +21,7 @@ inline rb_node *&child(rb_node *n, unsigned side) { return (&n->left)[side]; }
 
 inline unsigned side_of(const rb_node *n) { return n->parent->right == n; }
 
-inline bool is_red(const rb_node *n) { return n && n->color == rb_red; }
+inline bool is_red(const rb_node *n) { return n && n->color == _rb_red; }
 
 inline rb_node *last_on(rb_node *n, unsigned side) {
   while (rb_node *below = child(n, side)) n = below;

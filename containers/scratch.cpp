@@ -6,7 +6,7 @@
 
 namespace __zor {
 
-void *take_scratch(size_t bytes) PLX_NOTHROW { return malloc(bytes); }
-void give_scratch(void *block) PLX_NOTHROW { free(block); }
+void *_take_scratch(size_t bytes) PLX_NOTHROW { return malloc(bytes); }
+void _give_scratch(void *block) PLX_NOTHROW { free(block); }
 
 }  // namespace __zor

@@ -11,8 +11,8 @@
 
 namespace __zor {
 
-void sequence_out_of_range() { std::out_of_range::__throw("Out of range exception occurred"); }
-void sequence_length_error() { std::length_error::__throw("Length exception occurred"); }
+void _sequence_out_of_range() { std::out_of_range::__throw("Out of range exception occurred"); }
+void _sequence_length_error() { std::length_error::__throw("Length exception occurred"); }
 
 namespace {
 
@@ -21,7 +21,7 @@ PLX_NOINLINE void *reallocated(void *block, size_t bytes) { return realloc(block
 
 }  // namespace
 
-void *grow_block(void *block, size_t used, size_t bytes) {
+void *_grow_block(void *block, size_t used, size_t bytes) {
   if (!block) return operator new(bytes);
   if (!operator_new_is_replaced()) {
     // On failure the block stays, and operator new asks the new handler.

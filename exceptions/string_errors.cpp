@@ -7,10 +7,10 @@
 
 namespace __zor {
 
-void string_out_of_range() { std::out_of_range::__throw("Out of range exception occurred"); }
-void string_length_error() { std::length_error::__throw("Length exception occurred"); }
+void _string_out_of_range() { std::out_of_range::__throw("Out of range exception occurred"); }
+void _string_length_error() { std::length_error::__throw("Length exception occurred"); }
 
-PLX_COLD void fail_out_of_range() { string_out_of_range(); }
-PLX_COLD void fail_length() { string_length_error(); }
+PLX_COLD void fail_out_of_range() { _string_out_of_range(); }
+PLX_COLD void fail_length() { _string_length_error(); }
 
 }  // namespace __zor

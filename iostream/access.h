@@ -10,7 +10,7 @@
 
 namespace __zor {
 
-struct stream_access : ios_base_access {
+struct _stream_access : _ios_base_access {
   static std::ios_base::iostate &state(std::ios &s) { return s._state_; }
   static std::ios_base::iostate exceptions(const std::ios &s) { return s._exceptions_; }
   static std::streambuf *buffer(const std::ios &s) { return s._sb_; }
@@ -20,7 +20,7 @@ struct stream_access : ios_base_access {
   template <class Stream> static std::streamsize &count(Stream &in) { return in._gcount_; }  // of a basic_istream
 };
 
-struct buffer_access {
+struct _buffer_access {
   static const std::locale &loc(const std::streambuf &b) { return b._loc_; }
   static char *&eback(std::streambuf &b) { return b._eback_; }
   static char *&gptr(std::streambuf &b) { return b._gptr_; }

@@ -5,12 +5,12 @@
 
 namespace __zor {
 
-void streambuf_source::_finish() {
+void _streambuf_source::_finish() {
   if (_cursor_) {
     // The iterator keeps a character that may have been passed.
     if (_next != _begin_) {
       *_cursor_ = const_cast<char *>(_next);
-      buffer_access::forget(_at_);
+      _buffer_access::forget(_at_);
     }
   } else if (_end && _next == _end) {
     // Before the call: it may throw.
@@ -22,11 +22,11 @@ void streambuf_source::_finish() {
 }
 
 // Asks the iterator first, as one who reads character by character would: the buffer sees the same calls.
-bool streambuf_source::_fetch(character_source *self) {
-  streambuf_source &source = *static_cast<streambuf_source *>(self);
+bool _streambuf_source::_fetch(_character_source *self) {
+  _streambuf_source &source = *static_cast<_streambuf_source *>(self);
   source._finish();
   if (source._at_.equal(source._last_)) return false;
-  std::streambuf *const buffer = buffer_access::buffer(source._at_);
+  std::streambuf *const buffer = _buffer_access::buffer(source._at_);
   if (!buffer) return false;
   get_window window;
   if (window.open(buffer)) {

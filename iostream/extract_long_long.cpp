@@ -92,10 +92,10 @@ private:
 
 template <class T> std::istream &extract_long_long(std::istream &in, T &value, bool is_signed) {
   input_operation(in, false, [&](iostate &error) {
-    long_long_scanner scan(std::use_facet<std::ctype<char>>(stream_access::loc(in)), stream_access::flags(in),
+    long_long_scanner scan(std::use_facet<std::ctype<char>>(_stream_access::loc(in)), _stream_access::flags(in),
                            is_signed);
     // The scanner itself, not a copy.
-    if (!read_blocks(stream_access::buffer(in), [&](const char *&at, const char *end) { return scan(at, end); }))
+    if (!read_blocks(_stream_access::buffer(in), [&](const char *&at, const char *end) { return scan(at, end); }))
       error |= ios_base::eofbit;
     if (scan.failed()) error |= ios_base::failbit;
     value = static_cast<T>(scan.value());

@@ -13,12 +13,12 @@ namespace {
 typedef std::istreambuf_iterator<char> iterator;
 
 template <class T> void ask_num_get(std::istream &in, iostate &error, T &value) {
-  const std::num_get<char> &facet = std::use_facet<std::num_get<char>>(stream_access::loc(in));
-  facet.get(iterator(stream_access::buffer(in)), iterator(), in, error, value);
+  const std::num_get<char> &facet = std::use_facet<std::num_get<char>>(_stream_access::loc(in));
+  facet.get(iterator(_stream_access::buffer(in)), iterator(), in, error, value);
 }
 
 // Read by num_get as a Wide: long for the types that it does not know.
-template <class Wide, class T> [[gnu::noinline]] std::istream &extract_by_facet(std::istream &in, T &value) {
+template <class Wide, class T> PLX_NOINLINE std::istream &extract_by_facet(std::istream &in, T &value) {
   input_operation(in, false, [&](iostate &error) {
     Wide wide = Wide();
     ask_num_get(in, error, wide);
@@ -28,31 +28,31 @@ template <class Wide, class T> [[gnu::noinline]] std::istream &extract_by_facet(
   return in;
 }
 // Left alone where there is no value.
-template <class T> [[gnu::noinline]] std::istream &extract_same_by_facet(std::istream &in, T &value) {
+template <class T> PLX_NOINLINE std::istream &extract_same_by_facet(std::istream &in, T &value) {
   input_operation(in, false, [&](iostate &error) { ask_num_get(in, error, value); });
   return in;
 }
 
 // The window in which a number begins, without the white space before it; false when there is none.
-[[gnu::noinline]] bool open_number_window_beyond_space(std::streambuf *buffer, get_window &window) {
+PLX_NOINLINE bool open_number_window_beyond_space(std::streambuf *buffer, get_window &window) {
   return is_plain_buffer(buffer) && skip_plain_space(buffer) && window.open(buffer);
 }
-[[gnu::always_inline]] inline bool open_number_window(std::istream &in, get_window &window) {
-  if (!starts_fast(in) || !has_plain_num_get(stream_access::loc(in))) return false;
+PLX_ALWAYS_INLINE bool open_number_window(std::istream &in, get_window &window) {
+  if (!starts_fast(in) || !has_plain_num_get(_stream_access::loc(in))) return false;
   if (__builtin_expect(open_window_beyond_space(in, window), true)) return true;
-  return (stream_access::flags(in) & ios_base::skipws) &&
-         open_number_window_beyond_space(stream_access::buffer(in), window);
+  return (_stream_access::flags(in) & ios_base::skipws) &&
+         open_number_window_beyond_space(_stream_access::buffer(in), window);
 }
 
 // A number that reaches to the end of the window counts if the input ends there, which only a plain string buffer tells
 // without further ado. It is taken then, and the stream is at its end.
-[[gnu::noinline]] bool ends_input(std::istream &in, const get_window &window) {
-  std::streambuf *const buffer = stream_access::buffer(in);
+PLX_NOINLINE bool ends_input(std::istream &in, const get_window &window) {
+  std::streambuf *const buffer = _stream_access::buffer(in);
   if (!is_plain_stringbuf(buffer)) return false;
   const int before = window.end - window.cursor();
   window.take_up_to(window.end);
   if (buffer->sgetc() == EOF) return true;
-  buffer_access::gptr(*buffer) -= before;
+  _buffer_access::gptr(*buffer) -= before;
   return false;
 }
 
@@ -74,7 +74,7 @@ template <bool Signed, unsigned long Max, class T> inline bool extract_fast(std:
   unsigned long bits;
   bool ended;
   if (!open_number_window(in, window)) return false;
-  const char *const stop = fast_integer<Signed, Max>(window.at, window.end, stream_access::flags(in), bits);
+  const char *const stop = fast_integer<Signed, Max>(window.at, window.end, _stream_access::flags(in), bits);
   if (!stop || static_cast<unsigned long>(static_cast<T>(bits)) != bits) return false;
   if (!accept_number(in, window, stop, ended)) return false;
   value = static_cast<T>(bits);

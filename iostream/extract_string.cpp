@@ -18,7 +18,7 @@ namespace {
 // anything is written.
 inline bool assign_short(std::string &text, const char *from, unsigned int n, const char *end) {
   b_str_ref *const rep = representation_of(text);
-  if (n > 16 || end - from < 16 || !string_is_private(rep)) return false;
+  if (n > 16 || end - from < 16 || !_string_is_private(rep)) return false;
   const unsigned int a = words(from)->value, b = words(from + 4)->value, c = words(from + 8)->value,
                      d = words(from + 12)->value;
   char *const to = rep->data;
@@ -35,7 +35,7 @@ inline bool assign_short(std::string &text, const char *from, unsigned int n, co
 // Any text; false, with an empty string, when there is no memory for it.
 inline bool assign_long(std::string &text, const char *from, unsigned int n) {
   const b_str_ref *const rep = representation_of(text);
-  if ((string_is_private(rep) && n < rep->capacity) || has_block_for(n)) {
+  if ((_string_is_private(rep) && n < rep->capacity) || has_block_for(n)) {
     text.assign(from, n);
     return true;
   }
@@ -48,7 +48,7 @@ inline bool assign_long(std::string &text, const char *from, unsigned int n) {
 // A word that lies whole in the buffer's window, where nothing is to be done for the stream.
 inline bool extract_fast(std::istream &in, std::string &text) {
   get_window window;
-  if (!starts_fast(in) || !has_plain_ctype(stream_access::loc(in)) || stream_access::width(in) != 0 ||
+  if (!starts_fast(in) || !has_plain_ctype(_stream_access::loc(in)) || _stream_access::width(in) != 0 ||
       !open_window_beyond_space(in, window))
     return false;
   const char *const stop = find_classic_space(window.at, window.end);
@@ -97,10 +97,10 @@ inline bool read_word(std::streambuf *buffer, const std::ctype<char> &classes, s
   });
 }
 
-[[gnu::noinline]] void extract_word(std::istream &in, std::string &text) {
+PLX_NOINLINE void extract_word(std::istream &in, std::string &text) {
   if (!input_prefix(in, false)) return;
-  const std::ctype<char> &classes = std::use_facet<std::ctype<char>>(stream_access::loc(in));
-  const std::streamsize width = stream_access::width(in);
+  const std::ctype<char> &classes = std::use_facet<std::ctype<char>>(_stream_access::loc(in));
+  const std::streamsize width = _stream_access::width(in);
   const unsigned int limit = width ? static_cast<unsigned int>(width) : 0xFFFFFFFEu;
   unsigned int count = 0;
   a_block block;
@@ -108,7 +108,7 @@ inline bool read_word(std::streambuf *buffer, const std::ctype<char> &classes, s
   iostate error = ios_base::goodbit;
   if (eh_guard([&] {
         text.clear();
-        ended = !read_word(stream_access::buffer(in), classes, text, block, limit, count);
+        ended = !read_word(_stream_access::buffer(in), classes, text, block, limit, count);
       }))
     error |= ios_base::badbit;
   // What was taken before the buffer threw is kept.
@@ -120,12 +120,12 @@ inline bool read_word(std::streambuf *buffer, const std::ctype<char> &classes, s
 
 }  // namespace
 
-bool extract_bits(std::istream &in, std::string &text, unsigned count) {
+bool _extract_bits(std::istream &in, std::string &text, unsigned count) {
   bool any = false;
   input_operation(in, false, [&](iostate &error) {
     text.clear();
     unsigned taken = 0;
-    if (count && !read_blocks(stream_access::buffer(in), [&](const char *&at, const char *end) {
+    if (count && !read_blocks(_stream_access::buffer(in), [&](const char *&at, const char *end) {
           const char *p = at;
           while (p != end && taken != count && (*p == '0' || *p == '1')) ++p, ++taken;
           text.append(at, p - at);

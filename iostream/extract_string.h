@@ -13,7 +13,7 @@ inline b_str_ref *&representation_of(std::string &text) { return reinterpret_cas
 // n more characters fit without a new block: appending them cannot throw.
 inline bool has_place(std::string &text, unsigned int n) {
   const b_str_ref *const rep = representation_of(text);
-  return string_is_private(rep) && n < rep->capacity && rep->length < rep->capacity - n;
+  return _string_is_private(rep) && n < rep->capacity && rep->length < rep->capacity - n;
 }
 
 }  // namespace __zor

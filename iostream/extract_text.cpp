@@ -11,12 +11,12 @@ using namespace __zor;
 namespace {
 
 // The end gives failbit alone.
-[[gnu::noinline]] istream &extract_char(istream &in, char &c) {
+PLX_NOINLINE istream &extract_char(istream &in, char &c) {
   bool stored = false;
   unguarded_input_operation(
       in, false,
       [&](iostate &) {
-        const int next = stream_access::buffer(in)->sbumpc();
+        const int next = _stream_access::buffer(in)->sbumpc();
         if (next == EOF) return;
         c = static_cast<char>(next);
         stored = true;
@@ -30,7 +30,7 @@ namespace {
 // A word without a limit that lies whole in the buffer's window. What is not whole is read again.
 inline bool extract_word_fast(istream &in, char *to) {
   get_window window;
-  if (!starts_fast(in) || !has_plain_ctype(stream_access::loc(in)) || stream_access::width(in) != 0 ||
+  if (!starts_fast(in) || !has_plain_ctype(_stream_access::loc(in)) || _stream_access::width(in) != 0 ||
       !open_window_beyond_space(in, window))
     return false;
   const char *at = window.at;
@@ -56,17 +56,17 @@ inline bool extract_word_fast(istream &in, char *to) {
   return false;
 }
 
-[[gnu::noinline]] istream &extract_word(istream &in, char *to) {
+PLX_NOINLINE istream &extract_word(istream &in, char *to) {
   char *next = to;
   unguarded_input_operation(
       in, false,
       [&](iostate &error) {
-        const streamsize width = stream_access::width(in);
+        const streamsize width = _stream_access::width(in);
         const char *const last = width > 0 ? next + (width - 1) : nullptr;
         if (next == last) return;
-        const ctype<char> &classes = use_facet<ctype<char>>(stream_access::loc(in));
+        const ctype<char> &classes = use_facet<ctype<char>>(_stream_access::loc(in));
         const ctype_base::mask *const table = classes.table();
-        if (!read_blocks(stream_access::buffer(in), [&](const char *&at, const char *end) {
+        if (!read_blocks(_stream_access::buffer(in), [&](const char *&at, const char *end) {
               for (const char *p = at; p != end; ++p) {
                 const char c = *p;
                 if (c == 0 || (table[static_cast<unsigned char>(c)] & ctype_base::space)) {
@@ -86,7 +86,7 @@ inline bool extract_word_fast(istream &in, char *to) {
           error |= ios_base::eofbit;
       },
       [&](iostate &error) {
-        stream_access::width(in) = 0;
+        _stream_access::width(in) = 0;
         *next = 0;
         if (next == to) error |= ios_base::failbit;
       });
@@ -97,7 +97,7 @@ inline bool extract_word_fast(istream &in, char *to) {
 
 istream &__zor_extract_char(istream &in, char &c) {
   get_window window;
-  if (!starts_fast(in) || !has_plain_ctype(stream_access::loc(in)) || !open_window_beyond_space(in, window))
+  if (!starts_fast(in) || !has_plain_ctype(_stream_access::loc(in)) || !open_window_beyond_space(in, window))
     return extract_char(in, c);
   start_count(in);
   window.take_up_to(window.at + 1);

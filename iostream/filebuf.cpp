@@ -23,10 +23,10 @@ inline bool writes_plainly(const locale &loc, const codecvt<char, char, int> *&f
   return facet->always_noconv();
 }
 
-int __attribute__((__noinline__, __regparm__(2))) overflow_through(filebuf &buffer, int c) {
+int PLX_NOINLINE PLX_REGPARM overflow_through(filebuf &buffer, int c) {
   const codecvt<char, char, int> *facet;
-  const bool plain = writes_plainly(buffer_access::loc(buffer), facet);
-  FILE *const file = buffer_access::file(buffer);
+  const bool plain = writes_plainly(_buffer_access::loc(buffer), facet);
+  FILE *const file = _buffer_access::file(buffer);
   if (!file) return -1;
   if (c == -1) return 0;
   if (plain) return put_into_file(file, c);
@@ -43,7 +43,7 @@ template <class C, class T> basic_filebuf<C, T>::~basic_filebuf() {
 }
 
 template <class C, class T> void basic_filebuf<C, T>::imbue(const locale &loc) {
-  if (!ends_conversion(*this)) buffer_access::keep_write_error(*this);
+  if (!ends_conversion(*this)) _buffer_access::keep_write_error(*this);
   this->_loc_ = loc;
 }
 

@@ -115,7 +115,7 @@ bool write_converted(std::filebuf &buffer, const std::codecvt<char, char, int> &
   if (!before) return false;
   eh_local<a_text> text;
   int state = before->state;
-  if (!convert(*text, facet, state, from, from + n) || !write_text(buffer_access::file(buffer), *text)) return false;
+  if (!convert(*text, facet, state, from, from + n) || !write_text(_buffer_access::file(buffer), *text)) return false;
   // The facet may have closed the file.
   if (a_conversion *const conversion = *find(buffer)) conversion->state = state;
   return true;
@@ -127,13 +127,13 @@ bool end_conversion(std::filebuf &buffer) {
   int state = ended->state;
   at = ended->next;
   free(ended);
-  const auto &facet = std::use_facet<std::codecvt<char, char, int>>(buffer_access::loc(buffer));
+  const auto &facet = std::use_facet<std::codecvt<char, char, int>>(_buffer_access::loc(buffer));
   for (;;) {
     char room[64], *to = room;
     const std::codecvt_base::result result = facet.unshift(state, room, room + sizeof room, to);
     if (result == std::codecvt_base::noconv) return true;
     const long n = to - room;
-    if (result == std::codecvt_base::error || write_file(buffer_access::file(buffer), room, n) != n) return false;
+    if (result == std::codecvt_base::error || write_file(_buffer_access::file(buffer), room, n) != n) return false;
     if (result == std::codecvt_base::ok) return true;
     if (n == 0) return false;
   }

@@ -17,17 +17,17 @@ const char *find_delimiter(const char *at, const char *end, char delim) {
 
 // newline, as the stream's locale has it. Only a facet of the program may throw; then the stream is bad, which the
 // operation that follows notices.
-[[gnu::noinline]] char find_newline(std::istream &in) {
+PLX_NOINLINE char find_newline(std::istream &in) {
   char delim = '\n';
-  if (eh_guard([&] { delim = in.widen('\n'); })) stream_access::state(in) |= ios_base::badbit;
+  if (eh_guard([&] { delim = in.widen('\n'); })) _stream_access::state(in) |= ios_base::badbit;
   return delim;
 }
-inline char newline(std::istream &in) { return has_plain_ctype(stream_access::loc(in)) ? '\n' : find_newline(in); }
+inline char newline(std::istream &in) { return has_plain_ctype(_stream_access::loc(in)) ? '\n' : find_newline(in); }
 
 // Both members end the text and complain when nothing was taken.
 inline void end_text(std::istream &in, char *next, iostate &error) {
   *next = 0;
-  if (stream_access::count(in) == 0) error |= ios_base::failbit;
+  if (_stream_access::count(in) == 0) error |= ios_base::failbit;
 }
 
 // Copies what comes before the delimiter, up to the room that is left, and counts it; returns whether it is there.
@@ -55,7 +55,7 @@ std::istream &get_line(std::istream &in, std::string &text, char delim) {
     text.clear();
     const unsigned int most = text.max_size();
     bool any = false, full = false, failed = false;
-    const bool stopped = read_blocks(stream_access::buffer(in), [&](const char *&at, const char *end) {
+    const bool stopped = read_blocks(_stream_access::buffer(in), [&](const char *&at, const char *end) {
       const char *const found = find_delimiter(at, end, delim);
       unsigned int n = (found ? found : end) - at;
       if (n > most - text.size()) {
@@ -88,13 +88,13 @@ std::istream &get_line(std::istream &in, char *to, std::streamsize n, char delim
       [&](iostate &error) {
         if (n < 1) return;
         std::streamsize room = n - 1;
-        if (!read_blocks(stream_access::buffer(in), [&](const char *&at, const char *end) {
-              const bool found = copy_up_to(at, end, delim, next, room, stream_access::count(in));
+        if (!read_blocks(_stream_access::buffer(in), [&](const char *&at, const char *end) {
+              const bool found = copy_up_to(at, end, delim, next, room, _stream_access::count(in));
               if (!found && at == end) return true;
               // Without room the delimiter may still follow; what else follows does not fit.
               if (*at == delim) {
                 ++at;
-                ++stream_access::count(in);
+                ++_stream_access::count(in);
               } else {
                 error |= ios_base::failbit;
               }
@@ -125,7 +125,7 @@ template <class C, class T> basic_istream<C, T> &basic_istream<C, T>::get(C *to,
       *this, true,
       [&](iostate &error) {
         streamsize room = n < 1 ? 0 : n - 1;
-        if (room && !read_blocks(stream_access::buffer(*this), [&](const char *&at, const char *end) {
+        if (room && !read_blocks(_stream_access::buffer(*this), [&](const char *&at, const char *end) {
               return !copy_up_to(at, end, delim, next, room, _gcount_) && room;
             }))
           error |= ios_base::eofbit;

@@ -5,17 +5,16 @@
 
 #include <emmintrin.h>
 
+#include "../libC/i386/processor.h"
 #include "extract_string.h"
 #include "input_operation.h"
-
-#define SSE2 __attribute__((__target__("sse2")))
 
 namespace __zor {
 
 namespace {
 
-SSE2 inline __m128i load(const char *at) { return _mm_loadu_si128(reinterpret_cast<const __m128i *>(at)); }
-SSE2 inline void store(char *at, __m128i block) { _mm_storeu_si128(reinterpret_cast<__m128i *>(at), block); }
+PLX_SSE2 inline __m128i load(const char *at) { return _mm_loadu_si128(reinterpret_cast<const __m128i *>(at)); }
+PLX_SSE2 inline void store(char *at, __m128i block) { _mm_storeu_si128(reinterpret_cast<__m128i *>(at), block); }
 
 // Fewer than 16.
 inline void copy_few(char *to, const char *from, unsigned int n) {
@@ -32,8 +31,7 @@ inline void copy_few(char *to, const char *from, unsigned int n) {
 // n characters may have been copied. The texts do not overlap. With `whole_steps`, up to 16 of the n characters more
 // are copied.
 template <bool whole_steps>
-SSE2 __attribute__((__always_inline__)) inline const char *copy_line(char *to, const char *from, unsigned int n,
-                                                                     char delim) {
+PLX_SSE2 PLX_ALWAYS_INLINE const char *copy_line(char *to, const char *from, unsigned int n, char delim) {
   const __m128i wanted = _mm_set1_epi8(delim);
   unsigned int i = 0;
   for (; n - i >= 16; i += 16) {
@@ -60,19 +58,18 @@ SSE2 __attribute__((__always_inline__)) inline const char *copy_line(char *to, c
 
 // The room, as far as the window has characters for it; 0 when there is no fast path: the stream has something else to
 // do, or the texts overlap.
-__attribute__((__always_inline__)) inline unsigned int open_line(std::istream &in, get_window &window, const char *to,
-                                                                 unsigned int room) {
-  if (!starts_fast(in) || !window.open(stream_access::buffer(in)) || window.is_endless()) return 0;
+PLX_ALWAYS_INLINE unsigned int open_line(std::istream &in, get_window &window, const char *to, unsigned int room) {
+  if (!starts_fast(in) || !window.open(_stream_access::buffer(in)) || window.is_endless()) return 0;
   const unsigned int size = window.end - window.at, n = size < room ? size : room;
   return window.at < to + n && to < window.at + n ? 0 : n;
 }
 
 }  // namespace
 
-SSE2 GET_LINE_CALL std::istream &get_line_sse2(std::istream &in, std::string &text, char delim) {
+PLX_SSE2 PLX_HIDDEN PLX_REGPARM std::istream &get_line_sse2(std::istream &in, std::string &text, char delim) {
   get_window window;
   b_str_ref *const rep = representation_of(text);
-  if (!string_is_private(rep)) return get_line(in, text, delim);
+  if (!_string_is_private(rep)) return get_line(in, text, delim);
   const unsigned int most = open_line(in, window, rep->data, rep->capacity);
   const char *const stop = copy_line<true>(rep->data, window.at, most, delim);
   if (!stop) return get_line(in, text, delim);
@@ -85,7 +82,7 @@ SSE2 GET_LINE_CALL std::istream &get_line_sse2(std::istream &in, std::string &te
   return in;
 }
 
-SSE2 GET_LINE_CALL std::istream &get_line_sse2(std::istream &in, char *to, std::streamsize n, char delim) {
+PLX_SSE2 PLX_HIDDEN PLX_REGPARM std::istream &get_line_sse2(std::istream &in, char *to, std::streamsize n, char delim) {
   get_window window;
   const unsigned int most = n < 1 ? 0 : open_line(in, window, to, n);
   const char *const stop = copy_line<false>(to, window.at, most, delim);
@@ -93,7 +90,7 @@ SSE2 GET_LINE_CALL std::istream &get_line_sse2(std::istream &in, char *to, std::
   const unsigned int size = stop - window.at;
   to[size] = 0;
   window.take_up_to(stop + 1);
-  stream_access::count(in) = size + 1;
+  _stream_access::count(in) = size + 1;
   return in;
 }
 

@@ -16,7 +16,7 @@ inline bool refill(std::streambuf *buffer) { return peek_file(static_cast<std::f
 // Calls accept(at, end) with block after block. accept advances `at` past what it takes and returns whether it wants
 // more, which it may only when it took the whole block. Returns false when the input ended first. What the buffer or
 // accept throws passes; a block that accept threw at is not taken.
-template <class Accept> [[gnu::always_inline]] inline bool read_blocks(std::streambuf *buffer, Accept accept) {
+template <class Accept> PLX_ALWAYS_INLINE bool read_blocks(std::streambuf *buffer, Accept accept) {
   for (;;) {
     get_window window;
     if (window.open(buffer)) {

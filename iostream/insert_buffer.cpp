@@ -14,7 +14,7 @@ namespace {
 bool copy_window(streambuf &to, streambuf &from, bool &took, bool &refused) {
   FILE *const file = plain_file(&to);
   if (!file && !is_plain_stringbuf(&to)) return false;
-  if (&to == &from || (file && is_plain_filebuf(&from) && buffer_access::file(from) == file)) return false;
+  if (&to == &from || (file && is_plain_filebuf(&from) && _buffer_access::file(from) == file)) return false;
   get_window window;
   if (!window.open(&from)) return false;
   const streamsize ready = window.end - window.at, done = to.sputn(window.at, ready);

@@ -20,7 +20,7 @@ namespace std {
 template <class C, class T> basic_ostream<C, T> &basic_ostream<C, T>::write(const C *text, streamsize n) {
   ios &stream = base_of(*this);
   const a_put_result result =
-      is_quiet(stream) && n > 0 ? put_fast<put_block>(stream_access::buffer(stream), text, n) : put_not_fast;
+      is_quiet(stream) && n > 0 ? put_fast<put_block>(_stream_access::buffer(stream), text, n) : put_not_fast;
   if (result == put_not_fast) return write_guarded(*this, text, n);
   if (result == put_refused) update_state(stream, ios_base::badbit);
   return *this;
@@ -28,7 +28,7 @@ template <class C, class T> basic_ostream<C, T> &basic_ostream<C, T>::write(cons
 
 template <> ostream &endl(ostream &out) {
   ios &stream = out;
-  const locale &loc = stream_access::loc(stream);
+  const locale &loc = _stream_access::loc(stream);
   return out.put(has_plain_ctype(loc) ? '\n' : use_facet<ctype<char>>(loc).widen('\n')).flush();
 }
 

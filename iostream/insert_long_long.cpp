@@ -32,7 +32,7 @@ char *digits_in_base(char *at, unsigned flags, unsigned long long value, unsigne
 ostream &insert_text_of(ostream &out, bool negative, bool is_signed, unsigned long long value) {
   output_operation(out, ios_base::goodbit, [&](iostate &) {
     char text[room], *at = text;
-    const unsigned flags = stream_access::flags(out), base = flags & ios_base::basefield;
+    const unsigned flags = _stream_access::flags(out), base = flags & ios_base::basefield;
     if (base == ios_base::hex || base == ios_base::oct) {
       at = digits_in_base(at, flags, value, base == ios_base::hex ? 4 : 3);
     } else {
@@ -43,7 +43,7 @@ ostream &insert_text_of(ostream &out, bool negative, bool is_signed, unsigned lo
       const unsigned long long size = negative ? 0 - value : value;
       at = long_digits(at, static_cast<unsigned>(size >> 32), static_cast<unsigned>(size));
     }
-    use_facet<a_num_put>(stream_access::loc(out)).print_integral_type(out, out, out.fill(), text, at - text);
+    use_facet<a_num_put>(_stream_access::loc(out)).print_integral_type(out, out, out.fill(), text, at - text);
   });
   return out;
 }

@@ -19,11 +19,11 @@ typedef num_put<char, ostreambuf_iterator<char>> a_num_put;
 
 constexpr int widest = 64;  // what the fast paths fill
 
-inline bool is_fast(const ios &stream) { return is_quiet(stream) && has_plain_num_put(stream_access::loc(stream)); }
+inline bool is_fast(const ios &stream) { return is_quiet(stream) && has_plain_num_put(_stream_access::loc(stream)); }
 
 // A text that was made next to the buffer.
 PLX_HIDDEN PLX_REGPARM bool insert_copy(ios &stream, const char *text, int n) {
-  streambuf *const buffer = stream_access::buffer(stream);
+  streambuf *const buffer = _stream_access::buffer(stream);
   const a_put_result result = put_fast<put_text>(buffer, text, n);
   if (result == put_refused) keep_refusal(buffer);
   return result != put_not_fast;
@@ -34,11 +34,11 @@ template <int room, class Write, class Pad> inline bool insert_fast(ios &stream,
   constexpr int most = room + widest + pad_overrun;
   char local[most];
   put_window window;
-  const bool is_open = window.open_ready<put_scratch>(stream_access::buffer(stream), most);
+  const bool is_open = window.open_ready<put_scratch>(_stream_access::buffer(stream), most);
   char *const first = is_open ? window.at : local;
   char *last = write(first);
   if (!last) return false;
-  const streamsize width = stream_access::width(stream);
+  const streamsize width = _stream_access::width(stream);
   if (width > last - first) {
     if (width > widest) return false;
     last = pad(first, last, static_cast<int>(width));
@@ -47,13 +47,13 @@ template <int room, class Write, class Pad> inline bool insert_fast(ios &stream,
     window.commit(last);
   else if (!insert_copy(stream, local, static_cast<int>(last - local)))
     return false;
-  stream_access::width(stream) = 0;
+  _stream_access::width(stream) = 0;
   return true;
 }
 
 template <class Value> PLX_SLOW ostream &insert_by_facet(ostream &out, Value value) {
   output_operation(out, ios_base::goodbit,
-                   [&](iostate &) { use_facet<a_num_put>(stream_access::loc(out)).put(out, out, out.fill(), value); });
+                   [&](iostate &) { use_facet<a_num_put>(_stream_access::loc(out)).put(out, out, out.fill(), value); });
   return out;
 }
 
@@ -66,11 +66,11 @@ namespace __zor {
 template <class Value> PLX_SLOW std::ostream &insert_integer(std::ostream &out, Value value) {
   std::ios &stream = base_of(out);
   if (std::is_fast(stream)) {
-    const unsigned flags = stream_access::flags(stream);
+    const unsigned flags = _stream_access::flags(stream);
     if (std::insert_fast<integer_text_room>(
             stream, [=](char *at) { return integer_text(at, flags, value); },
             [&](char *first, char *last, int width) {
-              return pad_integer(first, last, flags, width, stream_access::fill(stream));
+              return pad_integer(first, last, flags, width, _stream_access::fill(stream));
             }))
       return out;
   }
@@ -83,9 +83,9 @@ PLX_SLOW __attribute__((__flatten__)) std::ostream &insert_decimal(std::ostream 
   constexpr unsigned unusual = ios_base::hex | ios_base::oct | ios_base::showpos;
   std::ios &stream = base_of(out);
   put_window window;
-  if (is_quiet(stream, (stream_access::flags(stream) & unusual) | stream_access::width(stream)) &&
-      has_plain_num_put(stream_access::loc(stream)) &&
-      window.open_ready<put_scratch>(stream_access::buffer(stream), integer_text_room)) {
+  if (is_quiet(stream, (_stream_access::flags(stream) & unusual) | _stream_access::width(stream)) &&
+      has_plain_num_put(_stream_access::loc(stream)) &&
+      window.open_ready<put_scratch>(_stream_access::buffer(stream), integer_text_room)) {
     char *at = window.at;
     unsigned digits = static_cast<unsigned>(value);
     if (Value(-1) < 0) {
@@ -109,7 +109,7 @@ namespace {
 // Of the floating texts the exponent's case and unusual precisions are left to num_put.
 template <class Value, class Text> inline ostream &insert_floating(ostream &out, Value value, Text text) {
   ios &stream = out;
-  const unsigned flags = stream_access::flags(stream);
+  const unsigned flags = _stream_access::flags(stream);
   if (is_fast(stream) && !(flags & ios_base::uppercase)) {
     unsigned precision = stream.precision();
     if (stream.precision() < 1 && !(flags & ios_base::fixed)) precision = 6;
@@ -117,7 +117,7 @@ template <class Value, class Text> inline ostream &insert_floating(ostream &out,
                                                    stream, [=](char *at) { return text(at, flags, precision, value); },
                                                    [&](char *first, char *last, int width) {
                                                      return pad_float(first, last, flags, width,
-                                                                      stream_access::fill(stream));
+                                                                      _stream_access::fill(stream));
                                                    }))
       return out;
   }
@@ -163,14 +163,14 @@ template <class C, class T> basic_ostream<C, T> &basic_ostream<C, T>::operator<<
 // Neither is filled when it is not told to be: a bool never, a pointer in a way of its own.
 template <class C, class T> basic_ostream<C, T> &basic_ostream<C, T>::operator<<(bool value) {
   ios &stream = *this;
-  if (!is_fast(stream) || (stream_access::flags(stream) & ios_base::boolalpha) || stream_access::width(stream) != 0)
+  if (!is_fast(stream) || (_stream_access::flags(stream) & ios_base::boolalpha) || _stream_access::width(stream) != 0)
     return insert_by_facet(*this, value);
   return __zor_insert_char(*this, value ? '1' : '0');
 }
 
 template <class C, class T> basic_ostream<C, T> &basic_ostream<C, T>::operator<<(const void *value) {
   ios &stream = *this;
-  if (is_fast(stream) && stream_access::width(stream) <= 0 &&
+  if (is_fast(stream) && _stream_access::width(stream) <= 0 &&
       insert_fast<integer_text_room>(
           stream, [=](char *at) { return pointer_text(at, value); }, [](char *, char *last, int) { return last; }))
     return *this;

@@ -13,21 +13,21 @@ namespace {
 template <a_put_use use> inline bool insert_fast(ostream &out, const char *text, streamsize n, bool fill_first) {
   ios &stream = base_of(out);
   if (!is_quiet(stream) || n < 0) return false;
-  streambuf *const buffer = stream_access::buffer(stream);
-  const streamsize width = stream_access::width(stream);
+  streambuf *const buffer = _stream_access::buffer(stream);
+  const streamsize width = _stream_access::width(stream);
   if (width > n) {
     put_window window;
     if (!window.open<use>(buffer, width)) return false;
     const unsigned length = static_cast<unsigned>(n), fill = static_cast<unsigned>(width - n);
-    memset(fill_first ? window.at : window.at + length, stream_access::fill(stream), fill);
+    memset(fill_first ? window.at : window.at + length, _stream_access::fill(stream), fill);
     copy_characters(fill_first ? window.at + fill : window.at, text, length);
     window.commit(window.at + width);
-    stream_access::width(stream) = 0;
+    _stream_access::width(stream) = 0;
     return true;
   }
   const a_put_result result = put_fast<use>(buffer, text, n);
   if (result == put_not_fast) return false;
-  stream_access::width(stream) = 0;
+  _stream_access::width(stream) = 0;
   if (result == put_refused) {
     if (use == put_text)
       keep_refusal(buffer);
@@ -40,7 +40,7 @@ template <a_put_use use> inline bool insert_fast(ostream &out, const char *text,
 // Without a width, into a window that is there: what most programs write.
 template <a_put_use use> inline bool insert_ready(ios &stream, const char *text, streamsize n) {
   put_window window;
-  if (!is_quiet(stream, stream_access::width(stream)) || !window.open_ready<use>(stream_access::buffer(stream), n))
+  if (!is_quiet(stream, _stream_access::width(stream)) || !window.open_ready<use>(_stream_access::buffer(stream), n))
     return false;
   copy_characters(window.at, text, static_cast<unsigned>(n));
   window.commit(window.at + n);

@@ -20,7 +20,7 @@ ios_base::ios_base() : _callback_count_(0) {}
 
 // What a callback throws here has nowhere to go, and must keep neither the older ones nor the rest from being released.
 ios_base::~ios_base() {
-  const auto call_all = [this]() __attribute__((__noinline__)) {
+  const auto call_all = [this]() PLX_NOINLINE {
     for (unsigned int i = _callback_count_; i-- > 0;)
       __zor::eh_guard([&] { _callbacks_[i].first(erase_event, *this, _callbacks_[i].second); });
   };

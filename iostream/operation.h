@@ -19,10 +19,10 @@ typedef ios_base::iostate iostate;
 
 // Adds bits to the state. Throws failure when exceptions() asks for it.
 inline void update_state(std::ios &stream, iostate error) {
-  iostate &state = stream_access::state(stream);
+  iostate &state = _stream_access::state(stream);
   state |= error;
-  if (!stream_access::buffer(stream)) state |= ios_base::badbit;
-  if (state & stream_access::exceptions(stream) & 0xFFFF) ios_base::throwfailure();
+  if (!_stream_access::buffer(stream)) state |= ios_base::badbit;
+  if (state & _stream_access::exceptions(stream) & 0xFFFF) ios_base::throwfailure();
 }
 
 }  // namespace __zor

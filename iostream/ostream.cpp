@@ -25,7 +25,7 @@ template <class C, class T> basic_ostream<C, T>::sentry::~sentry() {
   if (error == ios_base::goodbit) return;
   // A second exception would end the program.
   if (uncaught_exception())
-    stream_access::state(_out_) |= error;
+    _stream_access::state(_out_) |= error;
   else
     update_state(_out_, error);
 }
@@ -54,10 +54,10 @@ PLX_SLOW ostream &flush_guarded(ostream &out) {
 template <class C, class T> basic_ostream<C, T> &basic_ostream<C, T>::flush() {
   ios &stream = *this;
   if (!is_quiet(stream)) return flush_guarded(*this);
-  streambuf *const buffer = stream_access::buffer(stream);
+  streambuf *const buffer = _stream_access::buffer(stream);
   if (is_plain_stringbuf(buffer)) return *this;  // it has nothing to synchronise
   if (!is_plain_filebuf(buffer)) return flush_guarded(*this);
-  if (buffer_access::sync(static_cast<filebuf &>(*buffer)) != 0) update_state(stream, ios_base::badbit);
+  if (_buffer_access::sync(static_cast<filebuf &>(*buffer)) != 0) update_state(stream, ios_base::badbit);
   return *this;
 }
 

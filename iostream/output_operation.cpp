@@ -36,17 +36,17 @@ void flush_tie(const std::ostream &out, std::ostream *tie) {
 }  // namespace
 
 bool output_prefix(std::ostream &out) {
-  std::ostream *const tie = stream_access::tie(out);
-  if (stream_access::state(out) == ios_base::goodbit && tie) flush_tie(out, tie);
+  std::ostream *const tie = _stream_access::tie(out);
+  if (_stream_access::state(out) == ios_base::goodbit && tie) flush_tie(out, tie);
   // What the flush ran may have changed this stream as well.
-  if (stream_access::state(out) == ios_base::goodbit) return true;
+  if (_stream_access::state(out) == ios_base::goodbit) return true;
   update_state(out, ios_base::failbit);
   return false;
 }
 
 iostate output_suffix(std::ostream &out) {
-  std::streambuf *const buffer = stream_access::buffer(out);
-  if (!(stream_access::flags(out) & ios_base::unitbuf) || !buffer) return ios_base::goodbit;
+  std::streambuf *const buffer = _stream_access::buffer(out);
+  if (!(_stream_access::flags(out) & ios_base::unitbuf) || !buffer) return ios_base::goodbit;
   int synchronised = -1;
   eh_guard([&] { synchronised = buffer->pubsync(); });
   return synchronised == -1 ? ios_base::badbit : ios_base::goodbit;

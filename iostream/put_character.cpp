@@ -21,17 +21,17 @@ PLX_SLOW std::ostream &insert_guarded(std::ostream &out, char c) {
 }
 
 PLX_SLOW std::ostream &put_slow(std::ostream &out, char c) {
-  const a_put_result result = is_quiet(out) ? put_fast<put_text>(stream_access::buffer(out), &c, 1) : put_not_fast;
+  const a_put_result result = is_quiet(out) ? put_fast<put_text>(_stream_access::buffer(out), &c, 1) : put_not_fast;
   if (result == put_not_fast) return put_guarded(out, c);
   if (result == put_refused) update_state(out, ios_base::badbit);
   return out;
 }
 
 PLX_SLOW std::ostream &insert_slow(std::ostream &out, char c) {
-  const a_put_result result = is_quiet(out) ? put_fast<put_text>(stream_access::buffer(out), &c, 1) : put_not_fast;
+  const a_put_result result = is_quiet(out) ? put_fast<put_text>(_stream_access::buffer(out), &c, 1) : put_not_fast;
   if (result == put_not_fast) return insert_guarded(out, c);
-  if (result == put_refused) keep_refusal(stream_access::buffer(out));
-  stream_access::width(out) = 0;
+  if (result == put_refused) keep_refusal(_stream_access::buffer(out));
+  _stream_access::width(out) = 0;
   return out;
 }
 

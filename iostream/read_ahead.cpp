@@ -38,10 +38,10 @@ void use_larger_buffer(FILE *file) {
 
 // Before stdio reads anew.
 FILE *prepare_refill(std::filebuf &buffer) {
-  FILE *const file = buffer_access::file(buffer);
+  FILE *const file = _buffer_access::file(buffer);
   if (!file) return nullptr;
   turn_to_reading(file);
-  unsigned char &refills = buffer_access::refills(buffer);
+  unsigned char &refills = _buffer_access::refills(buffer);
   if (refills < enough_refills) ++refills;
   // Asked each time: freopen gives the file a small buffer again.
   if (refills == enough_refills) use_larger_buffer(file);
@@ -61,7 +61,7 @@ int get_slow(std::filebuf &buffer) {
 }
 
 long read_file(std::filebuf &buffer, char *to, long n) {
-  FILE *file = buffer_access::file(buffer);
+  FILE *file = _buffer_access::file(buffer);
   const long ready = file->_IO_read_end - file->_IO_read_ptr;
   if (n <= ready) {
     copy_block(to, file->_IO_read_ptr, n);

@@ -11,21 +11,21 @@
 namespace __zor {
 
 // The long ways are functions of their own, so that the short ones need no frame. -1: the end, or no file.
-int peek_slow(std::filebuf &buffer) __attribute__((__noinline__, __regparm__(1)));
-int get_slow(std::filebuf &buffer) __attribute__((__noinline__, __regparm__(1)));
+int peek_slow(std::filebuf &buffer) PLX_NOINLINE PLX_REGPARM;
+int get_slow(std::filebuf &buffer) PLX_NOINLINE PLX_REGPARM;
 
 // n is positive, and there is a file.
 long read_file(std::filebuf &buffer, char *to, long n);
 
 // The next character, which stays.
 inline int peek_file(std::filebuf &buffer) {
-  const FILE *const file = buffer_access::file(buffer);
+  const FILE *const file = _buffer_access::file(buffer);
   if (file && file->_IO_read_ptr < file->_IO_read_end) return static_cast<unsigned char>(*file->_IO_read_ptr);
   return peek_slow(buffer);
 }
 
 inline int get_from_file(std::filebuf &buffer) {
-  FILE *const file = buffer_access::file(buffer);
+  FILE *const file = _buffer_access::file(buffer);
   if (file && file->_IO_read_ptr < file->_IO_read_end) return static_cast<unsigned char>(*file->_IO_read_ptr++);
   return get_slow(buffer);
 }

@@ -9,6 +9,8 @@
 #include <stdio_ext.h>
 #include <string.h>
 
+#include <plx/base/config.h>
+
 namespace __zor {
 
 inline bool is_standard_file(const FILE *file) { return file == stdin || file == stdout || file == stderr; }
@@ -24,7 +26,7 @@ inline void turn_to_writing(FILE *file) {
 }
 
 // By stdio, whatever room there is in its buffer. Out of line, so that what comes before needs no frame.
-long write_slow(FILE *file, const char *from, long n) __attribute__((__noinline__, __regparm__(3)));
+long write_slow(FILE *file, const char *from, long n) PLX_NOINLINE PLX_REGPARM;
 
 inline int put_into_file(FILE *file, int c) {
   const char one = static_cast<char>(c);

@@ -28,7 +28,7 @@ template <class Stream, class Prepare> inline void start_stream_guarded(Stream &
   std::ios *const base = complete ? &stream : nullptr;
   eh_local<half_made_stream> made(is_member ? buffer : nullptr, base);
   prepare();
-  stream_access::init(stream, buffer);
+  _stream_access::init(stream, buffer);
   made->buffer = nullptr;
   made->base = nullptr;
 }
@@ -36,8 +36,8 @@ template <class Stream, class Prepare> inline void start_stream_guarded(Stream &
 // The classic ctype cannot throw.
 template <class Stream>
 inline void start_stream(Stream &stream, std::streambuf *buffer, bool is_member, const void *const *table) {
-  if (has_plain_ctype(stream_access::loc(stream)))
-    stream_access::init(stream, buffer);
+  if (has_plain_ctype(_stream_access::loc(stream)))
+    _stream_access::init(stream, buffer);
   else
     start_stream_guarded(stream, buffer, is_member, table, [] {});
 }

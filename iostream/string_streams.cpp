@@ -18,16 +18,16 @@ extern PLX_API const void *const string_both_table[] __asm__("_ZTVSt18basic_stri
 template <class Stream>
 void start_with_text(Stream &s, std::stringbuf &b, const void *const *table, const std::string &text) {
   if (text.empty()) {
-    buffer_access::start(b);
+    _buffer_access::start(b);
     start_stream(s, b, table);
     return;
   }
-  if (buffer_access::fits_within(text) && string_blocks_are_free()) {
-    buffer_access::set_text(b, text);  // cannot fail
+  if (_buffer_access::fits_within(text) && string_blocks_are_free()) {
+    _buffer_access::set_text(b, text);  // cannot fail
     start_stream(s, b, table);
     return;
   }
-  start_stream_guarded(s, &b, true, table, [&] { buffer_access::set_text(b, text); });
+  start_stream_guarded(s, &b, true, table, [&] { _buffer_access::set_text(b, text); });
 }
 
 }  // namespace __zor
@@ -36,7 +36,7 @@ namespace std {
 
 template <class C, class T, class A> basic_istringstream<C, T, A>::basic_istringstream(ios_base::openmode mode)
     : _buffer_(mode | ios_base::in) {
-  buffer_access::start(_buffer_);
+  _buffer_access::start(_buffer_);
   start_stream(*this, _buffer_, string_in_table);
 }
 template <class C, class T, class A>
@@ -48,7 +48,7 @@ template <class C, class T, class A> basic_istringstream<C, T, A>::~basic_istrin
 
 template <class C, class T, class A> basic_ostringstream<C, T, A>::basic_ostringstream(ios_base::openmode mode)
     : _buffer_(mode | ios_base::out) {
-  buffer_access::start(_buffer_);
+  _buffer_access::start(_buffer_);
   start_stream(*this, _buffer_, string_out_table);
 }
 template <class C, class T, class A>
@@ -60,7 +60,7 @@ template <class C, class T, class A> basic_ostringstream<C, T, A>::~basic_ostrin
 
 template <class C, class T, class A> basic_stringstream<C, T, A>::basic_stringstream(ios_base::openmode mode)
     : _buffer_(mode) {
-  buffer_access::start(_buffer_);
+  _buffer_access::start(_buffer_);
   start_stream(*this, _buffer_, string_both_table);
 }
 template <class C, class T, class A>

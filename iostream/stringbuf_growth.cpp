@@ -13,14 +13,14 @@ using namespace __zor;
 
 namespace __zor {
 
-bool buffer_access::make_room(std::stringbuf &b, unsigned n) {
+bool _buffer_access::make_room(std::stringbuf &b, unsigned n) {
   if (!(b._mode_ & std::ios_base::out)) return false;
   if ((!b._block_ || b._room_end_ - b._pptr_ < static_cast<int>(n)) && !b._make_room(n)) return false;
   b._open_up();
   return true;
 }
 
-void buffer_access::settle(std::stringbuf &b) { b._settle(); }
+void _buffer_access::settle(std::stringbuf &b) { b._settle(); }
 
 }  // namespace __zor
 

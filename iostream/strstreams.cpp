@@ -23,12 +23,12 @@ isstream::isstream(streambuf *buffer) { start_stream(*this, buffer, false, isstr
 isstream::~isstream() {}
 
 isstream &isstream::seekg(streampos pos) {
-  if (!fail()) stream_access::buffer(*this)->pubseekpos(pos, ios_base::in);
+  if (!fail()) _stream_access::buffer(*this)->pubseekpos(pos, ios_base::in);
   return *this;
 }
 
 isstream &isstream::seekg(streamoff off, ios_base::seekdir way) {
-  if (!fail()) stream_access::buffer(*this)->pubseekoff(off, way, ios_base::in);
+  if (!fail()) _stream_access::buffer(*this)->pubseekoff(off, way, ios_base::in);
   return *this;
 }
 

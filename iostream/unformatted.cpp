@@ -13,22 +13,22 @@ namespace {
 inline int take_fast(istream &in) {
   if (!starts_fast(in)) return EOF;
   get_window window;
-  if (!window.open(stream_access::buffer(in))) return EOF;
+  if (!window.open(_stream_access::buffer(in))) return EOF;
   window.take_up_to(window.at + 1);
-  stream_access::count(in) = 1;
+  _stream_access::count(in) = 1;
   return static_cast<unsigned char>(*window.at);
 }
 
-[[gnu::noinline]] int take_slow(istream &in) {
+PLX_NOINLINE int take_slow(istream &in) {
   int c = EOF;
   unguarded_input_operation(
       in, true,
       [&](iostate &error) {
-        c = stream_access::buffer(in)->sbumpc();
+        c = _stream_access::buffer(in)->sbumpc();
         if (c == EOF)
           error |= ios_base::eofbit;
         else
-          stream_access::count(in) = 1;
+          _stream_access::count(in) = 1;
       },
       [&](iostate &error) {
         if (c == EOF) error |= ios_base::failbit;
@@ -36,10 +36,10 @@ inline int take_fast(istream &in) {
   return c;
 }
 
-[[gnu::noinline]] int peek_slow(istream &in) {
+PLX_NOINLINE int peek_slow(istream &in) {
   int c = EOF;
   unguarded_input_operation(in, true, [&](iostate &error) {
-    c = stream_access::buffer(in)->sgetc();
+    c = _stream_access::buffer(in)->sgetc();
     if (c == EOF) error |= ios_base::eofbit;
   });
   return c;
@@ -52,16 +52,16 @@ inline const char *find_end_of_ignored(const char *at, const char *end, int deli
   return found ? static_cast<const char *>(found) + 1 : nullptr;
 }
 
-[[gnu::noinline]] void ignore_slow(istream &in, streamsize n, int delim) {
+PLX_NOINLINE void ignore_slow(istream &in, streamsize n, int delim) {
   if (n < 1) n = 0;
   unguarded_input_operation(in, true, [&](iostate &error) {
     streamsize left = n;
-    if (n && !read_blocks(stream_access::buffer(in), [&](const char *&at, const char *end) {
+    if (n && !read_blocks(_stream_access::buffer(in), [&](const char *&at, const char *end) {
           const streamsize part = end - at < left ? end - at : left;
           const char *const next = find_end_of_ignored(at, at + part, delim);
           const streamsize taken = next ? next - at : part;
           at += taken;
-          count_more(stream_access::count(in), taken);
+          count_more(_stream_access::count(in), taken);
           if (n != INT_MAX) left -= taken;
           return !next && left;
         }))
@@ -85,7 +85,7 @@ template <class C, class T> basic_istream<C, T> &basic_istream<C, T>::_get(C &to
 
 template <class C, class T> typename basic_istream<C, T>::int_type basic_istream<C, T>::peek() {
   get_window window;
-  if (starts_fast(*this) && window.open(stream_access::buffer(*this))) {
+  if (starts_fast(*this) && window.open(_stream_access::buffer(*this))) {
     _gcount_ = 0;
     return static_cast<unsigned char>(*window.at);
   }
@@ -94,7 +94,7 @@ template <class C, class T> typename basic_istream<C, T>::int_type basic_istream
 
 template <class C, class T> basic_istream<C, T> &basic_istream<C, T>::read(C *to, streamsize n) {
   get_window window;
-  if (starts_fast(*this) && n > 0 && window.open(stream_access::buffer(*this)) && window.end - window.at >= n) {
+  if (starts_fast(*this) && n > 0 && window.open(_stream_access::buffer(*this)) && window.end - window.at >= n) {
     move_block(to, window.at, n);
     window.take_up_to(window.at + n);
     _gcount_ = n;
@@ -102,7 +102,7 @@ template <class C, class T> basic_istream<C, T> &basic_istream<C, T>::read(C *to
   }
   unguarded_input_operation(*this, true, [&](iostate &error) {
     if (n < 1) return;
-    _gcount_ = stream_access::buffer(*this)->sgetn(to, n);
+    _gcount_ = _stream_access::buffer(*this)->sgetn(to, n);
     if (_gcount_ != n) error |= ios_base::eofbit | ios_base::failbit;
   });
   return *this;
@@ -111,7 +111,7 @@ template <class C, class T> basic_istream<C, T> &basic_istream<C, T>::read(C *to
 template <class C, class T> streamsize basic_istream<C, T>::readsome(C *to, streamsize n) {
   streamsize got = 0;
   input_operation(*this, true, [&](iostate &error) {
-    streambuf *const buffer = stream_access::buffer(*this);
+    streambuf *const buffer = _stream_access::buffer(*this);
     const streamsize ready = buffer->in_avail();
     if (ready == -1)
       error |= ios_base::eofbit;
@@ -123,7 +123,7 @@ template <class C, class T> streamsize basic_istream<C, T>::readsome(C *to, stre
 
 template <class C, class T> basic_istream<C, T> &basic_istream<C, T>::ignore(streamsize n, int_type delim) {
   get_window window;
-  if (n > 0 && starts_fast(*this) && window.open(stream_access::buffer(*this))) {
+  if (n > 0 && starts_fast(*this) && window.open(_stream_access::buffer(*this))) {
     const streamsize ready = window.end - window.at, part = ready < n ? ready : n;
     const char *const next = find_end_of_ignored(window.at, window.at + part, delim);
     if (next || part == n) {
@@ -138,14 +138,14 @@ template <class C, class T> basic_istream<C, T> &basic_istream<C, T>::ignore(str
 
 template <class C, class T> basic_istream<C, T> &basic_istream<C, T>::putback(C c) {
   unguarded_input_operation(*this, true, [&](iostate &error) {
-    if (stream_access::buffer(*this)->sputbackc(c) == EOF) error |= ios_base::badbit;
+    if (_stream_access::buffer(*this)->sputbackc(c) == EOF) error |= ios_base::badbit;
   });
   return *this;
 }
 
 template <class C, class T> basic_istream<C, T> &basic_istream<C, T>::unget() {
   unguarded_input_operation(*this, true, [&](iostate &error) {
-    if (stream_access::buffer(*this)->sungetc() == EOF) error |= ios_base::badbit;
+    if (_stream_access::buffer(*this)->sungetc() == EOF) error |= ios_base::badbit;
   });
   return *this;
 }

@@ -5,17 +5,17 @@
 namespace __zor {
 
 bool has_nothing_to_flush(const std::ostream *tied) PLX_NOTHROW {
-  if (stream_access::state(const_cast<std::ostream &>(*tied)) != ios_base::goodbit || stream_access::tie(*tied))
+  if (_stream_access::state(const_cast<std::ostream &>(*tied)) != ios_base::goodbit || _stream_access::tie(*tied))
     return false;
-  std::streambuf *const buffer = stream_access::buffer(*tied);
+  std::streambuf *const buffer = _stream_access::buffer(*tied);
   if (!is_plain_filebuf(buffer)) return false;
-  const FILE *const file = buffer_access::file(*buffer);
+  const FILE *const file = _buffer_access::file(*buffer);
   return !file || has_nothing_to_flush(file);
 }
 
 bool skip_white_space(std::istream &in) {
-  const std::ctype<char> &classes = std::use_facet<std::ctype<char>>(stream_access::loc(in));
-  return read_blocks(stream_access::buffer(in), [&](const char *&at, const char *end) {
+  const std::ctype<char> &classes = std::use_facet<std::ctype<char>>(_stream_access::loc(in));
+  return read_blocks(_stream_access::buffer(in), [&](const char *&at, const char *end) {
     at = classes.scan_not(std::ctype_base::space, at, end);
     return at == end;
   });
@@ -36,11 +36,11 @@ namespace std {
 template <> istream &ws(istream &in) {
   using namespace __zor;
   iostate error = ios_base::goodbit;
-  if (stream_access::state(in) != ios_base::goodbit) return in;
-  if (starts_fast(in) && is_plain_buffer(stream_access::buffer(in)) && has_plain_ctype(stream_access::loc(in))) {
-    if (!skip_plain_space(stream_access::buffer(in))) error = ios_base::eofbit;
+  if (_stream_access::state(in) != ios_base::goodbit) return in;
+  if (starts_fast(in) && is_plain_buffer(_stream_access::buffer(in)) && has_plain_ctype(_stream_access::loc(in))) {
+    if (!skip_plain_space(_stream_access::buffer(in))) error = ios_base::eofbit;
   } else if (eh_guard([&] {
-               if (stream_access::tie(in)) __zor_do_flush(stream_access::tie(in));
+               if (_stream_access::tie(in)) __zor_do_flush(_stream_access::tie(in));
                if (!skip_white_space(in)) error |= ios_base::eofbit;
              })) {
     error |= ios_base::badbit;

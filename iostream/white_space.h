@@ -9,7 +9,7 @@
 
 namespace __zor {
 
-inline void start_count(std::istream &in) { stream_access::count(in) = 0; }
+inline void start_count(std::istream &in) { _stream_access::count(in) = 0; }
 
 // As the classic table has it.
 inline bool is_classic_space(char c) { return c == ' ' || static_cast<unsigned char>(c - '\t') < 5; }
@@ -42,20 +42,20 @@ bool skip_plain_space(std::streambuf *buffer) PLX_NOTHROW;
 
 // Flushing the tied stream would do nothing: the C library holds nothing of it back. (A file that was read from is set
 // to where the reader is, so that is looked at, too.)
-[[gnu::regparm(1)]] bool has_nothing_to_flush(const std::ostream *tied) PLX_NOTHROW;
+PLX_REGPARM bool has_nothing_to_flush(const std::ostream *tied) PLX_NOTHROW;
 
 // The stream is good, so it has a buffer, and nothing has to be flushed.
 inline bool starts_fast(std::istream &in) {
-  if (__builtin_expect(stream_access::state(in) != ios_base::goodbit, false)) return false;
-  const std::ostream *const tied = stream_access::tie(in);
+  if (__builtin_expect(_stream_access::state(in) != ios_base::goodbit, false)) return false;
+  const std::ostream *const tied = _stream_access::tie(in);
   return __builtin_expect(!tied, true) || has_nothing_to_flush(tied);
 }
 
 // The window at the first character that is no classic white space; false when that is not in the buffer's window, or
 // when the window has no known end.
 inline bool open_window_beyond_space(std::istream &in, get_window &window) {
-  if (!window.open(stream_access::buffer(in)) || window.is_endless()) return false;
-  if (stream_access::flags(in) & ios_base::skipws)
+  if (!window.open(_stream_access::buffer(in)) || window.is_endless()) return false;
+  if (_stream_access::flags(in) & ios_base::skipws)
     while (is_classic_space(*window.at))
       if (++window.at == window.end) return false;
   return true;
@@ -64,11 +64,11 @@ inline bool open_window_beyond_space(std::istream &in, get_window &window) {
 // Begins an operation that needs no frame because nothing can throw. False: nothing was done, the frame is needed.
 inline bool starts_unguarded(std::istream &in, bool noskipws) {
   if (!starts_fast(in)) return false;
-  std::streambuf *const buffer = stream_access::buffer(in);
+  std::streambuf *const buffer = _stream_access::buffer(in);
   if (!is_plain_buffer(buffer)) return false;
   // White space, and where a word ends, are the facet's to say.
-  if (!noskipws && !has_plain_ctype(stream_access::loc(in))) return false;
-  if (!noskipws && (stream_access::flags(in) & ios_base::skipws)) {
+  if (!noskipws && !has_plain_ctype(_stream_access::loc(in))) return false;
+  if (!noskipws && (_stream_access::flags(in) & ios_base::skipws)) {
     get_window window;
     if (!window.open(buffer) || is_classic_space(*window.at)) skip_plain_space(buffer);
   }

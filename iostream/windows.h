@@ -53,8 +53,8 @@ inline bool is_plain_buffer(const std::streambuf *buffer) {
 
 // The file under a buffer that hands its characters to stdio as they are, or null.
 inline FILE *plain_file(std::streambuf *buffer) {
-  return is_plain_filebuf(buffer) && has_plain_codecvt(buffer_access::loc(*buffer)) ? buffer_access::file(*buffer)
-                                                                                    : nullptr;
+  return is_plain_filebuf(buffer) && has_plain_codecvt(_buffer_access::loc(*buffer)) ? _buffer_access::file(*buffer)
+                                                                                     : nullptr;
 }
 
 // ---- Reading -------------------------------------------------------------------------------------------------------
@@ -66,7 +66,7 @@ struct get_window {
   bool open(std::streambuf *buffer) {
     if (open_area(*buffer)) return true;
     if (is_plain_filebuf(buffer)) {
-      FILE *const file = buffer_access::file(*buffer);
+      FILE *const file = _buffer_access::file(*buffer);
       if (!file || file->_IO_read_ptr >= file->_IO_read_end) return false;
       set(file->_IO_read_ptr, file->_IO_read_end);
       return true;
@@ -74,8 +74,8 @@ struct get_window {
     // The get area of a string buffer that is being written is hidden.
     if (!is_plain_stringbuf(buffer)) return false;
     std::stringbuf &text = static_cast<std::stringbuf &>(*buffer);
-    if (buffer_access::is_settled(text)) return false;
-    buffer_access::settle(text);
+    if (_buffer_access::is_settled(text)) return false;
+    _buffer_access::settle(text);
     return open_area(*buffer);
   }
 
@@ -96,7 +96,7 @@ private:
     cursor_ = &next;
   }
   bool open_area(std::streambuf &buffer) {
-    char *&next = buffer_access::gptr(buffer), *const last = buffer_access::egptr(buffer);
+    char *&next = _buffer_access::gptr(buffer), *const last = _buffer_access::egptr(buffer);
     if (next >= last) return false;
     set(next, last);
     return true;
@@ -119,13 +119,13 @@ struct put_window {
 
   // Opens a window with room for n characters, if it is there; false when it is not. In stdio's buffer it is never all
   // that is left: blocks as large as that buffer go round it.
-  template <a_put_use use> [[gnu::always_inline]] bool open_ready(std::streambuf *buffer, int n) {
+  template <a_put_use use> PLX_ALWAYS_INLINE bool open_ready(std::streambuf *buffer, int n) {
     full = nullptr;
     if (use == put_text) {
       if (open_area(*buffer, n)) return true;
     } else if (is_plain_stringbuf(buffer)) {
       return open_area(*buffer, n) &&
-             (use == put_block || buffer_access::is_at_end(static_cast<std::stringbuf &>(*buffer)));
+             (use == put_block || _buffer_access::is_at_end(static_cast<std::stringbuf &>(*buffer)));
     }
     FILE *const file = plain_file(buffer);
     if (!file) return false;
@@ -135,10 +135,10 @@ struct put_window {
     return true;
   }
   // The same, and a string buffer makes room.
-  template <a_put_use use> [[gnu::always_inline]] bool open(std::streambuf *buffer, int n) {
+  template <a_put_use use> PLX_ALWAYS_INLINE bool open(std::streambuf *buffer, int n) {
     return open_ready<use>(buffer, n) ||
            (!full && is_plain_stringbuf(buffer) &&
-            buffer_access::make_room(static_cast<std::stringbuf &>(*buffer), n) && open_area(*buffer, n));
+            _buffer_access::make_room(static_cast<std::stringbuf &>(*buffer), n) && open_area(*buffer, n));
   }
 
   void commit(char *next) const { *cursor_ = next; }
@@ -150,7 +150,7 @@ private:
     cursor_ = &next;
   }
   bool open_area(std::streambuf &buffer, int n) {
-    char *&next = buffer_access::pptr(buffer), *const last = buffer_access::epptr(buffer);
+    char *&next = _buffer_access::pptr(buffer), *const last = _buffer_access::epptr(buffer);
     if (last - next < n) return false;
     set(next, last);
     return true;
@@ -161,8 +161,7 @@ private:
 
 // Writes a text at once, into the window or, where stdio's buffer is full, through stdio.
 enum a_put_result { put_done, put_refused, put_not_fast };
-template <a_put_use use>
-[[gnu::always_inline]] inline a_put_result put_fast(std::streambuf *buffer, const char *text, int n) {
+template <a_put_use use> PLX_ALWAYS_INLINE a_put_result put_fast(std::streambuf *buffer, const char *text, int n) {
   put_window window;
   if (window.open<use>(buffer, n)) {
     copy_characters(window.at, text, static_cast<unsigned>(n));
@@ -177,7 +176,7 @@ template <a_put_use use>
 // not write: a file's buffer keeps it in mind for flush and close. A file that is only read loses nothing.
 inline void keep_refusal(std::streambuf *buffer) {
   std::filebuf &over = static_cast<std::filebuf &>(*buffer);
-  if (__fwritable(buffer_access::file(over))) buffer_access::keep_write_error(over);
+  if (__fwritable(_buffer_access::file(over))) _buffer_access::keep_write_error(over);
 }
 
 // Moves what lies ready in one buffer and has room in the other, up to `delim`. Returns how many characters; 0: none

@@ -7,7 +7,7 @@ namespace __zor {
 
 class character_cursor {
 public:
-  explicit character_cursor(character_source &source) : source_(source), next_(source._next), end_(source._end) {}
+  explicit character_cursor(_character_source &source) : source_(source), next_(source._next), end_(source._end) {}
   character_cursor(const character_cursor &) = delete;
   character_cursor &operator=(const character_cursor &) = delete;
 
@@ -29,7 +29,7 @@ public:
 
 private:
   // Before the call, the source knows what was read: it may throw.
-  __attribute__((__noinline__)) bool more() {
+  PLX_NOINLINE bool more() {
     source_._next = next_;
     const bool found = source_._more(&source_);
     next_ = source_._next;
@@ -37,7 +37,7 @@ private:
     return found;
   }
 
-  character_source &source_;
+  _character_source &source_;
   const char *next_;
   const char *end_;
 };

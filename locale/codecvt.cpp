@@ -92,32 +92,32 @@ private:
 
 }  // namespace
 
-codecvt_by_mbstate::~codecvt_by_mbstate() {}
+_codecvt_by_mbstate::~_codecvt_by_mbstate() {}
 
-result codecvt_by_mbstate::do_out(int &state, const char *from, const char *from_end, const char *&from_next, char *to,
-                                  char *to_end, char *&to_next) const {
+result _codecvt_by_mbstate::do_out(int &state, const char *from, const char *from_end, const char *&from_next, char *to,
+                                   char *to_end, char *&to_next) const {
   whole_state whole(state);
   const result done = do_out(whole.get(), from, from_end, from_next, to, to_end, to_next);
   whole.store();
   return done;
 }
 
-result codecvt_by_mbstate::do_unshift(int &state, char *to, char *to_end, char *&to_next) const {
+result _codecvt_by_mbstate::do_unshift(int &state, char *to, char *to_end, char *&to_next) const {
   whole_state whole(state);
   const result done = do_unshift(whole.get(), to, to_end, to_next);
   whole.store();
   return done;
 }
 
-result codecvt_by_mbstate::do_in(int &state, const char *from, const char *from_end, const char *&from_next, char *to,
-                                 char *to_end, char *&to_next) const {
+result _codecvt_by_mbstate::do_in(int &state, const char *from, const char *from_end, const char *&from_next, char *to,
+                                  char *to_end, char *&to_next) const {
   whole_state whole(state);
   const result done = do_in(whole.get(), from, from_end, from_next, to, to_end, to_next);
   whole.store();
   return done;
 }
 
-int codecvt_by_mbstate::do_length(int &state, const char *from, const char *from_end, size_t max) const {
+int _codecvt_by_mbstate::do_length(int &state, const char *from, const char *from_end, size_t max) const {
   whole_state whole(state);
   const int length = do_length(whole.get(), from, from_end, max);
   whole.store();

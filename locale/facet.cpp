@@ -17,7 +17,7 @@ unsigned int locale::id::init() const PLX_NOTHROW {
 
 }  // namespace std
 
-std::locale::facet &__zor::locale_missing_facet(const std::locale::imp *table, const std::locale::id &identity) {
+std::locale::facet &__zor::_locale_missing_facet(const std::locale::imp *table, const std::locale::id &identity) {
   std::locale::facet *found = table->_get(identity.init());
   if (!found) std::bad_cast::__throw("Facet not present\n");
   return *found;

@@ -5,7 +5,7 @@
 
 namespace __zor {
 
-struct ios_base_access {
+struct _ios_base_access {
   static std::ios_base::fmtflags flags(const std::ios_base &s) { return s._flags_; }
   static std::streamsize &width(std::ios_base &s) { return s._width_; }
   static const std::locale &loc(const std::ios_base &s) { return s._loc_; }

@@ -22,7 +22,7 @@ namespace {
 class money_scanner {
 public:
   // Asks the facets for everything, before anything is read.
-  money_scanner(character_source &from, ios_base &str, bool intl)
+  money_scanner(_character_source &from, ios_base &str, bool intl)
       : in_(from),
         loc_(str.getloc()),
         classes_(use_facet<ctype<char>>(*loc_)),
@@ -175,7 +175,7 @@ bool money_scanner::scan_value(string &digits) {
 
 }  // namespace
 
-bool scan_money(character_source &from, ios_base &str, bool intl, string &digits) {
+bool _scan_money(_character_source &from, ios_base &str, bool intl, string &digits) {
   money_scanner scanner(from, str, intl);
   eh_local<string> found;
   if (!scanner.scan(*found)) return false;
@@ -184,7 +184,7 @@ bool scan_money(character_source &from, ios_base &str, bool intl, string &digits
   return true;
 }
 
-bool scan_money(character_source &from, ios_base &str, bool intl, long double &units) {
+bool _scan_money(_character_source &from, ios_base &str, bool intl, long double &units) {
   money_scanner scanner(from, str, intl);
   eh_local<string> found;
   if (!scanner.scan(*found)) return false;

@@ -79,7 +79,7 @@ size_t append_parts(string &text, const money_facet &facet, bool with_symbol, bo
 
 }  // namespace
 
-void make_money_text(string &text, ios_base &str, bool intl, char fill, const char *digits, size_t n) {
+void _make_money_text(string &text, ios_base &str, bool intl, char fill, const char *digits, size_t n) {
   eh_local<locale> loc(str.getloc());
   const ctype<char> &classes = use_facet<ctype<char>>(*loc);
   const money_facet facet(*loc, intl);
@@ -97,7 +97,7 @@ void make_money_text(string &text, ios_base &str, bool intl, char fill, const ch
   str.width(0);
 }
 
-void make_money_text(string &text, ios_base &str, bool intl, char fill, long double units) {
+void _make_money_text(string &text, ios_base &str, bool intl, char fill, long double units) {
   // The greatest has 4933 digits.
   char digits[4960];
   const size_t n = static_cast<size_t>(snprintf(digits, sizeof digits, "%.0Lf", units));
@@ -105,7 +105,7 @@ void make_money_text(string &text, ios_base &str, bool intl, char fill, long dou
     eh_local<locale> loc(str.getloc());
     use_facet<ctype<char>>(*loc).widen(digits, digits + n, digits);
   }
-  make_money_text(text, str, intl, fill, digits, n);
+  _make_money_text(text, str, intl, fill, digits, n);
 }
 
 }  // namespace __zor

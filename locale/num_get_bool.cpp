@@ -57,8 +57,8 @@ ios_base::iostate scan(character_cursor &in, candidate yes, candidate no, bool &
 
 }  // namespace
 
-ios_base::iostate scan_name_of_bool(character_source &from, ios_base &str, bool &v) {
-  const numpunct<char> &punct = use_facet<numpunct<char>>(ios_base_access::loc(str));
+ios_base::iostate _scan_name_of_bool(_character_source &from, ios_base &str, bool &v) {
+  const numpunct<char> &punct = use_facet<numpunct<char>>(_ios_base_access::loc(str));
   eh_local<true_name> yes(punct);
   eh_local<false_name> no(punct);
   character_cursor in(from);

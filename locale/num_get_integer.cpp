@@ -80,14 +80,14 @@ unsigned long scan(character_cursor &in, const locale &loc, int flags, int &base
 
 }  // namespace
 
-unsigned long scan_integer(character_source &from, ios_base &str, int &base, bool is_signed, unsigned long max) {
+unsigned long _scan_integer(_character_source &from, ios_base &str, int &base, bool is_signed, unsigned long max) {
   character_cursor in(from);
-  const unsigned long value = scan(in, ios_base_access::loc(str), str.flags(), base, is_signed, max);
+  const unsigned long value = scan(in, _ios_base_access::loc(str), str.flags(), base, is_signed, max);
   in.done();
   return value;
 }
 
-bool scan_pointer(character_source &from, ios_base &str, void *&v) {
+bool _scan_pointer(_character_source &from, ios_base &str, void *&v) {
   character_cursor in(from);
   int base = -1;
   unsigned long value = 0;
@@ -95,7 +95,7 @@ bool scan_pointer(character_source &from, ios_base &str, void *&v) {
     if (in.pass('n') && in.pass('i') && in.pass('l') && in.pass(')')) base = 16;
   } else {
     const int flags = (str.flags() & ~ios_base::basefield) | ios_base::hex;
-    value = scan(in, ios_base_access::loc(str), flags, base, false, 0xFFFFFFFFul);
+    value = scan(in, _ios_base_access::loc(str), flags, base, false, 0xFFFFFFFFul);
   }
   in.done();
   if (base == -1) return false;

@@ -41,7 +41,7 @@ public:
     if (length_ >= mantissa_room) ++scale_;
     add_digit(digit);
   }
-  void point() noexcept { add(local_decimal_point()); }
+  void point() noexcept { add(_local_decimal_point()); }
   void fraction_digit(unsigned int digit) noexcept {
     if (another_leading_zero(digit)) {
       --scale_;
@@ -97,8 +97,8 @@ private:
 };
 
 // False when the digits are grouped wrongly. What is read need not be a number: that shows in `text`.
-template <class Text> [[gnu::always_inline]] inline bool scan(character_cursor &in, ios_base &str, Text &text) {
-  const locale &loc = ios_base_access::loc(str);
+template <class Text> PLX_ALWAYS_INLINE bool scan(character_cursor &in, ios_base &str, Text &text) {
+  const locale &loc = _ios_base_access::loc(str);
   const numpunct<char> &punct = use_facet<numpunct<char>>(loc);
   eh_local<group_check> groups(group_sizes::of_read, punct);
   const char separator = punct.thousands_sep();
@@ -140,7 +140,7 @@ template <class Text> [[gnu::always_inline]] inline bool scan(character_cursor &
   return groups->hold();
 }
 
-template <class Real> bool read(character_source &from, ios_base &str, Real &v) {
+template <class Real> bool read(_character_source &from, ios_base &str, Real &v) {
   value_of_text text;
   character_cursor in(from);
   const bool grouped = scan(in, str, text);
@@ -152,7 +152,7 @@ template <class Real> bool read(character_source &from, ios_base &str, Real &v) 
 
 }  // namespace
 
-bool scan_real_text(character_source &from, ios_base &str, char *text) {
+bool _scan_real_text(_character_source &from, ios_base &str, char *text) {
   copied_text copy(text);
   character_cursor in(from);
   const bool grouped = scan(in, str, copy);
@@ -161,8 +161,8 @@ bool scan_real_text(character_source &from, ios_base &str, char *text) {
   return grouped;
 }
 
-bool scan_real(character_source &from, ios_base &str, float &v) { return read(from, str, v); }
-bool scan_real(character_source &from, ios_base &str, double &v) { return read(from, str, v); }
-bool scan_real(character_source &from, ios_base &str, long double &v) { return read(from, str, v); }
+bool _scan_real(_character_source &from, ios_base &str, float &v) { return read(from, str, v); }
+bool _scan_real(_character_source &from, ios_base &str, double &v) { return read(from, str, v); }
+bool _scan_real(_character_source &from, ios_base &str, long double &v) { return read(from, str, v); }
 
 }  // namespace __zor

@@ -42,57 +42,57 @@ struct truth_name {
   const string text;
 };
 
-template <class Integer> void put_integer(a_text_sink *sink, ios_base &str, char fill, Integer value) {
+template <class Integer> void put_integer(_a_text_sink *sink, ios_base &str, char fill, Integer value) {
   char text[integer_text_room];
   const char *const end = integer_text(text, static_cast<unsigned>(str.flags()), value);
-  put_integer_text(sink, str, fill, text, static_cast<unsigned>(end - text));
+  _put_integer_text(sink, str, fill, text, static_cast<unsigned>(end - text));
 }
 
 // As the stream's ctype has it, where there is one: neither a bool nor a pointer needs a facet.
 void widen(const ios_base &str, char *first, char *last) {
-  if (has_plain_num_put(ios_base_access::loc(str))) return;
+  if (has_plain_num_put(_ios_base_access::loc(str))) return;
   eh_local<locale> loc(str.getloc());
   if (!has_plain_ctype(*loc) && has_facet<ctype<char>>(*loc)) use_facet<ctype<char>>(*loc).widen(first, last, first);
 }
 
 }  // namespace
 
-void put_bool(a_text_sink *sink, ios_base &str, bool value) {
+void _put_bool(_a_text_sink *sink, ios_base &str, bool value) {
   if (!(str.flags() & ios_base::boolalpha)) {
     char digit = value ? '1' : '0';
     widen(str, &digit, &digit + 1);
     return sink->_put(sink, &digit, 1);
   }
-  if (has_plain_num_put(ios_base_access::loc(str)))
+  if (has_plain_num_put(_ios_base_access::loc(str)))
     return value ? sink->_put(sink, "true", 4) : sink->_put(sink, "false", 5);
   eh_local<locale> loc(str.getloc());
   eh_local<truth_name> name(use_facet<numpunct<char>>(*loc), value);
   sink->_put(sink, name->text.data(), name->text.size());
 }
 
-void put_long(a_text_sink *sink, ios_base &str, char fill, long value) { put_integer(sink, str, fill, value); }
+void _put_long(_a_text_sink *sink, ios_base &str, char fill, long value) { put_integer(sink, str, fill, value); }
 
-void put_unsigned_long(a_text_sink *sink, ios_base &str, char fill, unsigned long value) {
+void _put_unsigned_long(_a_text_sink *sink, ios_base &str, char fill, unsigned long value) {
   put_integer(sink, str, fill, value);
 }
 
-void put_double(a_text_sink *sink, ios_base &str, char fill, double value) {
+void _put_double(_a_text_sink *sink, ios_base &str, char fill, double value) {
   char text[double_text_room];
   const unsigned flags = static_cast<unsigned>(str.flags());
   const a_number_precision precision(flags, str.precision());
   const char *const end = double_text(text, flags, precision.digits, value);
-  put_float_text(sink, str, fill, text, static_cast<unsigned>(end - text), precision.zeros, '.');
+  _put_float_text(sink, str, fill, text, static_cast<unsigned>(end - text), precision.zeros, '.');
 }
 
-void put_long_double(a_text_sink *sink, ios_base &str, char fill, long double value) {
+void _put_long_double(_a_text_sink *sink, ios_base &str, char fill, long double value) {
   char text[long_double_text_room];
   const unsigned flags = static_cast<unsigned>(str.flags());
   const a_number_precision precision(flags, str.precision());
   const char *const end = long_double_text(text, flags, precision.digits, value);
-  put_float_text(sink, str, fill, text, static_cast<unsigned>(end - text), precision.zeros, '.');
+  _put_float_text(sink, str, fill, text, static_cast<unsigned>(end - text), precision.zeros, '.');
 }
 
-void put_pointer(a_text_sink *sink, ios_base &str, char fill, const void *value) {
+void _put_pointer(_a_text_sink *sink, ios_base &str, char fill, const void *value) {
   char text[integer_text_room];
   const int length = static_cast<int>(pointer_text(text, value) - text);
   widen(str, text, text + length);

@@ -33,7 +33,7 @@ struct a_punctuation {
 };
 
 // Parts of the number's text; what the locale and the stream gave goes by _fill.
-void put_widened(a_text_sink *sink, const char *first, const char *last, const ctype<char> &classes) {
+void put_widened(_a_text_sink *sink, const char *first, const char *last, const ctype<char> &classes) {
   char block[64];
   while (first != last) {
     const size_t n = last - first < 64 ? static_cast<size_t>(last - first) : 64;
@@ -42,13 +42,13 @@ void put_widened(a_text_sink *sink, const char *first, const char *last, const c
     first += n;
   }
 }
-inline void put(a_text_sink *sink, const char *first, const char *last, const a_punctuation &punctuation) {
+inline void put(_a_text_sink *sink, const char *first, const char *last, const a_punctuation &punctuation) {
   if (punctuation.classes) return put_widened(sink, first, last, *punctuation.classes);
   if (first != last) sink->_put(sink, first, static_cast<unsigned>(last - first));
 }
 
 // Sign or base, fill and digits in their order. Returns the fill that is to come behind the number.
-unsigned put_whole(a_text_sink *sink, const ios_base &str, char fill, const char *text, const char *whole_end,
+unsigned put_whole(_a_text_sink *sink, const ios_base &str, char fill, const char *text, const char *whole_end,
                    unsigned prefix, unsigned behind, const a_punctuation &punctuation) {
   const digit_groups groups(punctuation.sizes, static_cast<unsigned>(whole_end - text) - prefix);
   const unsigned length = static_cast<unsigned>(whole_end - text) + groups.separators + behind;
@@ -74,14 +74,14 @@ unsigned put_whole(a_text_sink *sink, const ios_base &str, char fill, const char
   return pad;
 }
 
-void put_integer_with(a_text_sink *sink, ios_base &str, char fill, const char *text, unsigned n,
+void put_integer_with(_a_text_sink *sink, ios_base &str, char fill, const char *text, unsigned n,
                       const a_punctuation &punctuation) {
   const unsigned pad = put_whole(sink, str, fill, text, text + n, integer_prefix(text, n), 0, punctuation);
   str.width(0);
   if (pad) sink->_fill(sink, fill, pad);
 }
 
-void put_float_with(a_text_sink *sink, ios_base &str, char fill, const char *text, unsigned n, unsigned extra_zeros,
+void put_float_with(_a_text_sink *sink, ios_base &str, char fill, const char *text, unsigned n, unsigned extra_zeros,
                     char point, const a_punctuation &punctuation) {
   const char *const end = text + n;
   const char *at = static_cast<const char *>(memchr(text, point, n));
@@ -114,7 +114,7 @@ struct a_grouping {
 // body(punctuation) with what the stream's locale says. The locale is held: what runs meanwhile may change the
 // stream's.
 template <class Body> inline void with_punctuation(const ios_base &str, Body body) {
-  if (has_plain_num_put(ios_base_access::loc(str)))
+  if (has_plain_num_put(_ios_base_access::loc(str)))
     return body(a_punctuation{nullptr, nullptr, 0, group_sizes(group_sizes::of_written, nullptr, 0)});
   eh_local<locale> loc(str.getloc());
   const numpunct<char> &facet = use_facet<numpunct<char>>(*loc);
@@ -126,24 +126,24 @@ template <class Body> inline void with_punctuation(const ios_base &str, Body bod
 
 }  // namespace
 
-void put_integer_text(a_text_sink *sink, ios_base &str, char fill, const char *text, unsigned n) {
+void _put_integer_text(_a_text_sink *sink, ios_base &str, char fill, const char *text, unsigned n) {
   with_punctuation(str,
                    [&](const a_punctuation &punctuation) { put_integer_with(sink, str, fill, text, n, punctuation); });
 }
 
-void put_float_text(a_text_sink *sink, ios_base &str, char fill, const char *text, unsigned n, unsigned extra_zeros,
-                    char point) {
+void _put_float_text(_a_text_sink *sink, ios_base &str, char fill, const char *text, unsigned n, unsigned extra_zeros,
+                     char point) {
   with_punctuation(str, [&](const a_punctuation &punctuation) {
     put_float_with(sink, str, fill, text, n, extra_zeros, point, punctuation);
   });
 }
 
-char local_decimal_point() noexcept { return localeconv()->decimal_point[0]; }
+char _local_decimal_point() noexcept { return localeconv()->decimal_point[0]; }
 
-void make_integer_format(char *format, char conversion, int flags) noexcept {
+void _make_integer_format(char *format, char conversion, int flags) noexcept {
   integer_format(format, conversion, static_cast<unsigned>(flags));
 }
-void make_float_format(char *format, char modifier, int flags) noexcept {
+void _make_float_format(char *format, char modifier, int flags) noexcept {
   float_format(format, modifier, static_cast<unsigned>(flags));
 }
 

@@ -22,7 +22,7 @@ struct standard_facet {
 template <class Facet> PLX_FACET_MAKER std::locale::facet *made_by_name(const char *name) { return make<Facet>(name); }
 template <class Facet> PLX_FACET_MAKER std::locale::facet *made_alike(const char *) { return make<Facet>(); }
 
-#define PLX_STANDARD_FACET PLX_IF_LINKED __attribute__((__visibility__("hidden")))
+#define PLX_STANDARD_FACET PLX_IF_LINKED PLX_HIDDEN
 extern PLX_STANDARD_FACET const standard_facet numpunct_facet, num_get_facet, num_put_facet, ctype_facet, codecvt_facet,
     collate_facet, time_put_facet, time_get_facet, moneypunct_intl_facet, moneypunct_facet, money_put_facet,
     money_get_facet;

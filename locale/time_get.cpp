@@ -16,7 +16,7 @@ namespace {
 
 // Tells the source what was read, at the end.
 struct time_cursor : character_cursor {
-  explicit time_cursor(character_source &from) : character_cursor(from) {}
+  explicit time_cursor(_character_source &from) : character_cursor(from) {}
   ~time_cursor() { done(); }
 };
 
@@ -69,10 +69,10 @@ bool do_time_scanf(character_cursor &in, const char *format, tm &t) {
   return true;
 }
 
-bool scan_format(character_source &from, char conversion, tm *t) {
+bool scan_format(_character_source &from, char conversion, tm *t) {
   tm read = *t;
   time_cursor in(from);
-  if (!do_time_scanf(in, expanded_time_format(conversion), read)) return false;
+  if (!do_time_scanf(in, _expanded_time_format(conversion), read)) return false;
   *t = read;
   return true;
 }
@@ -99,7 +99,7 @@ int which_matches(character_cursor &in, const char *const *names, unsigned count
 }
 
 // `count` names and `count` abbreviations.
-bool scan_name(character_source &from, const string *own, unsigned first, unsigned count, int &value) {
+bool scan_name(_character_source &from, const string *own, unsigned first, unsigned count, int &value) {
   const char *names[24];
   if (own)
     for (unsigned i = 0; i < 2 * count; ++i) names[i] = own[i].c_str();
@@ -113,10 +113,10 @@ bool scan_name(character_source &from, const string *own, unsigned first, unsign
 
 }  // namespace
 
-bool scan_time(character_source &from, tm *t) { return scan_format(from, 'X', t); }
-bool scan_date(character_source &from, tm *t) { return scan_format(from, 'x', t); }
+bool _scan_time(_character_source &from, tm *t) { return scan_format(from, 'X', t); }
+bool _scan_date(_character_source &from, tm *t) { return scan_format(from, 'x', t); }
 
-bool scan_year(character_source &from, tm *t) {
+bool _scan_year(_character_source &from, tm *t) {
   time_cursor in(from);
   int year;
   const bool found = get_year(in, year);
@@ -124,10 +124,10 @@ bool scan_year(character_source &from, tm *t) {
   return found;
 }
 
-bool scan_week_day(character_source &from, tm *t, const timepunct<char> *names) {
+bool _scan_week_day(_character_source &from, tm *t, const timepunct<char> *names) {
   return scan_name(from, names ? names->get_week_day_list() : nullptr, first_day, 7, t->tm_wday);
 }
-bool scan_month_name(character_source &from, tm *t, const timepunct<char> *names) {
+bool _scan_month_name(_character_source &from, tm *t, const timepunct<char> *names) {
   return scan_name(from, names ? names->get_month_name_list() : nullptr, first_month, 12, t->tm_mon);
 }
 

@@ -12,13 +12,13 @@ using namespace std;
 
 namespace __zor {
 
-const ctype<char> &begin_time_put(ios_base &str) {
-  const ctype<char> &classes = use_facet<ctype<char>>(ios_base_access::loc(str));
+const ctype<char> &_begin_time_put(ios_base &str) {
+  const ctype<char> &classes = use_facet<ctype<char>>(_ios_base_access::loc(str));
   environment_time_names();
   return classes;
 }
 
-const char *expanded_time_format(char conversion) PLX_NOTHROW {
+const char *_expanded_time_format(char conversion) PLX_NOTHROW {
   switch (conversion) {
     case 'c': return "%a %b %d %H:%M:%S %Y";
     case 'x': return "%m/%d/%y";
@@ -27,7 +27,7 @@ const char *expanded_time_format(char conversion) PLX_NOTHROW {
   }
 }
 
-char *make_time_text(char *text, char conversion, const tm *t, const timepunct<char> *names) {
+char *_make_time_text(char *text, char conversion, const tm *t, const timepunct<char> *names) {
   if (names) return names->_write(text, conversion, *t);
   const a_time_name_list environment = environment_time_names();
   const unsigned which = time_name_for(conversion, *t);

@@ -110,9 +110,9 @@ int timepunct<char>::get_spec_conv_width(char c) const PLX_NOTHROW {
   return c == 'j' ? 3 : c == 'u' || c == 'w' ? 1 : 0;
 }
 
-string timepunct<char>::get_date_time_format() const { return expanded_time_format('c'); }
-string timepunct<char>::get_date_format() const { return expanded_time_format('x'); }
-string timepunct<char>::get_time_format() const { return expanded_time_format('X'); }
+string timepunct<char>::get_date_time_format() const { return _expanded_time_format('c'); }
+string timepunct<char>::get_date_format() const { return _expanded_time_format('x'); }
+string timepunct<char>::get_time_format() const { return _expanded_time_format('X'); }
 
 char *timepunct<char>::_write(char *text, char c, const tm &t) const {
   const unsigned which = time_name_for(c, t);

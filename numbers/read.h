@@ -52,7 +52,7 @@ inline unsigned value_of_four(unsigned digits) noexcept {
 }
 
 // The digits at p, as fast_integer does.
-[[gnu::always_inline]] inline const char *fast_decimal(const char *p, const char *end, unsigned long &value) noexcept {
+PLX_ALWAYS_INLINE const char *fast_decimal(const char *p, const char *end, unsigned long &value) noexcept {
   unsigned long sum = 0;
   const char *const begin = p;
   if (__builtin_expect(end - p >= 8, true)) {
@@ -92,9 +92,9 @@ PLX_HIDDEN PLX_REGPARM const char *fast_based(const char *p, const char *end, un
 // Returns where it stopped. When that is `end`, the value holds only if the input ends there: a caller that may get
 // more takes the general path instead, from p. Null, with `value` untouched: no plain number in range; the general path
 // decides (white space after the sign, overflow, no digits).
-template <bool Signed, unsigned long Max>
-[[gnu::always_inline]] inline const char *fast_integer(const char *p, const char *end, unsigned flags,
-                                                       unsigned long &value) noexcept {
+template <bool Signed, unsigned long Max> PLX_ALWAYS_INLINE const char *fast_integer(const char *p, const char *end,
+                                                                                     unsigned flags,
+                                                                                     unsigned long &value) noexcept {
   if (p == end) return nullptr;
   const bool negative = *p == '-';
   if (negative || *p == '+') ++p;

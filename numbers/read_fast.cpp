@@ -5,7 +5,7 @@ namespace __zor {
 namespace {
 
 // Any length: collects the digits one by one.
-template <class Real> __attribute__((__noinline__)) const char *long_real(const char *p, const char *end, Real &value) {
+template <class Real> PLX_NOINLINE const char *long_real(const char *p, const char *end, Real &value) {
   decimal_text text;
   if (*p == '-') text.negate();
   if (*p == '-' || *p == '+') ++p;

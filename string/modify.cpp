@@ -40,8 +40,8 @@ void write_moved(char *gap, text_source source, unsigned n, bool inside) {
 void write_moved(char *gap, fill_source source, unsigned n, bool) { source.write(gap, n); }
 
 template <class Source> void assign(b_str_ref *&rep, Source source, unsigned n) {
-  if (n == string_npos) fail_length();
-  if (string_is_private(rep)) {
+  if (n == _string_npos) fail_length();
+  if (_string_is_private(rep)) {
     const unsigned capacity = rep->capacity <= n ? capacity_for(n) : rep->capacity;
     if (has_room(rep, n, capacity)) {
       source.write(rep->data, n);
@@ -62,7 +62,7 @@ template <class Source> void append(b_str_ref *&rep, Source source, unsigned n) 
   if (n >= ~length) fail_length();
   const unsigned new_length = length + n;
   unsigned room = 0;
-  if (string_is_private(rep)) {
+  if (_string_is_private(rep)) {
     const unsigned capacity = new_length >= rep->capacity ? capacity_for(new_length) : rep->capacity;
     if (has_room(rep, new_length, capacity)) {
       source.write(rep->data + length, n);
@@ -96,7 +96,7 @@ template <class Source> void exchange(b_str_ref *&rep, unsigned pos, unsigned xl
   const unsigned capacity = capacity_for(length + n);
   const unsigned tail = length - pos - xlen;
   unsigned room = 0;
-  if (string_is_private(rep)) {
+  if (_string_is_private(rep)) {
     if (has_room(rep, length + n, capacity)) {
       char *at = rep->data + pos;
       if (source.lies_in(rep)) {
@@ -134,7 +134,7 @@ PLX_ALWAYS_INLINE void erase(b_str_ref *&rep, unsigned pos, unsigned n) {
   if (n > length - pos) n = length - pos;
   if (n == 0) return;
   const unsigned tail = length - pos - n;
-  if (string_is_private(rep)) {
+  if (_string_is_private(rep)) {
     move_characters(rep->data + pos, rep->data + pos + n, tail);
     set_length(rep, length - n);
     rep->count = 1;
@@ -161,36 +161,36 @@ template <class Source> void replace(b_str_ref *&rep, unsigned pos, unsigned n1,
 
 }  // namespace
 
-void string_assign(b_str_ref *&rep, const char *text, unsigned n) { assign(rep, text_source{text}, n); }
-void string_assign_filled(b_str_ref *&rep, unsigned n, char c) { assign(rep, fill_source{c}, n); }
+void _string_assign(b_str_ref *&rep, const char *text, unsigned n) { assign(rep, text_source{text}, n); }
+void _string_assign_filled(b_str_ref *&rep, unsigned n, char c) { assign(rep, fill_source{c}, n); }
 
-void string_append(b_str_ref *&rep, const char *text, unsigned n) { append(rep, text_source{text}, n); }
-void string_append_filled(b_str_ref *&rep, unsigned n, char c) { append(rep, fill_source{c}, n); }
-void string_append_one(b_str_ref *&rep, char c) { append(rep, fill_source{c}, 1); }
+void _string_append(b_str_ref *&rep, const char *text, unsigned n) { append(rep, text_source{text}, n); }
+void _string_append_filled(b_str_ref *&rep, unsigned n, char c) { append(rep, fill_source{c}, n); }
+void _string_append_one(b_str_ref *&rep, char c) { append(rep, fill_source{c}, 1); }
 
-void string_insert(b_str_ref *&rep, unsigned pos, const char *text, unsigned n) {
+void _string_insert(b_str_ref *&rep, unsigned pos, const char *text, unsigned n) {
   if (n != 0 && text) insert(rep, pos, text_source{text}, n);
 }
-void string_insert_filled(b_str_ref *&rep, unsigned pos, unsigned n, char c) {
+void _string_insert_filled(b_str_ref *&rep, unsigned pos, unsigned n, char c) {
   if (n != 0) insert(rep, pos, fill_source{c}, n);
 }
 
-void string_replace(b_str_ref *&rep, unsigned pos, unsigned n1, const char *text, unsigned n2) {
+void _string_replace(b_str_ref *&rep, unsigned pos, unsigned n1, const char *text, unsigned n2) {
   replace(rep, pos, n1, text_source{text}, text ? n2 : 0);
 }
-void string_replace_filled(b_str_ref *&rep, unsigned pos, unsigned n1, unsigned n2, char c) {
+void _string_replace_filled(b_str_ref *&rep, unsigned pos, unsigned n1, unsigned n2, char c) {
   replace(rep, pos, n1, fill_source{c}, n2);
 }
 
-void string_erase(b_str_ref *&rep, unsigned pos, unsigned n) { erase(rep, pos, n); }
+void _string_erase(b_str_ref *&rep, unsigned pos, unsigned n) { erase(rep, pos, n); }
 
-void string_resize(b_str_ref *&rep, unsigned n, char c) {
+void _string_resize(b_str_ref *&rep, unsigned n, char c) {
   const unsigned length = rep->length;
   if (n == length) return;
-  if (n == string_npos) fail_length();
+  if (n == _string_npos) fail_length();
   const unsigned kept = n < length ? n : length;
   unsigned room = 0;
-  if (string_is_private(rep)) {
+  if (_string_is_private(rep)) {
     const unsigned capacity = rep->capacity < n ? capacity_for(n) : rep->capacity;
     if (has_room(rep, n, capacity)) {
       fill_characters(rep->data + kept, n - kept, c);

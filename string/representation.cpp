@@ -28,7 +28,7 @@ PLX_NOINLINE b_str_ref *make_filled(unsigned n, char c) {
 }
 
 PLX_NOINLINE b_str_ref *make_other(const char *text, unsigned n) {
-  if (n == string_npos) fail_out_of_range();
+  if (n == _string_npos) fail_out_of_range();
   return text ? make_text(text, n) : make_filled(n, 0);
 }
 
@@ -59,17 +59,17 @@ void free_special_representation(b_str_ref *rep) PLX_NOTHROW {
   give_block(rep, rep->_block & ~block_is_special);
 }
 
-b_str_ref *string_make(const char *text, unsigned n) {
+b_str_ref *_string_make(const char *text, unsigned n) {
   if (__builtin_expect(!text || n > short_copy, false)) return make_other(text, n);
   return make_text(text, n);
 }
 
-b_str_ref *string_make_filled(unsigned n, char c) {
-  if (n == string_npos) fail_out_of_range();
+b_str_ref *_string_make_filled(unsigned n, char c) {
+  if (n == _string_npos) fail_out_of_range();
   return make_filled(n, c);
 }
 
-b_str_ref *string_join(const char *left, unsigned left_n, const char *right, unsigned right_n) {
+b_str_ref *_string_join(const char *left, unsigned left_n, const char *right, unsigned right_n) {
   if (right_n >= ~left_n) fail_length();
   const unsigned n = left_n + right_n;
   b_str_ref *rep = make_representation(capacity_for(n));
@@ -81,11 +81,11 @@ b_str_ref *string_join(const char *left, unsigned left_n, const char *right, uns
   return rep;
 }
 
-b_str_ref *string_part(b_str_ref *rep, unsigned pos, unsigned n) {
+b_str_ref *_string_part(b_str_ref *rep, unsigned pos, unsigned n) {
   const unsigned length = rep->length;
   if (__builtin_expect(pos > length, false)) fail_out_of_range();
   if (n >= length - pos) {
-    if (pos == 0 && !string_is_unshareable(rep)) {
+    if (pos == 0 && !_string_is_unshareable(rep)) {
       ++rep->count;
       return rep;
     }
@@ -95,36 +95,36 @@ b_str_ref *string_part(b_str_ref *rep, unsigned pos, unsigned n) {
   return n > short_copy ? make_other(text, n) : make_text(text, n);
 }
 
-void string_make_null(b_str_ref *&nullbuf) PLX_NOTHROW {
+void _string_make_null(b_str_ref *&nullbuf) PLX_NOTHROW {
   ++null_representation.count;
   nullbuf = &null_representation;
 }
 
-void string_free(b_str_ref *rep) PLX_NOTHROW { free_representation(rep); }
+void _string_free(b_str_ref *rep) PLX_NOTHROW { free_representation(rep); }
 
-void string_expose(b_str_ref *&rep) {
-  if (!string_is_private(rep)) {
+void _string_expose(b_str_ref *&rep) {
+  if (!_string_is_private(rep)) {
     b_str_ref *made = make_text(rep->data, rep->length);
     --rep->count;
     rep = made;
   }
-  rep->count = string_npos;
+  rep->count = _string_npos;
 }
 
-void string_expose_at(b_str_ref *&rep, unsigned pos) {
+void _string_expose_at(b_str_ref *&rep, unsigned pos) {
   if (pos > rep->length) fail_out_of_range();
-  string_expose(rep);
+  _string_expose(rep);
 }
 
 // Changes the block for all that share it: the characters stay the same.
-void string_reserve(b_str_ref *&rep, unsigned n) {
-  if (n == string_npos) fail_length();
+void _string_reserve(b_str_ref *&rep, unsigned n) {
+  if (n == _string_npos) fail_length();
   if (rep->capacity >= n) return;
   const unsigned capacity = capacity_for(n);
   if (capacity - 1u >= largest_capacity) out_of_memory();
   if (rep == &null_representation || capacity < rep->_room) {
     rep->capacity = capacity;
-  } else if (string_is_private(rep)) {
+  } else if (_string_is_private(rep)) {
     b_str_ref *made = make_representation(capacity);
     memcpy(made->data, rep->data, rep->length + 1);
     made->length = rep->length;

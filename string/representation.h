@@ -65,7 +65,7 @@ PLX_ALWAYS_INLINE void free_representation(b_str_ref *rep) PLX_NOTHROW {
 
 // The string's old representation loses an owner, the new one is put in its place.
 inline void take_over(b_str_ref *&rep, b_str_ref *made) {
-  if (string_is_private(rep))
+  if (_string_is_private(rep))
     free_representation(rep);
   else
     --rep->count;

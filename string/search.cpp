@@ -27,44 +27,44 @@ unsigned first(const b_str_ref *rep, const char *s, unsigned pos, unsigned n, bo
   const character_set set(s, n);
   for (; pos < rep->length; ++pos)
     if (set.has(rep->data[pos]) == in) return pos;
-  return string_npos;
+  return _string_npos;
 }
 
 unsigned last(const b_str_ref *rep, const char *s, unsigned pos, unsigned n, bool in) {
   const character_set set(s, n);
   for (pos = pos < rep->length ? pos + 1 : rep->length; pos-- != 0;)
     if (set.has(rep->data[pos]) == in) return pos;
-  return string_npos;
+  return _string_npos;
 }
 
 }  // namespace
 
-typedef string_search<std::char_traits<char>> search;
+typedef _string_search<std::char_traits<char>> search;
 
 unsigned search::find(const b_str_ref *rep, const char *s, unsigned pos, unsigned n) PLX_NOTHROW {
   const unsigned length = rep->length;
-  if (n == 0 || pos > length || n > length - pos) return string_npos;
+  if (n == 0 || pos > length || n > length - pos) return _string_npos;
   const char *text = rep->data + pos, *const end = rep->data + length;
   const char *found = n == 1 ? static_cast<const char *>(memchr(text, *s, static_cast<unsigned>(end - text)))
                              : find_pattern(text, end, s, n);
-  return found ? static_cast<unsigned>(found - rep->data) : string_npos;
+  return found ? static_cast<unsigned>(found - rep->data) : _string_npos;
 }
 
 unsigned search::rfind(const b_str_ref *rep, const char *s, unsigned pos, unsigned n) PLX_NOTHROW {
   const unsigned length = rep->length;
-  if (n == 0 || length < n) return string_npos;
+  if (n == 0 || length < n) return _string_npos;
   const char *at = rep->data + (pos < length - n ? pos : length - n);
   for (;; --at) {
     if (*at == *s && memcmp(at, s, n) == 0) return static_cast<unsigned>(at - rep->data);
-    if (at == rep->data) return string_npos;
+    if (at == rep->data) return _string_npos;
   }
 }
 
 unsigned search::find_first_of(const b_str_ref *rep, const char *s, unsigned pos, unsigned n) PLX_NOTHROW {
-  return n == 0 ? string_npos : first(rep, s, pos, n, true);
+  return n == 0 ? _string_npos : first(rep, s, pos, n, true);
 }
 unsigned search::find_last_of(const b_str_ref *rep, const char *s, unsigned pos, unsigned n) PLX_NOTHROW {
-  return n == 0 ? string_npos : last(rep, s, pos, n, true);
+  return n == 0 ? _string_npos : last(rep, s, pos, n, true);
 }
 unsigned search::find_first_not_of(const b_str_ref *rep, const char *s, unsigned pos, unsigned n) PLX_NOTHROW {
   return first(rep, s, pos, n, false);

@@ -15,7 +15,7 @@ class Iterator(Printer):
 
     def __init__(self, value):
         super().__init__(value)
-        self.title = self.title.split("::")[-1]
+        self.title = self.title.split("::")[-1].lstrip("_")
 
     def place(self):
         return int(self.value[self.members[0]])
@@ -49,12 +49,12 @@ class ToElement(Iterator):
         return self.place() - self.element.sizeof
 
 
-@prints("__zor::pointer_iterator")
+@prints("__zor::_pointer_iterator")
 class PointerIterator(ToElement):
     members = ("_at_",)
 
 
-@prints("__zor::deque_iterator")
+@prints("__zor::_deque_iterator")
 class DequeIterator(ToElement):
     members = ("_cur", "_last", "_node")
 
@@ -65,7 +65,7 @@ class DequeIterator(ToElement):
         return int((self.value["_node"] - 1).dereference()) + (DEQUE_BLOCK - 1) * size
 
 
-@prints("__zor::list_iterator")
+@prints("__zor::_list_iterator")
 class ListIterator(Iterator):
     members = ("_node",)
 
@@ -76,7 +76,7 @@ class ListIterator(Iterator):
         return number(self.place() + 4)
 
 
-@prints("__zor::tree_iterator")
+@prints("__zor::_tree_iterator")
 class TreeIterator(Iterator):
     members = ("_at_",)
 
@@ -89,7 +89,7 @@ class TreeIterator(Iterator):
         return previous_node(self.place())
 
 
-@prints("__zor::bit_iterator")
+@prints("__zor::_bit_iterator")
 class BitIterator(Iterator):
     members = ("_word", "_bit")
 
@@ -107,7 +107,7 @@ def _bit(word, bit):
     return "true" if number(word) >> bit & 1 else "false"
 
 
-@prints("__zor::bit_reference")
+@prints("__zor::_bit_reference")
 class BitReference(Iterator):
     members = ("_word_", "_mask_")
 
@@ -138,6 +138,6 @@ class ReverseIterator(Printer):
 
 
 _KINDS = {
-    "__zor::pointer_iterator": PointerIterator, "__zor::deque_iterator": DequeIterator,
-    "__zor::list_iterator": ListIterator, "__zor::tree_iterator": TreeIterator, "__zor::bit_iterator": BitIterator,
+    "__zor::_pointer_iterator": PointerIterator, "__zor::_deque_iterator": DequeIterator,
+    "__zor::_list_iterator": ListIterator, "__zor::_tree_iterator": TreeIterator, "__zor::_bit_iterator": BitIterator,
 }

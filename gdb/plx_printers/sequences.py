@@ -127,7 +127,7 @@ class List(Printer):
         self.head = self.value["_head_"]
         self.n = int(self.value["_size_"])
         self.element = self.value.type.strip_typedefs().template_argument(0)
-        next, prev = int(self.head["next"]), int(self.head["_prev"])
+        next, prev = int(self.head["_next"]), int(self.head["_prev"])
         check_readable(next, LINKS)
         check_readable(prev, LINKS)
         if number(next + 4) != number(prev):
@@ -137,7 +137,7 @@ class List(Printer):
         return counted(self.title, self.n)
 
     def children(self):
-        node = int(self.head["next"])
+        node = int(self.head["_next"])
         for i in range(self.n):
             if self.head.address is not None and node == int(self.head.address):
                 raise Invalid("there are fewer nodes")

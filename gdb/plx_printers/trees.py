@@ -65,7 +65,7 @@ class Tree(Printer):
         return bool(bases) and class_name(bases[0]).startswith("__zor::")
 
     def check(self):
-        container = base_part(self.value, "__zor::tree_container<")
+        container = base_part(self.value, "__zor::_tree_container<")
         tree = base_part(container["_tree_"], "__zor::rb_tree_base_data")
         self.element = container.type.template_argument(1)
         self.n = int(tree["node_count"])

@@ -27,7 +27,7 @@ class Bitset(Printer):
 @prints("std::complex")
 class Complex(Printer):
     def text(self):
-        parts = base_part(self.value, "__zor::complex_parts<")
+        parts = base_part(self.value, "__zor::_complex_parts<")
         return "(%s,%s)" % (parts["_re_"].format_string(), parts["_im_"].format_string())
 
     @classmethod

@@ -260,7 +260,7 @@ template <int bytes> static void sizes() {
 }
 
 // The table as it is seeded, and then x[n] = x[n - 55] - x[n - 24]; the first draw of the program is made before main.
-static const unsigned long drawn_first = std::__vexil_rd.next();
+static const unsigned long drawn_first = std::__vexil_rd._next();
 static void check_sequence(unsigned int seed, std::__random_generator &drawn, unsigned int from) {
   static unsigned int t[55 + 1000];
   unsigned int k = 1, j = t[54] = seed;
@@ -273,13 +273,13 @@ static void check_sequence(unsigned int seed, std::__random_generator &drawn, un
     for (int i = 0; i < 55; ++i) t[i] -= t[(i + 31) % 55];
   for (int n = 55; n < 1055; ++n) t[n] = t[n - 55] - t[n - 24];
   if (from) CHECK(drawn_first == t[55]);
-  for (unsigned int i = 55 + from; i < 1055; ++i) CHECK(drawn.next() == t[i]);
+  for (unsigned int i = 55 + from; i < 1055; ++i) CHECK(drawn._next() == t[i]);
 }
 static void generator() {
   check_sequence(161803398, std::__vexil_rd, 1);
   std::__random_generator one(5);
   check_sequence(5, one, 0);
-  one.next();
+  one._next();
   one.seed(42);
   check_sequence(42, one, 0);
   // Even draws, also below a limit that does not divide 2^32.

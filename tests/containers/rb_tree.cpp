@@ -156,7 +156,7 @@ void check_validator() {
   unsigned char *const colours[] = {&root->color, &leaf->color, &tree.leftmost->color};
   for (int i = 0; i < 3; ++i) {
     const unsigned char kept = *colours[i];
-    *colours[i] = i == 1 ? 2 : rb_red;
+    *colours[i] = i == 1 ? 2 : _rb_red;
     CHECK_INT(tree.valid(), i == 2 ? rule_8_black_height : rule_7_colours);
     *colours[i] = kept;
   }

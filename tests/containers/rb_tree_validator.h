@@ -39,7 +39,7 @@ public:
       return tree_.node_count != 0 ? rule_9_count : no_rule_broken;
     }
     if (root->parent != header) return rule_2_root_hangs_below_header;
-    if (root->color != __zor::rb_black) return rule_7_colours;
+    if (root->color != __zor::_rb_black) return rule_7_colours;
     black_height(root);
     if (broken_) return broken_;
     if (header->left != previous_) return rule_3_header_left_is_last;
@@ -57,11 +57,11 @@ private:
   // In order, so that neighbours are seen one after the other.
   int black_height(const node *n) {
     if (!n || broken_) return 0;
-    if (n->color != __zor::rb_black && n->color != __zor::rb_red) return broken(rule_7_colours);
+    if (n->color != __zor::_rb_black && n->color != __zor::_rb_red) return broken(rule_7_colours);
     const node *children[] = {n->left, n->right};
     for (int i = 0; i < 2; ++i) {
       if (children[i] && children[i]->parent != n) return broken(rule_6_children_know_parent);
-      if (children[i] && n->color == __zor::rb_red && children[i]->color == __zor::rb_red)
+      if (children[i] && n->color == __zor::_rb_red && children[i]->color == __zor::_rb_red)
         return broken(rule_7_colours);
     }
     const int left = black_height(n->left);
@@ -73,7 +73,7 @@ private:
     ++count_;
     const int right = black_height(n->right);
     if (!broken_ && left != right) return broken(rule_8_black_height);
-    return left + (n->color == __zor::rb_black);
+    return left + (n->color == __zor::_rb_black);
   }
 
   int walk_back() {

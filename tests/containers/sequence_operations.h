@@ -87,11 +87,11 @@ template <class T, class A> bool valid(const std::deque<T, A> &d) {
   return at == end;
 }
 template <class T, class A> bool valid(const std::list<T, A> &l) {
-  const __zor::list_links *const end = l.end()._node, *at = end;
+  const __zor::_list_links *const end = l.end()._node, *at = end;
   unsigned int n = 0;
   do {
-    if (at->next->_prev != at) return false;
-    at = at->next;
+    if (at->_next->_prev != at) return false;
+    at = at->_next;
   } while (++n <= l.size() + 1 && at != end);
   return n == l.size() + 1;
 }

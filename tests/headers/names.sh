@@ -1,8 +1,7 @@
 #!/bin/bash
 # Names in public headers that are no part of an interface begin with an underscore, since a program may have any other
 # word as a macro. Every identifier of the headers counts that neither the host's standard headers use in the same
-# dialect nor data/names lists. That list holds plx's own interface, and names that are still to be changed: it only gets
-# shorter.
+# dialect nor data/names lists: plx's own interface.
 . "$PLX_SOURCE/tests/driver/common.bash"
 include=$PLX_SOURCE/include
 known=$PLX_SOURCE/tests/headers/data/names

@@ -124,7 +124,7 @@ static void errors() {
   LENGTH(text.insert(0, "x", npos - 10));
   LENGTH(text.replace(1, 9, "x", npos));
   LENGTH(text.replace(0, 10, npos - 10, 'x'));
-  LENGTH(__zor::string_join("", npos - 15, "", 15));
+  LENGTH(__zor::_string_join("", npos - 15, "", 15));
   LENGTH(text.resize(npos));
   LENGTH(text.reserve(npos));
   MEMORY(string(npos - 1, 'x'));

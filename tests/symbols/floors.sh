@@ -11,8 +11,8 @@ headers="base string,algorithms containers,numerics locale streambuf facets iost
 # inline members that know the vtable of file buffers.
 asked="__default_new_handler __throw_bad_cast __throw_bad_typeid _ZN5__zor25oldest_needed_destructionE
   _ZN5__zor20set_up_bad_exceptionEv _ZN5__zor10message_ofEPvPK16a_type_info_impl
-  _ZN5__zor17fail_out_of_rangeEv _ZN5__zor11fail_lengthEv _ZN5__zor19string_out_of_rangeEv
-  _ZN5__zor16streambuf_source6_fetchEPNS_16character_sourceE _ZN5__zor16streambuf_source7_finishEv"
+  _ZN5__zor17fail_out_of_rangeEv _ZN5__zor11fail_lengthEv _ZN5__zor20_string_out_of_rangeEv
+  _ZN5__zor17_streambuf_source6_fetchEPNS_17_character_sourceE _ZN5__zor17_streambuf_source7_finishEv"
 inlined='^locale/.* _Z(TVSt13basic_filebuf|NK?St15basic_streambuf)'
 
 floors_of='function floors_of(list, a, b, i, j, n) {

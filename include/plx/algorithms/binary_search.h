@@ -51,7 +51,7 @@ _Forward upper_bound(_Forward _first, _Forward _last, _Wanted _wanted, _Before &
 // has the same length on either side, and which side it is becomes a mask: the empty assembler statement hides from the
 // compiler that a branch would do, since one that is mispredicted half of the time costs more than all the rest.
 template <bool _upper, class _T, class _V, class _Before>
-inline _T *scalar_bound(_T *_first, _T *_last, const _V _value, _Before &_before) {
+inline _T *_scalar_bound(_T *_first, _T *_last, const _V _value, _Before &_before) {
   enum { _cached = 4096 };
   std::size_t _n = static_cast<std::size_t>(_last - _first);
   if (_n == 0) return _first;
@@ -79,28 +79,28 @@ inline _T *scalar_bound(_T *_first, _T *_last, const _V _value, _Before &_before
 template <bool _scalar> struct _bounds {
   template <class _Forward, class _T, class _Before>
   static _Forward _lower(_Forward _first, _Forward _last, const _T &_value, _Before &_before) {
-    return __zor::lower_bound(_first, _last, __zor::address_of(_value), _before);
+    return __zor::lower_bound(_first, _last, __zor::_address_of(_value), _before);
   }
   template <class _Forward, class _T, class _Before>
   static _Forward _upper(_Forward _first, _Forward _last, const _T &_value, _Before &_before) {
-    return __zor::upper_bound(_first, _last, __zor::address_of(_value), _before);
+    return __zor::upper_bound(_first, _last, __zor::_address_of(_value), _before);
   }
 };
 template <> struct _bounds<true> {
   template <class _T, class _V, class _Before>
   static _T *_lower(_T *_first, _T *_last, const _V &_value, _Before &_before) {
-    return __zor::scalar_bound<false, _T, _V, _Before>(_first, _last, _value, _before);
+    return __zor::_scalar_bound<false, _T, _V, _Before>(_first, _last, _value, _before);
   }
   template <class _T, class _V, class _Before>
   static _T *_upper(_T *_first, _T *_last, const _V &_value, _Before &_before) {
-    return __zor::scalar_bound<true, _T, _V, _Before>(_first, _last, _value, _before);
+    return __zor::_scalar_bound<true, _T, _V, _Before>(_first, _last, _value, _before);
   }
 };
 
 // The value must be of the elements' type: else each comparison may convert in its own way.
-template <class _Forward, class _T, class _Before> struct bounds_of
-    : public _bounds<is_scalar_order<typename _unwrapped<_Forward>::_type, _Before>::value &&
-                     same_type<typename std::iterator_traits<_Forward>::value_type, _T>::value> {};
+template <class _Forward, class _T, class _Before> struct _bounds_of
+    : public _bounds<_is_scalar_order<typename _unwrapped<_Forward>::_type, _Before>::value &&
+                     _same_type<typename std::iterator_traits<_Forward>::value_type, _T>::value> {};
 
 }  // namespace _functions
 }  // namespace __zor
@@ -109,19 +109,19 @@ namespace std {
 
 template <class _Forward, class _T, class _Compare>
 inline _Forward lower_bound(_Forward _first, _Forward _last, const _T &_value, _Compare _before) {
-  return __zor::_rewrap(_first, __zor::bounds_of<_Forward, _T, _Compare>::_lower(
+  return __zor::_rewrap(_first, __zor::_bounds_of<_Forward, _T, _Compare>::_lower(
                                     __zor::_unwrap(_first), __zor::_unwrap(_last), _value, _before));
 }
 template <class _Forward, class _T> inline _Forward lower_bound(_Forward _first, _Forward _last, const _T &_value) {
-  return std::lower_bound(_first, _last, _value, __zor::by_less());
+  return std::lower_bound(_first, _last, _value, __zor::_by_less());
 }
 template <class _Forward, class _T, class _Compare>
 inline _Forward upper_bound(_Forward _first, _Forward _last, const _T &_value, _Compare _before) {
-  return __zor::_rewrap(_first, __zor::bounds_of<_Forward, _T, _Compare>::_upper(
+  return __zor::_rewrap(_first, __zor::_bounds_of<_Forward, _T, _Compare>::_upper(
                                     __zor::_unwrap(_first), __zor::_unwrap(_last), _value, _before));
 }
 template <class _Forward, class _T> inline _Forward upper_bound(_Forward _first, _Forward _last, const _T &_value) {
-  return std::upper_bound(_first, _last, _value, __zor::by_less());
+  return std::upper_bound(_first, _last, _value, __zor::_by_less());
 }
 
 // Halves until an equal element is met, and looks for one border on each side of it.
@@ -141,7 +141,7 @@ pair<_Forward, _Forward> equal_range(_Forward _first, _Forward _last, const _T &
     } else {
       _Forward _end = _first;
       std::advance(_end, _n);
-      const _T *const _wanted = __zor::address_of(_value);
+      const _T *const _wanted = __zor::_address_of(_value);
       const _Forward _lower = __zor::lower_bound(_first, _middle, _wanted, _before);
       return pair<_Forward, _Forward>(_lower, __zor::upper_bound(++_middle, _end, _wanted, _before));
     }
@@ -150,7 +150,7 @@ pair<_Forward, _Forward> equal_range(_Forward _first, _Forward _last, const _T &
 }
 template <class _Forward, class _T>
 inline pair<_Forward, _Forward> equal_range(_Forward _first, _Forward _last, const _T &_value) {
-  return std::equal_range(_first, _last, _value, __zor::by_less());
+  return std::equal_range(_first, _last, _value, __zor::_by_less());
 }
 
 template <class _Forward, class _T, class _Compare>
@@ -159,7 +159,7 @@ inline bool binary_search(_Forward _first, _Forward _last, const _T &_value, _Co
   return bool(_first != _last) && !bool(_before(_value, *_first));
 }
 template <class _Forward, class _T> inline bool binary_search(_Forward _first, _Forward _last, const _T &_value) {
-  return std::binary_search(_first, _last, _value, __zor::by_less());
+  return std::binary_search(_first, _last, _value, __zor::_by_less());
 }
 
 }  // namespace std

@@ -12,8 +12,8 @@ namespace __zor {
 namespace _functions {
 
 // Arithmetic elements: each is stored, and what follows depends on the comparison only by a sum, not by a branch.
-template <class _Iterator> struct is_scalar_array { static const bool value = false; };
-template <class _T> struct is_scalar_array<_T *> { static const bool value = is_arithmetic<_T>::value; };
+template <class _Iterator> struct _is_scalar_array { static const bool value = false; };
+template <class _T> struct _is_scalar_array<_T *> { static const bool value = _is_arithmetic<_T>::value; };
 
 template <bool _scalar> struct _uniquing {
   template <class _Forward, class _Equal> static _Forward _run(_Forward _first, _Forward _last, _Equal &_same) {
@@ -28,13 +28,13 @@ template <bool _scalar> struct _uniquing {
     while (++_first != _last) {
       if (_same(*_kept, *_first)) continue;
       ++_kept;
-      *_kept = __zor::move_from(_first);
+      *_kept = __zor::_move_from(_first);
     }
     return ++_kept;
   }
 };
 template <> struct _uniquing<true> {
-  template <class _T> static _T *_run(_T *_first, _T *_last, by_equal) {
+  template <class _T> static _T *_run(_T *_first, _T *_last, _by_equal) {
     if (_first == _last) return _first;
     _T _kept = *_first;
     _T *_out = ++_first;
@@ -53,7 +53,7 @@ template <bool _scalar> struct _removal {
     _Forward _out = _first;
     for (++_first; _first != _last; ++_first) {
       if (*_first == _value) continue;
-      *_out = __zor::move_from(_first);
+      *_out = __zor::_move_from(_first);
       ++_out;
     }
     return _out;
@@ -100,7 +100,7 @@ _Out unique_copy(_In _first, _In _last, _Out _out, _Predicate &_same, std::forwa
 }
 
 template <class _Out, class _Count, class _Generator>
-inline _Out generate_counted(_Out _first, _Count _n, _Generator &_next) {
+inline _Out _generate_counted(_Out _first, _Count _n, _Generator &_next) {
   for (; _n > 0; --_n, (void)++_first) *_first = _next();
   return _first;
 }
@@ -157,7 +157,7 @@ template <class _Forward, class _Generator> inline void generate(_Forward _first
 }
 // The place after the last element made is returned in every dialect, though only later ones ask for it.
 template <class _Out, class _Size, class _Generator> inline _Out generate_n(_Out _first, _Size _n, _Generator _next) {
-  return __zor::generate_counted(_first, __zor::_count_of(_n), _next);
+  return __zor::_generate_counted(_first, __zor::_count_of(_n), _next);
 }
 
 template <class _Forward, class _T> inline _Forward remove(_Forward _first, _Forward _last, const _T &_value) {
@@ -165,8 +165,8 @@ template <class _Forward, class _T> inline _Forward remove(_Forward _first, _For
   _first = std::find(_first, _last, _value);
   if (_first == _last) return _first;
   return __zor::_rewrap(
-      _first, __zor::_removal < __zor::is_scalar_array<_plain>::value &&
-                  __zor::is_arithmetic<_T>::value > ::_run(__zor::_unwrap(_first), __zor::_unwrap(_last), _value));
+      _first, __zor::_removal < __zor::_is_scalar_array<_plain>::value &&
+                  __zor::_is_arithmetic<_T>::value > ::_run(__zor::_unwrap(_first), __zor::_unwrap(_last), _value));
 }
 template <class _Forward, class _Predicate>
 inline _Forward remove_if(_Forward _first, _Forward _last, _Predicate _predicate) {
@@ -175,7 +175,7 @@ inline _Forward remove_if(_Forward _first, _Forward _last, _Predicate _predicate
   _Forward _out = _first;
   for (++_first; _first != _last; ++_first) {
     if (_predicate(*_first)) continue;
-    *_out = __zor::move_from(_first);
+    *_out = __zor::_move_from(_first);
     ++_out;
   }
   return _out;
@@ -200,8 +200,8 @@ inline _Out remove_copy_if(_In _first, _In _last, _Out _out, _Predicate _predica
 
 template <class _Forward> inline _Forward unique(_Forward _first, _Forward _last) {
   typedef typename __zor::_unwrapped<_Forward>::_type _plain;
-  __zor::by_equal _same;
-  return __zor::_rewrap(_first, __zor::_uniquing<__zor::is_scalar_array<_plain>::value>::_run(
+  __zor::_by_equal _same;
+  return __zor::_rewrap(_first, __zor::_uniquing<__zor::_is_scalar_array<_plain>::value>::_run(
                                     __zor::_unwrap(_first), __zor::_unwrap(_last), _same));
 }
 template <class _Forward, class _Equal> inline _Forward unique(_Forward _first, _Forward _last, _Equal _same) {
@@ -213,7 +213,7 @@ template <class _In, class _Out, class _Equal> inline _Out unique_copy(_In _firs
   return __zor::unique_copy(_first, _last, _out, _same, typename iterator_traits<_In>::iterator_category());
 }
 template <class _In, class _Out> inline _Out unique_copy(_In _first, _In _last, _Out _out) {
-  return std::unique_copy(_first, _last, _out, __zor::by_equal());
+  return std::unique_copy(_first, _last, _out, __zor::_by_equal());
 }
 
 }  // namespace std

@@ -16,7 +16,7 @@ template <class _Forward, class _Compare> _Forward min_element(_Forward _first, 
   return _least;
 }
 template <class _Forward> inline _Forward min_element(_Forward _first, _Forward _last) {
-  return std::min_element(_first, _last, __zor::by_less());
+  return std::min_element(_first, _last, __zor::_by_less());
 }
 
 template <class _Forward, class _Compare> _Forward max_element(_Forward _first, _Forward _last, _Compare _before) {
@@ -27,7 +27,7 @@ template <class _Forward, class _Compare> _Forward max_element(_Forward _first, 
   return _most;
 }
 template <class _Forward> inline _Forward max_element(_Forward _first, _Forward _last) {
-  return std::max_element(_first, _last, __zor::by_less());
+  return std::max_element(_first, _last, __zor::_by_less());
 }
 
 // The last place where an element is before its successor changes; everything after it is in descending order, and is
@@ -52,7 +52,7 @@ bool next_permutation(_Bidirectional _first, _Bidirectional _last, _Compare _bef
   return false;
 }
 template <class _Bidirectional> inline bool next_permutation(_Bidirectional _first, _Bidirectional _last) {
-  return std::next_permutation(_first, _last, __zor::by_less());
+  return std::next_permutation(_first, _last, __zor::_by_less());
 }
 
 template <class _Bidirectional, class _Compare>
@@ -75,7 +75,7 @@ bool prev_permutation(_Bidirectional _first, _Bidirectional _last, _Compare _bef
   return false;
 }
 template <class _Bidirectional> inline bool prev_permutation(_Bidirectional _first, _Bidirectional _last) {
-  return std::prev_permutation(_first, _last, __zor::by_less());
+  return std::prev_permutation(_first, _last, __zor::_by_less());
 }
 
 }  // namespace std

@@ -12,7 +12,7 @@ namespace _functions {
 
 // The held element's hole is at `_at`; rises at most to `_top`.
 template <class _Iterator, class _Distance, class _Before>
-void _rise(_Iterator _first, _Distance _at, _Distance _top, held_element<_Iterator> &_held, _Before &_before) {
+void _rise(_Iterator _first, _Distance _at, _Distance _top, _held_element<_Iterator> &_held, _Before &_before) {
   while (_at > _top) {
     const _Distance _parent = static_cast<_Distance>((_at - 1) / 2);
     if (!bool(_before(*(_first + _parent), _held.value))) break;
@@ -23,7 +23,7 @@ void _rise(_Iterator _first, _Distance _at, _Distance _top, held_element<_Iterat
 }
 
 template <class _Iterator, class _Distance, class _Before>
-void _sink(_Iterator _first, _Distance _at, _Distance _n, held_element<_Iterator> &_held, _Before &_before) {
+void _sink(_Iterator _first, _Distance _at, _Distance _n, _held_element<_Iterator> &_held, _Before &_before) {
   // Those before `_pairs` have two children. No number is greater than _n, which may be all that a _Distance holds.
   const _Distance _top = _at, _pairs = static_cast<_Distance>((_n - 1) / 2);
   while (_at < _pairs) {
@@ -43,14 +43,14 @@ template <class _Iterator, class _Before> void push_heap(_Iterator _first, _Iter
   typedef typename std::iterator_traits<_Iterator>::difference_type _distance_type;
   const _distance_type _n = _last - _first;
   if (_n < 2) return;
-  held_element<_Iterator> _held(_last - 1);
+  _held_element<_Iterator> _held(_last - 1);
   __zor::_rise(_first, static_cast<_distance_type>(_n - 1), _distance_type(0), _held, _before);
 }
 
 template <class _Iterator, class _Before> void pop_heap(_Iterator _first, _Iterator _last, _Before &_before) {
   typedef typename std::iterator_traits<_Iterator>::difference_type _distance_type;
   if (_last - _first < 2) return;
-  held_element<_Iterator> _held(_last - 1);
+  _held_element<_Iterator> _held(_last - 1);
   _held._fill_from(_first);
   __zor::_sink(_first, _distance_type(0), _distance_type(_last - _first - 1), _held, _before);
 }
@@ -60,7 +60,7 @@ template <class _Iterator, class _Before> void make_heap(_Iterator _first, _Iter
   const _distance_type _n = _last - _first;
   for (_distance_type _at = _n / 2; _at > 0;) {
     --_at;
-    held_element<_Iterator> _held(_first + _at);
+    _held_element<_Iterator> _held(_first + _at);
     __zor::_sink(_first, _at, _n, _held, _before);
   }
 }
@@ -71,12 +71,12 @@ template <class _Iterator, class _Before> void sort_heap(_Iterator _first, _Iter
 
 // The smallest middle - first elements go before `_middle`, as a heap.
 template <class _Iterator, class _Before>
-void select_heap(_Iterator _first, _Iterator _middle, _Iterator _last, _Before &_before) {
+void _select_heap(_Iterator _first, _Iterator _middle, _Iterator _last, _Before &_before) {
   typedef typename std::iterator_traits<_Iterator>::difference_type _distance_type;
   __zor::make_heap(_first, _middle, _before);
   for (_Iterator _at = _middle; _at < _last; ++_at) {
     if (!bool(_before(*_at, *_first))) continue;
-    held_element<_Iterator> _held(_at);
+    _held_element<_Iterator> _held(_at);
     _held._fill_from(_first);
     __zor::_sink(_first, _distance_type(0), _distance_type(_middle - _first), _held, _before);
   }
@@ -91,25 +91,25 @@ template <class _Random, class _Compare> inline void push_heap(_Random _first, _
   __zor::push_heap(__zor::_unwrap(_first), __zor::_unwrap(_last), _before);
 }
 template <class _Random> inline void push_heap(_Random _first, _Random _last) {
-  std::push_heap(_first, _last, __zor::by_less());
+  std::push_heap(_first, _last, __zor::_by_less());
 }
 template <class _Random, class _Compare> inline void pop_heap(_Random _first, _Random _last, _Compare _before) {
   __zor::pop_heap(__zor::_unwrap(_first), __zor::_unwrap(_last), _before);
 }
 template <class _Random> inline void pop_heap(_Random _first, _Random _last) {
-  std::pop_heap(_first, _last, __zor::by_less());
+  std::pop_heap(_first, _last, __zor::_by_less());
 }
 template <class _Random, class _Compare> inline void make_heap(_Random _first, _Random _last, _Compare _before) {
   __zor::make_heap(__zor::_unwrap(_first), __zor::_unwrap(_last), _before);
 }
 template <class _Random> inline void make_heap(_Random _first, _Random _last) {
-  std::make_heap(_first, _last, __zor::by_less());
+  std::make_heap(_first, _last, __zor::_by_less());
 }
 template <class _Random, class _Compare> inline void sort_heap(_Random _first, _Random _last, _Compare _before) {
   __zor::sort_heap(__zor::_unwrap(_first), __zor::_unwrap(_last), _before);
 }
 template <class _Random> inline void sort_heap(_Random _first, _Random _last) {
-  std::sort_heap(_first, _last, __zor::by_less());
+  std::sort_heap(_first, _last, __zor::_by_less());
 }
 
 }  // namespace std

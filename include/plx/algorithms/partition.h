@@ -38,49 +38,50 @@ _Iterator partition(_Iterator _first, _Iterator _last, _Predicate &_predicate, s
 
 // The predicate is asked once for each element. `_first` is known to fail.
 template <class _Iterator, class _Distance, class _T, class _Predicate>
-_Iterator stable_partition_known(_Iterator _first, _Iterator _last, _Distance _n, _T *_buffer, _Distance _room,
-                                 _Predicate &_predicate);
+_Iterator _stable_partition_known(_Iterator _first, _Iterator _last, _Distance _n, _T *_buffer, _Distance _room,
+                                  _Predicate &_predicate);
 
 template <class _Iterator, class _Distance, class _T, class _Predicate>
 _Iterator stable_partition(_Iterator _first, _Iterator _last, _Distance _n, _T *_buffer, _Distance _room,
                            _Predicate &_predicate) {
   for (; _n != 0; --_n, (void)++_first)
-    if (!bool(_predicate(*_first))) return __zor::stable_partition_known(_first, _last, _n, _buffer, _room, _predicate);
+    if (!bool(_predicate(*_first)))
+      return __zor::_stable_partition_known(_first, _last, _n, _buffer, _room, _predicate);
   return _first;
 }
 
 // Elements that fail, and the gap before which those that pass have closed up. When the predicate throws, the range
 // keeps valid values, though some may be there twice and others not at all.
-template <class _Iterator, class _T> class failed_elements {
+template <class _Iterator, class _T> class _failed_elements {
 public:
-  failed_elements(_T *_buffer, _Iterator _first) : end(_buffer), _gap(_first), _buffer_(_buffer) {}
-  ~failed_elements() { __zor::destroy(_buffer_, end); }
-  void _put_back() { __zor::move_range(_buffer_, end, _gap); }
+  _failed_elements(_T *_buffer, _Iterator _first) : end(_buffer), _gap(_first), _buffer_(_buffer) {}
+  ~_failed_elements() { __zor::destroy(_buffer_, end); }
+  void _put_back() { __zor::_move_range(_buffer_, end, _gap); }
 
   _T *end;
   _Iterator _gap;
 
 private:
-  failed_elements(const failed_elements &);
-  failed_elements &operator=(const failed_elements &);
+  _failed_elements(const _failed_elements &);
+  _failed_elements &operator=(const _failed_elements &);
 
   _T *_buffer_;
 };
 
 template <class _Iterator, class _Distance, class _T, class _Predicate>
-_Iterator stable_partition_known(_Iterator _first, _Iterator _last, _Distance _n, _T *_buffer, _Distance _room,
-                                 _Predicate &_predicate) {
+_Iterator _stable_partition_known(_Iterator _first, _Iterator _last, _Distance _n, _T *_buffer, _Distance _room,
+                                  _Predicate &_predicate) {
   if (_n == 1) return _first;
   if (_n <= _room) {
-    failed_elements<_Iterator, _T> _failed(_buffer, _first);
-    ::new (static_cast<void *>(_failed.end)) _T(__zor::move_from(_first));
+    _failed_elements<_Iterator, _T> _failed(_buffer, _first);
+    ::new (static_cast<void *>(_failed.end)) _T(__zor::_move_from(_first));
     ++_failed.end;
     for (++_first; _first != _last; ++_first) {
       if (_predicate(*_first)) {
-        *_failed._gap = __zor::move_from(_first);
+        *_failed._gap = __zor::_move_from(_first);
         ++_failed._gap;
       } else {
-        ::new (static_cast<void *>(_failed.end)) _T(__zor::move_from(_first));
+        ::new (static_cast<void *>(_failed.end)) _T(__zor::_move_from(_first));
         ++_failed.end;
       }
     }
@@ -90,10 +91,10 @@ _Iterator stable_partition_known(_Iterator _first, _Iterator _last, _Distance _n
   const _Distance _half = _n / 2;
   _Iterator _middle = _first;
   std::advance(_middle, _half);
-  const _Iterator _left = __zor::stable_partition_known(_first, _middle, _half, _buffer, _room, _predicate);
+  const _Iterator _left = __zor::_stable_partition_known(_first, _middle, _half, _buffer, _room, _predicate);
   const _Iterator _right =
       __zor::stable_partition(_middle, _last, static_cast<_Distance>(_n - _half), _buffer, _room, _predicate);
-  return __zor::rotate_range(_left, _middle, _right);
+  return __zor::_rotate_range(_left, _middle, _right);
 }
 
 template <class _Iterator, class _Predicate>
@@ -103,9 +104,9 @@ _Iterator stable_partition(_Iterator _first, _Iterator _last, _Predicate &_predi
   while (bool(_first != _last) && bool(_predicate(*_first))) ++_first;
   if (_first == _last) return _first;
   const _distance_type _n = std::distance(_first, _last);
-  const raw_buffer<_value_type> _buffer(_n);
-  return __zor::stable_partition_known(_first, _last, _n, _buffer.begin(), static_cast<_distance_type>(_buffer.size()),
-                                       _predicate);
+  const _raw_buffer<_value_type> _buffer(_n);
+  return __zor::_stable_partition_known(_first, _last, _n, _buffer.begin(), static_cast<_distance_type>(_buffer.size()),
+                                        _predicate);
 }
 
 }  // namespace _functions

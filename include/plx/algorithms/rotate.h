@@ -83,7 +83,7 @@ _Iterator rotate(_Iterator _first, _Iterator _middle, _Iterator _last, std::rand
 }
 
 // The same with plain elements as bytes, through a piece of the stack; when a side fits there, it is the last step.
-inline void rotate_bytes(unsigned char *_first, std::size_t _left, std::size_t _right) PLX_NOTHROW {
+inline void _rotate_bytes(unsigned char *_first, std::size_t _left, std::size_t _right) PLX_NOTHROW {
   enum { _room = 1024 };
   unsigned char _held[_room];
   while (_left > _room && _right > _room) {
@@ -120,18 +120,18 @@ template <bool _plain> struct _rotation {
 };
 template <> struct _rotation<true> {
   template <class _T> static _T *_run(_T *_first, _T *_middle, _T *_last) {
-    __zor::rotate_bytes(reinterpret_cast<unsigned char *>(_first),
-                        static_cast<std::size_t>(_middle - _first) * sizeof(_T),
-                        static_cast<std::size_t>(_last - _middle) * sizeof(_T));
+    __zor::_rotate_bytes(reinterpret_cast<unsigned char *>(_first),
+                         static_cast<std::size_t>(_middle - _first) * sizeof(_T),
+                         static_cast<std::size_t>(_last - _middle) * sizeof(_T));
     return _first + (_last - _middle);
   }
 };
 
 // Of unwrapped iterators.
-template <class _Iterator> inline _Iterator rotate_range(_Iterator _first, _Iterator _middle, _Iterator _last) {
+template <class _Iterator> inline _Iterator _rotate_range(_Iterator _first, _Iterator _middle, _Iterator _last) {
   if (_first == _middle) return _last;
   if (_middle == _last) return _first;
-  return _rotation<copied_as_bytes<_Iterator, _Iterator>::value>::_run(_first, _middle, _last);
+  return _rotation<_copied_as_bytes<_Iterator, _Iterator>::value>::_run(_first, _middle, _last);
 }
 
 }  // namespace _functions
@@ -153,7 +153,7 @@ inline _Out reverse_copy(_Bidirectional _first, _Bidirectional _last, _Out _out)
 // Where the first element went is returned in every dialect, though only later ones ask for it.
 template <class _Forward> inline _Forward rotate(_Forward _first, _Forward _middle, _Forward _last) {
   return __zor::_rewrap(_first,
-                        __zor::rotate_range(__zor::_unwrap(_first), __zor::_unwrap(_middle), __zor::_unwrap(_last)));
+                        __zor::_rotate_range(__zor::_unwrap(_first), __zor::_unwrap(_middle), __zor::_unwrap(_last)));
 }
 
 template <class _Forward, class _Out>

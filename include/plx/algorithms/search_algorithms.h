@@ -9,38 +9,38 @@
 namespace __zor {
 
 // The first of the words [first, last) that is `_word`, or last. In the library, where the processor is known.
-PLX_API PLX_REGPARM const unsigned int *find_word(const unsigned int *_first, const unsigned int *_last,
-                                                  unsigned int _word) PLX_NOTHROW;
+PLX_API PLX_REGPARM const unsigned int *_find_word(const unsigned int *_first, const unsigned int *_last,
+                                                   unsigned int _word) PLX_NOTHROW;
 
 namespace _functions {
 
-enum find_road { find_each, find_bytes, find_words, find_blocks };
+enum _find_road { _find_each, _find_bytes, _find_words, _find_blocks };
 
 // A value of the elements' own type in an array of integers or pointers is sought by its bytes.
-template <class _In, class _V> struct find_road_of {
-  static const find_road value = is_segmented<_In>::value ? find_blocks : find_each;
+template <class _In, class _V> struct _find_road_of {
+  static const _find_road value = _is_segmented<_In>::value ? _find_blocks : _find_each;
 };
-template <class _T, class _V> struct find_road_of<_T *, _V> {
-  typedef typename without_const<_T>::_type _element;
-  static const bool _by_bytes = same_type<_element, _V>::value && equal_as_bytes<_element>::value;
-  static const find_road value = _by_bytes && sizeof(_T) == 1             ? find_bytes
-                                 : _by_bytes && sizeof(_T) == sizeof(int) ? find_words
-                                                                          : find_each;
+template <class _T, class _V> struct _find_road_of<_T *, _V> {
+  typedef typename _without_const<_T>::_type _element;
+  static const bool _by_bytes = _same_type<_element, _V>::value && _equal_as_bytes<_element>::value;
+  static const _find_road value = _by_bytes && sizeof(_T) == 1             ? _find_bytes
+                                  : _by_bytes && sizeof(_T) == sizeof(int) ? _find_words
+                                                                           : _find_each;
 };
 
-template <find_road _road> struct _finder;
+template <_find_road _road> struct _finder;
 
-template <class _In, class _V> inline _In find_range(_In _first, _In _last, const _V &_value) {
-  return _finder<find_road_of<_In, _V>::value>::_run(_first, _last, _value);
+template <class _In, class _V> inline _In _find_range(_In _first, _In _last, const _V &_value) {
+  return _finder<_find_road_of<_In, _V>::value>::_run(_first, _last, _value);
 }
 
-template <> struct _finder<find_each> {
+template <> struct _finder<_find_each> {
   template <class _In, class _V> static _In _run(_In _first, _In _last, const _V &_value) {
     while (bool(_first != _last) && !bool(*_first == _value)) ++_first;
     return _first;
   }
 };
-template <> struct _finder<find_bytes> {
+template <> struct _finder<_find_bytes> {
   template <class _T, class _V> static _T *_run(_T *_first, _T *_last, const _V &_value) {
     if (_first == _last) return _last;
     const void *const _found =
@@ -48,7 +48,7 @@ template <> struct _finder<find_bytes> {
     return _found ? _first + (static_cast<const char *>(_found) - reinterpret_cast<const char *>(_first)) : _last;
   }
 };
-template <> struct _finder<find_words> {
+template <> struct _finder<_find_words> {
   template <class _T, class _V> static _T *_run(_T *_first, _T *_last, const _V &_value) {
     // A call is not worth its cost for a few elements.
     for (int _steps = 0; _last - _first >= 4 && _steps < 4; _first += 4, ++_steps) {
@@ -60,7 +60,7 @@ template <> struct _finder<find_words> {
     if (_last - _first >= 4) {
       const unsigned int *const _from = reinterpret_cast<const unsigned int *>(_first);
       return _first +
-             (__zor::find_word(_from, reinterpret_cast<const unsigned int *>(_last), _word_of(_value)) - _from);
+             (__zor::_find_word(_from, reinterpret_cast<const unsigned int *>(_last), _word_of(_value)) - _from);
     }
     while (_first != _last && *_first != _value) ++_first;
     return _first;
@@ -72,24 +72,24 @@ private:
     return static_cast<unsigned int>(reinterpret_cast<__UINTPTR_TYPE__>(_value));
   }
 };
-template <> struct _finder<find_blocks> {
+template <> struct _finder<_find_blocks> {
   template <class _In, class _V> static _In _run(const _In &_first, const _In &_last, const _V &_value) {
-    typedef segmented_iterator_traits<_In> _blocks;
+    typedef _segmented_iterator_traits<_In> _blocks;
     typename _blocks::_segment_iterator _block = _blocks::_segment(_first);
     const typename _blocks::_segment_iterator _last_block = _blocks::_segment(_last);
     typename _blocks::_local_iterator _from = _blocks::_local(_first);
     for (; _block != _last_block; _from = _blocks::begin(_block)) {
       const typename _blocks::_local_iterator _to = _blocks::end(_block);
-      _from = __zor::find_range(_from, _to, _value);
+      _from = __zor::_find_range(_from, _to, _value);
       if (_from != _to) return _blocks::_compose(_block, _from);
       ++_block;
     }
-    return _blocks::_compose(_block, __zor::find_range(_from, _blocks::_local(_last), _value));
+    return _blocks::_compose(_block, __zor::_find_range(_from, _blocks::_local(_last), _value));
   }
 };
 
 template <class _A, class _Bt, class _Equal>
-_A search_each(_A _first, _A _last, _Bt _other, _Bt _other_last, _Equal &_same) {
+_A _search_each(_A _first, _A _last, _Bt _other, _Bt _other_last, _Equal &_same) {
   if (_other == _other_last) return _first;
   for (;; ++_first) {
     _A _at = _first;
@@ -112,7 +112,7 @@ template <class _In, class _Function> inline _Function for_each(_In _first, _In 
 }
 
 template <class _In, class _T> inline _In find(_In _first, _In _last, const _T &_value) {
-  return __zor::_rewrap(_first, __zor::find_range(__zor::_unwrap(_first), __zor::_unwrap(_last), _value));
+  return __zor::_rewrap(_first, __zor::_find_range(__zor::_unwrap(_first), __zor::_unwrap(_last), _value));
 }
 template <class _In, class _Predicate> inline _In find_if(_In _first, _In _last, _Predicate _predicate) {
   while (bool(_first != _last) && !bool(_predicate(*_first))) ++_first;
@@ -136,7 +136,7 @@ _A find_end(_A _first, _A _last, _Bt _other, _Bt _other_last, _Equal _same) {
   }
 }
 template <class _A, class _Bt> inline _A find_end(_A _first, _A _last, _Bt _other, _Bt _other_last) {
-  return std::find_end(_first, _last, _other, _other_last, __zor::by_equal());
+  return std::find_end(_first, _last, _other, _other_last, __zor::_by_equal());
 }
 
 template <class _A, class _Bt, class _Equal>
@@ -147,7 +147,7 @@ _A find_first_of(_A _first, _A _last, _Bt _other, _Bt _other_last, _Equal _same)
   return _last;
 }
 template <class _A, class _Bt> inline _A find_first_of(_A _first, _A _last, _Bt _other, _Bt _other_last) {
-  return std::find_first_of(_first, _last, _other, _other_last, __zor::by_equal());
+  return std::find_first_of(_first, _last, _other, _other_last, __zor::_by_equal());
 }
 
 template <class _Forward, class _Equal> _Forward adjacent_find(_Forward _first, _Forward _last, _Equal _same) {
@@ -157,7 +157,7 @@ template <class _Forward, class _Equal> _Forward adjacent_find(_Forward _first, 
   return _last;
 }
 template <class _Forward> inline _Forward adjacent_find(_Forward _first, _Forward _last) {
-  return std::adjacent_find(_first, _last, __zor::by_equal());
+  return std::adjacent_find(_first, _last, __zor::_by_equal());
 }
 
 template <class _In, class _T>
@@ -177,11 +177,11 @@ inline typename iterator_traits<_In>::difference_type count_if(_In _first, _In _
 
 template <class _A, class _Bt, class _Equal>
 inline _A search(_A _first, _A _last, _Bt _other, _Bt _other_last, _Equal _same) {
-  return __zor::search_each(_first, _last, _other, _other_last, _same);
+  return __zor::_search_each(_first, _last, _other, _other_last, _same);
 }
 template <class _A, class _Bt> inline _A search(_A _first, _A _last, _Bt _other, _Bt _other_last) {
-  __zor::by_equal _same;
-  return __zor::search_each(_first, _last, _other, _other_last, _same);
+  __zor::_by_equal _same;
+  return __zor::_search_each(_first, _last, _other, _other_last, _same);
 }
 
 }  // namespace std
@@ -191,7 +191,7 @@ namespace _functions {
 
 // A failed run of matches ends at an element that cannot be part of another, so each is looked at once.
 template <class _Forward, class _Count, class _T, class _Equal>
-_Forward search_counted(_Forward _first, _Forward _last, const _Count _n, const _T &_value, _Equal &_same) {
+_Forward _search_counted(_Forward _first, _Forward _last, const _Count _n, const _T &_value, _Equal &_same) {
   if (!(_n > 0)) return _first;
   for (; _first != _last; ++_first) {
     if (!bool(_same(*_first, _value))) continue;
@@ -214,11 +214,11 @@ namespace std {
 
 template <class _Forward, class _Size, class _T, class _Equal>
 inline _Forward search_n(_Forward _first, _Forward _last, _Size _n, const _T &_value, _Equal _same) {
-  return __zor::search_counted(_first, _last, __zor::_count_of(_n), _value, _same);
+  return __zor::_search_counted(_first, _last, __zor::_count_of(_n), _value, _same);
 }
 template <class _Forward, class _Size, class _T>
 inline _Forward search_n(_Forward _first, _Forward _last, _Size _n, const _T &_value) {
-  return std::search_n(_first, _last, _n, _value, __zor::by_equal());
+  return std::search_n(_first, _last, _n, _value, __zor::_by_equal());
 }
 
 }  // namespace std

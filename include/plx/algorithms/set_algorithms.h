@@ -17,7 +17,7 @@ bool includes(_A _first, _A _last, _Bt _other, _Bt _other_last, _Compare _before
   return _other == _other_last;
 }
 template <class _A, class _Bt> inline bool includes(_A _first, _A _last, _Bt _other, _Bt _other_last) {
-  return std::includes(_first, _last, _other, _other_last, __zor::by_less());
+  return std::includes(_first, _last, _other, _other_last, __zor::_by_less());
 }
 
 template <class _A, class _Bt, class _Out, class _Compare>
@@ -39,7 +39,7 @@ _Out set_union(_A _first, _A _last, _Bt _other, _Bt _other_last, _Out _out, _Com
 }
 template <class _A, class _Bt, class _Out>
 inline _Out set_union(_A _first, _A _last, _Bt _other, _Bt _other_last, _Out _out) {
-  return std::set_union(_first, _last, _other, _other_last, _out, __zor::by_less());
+  return std::set_union(_first, _last, _other, _other_last, _out, __zor::_by_less());
 }
 
 template <class _A, class _Bt, class _Out, class _Compare>
@@ -60,7 +60,7 @@ _Out set_intersection(_A _first, _A _last, _Bt _other, _Bt _other_last, _Out _ou
 }
 template <class _A, class _Bt, class _Out>
 inline _Out set_intersection(_A _first, _A _last, _Bt _other, _Bt _other_last, _Out _out) {
-  return std::set_intersection(_first, _last, _other, _other_last, _out, __zor::by_less());
+  return std::set_intersection(_first, _last, _other, _other_last, _out, __zor::_by_less());
 }
 
 template <class _A, class _Bt, class _Out, class _Compare>
@@ -81,7 +81,7 @@ _Out set_difference(_A _first, _A _last, _Bt _other, _Bt _other_last, _Out _out,
 }
 template <class _A, class _Bt, class _Out>
 inline _Out set_difference(_A _first, _A _last, _Bt _other, _Bt _other_last, _Out _out) {
-  return std::set_difference(_first, _last, _other, _other_last, _out, __zor::by_less());
+  return std::set_difference(_first, _last, _other, _other_last, _out, __zor::_by_less());
 }
 
 template <class _A, class _Bt, class _Out, class _Compare>
@@ -104,7 +104,7 @@ _Out set_symmetric_difference(_A _first, _A _last, _Bt _other, _Bt _other_last, 
 }
 template <class _A, class _Bt, class _Out>
 inline _Out set_symmetric_difference(_A _first, _A _last, _Bt _other, _Bt _other_last, _Out _out) {
-  return std::set_symmetric_difference(_first, _last, _other, _other_last, _out, __zor::by_less());
+  return std::set_symmetric_difference(_first, _last, _other, _other_last, _out, __zor::_by_less());
 }
 
 }  // namespace std

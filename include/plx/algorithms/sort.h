@@ -13,13 +13,13 @@
 namespace __zor {
 namespace _functions {
 
-enum { insertion_limit = 24, ninther_limit = 128, _patience = 8 };
+enum { _insertion_limit = 24, _ninther_limit = 128, _patience = 8 };
 
-template <class _Iterator, class _Before> void insertion_sort(_Iterator _first, _Iterator _last, _Before &_before) {
+template <class _Iterator, class _Before> void _insertion_sort(_Iterator _first, _Iterator _last, _Before &_before) {
   if (_first == _last) return;
   for (_Iterator _at = _first + 1; _at < _last; ++_at) {
     if (!bool(_before(*_at, *(_at - 1)))) continue;
-    held_element<_Iterator> _held(_at);
+    _held_element<_Iterator> _held(_at);
     do _held._fill_from(_held._hole - 1);
     while (bool(_held._hole != _first) && bool(_before(_held.value, *(_held._hole - 1))));
     _held._put_back();
@@ -27,12 +27,13 @@ template <class _Iterator, class _Before> void insertion_sort(_Iterator _first, 
 }
 
 // For a range that is ordered but for a few elements; gives up, with false, when it is not.
-template <class _Iterator, class _Before> bool insertion_sort_few(_Iterator _first, _Iterator _last, _Before &_before) {
+template <class _Iterator, class _Before>
+bool _insertion_sort_few(_Iterator _first, _Iterator _last, _Before &_before) {
   if (_first == _last) return true;
   typename std::iterator_traits<_Iterator>::difference_type _moved_so_far = 0;
   for (_Iterator _at = _first + 1; _at < _last; ++_at) {
     if (!bool(_before(*_at, *(_at - 1)))) continue;
-    held_element<_Iterator> _held(_at);
+    _held_element<_Iterator> _held(_at);
     do _held._fill_from(_held._hole - 1);
     while (bool(_held._hole != _first) && bool(_before(_held.value, *(_held._hole - 1))));
     _moved_so_far += _at - _held._hole;
@@ -42,40 +43,40 @@ template <class _Iterator, class _Before> bool insertion_sort_few(_Iterator _fir
   return true;
 }
 
-template <class _Iterator, class _Before> inline void sort_2(_Iterator _a, _Iterator _b, _Before &_before) {
+template <class _Iterator, class _Before> inline void _sort_2(_Iterator _a, _Iterator _b, _Before &_before) {
   if (_before(*_b, *_a)) std::iter_swap(_a, _b);
 }
 template <class _Iterator, class _Before>
-inline void sort_3(_Iterator _a, _Iterator _b, _Iterator _c, _Before &_before) {
-  __zor::sort_2(_a, _b, _before);
-  __zor::sort_2(_b, _c, _before);
-  __zor::sort_2(_a, _b, _before);
+inline void _sort_3(_Iterator _a, _Iterator _b, _Iterator _c, _Before &_before) {
+  __zor::_sort_2(_a, _b, _before);
+  __zor::_sort_2(_b, _c, _before);
+  __zor::_sort_2(_a, _b, _before);
 }
 
 // Puts a pivot of three or nine samples first.
-template <class _Iterator, class _Before> void choose_pivot(_Iterator _first, _Iterator _last, _Before &_before) {
+template <class _Iterator, class _Before> void _choose_pivot(_Iterator _first, _Iterator _last, _Before &_before) {
   typename std::iterator_traits<_Iterator>::difference_type _half = (_last - _first) / 2;
-  if (_last - _first <= ninther_limit) {
-    __zor::sort_3(_first + _half, _first, _last - 1, _before);
+  if (_last - _first <= _ninther_limit) {
+    __zor::_sort_3(_first + _half, _first, _last - 1, _before);
     return;
   }
-  __zor::sort_3(_first, _first + _half, _last - 1, _before);
-  __zor::sort_3(_first + 1, _first + (_half - 1), _last - 2, _before);
-  __zor::sort_3(_first + 2, _first + (_half + 1), _last - 3, _before);
-  __zor::sort_3(_first + (_half - 1), _first + _half, _first + (_half + 1), _before);
+  __zor::_sort_3(_first, _first + _half, _last - 1, _before);
+  __zor::_sort_3(_first + 1, _first + (_half - 1), _last - 2, _before);
+  __zor::_sort_3(_first + 2, _first + (_half + 1), _last - 3, _before);
+  __zor::_sort_3(_first + (_half - 1), _first + _half, _first + (_half + 1), _before);
   std::iter_swap(_first, _first + _half);
 }
 
 // ---- Partitions ----------------------------------------------------------------------------------------------------
 
-template <class _Iterator> struct partitioned_by_blocks { static const bool value = false; };
-template <class _T> struct partitioned_by_blocks<_T *> {
-  static const bool value = is_arithmetic<_T>::value || is_pointer<_T>::value;
+template <class _Iterator> struct _partitioned_by_blocks { static const bool value = false; };
+template <class _T> struct _partitioned_by_blocks<_T *> {
+  static const bool value = _is_arithmetic<_T>::value || _is_pointer<_T>::value;
 };
 
 // The pivot stands first and goes to its final place, which is returned: before it is less, after it is not less.
 // `_ordered` tells that nothing had to move.
-template <bool _by_blocks> struct pivot_partition {
+template <bool _by_blocks> struct _pivot_partition {
   template <class _Iterator, class _Before>
   static _Iterator _run(_Iterator _first, _Iterator _last, _Before &_before, bool &_ordered) {
     _Iterator _left = _first, _right = _last;
@@ -99,7 +100,7 @@ template <bool _by_blocks> struct pivot_partition {
 
 // Scalars, without branches on comparisons: where the misplaced elements are is noted in blocks of offsets, from both
 // ends, and then as many as both sides have change places.
-template <> struct pivot_partition<true> {
+template <> struct _pivot_partition<true> {
   enum { _block = 64 };
 
   template <class _T, class _Before> static _T *_run(_T *_first, _T *_last, _Before &_before, bool &_ordered) {
@@ -191,7 +192,7 @@ private:
 
 // As above, but the pivot and its equals go to the left: for a range that has nothing less than its pivot.
 template <class _Iterator, class _Before>
-_Iterator partition_equal(_Iterator _first, _Iterator _last, _Before &_before) {
+_Iterator _partition_equal(_Iterator _first, _Iterator _last, _Before &_before) {
   _Iterator _left = _first, _right = _last;
   do --_right;
   while (bool(_left < _right) && bool(_before(*_first, *_right)));
@@ -210,10 +211,10 @@ _Iterator partition_equal(_Iterator _first, _Iterator _last, _Before &_before) {
 // Breaks the pattern that made a partition uneven.
 template <class _Iterator> void _stir(_Iterator _first, _Iterator _last) {
   typename std::iterator_traits<_Iterator>::difference_type _n = _last - _first, _quarter = _n / 4;
-  if (_n < insertion_limit) return;
+  if (_n < _insertion_limit) return;
   std::iter_swap(_first, _first + _quarter);
   std::iter_swap(_last - 1, _last - _quarter);
-  if (_n <= ninther_limit) return;
+  if (_n <= _ninther_limit) return;
   std::iter_swap(_first + 1, _first + (_quarter + 1));
   std::iter_swap(_first + 2, _first + (_quarter + 2));
   std::iter_swap(_last - 2, _last - (_quarter + 1));
@@ -222,45 +223,46 @@ template <class _Iterator> void _stir(_Iterator _first, _Iterator _last) {
 
 // ---- sort, nth_element ---------------------------------------------------------------------------------------------
 
-template <class _Iterator, class _Before> inline void heap_sort(_Iterator _first, _Iterator _last, _Before &_before) {
+template <class _Iterator, class _Before> inline void _heap_sort(_Iterator _first, _Iterator _last, _Before &_before) {
   __zor::make_heap(_first, _last, _before);
   __zor::sort_heap(_first, _last, _before);
 }
 
-// Pattern-defeating quicksort: a partition that moved nothing is tried as an insertion sort, elements equal to the bound
-// from below are set aside at once, uneven partitions are shuffled, and after too many of them heapsort takes over.
+// Pattern-defeating quicksort: a partition that moved nothing is tried as an insertion sort, elements equal to the
+// bound from below are set aside at once, uneven partitions are shuffled, and after too many of them heapsort takes
+// over.
 // `_leftmost`: there is no element before `_first` that bounds the range from below.
 template <class _Iterator, class _Before>
-void quick_sort(_Iterator _first, _Iterator _last, _Before &_before, int _uneven_allowed, bool _leftmost) {
+void _quick_sort(_Iterator _first, _Iterator _last, _Before &_before, int _uneven_allowed, bool _leftmost) {
   typedef typename std::iterator_traits<_Iterator>::difference_type _distance_type;
   for (;;) {
     const _distance_type _n = _last - _first;
-    if (_n <= insertion_limit) {
-      __zor::insertion_sort(_first, _last, _before);
+    if (_n <= _insertion_limit) {
+      __zor::_insertion_sort(_first, _last, _before);
       return;
     }
-    __zor::choose_pivot(_first, _last, _before);
+    __zor::_choose_pivot(_first, _last, _before);
     if (!_leftmost && !bool(_before(*(_first - 1), *_first))) {
-      _first = __zor::partition_equal(_first, _last, _before);
+      _first = __zor::_partition_equal(_first, _last, _before);
       ++_first;
       continue;
     }
     bool _ordered;
     const _Iterator _pivot =
-        pivot_partition<partitioned_by_blocks<_Iterator>::value>::_run(_first, _last, _before, _ordered);
+        _pivot_partition<_partitioned_by_blocks<_Iterator>::value>::_run(_first, _last, _before, _ordered);
     const _distance_type _left = _pivot - _first, _right = _last - _pivot - 1;
     if (_left < _n / 8 || _right < _n / 8) {
       if (--_uneven_allowed < 0) {
-        __zor::heap_sort(_first, _last, _before);
+        __zor::_heap_sort(_first, _last, _before);
         return;
       }
       __zor::_stir(_first, _pivot);
       __zor::_stir(_pivot + 1, _last);
-    } else if (_ordered && __zor::insertion_sort_few(_first, _pivot, _before) &&
-               __zor::insertion_sort_few(_pivot + 1, _last, _before)) {
+    } else if (_ordered && __zor::_insertion_sort_few(_first, _pivot, _before) &&
+               __zor::_insertion_sort_few(_pivot + 1, _last, _before)) {
       return;
     }
-    __zor::quick_sort(_first, _pivot, _before, _uneven_allowed, _leftmost);
+    __zor::_quick_sort(_first, _pivot, _before, _uneven_allowed, _leftmost);
     _first = _pivot + 1;
     _leftmost = false;
   }
@@ -272,25 +274,25 @@ void _select(_Iterator _first, _Iterator _nth, _Iterator _last, _Before &_before
   bool _leftmost = true;
   for (int _uneven_allowed = __zor::_logarithm(_last - _first);;) {
     const _distance_type _n = _last - _first;
-    if (_n <= insertion_limit) {
-      __zor::insertion_sort(_first, _last, _before);
+    if (_n <= _insertion_limit) {
+      __zor::_insertion_sort(_first, _last, _before);
       return;
     }
-    __zor::choose_pivot(_first, _last, _before);
+    __zor::_choose_pivot(_first, _last, _before);
     if (!_leftmost && !bool(_before(*(_first - 1), *_first))) {
-      const _Iterator _equal_end = __zor::partition_equal(_first, _last, _before);
+      const _Iterator _equal_end = __zor::_partition_equal(_first, _last, _before);
       if (_nth <= _equal_end) return;
       _first = _equal_end + 1;
       continue;
     }
     bool _ordered;
     const _Iterator _pivot =
-        pivot_partition<partitioned_by_blocks<_Iterator>::value>::_run(_first, _last, _before, _ordered);
+        _pivot_partition<_partitioned_by_blocks<_Iterator>::value>::_run(_first, _last, _before, _ordered);
     if (_pivot == _nth) return;
     const _distance_type _left = _pivot - _first, _right = _last - _pivot - 1;
     if (_left < _n / 8 || _right < _n / 8) {
       if (--_uneven_allowed < 0) {
-        __zor::select_heap(_first, _nth + 1, _last, _before);
+        __zor::_select_heap(_first, _nth + 1, _last, _before);
         std::iter_swap(_first, _nth);
         return;
       }
@@ -312,36 +314,38 @@ void _select(_Iterator _first, _Iterator _nth, _Iterator _last, _Before &_before
 namespace std {
 
 template <class _Random, class _Compare> inline void sort(_Random _first, _Random _last, _Compare _before) {
-  typedef __zor::sorted_as<typename __zor::_unwrapped<_Random>::_type, _Compare> _as;
+  typedef __zor::_sorted_as<typename __zor::_unwrapped<_Random>::_type, _Compare> _as;
   typename _as::_order _order = _as::_made(_before);
-  __zor::quick_sort(_as::_in(__zor::_unwrap(_first)), _as::_in(__zor::_unwrap(_last)), _order,
-                    __zor::_logarithm(_last - _first), true);
+  __zor::_quick_sort(_as::_in(__zor::_unwrap(_first)), _as::_in(__zor::_unwrap(_last)), _order,
+                     __zor::_logarithm(_last - _first), true);
 }
-template <class _Random> inline void sort(_Random _first, _Random _last) { std::sort(_first, _last, __zor::by_less()); }
+template <class _Random> inline void sort(_Random _first, _Random _last) {
+  std::sort(_first, _last, __zor::_by_less());
+}
 
 template <class _Random, class _Compare>
 inline void nth_element(_Random _first, _Random _nth, _Random _last, _Compare _before) {
-  typedef __zor::sorted_as<typename __zor::_unwrapped<_Random>::_type, _Compare> _as;
+  typedef __zor::_sorted_as<typename __zor::_unwrapped<_Random>::_type, _Compare> _as;
   if (_nth == _last) return;
   typename _as::_order _order = _as::_made(_before);
   __zor::_select(_as::_in(__zor::_unwrap(_first)), _as::_in(__zor::_unwrap(_nth)), _as::_in(__zor::_unwrap(_last)),
                  _order);
 }
 template <class _Random> inline void nth_element(_Random _first, _Random _nth, _Random _last) {
-  std::nth_element(_first, _nth, _last, __zor::by_less());
+  std::nth_element(_first, _nth, _last, __zor::_by_less());
 }
 
 template <class _Random, class _Compare>
 inline void partial_sort(_Random _first, _Random _middle, _Random _last, _Compare _before) {
-  typedef __zor::sorted_as<typename __zor::_unwrapped<_Random>::_type, _Compare> _as;
+  typedef __zor::_sorted_as<typename __zor::_unwrapped<_Random>::_type, _Compare> _as;
   if (_first == _middle) return;
   typename _as::_order _order = _as::_made(_before);
-  __zor::select_heap(_as::_in(__zor::_unwrap(_first)), _as::_in(__zor::_unwrap(_middle)),
-                     _as::_in(__zor::_unwrap(_last)), _order);
+  __zor::_select_heap(_as::_in(__zor::_unwrap(_first)), _as::_in(__zor::_unwrap(_middle)),
+                      _as::_in(__zor::_unwrap(_last)), _order);
   __zor::sort_heap(_as::_in(__zor::_unwrap(_first)), _as::_in(__zor::_unwrap(_middle)), _order);
 }
 template <class _Random> inline void partial_sort(_Random _first, _Random _middle, _Random _last) {
-  std::partial_sort(_first, _middle, _last, __zor::by_less());
+  std::partial_sort(_first, _middle, _last, __zor::_by_less());
 }
 
 template <class _In, class _Random, class _Compare>
@@ -355,7 +359,7 @@ _Random partial_sort_copy(_In _first, _In _last, _Random _out, _Random _out_last
     if (!bool(_before(*_first, *_out))) continue;
     // What is read from the input takes the place of the largest.
     *_out = *_first;
-    __zor::held_element<_Random> _held(_out);
+    __zor::_held_element<_Random> _held(_out);
     __zor::_sink(_out, _distance_type(0), _distance_type(_end - _out), _held, _before);
   }
   __zor::sort_heap(_out, _end, _before);
@@ -363,7 +367,7 @@ _Random partial_sort_copy(_In _first, _In _last, _Random _out, _Random _out_last
 }
 template <class _In, class _Random>
 inline _Random partial_sort_copy(_In _first, _In _last, _Random _out, _Random _out_last) {
-  return std::partial_sort_copy(_first, _last, _out, _out_last, __zor::by_less());
+  return std::partial_sort_copy(_first, _last, _out, _out_last, __zor::_by_less());
 }
 
 }  // namespace std

@@ -11,7 +11,7 @@ template <class _Container> class back_insert_iterator : public iterator<output_
 public:
   typedef _Container container_type;
 
-  explicit back_insert_iterator(_Container &_target) : container(__zor::address_of(_target)) {}
+  explicit back_insert_iterator(_Container &_target) : container(__zor::_address_of(_target)) {}
   back_insert_iterator &operator=(typename _Container::const_reference _value) {
     container->push_back(_value);
     return *this;
@@ -32,7 +32,7 @@ template <class _Container> class front_insert_iterator : public iterator<output
 public:
   typedef _Container container_type;
 
-  explicit front_insert_iterator(_Container &_target) : container(__zor::address_of(_target)) {}
+  explicit front_insert_iterator(_Container &_target) : container(__zor::_address_of(_target)) {}
   front_insert_iterator &operator=(typename _Container::const_reference _value) {
     container->push_front(_value);
     return *this;
@@ -55,7 +55,7 @@ public:
   typedef _Container container_type;
 
   insert_iterator(_Container &_target, typename _Container::iterator _place)
-      : container(__zor::address_of(_target)), iter(_place) {}
+      : container(__zor::_address_of(_target)), iter(_place) {}
   insert_iterator &operator=(typename _Container::const_reference _value) {
     iter = container->insert(iter, _value);
     ++iter;

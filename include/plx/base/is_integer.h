@@ -8,7 +8,7 @@ namespace __zor {
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wlong-long"
 typedef long long _longest;
-typedef unsigned long long unsigned_longest;
+typedef unsigned long long _unsigned_longest;
 #pragma GCC diagnostic pop
 
 struct _yes {};
@@ -28,7 +28,7 @@ template <> struct is_integer<unsigned int> { typedef _yes _type; };
 template <> struct is_integer<long> { typedef _yes _type; };
 template <> struct is_integer<unsigned long> { typedef _yes _type; };
 template <> struct is_integer<_longest> { typedef _yes _type; };
-template <> struct is_integer<unsigned_longest> { typedef _yes _type; };
+template <> struct is_integer<_unsigned_longest> { typedef _yes _type; };
 
 }  // namespace __zor
 

@@ -121,7 +121,7 @@ public:
     _Iterator _before = current;
     return *--_before;
   }
-  pointer operator->() const { return __zor::address_of(operator*()); }
+  pointer operator->() const { return __zor::_address_of(operator*()); }
   reference operator[](difference_type _n) const { return *(*this + _n); }
 
   reverse_iterator &operator++() {

@@ -9,8 +9,8 @@
 namespace __zor {
 namespace _functions {
 
-template <class _Reference> struct is_lvalue_of { static const bool value = false; };
-template <class _T> struct is_lvalue_of<_T &> { static const bool value = true; };
+template <class _Reference> struct _is_lvalue_of { static const bool value = false; };
+template <class _T> struct _is_lvalue_of<_T &> { static const bool value = true; };
 
 }  // namespace _functions
 }  // namespace __zor
@@ -20,17 +20,18 @@ template <class _T> struct is_lvalue_of<_T &> { static const bool value = true; 
 namespace __zor {
 namespace _functions {
 
-template <class _T> struct without_reference { typedef _T _type; };
-template <class _T> struct without_reference<_T &> { typedef _T _type; };
-template <class _T> struct without_reference<_T &&> { typedef _T _type; };
+template <class _T> struct _without_reference { typedef _T _type; };
+template <class _T> struct _without_reference<_T &> { typedef _T _type; };
+template <class _T> struct _without_reference<_T &&> { typedef _T _type; };
 
 // An iterator's reference as something to move from; what is no lvalue, as a reference to a bit, stays as it is.
-template <class _R> struct moved_reference { typedef _R _type; };
-template <class _T> struct moved_reference<_T &> { typedef _T &&_type; };
+template <class _R> struct _moved_reference { typedef _R _type; };
+template <class _T> struct _moved_reference<_T &> { typedef _T &&_type; };
 
 template <class _Iterator>
-inline typename moved_reference<typename std::iterator_traits<_Iterator>::reference>::_type move_from(_Iterator &_at) {
-  return static_cast<typename moved_reference<typename std::iterator_traits<_Iterator>::reference>::_type>(*_at);
+inline typename _moved_reference<typename std::iterator_traits<_Iterator>::reference>::_type _move_from(
+    _Iterator &_at) {
+  return static_cast<typename _moved_reference<typename std::iterator_traits<_Iterator>::reference>::_type>(*_at);
 }
 template <class _T> inline _T &&_moved(_T &_object) noexcept { return static_cast<_T &&>(_object); }
 
@@ -43,14 +44,14 @@ template <class _T> _T _value_of(long);
 
 namespace std {
 
-template <class _T> constexpr typename __zor::without_reference<_T>::_type &&move(_T &&_object) noexcept {
-  return static_cast<typename __zor::without_reference<_T>::_type &&>(_object);
+template <class _T> constexpr typename __zor::_without_reference<_T>::_type &&move(_T &&_object) noexcept {
+  return static_cast<typename __zor::_without_reference<_T>::_type &&>(_object);
 }
-template <class _T> constexpr _T &&forward(typename __zor::without_reference<_T>::_type &_object) noexcept {
+template <class _T> constexpr _T &&forward(typename __zor::_without_reference<_T>::_type &_object) noexcept {
   return static_cast<_T &&>(_object);
 }
-template <class _T> constexpr _T &&forward(typename __zor::without_reference<_T>::_type &&_object) noexcept {
-  static_assert(!__zor::is_lvalue_of<_T>::value, "an rvalue is forwarded as an lvalue");
+template <class _T> constexpr _T &&forward(typename __zor::_without_reference<_T>::_type &&_object) noexcept {
+  static_assert(!__zor::_is_lvalue_of<_T>::value, "an rvalue is forwarded as an lvalue");
   return static_cast<_T &&>(_object);
 }
 template <class _T> decltype(__zor::_value_of<_T>(0)) declval() noexcept;
@@ -62,7 +63,7 @@ template <class _T> decltype(__zor::_value_of<_T>(0)) declval() noexcept;
 namespace __zor {
 namespace _functions {
 
-template <class _Iterator> inline typename std::iterator_traits<_Iterator>::reference move_from(_Iterator &_at) {
+template <class _Iterator> inline typename std::iterator_traits<_Iterator>::reference _move_from(_Iterator &_at) {
   return *_at;
 }
 template <class _T> inline _T &_moved(_T &_object) { return _object; }

@@ -16,22 +16,22 @@ struct __iterator_of_std {};
 namespace __zor {
 
 // Only from _T to const _T.
-template <class _To, class _From> struct adds_const {};
-template <class _T> struct adds_const<const _T, _T> { typedef int _type; };
+template <class _To, class _From> struct _adds_const {};
+template <class _T> struct _adds_const<const _T, _T> { typedef int _type; };
 
 // Comparisons of the library's iterators, made of their == and <. They are functions, and no templates: whatever
 // templates of operators a program has, for its elements or for everything, these fit better. An iterator meets a
 // const_iterator by conversion.
-template <class _Iterator> class equality_of_iterators : public std::__iterator_of_std {
+template <class _Iterator> class _equality_of_iterators : public std::__iterator_of_std {
   friend bool operator!=(const _Iterator &_left, const _Iterator &_right) PLX_NOTHROW { return !(_left == _right); }
 };
-template <class _Iterator> class order_of_iterators : public equality_of_iterators<_Iterator> {
+template <class _Iterator> class _order_of_iterators : public _equality_of_iterators<_Iterator> {
   friend bool operator>(const _Iterator &_left, const _Iterator &_right) PLX_NOTHROW { return _right < _left; }
   friend bool operator<=(const _Iterator &_left, const _Iterator &_right) PLX_NOTHROW { return !(_right < _left); }
   friend bool operator>=(const _Iterator &_left, const _Iterator &_right) PLX_NOTHROW { return !(_left < _right); }
 };
 
-template <class _T> class pointer_iterator : public order_of_iterators<pointer_iterator<_T> > {
+template <class _T> class _pointer_iterator : public _order_of_iterators<_pointer_iterator<_T> > {
 public:
   typedef typename std::iterator_traits<_T *>::value_type value_type;
   typedef std::ptrdiff_t difference_type;
@@ -39,44 +39,44 @@ public:
   typedef _T &reference;
   typedef std::random_access_iterator_tag iterator_category;
 
-  pointer_iterator() PLX_NOTHROW : _at_(0) {}
-  explicit pointer_iterator(_T *_at) PLX_NOTHROW : _at_(_at) {}
-  template <class _Ut> pointer_iterator(const pointer_iterator<_Ut> &_other,
-                                        typename adds_const<_T, _Ut>::_type = 0) PLX_NOTHROW : _at_(_other.base()) {}
+  _pointer_iterator() PLX_NOTHROW : _at_(0) {}
+  explicit _pointer_iterator(_T *_at) PLX_NOTHROW : _at_(_at) {}
+  template <class _Ut> _pointer_iterator(const _pointer_iterator<_Ut> &_other,
+                                         typename _adds_const<_T, _Ut>::_type = 0) PLX_NOTHROW : _at_(_other.base()) {}
 
   _T *base() const PLX_NOTHROW { return _at_; }
   _T &operator*() const PLX_NOTHROW { return *_at_; }
   _T *operator->() const PLX_NOTHROW { return _at_; }
   _T &operator[](difference_type _n) const PLX_NOTHROW { return _at_[_n]; }
 
-  pointer_iterator &operator++() PLX_NOTHROW {
+  _pointer_iterator &operator++() PLX_NOTHROW {
     ++_at_;
     return *this;
   }
-  pointer_iterator operator++(int) PLX_NOTHROW { return pointer_iterator(_at_++); }
-  pointer_iterator &operator--() PLX_NOTHROW {
+  _pointer_iterator operator++(int) PLX_NOTHROW { return _pointer_iterator(_at_++); }
+  _pointer_iterator &operator--() PLX_NOTHROW {
     --_at_;
     return *this;
   }
-  pointer_iterator operator--(int) PLX_NOTHROW { return pointer_iterator(_at_--); }
-  pointer_iterator &operator+=(difference_type _n) PLX_NOTHROW {
+  _pointer_iterator operator--(int) PLX_NOTHROW { return _pointer_iterator(_at_--); }
+  _pointer_iterator &operator+=(difference_type _n) PLX_NOTHROW {
     _at_ += _n;
     return *this;
   }
-  pointer_iterator &operator-=(difference_type _n) PLX_NOTHROW {
+  _pointer_iterator &operator-=(difference_type _n) PLX_NOTHROW {
     _at_ -= _n;
     return *this;
   }
-  pointer_iterator operator+(difference_type _n) const PLX_NOTHROW { return pointer_iterator(_at_ + _n); }
-  pointer_iterator operator-(difference_type _n) const PLX_NOTHROW { return pointer_iterator(_at_ - _n); }
+  _pointer_iterator operator+(difference_type _n) const PLX_NOTHROW { return _pointer_iterator(_at_ + _n); }
+  _pointer_iterator operator-(difference_type _n) const PLX_NOTHROW { return _pointer_iterator(_at_ - _n); }
 
-  friend bool operator==(const pointer_iterator &_left, const pointer_iterator &_right) PLX_NOTHROW {
+  friend bool operator==(const _pointer_iterator &_left, const _pointer_iterator &_right) PLX_NOTHROW {
     return _left._at_ == _right._at_;
   }
-  friend bool operator<(const pointer_iterator &_left, const pointer_iterator &_right) PLX_NOTHROW {
+  friend bool operator<(const _pointer_iterator &_left, const _pointer_iterator &_right) PLX_NOTHROW {
     return _left._at_ < _right._at_;
   }
-  friend std::ptrdiff_t operator-(const pointer_iterator &_left, const pointer_iterator &_right) PLX_NOTHROW {
+  friend std::ptrdiff_t operator-(const _pointer_iterator &_left, const _pointer_iterator &_right) PLX_NOTHROW {
     return _left._at_ - _right._at_;
   }
 
@@ -85,7 +85,7 @@ private:
 };
 
 template <class _T>
-inline pointer_iterator<_T> operator+(std::ptrdiff_t _n, const pointer_iterator<_T> &_at) PLX_NOTHROW {
+inline _pointer_iterator<_T> operator+(std::ptrdiff_t _n, const _pointer_iterator<_T> &_at) PLX_NOTHROW {
   return _at + _n;
 }
 

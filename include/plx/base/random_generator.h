@@ -19,7 +19,7 @@ public:
   unsigned long operator()(unsigned long _limit) PLX_NOTHROW;
 
   // The next number of the sequence, 32 bits.
-  unsigned long next() PLX_NOTHROW {
+  unsigned long _next() PLX_NOTHROW {
     const unsigned int _drawn = _table_[_index1_] - _table_[_index2_];
     _table_[_index1_] = _drawn;
     if (++_index1_ == size) _index1_ = 0;

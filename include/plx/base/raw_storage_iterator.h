@@ -12,7 +12,7 @@ public:
   explicit raw_storage_iterator(_Out _at) : _at_(_at) {}
   raw_storage_iterator &operator*() { return *this; }
   raw_storage_iterator &operator=(const _T &_value) {
-    __zor::construct(static_cast<_T *>(__zor::address_of(*_at_)), _value);
+    __zor::construct(static_cast<_T *>(__zor::_address_of(*_at_)), _value);
     return *this;
   }
   raw_storage_iterator &operator++() {

@@ -19,32 +19,32 @@ template <class _Key, class _Compare, class _A> class multiset;
 namespace __zor {
 
 // Copies are bytes, and nobody sees them being made.
-template <class _T> struct is_plain {
-  static const bool value = is_made_as_bytes<_T, const _T &>::value && is_trivially_destroyed<_T>::value;
+template <class _T> struct _is_plain {
+  static const bool value = _is_made_as_bytes<_T, const _T &>::value && _is_trivially_destroyed<_T>::value;
 };
-template <class _T> struct is_plain<const _T> { static const bool value = is_plain<_T>::value; };
+template <class _T> struct _is_plain<const _T> { static const bool value = _is_plain<_T>::value; };
 
 // Copying to another place and destroying the original is a move of bytes: objects that nothing points back to.
-template <class _T> struct is_relocatable { static const bool value = is_plain<_T>::value; };
-template <class _Ct, class _T, class _A> struct is_relocatable<std::basic_string<_Ct, _T, _A> > {
+template <class _T> struct _is_relocatable { static const bool value = _is_plain<_T>::value; };
+template <class _Ct, class _T, class _A> struct _is_relocatable<std::basic_string<_Ct, _T, _A> > {
   static const bool value = true;
 };
-template <class _T, class _Ut> struct is_relocatable<std::vector<_T, std::allocator<_Ut> > > {
+template <class _T, class _Ut> struct _is_relocatable<std::vector<_T, std::allocator<_Ut> > > {
   static const bool value = true;
 };
-template <class _T, class _Ut> struct is_relocatable<std::deque<_T, std::allocator<_Ut> > > {
+template <class _T, class _Ut> struct _is_relocatable<std::deque<_T, std::allocator<_Ut> > > {
   static const bool value = true;
 };
 template <class _Key, class _T, class _Compare, class _V>
-struct is_relocatable<std::map<_Key, _T, _Compare, std::allocator<_V> > > : public is_plain<_Compare> {};
+struct _is_relocatable<std::map<_Key, _T, _Compare, std::allocator<_V> > > : public _is_plain<_Compare> {};
 template <class _Key, class _T, class _Compare, class _V>
-struct is_relocatable<std::multimap<_Key, _T, _Compare, std::allocator<_V> > > : public is_plain<_Compare> {};
-template <class _Key, class _Compare, class _V> struct is_relocatable<std::set<_Key, _Compare, std::allocator<_V> > >
-    : public is_plain<_Compare> {};
+struct _is_relocatable<std::multimap<_Key, _T, _Compare, std::allocator<_V> > > : public _is_plain<_Compare> {};
+template <class _Key, class _Compare, class _V> struct _is_relocatable<std::set<_Key, _Compare, std::allocator<_V> > >
+    : public _is_plain<_Compare> {};
 template <class _Key, class _Compare, class _V>
-struct is_relocatable<std::multiset<_Key, _Compare, std::allocator<_V> > > : public is_plain<_Compare> {};
-template <class _T1, class _T2> struct is_relocatable<std::pair<_T1, _T2> > {
-  static const bool value = is_relocatable<_T1>::value && is_relocatable<_T2>::value;
+struct _is_relocatable<std::multiset<_Key, _Compare, std::allocator<_V> > > : public _is_plain<_Compare> {};
+template <class _T1, class _T2> struct _is_relocatable<std::pair<_T1, _T2> > {
+  static const bool value = _is_relocatable<_T1>::value && _is_relocatable<_T2>::value;
 };
 
 }  // namespace __zor

@@ -1,7 +1,7 @@
 // Iterators over blocks of contiguous elements, as deque's: algorithms walk block by block with plain pointers. Only
 // the primary template is here; a container specializes it for its iterators:
 //
-//   typedef yes is_segmented;
+//   typedef yes _is_segmented;
 //   typedef ... segment_iterator;                  steps over blocks: ++, --, ==, !=
 //   typedef _T *local_iterator;                     a pointer into a block
 //   static segment_iterator segment(const It &);   the block of an iterator
@@ -15,20 +15,20 @@
 
 namespace __zor {
 
-template <class _Iterator> struct segmented_iterator_traits { typedef _no is_segmented; };
+template <class _Iterator> struct _segmented_iterator_traits { typedef _no _is_segmented; };
 
 // The elements between two such iterators as arrays, one after another. Blocks that lie side by side in memory, as
 // those that a container took in a row often do, are one array.
 //
-//   for (block_runs<It> run(first, last); run.next();) use(run.from, run.to);
-template <class _Iterator> class block_runs {
-  typedef segmented_iterator_traits<_Iterator> _blocks;
+//   for (_block_runs<It> run(first, last); run._next();) use(run.from, run.to);
+template <class _Iterator> class _block_runs {
+  typedef _segmented_iterator_traits<_Iterator> _blocks;
 
 public:
   typedef typename _blocks::_local_iterator _local_iterator;
   typedef typename _blocks::_segment_iterator _segment_iterator;
 
-  block_runs(const _Iterator &_first, const _Iterator &_last)
+  _block_runs(const _Iterator &_first, const _Iterator &_last)
       : _from(_blocks::_local(_first)),
         _to(_from),
         _block_(_blocks::_segment(_first)),
@@ -37,7 +37,7 @@ public:
         _begun_(false),
         _done_(false) {}
 
-  bool next() {
+  bool _next() {
     if (_done_) return false;
     if (_begun_) _from = _blocks::begin(_block_);
     _begun_ = true;

@@ -29,30 +29,30 @@ template <class _T> void return_temporary_buffer(_T *_block) PLX_NOTHROW {
 namespace __zor {
 
 // Raw memory for up to `_wanted` values. What an algorithm makes in it, it also destroys.
-template <class _T> class raw_buffer {
+template <class _T> class _raw_buffer {
 public:
-  explicit raw_buffer(std::ptrdiff_t _wanted) PLX_NOTHROW : _block_(std::get_temporary_buffer<_T>(_wanted)) {}
-  ~raw_buffer() { std::return_temporary_buffer(_block_.first); }
+  explicit _raw_buffer(std::ptrdiff_t _wanted) PLX_NOTHROW : _block_(std::get_temporary_buffer<_T>(_wanted)) {}
+  ~_raw_buffer() { std::return_temporary_buffer(_block_.first); }
 
   _T *begin() const PLX_NOTHROW { return _block_.first; }
   std::ptrdiff_t size() const PLX_NOTHROW { return _block_.second; }
 
 private:
-  raw_buffer(const raw_buffer &);
-  raw_buffer &operator=(const raw_buffer &);
+  _raw_buffer(const _raw_buffer &);
+  _raw_buffer &operator=(const _raw_buffer &);
 
   std::pair<_T *, std::ptrdiff_t> _block_;
 };
 
 // Destroys the values in a buffer when the algorithm is done with them, or an exception ends it.
-template <class _T> class buffered_values {
+template <class _T> class _buffered_values {
 public:
-  buffered_values(_T *_first, _T *_last) PLX_NOTHROW : _first_(_first), _last_(_last) {}
-  ~buffered_values() { __zor::destroy(_first_, _last_); }
+  _buffered_values(_T *_first, _T *_last) PLX_NOTHROW : _first_(_first), _last_(_last) {}
+  ~_buffered_values() { __zor::destroy(_first_, _last_); }
 
 private:
-  buffered_values(const buffered_values &);
-  buffered_values &operator=(const buffered_values &);
+  _buffered_values(const _buffered_values &);
+  _buffered_values &operator=(const _buffered_values &);
 
   _T *_first_;
   _T *_last_;

@@ -20,7 +20,7 @@ template <size_t _Nv> bitset<_Nv> operator^(const bitset<_Nv> &_left, const bits
 template <size_t _Nv> class bitset {
   static const unsigned _n = _Nv == 0 ? 1 : (_Nv + 31) / 32;
   static const unsigned long _last_mask = _Nv == 0 ? 0ul : _Nv % 32 == 0 ? ~0ul : (1ul << (_Nv % 32)) - 1;
-  typedef __zor::bit_words<_n> _words;
+  typedef __zor::_bit_words<_n> _words;
 
 public:
   // One bit of a set, for writing.
@@ -175,7 +175,7 @@ public:
     // The string has this one owner, and no reference into it leaves this function.
     _Ct *_at = const_cast<_Ct *>(_text.data()) + _Nv;
     size_t _i = 0;
-    for (; _i + 32 <= _Nv; _i += 32) __zor::word_to_text(_words_[_i >> 5], _at -= 32);
+    for (; _i + 32 <= _Nv; _i += 32) __zor::_word_to_text(_words_[_i >> 5], _at -= 32);
     for (; _i < _Nv; ++_i) *--_at = static_cast<_Ct>('0' + ((_words_[_i >> 5] >> (_i & 31)) & 1));
     return _text;
   }
@@ -227,7 +227,7 @@ private:
     const size_t _used = _length < _Nv ? _length : _Nv;
     unsigned long _wrong = 0;
     size_t _i = 0;
-    for (; _i + 32 <= _used; _i += 32) _words_[_i >> 5] = __zor::word_from_text(_text + _used - _i - 32, _wrong);
+    for (; _i + 32 <= _used; _i += 32) _words_[_i >> 5] = __zor::_word_from_text(_text + _used - _i - 32, _wrong);
     for (; _i < _used; ++_i) {
       const unsigned long _bit = static_cast<unsigned char>(_text[_used - 1 - _i]) ^ 0x30ul;
       _wrong |= _bit & ~1ul;

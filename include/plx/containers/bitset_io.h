@@ -19,20 +19,20 @@ template <class _Ct, class _T> class basic_ostream;
 
 namespace __zor {
 
-PLX_API bool extract_bits(std::basic_istream<char, std::char_traits<char> > &_in, std::string &_text, unsigned _count);
+PLX_API bool _extract_bits(std::basic_istream<char, std::char_traits<char> > &_in, std::string &_text, unsigned _count);
 
 // What was read gets to the set however reading ends: also when the stream throws for the state that it got.
-template <class _Bits> class bits_to_come {
+template <class _Bits> class _bits_to_come {
 public:
-  explicit bits_to_come(_Bits &_to) : _text(), _to_(_to) {}
-  ~bits_to_come() {
+  explicit _bits_to_come(_Bits &_to) : _text(), _to_(_to) {}
+  ~_bits_to_come() {
     if (!_text.empty()) _to_ = _Bits(_text);
   }
   std::string _text;
 
 private:
-  bits_to_come(const bits_to_come &);
-  bits_to_come &operator=(const bits_to_come &);
+  _bits_to_come(const _bits_to_come &);
+  _bits_to_come &operator=(const _bits_to_come &);
 
   _Bits &_to_;
 };
@@ -43,8 +43,8 @@ namespace std {
 
 template <class _Ct, class _T, size_t _Nv>
 basic_istream<_Ct, _T> &operator>>(basic_istream<_Ct, _T> &_in, bitset<_Nv> &_bits) {
-  __zor::bits_to_come<bitset<_Nv> > _read(_bits);
-  __zor::extract_bits(_in, _read._text, _Nv);
+  __zor::_bits_to_come<bitset<_Nv> > _read(_bits);
+  __zor::_extract_bits(_in, _read._text, _Nv);
   return _in;
 }
 

@@ -31,7 +31,7 @@ PLX_API void throw_range() PLX_NORETURN PLX_COLD;
 PLX_API void throw_invalid_value_in_string() PLX_NORETURN PLX_COLD;
 PLX_API void throw_bitset_overflow() PLX_NORETURN PLX_COLD;
 
-inline unsigned long count_in_word(unsigned long _x) PLX_NOTHROW {
+inline unsigned long _count_in_word(unsigned long _x) PLX_NOTHROW {
   _x -= (_x >> 1) & 0x55555555ul;
   _x = (_x & 0x33333333ul) + ((_x >> 2) & 0x33333333ul);
   _x = (_x + (_x >> 4)) & 0x0F0F0F0Ful;
@@ -41,7 +41,7 @@ inline unsigned long count_in_word(unsigned long _x) PLX_NOTHROW {
 // A word as 32 characters '0' and '1', highest bit first, and back, four characters a step: a multiplication spreads
 // the four bits to the lowest bits of four bytes, or gathers them.
 
-inline void word_to_text(unsigned long _x, char *_text) PLX_NOTHROW {
+inline void _word_to_text(unsigned long _x, char *_text) PLX_NOTHROW {
   for (unsigned _i = 0; _i < 8; ++_i, _x <<= 4) {
     const unsigned long _four = _x >> 28;
     const unsigned long _characters = 0x30303030ul | (((_four * 0x01008040ul) | _four >> 3) & 0x01010101ul);
@@ -50,7 +50,7 @@ inline void word_to_text(unsigned long _x, char *_text) PLX_NOTHROW {
 }
 
 // Other characters leave a bit in `_wrong`.
-inline unsigned long word_from_text(const char *_text, unsigned long &_wrong) PLX_NOTHROW {
+inline unsigned long _word_from_text(const char *_text, unsigned long &_wrong) PLX_NOTHROW {
   unsigned long _x = 0;
   for (unsigned _i = 0; _i < 8; ++_i) {
     unsigned long _four;
@@ -62,7 +62,7 @@ inline unsigned long word_from_text(const char *_text, unsigned long &_wrong) PL
 }
 
 // The operations of sets of n words, for the template.
-template <unsigned _n, bool _few = (_n <= 8)> struct bit_words {
+template <unsigned _n, bool _few = (_n <= 8)> struct _bit_words {
   static void set(unsigned long *_w, unsigned long _last_mask) PLX_NOTHROW { __zor::set(_w, _n, _last_mask); }
   static void reset(unsigned long *_w) PLX_NOTHROW { __zor::reset(_w, _n); }
   static void vector_not(unsigned long *_dst, const unsigned long *_src, unsigned long _last_mask) PLX_NOTHROW {
@@ -89,7 +89,7 @@ template <unsigned _n, bool _few = (_n <= 8)> struct bit_words {
   }
 };
 
-template <unsigned _n> struct bit_words<_n, true> {
+template <unsigned _n> struct _bit_words<_n, true> {
   static void set(unsigned long *_w, unsigned long _last_mask) PLX_NOTHROW {
     for (unsigned _i = 0; _i + 1 < _n; ++_i) _w[_i] = ~0ul;
     _w[_n - 1] = _last_mask;
@@ -117,7 +117,7 @@ template <unsigned _n> struct bit_words<_n, true> {
   }
   static unsigned count(const unsigned long *_w) PLX_NOTHROW {
     unsigned long _sum = 0;
-    for (unsigned _i = 0; _i < _n; ++_i) _sum += count_in_word(_w[_i]);
+    for (unsigned _i = 0; _i < _n; ++_i) _sum += _count_in_word(_w[_i]);
     return static_cast<unsigned>(_sum);
   }
   static bool equal(const unsigned long *_a, const unsigned long *_b) PLX_NOTHROW {
@@ -145,7 +145,7 @@ template <unsigned _n> struct bit_words<_n, true> {
 };
 
 // One word: a plain integer.
-template <> struct bit_words<1, true> {
+template <> struct _bit_words<1, true> {
   static void set(unsigned long *_w, unsigned long _last_mask) PLX_NOTHROW { *_w = _last_mask; }
   static void reset(unsigned long *_w) PLX_NOTHROW { *_w = 0; }
   static void vector_not(unsigned long *_dst, const unsigned long *_src, unsigned long _last_mask) PLX_NOTHROW {
@@ -161,7 +161,7 @@ template <> struct bit_words<1, true> {
     *_dst = *_a ^ *_b;
   }
   static bool any(const unsigned long *_w) PLX_NOTHROW { return *_w != 0; }
-  static unsigned count(const unsigned long *_w) PLX_NOTHROW { return static_cast<unsigned>(count_in_word(*_w)); }
+  static unsigned count(const unsigned long *_w) PLX_NOTHROW { return static_cast<unsigned>(_count_in_word(*_w)); }
   static bool equal(const unsigned long *_a, const unsigned long *_b) PLX_NOTHROW { return *_a == *_b; }
   static void shift_left(unsigned long *_dst, const unsigned long *_src, unsigned _shift,
                          unsigned long _mask) PLX_NOTHROW {

@@ -16,14 +16,14 @@
 
 namespace __zor {
 
-enum { deque_block = 20 };
+enum { _deque_block = 20 };
 
 // The map of a deque without one: an entry that leads to no elements.
-template <class _T> struct deque_nothing { static _T *_entry; };
-template <class _T> _T *deque_nothing<_T>::_entry = reinterpret_cast<_T *>(4096);
+template <class _T> struct _deque_nothing { static _T *_entry; };
+template <class _T> _T *_deque_nothing<_T>::_entry = reinterpret_cast<_T *>(4096);
 
-template <class _T, class _Reference, class _Pointer> class deque_iterator
-    : public order_of_iterators<deque_iterator<_T, _Reference, _Pointer> > {
+template <class _T, class _Reference, class _Pointer> class _deque_iterator
+    : public _order_of_iterators<_deque_iterator<_T, _Reference, _Pointer> > {
 public:
   typedef _T value_type;
   typedef std::ptrdiff_t difference_type;
@@ -31,64 +31,65 @@ public:
   typedef _Reference reference;
   typedef std::random_access_iterator_tag iterator_category;
 
-  deque_iterator() PLX_NOTHROW : _cur(0), _last(0), _node(0) {}
-  deque_iterator(_T *_c, _T **_n) PLX_NOTHROW : _cur(_c), _last(*_n + deque_block), _node(_n) {}
-  template <class _Pt> deque_iterator(const deque_iterator<_T, _T &, _Pt> &_other) PLX_NOTHROW : _cur(_other._cur),
-                                                                                                 _last(_other._last),
-                                                                                                 _node(_other._node) {}
+  _deque_iterator() PLX_NOTHROW : _cur(0), _last(0), _node(0) {}
+  _deque_iterator(_T *_c, _T **_n) PLX_NOTHROW : _cur(_c), _last(*_n + _deque_block), _node(_n) {}
+  template <class _Pt> _deque_iterator(const _deque_iterator<_T, _T &, _Pt> &_other) PLX_NOTHROW : _cur(_other._cur),
+                                                                                                   _last(_other._last),
+                                                                                                   _node(_other._node) {
+  }
 
   _Reference operator*() const PLX_NOTHROW { return *_cur; }
   _Pointer operator->() const PLX_NOTHROW { return _cur; }
   _Reference operator[](difference_type _n) const PLX_NOTHROW { return *(*this + _n); }
 
-  deque_iterator &operator++() PLX_NOTHROW {
+  _deque_iterator &operator++() PLX_NOTHROW {
     if (++_cur == _last) _enter(_node + 1, 0);
     return *this;
   }
-  deque_iterator operator++(int) PLX_NOTHROW {
-    deque_iterator _before = *this;
+  _deque_iterator operator++(int) PLX_NOTHROW {
+    _deque_iterator _before = *this;
     ++*this;
     return _before;
   }
-  deque_iterator &operator--() PLX_NOTHROW {
-    if (_cur == _last - deque_block) _enter(_node - 1, deque_block);
+  _deque_iterator &operator--() PLX_NOTHROW {
+    if (_cur == _last - _deque_block) _enter(_node - 1, _deque_block);
     --_cur;
     return *this;
   }
-  deque_iterator operator--(int) PLX_NOTHROW {
-    deque_iterator _before = *this;
+  _deque_iterator operator--(int) PLX_NOTHROW {
+    _deque_iterator _before = *this;
     --*this;
     return _before;
   }
-  deque_iterator &operator+=(difference_type _n) PLX_NOTHROW {
-    _n += _cur - (_last - deque_block);
+  _deque_iterator &operator+=(difference_type _n) PLX_NOTHROW {
+    _n += _cur - (_last - _deque_block);
     if (_n >= 0) {
-      const unsigned int _blocks = static_cast<unsigned int>(_n) / deque_block;
-      _enter(_node + _blocks, _n - static_cast<difference_type>(_blocks * deque_block));
+      const unsigned int _blocks = static_cast<unsigned int>(_n) / _deque_block;
+      _enter(_node + _blocks, _n - static_cast<difference_type>(_blocks * _deque_block));
     } else {
-      const unsigned int _blocks = (static_cast<unsigned int>(-(_n + 1)) / deque_block) + 1;
-      _enter(_node - _blocks, _n + static_cast<difference_type>(_blocks * deque_block));
+      const unsigned int _blocks = (static_cast<unsigned int>(-(_n + 1)) / _deque_block) + 1;
+      _enter(_node - _blocks, _n + static_cast<difference_type>(_blocks * _deque_block));
     }
     return *this;
   }
-  deque_iterator &operator-=(difference_type _n) PLX_NOTHROW { return *this += -_n; }
-  deque_iterator operator+(difference_type _n) const PLX_NOTHROW {
-    deque_iterator _moved = *this;
+  _deque_iterator &operator-=(difference_type _n) PLX_NOTHROW { return *this += -_n; }
+  _deque_iterator operator+(difference_type _n) const PLX_NOTHROW {
+    _deque_iterator _moved = *this;
     return _moved += _n;
   }
-  deque_iterator operator-(difference_type _n) const PLX_NOTHROW {
-    deque_iterator _moved = *this;
+  _deque_iterator operator-(difference_type _n) const PLX_NOTHROW {
+    _deque_iterator _moved = *this;
     return _moved += -_n;
   }
 
-  friend bool operator==(const deque_iterator &_left, const deque_iterator &_right) PLX_NOTHROW {
+  friend bool operator==(const _deque_iterator &_left, const _deque_iterator &_right) PLX_NOTHROW {
     return _left._cur == _right._cur;
   }
-  friend bool operator<(const deque_iterator &_left, const deque_iterator &_right) PLX_NOTHROW {
+  friend bool operator<(const _deque_iterator &_left, const _deque_iterator &_right) PLX_NOTHROW {
     return _left._node == _right._node ? _left._cur < _right._cur : _left._node < _right._node;
   }
-  friend difference_type operator-(const deque_iterator &_left, const deque_iterator &_right) PLX_NOTHROW {
-    return (_left._node - _right._node) * deque_block + (_left._cur - _left._last) - (_right._cur - _right._last);
+  friend difference_type operator-(const _deque_iterator &_left, const _deque_iterator &_right) PLX_NOTHROW {
+    return (_left._node - _right._node) * _deque_block + (_left._cur - _left._last) - (_right._cur - _right._last);
   }
 
   _T *_cur;
@@ -100,35 +101,35 @@ private:
     _node = _n;
     _T *const _first = *_n;
     _cur = _first + _offset;
-    _last = _first + deque_block;
+    _last = _first + _deque_block;
   }
 };
 
 template <class _T, class _R, class _Pt>
-inline deque_iterator<_T, _R, _Pt> operator+(std::ptrdiff_t _n, const deque_iterator<_T, _R, _Pt> &_at) PLX_NOTHROW {
+inline _deque_iterator<_T, _R, _Pt> operator+(std::ptrdiff_t _n, const _deque_iterator<_T, _R, _Pt> &_at) PLX_NOTHROW {
   return _at + _n;
 }
 
 // Algorithms walk the blocks.
-template <class _T, class _R, class _Pt> struct segmented_iterator_traits<deque_iterator<_T, _R, _Pt> > {
-  typedef _yes is_segmented;
+template <class _T, class _R, class _Pt> struct _segmented_iterator_traits<_deque_iterator<_T, _R, _Pt> > {
+  typedef _yes _is_segmented;
   typedef _T **_segment_iterator;
   typedef _Pt _local_iterator;
-  typedef deque_iterator<_T, _R, _Pt> iterator;
+  typedef _deque_iterator<_T, _R, _Pt> iterator;
 
   static _segment_iterator _segment(const iterator &_at) PLX_NOTHROW { return _at._node; }
   static _local_iterator _local(const iterator &_at) PLX_NOTHROW { return _at._cur; }
   static _local_iterator begin(_segment_iterator _block) PLX_NOTHROW { return *_block; }
-  static _local_iterator end(_segment_iterator _block) PLX_NOTHROW { return *_block + deque_block; }
+  static _local_iterator end(_segment_iterator _block) PLX_NOTHROW { return *_block + _deque_block; }
   static iterator _compose(_segment_iterator _block, _local_iterator _at) PLX_NOTHROW {
     const std::ptrdiff_t _offset = _at - *_block;
-    if (_offset == deque_block) return iterator(_block[1], _block + 1);
+    if (_offset == _deque_block) return iterator(_block[1], _block + 1);
     return iterator(*_block + _offset, _block);
   }
 };
 
 // One value, as often as wanted: filling is copying from here.
-template <class _T> class repeated_value {
+template <class _T> class _repeated_value {
 public:
   typedef _T value_type;
   typedef std::ptrdiff_t difference_type;
@@ -136,18 +137,18 @@ public:
   typedef const _T &reference;
   typedef std::random_access_iterator_tag iterator_category;
 
-  repeated_value(const _T &_value, size_t _at) PLX_NOTHROW : _value_(__zor::address_of(_value)), _at_(_at) {}
+  _repeated_value(const _T &_value, size_t _at) PLX_NOTHROW : _value_(__zor::_address_of(_value)), _at_(_at) {}
   const _T &operator*() const PLX_NOTHROW { return *_value_; }
-  repeated_value &operator++() PLX_NOTHROW {
+  _repeated_value &operator++() PLX_NOTHROW {
     ++_at_;
     return *this;
   }
-  repeated_value &operator+=(difference_type _n) PLX_NOTHROW {
+  _repeated_value &operator+=(difference_type _n) PLX_NOTHROW {
     _at_ += static_cast<size_t>(_n);
     return *this;
   }
-  bool operator==(const repeated_value &_other) const PLX_NOTHROW { return _at_ == _other._at_; }
-  bool operator!=(const repeated_value &_other) const PLX_NOTHROW { return _at_ != _other._at_; }
+  bool operator==(const _repeated_value &_other) const PLX_NOTHROW { return _at_ == _other._at_; }
+  bool operator!=(const _repeated_value &_other) const PLX_NOTHROW { return _at_ != _other._at_; }
 
 private:
   const _T *_value_;
@@ -159,13 +160,13 @@ private:
 namespace std {
 
 template <class _T, class _A = allocator<_T> > class PLX_API deque : private _A {
-  typedef __zor::deque_nothing<_T> _nothing;
-  typedef __zor::node_source<_T, _A, __zor::deque_block> _source;
+  typedef __zor::_deque_nothing<_T> _nothing;
+  typedef __zor::_node_source<_T, _A, __zor::_deque_block> _source;
   typedef typename _A::template rebind<_T *>::other _map_allocator;
-  typedef __zor::element_traits<_T, _A> _traits;
+  typedef __zor::_element_traits<_T, _A> _traits;
   typedef __zor::_yes _yes;
   typedef __zor::_no _no;
-  enum { _block = __zor::deque_block };
+  enum { _block = __zor::_deque_block };
 
 public:
   typedef _T value_type;
@@ -176,8 +177,8 @@ public:
   typedef typename _A::const_reference const_reference;
   typedef typename _A::pointer pointer;
   typedef typename _A::const_pointer const_pointer;
-  typedef __zor::deque_iterator<_T, _T &, _T *> iterator;
-  typedef __zor::deque_iterator<_T, const _T &, const _T *> const_iterator;
+  typedef __zor::_deque_iterator<_T, _T &, _T *> iterator;
+  typedef __zor::_deque_iterator<_T, const _T &, const _T *> const_iterator;
   typedef std::reverse_iterator<iterator> reverse_iterator;
   typedef std::reverse_iterator<const_iterator> const_reverse_iterator;
 
@@ -203,7 +204,7 @@ public:
   template <class _Iterator> deque(_Iterator _first, _Iterator _last, const _A &_a = _A()) : _A(_a) {
     reset();
     __zor::_cleanup<_unfinished> _guard(*this);
-    _initialize(_first, _last, typename __zor::is_count<_Iterator>::_type());
+    _initialize(_first, _last, typename __zor::_is_count<_Iterator>::_type());
     _guard.get()._finish();
   }
   deque(const deque &_other) : _A(_other) {
@@ -215,7 +216,7 @@ public:
   ~deque() { _give_all(); }
 
   deque &operator=(const deque &_other) {
-    if (this != __zor::address_of(_other)) _assign_sized(_other.begin(), _other.end(), _other.size());
+    if (this != __zor::_address_of(_other)) _assign_sized(_other.begin(), _other.end(), _other.size());
     return *this;
   }
 #if __cplusplus >= 201103L
@@ -223,8 +224,8 @@ public:
     reset();
     swap(_other);
   }
-  deque &operator=(deque &&_other) noexcept(__zor::is_standard_allocator<_A>::value) {
-    if (__zor::share_memory(_alloc(), _other._alloc())) {
+  deque &operator=(deque &&_other) noexcept(__zor::_is_standard_allocator<_A>::value) {
+    if (__zor::_share_memory(_alloc(), _other._alloc())) {
       deque _taken(static_cast<deque &&>(_other));
       swap(_taken);
     } else {
@@ -241,7 +242,7 @@ public:
   void assign(initializer_list<_T> _values) { _assign_sized(_values.begin(), _values.end(), _values.size()); }
 #endif
   template <class _Iterator> void assign(_Iterator _first, _Iterator _last) {
-    _assign_range(_first, _last, typename __zor::is_count<_Iterator>::_type());
+    _assign_range(_first, _last, typename __zor::_is_count<_Iterator>::_type());
   }
   void assign(size_type _n, const _T &_value) {
     const _T _copy(_value);
@@ -298,11 +299,11 @@ public:
   reference operator[](size_type _n) PLX_NOTHROW { return *_element(_n); }
   const_reference operator[](size_type _n) const PLX_NOTHROW { return *_element(_n); }
   reference at(size_type _n) {
-    if (_n >= size()) __zor::sequence_out_of_range();
+    if (_n >= size()) __zor::_sequence_out_of_range();
     return *_element(_n);
   }
   const_reference at(size_type _n) const {
-    if (_n >= size()) __zor::sequence_out_of_range();
+    if (_n >= size()) __zor::_sequence_out_of_range();
     return *_element(_n);
   }
   reference front() PLX_NOTHROW { return (*_start_node_)[_start_offset_]; }
@@ -339,7 +340,7 @@ public:
   iterator insert(iterator _at, const _T &_value) { return _insert_one(_at, _value); }
   void insert(iterator _at, size_type _n, const _T &_value) { _insert_filled(_at, _n, _value); }
   template <class _Iterator> void insert(iterator _at, _Iterator _first, _Iterator _last) {
-    _insert_range(_at, _first, _last, typename __zor::is_count<_Iterator>::_type());
+    _insert_range(_at, _first, _last, typename __zor::_is_count<_Iterator>::_type());
   }
 #if __cplusplus >= 201103L
   void insert(iterator _at, initializer_list<_T> _values) {
@@ -351,13 +352,13 @@ public:
 #else
   PLX_LATER void push_front(_T &&_value) { emplace_front(static_cast<_T &&>(_value)); }
   PLX_LATER void push_back(_T &&_value) { emplace_back(static_cast<_T &&>(_value)); }
-  template <class... _Source> typename __zor::emplaced<_T>::_type emplace_front(_Source &&..._given) {
+  template <class... _Source> typename __zor::_emplaced<_T>::_type emplace_front(_Source &&..._given) {
     _put_front(static_cast<_Source &&>(_given)...);
-    return static_cast<typename __zor::emplaced<_T>::_type>(front());
+    return static_cast<typename __zor::_emplaced<_T>::_type>(front());
   }
-  template <class... _Source> typename __zor::emplaced<_T>::_type emplace_back(_Source &&..._given) {
+  template <class... _Source> typename __zor::_emplaced<_T>::_type emplace_back(_Source &&..._given) {
     _put_back(static_cast<_Source &&>(_given)...);
-    return static_cast<typename __zor::emplaced<_T>::_type>(back());
+    return static_cast<typename __zor::_emplaced<_T>::_type>(back());
   }
   template <class... _Source> iterator emplace(const_iterator _at, _Source &&..._given) {
     return _insert_one(_place(_at), static_cast<_Source &&>(_given)...);
@@ -371,7 +372,7 @@ public:
   }
   template <class _Iterator> iterator insert(const_iterator _at, _Iterator _first, _Iterator _last) {
     const difference_type _index = _at - begin();
-    _insert_range(_place(_at), _first, _last, typename __zor::is_count<_Iterator>::_type());
+    _insert_range(_place(_at), _first, _last, typename __zor::_is_count<_Iterator>::_type());
     return begin() + _index;
   }
   PLX_LATER iterator insert(const_iterator _at, initializer_list<_T> _values) {
@@ -394,7 +395,7 @@ public:
   void clear() PLX_NOTHROW { _cut_back(begin()); }
 
 private:
-  typedef __zor::repeated_value<_T> _repeated;
+  typedef __zor::_repeated_value<_T> _repeated;
 
   const _A &_alloc() const PLX_NOTHROW { return *this; }
 
@@ -546,7 +547,7 @@ private:
   }
   void push_back(const _T &_value, _no) {
     if (__builtin_expect(_finish_ != _finish_limit_, 1)) {
-      __zor::make_element(static_cast<_A &>(*this), _finish_, _value);
+      __zor::_make_element(static_cast<_A &>(*this), _finish_, _value);
       ++_finish_;
     } else {
       _push_back_before_new(_value);
@@ -555,7 +556,7 @@ private:
   PLX_NOINLINE void _push_back_before_new(const _T &_value) { _put_back_before_new(_value); }
   template <PLX_SOURCE_TYPES> void _put_back(PLX_SOURCE) {
     if (__builtin_expect(_finish_ != _finish_limit_, 1)) {
-      __zor::make_element(static_cast<_A &>(*this), _finish_, PLX_FORWARD_SOURCE);
+      __zor::_make_element(static_cast<_A &>(*this), _finish_, PLX_FORWARD_SOURCE);
       ++_finish_;
     } else {
       _put_back_before_new(PLX_FORWARD_SOURCE);
@@ -564,13 +565,13 @@ private:
   template <PLX_SOURCE_TYPES> void _put_back_before_new(PLX_SOURCE) {
     if (!_map_) {
       _begin_in_middle();
-      __zor::make_element(static_cast<_A &>(*this), _finish_, PLX_FORWARD_SOURCE);
+      __zor::_make_element(static_cast<_A &>(*this), _finish_, PLX_FORWARD_SOURCE);
       ++_finish_;
       return;
     }
     if (_finish_node_ + 1 == _map_end_) _reserve_entries(1, false);
     _new_block _made(*this);
-    __zor::make_element(static_cast<_A &>(*this), _finish_, PLX_FORWARD_SOURCE);
+    __zor::_make_element(static_cast<_A &>(*this), _finish_, PLX_FORWARD_SOURCE);
     _finish_node_[1] = _made._keep();
     _set_finish(_finish_node_[1], _finish_node_ + 1);
   }
@@ -595,7 +596,7 @@ private:
   }
   void push_front(const _T &_value, _no) {
     if (__builtin_expect(_start_offset_ != 0, 1)) {
-      __zor::make_element(static_cast<_A &>(*this), *_start_node_ + (_start_offset_ - 1), _value);
+      __zor::_make_element(static_cast<_A &>(*this), *_start_node_ + (_start_offset_ - 1), _value);
       --_start_offset_;
     } else {
       _push_front_into_new(_value);
@@ -604,7 +605,7 @@ private:
   PLX_NOINLINE void _push_front_into_new(const _T &_value) { _put_front_into_new(_value); }
   template <PLX_SOURCE_TYPES> void _put_front(PLX_SOURCE) {
     if (__builtin_expect(_start_offset_ != 0, 1)) {
-      __zor::make_element(static_cast<_A &>(*this), *_start_node_ + (_start_offset_ - 1), PLX_FORWARD_SOURCE);
+      __zor::_make_element(static_cast<_A &>(*this), *_start_node_ + (_start_offset_ - 1), PLX_FORWARD_SOURCE);
       --_start_offset_;
     } else {
       _put_front_into_new(PLX_FORWARD_SOURCE);
@@ -613,13 +614,13 @@ private:
   template <PLX_SOURCE_TYPES> void _put_front_into_new(PLX_SOURCE) {
     if (!_map_) {
       _begin_in_middle();
-      __zor::make_element(static_cast<_A &>(*this), *_start_node_ + (_start_offset_ - 1), PLX_FORWARD_SOURCE);
+      __zor::_make_element(static_cast<_A &>(*this), *_start_node_ + (_start_offset_ - 1), PLX_FORWARD_SOURCE);
       --_start_offset_;
       return;
     }
     if (_start_node_ == _map_) _reserve_entries(1, true);
     _new_block _made(*this);
-    __zor::make_element(static_cast<_A &>(*this), _made.get() + (_block - 1), PLX_FORWARD_SOURCE);
+    __zor::_make_element(static_cast<_A &>(*this), _made.get() + (_block - 1), PLX_FORWARD_SOURCE);
     *--_start_node_ = _made._keep();
     _start_offset_ = _block - 1;
   }
@@ -631,8 +632,8 @@ private:
   }
   void _destroy_between(_T *_first, _T **_node, _T *_last, _T **_last_node, _no) {
     for (; _node != _last_node; _first = *++_node)
-      __zor::destroy_range(static_cast<_A &>(*this), _first, *_node + _block);
-    __zor::destroy_range(static_cast<_A &>(*this), _first, _last);
+      __zor::_destroy_range(static_cast<_A &>(*this), _first, *_node + _block);
+    __zor::_destroy_range(static_cast<_A &>(*this), _first, _last);
   }
   void _destroy_between(const iterator &_first, const iterator &_last) {
     _destroy_between(_first._cur, _first._node, _last._cur, _last._node, typename _traits::_trivially_destroyed());
@@ -680,15 +681,15 @@ private:
     _made_range(deque &_d, const iterator &_first) : at(_first), _deque_(_d), _first_(_first) {}
     ~_made_range() { _deque_._destroy_between(_first_, at); }
     template <class _Iterator> void _add(_Iterator _first, const _Iterator &_last) {
-      for (; _first != _last; ++_first, (void)++at) __zor::make_element(static_cast<_A &>(_deque_), at._cur, *_first);
+      for (; _first != _last; ++_first, (void)++at) __zor::_make_element(static_cast<_A &>(_deque_), at._cur, *_first);
     }
     template <class _Iterator> void _add_taken(_Iterator _first, const _Iterator &_last) {
       for (; _first != _last; ++_first, (void)++at)
-        __zor::make_element(static_cast<_A &>(_deque_), at._cur, __zor::take_element(*_first));
+        __zor::_make_element(static_cast<_A &>(_deque_), at._cur, __zor::_take_element(*_first));
     }
 #if !PLX_MEMBERS_OF_1998
     PLX_LATER void _add_default(size_type _n) {
-      for (; _n != 0; --_n, (void)++at) __zor::make_element(static_cast<_A &>(_deque_), at._cur);
+      for (; _n != 0; --_n, (void)++at) __zor::_make_element(static_cast<_A &>(_deque_), at._cur);
     }
 #endif
     void _keep() { _first_ = at; }
@@ -721,7 +722,7 @@ private:
 
   template <class _Iterator> void _insert_sized(iterator _at, _Iterator _first, _Iterator _last, size_type _n) {
     if (_n == 0) return;
-    if (_n > max_size() - size()) __zor::sequence_length_error();
+    if (_n > max_size() - size()) __zor::_sequence_length_error();
     const size_type _index = static_cast<size_type>(_at - begin());
     if (!_map_) _begin_in_middle();
     if (_index < size() - _index)
@@ -733,7 +734,7 @@ private:
   // At the back, where no element needs to be assigned.
   template <class _Iterator> void _append_sized(_Iterator _first, _Iterator _last, size_type _n) {
     if (_n == 0) return;
-    if (_n > max_size() - size()) __zor::sequence_length_error();
+    if (_n > max_size() - size()) __zor::_sequence_length_error();
     if (!_map_) _begin_in_middle();
     const size_type _blocks = _blocks_behind(_n);
     const bool _in_front = false;
@@ -747,7 +748,7 @@ private:
   }
 #if !PLX_MEMBERS_OF_1998
   PLX_LATER void _append_default(size_type _n) {
-    if (_n > max_size() - size()) __zor::sequence_length_error();
+    if (_n > max_size() - size()) __zor::_sequence_length_error();
     if (!_map_) _begin_in_middle();
     const size_type _blocks = _blocks_behind(_n);
     const bool _in_front = false;
@@ -798,11 +799,11 @@ private:
       if (static_cast<size_type>(_index) < size() / 2) {
         _put_front(__zor::_moved(front()));
         const iterator _first = begin();
-        __zor::move_range(_first + 2, _first + _index + 1, _first + 1);
+        __zor::_move_range(_first + 2, _first + _index + 1, _first + 1);
       } else {
         _put_back(__zor::_moved(back()));
         const iterator _last = end();
-        __zor::move_range_backward(begin() + _index, _last - 2, _last - 1);
+        __zor::_move_range_backward(begin() + _index, _last - 2, _last - 1);
       }
       *_element(static_cast<size_type>(_index)) = __zor::_moved(_made);
     }
@@ -824,10 +825,10 @@ private:
     const difference_type _index = _first - begin(), _n = _last - _first;
     if (_n == 0) return _first;
     if (_index < end() - _last) {
-      __zor::move_range_backward(begin(), _first, _last);
+      __zor::_move_range_backward(begin(), _first, _last);
       _cut_front(begin() + _n);
     } else {
-      __zor::move_range(_last, end(), _first);
+      __zor::_move_range(_last, end(), _first);
       _cut_back(end() - _n);
     }
     return begin() + _index;
@@ -849,7 +850,7 @@ private:
       _made._keep();
       _added.get()._keep();
       _set_finish(_end_after._cur, _end_after._node);
-      __zor::move_range_backward(_at, _end_before - _count, _end_before);
+      __zor::_move_range_backward(_at, _end_before - _count, _end_before);
       _assign_each(_at, _first, _last);
     } else {
       _Iterator _middle = _first;
@@ -878,7 +879,7 @@ private:
       _made._keep();
       _added.get()._keep();
       _set_start(_begin_after);
-      __zor::move_range(_begin_before + _count, _at, _begin_before);
+      __zor::_move_range(_begin_before + _count, _at, _begin_before);
       _assign_each(_at - _count, _first, _last);
     } else {
       _Iterator _middle = _first;
@@ -938,27 +939,7 @@ private:
   _T **_finish_node_;
 };
 
-template <class _T, class _A> inline bool operator==(const deque<_T, _A> &_left, const deque<_T, _A> &_right) {
-  return _left.size() == _right.size() && std::equal(_left.begin(), _left.end(), _right.begin());
-}
-template <class _T, class _A> inline bool operator<(const deque<_T, _A> &_left, const deque<_T, _A> &_right) {
-  return std::lexicographical_compare(_left.begin(), _left.end(), _right.begin(), _right.end());
-}
-template <class _T, class _A> inline bool operator!=(const deque<_T, _A> &_left, const deque<_T, _A> &_right) {
-  return !(_left == _right);
-}
-template <class _T, class _A> inline bool operator>(const deque<_T, _A> &_left, const deque<_T, _A> &_right) {
-  return _right < _left;
-}
-template <class _T, class _A> inline bool operator>=(const deque<_T, _A> &_left, const deque<_T, _A> &_right) {
-  return !(_left < _right);
-}
-template <class _T, class _A> inline bool operator<=(const deque<_T, _A> &_left, const deque<_T, _A> &_right) {
-  return !(_right < _left);
-}
-template <class _T, class _A> inline void swap(deque<_T, _A> &_left, deque<_T, _A> &_right) PLX_NOTHROW {
-  _left.swap(_right);
-}
+PLX_SEQUENCE_COMPARISONS(deque)
 
 __extension__ extern template class PLX_API deque<int, allocator<int> >;
 __extension__ extern template class PLX_API deque<char, allocator<char> >;

@@ -18,8 +18,8 @@
 
 namespace __zor {
 
-template <class _T, class _Reference, class _Pointer> class list_iterator
-    : public equality_of_iterators<list_iterator<_T, _Reference, _Pointer> > {
+template <class _T, class _Reference, class _Pointer> class _list_iterator
+    : public _equality_of_iterators<_list_iterator<_T, _Reference, _Pointer> > {
 public:
   typedef _T value_type;
   typedef std::ptrdiff_t difference_type;
@@ -27,36 +27,36 @@ public:
   typedef _Reference reference;
   typedef std::bidirectional_iterator_tag iterator_category;
 
-  list_iterator() PLX_NOTHROW : _node(0) {}
-  explicit list_iterator(list_links *_n) PLX_NOTHROW : _node(_n) {}
-  template <class _Pt> list_iterator(const list_iterator<_T, _T &, _Pt> &_other) PLX_NOTHROW : _node(_other._node) {}
+  _list_iterator() PLX_NOTHROW : _node(0) {}
+  explicit _list_iterator(_list_links *_n) PLX_NOTHROW : _node(_n) {}
+  template <class _Pt> _list_iterator(const _list_iterator<_T, _T &, _Pt> &_other) PLX_NOTHROW : _node(_other._node) {}
 
-  _Reference operator*() const PLX_NOTHROW { return static_cast<list_node<_T> *>(_node)->value; }
-  _Pointer operator->() const PLX_NOTHROW { return __zor::address_of(static_cast<list_node<_T> *>(_node)->value); }
-  list_iterator &operator++() PLX_NOTHROW {
-    _node = _node->next;
+  _Reference operator*() const PLX_NOTHROW { return static_cast<_list_node<_T> *>(_node)->value; }
+  _Pointer operator->() const PLX_NOTHROW { return __zor::_address_of(static_cast<_list_node<_T> *>(_node)->value); }
+  _list_iterator &operator++() PLX_NOTHROW {
+    _node = _node->_next;
     return *this;
   }
-  list_iterator operator++(int) PLX_NOTHROW {
-    list_iterator _before = *this;
-    _node = _node->next;
+  _list_iterator operator++(int) PLX_NOTHROW {
+    _list_iterator _before = *this;
+    _node = _node->_next;
     return _before;
   }
-  list_iterator &operator--() PLX_NOTHROW {
+  _list_iterator &operator--() PLX_NOTHROW {
     _node = _node->_prev;
     return *this;
   }
-  list_iterator operator--(int) PLX_NOTHROW {
-    list_iterator _before = *this;
+  _list_iterator operator--(int) PLX_NOTHROW {
+    _list_iterator _before = *this;
     _node = _node->_prev;
     return _before;
   }
 
-  friend bool operator==(const list_iterator &_left, const list_iterator &_right) PLX_NOTHROW {
+  friend bool operator==(const _list_iterator &_left, const _list_iterator &_right) PLX_NOTHROW {
     return _left._node == _right._node;
   }
 
-  list_links *_node;
+  _list_links *_node;
 };
 
 }  // namespace __zor
@@ -64,10 +64,10 @@ public:
 namespace std {
 
 template <class _T, class _A = allocator<_T> > class PLX_API list : private _A {
-  typedef __zor::list_links _links;
-  typedef __zor::list_node<_T> _node;
-  typedef __zor::node_source<_node, _A> _source;
-  typedef __zor::element_traits<_T, _A> _traits;
+  typedef __zor::_list_links _links;
+  typedef __zor::_list_node<_T> _node;
+  typedef __zor::_node_source<_node, _A> _source;
+  typedef __zor::_element_traits<_T, _A> _traits;
   typedef __zor::_yes _yes;
   typedef __zor::_no _no;
 
@@ -80,8 +80,8 @@ public:
   typedef typename _A::const_reference const_reference;
   typedef typename _A::pointer pointer;
   typedef typename _A::const_pointer const_pointer;
-  typedef __zor::list_iterator<_T, _T &, _T *> iterator;
-  typedef __zor::list_iterator<_T, const _T &, const _T *> const_iterator;
+  typedef __zor::_list_iterator<_T, _T &, _T *> iterator;
+  typedef __zor::_list_iterator<_T, const _T &, const _T *> const_iterator;
   typedef std::reverse_iterator<iterator> reverse_iterator;
   typedef std::reverse_iterator<const_iterator> const_reverse_iterator;
 
@@ -102,7 +102,7 @@ public:
   }
   template <class _Iterator> list(_Iterator _first, _Iterator _last, const _A &_a = _A()) : _A(_a) {
     reset();
-    _insert_range(&_head_, _first, _last, typename __zor::is_count<_Iterator>::_type());
+    _insert_range(&_head_, _first, _last, typename __zor::_is_count<_Iterator>::_type());
   }
   list(const list &_other) : _A(_other) {
     reset();
@@ -111,7 +111,7 @@ public:
   ~list() { _give_all(); }
 
   list &operator=(const list &_other) {
-    if (this != __zor::address_of(_other)) _assign_each(_other.begin(), _other.end());
+    if (this != __zor::_address_of(_other)) _assign_each(_other.begin(), _other.end());
     return *this;
   }
 #if __cplusplus >= 201103L
@@ -119,8 +119,8 @@ public:
     reset();
     _swap_rings(_other);
   }
-  list &operator=(list &&_other) noexcept(__zor::is_standard_allocator<_A>::value) {
-    if (__zor::share_memory(_alloc(), _other._alloc())) {
+  list &operator=(list &&_other) noexcept(__zor::_is_standard_allocator<_A>::value) {
+    if (__zor::_share_memory(_alloc(), _other._alloc())) {
       list _taken(static_cast<list &&>(_other));
       swap(_taken);
     } else {
@@ -140,11 +140,11 @@ public:
   void assign(initializer_list<_T> _values) { _assign_each(_values.begin(), _values.end()); }
 #endif
   template <class _Iterator> void assign(_Iterator _first, _Iterator _last) {
-    _assign_range(_first, _last, typename __zor::is_count<_Iterator>::_type());
+    _assign_range(_first, _last, typename __zor::_is_count<_Iterator>::_type());
   }
   void assign(size_type _n, const _T &_value) {
-    _links *_at = _head_.next;
-    for (; _n != 0 && _at != &_head_; --_n, _at = _at->next) _value_of(_at) = _value;
+    _links *_at = _head_._next;
+    for (; _n != 0 && _at != &_head_; --_n, _at = _at->_next) _value_of(_at) = _value;
     // The value may lie among the elements that go.
     if (_n != 0)
       _insert_filled(&_head_, _n, _value);
@@ -155,8 +155,8 @@ public:
 
   // Iterators.
 
-  iterator begin() PLX_NOTHROW { return iterator(_head_.next); }
-  const_iterator begin() const PLX_NOTHROW { return const_iterator(_head_.next); }
+  iterator begin() PLX_NOTHROW { return iterator(_head_._next); }
+  const_iterator begin() const PLX_NOTHROW { return const_iterator(_head_._next); }
   iterator end() PLX_NOTHROW { return iterator(&_head_); }
   const_iterator end() const PLX_NOTHROW { return const_iterator(const_cast<_links *>(&_head_)); }
   reverse_iterator rbegin() PLX_NOTHROW { return reverse_iterator(end()); }
@@ -189,15 +189,15 @@ public:
     if (!_cut(_n)) _insert_filled(&_head_, _n - _size_, _value);
   }
 #endif
-  reference front() PLX_NOTHROW { return _value_of(_head_.next); }
-  const_reference front() const PLX_NOTHROW { return _value_of(_head_.next); }
+  reference front() PLX_NOTHROW { return _value_of(_head_._next); }
+  const_reference front() const PLX_NOTHROW { return _value_of(_head_._next); }
   reference back() PLX_NOTHROW { return _value_of(_head_._prev); }
   const_reference back() const PLX_NOTHROW { return _value_of(_head_._prev); }
 
   // Modifiers.
 
-  void push_front(const _T &_value) { _hook(_head_.next, _make(_value)); }
-  void pop_front() { _give(_unhook(_head_.next)); }
+  void push_front(const _T &_value) { _hook(_head_._next, _make(_value)); }
+  void pop_front() { _give(_unhook(_head_._next)); }
   void push_back(const _T &_value) { _hook(&_head_, _make(_value)); }
   void pop_back() { _give(_unhook(_head_._prev)); }
 
@@ -209,7 +209,7 @@ public:
   }
   void insert(iterator _at, size_type _n, const _T &_value) { _insert_filled(_at._node, _n, _value); }
   template <class _Iterator> void insert(iterator _at, _Iterator _first, _Iterator _last) {
-    _insert_range(_at._node, _first, _last, typename __zor::is_count<_Iterator>::_type());
+    _insert_range(_at._node, _first, _last, typename __zor::_is_count<_Iterator>::_type());
   }
 #if __cplusplus >= 201103L
   void insert(iterator _at, initializer_list<_T> _values) { _insert_each(_at._node, _values.begin(), _values.end()); }
@@ -217,15 +217,15 @@ public:
   iterator erase(iterator _at) { return iterator(_erase_one(_at._node)); }
   iterator erase(iterator _first, iterator _last) { return iterator(_erase_between(_first._node, _last._node)); }
 #else
-  PLX_LATER void push_front(_T &&_value) { _hook(_head_.next, _make_of(static_cast<_T &&>(_value))); }
+  PLX_LATER void push_front(_T &&_value) { _hook(_head_._next, _make_of(static_cast<_T &&>(_value))); }
   PLX_LATER void push_back(_T &&_value) { _hook(&_head_, _make_of(static_cast<_T &&>(_value))); }
-  template <class... _Source> typename __zor::emplaced<_T>::_type emplace_front(_Source &&..._given) {
-    _hook(_head_.next, _make_of(static_cast<_Source &&>(_given)...));
-    return static_cast<typename __zor::emplaced<_T>::_type>(front());
+  template <class... _Source> typename __zor::_emplaced<_T>::_type emplace_front(_Source &&..._given) {
+    _hook(_head_._next, _make_of(static_cast<_Source &&>(_given)...));
+    return static_cast<typename __zor::_emplaced<_T>::_type>(front());
   }
-  template <class... _Source> typename __zor::emplaced<_T>::_type emplace_back(_Source &&..._given) {
+  template <class... _Source> typename __zor::_emplaced<_T>::_type emplace_back(_Source &&..._given) {
     _hook(&_head_, _make_of(static_cast<_Source &&>(_given)...));
-    return static_cast<typename __zor::emplaced<_T>::_type>(back());
+    return static_cast<typename __zor::_emplaced<_T>::_type>(back());
   }
   template <class... _Source> iterator emplace(const_iterator _at, _Source &&..._given) {
     _node *_made = _make_of(static_cast<_Source &&>(_given)...);
@@ -237,12 +237,12 @@ public:
   PLX_LATER iterator insert(const_iterator _at, size_type _n, const _T &_value) {
     _links *const _before = _at._node->_prev;
     _insert_filled(_at._node, _n, _value);
-    return iterator(_before->next);
+    return iterator(_before->_next);
   }
   template <class _Iterator> iterator insert(const_iterator _at, _Iterator _first, _Iterator _last) {
     _links *const _before = _at._node->_prev;
-    _insert_range(_at._node, _first, _last, typename __zor::is_count<_Iterator>::_type());
-    return iterator(_before->next);
+    _insert_range(_at._node, _first, _last, typename __zor::_is_count<_Iterator>::_type());
+    return iterator(_before->_next);
   }
   PLX_LATER iterator insert(const_iterator _at, initializer_list<_T> _values) {
     return insert(_at, _values.begin(), _values.end());
@@ -298,35 +298,35 @@ public:
       if (_matches(*_each)) _removed._take_one(&_removed._head_, *this, _each._node);
     }
   }
-  void unique() { unique(__zor::list_equal()); }
+  void unique() { unique(__zor::_list_equal()); }
   template <class _Equal> void unique(_Equal _equal) {
     if (empty()) return;
-    for (_links *_kept = _head_.next; _kept->next != &_head_;) {
-      if (_equal(_value_of(_kept), _value_of(_kept->next)))
-        _give(_unhook(_kept->next));
+    for (_links *_kept = _head_._next; _kept->_next != &_head_;) {
+      if (_equal(_value_of(_kept), _value_of(_kept->_next)))
+        _give(_unhook(_kept->_next));
       else
-        _kept = _kept->next;
+        _kept = _kept->_next;
     }
   }
-  void merge(list &_other) { merge(_other, __zor::list_less()); }
+  void merge(list &_other) { merge(_other, __zor::_list_less()); }
   template <class _Compare> void merge(list &_other, _Compare _before) {
-    if (this == __zor::address_of(_other)) return;
-    __zor::list_merge_rings<_T>(&_head_, _size_, &_other._head_, _other._size_, _before);
+    if (this == __zor::_address_of(_other)) return;
+    __zor::_list_merge_rings<_T>(&_head_, _size_, &_other._head_, _other._size_, _before);
     _take_all(&_head_, _other);
   }
   void reverse() PLX_NOTHROW {
     _links *_at = &_head_;
     do {
-      _links *const _next = _at->next;
-      _at->next = _at->_prev;
+      _links *const _next = _at->_next;
+      _at->_next = _at->_prev;
       _at->_prev = _next;
       _at = _next;
     } while (_at != &_head_);
   }
-  void sort() { sort(__zor::list_less()); }
+  void sort() { sort(__zor::_list_less()); }
   template <class _Compare> void sort(_Compare _before) {
     if (_size_ < 2) return;
-    if (!__zor::list_sort_by_array<_T>(&_head_, _size_, _before)) __zor::list_sort_by_bins<_T>(&_head_, _before);
+    if (!__zor::_list_sort_by_array<_T>(&_head_, _size_, _before)) __zor::_list_sort_by_bins<_T>(&_head_, _before);
   }
 
 private:
@@ -334,7 +334,7 @@ private:
   static const _T &_value_of(const _links *_at) PLX_NOTHROW { return static_cast<const _node *>(_at)->value; }
 
   void reset() PLX_NOTHROW {
-    _head_.next = _head_._prev = &_head_;
+    _head_._next = _head_._prev = &_head_;
     _size_ = 0;
   }
 
@@ -365,29 +365,29 @@ private:
   _node *_make(const _T &_value) { return _make(_value, typename _traits::_plain()); }
   _node *_make(const _T &_value, _yes) {
     _node *const _made = _source::_take(_alloc());
-    __zor::make_element(static_cast<_A &>(*this), __zor::address_of(_made->value), _value);
+    __zor::_make_element(static_cast<_A &>(*this), __zor::_address_of(_made->value), _value);
     return _made;
   }
   _node *_make(const _T &_value, _no) {
     _raw_node _made(_alloc());
-    __zor::make_element(static_cast<_A &>(*this), __zor::address_of(_made.get()->value), _value);
+    __zor::_make_element(static_cast<_A &>(*this), __zor::_address_of(_made.get()->value), _value);
     return _made._keep();
   }
   template <PLX_SOURCE_TYPES> _node *_make_of(PLX_SOURCE) {
     _raw_node _made(_alloc());
-    __zor::make_element(static_cast<_A &>(*this), __zor::address_of(_made.get()->value), PLX_FORWARD_SOURCE);
+    __zor::_make_element(static_cast<_A &>(*this), __zor::_address_of(_made.get()->value), PLX_FORWARD_SOURCE);
     return _made._keep();
   }
 #if !PLX_MEMBERS_OF_1998
   PLX_LATER void _append_default(size_type _n) {
-    if (_n > max_size() - _size_) __zor::sequence_length_error();
+    if (_n > max_size() - _size_) __zor::_sequence_length_error();
     __zor::_cleanup<_chain> _made(*this);
     for (; _n != 0; --_n) _made.get()._hold(_make_of());
     _made.get()._hook_before(&_head_);
   }
 #endif
   void _give(_links *_at) {
-    _A::destroy(__zor::address_of(_value_of(_at)));
+    _A::destroy(__zor::_address_of(_value_of(_at)));
     _source::_give(_alloc(), static_cast<_node *>(_at));
   }
   const _A &_alloc() const PLX_NOTHROW { return *this; }
@@ -395,11 +395,11 @@ private:
   // All nodes go; the links of the list stay as they are.
   void _give_all() {
     if (_size_ == 0) return;
-    if (__zor::same_type<typename _traits::_trivially_destroyed, _yes>::value &&
-        _source::_give_chain(_alloc(), static_cast<_node *>(_head_.next), static_cast<_node *>(_head_._prev)))
+    if (__zor::_same_type<typename _traits::_trivially_destroyed, _yes>::value &&
+        _source::_give_chain(_alloc(), static_cast<_node *>(_head_._next), static_cast<_node *>(_head_._prev)))
       return;
-    for (_links *_at = _head_.next; _at != &_head_;) {
-      _links *const _next = _at->next;
+    for (_links *_at = _head_._next; _at != &_head_;) {
+      _links *const _next = _at->_next;
       _give(_at);
       _at = _next;
     }
@@ -407,14 +407,14 @@ private:
 
   void _hook(_links *_at, _node *_made) PLX_NOTHROW {
     _links *const _before = _at->_prev;
-    _made->next = _at;
+    _made->_next = _at;
     _made->_prev = _before;
-    _before->next = _made;
+    _before->_next = _made;
     _at->_prev = _made;
     ++_size_;
   }
   _links *_unhook(_links *_at) PLX_NOTHROW {
-    __zor::list_link(_at->_prev, _at->next);
+    __zor::_list_link(_at->_prev, _at->_next);
     --_size_;
     return _at;
   }
@@ -423,24 +423,24 @@ private:
   class _chain {
   public:
     explicit _chain(const list &_owner) : _owner_(const_cast<list &>(_owner)), _n_(0) {
-      _head_.next = _head_._prev = &_head_;
+      _head_._next = _head_._prev = &_head_;
     }
     ~_chain() {
-      for (_links *_at = _head_.next; _at != &_head_;) {
-        _links *const _next = _at->next;
+      for (_links *_at = _head_._next; _at != &_head_;) {
+        _links *const _next = _at->_next;
         _owner_._give(_at);
         _at = _next;
       }
     }
     void _add(const _T &_value) { _hold(_owner_._make(_value)); }
     template <class _Node> void _hold(_Node *_made) PLX_NOTHROW {
-      __zor::list_link(_head_._prev, _made);
-      __zor::list_link(_made, &_head_);
+      __zor::_list_link(_head_._prev, _made);
+      __zor::_list_link(_made, &_head_);
       ++_n_;
     }
     void _hook_before(_links *_at) PLX_NOTHROW {
       if (_n_ == 0) return;
-      __zor::list_transfer(_at, _head_.next, &_head_);
+      __zor::_list_transfer(_at, _head_._next, &_head_);
       _owner_._size_ += _n_;
       _n_ = 0;
     }
@@ -455,7 +455,7 @@ private:
   };
 
   template <class _V> void _insert_filled(_links *_at, size_type _n, const _V &_value) {
-    if (_n > max_size() - _size_) __zor::sequence_length_error();
+    if (_n > max_size() - _size_) __zor::_sequence_length_error();
     __zor::_cleanup<_chain> _made(*this);
     for (; _n != 0; --_n) _made.get()._add(_value);
     _made.get()._hook_before(_at);
@@ -474,12 +474,12 @@ private:
   // ---- Erasing and moving nodes.
 
   template <class _L> _L *_erase_one(_L *_at) {
-    _L *const _next = _at->next;
+    _L *const _next = _at->_next;
     _give(_unhook(_at));
     return _next;
   }
   template <class _L> _L *_erase_between(_L *_first, _L *_last) {
-    if (_first == _head_.next && _last == &_head_) {
+    if (_first == _head_._next && _last == &_head_) {
       clear();
       return _last;
     }
@@ -495,28 +495,28 @@ private:
     return true;
   }
   template <class _L> void _take_all(_L *_at, list &_other) PLX_NOTHROW {
-    if (this == __zor::address_of(_other) || _other.empty()) return;
-    __zor::list_transfer(_at, _other._head_.next, &_other._head_);
+    if (this == __zor::_address_of(_other) || _other.empty()) return;
+    __zor::_list_transfer(_at, _other._head_._next, &_other._head_);
     _size_ += _other._size_;
     _other._size_ = 0;
   }
   template <class _L> void _take_one(_L *_at, list &_other, _L *_which) PLX_NOTHROW {
-    if (_at == _which || _at == _which->next) return;
-    __zor::list_transfer(_at, _which, _which->next);
+    if (_at == _which || _at == _which->_next) return;
+    __zor::_list_transfer(_at, _which, _which->_next);
     --_other._size_;
     ++_size_;
   }
   template <class _L> void _take_between(_L *_at, list &_other, _L *_first, _L *_last) PLX_NOTHROW {
     if (_first == _last || _at == _first || _at == _last) {
-      if (this == __zor::address_of(_other) || _first == _last) return;
+      if (this == __zor::_address_of(_other) || _first == _last) return;
     }
-    if (this != __zor::address_of(_other)) {
+    if (this != __zor::_address_of(_other)) {
       size_type _n = 0;
-      for (_links *_each = _first; _each != _last; _each = _each->next) ++_n;
+      for (_links *_each = _first; _each != _last; _each = _each->_next) ++_n;
       _other._size_ -= _n;
       _size_ += _n;
     }
-    __zor::list_transfer(_at, _first, _last);
+    __zor::_list_transfer(_at, _first, _last);
   }
 
   template <class _Integer> void _assign_range(_Integer _n, _Integer _value, _yes) {
@@ -524,8 +524,8 @@ private:
   }
   template <class _Iterator> void _assign_range(_Iterator _first, _Iterator _last, _no) { _assign_each(_first, _last); }
   template <class _Iterator> void _assign_each(_Iterator _first, _Iterator _last) {
-    _links *_at = _head_.next;
-    for (; _first != _last && _at != &_head_; (void)++_first, _at = _at->next) _value_of(_at) = *_first;
+    _links *_at = _head_._next;
+    for (; _first != _last && _at != &_head_; (void)++_first, _at = _at->_next) _value_of(_at) = *_first;
     if (_first == _last)
       _erase_between(_at, &_head_);
     else
@@ -534,7 +534,7 @@ private:
 
   // Exchanges the rings: each list object takes the other's place in the other's ring.
   void _swap_rings(list &_other) PLX_NOTHROW {
-    if (this == __zor::address_of(_other)) return;
+    if (this == __zor::_address_of(_other)) return;
     const _links _mine = _head_, _its = _other._head_;
     const size_type _n = _size_;
     _adopt(_its, _other._size_);
@@ -543,8 +543,8 @@ private:
   void _adopt(const _links &_ring, size_type _n) PLX_NOTHROW {
     reset();
     if (_n == 0) return;
-    __zor::list_link(&_head_, _ring.next);
-    __zor::list_link(_ring._prev, &_head_);
+    __zor::_list_link(&_head_, _ring._next);
+    __zor::_list_link(_ring._prev, &_head_);
     _size_ = _n;
   }
 
@@ -552,27 +552,7 @@ private:
   size_type _size_;
 };
 
-template <class _T, class _A> inline bool operator==(const list<_T, _A> &_left, const list<_T, _A> &_right) {
-  return _left.size() == _right.size() && std::equal(_left.begin(), _left.end(), _right.begin());
-}
-template <class _T, class _A> inline bool operator<(const list<_T, _A> &_left, const list<_T, _A> &_right) {
-  return std::lexicographical_compare(_left.begin(), _left.end(), _right.begin(), _right.end());
-}
-template <class _T, class _A> inline bool operator!=(const list<_T, _A> &_left, const list<_T, _A> &_right) {
-  return !(_left == _right);
-}
-template <class _T, class _A> inline bool operator>(const list<_T, _A> &_left, const list<_T, _A> &_right) {
-  return _right < _left;
-}
-template <class _T, class _A> inline bool operator>=(const list<_T, _A> &_left, const list<_T, _A> &_right) {
-  return !(_left < _right);
-}
-template <class _T, class _A> inline bool operator<=(const list<_T, _A> &_left, const list<_T, _A> &_right) {
-  return !(_right < _left);
-}
-template <class _T, class _A> inline void swap(list<_T, _A> &_left, list<_T, _A> &_right) PLX_NOTHROW {
-  _left.swap(_right);
-}
+PLX_SEQUENCE_COMPARISONS(list)
 
 __extension__ extern template class PLX_API list<int, allocator<int> >;
 __extension__ extern template class PLX_API list<char, allocator<char> >;

@@ -62,7 +62,7 @@ private:
 
   // Of an empty vector: copies of all elements of `_source`, in a block for n.
   void assign(const lw_vector &_source, unsigned int _n) {
-    if (_n > 0x7FFFFFFFu / sizeof(_T)) sequence_length_error();
+    if (_n > 0x7FFFFFFFu / sizeof(_T)) _sequence_length_error();
     _data_ = static_cast<_T *>(::operator new(_n * sizeof(_T)));
     for (; _size_ < _source._size_; ++_size_) ::new (static_cast<void *>(_data_ + _size_)) _T(_source._data_[_size_]);
   }

@@ -15,71 +15,72 @@
 namespace __zor {
 
 // Allocators go with the nodes that they gave. One without state has nothing to say, and perhaps no assignment.
-template <class _A> inline void swap_allocators(_A &, _A &, _yes) PLX_NOTHROW {}
-template <class _A> inline void swap_allocators(_A &_a, _A &_b, _no) {
+template <class _A> inline void _swap_allocators(_A &, _A &, _yes) PLX_NOTHROW {}
+template <class _A> inline void _swap_allocators(_A &_a, _A &_b, _no) {
   const _A _mine(_a);
   _a = _b;
   _b = _mine;
 }
 
 // The header of trees that were moved from, until they get an element again: empty for ever.
-template <class _T> struct tree_nothing { static rb_tree_node_base _header; };
-template <class _T> rb_tree_node_base tree_nothing<_T>::_header = {0, 0, 0, rb_red};
+template <class _T> struct _tree_nothing { static rb_tree_node_base _header; };
+template <class _T> rb_tree_node_base _tree_nothing<_T>::_header = {0, 0, 0, _rb_red};
 
-template <class _Key, class _Value, class _KeyOf, class _Compare, class _A> class rb_tree : private rb_tree_base {
-  typedef typename tree_order<_Key, _Compare>::_type _order;
+template <class _Key, class _Value, class _KeyOf, class _Compare, class _A> class _rb_tree : private rb_tree_base {
+  typedef typename _tree_order<_Key, _Compare>::_type _order;
   typedef typename _A::template rebind<_Value>::other _value_allocator;
 
 public:
-  typedef tree_node<_Value, typename _order::_digest> _typed_node;
-  typedef tree_iterator<_typed_node, _Value> iterator;
-  typedef tree_iterator<_typed_node, const _Value> const_iterator;
+  typedef _tree_node<_Value, typename _order::_digest> _typed_node;
+  typedef _tree_iterator<_typed_node, _Value> iterator;
+  typedef _tree_iterator<_typed_node, const _Value> const_iterator;
 
-  rb_tree(const _Compare &_compare, const _A &_allocator) : _functions_(_allocator, _compare) { _make_header(); }
+  _rb_tree(const _Compare &_compare, const _A &_allocator) : _functions_(_allocator, _compare) { _make_header(); }
 
-  rb_tree(const rb_tree &_other) : rb_tree_base(), _functions_(_other._functions_) { _make_copy(_other); }
+  _rb_tree(const _rb_tree &_other) : rb_tree_base(), _functions_(_other._functions_) { _make_copy(_other); }
 
 #if __cplusplus >= 201103L
   // Takes the header too.
-  rb_tree(rb_tree &&_other) noexcept(__is_nothrow_constructible(_Compare, const _Compare &))
+  _rb_tree(_rb_tree &&_other) noexcept(__is_nothrow_constructible(_Compare, const _Compare &))
       : rb_tree_base(), _functions_(_other._functions_) {
     header = _no_header();
     _make_empty();
     _swap_nodes(_other);
   }
-  rb_tree &operator=(rb_tree &&_other)
-      noexcept(is_standard_allocator<_value_allocator>::value &&__is_nothrow_assignable(_Compare &, const _Compare &)) {
-    if (this == __zor::address_of(_other)) return *this;
+  _rb_tree &operator=(_rb_tree &&_other)
+      noexcept(_is_standard_allocator<_value_allocator>::value &&__is_nothrow_assignable(_Compare &,
+                                                                                         const _Compare &)) {
+    if (this == __zor::_address_of(_other)) return *this;
     clear();
     _functions_.compare = _other._functions_.compare;
-    if (__zor::share_memory<_value_allocator>(_functions_, _other._functions_)) {
+    if (__zor::_share_memory<_value_allocator>(_functions_, _other._functions_)) {
       _swap_nodes(_other);
     } else {
       for (iterator _each = _other.begin(); _each != _other.end(); ++_each)
-        insert_equal(end(), static_cast<_Value &&>(*_each));
+        _insert_equal(end(), static_cast<_Value &&>(*_each));
     }
     return *this;
   }
 #endif
 
-  ~rb_tree() { destroy(); }
+  ~_rb_tree() { destroy(); }
 
   // All or nothing, unless the comparison's own assignment fails half-way.
-  rb_tree &operator=(const rb_tree &_other) {
-    if (this != __zor::address_of(_other)) {
-      rb_tree _copy(_other, _functions_);
+  _rb_tree &operator=(const _rb_tree &_other) {
+    if (this != __zor::_address_of(_other)) {
+      _rb_tree _copy(_other, _functions_);
       _functions_.compare = _other._functions_.compare;
       _swap_nodes(_copy);
     }
     return *this;
   }
 
-  void swap(rb_tree &_other) {
+  void swap(_rb_tree &_other) {
     const _Compare _mine(_functions_.compare);
     _functions_.compare = _other._functions_.compare;
     _other._functions_.compare = _mine;
-    __zor::swap_allocators<_value_allocator>(_functions_, _other._functions_,
-                                             typename _truth<__is_empty(_value_allocator)>::_type());
+    __zor::_swap_allocators<_value_allocator>(_functions_, _other._functions_,
+                                              typename _truth<__is_empty(_value_allocator)>::_type());
     _swap_nodes(_other);
   }
 
@@ -110,7 +111,7 @@ public:
     while (_x) {
       _parent = _x;
       _left = _is_before(_key, _x);
-      _x = rb_tree_child(_x, !_left);
+      _x = _rb_tree_child(_x, !_left);
     }
     _to.parent = _parent;
     _to._right_of = _left ? 0 : _parent;
@@ -120,7 +121,7 @@ public:
 #if __cplusplus >= 201103L
   template <class _Kt>
   PLX_NOINLINE _typed_node *_add_default(_Kt &&_wanted, const _order &_key, const _place &_to) {
-    _typed_node *const _n = _make_node(second_by_default(), static_cast<_Kt &&>(_wanted));
+    _typed_node *const _n = _make_node(_second_by_default(), static_cast<_Kt &&>(_wanted));
     _put(_n, _key, _to);
     return _n;
   }
@@ -129,7 +130,7 @@ public:
     _typed_node *const _n = _nodes::_take(_functions_);
     {
       _unfinished_node _guard(*this, _n);
-      _make_default(_functions_, __zor::address_of(_n->value), _wanted);
+      _make_default(_functions_, __zor::_address_of(_n->value), _wanted);
       _guard._n = 0;
     }
     _put(_n, _key, _to);
@@ -150,25 +151,25 @@ public:
     if (__builtin_expect(!header->parent, 0))
       _put_first(_n);
     else
-      rb_tree_link_below(this, _n, _to.parent, _to._right_of);
+      _rb_tree_link_below(this, _n, _to.parent, _to._right_of);
     return iterator(_n);
   }
   PLX_COLD void _put_first(_typed_node *_n) {
     _new_node _guard(*this, _n);
     if (header == _no_header()) _make_header();
-    rb_tree_link_root(this, _guard._keep());
+    _rb_tree_link_root(this, _guard._keep());
   }
 
   template <PLX_SOURCE_TYPES> _typed_node *_make_node(PLX_SOURCE) {
     _typed_node *const _n = _nodes::_take(_functions_);
     _unfinished_node _guard(*this, _n);
-    __zor::make_element(_maker(), __zor::address_of(_n->value), PLX_FORWARD_SOURCE);
+    __zor::_make_element(_maker(), __zor::_address_of(_n->value), PLX_FORWARD_SOURCE);
     _guard._n = 0;
     return _n;
   }
 
   // From a value, or from something with the very type of key. A node is only made when there is none with that key.
-  template <class _From> iterator insert_unique(PLX_FROM, bool &_inserted) {
+  template <class _From> iterator _insert_unique(PLX_FROM, bool &_inserted) {
     const _order _key(_KeyOf::_key(_from), _functions_.compare);
     _place _to;
     _node *const _found = _locate(_key, _to);
@@ -192,7 +193,7 @@ public:
   }
 #endif
 
-  template <class _From> iterator insert_equal(PLX_FROM) {
+  template <class _From> iterator _insert_equal(PLX_FROM) {
     const _order _key(_KeyOf::_key(_from), _functions_.compare);
     _place _to;
     _locate_behind(_key, _to);
@@ -200,14 +201,14 @@ public:
   }
 
   // Beside the hint no key is compared but those of the hint and its neighbours.
-  template <class _From> iterator insert_unique(iterator _hint, PLX_FROM) {
+  template <class _From> iterator _insert_unique(iterator _hint, PLX_FROM) {
     const _order _key(_KeyOf::_key(_from), _functions_.compare);
     _place _to;
     _node *const _found = _locate_near(_hint.base(), _key, _to);
     return _found ? iterator(_found) : _put(_make_node(PLX_FORWARD_FROM), _key, _to);
   }
 
-  template <class _From> iterator insert_equal(iterator _hint, PLX_FROM) {
+  template <class _From> iterator _insert_equal(iterator _hint, PLX_FROM) {
     const _order _key(_KeyOf::_key(_from), _functions_.compare);
     _place _to;
     _locate_equal_near(_hint.base(), _key, _to);
@@ -216,7 +217,7 @@ public:
 
 #if __cplusplus >= 201103L
   // The value must be made before its key is known.
-  template <class... _Source> iterator emplace_unique(bool &_inserted, _Source &&..._given) {
+  template <class... _Source> iterator _emplace_unique(bool &_inserted, _Source &&..._given) {
     _new_node _made(*this, _make_node(static_cast<_Source &&>(_given)...));
     const _order _key(_key_of(_made._n), _functions_.compare);
     _place _to;
@@ -224,21 +225,21 @@ public:
     _inserted = !_found;
     return _found ? iterator(_found) : _put(_made._keep(), _key, _to);
   }
-  template <class... _Source> iterator emplace_unique_near(iterator _hint, _Source &&..._given) {
+  template <class... _Source> iterator _emplace_unique_near(iterator _hint, _Source &&..._given) {
     _new_node _made(*this, _make_node(static_cast<_Source &&>(_given)...));
     const _order _key(_key_of(_made._n), _functions_.compare);
     _place _to;
     _node *const _found = _locate_near(_hint.base(), _key, _to);
     return _found ? iterator(_found) : _put(_made._keep(), _key, _to);
   }
-  template <class... _Source> iterator emplace_equal(_Source &&..._given) {
+  template <class... _Source> iterator _emplace_equal(_Source &&..._given) {
     _new_node _made(*this, _make_node(static_cast<_Source &&>(_given)...));
     const _order _key(_key_of(_made._n), _functions_.compare);
     _place _to;
     _locate_behind(_key, _to);
     return _put(_made._keep(), _key, _to);
   }
-  template <class... _Source> iterator emplace_equal_near(iterator _hint, _Source &&..._given) {
+  template <class... _Source> iterator _emplace_equal_near(iterator _hint, _Source &&..._given) {
     _new_node _made(*this, _make_node(static_cast<_Source &&>(_given)...));
     const _order _key(_key_of(_made._n), _functions_.compare);
     _place _to;
@@ -249,8 +250,8 @@ public:
 
   iterator erase(iterator _at) {
     _node *const _n = _at.base();
-    const iterator _after(rb_tree_next(_n));
-    rb_tree_unlink(this, _n);
+    const iterator _after(_rb_tree_next(_n));
+    _rb_tree_unlink(this, _n);
     _destroy_typed(_n);
     return _after;
   }
@@ -288,7 +289,7 @@ public:
     for (_node *_x = header->parent; _x;) {
       const bool _left = _is_before(_wanted, _x);
       _bound = _left ? _x : _bound;
-      _x = rb_tree_child(_x, !_left);
+      _x = _rb_tree_child(_x, !_left);
     }
     return iterator(_bound);
   }
@@ -306,7 +307,7 @@ public:
   }
 
 private:
-  typedef node_source<_typed_node, _value_allocator> _nodes;
+  typedef _node_source<_typed_node, _value_allocator> _nodes;
 
   // An allocator without state takes no room. Programs' comparisons are sometimes not const.
   struct _functions : public _value_allocator {
@@ -319,9 +320,9 @@ private:
 
   // A node without a value yet, while its value is made.
   struct _unfinished_node {
-    rb_tree &_tree;
+    _rb_tree &_tree;
     _typed_node *_n;
-    _unfinished_node(rb_tree &_t, _typed_node *_made) PLX_NOTHROW : _tree(_t), _n(_made) {}
+    _unfinished_node(_rb_tree &_t, _typed_node *_made) PLX_NOTHROW : _tree(_t), _n(_made) {}
     ~_unfinished_node() {
       if (_n) _nodes::_give(_tree._functions_, _n);
     }
@@ -329,9 +330,9 @@ private:
 
   // A node with a value that is not in the tree yet.
   struct _new_node {
-    rb_tree &_tree;
+    _rb_tree &_tree;
     _typed_node *_n;
-    _new_node(rb_tree &_t, _typed_node *_made) PLX_NOTHROW : _tree(_t), _n(_made) {}
+    _new_node(_rb_tree &_t, _typed_node *_made) PLX_NOTHROW : _tree(_t), _n(_made) {}
     ~_new_node() {
       if (_n) _tree._destroy_typed(_n);
     }
@@ -344,8 +345,8 @@ private:
 
   // A tree whose constructor has not ended.
   struct _unfinished {
-    rb_tree *_tree;
-    explicit _unfinished(rb_tree &_t) PLX_NOTHROW : _tree(&_t) {}
+    _rb_tree *_tree;
+    explicit _unfinished(_rb_tree &_t) PLX_NOTHROW : _tree(&_t) {}
     ~_unfinished() {
       if (_tree) _tree->destroy();
     }
@@ -353,12 +354,12 @@ private:
   };
 
   // The nodes of one tree by the allocator of another.
-  rb_tree(const rb_tree &_other, const _value_allocator &_allocator)
+  _rb_tree(const _rb_tree &_other, const _value_allocator &_allocator)
       : rb_tree_base(), _functions_(_allocator, _other._functions_.compare) {
     _make_copy(_other);
   }
 
-  void _make_copy(const rb_tree &_other) {
+  void _make_copy(const _rb_tree &_other) {
     _make_header();
     _unfinished _guard(*this);
     _copy_nodes(_other);
@@ -370,7 +371,7 @@ private:
   static bool _is_before(const _order &_key, _node *_n) { return _key.before(*_typed(_n), _key_of(_n)); }
   static bool _is_after(const _order &_key, _node *_n) { return _key._after(*_typed(_n), _key_of(_n)); }
 
-  static _node *_no_header() PLX_NOTHROW { return &tree_nothing<rb_tree_base>::_header; }
+  static _node *_no_header() PLX_NOTHROW { return &_tree_nothing<rb_tree_base>::_header; }
 
   static bool _is_equal(const _order &_key, _node *_n) {
     return _key._ties(*_typed(_n), _key_of(_n)) && _key.compare(_key_of(_n)) == 0;
@@ -378,7 +379,7 @@ private:
 
   void _make_header() {
     header = _nodes::_take(_functions_);
-    header->color = rb_red;
+    header->color = _rb_red;
     _make_empty();
   }
 
@@ -388,7 +389,7 @@ private:
     leftmost = rightmost = header;
   }
 
-  void _swap_nodes(rb_tree &_other) PLX_NOTHROW {
+  void _swap_nodes(_rb_tree &_other) PLX_NOTHROW {
     const rb_tree_base_data _mine = *this;
     static_cast<rb_tree_base_data &>(*this) = _other;
     static_cast<rb_tree_base_data &>(_other) = _mine;
@@ -416,7 +417,7 @@ private:
         if (_compared == 0) return _typed(_x);
         _left = _compared < 0;
       }
-      _x = rb_tree_child(_x, !_left);
+      _x = _rb_tree_child(_x, !_left);
     }
     _to.parent = _parent;
     _to._right_of = _left ? 0 : _parent;
@@ -431,7 +432,7 @@ private:
       _parent = _x;
       const bool _left = _is_before(_key, _x);
       _previous = _left ? _previous : _x;
-      _x = rb_tree_child(_x, !_left);
+      _x = _rb_tree_child(_x, !_left);
     }
     if (_previous && !_is_after(_key, _previous)) return _typed(_previous);
     _to.parent = _parent;
@@ -447,7 +448,7 @@ private:
         if (_compared == 0) return iterator(_x);
         _left = _compared < 0;
       }
-      _x = rb_tree_child(_x, !_left);
+      _x = _rb_tree_child(_x, !_left);
     }
     return end();
   }
@@ -468,7 +469,7 @@ private:
     for (_node *_x = _first->left; _x;) {
       const bool _equal = _is_equal(_key, _x);
       _first = _equal ? _x : _first;
-      _x = rb_tree_child(_x, !_equal);
+      _x = _rb_tree_child(_x, !_equal);
     }
     return iterator(_first);
   }
@@ -480,7 +481,7 @@ private:
       const bool _tie = _key._ties(*_typed(_x), _key_of(_x));
       const bool _left = _key._precedes(*_typed(_x), _key_of(_x)) || _tie;
       _found = _tie ? _x : _found;
-      _x = rb_tree_child(_x, !_left);
+      _x = _rb_tree_child(_x, !_left);
     }
     return iterator(_found);
   }
@@ -493,7 +494,7 @@ private:
     for (_node *_x = header->parent; _x;) {
       const bool _right = _is_after(_key, _x);
       _bound = _right ? _bound : _x;
-      _x = rb_tree_child(_x, _right);
+      _x = _rb_tree_child(_x, _right);
     }
     return _bound;
   }
@@ -516,7 +517,7 @@ private:
         _to._right_of = 0;
         return 0;
       }
-      _node *const _before = rb_tree_prev(_hint);
+      _node *const _before = _rb_tree_prev(_hint);
       if (!_is_after(_key, _before)) return _locate(_key, _to);
       _place_between(_before, _hint, _to);
       return 0;
@@ -526,7 +527,7 @@ private:
       _to.parent = _to._right_of = _hint;
       return 0;
     }
-    _node *const _after = rb_tree_next(_hint);
+    _node *const _after = _rb_tree_next(_hint);
     if (!_is_before(_key, _after)) return _locate(_key, _to);
     _place_between(_hint, _after, _to);
     return 0;
@@ -545,7 +546,7 @@ private:
         _to._right_of = 0;
         return;
       }
-      _node *const _before = rb_tree_prev(_hint);
+      _node *const _before = _rb_tree_prev(_hint);
       if (_is_before(_key, _before)) return _locate_behind(_key, _to);
       return _place_between(_before, _hint, _to);
     }
@@ -553,7 +554,7 @@ private:
       _to.parent = _to._right_of = _hint;
       return;
     }
-    _node *const _after = rb_tree_next(_hint);
+    _node *const _after = _rb_tree_next(_hint);
     if (!_is_after(_key, _after)) return _place_between(_hint, _after, _to);
     _locate_in_front(_key, _to);
   }
@@ -565,7 +566,7 @@ private:
     for (_node *_x = header->parent; _x;) {
       _parent = _x;
       _right = _is_after(_key, _x);
-      _x = rb_tree_child(_x, _right);
+      _x = _rb_tree_child(_x, _right);
     }
     _to.parent = _parent;
     _to._right_of = _right ? _parent : 0;
@@ -584,14 +585,14 @@ private:
 
   // Walks both trees side by side: down to the left, and to the next right subtree on the way up. That subtree is asked
   // for on the way down.
-  void _copy_nodes(const rb_tree &_other) {
+  void _copy_nodes(const _rb_tree &_other) {
     const _node *_from = _other.header->parent;
     if (!_from) return;
     _node *_to = _copy_node(_from, header);
     header->parent = _to;
     for (;;) {
       while (_from->left) {
-        rb_tree_prefetch(_from->right, _from);
+        _rb_tree_prefetch(_from->right, _from);
         _from = _from->left;
         _to->left = _copy_node(_from, _to);
         _to = _to->left;
@@ -607,7 +608,7 @@ private:
     }
   }
 
-  void _finish_copy(const rb_tree &_other) PLX_NOTHROW {
+  void _finish_copy(const _rb_tree &_other) PLX_NOTHROW {
     node_count = _other.node_count;
     _node *_end = header->parent;
     while (_end->left) _end = _end->left;
@@ -618,7 +619,7 @@ private:
   }
 
   void _destroy_typed(_node *_n) {
-    _maker().destroy(__zor::address_of(_typed(_n)->value));
+    _maker().destroy(__zor::_address_of(_typed(_n)->value));
     _nodes::_give(_functions_, _typed(_n));
   }
 
@@ -628,7 +629,7 @@ private:
     while (_n) {
       _node *const _left = _n->left;
       _node *const _right = _n->right;
-      rb_tree_prefetch(_left, _n);
+      _rb_tree_prefetch(_left, _n);
       _destroy_typed(_n);
       if (_left && _right) _destroy_below(_right);
       _n = _left ? _left : _right;

@@ -17,7 +17,7 @@
 
 namespace __zor {
 
-enum { rb_black = 0, rb_red = 1 };
+enum { _rb_black = 0, _rb_red = 1 };
 
 // A typed node's value lies after these fields.
 struct rb_tree_node_base {
@@ -34,22 +34,22 @@ struct rb_tree_base_data {
   rb_tree_node_base *rightmost;
 };
 
-typedef char rb_tree_layout[offsetof(rb_tree_node_base, right) == sizeof(void *) &&
-                                    offsetof(rb_tree_node_base, parent) == 8 &&
-                                    offsetof(rb_tree_node_base, color) == 12 && sizeof(rb_tree_node_base) == 16 &&
-                                    sizeof(rb_tree_base_data) == 16
-                                ? 1
-                                : -1];
+typedef char _rb_tree_layout[offsetof(rb_tree_node_base, right) == sizeof(void *) &&
+                                     offsetof(rb_tree_node_base, parent) == 8 &&
+                                     offsetof(rb_tree_node_base, color) == 12 && sizeof(rb_tree_node_base) == 16 &&
+                                     sizeof(rb_tree_base_data) == 16
+                                 ? 1
+                                 : -1];
 
 // Restores the rules after a red node was linked below a red parent.
-PLX_API PLX_REGPARM void rb_tree_rebalance(rb_tree_node_base *_x, rb_tree_node_base *_header) PLX_NOTHROW;
+PLX_API PLX_REGPARM void _rb_tree_rebalance(rb_tree_node_base *_x, rb_tree_node_base *_header) PLX_NOTHROW;
 
 // Takes a node out of the tree and the count, without destroying it.
-PLX_API PLX_REGPARM void rb_tree_unlink(rb_tree_base_data *_tree, rb_tree_node_base *_z) PLX_NOTHROW;
+PLX_API PLX_REGPARM void _rb_tree_unlink(rb_tree_base_data *_tree, rb_tree_node_base *_z) PLX_NOTHROW;
 
 // The child on one side, chosen without a branch: which way a search goes cannot be predicted. The compiler must see
 // both as loaded, or it computes the address first and waits for the load after the comparison.
-inline rb_tree_node_base *rb_tree_child(const rb_tree_node_base *_n, bool _on_the_right) PLX_NOTHROW {
+inline rb_tree_node_base *_rb_tree_child(const rb_tree_node_base *_n, bool _on_the_right) PLX_NOTHROW {
   rb_tree_node_base *_left = _n->left, *_right = _n->right;
   PLX_OPAQUE(_left);
   PLX_OPAQUE(_right);
@@ -58,22 +58,22 @@ inline rb_tree_node_base *rb_tree_child(const rb_tree_node_base *_n, bool _on_th
 
 // Prefetches a node that will be needed a few steps later. The prefetch of a null pointer costs a TLB miss, so a node
 // that is at hand stands in for it. Processors without SSE take the instruction for a no-op.
-inline void rb_tree_prefetch(const rb_tree_node_base *_n, const rb_tree_node_base *_otherwise) PLX_NOTHROW {
+inline void _rb_tree_prefetch(const rb_tree_node_base *_n, const rb_tree_node_base *_otherwise) PLX_NOTHROW {
   const rb_tree_node_base *_at = _n ? _n : _otherwise;
   __asm__ volatile("prefetcht0 %0" : : "m"(*_at));
 }
 
 // An in-order walk comes to the right children next, so they are prefetched on the way down.
-inline rb_tree_node_base *rb_tree_first(rb_tree_node_base *_n) PLX_NOTHROW {
+inline rb_tree_node_base *_rb_tree_first(rb_tree_node_base *_n) PLX_NOTHROW {
   for (;; _n = _n->left) {
-    rb_tree_prefetch(_n->right, _n);
+    _rb_tree_prefetch(_n->right, _n);
     if (!_n->left) return _n;
   }
 }
 
-inline rb_tree_node_base *rb_tree_next(const rb_tree_node_base *_n) PLX_NOTHROW {
+inline rb_tree_node_base *_rb_tree_next(const rb_tree_node_base *_n) PLX_NOTHROW {
   rb_tree_node_base *_at = _n->right;
-  if (_at) return rb_tree_first(_at);
+  if (_at) return _rb_tree_first(_at);
   _at = _n->parent;
   while (_at->right == _n) {
     _n = _at;
@@ -83,11 +83,11 @@ inline rb_tree_node_base *rb_tree_next(const rb_tree_node_base *_n) PLX_NOTHROW 
 }
 
 // Back from the header: its left link leads to the last node, which has no right child.
-inline rb_tree_node_base *rb_tree_prev(const rb_tree_node_base *_n) PLX_NOTHROW {
+inline rb_tree_node_base *_rb_tree_prev(const rb_tree_node_base *_n) PLX_NOTHROW {
   rb_tree_node_base *_at = _n->left;
   if (_at) {
     for (;; _at = _at->right) {
-      rb_tree_prefetch(_at->left, _at);
+      _rb_tree_prefetch(_at->left, _at);
       if (!_at->right) return _at;
     }
   }
@@ -101,15 +101,15 @@ inline rb_tree_node_base *rb_tree_prev(const rb_tree_node_base *_n) PLX_NOTHROW 
 
 // Links a new node below another one, as __finish_insert does. Which side it takes cannot be predicted, that it becomes
 // the first or last one can. Most new nodes get a black parent, and then nothing is left to do.
-inline void rb_tree_link_below(rb_tree_base_data *_tree, rb_tree_node_base *_x, rb_tree_node_base *_p,
-                               const rb_tree_node_base *_right_of) PLX_NOTHROW {
+inline void _rb_tree_link_below(rb_tree_base_data *_tree, rb_tree_node_base *_x, rb_tree_node_base *_p,
+                                const rb_tree_node_base *_right_of) PLX_NOTHROW {
   rb_tree_node_base *const _header = _tree->header;
   rb_tree_node_base **_place = _right_of == _p ? &_p->right : &_p->left;
   PLX_OPAQUE(_place);  // or the compiler branches on the side after all
   _x->left = 0;
   _x->right = 0;
   _x->parent = _p;
-  _x->color = rb_red;
+  _x->color = _rb_red;
   ++_tree->node_count;
   *_place = _x;
   if (__builtin_expect(_p == _tree->rightmost, 0) && _x == _p->right) {
@@ -117,15 +117,15 @@ inline void rb_tree_link_below(rb_tree_base_data *_tree, rb_tree_node_base *_x, 
     _header->left = _x;
   }
   if (__builtin_expect(_p == _tree->leftmost, 0) && _x == _p->left) _tree->leftmost = _x;
-  if (_p->color != rb_black) rb_tree_rebalance(_x, _header);
+  if (_p->color != _rb_black) _rb_tree_rebalance(_x, _header);
 }
 
 // The first node.
-inline void rb_tree_link_root(rb_tree_base_data *_tree, rb_tree_node_base *_x) PLX_NOTHROW {
+inline void _rb_tree_link_root(rb_tree_base_data *_tree, rb_tree_node_base *_x) PLX_NOTHROW {
   _x->left = 0;
   _x->right = 0;
   _x->parent = _tree->header;
-  _x->color = rb_black;
+  _x->color = _rb_black;
   _tree->node_count = 1;
   _tree->header->parent = _tree->header->left = _tree->leftmost = _tree->rightmost = _x;
 }

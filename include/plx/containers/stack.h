@@ -27,8 +27,9 @@ public:
   void push(const value_type &_value) { c.push_back(_value); }
 #if __cplusplus >= 201103L
   void push(value_type &&_value) { c.push_back(static_cast<value_type &&>(_value)); }
-  template <class... _Source> typename __zor::emplaced<value_type>::_type emplace(_Source &&..._given) {
-    return static_cast<typename __zor::emplaced<value_type>::_type>(c.emplace_back(static_cast<_Source &&>(_given)...));
+  template <class... _Source> typename __zor::_emplaced<value_type>::_type emplace(_Source &&..._given) {
+    return static_cast<typename __zor::_emplaced<value_type>::_type>(
+        c.emplace_back(static_cast<_Source &&>(_given)...));
   }
   void swap(stack &_other) noexcept { c.swap(_other.c); }
 #endif

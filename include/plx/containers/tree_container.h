@@ -12,17 +12,17 @@
 
 namespace __zor {
 
-struct key_is_first {
+struct _key_is_first {
   template <class _Value> static const typename _Value::first_type &_key(const _Value &_value) PLX_NOTHROW {
     return _value.first;
   }
 };
-struct key_is_all {
+struct _key_is_all {
   template <class _Value> static const _Value &_key(const _Value &_value) PLX_NOTHROW { return _value; }
 };
 
 // `_ShownValue` is what iterators refer to: a set's elements are keys, and never change.
-template <class _Key, class _Value, class _ShownValue, class _KeyOf, class _Compare, class _A> class tree_container {
+template <class _Key, class _Value, class _ShownValue, class _KeyOf, class _Compare, class _A> class _tree_container {
 public:
   typedef _Key key_type;
   typedef _Value value_type;
@@ -36,11 +36,11 @@ public:
   typedef typename _A::difference_type difference_type;
 
 protected:
-  typedef rb_tree<_Key, _Value, _KeyOf, _Compare, _A> _tree;
+  typedef _rb_tree<_Key, _Value, _KeyOf, _Compare, _A> _tree;
 
 public:
-  typedef tree_iterator<typename _tree::_typed_node, _ShownValue> iterator;
-  typedef tree_iterator<typename _tree::_typed_node, const _Value> const_iterator;
+  typedef _tree_iterator<typename _tree::_typed_node, _ShownValue> iterator;
+  typedef _tree_iterator<typename _tree::_typed_node, const _Value> const_iterator;
   typedef std::reverse_iterator<iterator> reverse_iterator;
   typedef std::reverse_iterator<const_iterator> const_reverse_iterator;
 
@@ -89,7 +89,7 @@ public:
 protected:
   typedef typename _tree::iterator _inner_iterator;
 
-  tree_container(const _Compare &_compare, const _A &_allocator) : _tree_(_compare, _allocator) {}
+  _tree_container(const _Compare &_compare, const _A &_allocator) : _tree_(_compare, _allocator) {}
 
   // The other way round, from a set's iterator too, which shows less.
   static _inner_iterator _inner(const_iterator _at) PLX_NOTHROW { return _inner_iterator(_at.base()); }
@@ -99,8 +99,8 @@ protected:
 
 // Those with one element at most for each key.
 template <class _Key, class _Value, class _ShownValue, class _KeyOf, class _Compare, class _A>
-class unique_tree_container : public tree_container<_Key, _Value, _ShownValue, _KeyOf, _Compare, _A> {
-  typedef tree_container<_Key, _Value, _ShownValue, _KeyOf, _Compare, _A> base;
+class _unique_tree_container : public _tree_container<_Key, _Value, _ShownValue, _KeyOf, _Compare, _A> {
+  typedef _tree_container<_Key, _Value, _ShownValue, _KeyOf, _Compare, _A> base;
 
 public:
   typedef typename base::iterator iterator;
@@ -109,28 +109,28 @@ public:
 
   std::pair<iterator, bool> insert(const _Value &_value) {
     bool _inserted;
-    const iterator _at = this->_tree_.insert_unique(_value, _inserted);
+    const iterator _at = this->_tree_._insert_unique(_value, _inserted);
     return std::pair<iterator, bool>(_at, _inserted);
   }
 #if __cplusplus < 201103L
   iterator insert(iterator _hint, const _Value &_value) {
-    return this->_tree_.insert_unique(base::_inner(_hint), _value);
+    return this->_tree_._insert_unique(base::_inner(_hint), _value);
   }
 #else
   std::pair<iterator, bool> insert(_Value &&_value) { return _insert_from(static_cast<_Value &&>(_value)); }
   iterator insert(const_iterator _hint, _Value &&_value) {
-    return this->_tree_.insert_unique(base::_inner(_hint), static_cast<_Value &&>(_value));
+    return this->_tree_._insert_unique(base::_inner(_hint), static_cast<_Value &&>(_value));
   }
   iterator insert(const_iterator _hint, const _Value &_value) {
-    return this->_tree_.insert_unique(base::_inner(_hint), _value);
+    return this->_tree_._insert_unique(base::_inner(_hint), _value);
   }
   template <class... _Source> std::pair<iterator, bool> emplace(_Source &&..._given) {
     bool _inserted;
-    const iterator _at = this->_tree_.emplace_unique(_inserted, static_cast<_Source &&>(_given)...);
+    const iterator _at = this->_tree_._emplace_unique(_inserted, static_cast<_Source &&>(_given)...);
     return std::pair<iterator, bool>(_at, _inserted);
   }
   template <class... _Source> iterator emplace_hint(const_iterator _hint, _Source &&..._given) {
-    return this->_tree_.emplace_unique_near(base::_inner(_hint), static_cast<_Source &&>(_given)...);
+    return this->_tree_._emplace_unique_near(base::_inner(_hint), static_cast<_Source &&>(_given)...);
   }
   void insert(std::initializer_list<_Value> _values) { insert(_values.begin(), _values.end()); }
 #endif
@@ -162,52 +162,52 @@ public:
   }
 
 protected:
-  unique_tree_container(const _Compare &_compare, const _A &_allocator) : base(_compare, _allocator) {}
+  _unique_tree_container(const _Compare &_compare, const _A &_allocator) : base(_compare, _allocator) {}
 
 #if __cplusplus >= 201103L
   // From a value, or from a pair whose first type is the key's.
   template <class _From> std::pair<iterator, bool> _insert_from(_From &&_from) {
     bool _inserted;
-    const iterator _at = this->_tree_.insert_unique(static_cast<_From &&>(_from), _inserted);
+    const iterator _at = this->_tree_._insert_unique(static_cast<_From &&>(_from), _inserted);
     return std::pair<iterator, bool>(_at, _inserted);
   }
 #endif
 
 private:
-  void _add(const _Value &_value) { this->_tree_.insert_unique(this->_tree_.end(), _value); }
+  void _add(const _Value &_value) { this->_tree_._insert_unique(this->_tree_.end(), _value); }
 #if __cplusplus >= 201103L
-  void _add(_Value &&_value) { this->_tree_.insert_unique(this->_tree_.end(), static_cast<_Value &&>(_value)); }
+  void _add(_Value &&_value) { this->_tree_._insert_unique(this->_tree_.end(), static_cast<_Value &&>(_value)); }
 #endif
 };
 
 // Those with any number. Elements of equal keys stay in the order of their insertion.
 template <class _Key, class _Value, class _ShownValue, class _KeyOf, class _Compare, class _A>
-class multi_tree_container : public tree_container<_Key, _Value, _ShownValue, _KeyOf, _Compare, _A> {
-  typedef tree_container<_Key, _Value, _ShownValue, _KeyOf, _Compare, _A> base;
+class _multi_tree_container : public _tree_container<_Key, _Value, _ShownValue, _KeyOf, _Compare, _A> {
+  typedef _tree_container<_Key, _Value, _ShownValue, _KeyOf, _Compare, _A> base;
 
 public:
   typedef typename base::iterator iterator;
   typedef typename base::const_iterator const_iterator;
   typedef typename base::size_type size_type;
 
-  iterator insert(const _Value &_value) { return this->_tree_.insert_equal(_value); }
+  iterator insert(const _Value &_value) { return this->_tree_._insert_equal(_value); }
 #if __cplusplus < 201103L
   iterator insert(iterator _hint, const _Value &_value) {
-    return this->_tree_.insert_equal(base::_inner(_hint), _value);
+    return this->_tree_._insert_equal(base::_inner(_hint), _value);
   }
 #else
   iterator insert(_Value &&_value) { return _insert_from(static_cast<_Value &&>(_value)); }
   iterator insert(const_iterator _hint, _Value &&_value) {
-    return this->_tree_.insert_equal(base::_inner(_hint), static_cast<_Value &&>(_value));
+    return this->_tree_._insert_equal(base::_inner(_hint), static_cast<_Value &&>(_value));
   }
   iterator insert(const_iterator _hint, const _Value &_value) {
-    return this->_tree_.insert_equal(base::_inner(_hint), _value);
+    return this->_tree_._insert_equal(base::_inner(_hint), _value);
   }
   template <class... _Source> iterator emplace(_Source &&..._given) {
-    return this->_tree_.emplace_equal(static_cast<_Source &&>(_given)...);
+    return this->_tree_._emplace_equal(static_cast<_Source &&>(_given)...);
   }
   template <class... _Source> iterator emplace_hint(const_iterator _hint, _Source &&..._given) {
-    return this->_tree_.emplace_equal_near(base::_inner(_hint), static_cast<_Source &&>(_given)...);
+    return this->_tree_._emplace_equal_near(base::_inner(_hint), static_cast<_Source &&>(_given)...);
   }
   void insert(std::initializer_list<_Value> _values) { insert(_values.begin(), _values.end()); }
 #endif
@@ -237,24 +237,24 @@ public:
   }
 
 protected:
-  multi_tree_container(const _Compare &_compare, const _A &_allocator) : base(_compare, _allocator) {}
+  _multi_tree_container(const _Compare &_compare, const _A &_allocator) : base(_compare, _allocator) {}
 
 #if __cplusplus >= 201103L
   template <class _From> iterator _insert_from(_From &&_from) {
-    return this->_tree_.insert_equal(static_cast<_From &&>(_from));
+    return this->_tree_._insert_equal(static_cast<_From &&>(_from));
   }
 #endif
 
 private:
-  void _add(const _Value &_value) { this->_tree_.insert_equal(this->_tree_.end(), _value); }
+  void _add(const _Value &_value) { this->_tree_._insert_equal(this->_tree_.end(), _value); }
 #if __cplusplus >= 201103L
-  void _add(_Value &&_value) { this->_tree_.insert_equal(this->_tree_.end(), static_cast<_Value &&>(_value)); }
+  void _add(_Value &&_value) { this->_tree_._insert_equal(this->_tree_.end(), static_cast<_Value &&>(_value)); }
 #endif
 };
 
 // The six comparisons of a container that derives from this. No templates: a program's own operators for everything fit
 // less.
-template <class _Container> class compared_by_elements {
+template <class _Container> class _compared_by_elements {
   friend bool operator==(const _Container &_left, const _Container &_right) {
     return _left.size() == _right.size() && std::equal(_left.begin(), _left.end(), _right.begin());
   }

@@ -8,11 +8,11 @@
 namespace std {
 
 template <class _Key, class _T, class _Compare = less<_Key>, class _A = allocator<pair<const _Key, _T> > > class map
-    : public __zor::unique_tree_container<_Key, pair<const _Key, _T>, pair<const _Key, _T>, __zor::key_is_first,
-                                          _Compare, _A>,
-      public __zor::compared_by_elements<map<_Key, _T, _Compare, _A> > {
-  typedef __zor::unique_tree_container<_Key, pair<const _Key, _T>, pair<const _Key, _T>, __zor::key_is_first, _Compare,
-                                       _A>
+    : public __zor::_unique_tree_container<_Key, pair<const _Key, _T>, pair<const _Key, _T>, __zor::_key_is_first,
+                                           _Compare, _A>,
+      public __zor::_compared_by_elements<map<_Key, _T, _Compare, _A> > {
+  typedef __zor::_unique_tree_container<_Key, pair<const _Key, _T>, pair<const _Key, _T>, __zor::_key_is_first,
+                                        _Compare, _A>
       base;
 
 public:
@@ -61,7 +61,7 @@ public:
   mapped_type &at(const _Key &_key) { return const_cast<mapped_type &>(static_cast<const map &>(*this).at(_key)); }
   const mapped_type &at(const _Key &_key) const {
     const typename base::const_iterator _at = this->find(_key);
-    if (_at == this->end()) __zor::sequence_out_of_range();
+    if (_at == this->end()) __zor::_sequence_out_of_range();
     return _at->second;
   }
 

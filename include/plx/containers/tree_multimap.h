@@ -8,11 +8,11 @@
 namespace std {
 
 template <class _Key, class _T, class _Compare = less<_Key>, class _A = allocator<pair<const _Key, _T> > >
-class multimap : public __zor::multi_tree_container<_Key, pair<const _Key, _T>, pair<const _Key, _T>,
-                                                    __zor::key_is_first, _Compare, _A>,
-                 public __zor::compared_by_elements<multimap<_Key, _T, _Compare, _A> > {
-  typedef __zor::multi_tree_container<_Key, pair<const _Key, _T>, pair<const _Key, _T>, __zor::key_is_first, _Compare,
-                                      _A>
+class multimap : public __zor::_multi_tree_container<_Key, pair<const _Key, _T>, pair<const _Key, _T>,
+                                                     __zor::_key_is_first, _Compare, _A>,
+                 public __zor::_compared_by_elements<multimap<_Key, _T, _Compare, _A> > {
+  typedef __zor::_multi_tree_container<_Key, pair<const _Key, _T>, pair<const _Key, _T>, __zor::_key_is_first, _Compare,
+                                       _A>
       base;
 
 public:

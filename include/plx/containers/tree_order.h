@@ -19,32 +19,32 @@
 namespace __zor {
 
 // What a node keeps of its key besides the key itself.
-struct no_digest {};
+struct _no_digest {};
 
-template <class _Key, class _Compare> class asked_order {
+template <class _Key, class _Compare> class _asked_order {
 public:
-  typedef no_digest _digest;
+  typedef _no_digest _digest;
   typedef _no _exact, _ties_cost;
 
-  asked_order(const _Key &_key, _Compare &_compare) : _key_(_key), _compare_(_compare) {}
+  _asked_order(const _Key &_key, _Compare &_compare) : _key_(_key), _compare_(_compare) {}
   bool before(const _digest &, const _Key &_key) const { return _compare_(_key_, _key); }
   bool _after(const _digest &, const _Key &_key) const { return _compare_(_key, _key_); }
   void _keep(_digest &) const {}
 
 private:
-  asked_order &operator=(const asked_order &);
+  _asked_order &operator=(const _asked_order &);
 
   const _Key &_key_;
   _Compare &_compare_;
 };
 
-template <class _Key> class plain_order {
+template <class _Key> class _plain_order {
 public:
-  typedef no_digest _digest;
+  typedef _no_digest _digest;
   typedef _yes _exact;
   typedef _no _ties_cost;
 
-  template <class _Compare> plain_order(const _Key &_key, _Compare &) PLX_NOTHROW : _key_(_key) {}
+  template <class _Compare> _plain_order(const _Key &_key, _Compare &) PLX_NOTHROW : _key_(_key) {}
   bool before(const _digest &, const _Key &_key) const PLX_NOTHROW { return _key_ < _key; }
   bool _after(const _digest &, const _Key &_key) const PLX_NOTHROW { return _key < _key_; }
   bool _ties(const _digest &, const _Key &_key) const PLX_NOTHROW { return _key_ == _key; }
@@ -58,8 +58,8 @@ private:
 
 // The characters from the most significant byte down, and null characters behind them: numbers that are ordered as
 // the strings are, but for the ties.
-struct string_digest {
-  unsigned_longest _first_characters;
+struct _string_digest {
+  _unsigned_longest _first_characters;
 
   void _take(const char *_text, unsigned int _n) PLX_NOTHROW {
     unsigned int _high, _low = 0;
@@ -74,7 +74,7 @@ struct string_digest {
       if (_n > 1) _high |= _byte(_text[1]) << 16;
       if (_n > 2) _high |= _byte(_text[2]) << 8;
     }
-    _first_characters = static_cast<unsigned_longest>(_high) << 32 | _low;
+    _first_characters = static_cast<_unsigned_longest>(_high) << 32 | _low;
   }
 
   static unsigned int _byte(char _c) PLX_NOTHROW { return static_cast<unsigned char>(_c); }
@@ -85,12 +85,12 @@ struct string_digest {
   }
 };
 
-template <class _String> class string_order {
+template <class _String> class _string_order {
 public:
-  typedef string_digest _digest;
+  typedef _string_digest _digest;
   typedef _yes _exact, _ties_cost;
 
-  template <class _Compare> string_order(const _String &_key, _Compare &) PLX_NOTHROW : _key_(_key) {
+  template <class _Compare> _string_order(const _String &_key, _Compare &) PLX_NOTHROW : _key_(_key) {
     _digest_._take(_key.data(), _key.size());
   }
   bool before(const _digest &_of, const _String &_key) const PLX_NOTHROW {
@@ -117,7 +117,7 @@ public:
   void _keep(_digest &_in) const PLX_NOTHROW { _in = _digest_; }
 
 private:
-  string_order &operator=(const string_order &);
+  _string_order &operator=(const _string_order &);
 
   // What follows the first 8 characters. Names are short: some words are compared before memcmp is called, the last one
   // where it overlaps the others.
@@ -136,17 +136,17 @@ private:
   _digest _digest_;
 };
 
-template <class _Key, class _Compare, class _IsInteger> struct tree_order_of {
-  typedef asked_order<_Key, _Compare> _type;
+template <class _Key, class _Compare, class _IsInteger> struct _tree_order_of {
+  typedef _asked_order<_Key, _Compare> _type;
 };
-template <class _Key> struct tree_order_of<_Key, std::less<_Key>, _yes> { typedef plain_order<_Key> _type; };
-template <class _A> struct tree_order_of<std::basic_string<char, std::char_traits<char>, _A>,
-                                         std::less<std::basic_string<char, std::char_traits<char>, _A> >, _no> {
-  typedef string_order<std::basic_string<char, std::char_traits<char>, _A> > _type;
+template <class _Key> struct _tree_order_of<_Key, std::less<_Key>, _yes> { typedef _plain_order<_Key> _type; };
+template <class _A> struct _tree_order_of<std::basic_string<char, std::char_traits<char>, _A>,
+                                          std::less<std::basic_string<char, std::char_traits<char>, _A> >, _no> {
+  typedef _string_order<std::basic_string<char, std::char_traits<char>, _A> > _type;
 };
 
-template <class _Key, class _Compare> struct tree_order {
-  typedef typename tree_order_of<_Key, _Compare, typename is_integer<_Key>::_type>::_type _type;
+template <class _Key, class _Compare> struct _tree_order {
+  typedef typename _tree_order_of<_Key, _Compare, typename is_integer<_Key>::_type>::_type _type;
 };
 
 }  // namespace __zor

@@ -7,9 +7,9 @@
 namespace std {
 
 template <class _Key, class _Compare = less<_Key>, class _A = allocator<_Key> > class set
-    : public __zor::unique_tree_container<_Key, _Key, const _Key, __zor::key_is_all, _Compare, _A>,
-      public __zor::compared_by_elements<set<_Key, _Compare, _A> > {
-  typedef __zor::unique_tree_container<_Key, _Key, const _Key, __zor::key_is_all, _Compare, _A> base;
+    : public __zor::_unique_tree_container<_Key, _Key, const _Key, __zor::_key_is_all, _Compare, _A>,
+      public __zor::_compared_by_elements<set<_Key, _Compare, _A> > {
+  typedef __zor::_unique_tree_container<_Key, _Key, const _Key, __zor::_key_is_all, _Compare, _A> base;
 
 public:
   typedef _Compare value_compare;

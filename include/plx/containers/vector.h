@@ -16,17 +16,17 @@
 namespace __zor {
 
 // The block and its allocator. It frees the block, and does not know which elements live there.
-template <class _T, class _A> class vector_storage : public _A {
+template <class _T, class _A> class _vector_storage : public _A {
 public:
-  explicit vector_storage(const _A &_a) PLX_NOTHROW : _A(_a), first(0), _last(0), _limit(0) {}
-  vector_storage(const _A &_a, size_t _room) : _A(_a), first(0), _last(0), _limit(0) { _take(_room); }
-  ~vector_storage() {
+  explicit _vector_storage(const _A &_a) PLX_NOTHROW : _A(_a), first(0), _last(0), _limit(0) {}
+  _vector_storage(const _A &_a, size_t _room) : _A(_a), first(0), _last(0), _limit(0) { _take(_room); }
+  ~_vector_storage() {
     if (first) this->deallocate(first, static_cast<size_t>(_limit - first));
   }
 
   // Only in a storage without a block.
   void _take(size_t _room) {
-    if (_room > _most()) sequence_length_error();
+    if (_room > _most()) _sequence_length_error();
     if (_room == 0) return;
     first = _last = static_cast<_T *>(_A::allocate(_room));
     _limit = first + _room;
@@ -41,7 +41,7 @@ public:
   size_t size() const PLX_NOTHROW { return static_cast<size_t>(_last - first); }
   size_t _room() const PLX_NOTHROW { return static_cast<size_t>(_limit - first); }
 
-  void _swap_blocks(vector_storage &_other) PLX_NOTHROW {
+  void _swap_blocks(_vector_storage &_other) PLX_NOTHROW {
     _T *_f = first, *_l = _last, *_e = _limit;
     first = _other.first, _last = _other._last, _limit = _other._limit;
     _other.first = _f, _other._last = _l, _other._limit = _e;
@@ -52,23 +52,23 @@ public:
   _T *_limit;
 
 private:
-  vector_storage(const vector_storage &);
-  vector_storage &operator=(const vector_storage &);
+  _vector_storage(const _vector_storage &);
+  _vector_storage &operator=(const _vector_storage &);
 };
 
 // A place of n elements that was opened between others by moving bytes. When not all of it is filled, it closes again.
-template <class _T, class _A> class vector_gap {
+template <class _T, class _A> class _vector_gap {
 public:
-  vector_gap(vector_storage<_T, _A> &_s, _T *const &_place, const size_t &_n)
+  _vector_gap(_vector_storage<_T, _A> &_s, _T *const &_place, const size_t &_n)
       : _storage_(_s), _begin_(_place), _end_(_place + _n), at(_place) {
     memmove(static_cast<void *>(_end_), _place,
             static_cast<size_t>(reinterpret_cast<char *>(_s._last) - reinterpret_cast<char *>(_place)));
     _tail_ = static_cast<size_t>(_s._last - _place);
     _s._last = _place;  // what lies behind the gap has no owner meanwhile
   }
-  ~vector_gap() {
+  ~_vector_gap() {
     if (at != _end_) {
-      __zor::destroy_range(static_cast<_A &>(_storage_), _begin_, at);
+      __zor::_destroy_range(static_cast<_A &>(_storage_), _begin_, at);
       at = _begin_;
       memmove(static_cast<void *>(_begin_), _end_, _tail_ * sizeof(_T));
     }
@@ -76,10 +76,10 @@ public:
   }
 
 private:
-  vector_gap(const vector_gap &);
-  vector_gap &operator=(const vector_gap &);
+  _vector_gap(const _vector_gap &);
+  _vector_gap &operator=(const _vector_gap &);
 
-  vector_storage<_T, _A> &_storage_;
+  _vector_storage<_T, _A> &_storage_;
   _T *_begin_;
   _T *_end_;
   size_t _tail_;
@@ -93,8 +93,8 @@ public:
 namespace std {
 
 template <class _T, class _A = allocator<_T> > class PLX_API vector {
-  typedef __zor::vector_storage<_T, _A> _storage;
-  typedef __zor::element_traits<_T, _A> _traits;
+  typedef __zor::_vector_storage<_T, _A> _storage;
+  typedef __zor::_element_traits<_T, _A> _traits;
   typedef __zor::_yes _yes;
   typedef __zor::_no _no;
 
@@ -107,8 +107,8 @@ public:
   typedef typename _A::const_reference const_reference;
   typedef typename _A::pointer pointer;
   typedef typename _A::const_pointer const_pointer;
-  typedef __zor::pointer_iterator<_T> iterator;
-  typedef __zor::pointer_iterator<const _T> const_iterator;
+  typedef __zor::_pointer_iterator<_T> iterator;
+  typedef __zor::_pointer_iterator<const _T> const_iterator;
   typedef std::reverse_iterator<iterator> reverse_iterator;
   typedef std::reverse_iterator<const_iterator> const_reverse_iterator;
 
@@ -117,32 +117,32 @@ public:
   explicit vector(const _A &_a = _A()) PLX_NOTHROW : _storage_(_a) {}
 #if PLX_MEMBERS_OF_1998
   explicit vector(size_type _n, const _T &_value = _T(), const _A &_a = _A()) : _storage_(_a, _n) {
-    _storage_._last = __zor::make_filled(_alloc(), _storage_.first, _n, _value);
+    _storage_._last = __zor::_make_filled(_alloc(), _storage_.first, _n, _value);
   }
 #else
   PLX_LATER explicit vector(size_type _n, const _A &_a = _A()) : _storage_(_a, _n) {
-    _storage_._last = __zor::make_default(_alloc(), _storage_.first, _n);
+    _storage_._last = __zor::_make_default(_alloc(), _storage_.first, _n);
   }
   vector(size_type _n, const _T &_value, const _A &_a = _A()) : _storage_(_a, _n) {
-    _storage_._last = __zor::make_filled(_alloc(), _storage_.first, _n, _value);
+    _storage_._last = __zor::_make_filled(_alloc(), _storage_.first, _n, _value);
   }
 #endif
   template <class _Iterator> vector(_Iterator _first, _Iterator _last, const _A &_a = _A()) : _storage_(_a) {
-    _initialize(_first, _last, typename __zor::is_count<_Iterator>::_type());
+    _initialize(_first, _last, typename __zor::_is_count<_Iterator>::_type());
   }
   vector(const vector &_other) : _storage_(_other._storage_, _other.size()) {
-    _storage_._last = __zor::make_copies(_alloc(), _storage_.first, _cbegin_(_other), _cend_(_other));
+    _storage_._last = __zor::_make_copies(_alloc(), _storage_.first, _cbegin_(_other), _cend_(_other));
   }
-  ~vector() { __zor::destroy_range(_alloc(), _storage_.first, _storage_._last); }
+  ~vector() { __zor::_destroy_range(_alloc(), _storage_.first, _storage_._last); }
 
   vector &operator=(const vector &_other) {
-    if (this != __zor::address_of(_other)) _assign_sized(_cbegin_(_other), _cend_(_other), _other.size());
+    if (this != __zor::_address_of(_other)) _assign_sized(_cbegin_(_other), _cend_(_other), _other.size());
     return *this;
   }
 #if __cplusplus >= 201103L
   vector(vector &&_other) noexcept : _storage_(_other.get_allocator()) { _storage_._swap_blocks(_other._storage_); }
-  vector &operator=(vector &&_other) noexcept(__zor::is_standard_allocator<_A>::value) {
-    if (__zor::share_memory(_alloc(), _other._alloc())) {
+  vector &operator=(vector &&_other) noexcept(__zor::_is_standard_allocator<_A>::value) {
+    if (__zor::_share_memory(_alloc(), _other._alloc())) {
       vector _taken(static_cast<vector &&>(_other));
       swap(_taken);
     } else {
@@ -162,7 +162,7 @@ public:
   void assign(initializer_list<_T> _list) { _assign_sized(_list.begin(), _list.end(), _list.size()); }
 #endif
   template <class _Iterator> void assign(_Iterator _first, _Iterator _last) {
-    _assign_range(_first, _last, typename __zor::is_count<_Iterator>::_type());
+    _assign_range(_first, _last, typename __zor::_is_count<_Iterator>::_type());
   }
   void assign(size_type _n, const _T &_value) { _assign_filled(_n, _value); }
   allocator_type get_allocator() const PLX_NOTHROW { return static_cast<const _A &>(_storage_); }
@@ -223,7 +223,7 @@ public:
   bool empty() const PLX_NOTHROW { return _storage_.first == _storage_._last; }
   void reserve(size_type _n) {
     if (_n > capacity()) {
-      if (_n > max_size()) __zor::sequence_length_error();
+      if (_n > max_size()) __zor::_sequence_length_error();
       _grow(_n, typename _traits::_relocatable());
     }
   }
@@ -233,11 +233,11 @@ public:
   reference operator[](size_type _n) PLX_NOTHROW { return _storage_.first[_n]; }
   const_reference operator[](size_type _n) const PLX_NOTHROW { return _storage_.first[_n]; }
   reference at(size_type _n) {
-    if (_n >= size()) __zor::sequence_out_of_range();
+    if (_n >= size()) __zor::_sequence_out_of_range();
     return _storage_.first[_n];
   }
   const_reference at(size_type _n) const {
-    if (_n >= size()) __zor::sequence_out_of_range();
+    if (_n >= size()) __zor::_sequence_out_of_range();
     return _storage_.first[_n];
   }
   reference front() PLX_NOTHROW { return *_storage_.first; }
@@ -261,7 +261,7 @@ public:
   }
   void insert(iterator _at, size_type _n, const _T &_value) { _insert_filled(_at.base(), _n, _value); }
   template <class _Iterator> void insert(iterator _at, _Iterator _first, _Iterator _last) {
-    _insert_range(_at.base(), _first, _last, typename __zor::is_count<_Iterator>::_type());
+    _insert_range(_at.base(), _first, _last, typename __zor::_is_count<_Iterator>::_type());
   }
 #if __cplusplus >= 201103L
   void insert(iterator _at, initializer_list<_T> _list) {
@@ -276,9 +276,9 @@ public:
   }
 #else
   PLX_LATER void push_back(_T &&_value) { emplace_back(static_cast<_T &&>(_value)); }
-  template <class... _Source> typename __zor::emplaced<_T>::_type emplace_back(_Source &&..._given) {
+  template <class... _Source> typename __zor::_emplaced<_T>::_type emplace_back(_Source &&..._given) {
     _emplace_back(typename _traits::_number(), static_cast<_Source &&>(_given)...);
-    return static_cast<typename __zor::emplaced<_T>::_type>(_storage_._last[-1]);
+    return static_cast<typename __zor::_emplaced<_T>::_type>(_storage_._last[-1]);
   }
   template <class... _Source> iterator emplace(const_iterator _at, _Source &&..._given) {
     const difference_type _n = _at.base() - _storage_.first;
@@ -297,7 +297,7 @@ public:
   }
   template <class _Iterator> iterator insert(const_iterator _at, _Iterator _first, _Iterator _last) {
     const difference_type _index = _at.base() - _storage_.first;
-    _insert_range(_place(_at), _first, _last, typename __zor::is_count<_Iterator>::_type());
+    _insert_range(_place(_at), _first, _last, typename __zor::_is_count<_Iterator>::_type());
     return iterator(_storage_.first + _index);
   }
   PLX_LATER iterator insert(const_iterator _at, initializer_list<_T> _list) {
@@ -319,14 +319,14 @@ private:
 
   // Destroys the elements from `_at` on.
   void _cut(_T *_at) {
-    __zor::destroy_range(_alloc(), _at, _storage_._last);
+    __zor::_destroy_range(_alloc(), _at, _storage_._last);
     _storage_._last = _at;
   }
 
   // The capacity with which `_more` elements fit into a full vector.
   size_type _grown(size_type _more) const {
     const size_type _n = size(), _most = max_size();
-    if (_more > _most - _n) __zor::sequence_length_error();
+    if (_more > _most - _n) __zor::_sequence_length_error();
     const size_type _wanted = _n == 0 ? 10 : _n > _most - _n ? _most : 2 * _n;
     return _wanted > _most ? _most : _wanted < _n + _more ? _n + _more : _wanted;
   }
@@ -335,21 +335,21 @@ private:
 
   void _grow(size_type _room, _yes) {
     const size_type _n = size();
-    _T *_block = static_cast<_T *>(__zor::grow_block(_storage_.first, _n * sizeof(_T), _room * sizeof(_T)));
+    _T *_block = static_cast<_T *>(__zor::_grow_block(_storage_.first, _n * sizeof(_T), _room * sizeof(_T)));
     _storage_.first = _block;
     _storage_._last = _block + _n;
     _storage_._limit = _block + _room;
   }
   void _grow(size_type _room, _no) {
     _storage _made(_storage_, _room);
-    _made._last = __zor::make_taken(_alloc(), _made.first, _storage_.first, _storage_._last);
+    _made._last = __zor::_make_taken(_alloc(), _made.first, _storage_.first, _storage_._last);
     _become(_made);
   }
 
   // Takes the other block; the old elements and block go.
   void _become(_storage &_made) {
     _made._swap_blocks(_storage_);
-    __zor::destroy_range(_alloc(), _made.first, _made._last);
+    __zor::_destroy_range(_alloc(), _made.first, _made._last);
     _made._last = _made.first;
   }
 
@@ -359,14 +359,14 @@ private:
     _split(vector &_v, _T *_at, size_type _more) : _made_(_v._storage_, _v._grown(_more)), _v_(_v), _at_(_at) {
       _begin_ = _end_ = _made_.first + (_at - _v._storage_.first);
     }
-    ~_split() { __zor::destroy_range(_v_._alloc(), _begin_, _end_); }
+    ~_split() { __zor::_destroy_range(_v_._alloc(), _begin_, _end_); }
     _T *_place() const { return _begin_; }
     void _made_up_to(_T *_end) { _end_ = _end; }
     void _finish() {
       _T *const _first = _made_.first;
-      __zor::made_elements<_T, _A> _before(_v_._alloc(), _first);
-      for (_T *_from = _v_._storage_.first; _from != _at_; ++_from) _before._add(__zor::take_element(*_from));
-      _end_ = __zor::make_taken(_v_._alloc(), _end_, _at_, _v_._storage_._last);
+      __zor::_made_elements<_T, _A> _before(_v_._alloc(), _first);
+      for (_T *_from = _v_._storage_.first; _from != _at_; ++_from) _before._add(__zor::_take_element(*_from));
+      _end_ = __zor::_make_taken(_v_._alloc(), _end_, _at_, _v_._storage_._last);
       _before._keep();
       _made_._last = _end_;
       _end_ = _begin_;
@@ -385,7 +385,7 @@ private:
 
   void push_back(const _T &_value, _no) {
     if (__builtin_expect(_storage_._last != _storage_._limit, 1)) {
-      __zor::make_element(_alloc(), _storage_._last, _value);
+      __zor::_make_element(_alloc(), _storage_._last, _value);
       ++_storage_._last;
     } else {
       _insert_full(_storage_._last, _value);
@@ -415,34 +415,34 @@ private:
 
   template <PLX_SOURCE_TYPES> void _emplace_full(_T *_at, _yes, PLX_SOURCE) {
     const size_type _index = static_cast<size_type>(_at - _storage_.first);
-    __zor::held_copy<_T, _A, typename _traits::_plain> _made(_alloc(), PLX_FORWARD_SOURCE);
+    __zor::_held_copy<_T, _A, typename _traits::_plain> _made(_alloc(), PLX_FORWARD_SOURCE);
     _grow(_grown(1), _yes());
     _at = _storage_.first + _index;
-    __zor::slide_bytes(_at + 1, _at, _storage_._last);
+    __zor::_slide_bytes(_at + 1, _at, _storage_._last);
     _made._move_to(_at);
     ++_storage_._last;
   }
   template <PLX_SOURCE_TYPES> void _emplace_full(_T *_at, _no, PLX_SOURCE) {
     _split _made(*this, _at, 1);
-    __zor::make_element(_alloc(), _made._place(), PLX_FORWARD_SOURCE);
+    __zor::_make_element(_alloc(), _made._place(), PLX_FORWARD_SOURCE);
     _made._made_up_to(_made._place() + 1);
     _made._finish();
   }
 
   template <PLX_SOURCE_TYPES> void _emplace_one(_T *_at, _yes, PLX_SOURCE) {
-    __zor::held_copy<_T, _A, typename _traits::_plain> _made(_alloc(), PLX_FORWARD_SOURCE);
-    __zor::slide_bytes(_at + 1, _at, _storage_._last);
+    __zor::_held_copy<_T, _A, typename _traits::_plain> _made(_alloc(), PLX_FORWARD_SOURCE);
+    __zor::_slide_bytes(_at + 1, _at, _storage_._last);
     _made._move_to(_at);
     ++_storage_._last;
   }
   template <PLX_SOURCE_TYPES> void _emplace_one(_T *_at, _no, PLX_SOURCE) {
     if (_at == _storage_._last) {
-      __zor::make_element(_alloc(), _at, PLX_FORWARD_SOURCE);
+      __zor::_make_element(_alloc(), _at, PLX_FORWARD_SOURCE);
       ++_storage_._last;
       return;
     }
     _T _made(PLX_FORWARD_SOURCE);
-    __zor::make_element(_alloc(), _storage_._last, __zor::_moved(_storage_._last[-1]));
+    __zor::_make_element(_alloc(), _storage_._last, __zor::_moved(_storage_._last[-1]));
     ++_storage_._last;
     for (_T *_to = _storage_._last - 2; _to != _at; --_to) *_to = __zor::_moved(_to[-1]);
     *_at = __zor::_moved(_made);
@@ -455,7 +455,7 @@ private:
   }
   template <class... _Source> void _emplace_back(_no, _Source &&..._given) {
     if (__builtin_expect(_storage_._last != _storage_._limit, 1)) {
-      __zor::make_element(_alloc(), _storage_._last, static_cast<_Source &&>(_given)...);
+      __zor::_make_element(_alloc(), _storage_._last, static_cast<_Source &&>(_given)...);
       ++_storage_._last;
     } else {
       _emplace_full(_storage_._last, typename _traits::_relocatable(), static_cast<_Source &&>(_given)...);
@@ -468,26 +468,26 @@ private:
 
   PLX_LATER void _append_default(size_type _n, _yes) {
     if (_n > _free_room()) _grow(_grown(_n), _yes());
-    _storage_._last = __zor::make_default(_alloc(), _storage_._last, _n);
+    _storage_._last = __zor::_make_default(_alloc(), _storage_._last, _n);
   }
   PLX_LATER void _append_default(size_type _n, _no) {
     if (_n <= _free_room()) {
-      _storage_._last = __zor::make_default(_alloc(), _storage_._last, _n);
+      _storage_._last = __zor::_make_default(_alloc(), _storage_._last, _n);
       return;
     }
     _split _made(*this, _storage_._last, _n);
-    _made._made_up_to(__zor::make_default(_alloc(), _made._place(), _n));
+    _made._made_up_to(__zor::_make_default(_alloc(), _made._place(), _n));
     _made._finish();
   }
 
   // All elements, to another block.
   PLX_LATER _T *_move_to(_T *_to, _yes) noexcept {
     _T *const _end = _to + size();
-    __zor::slide_bytes(_to, _storage_.first, _storage_._last);
+    __zor::_slide_bytes(_to, _storage_.first, _storage_._last);
     _storage_._last = _storage_.first;
     return _end;
   }
-  PLX_LATER _T *_move_to(_T *_to, _no) { return __zor::make_taken(_alloc(), _to, _storage_.first, _storage_._last); }
+  PLX_LATER _T *_move_to(_T *_to, _no) { return __zor::_make_taken(_alloc(), _to, _storage_.first, _storage_._last); }
 #endif
 
   // ---- Several equal elements.
@@ -497,23 +497,23 @@ private:
   }
   void _insert_filled(_T *_at, size_type _n, const _T &_value, _yes) {
     const size_type _index = static_cast<size_type>(_at - _storage_.first);
-    __zor::held_copy<_T, _A, typename _traits::_plain> _copy(_alloc(), _value);
+    __zor::_held_copy<_T, _A, typename _traits::_plain> _copy(_alloc(), _value);
     if (_n > _free_room()) _grow(_grown(_n), _yes());
     _fill_gap(_storage_.first + _index, _n, _copy.get(), typename _traits::_plain());
   }
   void _fill_gap(_T *_at, size_type _n, const _T &_value, _yes) {
-    __zor::slide_bytes(_at + _n, _at, _storage_._last);
-    __zor::make_filled(_alloc(), _at, _n, _value);
+    __zor::_slide_bytes(_at + _n, _at, _storage_._last);
+    __zor::_make_filled(_alloc(), _at, _n, _value);
     _storage_._last += _n;
   }
   void _fill_gap(_T *_at, size_type _n, const _T &_value, _no) {
-    __zor::vector_gap<_T, _A> _gap(_storage_, _at, _n);
-    for (; _n != 0; --_n, ++_gap.at) __zor::make_element(_alloc(), _gap.at, _value);
+    __zor::_vector_gap<_T, _A> _gap(_storage_, _at, _n);
+    for (; _n != 0; --_n, ++_gap.at) __zor::_make_element(_alloc(), _gap.at, _value);
   }
   void _insert_filled(_T *_at, size_type _n, const _T &_value, _no) {
     if (_n > _free_room()) {
       _split _made(*this, _at, _n);
-      _made._made_up_to(__zor::make_filled(_alloc(), _made._place(), _n, _value));
+      _made._made_up_to(__zor::_make_filled(_alloc(), _made._place(), _n, _value));
       _made._finish();
       return;
     }
@@ -521,11 +521,11 @@ private:
     _T *const _end = _storage_._last;
     const size_type _tail = static_cast<size_type>(_end - _at);
     if (_tail > _n) {
-      _storage_._last = __zor::make_taken(_alloc(), _end, _end - _n, _end);
+      _storage_._last = __zor::_make_taken(_alloc(), _end, _end - _n, _end);
       for (_T *_to = _end, *_from = _end - _n; _from != _at;) *--_to = __zor::_moved(*--_from);
     } else {
-      _storage_._last = __zor::make_filled(_alloc(), _end, _n - _tail, _copy);
-      _storage_._last = __zor::make_taken(_alloc(), _storage_._last, _at, _end);
+      _storage_._last = __zor::_make_filled(_alloc(), _end, _n - _tail, _copy);
+      _storage_._last = __zor::_make_taken(_alloc(), _storage_._last, _at, _end);
     }
     for (_T *const _filled = _tail > _n ? _at + _n : _end; _at != _filled; ++_at) *_at = _copy;
   }
@@ -536,11 +536,11 @@ private:
   }
   template <class _V> void _append_filled(size_type _n, const _V &_value, _no) {
     if (_n <= _free_room()) {
-      _storage_._last = __zor::make_filled(_alloc(), _storage_._last, _n, _value);
+      _storage_._last = __zor::_make_filled(_alloc(), _storage_._last, _n, _value);
       return;
     }
     _split _made(*this, _storage_._last, _n);
-    _made._made_up_to(__zor::make_filled(_alloc(), _made._place(), _n, _value));
+    _made._made_up_to(__zor::_make_filled(_alloc(), _made._place(), _n, _value));
     _made._finish();
   }
 
@@ -592,30 +592,30 @@ private:
     if (_n > _free_room()) _grow(_grown(_n), _yes());
     _at = _storage_.first + _index;
     if (_at == _storage_._last) {
-      _storage_._last = __zor::make_copies(_alloc(), _at, _first, _last);
+      _storage_._last = __zor::_make_copies(_alloc(), _at, _first, _last);
       return;
     }
-    __zor::vector_gap<_T, _A> _gap(_storage_, _at, _n);
-    _gap.at = __zor::make_copies(_alloc(), _at, _first, _last);
+    __zor::_vector_gap<_T, _A> _gap(_storage_, _at, _n);
+    _gap.at = __zor::_make_copies(_alloc(), _at, _first, _last);
   }
   template <class _Iterator> void _insert_sized(_T *_at, _Iterator _first, _Iterator _last, size_type _n, _no) {
     if (_n > _free_room()) {
       _split _made(*this, _at, _n);
-      _made._made_up_to(__zor::make_copies(_alloc(), _made._place(), _first, _last));
+      _made._made_up_to(__zor::_make_copies(_alloc(), _made._place(), _first, _last));
       _made._finish();
       return;
     }
     _T *const _end = _storage_._last;
     const size_type _tail = static_cast<size_type>(_end - _at);
     if (_tail > _n) {
-      _storage_._last = __zor::make_taken(_alloc(), _end, _end - _n, _end);
+      _storage_._last = __zor::_make_taken(_alloc(), _end, _end - _n, _end);
       for (_T *_to = _end, *_from = _end - _n; _from != _at;) *--_to = __zor::_moved(*--_from);
       for (; _first != _last; ++_first, (void)++_at) *_at = *_first;
     } else {
       _Iterator _middle = _first;
       std::advance(_middle, static_cast<difference_type>(_tail));
-      _storage_._last = __zor::make_copies(_alloc(), _end, _middle, _last);
-      _storage_._last = __zor::make_taken(_alloc(), _storage_._last, _at, _end);
+      _storage_._last = __zor::_make_copies(_alloc(), _end, _middle, _last);
+      _storage_._last = __zor::_make_taken(_alloc(), _storage_._last, _at, _end);
       for (; _first != _middle; ++_first, (void)++_at) *_at = *_first;
     }
   }
@@ -623,14 +623,14 @@ private:
   template <class _Integer> void _initialize(_Integer _n, _Integer _value, _yes) {
     _storage_._take(static_cast<size_type>(_n));
     _storage_._last =
-        __zor::make_filled(_alloc(), _storage_.first, static_cast<size_type>(_n), static_cast<_T>(_value));
+        __zor::_make_filled(_alloc(), _storage_.first, static_cast<size_type>(_n), static_cast<_T>(_value));
   }
   template <class _Iterator> void _initialize(_Iterator _first, _Iterator _last, _no) {
     _initialize_by(_first, _last, typename iterator_traits<_Iterator>::iterator_category());
   }
   template <class _Iterator> void _initialize_by(_Iterator _first, _Iterator _last, forward_iterator_tag) {
     _storage_._take(static_cast<size_type>(std::distance(_first, _last)));
-    _storage_._last = __zor::make_copies(_alloc(), _storage_.first, _first, _last);
+    _storage_._last = __zor::_make_copies(_alloc(), _storage_.first, _first, _last);
   }
   template <class _Iterator> void _initialize_by(_Iterator _first, _Iterator _last, input_iterator_tag) {
     _insert_range_by(_storage_._last, _first, _last, input_iterator_tag());
@@ -656,12 +656,12 @@ private:
   void _assign_filled(size_type _n, const _T &_value) {
     if (_n > capacity()) {
       _storage _made(_storage_, _n);
-      _made._last = __zor::make_filled(_alloc(), _made.first, _n, _value);
+      _made._last = __zor::_make_filled(_alloc(), _made.first, _n, _value);
       _become(_made);
     } else if (_n > size()) {
       const _T _copy(_value);
       for (_T *_to = _storage_.first; _to != _storage_._last; ++_to) *_to = _copy;
-      _storage_._last = __zor::make_filled(_alloc(), _storage_._last, _n - size(), _copy);
+      _storage_._last = __zor::_make_filled(_alloc(), _storage_._last, _n - size(), _copy);
     } else {
       const _T _copy(_value);
       for (_T *_to = _storage_.first, *const _end = _to + _n; _to != _end; ++_to) *_to = _copy;
@@ -671,12 +671,12 @@ private:
   template <class _Iterator> void _assign_sized(_Iterator _first, _Iterator _last, size_type _n) {
     if (_n > capacity()) {
       _storage _made(_storage_, _n);
-      _made._last = __zor::make_copies(_alloc(), _made.first, _first, _last);
+      _made._last = __zor::_make_copies(_alloc(), _made.first, _first, _last);
       _become(_made);
     } else {
       _assign_within(_first, _last, _n,
-                     typename __zor::_truth < __zor::same_type<typename _traits::_plain, _yes>::value &&
-                         __zor::is_array_of<_Iterator, _T>::value > ::_type());
+                     typename __zor::_truth < __zor::_same_type<typename _traits::_plain, _yes>::value &&
+                         __zor::_is_array_of<_Iterator, _T>::value > ::_type());
     }
   }
   template <class _Iterator> void _assign_within(_Iterator _first, _Iterator, size_type _n, _yes) {
@@ -687,7 +687,7 @@ private:
     _T *_to = _storage_.first;
     if (_n > size()) {
       for (; _to != _storage_._last; ++_first, (void)++_to) *_to = *_first;
-      _storage_._last = __zor::make_copies(_alloc(), _storage_._last, _first, _last);
+      _storage_._last = __zor::_make_copies(_alloc(), _storage_._last, _first, _last);
     } else {
       for (; _first != _last; ++_first, (void)++_to) *_to = *_first;
       _cut(_to);
@@ -698,8 +698,8 @@ private:
 
   void _close(_T *_first, _T *_last, _yes) {
     _T *const _end = _storage_._last;
-    __zor::destroy_range(_alloc(), _first, _last);
-    __zor::slide_bytes(_first, _last, _end);
+    __zor::_destroy_range(_alloc(), _first, _last);
+    __zor::_slide_bytes(_first, _last, _end);
     _storage_._last = _first + (_end - _last);
   }
   void _close(_T *_first, _T *_last, _no) {
@@ -710,27 +710,7 @@ private:
   _storage _storage_;
 };
 
-template <class _T, class _A> inline bool operator==(const vector<_T, _A> &_left, const vector<_T, _A> &_right) {
-  return _left.size() == _right.size() && std::equal(_left.begin(), _left.end(), _right.begin());
-}
-template <class _T, class _A> inline bool operator<(const vector<_T, _A> &_left, const vector<_T, _A> &_right) {
-  return std::lexicographical_compare(_left.begin(), _left.end(), _right.begin(), _right.end());
-}
-template <class _T, class _A> inline bool operator!=(const vector<_T, _A> &_left, const vector<_T, _A> &_right) {
-  return !(_left == _right);
-}
-template <class _T, class _A> inline bool operator>(const vector<_T, _A> &_left, const vector<_T, _A> &_right) {
-  return _right < _left;
-}
-template <class _T, class _A> inline bool operator>=(const vector<_T, _A> &_left, const vector<_T, _A> &_right) {
-  return !(_left < _right);
-}
-template <class _T, class _A> inline bool operator<=(const vector<_T, _A> &_left, const vector<_T, _A> &_right) {
-  return !(_right < _left);
-}
-template <class _T, class _A> inline void swap(vector<_T, _A> &_left, vector<_T, _A> &_right) PLX_NOTHROW {
-  _left.swap(_right);
-}
+PLX_SEQUENCE_COMPARISONS(vector)
 
 }  // namespace std
 

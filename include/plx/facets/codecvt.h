@@ -69,12 +69,12 @@ namespace __zor {
 
 // Between the two: file buffers call the operations with an int, which is the first word of a mbstate_t. The rest of
 // the state is null at the beginning of each call.
-class PLX_API codecvt_by_mbstate : public std::codecvt<char, char, int> {
+class PLX_API _codecvt_by_mbstate : public std::codecvt<char, char, int> {
 protected:
-  explicit codecvt_by_mbstate(std::size_t _refs) PLX_NOTHROW : std::codecvt<char, char, int>(_refs) {
+  explicit _codecvt_by_mbstate(std::size_t _refs) PLX_NOTHROW : std::codecvt<char, char, int>(_refs) {
     _mark(_takes_mbstate);
   }
-  virtual ~codecvt_by_mbstate();
+  virtual ~_codecvt_by_mbstate();
   virtual result do_out(int &_state, const char *_from, const char *_from_end, const char *&_from_next, char *_to,
                         char *_to_end, char *&_to_next) const;
   virtual result do_unshift(int &_state, char *_to, char *_to_end, char *&_to_next) const;
@@ -95,11 +95,11 @@ protected:
 namespace std {
 
 // The same with a mbstate_t. `id` is the one of codecvt<char, char, int>.
-template <> class PLX_API codecvt<char, char, mbstate_t> : public __zor::codecvt_by_mbstate {
+template <> class PLX_API codecvt<char, char, mbstate_t> : public __zor::_codecvt_by_mbstate {
 public:
   typedef mbstate_t state_type;
 
-  explicit codecvt(size_t _refs = 0) PLX_NOTHROW : __zor::codecvt_by_mbstate(_refs) {}
+  explicit codecvt(size_t _refs = 0) PLX_NOTHROW : __zor::_codecvt_by_mbstate(_refs) {}
 
   result out(state_type &_state, const char *_from, const char *_from_end, const char *&_from_next, char *_to,
              char *_to_end, char *&_to_next) const {
@@ -120,10 +120,10 @@ public:
   int encoding() const { return do_encoding(); }
 
 protected:
-  using __zor::codecvt_by_mbstate::do_in;
-  using __zor::codecvt_by_mbstate::do_length;
-  using __zor::codecvt_by_mbstate::do_out;
-  using __zor::codecvt_by_mbstate::do_unshift;
+  using __zor::_codecvt_by_mbstate::do_in;
+  using __zor::_codecvt_by_mbstate::do_length;
+  using __zor::_codecvt_by_mbstate::do_out;
+  using __zor::_codecvt_by_mbstate::do_unshift;
   virtual ~codecvt();
   virtual result do_out(state_type &_state, const char *_from, const char *_from_end, const char *&_from_next,
                         char *_to, char *_to_end, char *&_to_next) const;

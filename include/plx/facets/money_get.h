@@ -15,8 +15,8 @@
 namespace __zor {
 
 // Both store the amount and return true, or change nothing and return false.
-PLX_API bool scan_money(character_source &_from, std::ios_base &_str, bool _intl, long double &_units);
-PLX_API bool scan_money(character_source &_from, std::ios_base &_str, bool _intl, std::string &_digits);
+PLX_API bool _scan_money(_character_source &_from, std::ios_base &_str, bool _intl, long double &_units);
+PLX_API bool _scan_money(_character_source &_from, std::ios_base &_str, bool _intl, std::string &_digits);
 
 }  // namespace __zor
 
@@ -61,8 +61,8 @@ protected:
 private:
   template <class _Amount> static iter_type _get(iter_type &_in, iter_type &_end, bool _intl, ios_base &_str,
                                                  ios_base::iostate &_err, _Amount &_amount) {
-    typename __zor::source_of<_InIter>::_type _from(_in, _end);
-    const bool _done = __zor::scan_money(_from, _str, _intl, _amount);
+    typename __zor::_source_of<_InIter>::_type _from(_in, _end);
+    const bool _done = __zor::_scan_money(_from, _str, _intl, _amount);
     _from._finish();
     if (!_done) _err |= ios_base::failbit;
     if (_in == _end) _err |= ios_base::eofbit;

@@ -18,9 +18,9 @@
 namespace __zor {
 
 // Both fill an empty text.
-PLX_API void make_money_text(std::string &_text, std::ios_base &_str, bool _intl, char _fill, const char *_digits,
-                             size_t _n);
-PLX_API void make_money_text(std::string &_text, std::ios_base &_str, bool _intl, char _fill, long double _units);
+PLX_API void _make_money_text(std::string &_text, std::ios_base &_str, bool _intl, char _fill, const char *_digits,
+                              size_t _n);
+PLX_API void _make_money_text(std::string &_text, std::ios_base &_str, bool _intl, char _fill, long double _units);
 
 }  // namespace __zor
 
@@ -54,13 +54,13 @@ protected:
 
   virtual iter_type do_put(iter_type _out, bool _intl, ios_base &_str, char_type _fill, long double _units) const {
     __zor::_cleanup<string> _text;
-    __zor::make_money_text(_text.get(), _str, _intl, _fill, _units);
+    __zor::_make_money_text(_text.get(), _str, _intl, _fill, _units);
     return _write(_out, _text.get());
   }
   virtual iter_type do_put(iter_type _out, bool _intl, ios_base &_str, char_type _fill,
                            const string_type &_digits) const {
     __zor::_cleanup<string> _text;
-    __zor::make_money_text(_text.get(), _str, _intl, _fill, _digits.data(), _digits.size());
+    __zor::_make_money_text(_text.get(), _str, _intl, _fill, _digits.data(), _digits.size());
     return _write(_out, _text.get());
   }
 

@@ -23,20 +23,20 @@ namespace __zor {
 
 // What the source has next, up to the first character that cannot belong to the number. `_max` has the bits of the
 // type. `_base` becomes the base that was used, or -1 when failbit is due.
-PLX_API unsigned long scan_integer(character_source &_from, std::ios_base &_str, int &_base, bool _is_signed,
-                                   unsigned long _max);
+PLX_API unsigned long _scan_integer(_character_source &_from, std::ios_base &_str, int &_base, bool _is_signed,
+                                    unsigned long _max);
 
 // True when a value was read and stored.
-PLX_API bool scan_real(character_source &_from, std::ios_base &_str, float &_v);
-PLX_API bool scan_real(character_source &_from, std::ios_base &_str, double &_v);
-PLX_API bool scan_real(character_source &_from, std::ios_base &_str, long double &_v);
+PLX_API bool _scan_real(_character_source &_from, std::ios_base &_str, float &_v);
+PLX_API bool _scan_real(_character_source &_from, std::ios_base &_str, double &_v);
+PLX_API bool _scan_real(_character_source &_from, std::ios_base &_str, long double &_v);
 // The text of a floating number as sscanf of the C library's present locale reads it, at most 199 characters and a null
 // character: a longer one is shortened to its first digits and an exponent. False when its digits are grouped wrongly.
-PLX_API bool scan_real_text(character_source &_from, std::ios_base &_str, char *_text);
-PLX_API bool scan_pointer(character_source &_from, std::ios_base &_str, void *&_v);
+PLX_API bool _scan_real_text(_character_source &_from, std::ios_base &_str, char *_text);
+PLX_API bool _scan_pointer(_character_source &_from, std::ios_base &_str, void *&_v);
 
 // Both: the bits to add to err.
-PLX_API std::ios_base::iostate scan_name_of_bool(character_source &_from, std::ios_base &_str, bool &_v);
+PLX_API std::ios_base::iostate _scan_name_of_bool(_character_source &_from, std::ios_base &_str, bool &_v);
 
 }  // namespace __zor
 
@@ -44,7 +44,7 @@ namespace std {
 
 template <class _Ct, class _InIter> class PLX_API num_get : public locale::facet {
   typedef typename __zor::plx_supports_only_char_as_character_type<_Ct>::_type _checked_character_type;
-  typedef typename __zor::source_of<_InIter>::_type _source;
+  typedef typename __zor::_source_of<_InIter>::_type _source;
 
 public:
   typedef _Ct char_type;
@@ -86,7 +86,7 @@ public:
   static unsigned long zor_scan_integral_type(iter_type &_in, iter_type &_end, ios_base &_str, int &_base,
                                               int _is_signed, unsigned long _max) {
     _source _from(_in, _end);
-    const unsigned long _value = __zor::scan_integer(_from, _str, _base, _is_signed != 0, _max);
+    const unsigned long _value = __zor::_scan_integer(_from, _str, _base, _is_signed != 0, _max);
     _from._finish();
     return _value;
   }
@@ -95,7 +95,7 @@ public:
   // digits are grouped wrongly; that the text is no number shows when it is read.
   static bool scan_float_type(iter_type &_in, iter_type &_end, ios_base &_str, char_type *_text) {
     _source _from(_in, _end);
-    const bool _done = __zor::scan_real_text(_from, _str, _text);
+    const bool _done = __zor::_scan_real_text(_from, _str, _text);
     _from._finish();
     return _done;
   }
@@ -108,7 +108,7 @@ protected:
   virtual iter_type do_get(iter_type _in, iter_type _end, ios_base &_str, ios_base::iostate &_err, bool &_v) const {
     if (_str.flags() & ios_base::boolalpha) {
       _source _from(_in, _end);
-      _err |= __zor::scan_name_of_bool(_from, _str, _v);
+      _err |= __zor::_scan_name_of_bool(_from, _str, _v);
       _from._finish();
       return _in;
     }
@@ -158,7 +158,7 @@ protected:
   // Hexadecimal digits, whatever the flags say, or "(nil)": what is written for pointers can be read.
   virtual iter_type do_get(iter_type _in, iter_type _end, ios_base &_str, ios_base::iostate &_err, void *&_v) const {
     _source _from(_in, _end);
-    const bool _done = __zor::scan_pointer(_from, _str, _v);
+    const bool _done = __zor::_scan_pointer(_from, _str, _v);
     _from._finish();
     _note(_in == _end, _done, _err);
     return _in;
@@ -179,7 +179,7 @@ private:
   template <class _V>
   static void _get_real(iter_type &_in, iter_type &_end, ios_base &_str, ios_base::iostate &_err, _V &_v) {
     _source _from(_in, _end);
-    const bool _done = __zor::scan_real(_from, _str, _v);
+    const bool _done = __zor::_scan_real(_from, _str, _v);
     _from._finish();
     _note(_in == _end, _done, _err);
   }

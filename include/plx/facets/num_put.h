@@ -17,23 +17,23 @@
 namespace __zor {
 
 // Where the untyped core below sends the text, piece by piece. What the two operations throw passes through it.
-struct a_text_sink {
-  void (*_put)(a_text_sink *_sink, const char *_text, unsigned int _n);
-  void (*_fill)(a_text_sink *_sink, char _c, unsigned int _n);
+struct _a_text_sink {
+  void (*_put)(_a_text_sink *_sink, const char *_text, unsigned int _n);
+  void (*_fill)(_a_text_sink *_sink, char _c, unsigned int _n);
 };
 
 // Through an output iterator, one character after the other.
-template <class _OutIter> struct text_sink_to : a_text_sink {
-  explicit text_sink_to(const _OutIter &_out) : _out_(_out) {
+template <class _OutIter> struct _text_sink_to : _a_text_sink {
+  explicit _text_sink_to(const _OutIter &_out) : _out_(_out) {
     _put = _put_each;
     _fill = _fill_each;
   }
-  static void _put_each(a_text_sink *_sink, const char *_text, unsigned int _n) {
-    _OutIter &_out = static_cast<text_sink_to *>(_sink)->_out_;
+  static void _put_each(_a_text_sink *_sink, const char *_text, unsigned int _n) {
+    _OutIter &_out = static_cast<_text_sink_to *>(_sink)->_out_;
     for (; _n != 0; --_n, (void)++_out, ++_text) *_out = *_text;
   }
-  static void _fill_each(a_text_sink *_sink, char _c, unsigned int _n) {
-    _OutIter &_out = static_cast<text_sink_to *>(_sink)->_out_;
+  static void _fill_each(_a_text_sink *_sink, char _c, unsigned int _n) {
+    _OutIter &_out = static_cast<_text_sink_to *>(_sink)->_out_;
     for (; _n != 0; --_n, (void)++_out) *_out = _c;
   }
   _OutIter _out_;
@@ -41,21 +41,21 @@ template <class _OutIter> struct text_sink_to : a_text_sink {
 
 // The core: all of them set the stream's width to 0, but for the bool. bad_cast with "Facet not present\n" when the
 // stream's locale lacks numpunct<char> or ctype<char>.
-PLX_API PLX_REGPARM void put_bool(a_text_sink *_sink, std::ios_base &_str, bool _v);
-PLX_API PLX_REGPARM void put_long(a_text_sink *_sink, std::ios_base &_str, char _fill, long _v);
-PLX_API PLX_REGPARM void put_unsigned_long(a_text_sink *_sink, std::ios_base &_str, char _fill, unsigned long _v);
-PLX_API PLX_REGPARM void put_double(a_text_sink *_sink, std::ios_base &_str, char _fill, double _v);
-PLX_API PLX_REGPARM void put_long_double(a_text_sink *_sink, std::ios_base &_str, char _fill, long double _v);
-PLX_API PLX_REGPARM void put_pointer(a_text_sink *_sink, std::ios_base &_str, char _fill, const void *_v);
+PLX_API PLX_REGPARM void _put_bool(_a_text_sink *_sink, std::ios_base &_str, bool _v);
+PLX_API PLX_REGPARM void _put_long(_a_text_sink *_sink, std::ios_base &_str, char _fill, long _v);
+PLX_API PLX_REGPARM void _put_unsigned_long(_a_text_sink *_sink, std::ios_base &_str, char _fill, unsigned long _v);
+PLX_API PLX_REGPARM void _put_double(_a_text_sink *_sink, std::ios_base &_str, char _fill, double _v);
+PLX_API PLX_REGPARM void _put_long_double(_a_text_sink *_sink, std::ios_base &_str, char _fill, long double _v);
+PLX_API PLX_REGPARM void _put_pointer(_a_text_sink *_sink, std::ios_base &_str, char _fill, const void *_v);
 
-PLX_API PLX_REGPARM void put_integer_text(a_text_sink *_sink, std::ios_base &_str, char _fill, const char *_text,
-                                       unsigned int _n);
-PLX_API PLX_REGPARM void put_float_text(a_text_sink *_sink, std::ios_base &_str, char _fill, const char *_text,
-                                     unsigned int _n, unsigned int _extra_zeros, char _point);
-PLX_API PLX_REGPARM char local_decimal_point() PLX_NOTHROW;
+PLX_API PLX_REGPARM void _put_integer_text(_a_text_sink *_sink, std::ios_base &_str, char _fill, const char *_text,
+                                           unsigned int _n);
+PLX_API PLX_REGPARM void _put_float_text(_a_text_sink *_sink, std::ios_base &_str, char _fill, const char *_text,
+                                         unsigned int _n, unsigned int _extra_zeros, char _point);
+PLX_API PLX_REGPARM char _local_decimal_point() PLX_NOTHROW;
 
-PLX_API PLX_REGPARM void make_integer_format(char *_format, char _conversion, int _flags) PLX_NOTHROW;
-PLX_API PLX_REGPARM void make_float_format(char *_format, char _modifier, int _flags) PLX_NOTHROW;
+PLX_API PLX_REGPARM void _make_integer_format(char *_format, char _conversion, int _flags) PLX_NOTHROW;
+PLX_API PLX_REGPARM void _make_float_format(char *_format, char _modifier, int _flags) PLX_NOTHROW;
 
 }  // namespace __zor
 
@@ -63,7 +63,7 @@ namespace std {
 
 template <class _Ct, class _OutIter> class PLX_API num_put : public locale::facet {
   typedef typename __zor::plx_supports_only_char_as_character_type<_Ct>::_type _checked_character_type;
-  typedef __zor::text_sink_to<_OutIter> _a_sink;
+  typedef __zor::_text_sink_to<_OutIter> _a_sink;
 
 public:
   typedef _Ct char_type;
@@ -96,10 +96,10 @@ public:
 
   // plx's own. The formats for printf: at most 6 bytes for an integer ("%+#lX"), 8 for a floating value ("%+#.*Lg").
   static void int_fmt(char *_format, char _conversion, ios_base::fmtflags _flags) {
-    __zor::make_integer_format(_format, _conversion, _flags);
+    __zor::_make_integer_format(_format, _conversion, _flags);
   }
   static void float_fmt(char *_format, char _modifier, ios_base &_str) {
-    __zor::make_float_format(_format, _modifier, _str.flags());
+    __zor::_make_float_format(_format, _modifier, _str.flags());
   }
 
   // plx's own. A text that printf made, grouped, with the locale's decimal point for the C library's present one, and
@@ -107,13 +107,13 @@ public:
   static iter_type print_integral_type(iter_type _out, ios_base &_str, char_type _fill, char *_text,
                                        unsigned int _length) {
     _a_sink _sink(_out);
-    __zor::put_integer_text(&_sink, _str, _fill, _text, _length);
+    __zor::_put_integer_text(&_sink, _str, _fill, _text, _length);
     return _sink._out_;
   }
   static iter_type print_float_type(iter_type _out, ios_base &_str, char_type _fill, char *_text,
                                     unsigned int _extra_zeros, unsigned int _length) {
     _a_sink _sink(_out);
-    __zor::put_float_text(&_sink, _str, _fill, _text, _length, _extra_zeros, __zor::local_decimal_point());
+    __zor::_put_float_text(&_sink, _str, _fill, _text, _length, _extra_zeros, __zor::_local_decimal_point());
     return _sink._out_;
   }
 
@@ -123,33 +123,33 @@ protected:
   // "true" or "false" of the locale with `boolalpha`, else "1" or "0"; width and fill have no say.
   virtual iter_type do_put(iter_type _out, ios_base &_str, char_type, bool _v) const {
     _a_sink _sink(_out);
-    __zor::put_bool(&_sink, _str, _v);
+    __zor::_put_bool(&_sink, _str, _v);
     return _sink._out_;
   }
   virtual iter_type do_put(iter_type _out, ios_base &_str, char_type _fill, long _v) const {
     _a_sink _sink(_out);
-    __zor::put_long(&_sink, _str, _fill, _v);
+    __zor::_put_long(&_sink, _str, _fill, _v);
     return _sink._out_;
   }
   virtual iter_type do_put(iter_type _out, ios_base &_str, char_type _fill, unsigned long _v) const {
     _a_sink _sink(_out);
-    __zor::put_unsigned_long(&_sink, _str, _fill, _v);
+    __zor::_put_unsigned_long(&_sink, _str, _fill, _v);
     return _sink._out_;
   }
   virtual iter_type do_put(iter_type _out, ios_base &_str, char_type _fill, double _v) const {
     _a_sink _sink(_out);
-    __zor::put_double(&_sink, _str, _fill, _v);
+    __zor::_put_double(&_sink, _str, _fill, _v);
     return _sink._out_;
   }
   virtual iter_type do_put(iter_type _out, ios_base &_str, char_type _fill, long double _v) const {
     _a_sink _sink(_out);
-    __zor::put_long_double(&_sink, _str, _fill, _v);
+    __zor::_put_long_double(&_sink, _str, _fill, _v);
     return _sink._out_;
   }
   // As "%p", not grouped. Filled in front with exactly `left`, behind with exactly `right`, and not otherwise.
   virtual iter_type do_put(iter_type _out, ios_base &_str, char_type _fill, const void *_v) const {
     _a_sink _sink(_out);
-    __zor::put_pointer(&_sink, _str, _fill, _v);
+    __zor::_put_pointer(&_sink, _str, _fill, _v);
     return _sink._out_;
   }
 };

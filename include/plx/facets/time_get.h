@@ -15,12 +15,12 @@
 namespace __zor {
 
 // All store what they read and return true, or change nothing and return false.
-PLX_API bool scan_time(character_source &_from, std::tm *_t);
-PLX_API bool scan_date(character_source &_from, std::tm *_t);
-PLX_API bool scan_year(character_source &_from, std::tm *_t);
+PLX_API bool _scan_time(_character_source &_from, std::tm *_t);
+PLX_API bool _scan_date(_character_source &_from, std::tm *_t);
+PLX_API bool _scan_year(_character_source &_from, std::tm *_t);
 // With null for names the environment's.
-PLX_API bool scan_week_day(character_source &_from, std::tm *_t, const std::timepunct<char> *_names);
-PLX_API bool scan_month_name(character_source &_from, std::tm *_t, const std::timepunct<char> *_names);
+PLX_API bool _scan_week_day(_character_source &_from, std::tm *_t, const std::timepunct<char> *_names);
+PLX_API bool _scan_month_name(_character_source &_from, std::tm *_t, const std::timepunct<char> *_names);
 
 }  // namespace __zor
 
@@ -69,11 +69,11 @@ protected:
   virtual dateorder do_date_order() const { return mdy; }
   virtual iter_type do_get_time(iter_type _in, iter_type _end, ios_base &, ios_base::iostate &_err, tm *_t) const {
     _a_source _from(_in, _end);
-    return _note(_from, __zor::scan_time(_from, _t), _in, _end, _err);
+    return _note(_from, __zor::_scan_time(_from, _t), _in, _end, _err);
   }
   virtual iter_type do_get_date(iter_type _in, iter_type _end, ios_base &, ios_base::iostate &_err, tm *_t) const {
     _a_source _from(_in, _end);
-    return _note(_from, __zor::scan_date(_from, _t), _in, _end, _err);
+    return _note(_from, __zor::_scan_date(_from, _t), _in, _end, _err);
   }
   virtual iter_type do_get_weekday(iter_type _in, iter_type _end, ios_base &, ios_base::iostate &_err, tm *_t) const {
     return _get_week_day(_in, _end, _err, _t, 0);
@@ -83,23 +83,23 @@ protected:
   }
   virtual iter_type do_get_year(iter_type _in, iter_type _end, ios_base &, ios_base::iostate &_err, tm *_t) const {
     _a_source _from(_in, _end);
-    return _note(_from, __zor::scan_year(_from, _t), _in, _end, _err);
+    return _note(_from, __zor::_scan_year(_from, _t), _in, _end, _err);
   }
 
   // plx's own, for time_get_byname: null for the environment's names.
   static iter_type _get_week_day(iter_type &_in, iter_type &_end, ios_base::iostate &_err, tm *_t,
                                  const timepunct<_Ct> *_names) {
     _a_source _from(_in, _end);
-    return _note(_from, __zor::scan_week_day(_from, _t, _names), _in, _end, _err);
+    return _note(_from, __zor::_scan_week_day(_from, _t, _names), _in, _end, _err);
   }
   static iter_type _get_month_name(iter_type &_in, iter_type &_end, ios_base::iostate &_err, tm *_t,
                                    const timepunct<_Ct> *_names) {
     _a_source _from(_in, _end);
-    return _note(_from, __zor::scan_month_name(_from, _t, _names), _in, _end, _err);
+    return _note(_from, __zor::_scan_month_name(_from, _t, _names), _in, _end, _err);
   }
 
 private:
-  typedef typename __zor::source_of<_InIter>::_type _a_source;
+  typedef typename __zor::_source_of<_InIter>::_type _a_source;
 
   static iter_type _note(_a_source &_from, bool _done, iter_type &_in, iter_type &_end, ios_base::iostate &_err) {
     _from._finish();

@@ -17,14 +17,14 @@ namespace __zor {
 enum { _time_text_room = 512 };
 
 // What a pattern needs before anything is written: the stream's ctype, and the environment's locale.
-PLX_API const std::ctype<char> &begin_time_put(std::ios_base &_str);
+PLX_API const std::ctype<char> &_begin_time_put(std::ios_base &_str);
 
 // The text of one conversion, in a buffer of _time_text_room bytes; returns its end. With null for names the
 // environment's.
-PLX_API char *make_time_text(char *_text, char _conversion, const std::tm *_t, const std::timepunct<char> *_names);
+PLX_API char *_make_time_text(char *_text, char _conversion, const std::tm *_t, const std::timepunct<char> *_names);
 
 // What %c, %x and %X stand for; null for any other.
-PLX_API const char *expanded_time_format(char _conversion) PLX_NOTHROW;
+PLX_API const char *_expanded_time_format(char _conversion) PLX_NOTHROW;
 
 }  // namespace __zor
 
@@ -46,7 +46,7 @@ public:
   // locale, and what iterators throw.
   iter_type put(iter_type _out, ios_base &_str, char_type _fill, const tm *_t, const _Ct *_pattern,
                 const _Ct *_pattern_end) const {
-    const ctype<_Ct> &_classes = __zor::begin_time_put(_str);
+    const ctype<_Ct> &_classes = __zor::_begin_time_put(_str);
     for (; _pattern != _pattern_end; ++_pattern) {
       if (_classes.narrow(*_pattern, 0) != '%') {
         *_out = *_pattern;
@@ -55,7 +55,7 @@ public:
       }
       if (++_pattern == _pattern_end) break;
       const char _conversion = _classes.narrow(*_pattern, 0);
-      if (const char *const _format = __zor::expanded_time_format(_conversion))
+      if (const char *const _format = __zor::_expanded_time_format(_conversion))
         _out = _put_format(_out, _str, _fill, _t, _format);
       else if (_conversion != 0)
         _out = do_put(_out, _str, _fill, _t, _conversion, 0);
@@ -79,10 +79,10 @@ protected:
   // plx's own, for time_put_byname: null for the environment's names.
   iter_type _put_one(iter_type _out, ios_base &_str, char_type _fill, const tm *_t, char _conversion,
                      const timepunct<_Ct> *_names) const {
-    if (const char *const _format = __zor::expanded_time_format(_conversion))
+    if (const char *const _format = __zor::_expanded_time_format(_conversion))
       return _put_format(_out, _str, _fill, _t, _format);
     char _text[__zor::_time_text_room];
-    const char *const _end = __zor::make_time_text(_text, _conversion, _t, _names);
+    const char *const _end = __zor::_make_time_text(_text, _conversion, _t, _names);
     for (const char *_c = _text; _c != _end; ++_c, (void)++_out) *_out = *_c;
     return _out;
   }

@@ -95,7 +95,7 @@ protected:
   void init(basic_streambuf<_Ct, _T> *_buffer);
 
 private:
-  friend struct __zor::stream_access;
+  friend struct __zor::_stream_access;
   friend struct __zor::_quick_output;
   basic_ios(const basic_ios &);
   basic_ios &operator=(const basic_ios &);

@@ -49,7 +49,7 @@ protected:
   virtual int_type overflow(int_type _c = _T::eof());
 
 private:
-  friend struct __zor::buffer_access;
+  friend struct __zor::_buffer_access;
 
   FILE *_file_;             // null: closed
   short _mode_;             // as open was called with

@@ -74,7 +74,7 @@ public:
 
   // plx's own: num_get knows no such numbers. Sign, white space, prefix and digits as for long, never grouped.
   basic_istream &operator>>(__zor::_longest &_value);
-  basic_istream &operator>>(__zor::unsigned_longest &_value);
+  basic_istream &operator>>(__zor::_unsigned_longest &_value);
 
   // All that is left, into another buffer, as long as that takes it. Nothing at all gives failbit, and so does a null
   // buffer.
@@ -137,7 +137,7 @@ protected:
   basic_istream() : _gcount_(0) {}  // for classes that initialise the shared base themselves
 
 private:
-  friend struct __zor::stream_access;
+  friend struct __zor::_stream_access;
 
   // Most characters need no frame: the stream is good, nothing is tied to it, and its buffer has one ready. eof: it is
   // to be asked for in the frame.

@@ -132,7 +132,7 @@ public:
 
   // plx's own: num_put knows no such numbers. One that a long holds is written as a long, others by the same rules.
   basic_ostream &operator<<(__zor::_longest _value);
-  basic_ostream &operator<<(__zor::unsigned_longest _value);
+  basic_ostream &operator<<(__zor::_unsigned_longest _value);
 
   // What the buffer still has to read. None at all gives failbit, and so does a null buffer.
   basic_ostream &operator<<(basic_streambuf<_Ct, _T> *_from);

@@ -32,7 +32,7 @@ public:
   void str(const basic_string<_Ct, _T, _A> &_text) { _buffer_.str(_text); }
 
 private:
-  friend struct __zor::stream_access;
+  friend struct __zor::_stream_access;
   basic_stringbuf<_Ct, _T, _A> _buffer_;
 };
 
@@ -57,7 +57,7 @@ public:
   void str(const basic_string<_Ct, _T, _A> &_text) { _buffer_.str(_text); }
 
 private:
-  friend struct __zor::stream_access;
+  friend struct __zor::_stream_access;
   basic_stringbuf<_Ct, _T, _A> _buffer_;
 };
 
@@ -84,7 +84,7 @@ public:
   void str(const basic_string<_Ct, _T, _A> &_text) { _buffer_.str(_text); }
 
 private:
-  friend struct __zor::stream_access;
+  friend struct __zor::_stream_access;
   basic_stringbuf<_Ct, _T, _A> _buffer_;
 };
 

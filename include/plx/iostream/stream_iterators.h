@@ -21,7 +21,7 @@ public:
   istream_iterator(istream_type &_in) : _in_(&_in), _value_() { _read(); }
 
   const _T &operator*() const { return _value_; }
-  const _T *operator->() const { return __zor::address_of(_value_); }
+  const _T *operator->() const { return __zor::_address_of(_value_); }
   istream_iterator &operator++() {
     _read();
     return *this;

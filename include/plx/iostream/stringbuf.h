@@ -66,7 +66,7 @@ protected:
   virtual int_type overflow(int_type _c = _T::eof());  // throws bad_alloc, with nothing changed
 
 private:
-  friend struct __zor::buffer_access;
+  friend struct __zor::_buffer_access;
   typedef basic_streambuf<_Ct, _T> _base;
   enum { _step = 64 };
 

@@ -202,8 +202,8 @@ inline locale::~locale() PLX_NOTHROW { _release(); }
 namespace __zor {
 
 // The facet, whose identity may have had no number yet. Throws bad_cast with "Facet not present\n" when there is none.
-PLX_API std::locale::facet &locale_missing_facet(const std::locale::imp *_imp, const std::locale::id &_id)
-    PLX_COLD PLX_REGPARM;
+PLX_API std::locale::facet &_locale_missing_facet(const std::locale::imp *_imp,
+                                                  const std::locale::id &_id) PLX_COLD PLX_REGPARM;
 
 }  // namespace __zor
 
@@ -214,7 +214,7 @@ namespace std {
 template <class _Facet> inline const _Facet &use_facet(const locale &_loc) {
   // Slot 0 is always null: an identity without a number takes the long way too.
   locale::facet *_found = _loc._get_imp()->_get(_Facet::id._get_value());
-  if (__builtin_expect(!_found, 0)) _found = &__zor::locale_missing_facet(_loc._get_imp(), _Facet::id);
+  if (__builtin_expect(!_found, 0)) _found = &__zor::_locale_missing_facet(_loc._get_imp(), _Facet::id);
   return static_cast<const _Facet &>(*_found);
 }
 

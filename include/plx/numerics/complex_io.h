@@ -17,7 +17,7 @@ template <class _Ct, class _T> class basic_streambuf;
 namespace __zor {
 
 // Collects a number's text, so that the stream's width applies to the whole of it.
-template <class _Ct, class _Traits> class complex_text : public std::basic_streambuf<_Ct, _Traits> {
+template <class _Ct, class _Traits> class _complex_text : public std::basic_streambuf<_Ct, _Traits> {
 public:
   typedef std::basic_string<_Ct, _Traits, std::allocator<_Ct> > _text_type;
   const _text_type &_text() const { return _text_; }
@@ -57,7 +57,7 @@ basic_istream<_Ct, _Traits> &operator>>(basic_istream<_Ct, _Traits> &_in, comple
 
 template <class _T, class _Ct, class _Traits>
 basic_ostream<_Ct, _Traits> &operator<<(basic_ostream<_Ct, _Traits> &_out, const complex<_T> &_z) {
-  __zor::complex_text<_Ct, _Traits> _buffer;
+  __zor::_complex_text<_Ct, _Traits> _buffer;
   basic_ostream<_Ct, _Traits> _text(&_buffer);
   _text.flags(_out.flags());
   _text.imbue(_out.getloc());

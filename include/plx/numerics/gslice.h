@@ -17,7 +17,7 @@ public:
   valarray<size_t> stride() const { return _strides_; }
 
 private:
-  friend valarray<size_t> __zor::places_of(const gslice &_places);
+  friend valarray<size_t> __zor::_places_of(const gslice &_places);
 
   size_t _start_;
   valarray<size_t> _lengths_;
@@ -28,7 +28,7 @@ private:
 
 namespace __zor {
 
-inline std::valarray<std::size_t> places_of(const std::gslice &_slice) {
+inline std::valarray<std::size_t> _places_of(const std::gslice &_slice) {
   const std::size_t _dimensions = _slice._lengths_.size();
   std::size_t _n = _dimensions != 0;
   for (std::size_t _d = 0; _d < _dimensions; ++_d) _n *= _slice._lengths_[_d];

@@ -6,8 +6,8 @@
 
 namespace std {
 
-template <class _T> class mask_array : public __zor::valarray_elements<_T, valarray<size_t> > {
-  typedef __zor::valarray_elements<_T, valarray<size_t> > base;
+template <class _T> class mask_array : public __zor::_valarray_elements<_T, valarray<size_t> > {
+  typedef __zor::_valarray_elements<_T, valarray<size_t> > base;
 
 public:
   mask_array(const mask_array &_other) : base(_other) {}

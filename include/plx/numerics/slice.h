@@ -27,9 +27,9 @@ private:
 namespace __zor {
 
 // The places of a slice, as an index.
-class slice_index {
+class _slice_index {
 public:
-  explicit slice_index(const std::slice &_places) PLX_NOTHROW : _slice_(_places) {}
+  explicit _slice_index(const std::slice &_places) PLX_NOTHROW : _slice_(_places) {}
   size_t size() const PLX_NOTHROW { return _slice_.size(); }
   size_t operator[](size_t _i) const PLX_NOTHROW { return _slice_.start() + _i * _slice_.stride(); }
 

@@ -6,8 +6,8 @@
 
 namespace std {
 
-template <class _T> class slice_array : public __zor::valarray_elements<_T, __zor::slice_index> {
-  typedef __zor::valarray_elements<_T, __zor::slice_index> base;
+template <class _T> class slice_array : public __zor::_valarray_elements<_T, __zor::_slice_index> {
+  typedef __zor::_valarray_elements<_T, __zor::_slice_index> base;
 
 public:
   slice_array(const slice_array &_other) : base(_other) {}
@@ -19,7 +19,7 @@ public:
 
 private:
   friend class valarray<_T>;
-  slice_array(_T *_data, const __zor::slice_index &_places) : base(_data, _places) {}
+  slice_array(_T *_data, const __zor::_slice_index &_places) : base(_data, _places) {}
 };
 
 }  // namespace std

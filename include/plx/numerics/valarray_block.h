@@ -7,10 +7,10 @@
 
 namespace __zor {
 
-template <class _T> class valarray_block {
+template <class _T> class _valarray_block {
 public:
-  valarray_block() PLX_NOTHROW : _data_(0), _size_(0) {}
-  ~valarray_block() {
+  _valarray_block() PLX_NOTHROW : _data_(0), _size_(0) {}
+  ~_valarray_block() {
     for (std::size_t _i = _size_; _i-- != 0;) _data_[_i].~_T();
     ::operator delete(_data_);
   }
@@ -19,10 +19,10 @@ public:
   template <class _Source> void _build(std::size_t _n, const _Source &_source) {
     if (_n == 0) return;
     _data_ = std::allocator<_T>().allocate(_n);
-    _build_elements(_n, _source, typename _truth<is_trivially_destroyed<_T>::value>::_type());
+    _build_elements(_n, _source, typename _truth<_is_trivially_destroyed<_T>::value>::_type());
   }
 
-  void swap(valarray_block &_other) PLX_NOTHROW {
+  void swap(_valarray_block &_other) PLX_NOTHROW {
     _T *const _data = _data_;
     _data_ = _other._data_;
     _other._data_ = _data;
@@ -35,8 +35,8 @@ public:
   std::size_t size() const PLX_NOTHROW { return _size_; }
 
 private:
-  valarray_block(const valarray_block &);
-  valarray_block &operator=(const valarray_block &);
+  _valarray_block(const _valarray_block &);
+  _valarray_block &operator=(const _valarray_block &);
 
   template <class _Source> void _build_elements(std::size_t _n, const _Source &_source, _no) {
     for (; _size_ != _n; ++_size_) ::new (static_cast<void *>(_data_ + _size_)) _T(_source(_size_));

@@ -19,52 +19,52 @@ template <class _T> class valarray;
 
 namespace __zor {
 
-struct valarray_access {
+struct _valarray_access {
   template <class _T> static const _T *data(const std::valarray<_T> &_array) PLX_NOTHROW {
     return _array._block_.data();
   }
 };
 
-namespace valarrays {
+namespace _valarrays {
 
 template <class _R, class _Source> class _expression;
 
 // Where an operand's elements come from.
-template <class _Operand> struct source_of;
-template <class _T> struct source_of<std::valarray<_T> > {
-  typedef given_elements<_T> _type;
-  static _type get(const std::valarray<_T> &_array) PLX_NOTHROW { return _type(valarray_access::data(_array)); }
+template <class _Operand> struct _source_of;
+template <class _T> struct _source_of<std::valarray<_T> > {
+  typedef _given_elements<_T> _type;
+  static _type get(const std::valarray<_T> &_array) PLX_NOTHROW { return _type(_valarray_access::data(_array)); }
 };
-template <class _R, class _Source> struct source_of<_expression<_R, _Source> > {
+template <class _R, class _Source> struct _source_of<_expression<_R, _Source> > {
   typedef _Source _type;
   static const _Source &get(const _expression<_R, _Source> &_e) PLX_NOTHROW { return _e._source(); }
 };
 
 // The results of an operation on one operand, on two, on an operand and a value.
-template <class _R, class _Operation, class _A> struct of_one {
-  typedef unary_elements<_R, _Operation, typename source_of<_A>::_type> _source;
+template <class _R, class _Operation, class _A> struct _of_one {
+  typedef _unary_elements<_R, _Operation, typename _source_of<_A>::_type> _source;
   typedef _expression<_R, _source> _type;
-  static _type _make(const _A &_a) { return _type(_a.size(), _source(source_of<_A>::get(_a))); }
+  static _type _make(const _A &_a) { return _type(_a.size(), _source(_source_of<_A>::get(_a))); }
 };
-template <class _R, class _Operation, class _A, class _Bt> struct of_two {
-  typedef binary_elements<_R, _Operation, typename source_of<_A>::_type, typename source_of<_Bt>::_type> _source;
+template <class _R, class _Operation, class _A, class _Bt> struct _of_two {
+  typedef _binary_elements<_R, _Operation, typename _source_of<_A>::_type, typename _source_of<_Bt>::_type> _source;
   typedef _expression<_R, _source> _type;
   static _type _make(const _A &_a, const _Bt &_b) {
-    return _type(_a.size(), _source(source_of<_A>::get(_a), source_of<_Bt>::get(_b)));
+    return _type(_a.size(), _source(_source_of<_A>::get(_a), _source_of<_Bt>::get(_b)));
   }
 };
-template <class _R, class _Operation, class _T, class _A> struct with_value {
-  typedef binary_elements<_R, _Operation, typename source_of<_A>::_type, equal_elements<_T> > _source;
+template <class _R, class _Operation, class _T, class _A> struct _with_value {
+  typedef _binary_elements<_R, _Operation, typename _source_of<_A>::_type, _equal_elements<_T> > _source;
   typedef _expression<_R, _source> _type;
   static _type _make(const _A &_a, const _T &_b) {
-    return _type(_a.size(), _source(source_of<_A>::get(_a), equal_elements<_T>(_b)));
+    return _type(_a.size(), _source(_source_of<_A>::get(_a), _equal_elements<_T>(_b)));
   }
 };
-template <class _R, class _Operation, class _T, class _A> struct of_value {
-  typedef binary_elements<_R, _Operation, equal_elements<_T>, typename source_of<_A>::_type> _source;
+template <class _R, class _Operation, class _T, class _A> struct _of_value {
+  typedef _binary_elements<_R, _Operation, _equal_elements<_T>, typename _source_of<_A>::_type> _source;
   typedef _expression<_R, _source> _type;
   static _type _make(const _T &_a, const _A &_b) {
-    return _type(_b.size(), _source(equal_elements<_T>(_a), source_of<_A>::get(_b)));
+    return _type(_b.size(), _source(_equal_elements<_T>(_a), _source_of<_A>::get(_b)));
   }
 };
 
@@ -75,29 +75,29 @@ public:
 
   const _Self &_self() const PLX_NOTHROW { return static_cast<const _Self &>(*this); }
 
-  typename of_one<_T, plus_operation, _Self>::_type operator+() const {
-    return of_one<_T, plus_operation, _Self>::_make(_self());
+  typename _of_one<_T, _plus_operation, _Self>::_type operator+() const {
+    return _of_one<_T, _plus_operation, _Self>::_make(_self());
   }
-  typename of_one<_T, minus_operation, _Self>::_type operator-() const {
-    return of_one<_T, minus_operation, _Self>::_make(_self());
+  typename _of_one<_T, _minus_operation, _Self>::_type operator-() const {
+    return _of_one<_T, _minus_operation, _Self>::_make(_self());
   }
-  typename of_one<_T, complement_operation, _Self>::_type operator~() const {
-    return of_one<_T, complement_operation, _Self>::_make(_self());
+  typename _of_one<_T, _complement_operation, _Self>::_type operator~() const {
+    return _of_one<_T, _complement_operation, _Self>::_make(_self());
   }
-  typename of_one<bool, not_operation, _Self>::_type operator!() const {
-    return of_one<bool, not_operation, _Self>::_make(_self());
+  typename _of_one<bool, _not_operation, _Self>::_type operator!() const {
+    return _of_one<bool, _not_operation, _Self>::_make(_self());
   }
 
   // Of operands with an element at least.
 
   _T sum() const {
-    const typename source_of<_Self>::_type _source(source_of<_Self>::get(_self()));
+    const typename _source_of<_Self>::_type _source(_source_of<_Self>::get(_self()));
     _T _result(_source(0));
     for (size_t _i = 1, _n = _self().size(); _i < _n; ++_i) _result += _source(_i);
     return _result;
   }
   _T(min)() const {
-    const typename source_of<_Self>::_type _source(source_of<_Self>::get(_self()));
+    const typename _source_of<_Self>::_type _source(_source_of<_Self>::get(_self()));
     _T _least(_source(0));
     for (size_t _i = 1, _n = _self().size(); _i < _n; ++_i) {
       const _T &_value = _source(_i);
@@ -106,7 +106,7 @@ public:
     return _least;
   }
   _T(max)() const {
-    const typename source_of<_Self>::_type _source(source_of<_Self>::get(_self()));
+    const typename _source_of<_Self>::_type _source(_source_of<_Self>::get(_self()));
     _T _most(_source(0));
     for (size_t _i = 1, _n = _self().size(); _i < _n; ++_i) {
       const _T &_value = _source(_i);
@@ -144,7 +144,7 @@ private:
   _Source _source_;
 };
 
-}  // namespace valarrays
+}  // namespace _valarrays
 }  // namespace __zor
 
 #endif

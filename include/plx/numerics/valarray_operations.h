@@ -8,46 +8,46 @@
 
 namespace __zor {
 
-struct assign_operation {
+struct _assign_operation {
   template <class _T> static void _change(_T &_a, const _T &_b) { _a = _b; }
 };
 
 // Two of them have a form for one value too.
-struct plus_operation {
+struct _plus_operation {
   template <class _T> static _T _run(const _T &_a) { return +_a; }
   template <class _T> static _T _run(const _T &_a, const _T &_b) { return static_cast<_T>(_a + _b); }
   template <class _T> static void _change(_T &_a, const _T &_b) { _a += _b; }
 };
-struct minus_operation {
+struct _minus_operation {
   template <class _T> static _T _run(const _T &_a) { return -_a; }
   template <class _T> static _T _run(const _T &_a, const _T &_b) { return static_cast<_T>(_a - _b); }
   template <class _T> static void _change(_T &_a, const _T &_b) { _a -= _b; }
 };
-struct complement_operation {
+struct _complement_operation {
   template <class _T> static _T _run(const _T &_a) { return ~_a; }
 };
-struct not_operation {
+struct _not_operation {
   template <class _T> static bool _run(const _T &_a) { return !_a; }
 };
 
 #define PLX_VALARRAY_OPERATION(name, symbol)                                                                 \
-  struct name##_operation {                                                                                  \
+  struct _##name##_operation {                                                                               \
     template <class _T> static _T _run(const _T &_a, const _T &_b) { return static_cast<_T>(_a symbol _b); } \
     template <class _T> static void _change(_T &_a, const _T &_b) { _a symbol## = _b; }                      \
   };
 #define PLX_VALARRAY_COMPARISON(name, symbol)                                                 \
-  struct name##_operation {                                                                   \
+  struct _##name##_operation {                                                                \
     template <class _T> static bool _run(const _T &_a, const _T &_b) { return _a symbol _b; } \
   };
 #define PLX_VALARRAY_UNARY_FUNCTION(name)              \
-  struct name##_function {                             \
+  struct _##name##_function {                          \
     template <class _T> static _T _run(const _T &_a) { \
       using std::name;                                 \
       return name(_a);                                 \
     }                                                  \
   };
 #define PLX_VALARRAY_BINARY_FUNCTION(name)                           \
-  struct name##_function {                                           \
+  struct _##name##_function {                                        \
     template <class _T> static _T _run(const _T &_a, const _T &_b) { \
       using std::name;                                               \
       return name(_a, _b);                                           \

@@ -2,7 +2,7 @@
 //
 //     piece      _next -> c c c c <- _end      the scanner moves _next, and asks _more() when the piece is used up
 //
-// A facet template that reads [in, end) makes a source_of<its iterator>::_type of the pair, has the scanner in the
+// A facet template that reads [in, end) makes a _source_of<its iterator>::_type of the pair, has the scanner in the
 // library read from it, and calls _finish(), after which `in` stands behind the last character read. Nothing beyond it
 // has been read, except that an iterator over a stream buffer may have looked at the character there.
 //
@@ -14,17 +14,17 @@
 
 namespace __zor {
 
-struct character_source {
+struct _character_source {
   const char *_next;
   const char *_end;
 
   // The next piece, once this one is used up; false at the end.
-  bool (*_more)(character_source *_self);
+  bool (*_more)(_character_source *_self);
 };
 
 // Any input iterator: pieces of one character, which is only passed when the scanner has passed it.
-template <class _InIter> struct iterator_source : character_source {
-  iterator_source(_InIter &_in, const _InIter &_last) : _at_(_in), _last_(_last) {
+template <class _InIter> struct _iterator_source : _character_source {
+  _iterator_source(_InIter &_in, const _InIter &_last) : _at_(_in), _last_(_last) {
     _next = _end = 0;
     _more = _fetch;
   }
@@ -34,8 +34,8 @@ template <class _InIter> struct iterator_source : character_source {
   }
 
 private:
-  static bool _fetch(character_source *_self) {
-    iterator_source &_it = *static_cast<iterator_source *>(_self);
+  static bool _fetch(_character_source *_self) {
+    _iterator_source &_it = *static_cast<_iterator_source *>(_self);
     _it._finish();
     if (_it._at_ == _it._last_) return false;
     _it._c_ = *_it._at_;
@@ -50,8 +50,8 @@ private:
 };
 
 // Pointers: one piece.
-template <class _Pointer> struct pointer_source : character_source {
-  pointer_source(_Pointer &_in, const _Pointer &_last) : _at_(_in) {
+template <class _Pointer> struct _pointer_source : _character_source {
+  _pointer_source(_Pointer &_in, const _Pointer &_last) : _at_(_in) {
     _next = _in;
     _end = _last;
     _more = _no_more;
@@ -59,23 +59,23 @@ template <class _Pointer> struct pointer_source : character_source {
   void _finish() PLX_NOTHROW { _at_ += _next - _at_; }
 
 private:
-  static bool _no_more(character_source *) { return false; }
+  static bool _no_more(_character_source *) { return false; }
 
   _Pointer &_at_;
 };
 
 // Stream buffers: what lies ready in them at once, and otherwise pieces of one character.
-struct streambuf_source : character_source {
+struct _streambuf_source : _character_source {
   typedef std::istreambuf_iterator<char, std::char_traits<char> > _iterator;
 
-  streambuf_source(_iterator &_in, const _iterator &_last) : _at_(_in), _last_(_last), _cursor_(0) {
+  _streambuf_source(_iterator &_in, const _iterator &_last) : _at_(_in), _last_(_last), _cursor_(0) {
     _next = _end = 0;
     _more = _fetch;
   }
   PLX_API void _finish();
 
 private:
-  PLX_API static bool _fetch(character_source *_self);
+  PLX_API static bool _fetch(_character_source *_self);
 
   _iterator &_at_;
   const _iterator &_last_;
@@ -84,10 +84,10 @@ private:
   char _c_;
 };
 
-template <class _InIter> struct source_of { typedef iterator_source<_InIter> _type; };
-template <> struct source_of<char *> { typedef pointer_source<char *> _type; };
-template <> struct source_of<const char *> { typedef pointer_source<const char *> _type; };
-template <> struct source_of<streambuf_source::_iterator> { typedef streambuf_source _type; };
+template <class _InIter> struct _source_of { typedef _iterator_source<_InIter> _type; };
+template <> struct _source_of<char *> { typedef _pointer_source<char *> _type; };
+template <> struct _source_of<const char *> { typedef _pointer_source<const char *> _type; };
+template <> struct _source_of<_streambuf_source::_iterator> { typedef _streambuf_source _type; };
 
 }  // namespace __zor
 

@@ -12,8 +12,8 @@
 #include <plx/streambuf/fpos.h>
 
 namespace __zor {
-struct ios_base_access;
-struct stream_access;
+struct _ios_base_access;
+struct _stream_access;
 struct _quick_output;
 }  // namespace __zor
 
@@ -164,7 +164,7 @@ protected:
   static int index;  // the next that xalloc gives out
 
 private:
-  friend struct __zor::ios_base_access;
+  friend struct __zor::_ios_base_access;
   friend struct __zor::_quick_output;
   ios_base(const ios_base &);
   ios_base &operator=(const ios_base &);

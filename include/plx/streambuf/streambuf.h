@@ -12,7 +12,7 @@
 #include <plx/streambuf/stdio_window.h>
 
 namespace __zor {
-struct buffer_access;
+struct _buffer_access;
 }
 
 namespace std {
@@ -119,7 +119,7 @@ protected:
   locale _loc_;
 
 private:
-  friend struct __zor::buffer_access;
+  friend struct __zor::_buffer_access;
   friend struct __zor::_quick_output;
   friend class basic_istream<_Ct, _T>;
   basic_streambuf(const basic_streambuf &);

@@ -8,7 +8,7 @@
 
 namespace __zor {
 
-template <class _String, class _Iterator> class string_range;
+template <class _String, class _Iterator> class _string_range;
 
 // Takes _c, the buffer's next character, and all that follow it up to the end: into a string, or into another buffer.
 // When that takes no more, or is null, the rest is dropped and the result false.
@@ -67,7 +67,7 @@ public:
   bool equal(const istreambuf_iterator &_other) const { return _at_end() == _other._at_end(); }
 
 private:
-  friend struct __zor::buffer_access;
+  friend struct __zor::_buffer_access;
   friend struct __zor::_buffer_range;
 
   int_type _peek() const {
@@ -114,7 +114,7 @@ public:
   bool failed() const PLX_NOTHROW { return _failed_; }
 
 private:
-  friend struct __zor::buffer_access;
+  friend struct __zor::_buffer_access;
   friend struct __zor::_buffer_range;
 
   streambuf_type *_sb_;
@@ -140,11 +140,11 @@ struct _buffer_range {
 };
 
 // What is left in a buffer becomes a string by blocks.
-template <class _String> class string_range<_String, std::istreambuf_iterator<char, std::char_traits<char> > > {
+template <class _String> class _string_range<_String, std::istreambuf_iterator<char, std::char_traits<char> > > {
   typedef std::istreambuf_iterator<char, std::char_traits<char> > _iterator;
 
 public:
-  string_range(_iterator _first, _iterator _last) : _made_(0u, char()) {
+  _string_range(_iterator _first, _iterator _last) : _made_(0u, char()) {
     std::basic_streambuf<char, std::char_traits<char> > *const _from = _buffer_range::_of(_first, _last);
     if (_from) _append_rest(_made_, *_from, std::char_traits<char>::to_int_type(*_first));
   }

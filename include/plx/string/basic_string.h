@@ -23,9 +23,9 @@ template <> struct plx_strings_use_only_the_standard_allocator<std::allocator<ch
 
 // A range as contiguous characters: those of pointers and of string iterators as they are. Of any other range a string
 // is made first, since its iterators may throw, or look into the string that is about to change.
-template <class _String, class _Iterator> class string_range {
+template <class _String, class _Iterator> class _string_range {
 public:
-  string_range(_Iterator _first, _Iterator _last) : _made_(0u, char()) {
+  _string_range(_Iterator _first, _Iterator _last) : _made_(0u, char()) {
     for (; _first != _last; ++_first) _made_.push_back(static_cast<char>(*_first));
   }
   const char *data() const PLX_NOTHROW { return _made_.data(); }
@@ -36,10 +36,11 @@ private:
   _String _made_;
 };
 
-template <class _String> class string_range<_String, const char *> {
+template <class _String> class _string_range<_String, const char *> {
 public:
-  string_range(const char *_first, const char *_last) PLX_NOTHROW : _first_(_first),
-                                                                    _size_(static_cast<unsigned int>(_last - _first)) {}
+  _string_range(const char *_first, const char *_last) PLX_NOTHROW : _first_(_first),
+                                                                     _size_(static_cast<unsigned int>(_last - _first)) {
+  }
   const char *data() const PLX_NOTHROW { return _first_; }
   unsigned int size() const PLX_NOTHROW { return _size_; }
   _String _text() const { return _String(_first_, _size_); }
@@ -49,16 +50,16 @@ private:
   unsigned int _size_;
 };
 
-template <class _String> class string_range<_String, char *> : public string_range<_String, const char *> {
+template <class _String> class _string_range<_String, char *> : public _string_range<_String, const char *> {
 public:
-  string_range(char *_first, char *_last) PLX_NOTHROW : string_range<_String, const char *>(_first, _last) {}
+  _string_range(char *_first, char *_last) PLX_NOTHROW : _string_range<_String, const char *>(_first, _last) {}
 };
 
-template <class _String, class _Ct> class string_range<_String, pointer_iterator<_Ct> >
-    : public string_range<_String, const char *> {
+template <class _String, class _Ct> class _string_range<_String, _pointer_iterator<_Ct> >
+    : public _string_range<_String, const char *> {
 public:
-  string_range(pointer_iterator<_Ct> _first, pointer_iterator<_Ct> _last) PLX_NOTHROW
-      : string_range<_String, const char *>(_first.base(), _last.base()) {}
+  _string_range(_pointer_iterator<_Ct> _first, _pointer_iterator<_Ct> _last) PLX_NOTHROW
+      : _string_range<_String, const char *>(_first.base(), _last.base()) {}
 };
 
 }  // namespace __zor
@@ -69,7 +70,7 @@ template <class _Ct, class _T, class _A> class PLX_API basic_string {
   typedef typename __zor::plx_supports_only_char_as_character_type<_Ct>::_type _checked_character_type;
   typedef typename __zor::plx_strings_use_only_the_standard_allocator<_A>::_type _checked_allocator;
   typedef __zor::b_str_ref b_str_ref;
-  typedef __zor::string_search<_T> search;
+  typedef __zor::_string_search<_T> search;
 
 public:
   typedef _T traits_type;
@@ -81,8 +82,8 @@ public:
   typedef typename _A::const_reference const_reference;
   typedef typename _A::pointer pointer;
   typedef typename _A::const_pointer const_pointer;
-  typedef __zor::pointer_iterator<_Ct> iterator;
-  typedef __zor::pointer_iterator<const _Ct> const_iterator;
+  typedef __zor::_pointer_iterator<_Ct> iterator;
+  typedef __zor::_pointer_iterator<const _Ct> const_iterator;
   typedef std::reverse_iterator<iterator> reverse_iterator;
   typedef std::reverse_iterator<const_iterator> const_reverse_iterator;
 
@@ -94,18 +95,18 @@ public:
   explicit basic_string(const _A &) PLX_NOTHROW : _rep_(_empty_rep()) {}
   basic_string(const basic_string &_other) : _rep_(_share(_other._rep_)) {}
   basic_string(const basic_string &_other, size_type _pos, size_type _n = npos, const _A & = _A())
-      : _rep_(__zor::string_part(_other._rep_, _pos, _n)) {}
-  basic_string(const _Ct *_text, size_type _n, const _A & = _A()) : _rep_(__zor::string_make(_text, _n)) {}
-  basic_string(const _Ct *_text, const _A & = _A()) : _rep_(__zor::string_make(_text, _length_of(_text))) {}
+      : _rep_(__zor::_string_part(_other._rep_, _pos, _n)) {}
+  basic_string(const _Ct *_text, size_type _n, const _A & = _A()) : _rep_(__zor::_string_make(_text, _n)) {}
+  basic_string(const _Ct *_text, const _A & = _A()) : _rep_(__zor::_string_make(_text, _length_of(_text))) {}
   basic_string(size_type _n, _Ct _c, const _A &_allocator = _A()) { _initialize_storage(_n, _c, _allocator); }
   template <class _Iterator> basic_string(_Iterator _first, _Iterator _last, const _A & = _A())
-      : _rep_(_made_from(_first, _last, typename __zor::is_count<_Iterator>::_type())) {}
+      : _rep_(_made_from(_first, _last, typename __zor::_is_count<_Iterator>::_type())) {}
 #if __cplusplus >= 201103L
   basic_string(basic_string &&_other) noexcept : _rep_(_other._rep_) { _other._rep_ = _empty_rep(); }
 #endif
 #if !PLX_MEMBERS_OF_1998
   PLX_LATER basic_string(initializer_list<_Ct> _list, const _A & = _A())
-      : _rep_(__zor::string_make(_list.begin(), _list.size())) {}
+      : _rep_(__zor::_string_make(_list.begin(), _list.size())) {}
 #endif
   ~basic_string() PLX_NOTHROW { release(_rep_); }
 
@@ -155,12 +156,12 @@ public:
   size_type size() const PLX_NOTHROW { return _rep_->length; }
   size_type length() const PLX_NOTHROW { return _rep_->length; }
   size_type max_size() const PLX_NOTHROW { return npos - 1; }
-  void resize(size_type _n, _Ct _c) { __zor::string_resize(_rep_, _n, _c); }
-  void resize(size_type _n) { __zor::string_resize(_rep_, _n, _Ct()); }
+  void resize(size_type _n, _Ct _c) { __zor::_string_resize(_rep_, _n, _c); }
+  void resize(size_type _n) { __zor::_string_resize(_rep_, _n, _Ct()); }
   size_type capacity() const PLX_NOTHROW { return _rep_->capacity; }
-  void reserve(size_type _n = 0) { __zor::string_reserve(_rep_, _n); }
+  void reserve(size_type _n = 0) { __zor::_string_reserve(_rep_, _n); }
   void clear() PLX_NOTHROW {
-    if (__zor::string_is_private(_rep_)) {
+    if (__zor::_string_is_private(_rep_)) {
       _rep_->count = 1;
       _rep_->length = 0;
       _rep_->data[0] = _Ct();
@@ -175,15 +176,15 @@ public:
 
   const_reference operator[](size_type _pos) const PLX_NOTHROW { return _rep_->data[_pos]; }
   reference operator[](size_type _pos) {
-    if (!__zor::string_is_unshareable(_rep_) || _pos > _rep_->length) __zor::string_expose_at(_rep_, _pos);
+    if (!__zor::_string_is_unshareable(_rep_) || _pos > _rep_->length) __zor::_string_expose_at(_rep_, _pos);
     return _rep_->data[_pos];
   }
   const_reference at(size_type _pos) const {
-    if (_pos >= _rep_->length) __zor::string_out_of_range();
+    if (_pos >= _rep_->length) __zor::_string_out_of_range();
     return _rep_->data[_pos];
   }
   reference at(size_type _pos) {
-    if (_pos >= _rep_->length) __zor::string_out_of_range();
+    if (_pos >= _rep_->length) __zor::_string_out_of_range();
     return _exposed()[_pos];
   }
 #if __cplusplus >= 201103L
@@ -206,16 +207,16 @@ public:
     return append(_other._from(_pos), _other._clipped(_pos, _n));
   }
   basic_string &append(const _Ct *_text, size_type _n) {
-    __zor::string_append(_rep_, _text, _n);
+    __zor::_string_append(_rep_, _text, _n);
     return *this;
   }
   basic_string &append(const _Ct *_text) { return append(_text, _T::length(_text)); }
   basic_string &append(size_type _n, _Ct _c) {
-    __zor::string_append_filled(_rep_, _n, _c);
+    __zor::_string_append_filled(_rep_, _n, _c);
     return *this;
   }
   template <class _Iterator> basic_string &append(_Iterator _first, _Iterator _last) {
-    return _append_range(_first, _last, typename __zor::is_count<_Iterator>::_type());
+    return _append_range(_first, _last, typename __zor::_is_count<_Iterator>::_type());
   }
 #if !PLX_MEMBERS_OF_1998
   PLX_LATER basic_string &operator+=(initializer_list<_Ct> _list) { return append(_list); }
@@ -224,13 +225,13 @@ public:
   void push_back(_Ct _c) {
     b_str_ref *_rep = _rep_;
     const size_type _n = _rep->length + 1;
-    if (_rep->count == 1 && (_n < _rep->capacity || __zor::string_widen(_rep, _n))) {
+    if (_rep->count == 1 && (_n < _rep->capacity || __zor::_string_widen(_rep, _n))) {
       _Ct *_place = _rep->data + _n;
       _rep->length = _n;
       _place[-1] = _c;
       _place[0] = _Ct();
     } else {
-      __zor::string_append_one(_rep_, _c);
+      __zor::_string_append_one(_rep_, _c);
     }
   }
 #if __cplusplus >= 201103L
@@ -244,16 +245,16 @@ public:
     return assign(_other._from(_pos), _other._clipped(_pos, _n));
   }
   basic_string &assign(const _Ct *_text, size_type _n) {
-    __zor::string_assign(_rep_, _text, _n);
+    __zor::_string_assign(_rep_, _text, _n);
     return *this;
   }
   basic_string &assign(const _Ct *_text) { return assign(_text, _T::length(_text)); }
   basic_string &assign(size_type _n, _Ct _c) {
-    __zor::string_assign_filled(_rep_, _n, _c);
+    __zor::_string_assign_filled(_rep_, _n, _c);
     return *this;
   }
   template <class _Iterator> basic_string &assign(_Iterator _first, _Iterator _last) {
-    return _assign_range(_first, _last, typename __zor::is_count<_Iterator>::_type());
+    return _assign_range(_first, _last, typename __zor::_is_count<_Iterator>::_type());
   }
 #if !PLX_MEMBERS_OF_1998
   PLX_LATER basic_string &assign(basic_string &&_other) { return *this = static_cast<basic_string &&>(_other); }
@@ -269,34 +270,34 @@ public:
     return insert(_pos, _other._from(_other_pos), _other._clipped(_other_pos, _n));
   }
   basic_string &insert(size_type _pos, const _Ct *_text, size_type _n) {
-    __zor::string_insert(_rep_, _pos, _text, _n);
+    __zor::_string_insert(_rep_, _pos, _text, _n);
     return *this;
   }
   basic_string &insert(size_type _pos, const _Ct *_text) { return insert(_pos, _text, _length_of(_text)); }
   basic_string &insert(size_type _pos, size_type _n, _Ct _c) {
-    __zor::string_insert_filled(_rep_, _pos, _n, _c);
+    __zor::_string_insert_filled(_rep_, _pos, _n, _c);
     return *this;
   }
   iterator insert(iterator _at, _Ct _c) {
     const size_type _pos = _index_of(_at);
-    __zor::string_insert_filled(_rep_, _pos, 1, _c);
+    __zor::_string_insert_filled(_rep_, _pos, 1, _c);
     return iterator(_exposed() + _pos);
   }
 #if PLX_MEMBERS_OF_1998
-  void insert(iterator _at, size_type _n, _Ct _c) { __zor::string_insert_filled(_rep_, _index_of(_at), _n, _c); }
+  void insert(iterator _at, size_type _n, _Ct _c) { __zor::_string_insert_filled(_rep_, _index_of(_at), _n, _c); }
   template <class _Iterator> void insert(iterator _at, _Iterator _first, _Iterator _last) {
-    _insert_range(_index_of(_at), _first, _last, typename __zor::is_count<_Iterator>::_type());
+    _insert_range(_index_of(_at), _first, _last, typename __zor::_is_count<_Iterator>::_type());
   }
 #else
   PLX_LATER iterator insert(const_iterator _at, _Ct _c) { return insert(_at, 1, _c); }
   PLX_LATER iterator insert(const_iterator _at, size_type _n, _Ct _c) {
     const size_type _pos = _place(_at);
-    __zor::string_insert_filled(_rep_, _pos, _n, _c);
+    __zor::_string_insert_filled(_rep_, _pos, _n, _c);
     return iterator(_exposed() + _pos);
   }
   template <class _Iterator> iterator insert(const_iterator _at, _Iterator _first, _Iterator _last) {
     const size_type _pos = _place(_at);
-    _insert_range(_pos, _first, _last, typename __zor::is_count<_Iterator>::_type());
+    _insert_range(_pos, _first, _last, typename __zor::_is_count<_Iterator>::_type());
     return iterator(_exposed() + _pos);
   }
   PLX_LATER iterator insert(const_iterator _at, initializer_list<_Ct> _list) {
@@ -307,24 +308,24 @@ public:
   // Erasure.
 
   basic_string &erase(size_type _pos = 0, size_type _n = npos) {
-    __zor::string_erase(_rep_, _pos, _n);
+    __zor::_string_erase(_rep_, _pos, _n);
     return *this;
   }
   iterator erase(iterator _at) {
     const size_type _pos = _index_of(_at);
-    __zor::string_erase(_rep_, _pos, 1);
+    __zor::_string_erase(_rep_, _pos, 1);
     return iterator(_exposed() + _pos);
   }
   iterator erase(iterator _first, iterator _last) {
     const size_type _pos = _index_of(_first);
-    __zor::string_erase(_rep_, _pos, static_cast<size_type>(_last - _first));
+    __zor::_string_erase(_rep_, _pos, static_cast<size_type>(_last - _first));
     return iterator(_exposed() + _pos);
   }
 #if !PLX_MEMBERS_OF_1998
   PLX_LATER iterator erase(const_iterator _at) { return erase(_at, _at + 1); }
   PLX_LATER iterator erase(const_iterator _first, const_iterator _last) {
     const size_type _pos = _place(_first);
-    __zor::string_erase(_rep_, _pos, static_cast<size_type>(_last - _first));
+    __zor::_string_erase(_rep_, _pos, static_cast<size_type>(_last - _first));
     return iterator(_exposed() + _pos);
   }
 #endif
@@ -339,14 +340,14 @@ public:
     return replace(_pos, _n1, _other._from(_other_pos), _other._clipped(_other_pos, _n2));
   }
   basic_string &replace(size_type _pos, size_type _n1, const _Ct *_text, size_type _n2) {
-    __zor::string_replace(_rep_, _pos, _n1, _text, _n2);
+    __zor::_string_replace(_rep_, _pos, _n1, _text, _n2);
     return *this;
   }
   basic_string &replace(size_type _pos, size_type _n1, const _Ct *_text) {
     return replace(_pos, _n1, _text, _length_of(_text));
   }
   basic_string &replace(size_type _pos, size_type _n1, size_type _n2, _Ct _c) {
-    __zor::string_replace_filled(_rep_, _pos, _n1, _n2, _c);
+    __zor::_string_replace_filled(_rep_, _pos, _n1, _n2, _c);
     return *this;
   }
   basic_string &replace(iterator _first, iterator _last, const basic_string &_other) {
@@ -364,7 +365,7 @@ public:
   template <class _Iterator>
   basic_string &replace(iterator _first1, iterator _last1, _Iterator _first2, _Iterator _last2) {
     return _replace_range(_index_of(_first1), _count_of(_first1, _last1), _first2, _last2,
-                          typename __zor::is_count<_Iterator>::_type());
+                          typename __zor::_is_count<_Iterator>::_type());
   }
 #if !PLX_MEMBERS_OF_1998
   PLX_LATER basic_string &replace(const_iterator _first, const_iterator _last, const basic_string &_other) {
@@ -382,7 +383,7 @@ public:
   template <class _Iterator>
   basic_string &replace(const_iterator _first1, const_iterator _last1, _Iterator _first2, _Iterator _last2) {
     return _replace_range(_place(_first1), static_cast<size_type>(_last1 - _first1), _first2, _last2,
-                          typename __zor::is_count<_Iterator>::_type());
+                          typename __zor::_is_count<_Iterator>::_type());
   }
   PLX_LATER basic_string &replace(const_iterator _first, const_iterator _last, initializer_list<_Ct> _list) {
     return replace(_first, _last, _list.begin(), _list.size());
@@ -519,31 +520,31 @@ private:
   basic_string(b_str_ref *_rep, _adopt) PLX_NOTHROW : _rep_(_rep) {}
 
   static b_str_ref *_empty_rep() PLX_NOTHROW {
-    if (!nullbuf) __zor::string_make_null(nullbuf);
+    if (!nullbuf) __zor::_string_make_null(nullbuf);
     ++nullbuf->count;
     return nullbuf;
   }
   static b_str_ref *_share(b_str_ref *_rep) {
-    if (__zor::string_is_unshareable(_rep)) return __zor::string_make(_rep->data, _rep->length);
+    if (__zor::_string_is_unshareable(_rep)) return __zor::_string_make(_rep->data, _rep->length);
     ++_rep->count;
     return _rep;
   }
   static void release(b_str_ref *_rep) PLX_NOTHROW {
-    if (__zor::string_is_private(_rep))
-      __zor::string_free(_rep);
+    if (__zor::_string_is_private(_rep))
+      __zor::_string_free(_rep);
     else
       --_rep->count;
   }
   _Ct *_exposed() {
-    if (__builtin_expect(!__zor::string_is_unshareable(_rep_), false)) __zor::string_expose(_rep_);
+    if (__builtin_expect(!__zor::_string_is_unshareable(_rep_), false)) __zor::_string_expose(_rep_);
     return _rep_->data;
   }
 
-  void _initialize_storage(size_type _n, _Ct _c, const _A &) { _rep_ = __zor::string_make_filled(_n, _c); }
+  void _initialize_storage(size_type _n, _Ct _c, const _A &) { _rep_ = __zor::_string_make_filled(_n, _c); }
 
   static size_type _length_of(const _Ct *_text) PLX_NOTHROW { return _text ? _T::length(_text) : 0; }
   const _Ct *_from(size_type _pos) const {
-    if (_pos > _rep_->length) __zor::string_out_of_range();
+    if (_pos > _rep_->length) __zor::_string_out_of_range();
     return _rep_->data + _pos;
   }
   size_type _clipped(size_type _pos, size_type _n) const PLX_NOTHROW {
@@ -567,10 +568,10 @@ private:
   // Ranges: two integers are a count and a character, anything else a sequence.
 
   template <class _Nv> static b_str_ref *_made_from(_Nv _n, _Nv _c, __zor::_yes) {
-    return __zor::string_make_filled(static_cast<size_type>(_n), static_cast<_Ct>(_c));
+    return __zor::_string_make_filled(static_cast<size_type>(_n), static_cast<_Ct>(_c));
   }
   template <class _Iterator> static b_str_ref *_made_from(_Iterator _first, _Iterator _last, __zor::_no) {
-    const __zor::string_range<basic_string, _Iterator> _range(_first, _last);
+    const __zor::_string_range<basic_string, _Iterator> _range(_first, _last);
     const basic_string _made(_range._text());
     return _share(_made._rep_);
   }
@@ -578,21 +579,21 @@ private:
     return append(static_cast<size_type>(_n), static_cast<_Ct>(_c));
   }
   template <class _Iterator> basic_string &_append_range(_Iterator _first, _Iterator _last, __zor::_no) {
-    const __zor::string_range<basic_string, _Iterator> _range(_first, _last);
+    const __zor::_string_range<basic_string, _Iterator> _range(_first, _last);
     return append(_range.data(), _range.size());
   }
   template <class _Nv> basic_string &_assign_range(_Nv _n, _Nv _c, __zor::_yes) {
     return assign(static_cast<size_type>(_n), static_cast<_Ct>(_c));
   }
   template <class _Iterator> basic_string &_assign_range(_Iterator _first, _Iterator _last, __zor::_no) {
-    const __zor::string_range<basic_string, _Iterator> _range(_first, _last);
+    const __zor::_string_range<basic_string, _Iterator> _range(_first, _last);
     return assign(_range.data(), _range.size());
   }
   template <class _Nv> void _insert_range(size_type _pos, _Nv _n, _Nv _c, __zor::_yes) {
     insert(_pos, static_cast<size_type>(_n), static_cast<_Ct>(_c));
   }
   template <class _Iterator> void _insert_range(size_type _pos, _Iterator _first, _Iterator _last, __zor::_no) {
-    const __zor::string_range<basic_string, _Iterator> _range(_first, _last);
+    const __zor::_string_range<basic_string, _Iterator> _range(_first, _last);
     insert(_pos, _range.data(), _range.size());
   }
   template <class _Nv> basic_string &_replace_range(size_type _pos, size_type _n1, _Nv _n2, _Nv _c, __zor::_yes) {
@@ -600,7 +601,7 @@ private:
   }
   template <class _Iterator>
   basic_string &_replace_range(size_type _pos, size_type _n1, _Iterator _first, _Iterator _last, __zor::_no) {
-    const __zor::string_range<basic_string, _Iterator> _range(_first, _last);
+    const __zor::_string_range<basic_string, _Iterator> _range(_first, _last);
     return replace(_pos, _n1, _range.data(), _range.size());
   }
 
@@ -627,27 +628,27 @@ template <class _Ct, class _T, class _A>
 inline basic_string<_Ct, _T, _A> operator+(const basic_string<_Ct, _T, _A> &_left,
                                            const basic_string<_Ct, _T, _A> &_right) {
   typedef basic_string<_Ct, _T, _A> _made;
-  return _made(__zor::string_join(_left.data(), _left.size(), _right.data(), _right.size()), typename _made::_adopt());
+  return _made(__zor::_string_join(_left.data(), _left.size(), _right.data(), _right.size()), typename _made::_adopt());
 }
 template <class _Ct, class _T, class _A>
 inline basic_string<_Ct, _T, _A> operator+(const _Ct *_left, const basic_string<_Ct, _T, _A> &_right) {
   typedef basic_string<_Ct, _T, _A> _made;
-  return _made(__zor::string_join(_left, _T::length(_left), _right.data(), _right.size()), typename _made::_adopt());
+  return _made(__zor::_string_join(_left, _T::length(_left), _right.data(), _right.size()), typename _made::_adopt());
 }
 template <class _Ct, class _T, class _A>
 inline basic_string<_Ct, _T, _A> operator+(_Ct _left, const basic_string<_Ct, _T, _A> &_right) {
   typedef basic_string<_Ct, _T, _A> _made;
-  return _made(__zor::string_join(&_left, 1, _right.data(), _right.size()), typename _made::_adopt());
+  return _made(__zor::_string_join(&_left, 1, _right.data(), _right.size()), typename _made::_adopt());
 }
 template <class _Ct, class _T, class _A>
 inline basic_string<_Ct, _T, _A> operator+(const basic_string<_Ct, _T, _A> &_left, const _Ct *_right) {
   typedef basic_string<_Ct, _T, _A> _made;
-  return _made(__zor::string_join(_left.data(), _left.size(), _right, _T::length(_right)), typename _made::_adopt());
+  return _made(__zor::_string_join(_left.data(), _left.size(), _right, _T::length(_right)), typename _made::_adopt());
 }
 template <class _Ct, class _T, class _A>
 inline basic_string<_Ct, _T, _A> operator+(const basic_string<_Ct, _T, _A> &_left, _Ct _right) {
   typedef basic_string<_Ct, _T, _A> _made;
-  return _made(__zor::string_join(_left.data(), _left.size(), &_right, 1), typename _made::_adopt());
+  return _made(__zor::_string_join(_left.data(), _left.size(), &_right, 1), typename _made::_adopt());
 }
 #if __cplusplus >= 201103L
 template <class _Ct, class _T, class _A>

@@ -9,8 +9,8 @@
 static int asked = 1000;
 #if defined(WITHOUT_SCRATCH) && defined(PLX_CONFIG_H)
 namespace __zor {
-void *take_scratch(size_t) PLX_NOTHROW { return ++asked, static_cast<void *>(0); }
-void give_scratch(void *) PLX_NOTHROW {}
+void *_take_scratch(size_t) PLX_NOTHROW { return ++asked, static_cast<void *>(0); }
+void _give_scratch(void *) PLX_NOTHROW {}
 }  // namespace __zor
 static const int least_asked = 1040;
 #else

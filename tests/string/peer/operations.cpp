@@ -30,7 +30,7 @@ enum a_rule { kept, grown, resized, sum };
 struct a_look {
   unsigned capacity;
   bool owned;
-  explicit a_look(const string &s) : capacity(s.capacity()), owned(__zor::string_is_private(rep_of(s))) {}
+  explicit a_look(const string &s) : capacity(s.capacity()), owned(__zor::_string_is_private(rep_of(s))) {}
   bool changed(const string &s, a_rule by, unsigned n) const {
     const bool fits = owned && n < capacity + (by == resized);
     return rep_of(s) == null_rep() || s.capacity() == (by == kept || (fits && by != sum) ? capacity : n / 32 * 32 + 32);
