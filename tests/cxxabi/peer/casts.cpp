@@ -1,6 +1,6 @@
 // What typeid and type_info say, and dynamic_cast where random/hierarchies has none: through protected bases, of null, by
 // reference, while constructors and destructors run.
-// prints: 14 lines
+// prints: 16 lines
 // test-variants: -O0 | -O2
 #include <stdio.h>
 #include <string.h>
@@ -12,6 +12,10 @@ struct third { int tag; virtual ~third() {} };
 struct part { int tag; };
 struct derived : base { int more; };
 struct joined : derived, second { double d; };
+struct node : base { int n; };
+struct node_a : node {};
+struct node_b : node {};
+struct nodes : node_a, node_b, third {};
 struct secret : private base, public second { base *inside() { return this; } };
 struct hides : protected joined, public third { base *inside() { return this; } joined *hidden() { return this; } };
 
@@ -31,7 +35,7 @@ template <class To, class From> static void cast(From *volatile from, const void
 template <class From> static void from(const char *name, From *p, const void *whole) {
   printf("%s, %d: ", name, (int)((char *)p - (const char *)whole));
   cast<base>(p, whole), cast<second>(p, whole), cast<third>(p, whole), cast<derived>(p, whole);
-  cast<joined>(p, whole), cast<secret>(p, whole), cast<hides>(p, whole);
+  cast<joined>(p, whole), cast<secret>(p, whole), cast<hides>(p, whole), cast<node>(p, whole), cast<node_b>(p, whole);
   From *volatile hidden = p;
   printf("%d %s\n", dynamic_cast<const void *>(hidden) == whole, hidden ? typeid(*hidden).name() : "");
 }
@@ -58,9 +62,9 @@ static int evaluated;
 template <class T> static T &evaluate(T &object) { return ++evaluated, object; }
 
 int main() {
-  joined j; secret s; hides h; derived p;
+  joined j; nodes n; secret s; hides h; derived p;
   FROM(base, p); FROM(base, j); FROM(second, j); from<base>("secret", s.inside(), &s); FROM(second, s);
-  from<base>("hides", h.inside(), &h); FROM(third, h); from<base>("null", 0, 0);
+  from<base>("hides", h.inside(), &h); FROM(third, h); FROM(third, n); from<base>("a", static_cast<node_a *>(&n), &n); from<base>("null", 0, 0);
   { asks_most m; }
 
   const std::type_info *types[] = {&typeid(int), &typeid(const int), &typeid(int &), &typeid(int *), &typeid(const int *),

@@ -128,6 +128,7 @@ template <int size> static void nested_sizes() {
   }
 }
 template <> void nested_sizes<0>() {}
+extern "C" void __cxa_throw_bad_array_new_length();  // some compilers call it, others ask for too much
 static thread_local noisy thread_object(77);
 
 int main() {
@@ -136,6 +137,7 @@ int main() {
   objects();
   all_aligned<aligned<16>>(), all_aligned<aligned<32>>(), all_aligned<aligned<128>>();
   nested_sizes<40>();
+  try { __cxa_throw_bad_array_new_length(); } catch (std::bad_alloc &) {}
   volatile unsigned many = 0x10000;
   try { delete[] new sized<(1 << 20)>[many]; printf("got it"); } catch (std::bad_alloc &) {}
   printf(" %d %d\n", typeid(int) == typeid(const int), thread_object.n);
