@@ -5,6 +5,10 @@
 
 #include "bench.h"
 
+#ifndef WORLD
+#define WORLD "generated C"
+#endif
+
 static unsigned long destroyed = 0;
 
 static void destroy_guard(void *object, int flags) {
@@ -107,10 +111,10 @@ TRY_LOOP(through_20, frame_20((int)i);)
 TRY_LOOP(no_throw, throw_if(0);)
 
 static const bench_case cases[] = {
-    {"generated C: throw and catch", 20, 1, same_function},
-    {"generated C: throw through 5 owning frames", 20, 1, through_5},
-    {"generated C: throw through 20 owning frames", 20, 1, through_20},
-    {"generated C: try block, nothing thrown", 1, 1, no_throw},
+    {WORLD ": throw and catch", 20, 1, same_function},
+    {WORLD ": throw through 5 owning frames", 20, 1, through_5},
+    {WORLD ": throw through 20 owning frames", 20, 1, through_20},
+    {WORLD ": try block, nothing thrown", 1, 1, no_throw},
 };
 
 int main(int argc, char **argv) {

@@ -2,6 +2,10 @@
 // for C code that throws.
 #include "bench.h"
 
+#ifndef WORLD
+#define WORLD "generated C"
+#endif
+
 namespace {
 
 unsigned long destroyed = 0;
@@ -59,10 +63,10 @@ unsigned long try_loop(unsigned long iterations) {
 }
 
 const bench_case cases[] = {
-    {"generated C: throw and catch", 20, 1, try_loop<throw_here>},
-    {"generated C: throw through 5 owning frames", 20, 1, try_loop<throw_below<5> >},
-    {"generated C: throw through 20 owning frames", 20, 1, try_loop<throw_below<20> >},
-    {"generated C: try block, nothing thrown", 1, 1, try_loop<throw_nothing>},
+    {WORLD ": throw and catch", 20, 1, try_loop<throw_here>},
+    {WORLD ": throw through 5 owning frames", 20, 1, try_loop<throw_below<5> >},
+    {WORLD ": throw through 20 owning frames", 20, 1, try_loop<throw_below<20> >},
+    {WORLD ": try block, nothing thrown", 1, 1, try_loop<throw_nothing>},
 };
 
 }  // namespace

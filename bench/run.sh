@@ -1,14 +1,15 @@
 #!/bin/bash
-# Measures plx against its peers, the host's C++ library under g++ and under clang++: times of every case, then what
-# exception handling costs in instructions where nothing is thrown, then sizes, start-up and what is taken in of two
-# small programs, with shared libraries and static.
+# Measures plx against the host's C++ library, each with g++ and with clang++: times of every case, those of exceptions
+# in static programs too, then what exception handling costs in instructions where nothing is thrown, then sizes,
+# start-up and what is taken in of two small programs, with shared libraries and static.
 #
-#   bench/run.sh [NAME...]     NAME: a program (exceptions), part of a case's name ("append"), `instructions` or `size`
+#   bench/run.sh [NAME...]     NAME: a program (exceptions), part of a case's name ("append"), `static`, `instructions`
+#                              or `size`
 #
 # PLX_PREFIX is the build tree or installed prefix to measure; without it only the peers run. BENCH_ROUNDS (7) runs of
 # every case are interleaved build by build, so that a machine that slows down slows all, and the medians compared.
-# A ratio is the better peer's time divided by ours: above 1 we are faster. "behind" marks a case that is more than 3 %
-# below its target; less is noise. Exits 1 when something could not be built or run, or when builds of one case computed
+# A ratio is the time with the compiler's own library divided by ours with the same compiler: above 1 we are faster.
+# "behind" marks a case of which one of the two ratios is more than 3 % below the target; less is noise. Exits 1 when something could not be built or run, or when builds of one case computed
 # different results; never because of a time.
 set -u
 export LC_ALL=C
@@ -25,18 +26,18 @@ fail() {
   failures=$((failures + 1))
 }
 
-# The builds that take part; plx comes first when it is there. The peers are what this machine can build: clang as plx
-# uses it, and both for 32 bits.
+# The builds that take part; plx comes first when it is there. All are built for 32 bits and a fixed address, because
+# position-independent code on this processor pays for itself at every call.
 gcc=g++
 clang=$(command -v clang++-14) || clang="clang++"
 takes_part() {
   echo '#include <string>
     int main(int argc, char **argv) { return std::string(argv[0]).size() == argc; }' > "$work/probe.cpp"
-  "$2" -m32 "$work/probe.cpp" -o "$work/probe" > "$work/log" 2>&1 && builds+=("$1") && return
+  "$2" -m32 "$work/probe.cpp" -o "$work/probe" > "$work/log" 2>&1 && builds+=(${prefix:+"plx-$1"} "$1") && pairs+=("$1") && return
   echo "without $1: it does not build 32-bit C++ programs on this machine"
 }
-builds=()
-if [ -n "$prefix" ]; then builds+=(plx); else echo "PLX_PREFIX is not set: only the peers are measured"; fi
+builds=() pairs=()
+[ -n "$prefix" ] || echo "PLX_PREFIX is not set: only the peers are measured"
 takes_part gcc "$gcc"
 takes_part clang "$clang"
 if [ ${#builds[@]} -eq 0 ]; then
@@ -44,17 +45,19 @@ if [ ${#builds[@]} -eq 0 ]; then
   exit 1
 fi
 
-# compile BUILD SOURCE OUTPUT [OPTION...]: one program, with the same options everywhere. The peers are built for a fixed address
-# too, because position-independent code on this processor pays for itself at every call.
+# compile BUILD SOURCE OUTPUT [OPTION...]: one program, with the same options everywhere.
 compile() {
-  local build=$1 source=$2 output=$3 compiler
+  local build=$1 source=$2 output=$3 with compiler
+  case $build in *clang) with=$clang ;; *) with=$gcc ;; esac
   case $build:$source in
-    plx:*.c) compiler=("$prefix/bin/plx-cc" -O2) ;;
-    plx:*) compiler=("$prefix/bin/plx-c++" -O2 -std=gnu++98) ;;
-    gcc:*) compiler=("$gcc" -m32 -O2 -std=gnu++98 -fno-pic -no-pie) ;;
-    clang:*) compiler=("$clang" -m32 -O2 -std=gnu++98 -fno-pic -no-pie) ;;
+    plx-*:*/mixed.c) compiler=("$prefix/bin/plx-c++") ;;
+    plx-*:*.c) compiler=("$prefix/bin/plx-cc") ;;
+    plx-*) compiler=("$prefix/bin/plx-c++" -std=gnu++98) ;;
+    *) compiler=("$with" -m32 -std=gnu++98) ;;
   esac
-  "${compiler[@]}" "$source" -o "$output" "${@:4}" 2> "$work/log" && return
+  # The C compiler that belongs to a C++ compiler has nearly its name.
+  PLX_CXX=$with PLX_CC=$(sed 's/clang++/clang/; t; s/g++/gcc/' <<< "$with") "${compiler[@]}" -O2 -fno-pic -no-pie \
+    "$source" -o "$output" "${@:4}" 2> "$work/log" && return
   fail "$source does not build with ${compiler[0]##*/}:"
   head -5 "$work/log" >&2
   return 1
@@ -77,10 +80,11 @@ wanted() {
 program_of() { local name=${1##*/}; echo "${name%.c*}"; }
 peer_source() { case $1 in *.c) echo "${1%.c}.peer.cpp" ;; *) echo "$1" ;; esac; }
 
-# Builds a program's source with each build, when the filter wants any of its cases.
+# prepare SOURCE [OPTION...]: builds a program with each build, when the filter wants any of its cases.
 # Appends "program<TAB>case<TAB>target" to the plan.
 prepare() {
   local source=$1 program build listed=
+  shift
   program=$(program_of "$source")
   if [ ${#filter[@]} -gt 0 ] && ! wanted "$program"; then
     # Only a case's name can still match: names stand in the source as string literals.
@@ -90,8 +94,8 @@ prepare() {
   fi
   for build in "${builds[@]}"; do
     local input=$source
-    [ "$build" != plx ] && input=$(peer_source "$source")
-    compile "$build" "$input" "$work/$program.$build" || continue
+    [[ $build != plx-* ]] && input=$(peer_source "$source")
+    compile "$build" "$input" "$work/$program.$build" "$@" || continue
     [ -z "$listed" ] && listed=$("$work/$program.$build" list)
   done
   local name target
@@ -116,9 +120,10 @@ measure() {
   done
 }
 
-# One line of the table: medians, ratio, target; exit status 3 when the checksums differ.
+# One line of the table: for each compiler the medians of plx and of its own library, and their ratio; then the target.
+# Exit status 3 when the checksums differ.
 report_case() {
-  awk -F '\t' -v name="$1" -v target="$2" -v ratios="$work/ratios" '
+  awk -F '\t' -v name="$1" -v target="$2" -v ratios="$work/ratios" -v pairs="${pairs[*]}" '
     $1 == name { values[$2] = values[$2] " " $3; if (sums != "" && sums != $4) differ = 1; sums = $4 }
     function median(list,   v, n, i, k, t) {
       n = split(list, v, " ")
@@ -127,33 +132,58 @@ report_case() {
     }
     function shown(ns) { return ns < 0 ? "-" : sprintf(ns < 100 ? "%.2f" : "%.0f", ns) }
     END {
-      ours = median(values["plx"]); gcc = median(values["gcc"]); clang = median(values["clang"])
-      best = gcc < 0 || (clang >= 0 && clang < gcc) ? clang : gcc
-      ratio = ours > 0 && best > 0 ? best / ours : 0
-      behind = ratio < target * 0.97
-      if (ratio) print ratio, behind >> ratios
-      printf "%-50s %10s %10s %10s %8s %7s  %s\n", name, shown(ours), shown(gcc), shown(clang),
-             ratio ? sprintf("%.2f", ratio) : "-", target, ratio && behind ? "behind" : ""
+      printf "%-50s", name
+      count = split(pairs, pair, " ")
+      for (i = 1; i <= count; ++i) {
+        ours = median(values["plx-" pair[i]]); theirs = median(values[pair[i]])
+        ratio = ours > 0 && theirs > 0 ? theirs / ours : 0
+        printf " %10s %10s %7s", shown(ours), shown(theirs), ratio ? sprintf("%.2f", ratio) : "-"
+        if (!ratio) continue
+        if (ratio < target * 0.97) behind = 1
+        print ratio, pair[i] >> ratios
+      }
+      if (behind) print 0, "behind" >> ratios
+      printf " %7s  %s\n", target, behind ? "behind" : ""
       exit differ ? 3 : 0
     }' "$work/results"
 }
 
-run_times() {
-  local source program name target current=
+# times HEADING SOURCE... [-- OPTION...]: a table.
+times() {
+  local heading=$1 sources=() source program name target pair current=
+  shift
+  while [ $# -gt 0 ] && [ "$1" != -- ]; do sources+=("$1"); shift; done
+  [ $# -eq 0 ] || shift
   : > "$work/plan"; : > "$work/results"; : > "$work/ratios"
-  for source in "$source_dir"/*.cpp "$source_dir"/*.c; do
-    case $source in *.peer.cpp) ;; *) prepare "$source" ;; esac
+  for source in "${sources[@]}"; do
+    case $source in *.peer.cpp) ;; *) prepare "$source" "$@" ;; esac
   done
   [ -s "$work/plan" ] || return
-  printf '%-50s %10s %10s %10s %8s %7s\n' "ns per operation, median of $rounds" plx g++ clang++ ratio target
+  measured=1
+  printf '%-50s' "$heading, median of $rounds"
+  for pair in "${pairs[@]}"; do printf ' %10s %10s %7s' "plx $pair" "$pair" ratio; done
+  printf ' %7s\n' target
   while IFS=$'\t' read -r program name target; do
     [ "$program" != "$current" ] && echo "$program" && current=$program
     measure "$program" "$name"
     report_case "$name" "$target" || fail "$program, \"$name\": the builds computed different results"
   done < "$work/plan"
-  awk '{ sum += log($1); behind += $2 } END { if (NR)
-    printf "geometric mean of %d ratios: %.2f; behind their target: %d\n", NR, exp(sum / NR), behind }' "$work/ratios"
+  awk '$2 == "behind" { ++behind; next } { sum[$2] += log($1); ++n[$2] } END {
+    printf "geometric mean of the ratios:"
+    for (pair in n) printf " %.2f of %d with %s,", exp(sum[pair] / n[pair]), n[pair], pair
+    printf " behind their target: %d\n", behind }' "$work/ratios"
   echo
+}
+
+measured=
+run_times() { times "ns per operation" "$source_dir"/*.cpp "$source_dir"/*.c; }
+
+# Exceptions in static programs.
+run_static() {
+  [ ${#filter[@]} -eq 0 ] || wanted static || return
+  [ -f "$prefix/lib/libplx.a" ] || { echo "without static programs: there is no $prefix/lib/libplx.a"; return; }
+  local filter=()
+  times "ns per operation, static programs" "$source_dir"/{exceptions.cpp,generated.c,mixed.c} -- -static
 }
 
 # ---- Instructions where nothing is thrown ---------------------------------------------------------------------------
@@ -213,22 +243,17 @@ symbols() {
 }
 
 # Takes what a linker tells with -t -t; prints the members that it took of the C++ library's archives.
-members() { sed -nE 's/^\(.*\/lib(plx|plx_clang|stdc\+\+|supc\+\+)\.a\)(.*)$/\2/p' | sort -u; }
+members() { sed -nE 's/^\(.*\/lib(plx|plx_pie|plx_start|stdc\+\+|supc\+\+)\.a\)(.*)$/\2/p' | sort -u; }
 
 # The builds of the small programs: those of the times, and static ones.
 declare -a size_builds
 prepare_sizes() {
   local build name source
   size_builds=("${builds[@]}")
-  for build in plx gcc; do
-    [[ " ${builds[*]} " == *" $build "* ]] || continue
-    if [ "$build" = plx ] && [ ! -f "$prefix/lib/libplx.a" ]; then
-      echo "without plx-static: there is no $prefix/lib/libplx.a"
-    else
-      size_builds+=("$build-static")
-    fi
+  for build in "${builds[@]:0:2}"; do
+    [[ $build = plx-* && ! -f $prefix/lib/libplx.a ]] || size_builds+=("$build-static")
   done
-  for source in "$source_dir"/startup/hello_*.cpp; do
+  for source in "$source_dir"/startup/*.cpp; do
     name=$(program_of "$source")
     for build in "${size_builds[@]}"; do
       case $build in
@@ -254,6 +279,8 @@ size_of_libraries() { case $1 in *-static) echo - ;; *) libraries "$1" | strippe
 relocations_in_all() { { echo "$1"; case $1 in *-static) ;; *) libraries "$1" ;; esac; } | relocations; }
 symbols_looked_up() { case $1 in *-static) echo - ;; *) symbols "$1" ;; esac; }
 objects_taken_in() { case $1 in *-static) wc -l < "$1.members" ;; *) echo - ;; esac; }
+# once COLUMN PROGRAM: the median of what 41 processes print, in microseconds.
+once() { for ((i = 0; i < 41; ++i)); do "$2"; done | sort -n -k "$1,$1" | awk -v column="$1" 'NR == 21 { printf "%.1f", $column / 1000 }'; }
 start_up() { awk -v program="$2" -v column="$1" '$3 == program { print $column }' "$work/startup"; }
 
 run_size() {
@@ -278,28 +305,32 @@ run_size() {
     size_row "$what: from fork to exit, us, least of 400" start_up 1
     size_row "$what: from fork to exit, us, median" start_up 2
   done
+  name=first_throw
+  size_row "the first throw of a process, us" once 1
+  size_row "through 20 frames that are new to it, us" once 2
   echo
   for build in "${builds[@]}"; do
-    [ "$build" != plx ] && [[ " ${builds[*]} " == *" plx "* ]] && awk -v peer="$build" -v ours="$work/hello_iostream.plx" \
+    [[ $build != plx-* && " ${builds[*]} " == *" plx-$build "* ]] && awk -v peer="$build" -v ours="$work/hello_iostream.plx-$build" \
       -v theirs="$work/hello_iostream.$build" '$3 == ours { a = $1; b = $2 } $3 == theirs { c = $1; d = $2 } END {
       printf "hello by <iostream> from fork to exit, of %s'"'"'s time: %.2f by the least, %.2f by the median (target 0.60)\n",
              peer, a / c, b / d }' "$work/startup"
   done
-  [ -f "$work/hello_throw.plx-static.members" ] || return
+  [ -f "$work/hello_throw.plx-gcc-static.members" ] || return
   printf '\n%-50s %10s %10s\n' "objects of libplx.a in a static program" throw iostream
-  for folder in libC exceptions string containers locale iostream clang; do
+  for folder in libC exceptions string containers numbers locale iostream cxxabi unwind; do
     printf '%-50s' "$folder"
     for name in hello_throw hello_iostream; do
       (cd "$source_dir/../$folder" && find . -name '*.cpp' -o -name '*.S') | sed 's/.*\///; s/$/.o/' | sort -u |
-        comm -12 - "$work/$name.plx-static.members" | wc -l | awk '{ printf " %10s", $1 }'
+        comm -12 - "$work/$name.plx-gcc-static.members" | wc -l | awk '{ printf " %10s", $1 }'
     done
     echo
   done
 }
 
 run_times
+run_static
 run_instructions
 run_size
-[ -s "$work/plan" ] || wanted instructions size || fail "nothing is called ${filter[*]}"
+[ -n "$measured" ] || wanted instructions size || fail "nothing is called ${filter[*]}"
 [ "$failures" -eq 0 ] || echo "bench: $failures of the measurements failed" >&2
 [ "$failures" -eq 0 ]

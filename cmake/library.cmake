@@ -1,7 +1,7 @@
 # libplx.so.3: every source of the library's folders, in one shared object that stands on the C library only; and
 # libplx.a, the same for static programs.
 
-set(PLX_FOLDERS libC libC/i386 exceptions string containers locale iostream cxxabi cxxabi/i386 unwind)
+set(PLX_FOLDERS libC libC/i386 exceptions string containers numbers locale iostream cxxabi cxxabi/i386 unwind)
 list(TRANSFORM PLX_FOLDERS APPEND /*.cpp OUTPUT_VARIABLE PLX_GLOBS)
 file(GLOB PLX_COMMON_SOURCES CONFIGURE_DEPENDS RELATIVE ${CMAKE_SOURCE_DIR} ${PLX_GLOBS})
 # What depends on how the library is linked to a program.
@@ -15,6 +15,18 @@ include(cmake/start_order.cmake)
 set_source_files_properties(
   containers/vector_instances.cpp locale/facet_vector.cpp locale/moneypunct.cpp locale/time_get.cpp cxxabi/readable_name.cpp
   PROPERTIES COMPILE_OPTIONS $<$<CONFIG:Release>:-Os>)
+
+# The day of the sources stands for that of the build: the same sources make the same library.
+if(NOT DEFINED ENV{SOURCE_DATE_EPOCH})
+  execute_process(COMMAND git -C ${CMAKE_SOURCE_DIR} log -1 --format=%ct
+    OUTPUT_VARIABLE seconds OUTPUT_STRIP_TRAILING_WHITESPACE ERROR_QUIET RESULT_VARIABLE failed)
+  if(failed EQUAL 0 AND seconds)
+    set(ENV{SOURCE_DATE_EPOCH} ${seconds})
+  endif()
+endif()
+string(TIMESTAMP PLX_DATE "%Y-%m-%d" UTC)
+set_source_files_properties(libC/version.cpp
+  PROPERTIES COMPILE_DEFINITIONS "PLX_VERSION=\"${PROJECT_VERSION}\";PLX_DATE=\"${PLX_DATE}\"")
 
 # The processor that everything may count on; whatever needs more asks the processor at run time.
 set(PLX_TARGET_FLAGS -m32 -march=i686 -mtune=generic)
@@ -33,11 +45,12 @@ endif()
 # What runs seldom, or does long work, has frame pointers: its tables are half as long again without.
 file(GLOB PLX_SELDOM_RUN RELATIVE ${CMAKE_SOURCE_DIR}
   locale/money*.cpp locale/time*.cpp locale/messages*.cpp locale/locale*.cpp locale/imp.cpp locale/collate.cpp locale/codecvt.cpp
-  locale/num_put_layout.cpp exceptions/*.cpp iostream/strstream*.cpp iostream/standard_streams.cpp iostream/filebuf_open.cpp
+  locale/num_get.cpp locale/num_put*.cpp exceptions/*.cpp iostream/strstream*.cpp iostream/standard_streams.cpp iostream/filebuf_open.cpp
   iostream/ios_base.cpp iostream/*position*.cpp iostream/file_streams.cpp iostream/string_streams.cpp locale/facet*.cpp
   locale/numpunct.cpp locale/ctype.cpp libC/array.cpp
   iostream/extract_long_long.cpp libC/needed_destruction.cpp libC/uncaught_report.cpp containers/*_instances.cpp cxxabi/readable_name.cpp
-  unwind/frame_*.cpp unwind/expression.cpp)
+  unwind/frame_*.cpp unwind/expression.cpp iostream/basic_ios.cpp iostream/failure.cpp iostream/stringbuf_operations.cpp
+  iostream/istream.cpp iostream/ostream.cpp locale/num_get.cpp locale/timepunct.cpp cxxabi/abi_type_info.cpp)
 set_property(SOURCE ${PLX_SELDOM_RUN} APPEND PROPERTY COMPILE_OPTIONS -fno-omit-frame-pointer)
 set(PLX_WARNINGS -Wall -Wextra -Werror -Wundef -Wvla -Wpointer-arith -Wnon-virtual-dtor)
 

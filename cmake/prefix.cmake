@@ -27,6 +27,9 @@ foreach(name stdc++ supc++ c++ c++abi)
   file(CONFIGURE OUTPUT ${PLX_LIB}/plx-3/lib${name}.a CONTENT "!<arch>\n" @ONLY)
 endforeach()
 
+# What programs export for the shared objects that they load: the identities of generated C.
+file(CONFIGURE OUTPUT ${PLX_LIB}/plx-3/exports.list CONTENT "{ __TID_*; };\n" @ONLY)
+
 set(PLX_SHARE ${CMAKE_BINARY_DIR}/share)
 foreach(name plx plx-c)
   configure_file(driver/${name}.pc.in ${PLX_SHARE}/pkgconfig/${name}.pc @ONLY)

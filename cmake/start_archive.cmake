@@ -1,5 +1,5 @@
-# libplx_start.a: what is linked into every program and every shared object of C++, beside the library; so it is
-# position-independent. One object per member.
+# libplx_start.a: what is linked into every program and every shared object of C++, and in part into shared objects of
+# generated C, beside the library; so it is position-independent. One object per member.
 
 file(GLOB PLX_START_SOURCES CONFIGURE_DEPENDS RELATIVE ${CMAKE_SOURCE_DIR} */program/*.cpp)
 add_library(plx_start STATIC ${PLX_START_SOURCES})

@@ -1,6 +1,6 @@
-# The order of the sources in libplx.so. What every start runs through stands together at the beginning, in pages that
-# the dynamic linker has touched anyhow; the 8 KB that the runtime keeps for exceptions stand behind all other data, so
-# that what a start writes lies in one page. A source that is not named here only costs pages.
+# The order of the sources in libplx.so, to save page faults. What every start executes stands together at the beginning
+# of the text; the 8 KB of exception memory stand behind all other zero-initialised data, so that what a start writes
+# lies on one page. A source that is not named here costs at most a page fault.
 
 set(PLX_ORDERED_SOURCES
   libC/exit.cpp libC/needed_destruction.cpp libC/eh_globals.cpp libC/eh_tools.cpp libC/operator_new.cpp

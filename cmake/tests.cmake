@@ -105,7 +105,7 @@ endfunction()
 
 file(MAKE_DIRECTORY ${CMAKE_BINARY_DIR}/tests)
 file(GLOB test_files CONFIGURE_DEPENDS RELATIVE ${CMAKE_SOURCE_DIR}/tests tests/*/*.cpp tests/*/*.c tests/*/*.sh)
-list(FILTER test_files EXCLUDE REGEX "^(fuzz|mutants)/")
+list(FILTER test_files EXCLUDE REGEX "^(foreign|fuzz|mutants)/")
 if(NOT PLX_TEST_ONCE)
   list(FILTER test_files EXCLUDE REGEX "^(documents|gdb|headers|install)/.*\\.sh$|^driver/(places|setup)\\.sh$")
 endif()
@@ -120,11 +120,6 @@ foreach(file IN LISTS test_files)
     plx_program_tests(${name} plx-cc "${source}" "")
   endif()
 endforeach()
-
-# Much to compile, and sources to fetch.
-if(TEST install/foreign_programs)
-  set_tests_properties(install/foreign_programs PROPERTIES TIMEOUT 900)
-endif()
 
 file(GLOB mixed_folders CONFIGURE_DEPENDS RELATIVE ${CMAKE_SOURCE_DIR}/tests LIST_DIRECTORIES true tests/mixed/*)
 foreach(folder IN LISTS mixed_folders)

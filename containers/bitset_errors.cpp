@@ -1,5 +1,5 @@
 // The exceptions of bitset with their texts, thrown here so that no instantiation of the template holds code for it.
-// "occured" is the text that this library has always had in this place.
+// "occured" is the text of the interface.
 
 #include <stdexcept>
 

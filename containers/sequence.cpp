@@ -23,8 +23,7 @@ PLX_NOINLINE void *reallocated(void *block, size_t bytes) { return realloc(block
 
 void *grow_block(void *block, size_t used, size_t bytes) {
   if (!block) return operator new(bytes);
-  static const bool replaced = operator_new_is_replaced();
-  if (!replaced) {
+  if (!operator_new_is_replaced()) {
     // On failure the block stays, and operator new asks the new handler.
     if (void *grown = reallocated(block, bytes)) return grown;
   }

@@ -9,7 +9,7 @@
 
 #include <plx/runtime.h>
 
-#include "../libC/needed_destruction.h"
+#include "../libC/above.h"
 #include "throw_object.h"
 
 namespace {

@@ -2,6 +2,9 @@
 
 #include <exception>
 
+#include "../libC/above.h"
+#include "throw_object.h"
+
 namespace std {
 
 bad_exception::bad_exception() PLX_NOTHROW {}
@@ -11,3 +14,7 @@ bad_exception::~bad_exception() PLX_NOTHROW {}
 const char *bad_exception::what() const PLX_NOTHROW { return ""; }
 
 }  // namespace std
+
+void __zor::set_up_bad_exception() {
+  new (thrown_storage<std::bad_exception>(__TI_St13bad_exception)) std::bad_exception;
+}

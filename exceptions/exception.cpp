@@ -16,8 +16,8 @@ namespace {
 // The text is built first, where unwinding finds it; what follows leaks nothing when memory runs out.
 template <class Source> std::string *heap_string(const Source &source) {
   eh_local<std::string> text(source);
-  // A call, not a new-expression: compilers take those for calls that look at no other memory, and would not let the
-  // runtime see, when it throws, that the text is to be freed.
+  // A call, not a new-expression: a compiler may assume that the allocation of a new-expression reads no memory of the
+  // program's, and would move the stores of the eh stack entry behind it.
   std::string *owned = new (operator new(sizeof(std::string))) std::string;
   owned->swap(text.get());
   return owned;

@@ -2,7 +2,8 @@
 
 #include <exception>
 
-#include "../libC/uncaught_report.h"
+#include "../libC/above.h"
+#include "../libC/eh_state.h"
 
 const char *__zor::message_of(void *object, const a_type_info_impl *type) {
   void *converted = object;

@@ -325,6 +325,9 @@ inline typename __common<typename __common<__T, __U>::__type, __V>::__type fma(_
 #if defined __cplusplus && !defined __PLX_FOR_CMATH && !defined PLX_MATH_H_GLOBAL
 #define PLX_MATH_H_GLOBAL
 
+/* 1998, D.5: the names are in std as well. */
+#include <cmath>
+
 extern "C++" {
 using __plx_math::__later::fpclassify;
 using __plx_math::__later::isfinite;

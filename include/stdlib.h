@@ -28,6 +28,9 @@ __extension__ inline long long abs(long long __x) PLX_NOTHROW { return __builtin
 inline ldiv_t div(long __x, long __y) PLX_NOTHROW { return ::ldiv(__x, __y); }
 }
 
+/* 1998, D.5: the names are in std as well. */
+#include <cstdlib>
+
 #else
 #include_next <stdlib.h>
 #endif

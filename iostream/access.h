@@ -42,7 +42,7 @@ struct buffer_access {
   static FILE *file(std::streambuf &b) { return static_cast<std::filebuf &>(b)._file_; }
   static unsigned char &refills(std::filebuf &b) { return b._refills_; }
   static int sync(std::filebuf &b) { return b.std::filebuf::sync(); }  // of exactly a filebuf; throws nothing
-  static bool &lost(std::streambuf &b) { return static_cast<std::filebuf &>(b)._lost_; }
+  static void keep_write_error(std::filebuf &b) { b._write_error_ = true; }
 
   static std::streambuf *buffer(const std::istreambuf_iterator<char> &i) { return i._sb_; }
   static std::streambuf *buffer(const std::ostreambuf_iterator<char> &i) { return i._sb_; }

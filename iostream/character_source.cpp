@@ -29,8 +29,8 @@ bool streambuf_source::_fetch(character_source *self) {
   std::streambuf *const buffer = buffer_access::buffer(source._at_);
   if (!buffer) return false;
   get_window window;
-  if (open_get_window(buffer, window)) {
-    source._cursor_ = window.cursor;
+  if (window.open(buffer)) {
+    source._cursor_ = &window.cursor();
     source._begin_ = source._next = window.at;
     source._end = window.end;
     return true;

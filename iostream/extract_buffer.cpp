@@ -1,37 +1,16 @@
 // From a stream into another buffer: operator>> and get. A character is only taken once the other buffer has it: what
 // throws, or takes no more, loses none.
 
-#include <string.h>
-
 #include "input_operation.h"
 
 namespace __zor {
 
 namespace {
 
-// A piece that both sides can move without a call. False: they cannot, or the delimiter comes first.
-bool move_piece(std::streambuf *from, std::streambuf *to, int delim, std::streamsize &count) {
-  get_window source;
-  put_window room;
-  if (!open_get_window(from, source) || !open_put_window(to, 1, room)) return false;
-  const unsigned int ready = source.end - source.at, place = room.end - room.at;
-  unsigned int n = ready < place ? ready : place;
-  if (delim != EOF) {
-    const void *const found = memchr(source.at, delim, n);
-    if (found) n = static_cast<const char *>(found) - source.at;
-  }
-  if (n == 0) return false;
-  memmove(room.at, source.at, n);
-  source.take_up_to(source.at + n);
-  room.filled_up_to(room.at + n);
-  count_more(count, static_cast<std::streamsize>(n));
-  return true;
-}
-
 // Counts what was moved, at once: the count holds when something throws.
 void move_all(std::streambuf *from, std::streambuf *to, int delim, std::streamsize &count, iostate &error) {
   for (;;) {
-    while (move_piece(from, to, delim, count)) {}
+    while (const int n = move_ready(from, to, delim)) count_more(count, n);
     const int c = from->sgetc();
     if (c == EOF) error |= ios_base::eofbit;
     if (c == EOF || c == delim || to->sputc(static_cast<char>(c)) == EOF) return;

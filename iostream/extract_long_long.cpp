@@ -1,6 +1,7 @@
 // The extractors of long long, which num_get does not know. They read what it reads for a long: sign, white space if
 // skipws is set, prefix, digits; beyond the range the limit is stored, and without digits 0.
 
+#include "../numbers/digits.h"
 #include "input_operation.h"
 
 namespace __zor {
@@ -70,8 +71,7 @@ private:
   }
 
   bool digit(char c) {
-    unsigned int d = static_cast<unsigned char>(c) - static_cast<unsigned int>('0');
-    if (d > 9) d = (static_cast<unsigned char>(c) | 0x20u) - 'a' < 6 ? (c | 0x20) - 'a' + 10 : 16;
+    const unsigned int d = hex_digit_of(c);
     if (d >= base_) return false;
     any_ = true;
     if (overflow_ || value_ > (~0ull - d) / base_) {

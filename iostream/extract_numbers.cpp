@@ -3,7 +3,7 @@
 
 #include <plx/facets/num_get.h>
 
-#include "../locale/number_value.h"
+#include "../numbers/read.h"
 #include "input_operation.h"
 
 namespace __zor {
@@ -35,10 +35,10 @@ template <class T> [[gnu::noinline]] std::istream &extract_same_by_facet(std::is
 
 // The window in which a number begins, without the white space before it; false when there is none.
 [[gnu::noinline]] bool open_number_window_beyond_space(std::streambuf *buffer, get_window &window) {
-  return is_plain_buffer(buffer) && skip_plain_space(buffer) && open_get_window(buffer, window);
+  return is_plain_buffer(buffer) && skip_plain_space(buffer) && window.open(buffer);
 }
 [[gnu::always_inline]] inline bool open_number_window(std::istream &in, get_window &window) {
-  if (!starts_at_once(in) || !is_quick(in, std::locale::imp::_quick_num_get)) return false;
+  if (!starts_fast(in) || !has_plain_num_get(stream_access::loc(in))) return false;
   if (__builtin_expect(open_window_beyond_space(in, window), true)) return true;
   return (stream_access::flags(in) & ios_base::skipws) &&
          open_number_window_beyond_space(stream_access::buffer(in), window);
@@ -49,7 +49,7 @@ template <class T> [[gnu::noinline]] std::istream &extract_same_by_facet(std::is
 [[gnu::noinline]] bool ends_input(std::istream &in, const get_window &window) {
   std::streambuf *const buffer = stream_access::buffer(in);
   if (!is_plain_stringbuf(buffer)) return false;
-  const int before = window.end - *window.cursor;
+  const int before = window.end - window.cursor();
   window.take_up_to(window.end);
   if (buffer->sgetc() == EOF) return true;
   buffer_access::gptr(*buffer) -= before;
@@ -69,12 +69,12 @@ inline bool accept_number(std::istream &in, const get_window &window, const char
   return true;
 }
 
-template <bool Signed, unsigned long Max, class T> inline bool extract_at_once(std::istream &in, T &value) {
+template <bool Signed, unsigned long Max, class T> inline bool extract_fast(std::istream &in, T &value) {
   get_window window;
   unsigned long bits;
   bool ended;
   if (!open_number_window(in, window)) return false;
-  const char *const stop = quick_integer<Signed, Max>(window.at, window.end, stream_access::flags(in), bits);
+  const char *const stop = fast_integer<Signed, Max>(window.at, window.end, stream_access::flags(in), bits);
   if (!stop || static_cast<unsigned long>(static_cast<T>(bits)) != bits) return false;
   if (!accept_number(in, window, stop, ended)) return false;
   value = static_cast<T>(bits);
@@ -86,7 +86,7 @@ template <class Real> inline std::istream &extract_real(std::istream &in, Real &
   get_window window;
   Real read;
   bool ended;
-  if (!open_number_window(in, window) || !accept_number(in, window, quick_real(window.at, window.end, read), ended))
+  if (!open_number_window(in, window) || !accept_number(in, window, fast_real(window.at, window.end, read), ended))
     return extract_same_by_facet(in, value);
   value = read;
   if (__builtin_expect(ended, false)) update_state(in, ios_base::eofbit);
@@ -102,37 +102,37 @@ namespace std {
 using namespace __zor;
 
 template <class C, class T> basic_istream<C, T> &basic_istream<C, T>::operator>>(bool &value) {
-  if (!(this->_flags_ & ios_base::boolalpha) && extract_at_once<true, 0xFFFFFFFFul>(*this, value)) return *this;
+  if (!(this->_flags_ & ios_base::boolalpha) && extract_fast<true, 0xFFFFFFFFul>(*this, value)) return *this;
   return extract_same_by_facet(*this, value);
 }
 
 template <class C, class T> basic_istream<C, T> &basic_istream<C, T>::operator>>(short &value) {
-  if (extract_at_once<true, 0xFFFFFFFFul>(*this, value)) return *this;
+  if (extract_fast<true, 0xFFFFFFFFul>(*this, value)) return *this;
   return extract_by_facet<long>(*this, value);
 }
 
 template <class C, class T> basic_istream<C, T> &basic_istream<C, T>::operator>>(unsigned short &value) {
-  if (extract_at_once<false, 0xFFFFul>(*this, value)) return *this;
+  if (extract_fast<false, 0xFFFFul>(*this, value)) return *this;
   return extract_same_by_facet(*this, value);
 }
 
 template <class C, class T> basic_istream<C, T> &basic_istream<C, T>::operator>>(int &value) {
-  if (extract_at_once<true, 0xFFFFFFFFul>(*this, value)) return *this;
+  if (extract_fast<true, 0xFFFFFFFFul>(*this, value)) return *this;
   return extract_by_facet<long>(*this, value);
 }
 
 template <class C, class T> basic_istream<C, T> &basic_istream<C, T>::operator>>(unsigned int &value) {
-  if (extract_at_once<false, 0xFFFFFFFFul>(*this, value)) return *this;
+  if (extract_fast<false, 0xFFFFFFFFul>(*this, value)) return *this;
   return extract_same_by_facet(*this, value);
 }
 
 template <class C, class T> basic_istream<C, T> &basic_istream<C, T>::operator>>(long &value) {
-  if (extract_at_once<true, 0xFFFFFFFFul>(*this, value)) return *this;
+  if (extract_fast<true, 0xFFFFFFFFul>(*this, value)) return *this;
   return extract_same_by_facet(*this, value);
 }
 
 template <class C, class T> basic_istream<C, T> &basic_istream<C, T>::operator>>(unsigned long &value) {
-  if (extract_at_once<false, 0xFFFFFFFFul>(*this, value)) return *this;
+  if (extract_fast<false, 0xFFFFFFFFul>(*this, value)) return *this;
   return extract_same_by_facet(*this, value);
 }
 

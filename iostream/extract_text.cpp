@@ -13,7 +13,7 @@ namespace {
 // The end gives failbit alone.
 [[gnu::noinline]] istream &extract_char(istream &in, char &c) {
   bool stored = false;
-  light_input_operation(
+  unguarded_input_operation(
       in, false,
       [&](iostate &) {
         const int next = stream_access::buffer(in)->sbumpc();
@@ -28,14 +28,14 @@ namespace {
 }
 
 // A word without a limit that lies whole in the buffer's window. What is not whole is read again.
-inline bool extract_word_at_once(istream &in, char *to) {
+inline bool extract_word_fast(istream &in, char *to) {
   get_window window;
-  if (!starts_at_once(in) || !is_quick(in, locale::imp::_quick_ctype) || stream_access::width(in) != 0 ||
+  if (!starts_fast(in) || !has_plain_ctype(stream_access::loc(in)) || stream_access::width(in) != 0 ||
       !open_window_beyond_space(in, window))
     return false;
   const char *at = window.at;
   while (window.end - at >= 4) {
-    const unsigned int four = four_bytes_at(at), low = low_bytes(four);
+    const unsigned int four = words(at)->value, low = low_bytes(four);
     if (!low) {
       memcpy(to, &four, 4);
       at += 4;
@@ -58,7 +58,7 @@ inline bool extract_word_at_once(istream &in, char *to) {
 
 [[gnu::noinline]] istream &extract_word(istream &in, char *to) {
   char *next = to;
-  light_input_operation(
+  unguarded_input_operation(
       in, false,
       [&](iostate &error) {
         const streamsize width = stream_access::width(in);
@@ -97,7 +97,7 @@ inline bool extract_word_at_once(istream &in, char *to) {
 
 istream &__zor_extract_char(istream &in, char &c) {
   get_window window;
-  if (!starts_at_once(in) || !is_quick(in, locale::imp::_quick_ctype) || !open_window_beyond_space(in, window))
+  if (!starts_fast(in) || !has_plain_ctype(stream_access::loc(in)) || !open_window_beyond_space(in, window))
     return extract_char(in, c);
   start_count(in);
   window.take_up_to(window.at + 1);
@@ -105,8 +105,6 @@ istream &__zor_extract_char(istream &in, char &c) {
   return in;
 }
 
-istream &__zor_extract_c_string(istream &in, char *to) {
-  return extract_word_at_once(in, to) ? in : extract_word(in, to);
-}
+istream &__zor_extract_c_string(istream &in, char *to) { return extract_word_fast(in, to) ? in : extract_word(in, to); }
 
 }  // namespace std

@@ -1,21 +1,16 @@
 // basic_filebuf<char>: the operations on an open file. filebuf_open.cpp opens and closes, filebuf_convert.cpp writes
 // through a program's own codecvt.
 
-#include <stddef.h>
-
 #include <plx/facets/codecvt.h>
 #include <plx/iostream/filebuf.h>
 
 #include "../libC/eh_tools.h"
+#include "../locale/plain_facets.h"
 #include "filebuf_convert.h"
 #include "read_ahead.h"
 #include "stdio_file.h"
 
 using namespace __zor;
-
-static_assert(offsetof(_quick_input::_file, _next_) == offsetof(FILE, _IO_read_ptr));
-static_assert(offsetof(_quick_input::_file, _end_) == offsetof(FILE, _IO_read_end));
-static_assert(offsetof(_quick_input::_start, _file_) == sizeof(std::streambuf));
 
 namespace std {
 
@@ -23,7 +18,7 @@ namespace {
 
 // Whether characters go out as they are; else `facet` is asked. Throws bad_cast when there is none.
 inline bool writes_plainly(const locale &loc, const codecvt<char, char, int> *&facet) {
-  if (loc._get_imp()->_get_quick() & locale::imp::_quick_codecvt) return true;
+  if (has_plain_codecvt(loc)) return true;
   facet = &use_facet<codecvt<char, char, int>>(loc);
   return facet->always_noconv();
 }
@@ -48,7 +43,7 @@ template <class C, class T> basic_filebuf<C, T>::~basic_filebuf() {
 }
 
 template <class C, class T> void basic_filebuf<C, T>::imbue(const locale &loc) {
-  if (!ends_conversion(*this)) _lost_ = true;
+  if (!ends_conversion(*this)) buffer_access::keep_write_error(*this);
   this->_loc_ = loc;
 }
 
@@ -58,8 +53,7 @@ template <class C, class T> basic_streambuf<C, T> *basic_filebuf<C, T>::setbuf(C
 
 template <class C, class T> typename basic_filebuf<C, T>::int_type basic_filebuf<C, T>::overflow(int_type c) {
   // Nothing is in the way of most characters.
-  if ((this->_loc_._get_imp()->_get_quick() & locale::imp::_quick_codecvt) && _file_ && c != -1)
-    return put_into_file(_file_, c);
+  if (has_plain_codecvt(this->_loc_) && _file_ && c != -1) return put_into_file(_file_, c);
   return overflow_through(*this, c);
 }
 
@@ -109,8 +103,8 @@ typename basic_filebuf<C, T>::pos_type basic_filebuf<C, T>::seekpos(pos_type pos
 template <class C, class T> int basic_filebuf<C, T>::sync() {
   if (!_file_) return 0;
   const int result = synchronise(_file_);
-  if (!_lost_) return result;
-  _lost_ = false;
+  if (!_write_error_) return result;
+  _write_error_ = false;
   return -1;
 }
 

@@ -43,10 +43,10 @@ bool release(FILE *file) { return (is_standard_file(file) ? synchronise(file) : 
 }  // namespace
 
 template <class C, class T> basic_filebuf<C, T>::basic_filebuf()
-    : _file_(nullptr), _mode_(0), _refills_(0), _lost_(false) {}
+    : _file_(nullptr), _mode_(0), _refills_(0), _write_error_(false) {}
 
 template <class C, class T> basic_filebuf<C, T>::basic_filebuf(FILE *file)
-    : _file_(file), _mode_(0), _refills_(0), _lost_(false) {}
+    : _file_(file), _mode_(0), _refills_(0), _write_error_(false) {}
 
 template <class C, class T> basic_filebuf<C, T> *basic_filebuf<C, T>::open(const char *path, ios_base::openmode mode) {
   if (_file_) return nullptr;
@@ -70,7 +70,7 @@ template <class C, class T> basic_filebuf<C, T> *basic_filebuf<C, T>::open(const
   }
   _file_ = file;
   _refills_ = 0;
-  _lost_ = false;
+  _write_error_ = false;
   return this;
 }
 
@@ -81,7 +81,7 @@ template <class C, class T> basic_filebuf<C, T> *basic_filebuf<C, T>::close() {
   if (conversions && eh_guard([&] { ended = end_conversion(*this); })) ended = false;
   // Gone even when it could not be written whole: the C library has freed it.
   _file_ = nullptr;
-  return release(file) && ended && !_lost_ ? this : nullptr;
+  return release(file) && ended && !_write_error_ ? this : nullptr;
 }
 
 template basic_filebuf<char>::basic_filebuf();

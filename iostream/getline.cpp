@@ -22,7 +22,7 @@ const char *find_delimiter(const char *at, const char *end, char delim) {
   if (eh_guard([&] { delim = in.widen('\n'); })) stream_access::state(in) |= ios_base::badbit;
   return delim;
 }
-inline char newline(std::istream &in) { return is_quick(in, std::locale::imp::_quick_ctype) ? '\n' : find_newline(in); }
+inline char newline(std::istream &in) { return has_plain_ctype(stream_access::loc(in)) ? '\n' : find_newline(in); }
 
 // Both members end the text and complain when nothing was taken.
 inline void end_text(std::istream &in, char *next, iostate &error) {
@@ -44,14 +44,14 @@ inline bool copy_up_to(const char *&at, const char *end, char delim, char *&next
   return found != nullptr;
 }
 
-template <class... To> inline std::istream &quickest_get_line(std::istream &in, To &...to) {
+template <class... To> inline std::istream &fast_get_line(std::istream &in, To &...to) {
   return __builtin_expect(processor_has(processor_sse2), true) ? get_line_sse2(in, to...) : get_line(in, to...);
 }
 
 }  // namespace
 
 std::istream &get_line(std::istream &in, std::string &text, char delim) {
-  light_input_operation(in, true, [&](iostate &error) {
+  unguarded_input_operation(in, true, [&](iostate &error) {
     text.clear();
     const unsigned int most = text.max_size();
     bool any = false, full = false, failed = false;
@@ -83,7 +83,7 @@ std::istream &get_line(std::istream &in, std::string &text, char delim) {
 
 std::istream &get_line(std::istream &in, char *to, std::streamsize n, char delim) {
   char *next = to;
-  light_input_operation(
+  unguarded_input_operation(
       in, true,
       [&](iostate &error) {
         if (n < 1) return;
@@ -112,16 +112,16 @@ namespace std {
 
 using namespace __zor;
 
-template <> istream &getline(istream &in, string &text, char delim) { return quickest_get_line(in, text, delim); }
+template <> istream &getline(istream &in, string &text, char delim) { return fast_get_line(in, text, delim); }
 
 template <> istream &getline(istream &in, string &text) {
   const char delim = newline(in);
-  return quickest_get_line(in, text, delim);
+  return fast_get_line(in, text, delim);
 }
 
 template <class C, class T> basic_istream<C, T> &basic_istream<C, T>::get(C *to, streamsize n, C delim) {
   char *next = to;
-  light_input_operation(
+  unguarded_input_operation(
       *this, true,
       [&](iostate &error) {
         streamsize room = n < 1 ? 0 : n - 1;
@@ -135,7 +135,7 @@ template <class C, class T> basic_istream<C, T> &basic_istream<C, T>::get(C *to,
 }
 
 template <class C, class T> basic_istream<C, T> &basic_istream<C, T>::getline(C *to, streamsize n, C delim) {
-  return quickest_get_line(*this, to, n, delim);
+  return fast_get_line(*this, to, n, delim);
 }
 
 template <class C, class T> basic_istream<C, T> &basic_istream<C, T>::get(C *to, streamsize n) {
@@ -144,7 +144,7 @@ template <class C, class T> basic_istream<C, T> &basic_istream<C, T>::get(C *to,
 
 template <class C, class T> basic_istream<C, T> &basic_istream<C, T>::getline(C *to, streamsize n) {
   const char delim = newline(*this);
-  return quickest_get_line(*this, to, n, delim);
+  return fast_get_line(*this, to, n, delim);
 }
 
 template class basic_istream<char, char_traits<char>>;

@@ -10,21 +10,16 @@
 
 namespace __zor {
 
-// Exactly one of the library's buffers: reading from it cannot throw, and nobody sees how it is done.
-inline bool is_plain_buffer(const std::streambuf *buffer) {
-  return is_plain_filebuf(buffer) || is_plain_stringbuf(buffer);
-}
-
 // Makes a get window of stdio's next characters; false at the end.
 inline bool refill(std::streambuf *buffer) { return peek_file(static_cast<std::filebuf &>(*buffer)) != EOF; }
 
-// Calls accept(at, end) with block after block. It moves `at` behind what it takes, and returns whether it wants more;
-// it must take the whole block then. Returns false when the input ended first. What the buffer or accept throws passes;
-// a block that accept threw at is not taken.
+// Calls accept(at, end) with block after block. accept advances `at` past what it takes and returns whether it wants
+// more, which it may only when it took the whole block. Returns false when the input ended first. What the buffer or
+// accept throws passes; a block that accept threw at is not taken.
 template <class Accept> [[gnu::always_inline]] inline bool read_blocks(std::streambuf *buffer, Accept accept) {
   for (;;) {
     get_window window;
-    if (open_get_window(buffer, window)) {
+    if (window.open(buffer)) {
       const char *at = window.at;
       const bool more = accept(at, window.end);
       window.take_up_to(at);
@@ -34,7 +29,7 @@ template <class Accept> [[gnu::always_inline]] inline bool read_blocks(std::stre
     } else {
       const int c = buffer->sgetc();
       if (c == EOF) return false;
-      if (open_get_window(buffer, window)) continue;
+      if (window.open(buffer)) continue;
       const char block[1] = {static_cast<char>(c)};
       const char *at = block;
       const bool more = accept(at, block + 1);

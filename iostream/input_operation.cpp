@@ -5,7 +5,7 @@
 namespace __zor {
 
 bool input_prefix(std::istream &in, bool noskipws) {
-  if (starts_plainly(in, noskipws)) return true;
+  if (starts_unguarded(in, noskipws)) return true;
   iostate error = ios_base::goodbit;
   start_count(in);
   if (stream_access::state(in) != ios_base::goodbit)

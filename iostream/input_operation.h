@@ -31,15 +31,15 @@ template <class Body> inline void input_operation(std::istream &in, bool noskipw
 // The same for a body in which only the stream's buffer and its ctype facet can throw: without the frame where these
 // are the library's own.
 template <class Body, class Always>
-inline void light_input_operation(std::istream &in, bool noskipws, Body body, Always always) {
-  if (!starts_plainly(in, noskipws)) return input_operation(in, noskipws, body, always);
+inline void unguarded_input_operation(std::istream &in, bool noskipws, Body body, Always always) {
+  if (!starts_unguarded(in, noskipws)) return input_operation(in, noskipws, body, always);
   iostate error = ios_base::goodbit;
   body(error);
   always(error);
   if (error != ios_base::goodbit) update_state(in, error);
 }
-template <class Body> inline void light_input_operation(std::istream &in, bool noskipws, Body body) {
-  light_input_operation(in, noskipws, body, [](iostate &) {});
+template <class Body> inline void unguarded_input_operation(std::istream &in, bool noskipws, Body body) {
+  unguarded_input_operation(in, noskipws, body, [](iostate &) {});
 }
 
 }  // namespace __zor

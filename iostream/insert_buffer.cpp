@@ -1,7 +1,7 @@
 // The inserter of a stream buffer: copies what it has to read. Between two of the library's own buffers the characters
 // go in blocks; a buffer of the program's sees them one by one.
 
-#include "output_window.h"
+#include "output_operation.h"
 
 using namespace __zor;
 
@@ -16,7 +16,7 @@ bool copy_window(streambuf &to, streambuf &from, bool &took, bool &refused) {
   if (!file && !is_plain_stringbuf(&to)) return false;
   if (&to == &from || (file && is_plain_filebuf(&from) && buffer_access::file(from) == file)) return false;
   get_window window;
-  if (!open_get_window(&from, window)) return false;
+  if (!window.open(&from)) return false;
   const streamsize ready = window.end - window.at, done = to.sputn(window.at, ready);
   window.take_up_to(window.at + done);
   if (done > 0) took = true;

@@ -1,53 +1,35 @@
 // What is written without padding: blocks, and the manipulators that write a character.
 
-#include "output_window.h"
-#include "stdio_file.h"
+#include "output_operation.h"
 
 using namespace __zor;
 
-namespace std {
+namespace __zor {
 
-namespace {
-
-PLX_LONG_WAY ostream &write_guarded(ostream &out, const char *text, streamsize n) {
+PLX_SLOW std::ostream &write_guarded(std::ostream &out, const char *text, std::streamsize n) {
   output_operation(out, ios_base::goodbit, [&](iostate &error) {
     if (out.rdbuf()->sputn(text, n) != n) error |= ios_base::badbit;
   });
   return out;
 }
 
-PLX_LONG_WAY ostream &write_failed(ostream &out) {
-  update_state(out, ios_base::badbit);
-  return out;
-}
+}  // namespace __zor
 
-}  // namespace
+namespace std {
 
 template <class C, class T> basic_ostream<C, T> &basic_ostream<C, T>::write(const C *text, streamsize n) {
   ios &stream = base_of(*this);
-  if (!is_quiet(stream) || n <= 0) return write_guarded(*this, text, n);
-  streambuf *const buffer = stream_access::buffer(stream);
-  if (is_plain_stringbuf(buffer)) {
-    char *&next = buffer_access::pptr(*buffer);
-    if (buffer_access::epptr(*buffer) - next < n) return write_guarded(*this, text, n);
-    memcpy(next, text, n);
-    next += n;
-    return *this;
-  }
-  FILE *const file = plain_file(buffer);
-  if (!file) return write_guarded(*this, text, n);
-  if (n < room_in(file)) {
-    _quick_output::_copy(file->_IO_write_ptr, text, static_cast<unsigned>(n));
-    file->_IO_write_ptr += n;
-    return *this;
-  }
-  return write_after_flush(file, text, n) == n ? *this : write_failed(*this);
+  const a_put_result result =
+      is_quiet(stream) && n > 0 ? put_fast<put_block>(stream_access::buffer(stream), text, n) : put_not_fast;
+  if (result == put_not_fast) return write_guarded(*this, text, n);
+  if (result == put_refused) update_state(stream, ios_base::badbit);
+  return *this;
 }
 
 template <> ostream &endl(ostream &out) {
   ios &stream = out;
   const locale &loc = stream_access::loc(stream);
-  return out.put(has_quick(loc, locale::imp::_quick_ctype) ? '\n' : use_facet<ctype<char>>(loc).widen('\n')).flush();
+  return out.put(has_plain_ctype(loc) ? '\n' : use_facet<ctype<char>>(loc).widen('\n')).flush();
 }
 
 template <> ostream &ends(ostream &out) { return out.put('\0'); }

@@ -2,8 +2,8 @@
 
 #include <plx/facets/num_put.h>
 
-#include "../locale/number_text.h"
-#include "output_window.h"
+#include "../numbers/write.h"
+#include "output_operation.h"
 
 using namespace __zor;
 
@@ -28,13 +28,6 @@ char *digits_in_base(char *at, unsigned flags, unsigned long long value, unsigne
   return at;
 }
 
-char *long_digits(char *at, unsigned long long value) {
-  const unsigned long long high = value / 100000000;
-  at = high > 0xFFFFFFFFu ? long_digits(at, high) : decimal_digits(at, static_cast<unsigned>(high));
-  eight_digits(at, static_cast<unsigned>(value % 100000000));
-  return at + 8;
-}
-
 // The value is at least 2^31, whichever way it is read.
 ostream &insert_text_of(ostream &out, bool negative, bool is_signed, unsigned long long value) {
   output_operation(out, ios_base::goodbit, [&](iostate &) {
@@ -47,7 +40,8 @@ ostream &insert_text_of(ostream &out, bool negative, bool is_signed, unsigned lo
         *at++ = '-';
       else if (is_signed && (flags & ios_base::showpos))
         *at++ = '+';
-      at = long_digits(at, negative ? 0 - value : value);
+      const unsigned long long size = negative ? 0 - value : value;
+      at = long_digits(at, static_cast<unsigned>(size >> 32), static_cast<unsigned>(size));
     }
     use_facet<a_num_put>(stream_access::loc(out)).print_integral_type(out, out, out.fill(), text, at - text);
   });

@@ -6,8 +6,8 @@
 
 #include <plx/facets/num_put.h>
 
-#include "../locale/number_text.h"
-#include "output_window.h"
+#include "../numbers/write.h"
+#include "output_operation.h"
 
 using namespace __zor;
 
@@ -17,32 +17,25 @@ namespace {
 
 typedef num_put<char, ostreambuf_iterator<char>> a_num_put;
 
-constexpr int widest = 64;  // the quick paths fill up to here
+constexpr int widest = 64;  // what the fast paths fill
 
-// Writes a text that was made next to the buffer.
-PLX_NUMBER_CALL bool insert_copy(streambuf &buffer, const char *text, int n) {
-  if (FILE *const file = plain_file(&buffer)) {
-    insert_into_file(buffer, file, text, n);
-    return true;
-  }
-  char *&next = buffer_access::pptr(buffer);
-  if (buffer_access::epptr(buffer) - next < n) return false;
-  memcpy(next, text, n);
-  next += n;
-  return true;
-}
+inline bool is_fast(const ios &stream) { return is_quiet(stream) && has_plain_num_put(stream_access::loc(stream)); }
 
-inline bool is_quick(const ios &stream) {
-  return is_quiet(stream) && has_quick(stream_access::loc(stream), locale::imp::_quick_num_put);
+// A text that was made next to the buffer.
+PLX_HIDDEN PLX_REGPARM bool insert_copy(streambuf *buffer, const char *text, int n) {
+  const a_put_result result = put_fast<put_text>(buffer, text, n);
+  if (result == put_refused) keep_refusal(buffer);
+  return result != put_not_fast;
 }
 
 // write(at) makes the text and returns its end, or null; pad(first, last, width) fills it.
-template <int room, class Write, class Pad> inline bool insert_at_once(ios &stream, Write write, Pad pad) {
+template <int room, class Write, class Pad> inline bool insert_fast(ios &stream, Write write, Pad pad) {
   constexpr int most = room + widest + pad_overrun;
   char local[most];
   streambuf *const buffer = stream_access::buffer(stream);
-  char **const cursor = roomy_cursor(buffer, most);
-  char *const first = cursor ? *cursor : local;
+  put_window window;
+  const bool is_open = window.open_ready<put_scratch>(buffer, most);
+  char *const first = is_open ? window.at : local;
   char *last = write(first);
   if (!last) return false;
   const streamsize width = stream_access::width(stream);
@@ -50,15 +43,15 @@ template <int room, class Write, class Pad> inline bool insert_at_once(ios &stre
     if (width > widest) return false;
     last = pad(first, last, static_cast<int>(width));
   }
-  if (cursor)
-    *cursor = last;
-  else if (!insert_copy(*buffer, local, static_cast<int>(last - local)))
+  if (is_open)
+    window.commit(last);
+  else if (!insert_copy(buffer, local, static_cast<int>(last - local)))
     return false;
   stream_access::width(stream) = 0;
   return true;
 }
 
-template <class Value> PLX_LONG_WAY ostream &insert_by_facet(ostream &out, Value value) {
+template <class Value> PLX_SLOW ostream &insert_by_facet(ostream &out, Value value) {
   output_operation(out, ios_base::goodbit,
                    [&](iostate &) { use_facet<a_num_put>(stream_access::loc(out)).put(out, out, out.fill(), value); });
   return out;
@@ -70,11 +63,11 @@ template <class Value> PLX_LONG_WAY ostream &insert_by_facet(ostream &out, Value
 namespace __zor {
 
 // Any flags and width, into any room.
-template <class Value> PLX_STEP std::ostream &insert_integer(std::ostream &out, Value value) {
+template <class Value> PLX_SLOW std::ostream &insert_integer(std::ostream &out, Value value) {
   std::ios &stream = base_of(out);
-  if (std::is_quick(stream)) {
+  if (std::is_fast(stream)) {
     const unsigned flags = stream_access::flags(stream);
-    if (std::insert_at_once<integer_text_room>(
+    if (std::insert_fast<integer_text_room>(
             stream, [=](char *at) { return integer_text(at, flags, value); },
             [&](char *first, char *last, int width) {
               return pad_integer(first, last, flags, width, stream_access::fill(stream));
@@ -86,15 +79,14 @@ template <class Value> PLX_STEP std::ostream &insert_integer(std::ostream &out, 
 
 // Decimal, without width: what most programs write.
 template <class Value>
-PLX_STEP __attribute__((__flatten__)) std::ostream &insert_decimal(std::ostream &out, Value value) {
-  constexpr unsigned unusual = ios_base::unitbuf | ios_base::hex | ios_base::oct | ios_base::showpos;
+PLX_SLOW __attribute__((__flatten__)) std::ostream &insert_decimal(std::ostream &out, Value value) {
+  constexpr unsigned unusual = ios_base::hex | ios_base::oct | ios_base::showpos;
   std::ios &stream = base_of(out);
-  if ((stream_access::state(stream) | (stream_access::flags(stream) & unusual) | stream_access::width(stream) |
-       reinterpret_cast<int>(stream_access::tie(stream))) ||
-      !has_quick(stream_access::loc(stream), std::locale::imp::_quick_num_put))
-    return insert_integer(out, value);
-  if (char **const next = roomy_cursor(stream_access::buffer(stream), integer_text_room)) {
-    char *at = *next;
+  put_window window;
+  if (is_quiet(stream, (stream_access::flags(stream) & unusual) | stream_access::width(stream)) &&
+      has_plain_num_put(stream_access::loc(stream)) &&
+      window.open_ready<put_scratch>(stream_access::buffer(stream), integer_text_room)) {
+    char *at = window.at;
     unsigned digits = static_cast<unsigned>(value);
     if (Value(-1) < 0) {
       const unsigned sign = static_cast<unsigned>(static_cast<long>(value) >> 31);
@@ -102,7 +94,7 @@ PLX_STEP __attribute__((__flatten__)) std::ostream &insert_decimal(std::ostream 
       at -= static_cast<int>(sign);
       digits = (digits ^ sign) - sign;
     }
-    *next = decimal_digits(at, digits);
+    window.commit(decimal_digits(at, digits));
     return out;
   }
   return insert_integer(out, value);
@@ -118,10 +110,10 @@ namespace {
 template <class Value, class Text> inline ostream &insert_floating(ostream &out, Value value, Text text) {
   ios &stream = out;
   const unsigned flags = stream_access::flags(stream);
-  if (is_quick(stream) && !(flags & ios_base::uppercase)) {
+  if (is_fast(stream) && !(flags & ios_base::uppercase)) {
     unsigned precision = stream.precision();
     if (stream.precision() < 1 && !(flags & ios_base::fixed)) precision = 6;
-    if (precision <= number_precision_limit && insert_at_once<quick_text_room>(
+    if (precision <= number_precision_limit && insert_fast<fast_text_room>(
                                                    stream, [=](char *at) { return text(at, flags, precision, value); },
                                                    [&](char *first, char *last, int width) {
                                                      return pad_float(first, last, flags, width,
@@ -159,27 +151,27 @@ template <class C, class T> basic_ostream<C, T> &basic_ostream<C, T>::operator<<
 }
 
 template <class C, class T> basic_ostream<C, T> &basic_ostream<C, T>::operator<<(double value) {
-  return insert_floating(*this, value, quick_double_text);
+  return insert_floating(*this, value, fast_double_text);
 }
 template <class C, class T> basic_ostream<C, T> &basic_ostream<C, T>::operator<<(float value) {
   return *this << static_cast<double>(value);
 }
 template <class C, class T> basic_ostream<C, T> &basic_ostream<C, T>::operator<<(long double value) {
-  return insert_floating(*this, value, quick_long_double_text);
+  return insert_floating(*this, value, fast_long_double_text);
 }
 
 // Neither is filled when it is not told to be: a bool never, a pointer in a way of its own.
 template <class C, class T> basic_ostream<C, T> &basic_ostream<C, T>::operator<<(bool value) {
   ios &stream = *this;
-  if (!is_quick(stream) || (stream_access::flags(stream) & ios_base::boolalpha) || stream_access::width(stream) != 0)
+  if (!is_fast(stream) || (stream_access::flags(stream) & ios_base::boolalpha) || stream_access::width(stream) != 0)
     return insert_by_facet(*this, value);
   return __zor_insert_char(*this, value ? '1' : '0');
 }
 
 template <class C, class T> basic_ostream<C, T> &basic_ostream<C, T>::operator<<(const void *value) {
   ios &stream = *this;
-  if (is_quick(stream) && stream_access::width(stream) <= 0 &&
-      insert_at_once<integer_text_room>(
+  if (is_fast(stream) && stream_access::width(stream) <= 0 &&
+      insert_fast<integer_text_room>(
           stream, [=](char *at) { return pointer_text(at, value); }, [](char *, char *last, int) { return last; }))
     return *this;
   return insert_by_facet(*this, value);

@@ -1,7 +1,7 @@
 // Inserters of C strings and strings. The two differ in where an unadjusted text is padded, in how its characters reach
-// the buffer, and in whether a refusal is noticed.
+// the buffer, and in whether a refusal is noticed: of a string it is.
 
-#include "output_window.h"
+#include "output_operation.h"
 
 using namespace __zor;
 
@@ -9,37 +9,41 @@ namespace std {
 
 namespace {
 
-// A width that needs no fill is dropped, and the text written at once, or through stdio when its buffer is full: false
-// where that is not the way. `any_area` is of C strings; of strings a refusal counts.
-inline bool insert_unfilled(ostream &out, const char *text, unsigned n, bool any_area) {
-  ios &stream = out;
-  if (!is_quiet(stream) || stream_access::width(stream) > static_cast<streamsize>(n)) return false;
-  if (static_cast<long>(n) < 0) return false;
+// With what fill the width asks for, at once: false where the frame is needed.
+template <a_put_use use> inline bool insert_fast(ostream &out, const char *text, streamsize n, bool fill_first) {
+  ios &stream = base_of(out);
+  if (!is_quiet(stream) || n < 0) return false;
+  streambuf *const buffer = stream_access::buffer(stream);
+  const streamsize width = stream_access::width(stream);
+  if (width > n) {
+    put_window window;
+    if (!window.open<use>(buffer, width)) return false;
+    const unsigned length = static_cast<unsigned>(n), fill = static_cast<unsigned>(width - n);
+    memset(fill_first ? window.at : window.at + length, stream_access::fill(stream), fill);
+    copy_characters(fill_first ? window.at + fill : window.at, text, length);
+    window.commit(window.at + width);
+    stream_access::width(stream) = 0;
+    return true;
+  }
+  const a_put_result result = put_fast<use>(buffer, text, n);
+  if (result == put_not_fast) return false;
   stream_access::width(stream) = 0;
-  if (_quick_output::_write(stream, text, static_cast<long>(n), any_area)) return true;
-  FILE *const file = plain_file(stream_access::buffer(stream));
-  if (!file) return false;
-  if (any_area)
-    insert_into_file(*stream_access::buffer(stream), file, text, static_cast<long>(n));
-  else if (write_file(file, text, static_cast<long>(n)) != static_cast<long>(n))
-    update_state(stream, ios_base::failbit);
+  if (result == put_refused) {
+    if (use == put_text)
+      keep_refusal(buffer);
+    else
+      update_state(stream, ios_base::failbit);
+  }
   return true;
 }
 
-// The same with fill, into a put area or stdio's buffer that has room for all.
-bool insert_filled(ios &stream, const char *text, unsigned n, bool any_area, bool fill_first) {
-  const unsigned width = stream_access::width(stream);
-  if (!is_quiet(stream) || static_cast<int>(width) <= static_cast<int>(n)) return false;
-  streambuf *const buffer = stream_access::buffer(stream);
-  FILE *const file = plain_file(buffer);
-  if (!file && !any_area && !is_plain_stringbuf(buffer)) return false;
-  char *&next = file ? file->_IO_write_ptr : buffer_access::pptr(*buffer);
-  const char *const end = file ? file->_IO_write_end : buffer_access::epptr(*buffer);
-  if (end - next < static_cast<int>(width)) return false;
-  memset(fill_first ? next : next + n, stream_access::fill(stream), width - n);
-  _quick_output::_copy(fill_first ? next + (width - n) : next, text, n);
-  next += width;
-  stream_access::width(stream) = 0;
+// Without a width, into a window that is there: what most programs write.
+template <a_put_use use> inline bool insert_ready(ios &stream, const char *text, streamsize n) {
+  put_window window;
+  if (!is_quiet(stream, stream_access::width(stream)) || !window.open_ready<use>(stream_access::buffer(stream), n))
+    return false;
+  copy_characters(window.at, text, static_cast<unsigned>(n));
+  window.commit(window.at + n);
   return true;
 }
 
@@ -51,11 +55,10 @@ bool put_fill(streambuf &buffer, char fill, streamsize count) {
 
 }  // namespace
 
-PLX_STEP ostream &insert_c_string_elsewhere(ostream &out, const char *text) {
+PLX_SLOW ostream &insert_c_string_slow(ostream &out, const char *text) {
   const unsigned n = text ? strlen(text) : 0;
-  if (insert_unfilled(out, text, n, true)) return out;
   const bool right = (out.flags() & ios_base::adjustfield) == ios_base::right;
-  if (insert_filled(out, text, n, true, right)) return out;
+  if (insert_fast<put_text>(out, text, static_cast<streamsize>(n), right)) return out;
   output_operation(
       out, ios_base::goodbit,
       [&](iostate &) {
@@ -72,10 +75,9 @@ PLX_STEP ostream &insert_c_string_elsewhere(ostream &out, const char *text) {
   return out;
 }
 
-PLX_STEP ostream &insert_string_elsewhere(ostream &out, const char *text, streamsize n) {
-  if (insert_unfilled(out, text, n, false)) return out;
+PLX_SLOW ostream &insert_string_slow(ostream &out, const char *text, streamsize n) {
   const bool left = (out.flags() & ios_base::adjustfield) == ios_base::left;
-  if (insert_filled(out, text, n, false, !left)) return out;
+  if (insert_fast<put_block>(out, text, n, !left)) return out;
   output_operation(
       out, ios_base::goodbit,
       [&](iostate &error) {
@@ -92,12 +94,12 @@ PLX_STEP ostream &insert_string_elsewhere(ostream &out, const char *text, stream
 }
 
 ostream &__zor_insert_c_string(ostream &out, const char *text) {
-  const long n = text ? static_cast<long>(strlen(text)) : -1;
-  return n >= 0 && _quick_output::_write(base_of(out), text, n, true) ? out : insert_c_string_elsewhere(out, text);
+  const streamsize n = text ? static_cast<streamsize>(strlen(text)) : -1;
+  return n >= 0 && insert_ready<put_text>(base_of(out), text, n) ? out : insert_c_string_slow(out, text);
 }
 
 ostream &__zor_insert_string(ostream &out, const char *text, streamsize n) {
-  return _quick_output::_write(base_of(out), text, n, false) ? out : insert_string_elsewhere(out, text, n);
+  return n >= 0 && insert_ready<put_block>(base_of(out), text, n) ? out : insert_string_slow(out, text, n);
 }
 
 }  // namespace std

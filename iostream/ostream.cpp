@@ -1,6 +1,6 @@
 // basic_ostream<char>: the sentry, flushing and positions. Texts and numbers have files of their own.
 
-#include "output_window.h"
+#include "output_operation.h"
 #include "stream_start.h"
 
 using namespace __zor;
@@ -42,7 +42,7 @@ template <class C, class T> void basic_ostream<C, T>::osfx() {
 
 namespace {
 
-PLX_LONG_WAY ostream &flush_guarded(ostream &out) {
+PLX_SLOW ostream &flush_guarded(ostream &out) {
   output_operation(out, ios_base::goodbit, [&](iostate &error) {
     if (out.rdbuf() && out.rdbuf()->pubsync() == -1) error |= ios_base::badbit;
   });

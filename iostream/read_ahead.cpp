@@ -15,12 +15,13 @@ namespace {
 
 enum { enough_refills = 3, large_buffer = 32 * 1024 };
 
-// Bits of FILE's flags, which the C library's headers do not name: a buffer that stdio does not free, and none.
-enum { user_buffer = 1, unbuffered = 2 };
+// Bits of FILE's flags, _IO_USER_BUF and _IO_UNBUFFERED, which the C library's headers do not name: a buffer that stdio
+// does not free, and none. tests/iostream/stdio_bits.cpp sees what the C library does with them.
+enum { io_user_buf = 1, io_unbuffered = 2 };
 
 // Only in place of a buffer that stdio chose by itself, and that is empty.
 bool may_have_larger_buffer(FILE *file) {
-  return !(file->_flags & (user_buffer | unbuffered)) && !__flbf(file) && file->_IO_buf_base &&
+  return !(file->_flags & (io_user_buf | io_unbuffered)) && !__flbf(file) && file->_IO_buf_base &&
          file->_IO_buf_end - file->_IO_buf_base < large_buffer && !file->_IO_save_base && file->_fileno >= 0 &&
          file->_IO_read_ptr == file->_IO_read_end && file->_IO_write_ptr == file->_IO_write_base;
 }
@@ -31,7 +32,7 @@ void use_larger_buffer(FILE *file) {
   if (!buffer) return;
   const off64_t offset = file->_offset;
   if (setvbuf(file, buffer, _IOFBF, large_buffer) != 0) return free(buffer);
-  file->_flags &= ~user_buffer;  // stdio frees it, as it does with its own
+  file->_flags &= ~io_user_buf;  // stdio frees it, as it does with its own
   file->_offset = offset;        // still known
 }
 
@@ -49,12 +50,12 @@ FILE *prepare_refill(std::filebuf &buffer) {
 
 }  // namespace
 
-int peek_after_refill(std::filebuf &buffer) {
+int peek_slow(std::filebuf &buffer) {
   FILE *const file = prepare_refill(buffer);
   return file ? __underflow(file) : EOF;
 }
 
-int get_after_refill(std::filebuf &buffer) {
+int get_slow(std::filebuf &buffer) {
   FILE *const file = prepare_refill(buffer);
   return file ? getc_unlocked(file) : EOF;
 }

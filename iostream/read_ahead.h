@@ -11,8 +11,8 @@
 namespace __zor {
 
 // The long ways are functions of their own, so that the short ones need no frame. -1: the end, or no file.
-int peek_after_refill(std::filebuf &buffer) __attribute__((__noinline__, __regparm__(1)));
-int get_after_refill(std::filebuf &buffer) __attribute__((__noinline__, __regparm__(1)));
+int peek_slow(std::filebuf &buffer) __attribute__((__noinline__, __regparm__(1)));
+int get_slow(std::filebuf &buffer) __attribute__((__noinline__, __regparm__(1)));
 
 // n is positive, and there is a file.
 long read_file(std::filebuf &buffer, char *to, long n);
@@ -21,13 +21,13 @@ long read_file(std::filebuf &buffer, char *to, long n);
 inline int peek_file(std::filebuf &buffer) {
   const FILE *const file = buffer_access::file(buffer);
   if (file && file->_IO_read_ptr < file->_IO_read_end) return static_cast<unsigned char>(*file->_IO_read_ptr);
-  return peek_after_refill(buffer);
+  return peek_slow(buffer);
 }
 
 inline int get_from_file(std::filebuf &buffer) {
   FILE *const file = buffer_access::file(buffer);
   if (file && file->_IO_read_ptr < file->_IO_read_end) return static_cast<unsigned char>(*file->_IO_read_ptr++);
-  return get_after_refill(buffer);
+  return get_slow(buffer);
 }
 
 }  // namespace __zor

@@ -23,23 +23,26 @@ inline void turn_to_writing(FILE *file) {
   if (file->_IO_read_base != file->_IO_read_end) forget_read_ahead(file);
 }
 
-// The long way is a function of its own, so that the short one needs no frame.
-int put_after_flush(FILE *file, int c) __attribute__((__noinline__, __regparm__(2)));
-long write_after_flush(FILE *file, const char *from, long n) __attribute__((__noinline__, __regparm__(3)));
+// By stdio, whatever room there is in its buffer. Out of line, so that what comes before needs no frame.
+long write_slow(FILE *file, const char *from, long n) __attribute__((__noinline__, __regparm__(3)));
 
 inline int put_into_file(FILE *file, int c) {
-  if (file->_IO_write_ptr >= file->_IO_write_end) return put_after_flush(file, c);
-  *file->_IO_write_ptr++ = static_cast<char>(c);
+  const char one = static_cast<char>(c);
+  if (file->_IO_write_ptr >= file->_IO_write_end) return write_slow(file, &one, 1) == 1 ? c : EOF;
+  *file->_IO_write_ptr++ = one;
   return c;
 }
 
 inline long write_file(FILE *file, const char *from, long n) {
-  if (n < file->_IO_write_end - file->_IO_write_ptr) {
-    memcpy(file->_IO_write_ptr, from, n);
-    file->_IO_write_ptr += n;
-    return n;
-  }
-  return write_after_flush(file, from, n);
+  if (n >= file->_IO_write_end - file->_IO_write_ptr) return write_slow(file, from, n);
+  memcpy(file->_IO_write_ptr, from, n);
+  file->_IO_write_ptr += n;
+  return n;
+}
+
+// Nothing waits to be written, and nothing was read ahead that a flush would give back.
+inline bool has_nothing_to_flush(const FILE *file) {
+  return file->_IO_write_ptr <= file->_IO_write_base && file->_IO_read_ptr == file->_IO_read_end;
 }
 
 // Whether a reader's file may have characters that were put back, other than by stepping back in the buffer: the area

@@ -1,14 +1,14 @@
-// The constructors of streams: init, once all parts are there. What init throws, a ctype facet of the program's may
-// have thrown.
+// The constructors of streams: init, once all parts are there. It throws when a ctype facet of the program's does.
 #pragma once
 
 #include "../libC/eh_tools.h"
+#include "../locale/plain_facets.h"
 #include "access.h"
 
 namespace __zor {
 
-// The stream in a constructor that fails. The base classes but ios own nothing; ios is somebody else's as long as the
-// stream is a part of an object of another class.
+// The stream in a constructor that fails. The virtual base ios belongs to the most derived object, and is destroyed
+// here only when that is the stream; the other bases own nothing.
 struct half_made_stream {
   half_made_stream(std::streambuf *its_buffer, std::ios *base_to_end) : buffer(its_buffer), base(base_to_end) {}
   ~half_made_stream() {
@@ -19,8 +19,8 @@ struct half_made_stream {
   std::ios *base;
 };
 
-// `table` is the virtual table of Stream: during construction, the one that a complete object alone points into, behind
-// its three leading words. prepare() may throw.
+// `table` is the vtable of Stream, which an object points into behind three leading words; in a part of a larger object
+// it is a construction vtable instead. prepare() may throw.
 template <class Stream, class Prepare> inline void start_stream_guarded(Stream &stream, std::streambuf *buffer,
                                                                         bool is_member, const void *const *table,
                                                                         Prepare prepare) {
@@ -36,7 +36,7 @@ template <class Stream, class Prepare> inline void start_stream_guarded(Stream &
 // The classic ctype cannot throw.
 template <class Stream>
 inline void start_stream(Stream &stream, std::streambuf *buffer, bool is_member, const void *const *table) {
-  if (stream_access::loc(stream)._get_imp()->_get_quick() & std::locale::imp::_quick_ctype)
+  if (has_plain_ctype(stream_access::loc(stream)))
     stream_access::init(stream, buffer);
   else
     start_stream_guarded(stream, buffer, is_member, table, [] {});

@@ -28,15 +28,9 @@ struct unfinished {
 }  // namespace
 
 template <class C, class T, class A> basic_stringbuf<C, T, A>::basic_stringbuf(ios_base::openmode mode)
-    : _mode_(mode),
-      _buffer_end_(nullptr),
-      _block_(nullptr),
-      _room_end_(nullptr),
-      _written_(nullptr),
-      _wide_(false),
-      _fresh_(false) {}
+    : _mode_(mode), _buffer_end_(nullptr), _block_(nullptr), _room_end_(nullptr), _written_(nullptr), _wide_(false) {}
 
-// A derived object passes here too, and must find a block that it may free: so this is no plain buffer yet.
+// The vtable pointer does not tell yet whether the object is a derived one: by the rule, then, in a block of its own.
 template <class C, class T, class A>
 basic_stringbuf<C, T, A>::basic_stringbuf(const basic_string<C, T, A> &text, ios_base::openmode mode)
     : basic_stringbuf(mode) {
@@ -101,7 +95,7 @@ template <class C, class T, class A> void basic_stringbuf<C, T, A>::_set_text(co
 }
 
 template <class C, class T, class A> void basic_stringbuf<C, T, A>::_set_areas(C *at, unsigned n) PLX_NOTHROW {
-  _wide_ = _fresh_ = false;
+  _wide_ = false;
   _written_ = at + n;
   if (_mode_ & ios_base::in) this->setg(at, at, at + n);
   if (_mode_ & ios_base::out) _set_put(at, _mode_ & ios_base::app ? at + n : at, at + n);
@@ -118,7 +112,7 @@ template <class C, class T, class A> void basic_stringbuf<C, T, A>::_forget() PL
   this->setg(nullptr, nullptr, nullptr);
   this->setp(nullptr, nullptr);
   _buffer_end_ = _block_ = _room_end_ = _written_ = nullptr;
-  _wide_ = _fresh_ = false;
+  _wide_ = false;
 }
 
 template <class C, class T, class A> bool basic_stringbuf<C, T, A>::_is_plain() const PLX_NOTHROW {

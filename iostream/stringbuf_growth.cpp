@@ -1,12 +1,10 @@
 // basic_stringbuf<char>: room for more characters.
 //
-// A derived object moves from block to block by the rule of sizes, and its areas are set as if each step were a move,
-// also where the block at hand is larger than it says. A plain object is given room in larger steps.
+// A derived object sees its areas move by the rule of sizes, a step of 64 at a time, also where the block at hand is
+// larger and nothing is moved. A plain object is given room in larger steps.
 
 #include <stdlib.h>
 #include <string.h>
-
-#include "../libC/replaced_new.h"
 
 #include "stringbuf_block.h"
 #include "windows.h"
@@ -14,12 +12,6 @@
 using namespace __zor;
 
 namespace __zor {
-
-allocation_habit string_block_habit;
-
-allocation_habit find_string_block_habit() {
-  return string_block_habit = array_operator_new_is_replaced() ? habit_by_rule : habit_free;
-}
 
 bool buffer_access::make_room(std::stringbuf &b, unsigned n) {
   if (!(b._mode_ & std::ios_base::out)) return false;
@@ -63,14 +55,13 @@ template <class C, class T, class A> void basic_stringbuf<C, T, A>::_grow() {
 template <class C, class T, class A>
 void basic_stringbuf<C, T, A>::_move_to(C *at, unsigned room, bool moved) PLX_NOTHROW {
   C *const from = _block_;
-  const ptrdiff_t next = this->pptr() - from, end = this->epptr() - from, read = _fresh_ ? 0 : this->gptr() - from,
+  const ptrdiff_t next = this->pptr() - from, end = this->epptr() - from, read = this->gptr() ? this->gptr() - from : 0,
                   readable = this->egptr() - from, written = _put_end() - from, recorded = _buffer_end_ - from;
   if (!moved && from) {
     memcpy(at, from, _wide_ ? written : end);
     if (from != _small_) operator delete[](from);
   }
   _adopt(at, room);
-  _fresh_ = false;
   _buffer_end_ = at + recorded;
   _written_ = at + written;
   _set_put(at, at + next, _wide_ ? _room_end_ : at + end);
@@ -106,7 +97,7 @@ template <class C, class T, class A> void basic_stringbuf<C, T, A>::_start() PLX
   if (!(_mode_ & ios_base::out) || !string_blocks_are_free()) return;
   _adopt(_small_, _step);
   _buffer_end_ = _written_ = _block_;
-  _wide_ = _fresh_ = true;
+  _wide_ = true;
   this->setp(_block_, _room_end_);
 }
 
@@ -122,12 +113,16 @@ template <class C, class T, class A> void basic_stringbuf<C, T, A>::_open_up() P
 // Sets the areas of a plain object as the rules have them.
 template <class C, class T, class A> void basic_stringbuf<C, T, A>::_settle() PLX_NOTHROW {
   if (!_wide_) return;
-  if (_fresh_ && this->pptr() == _block_) return _forget();
   _written_ = _put_end();
+  if (_written_ == _block_) {
+    // Nothing was written: by the rule there is no block yet.
+    _release();
+    return _forget();
+  }
   if (_buffer_end_ < _written_) _buffer_end_ = _block_ + _rule(static_cast<unsigned>(_written_ - _block_) - 1);
   _set_put(_block_, this->pptr(), _written_);
-  if (_mode_ & ios_base::in) this->setg(_block_, _fresh_ ? _block_ : this->gptr(), _written_);
-  _wide_ = _fresh_ = false;
+  if (_mode_ & ios_base::in) this->setg(_block_, this->gptr() ? this->gptr() : _block_, _written_);
+  _wide_ = false;
 }
 
 // Gives a plain object a put area of n characters or more. Throws bad_alloc.

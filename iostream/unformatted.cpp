@@ -10,18 +10,18 @@ using namespace __zor;
 namespace {
 
 // One character, straight from where it lies; EOF: the frame is needed, or there is none.
-inline int take_at_once(istream &in) {
-  if (!starts_at_once(in)) return EOF;
+inline int take_fast(istream &in) {
+  if (!starts_fast(in)) return EOF;
   get_window window;
-  if (!open_get_window(stream_access::buffer(in), window)) return EOF;
+  if (!window.open(stream_access::buffer(in))) return EOF;
   window.take_up_to(window.at + 1);
   stream_access::count(in) = 1;
   return static_cast<unsigned char>(*window.at);
 }
 
-[[gnu::noinline]] int take_in_frame(istream &in) {
+[[gnu::noinline]] int take_slow(istream &in) {
   int c = EOF;
-  light_input_operation(
+  unguarded_input_operation(
       in, true,
       [&](iostate &error) {
         c = stream_access::buffer(in)->sbumpc();
@@ -36,9 +36,9 @@ inline int take_at_once(istream &in) {
   return c;
 }
 
-[[gnu::noinline]] int peek_in_frame(istream &in) {
+[[gnu::noinline]] int peek_slow(istream &in) {
   int c = EOF;
-  light_input_operation(in, true, [&](iostate &error) {
+  unguarded_input_operation(in, true, [&](iostate &error) {
     c = stream_access::buffer(in)->sgetc();
     if (c == EOF) error |= ios_base::eofbit;
   });
@@ -52,9 +52,9 @@ inline const char *find_end_of_ignored(const char *at, const char *end, int deli
   return found ? static_cast<const char *>(found) + 1 : nullptr;
 }
 
-[[gnu::noinline]] void ignore_in_frame(istream &in, streamsize n, int delim) {
+[[gnu::noinline]] void ignore_slow(istream &in, streamsize n, int delim) {
   if (n < 1) n = 0;
-  light_input_operation(in, true, [&](iostate &error) {
+  unguarded_input_operation(in, true, [&](iostate &error) {
     streamsize left = n;
     if (n && !read_blocks(stream_access::buffer(in), [&](const char *&at, const char *end) {
           const streamsize part = end - at < left ? end - at : left;
@@ -73,8 +73,8 @@ inline const char *find_end_of_ignored(const char *at, const char *end, int deli
 
 // The streams that get() and get(c) have not dealt with in the header.
 template <class C, class T> typename basic_istream<C, T>::int_type basic_istream<C, T>::_get() {
-  const int c = take_at_once(*this);
-  return __builtin_expect(c == EOF, false) ? take_in_frame(*this) : c;
+  const int c = take_fast(*this);
+  return __builtin_expect(c == EOF, false) ? take_slow(*this) : c;
 }
 
 template <class C, class T> basic_istream<C, T> &basic_istream<C, T>::_get(C &to) {
@@ -85,23 +85,22 @@ template <class C, class T> basic_istream<C, T> &basic_istream<C, T>::_get(C &to
 
 template <class C, class T> typename basic_istream<C, T>::int_type basic_istream<C, T>::peek() {
   get_window window;
-  if (starts_at_once(*this) && open_get_window(stream_access::buffer(*this), window)) {
+  if (starts_fast(*this) && window.open(stream_access::buffer(*this))) {
     _gcount_ = 0;
     return static_cast<unsigned char>(*window.at);
   }
-  return peek_in_frame(*this);
+  return peek_slow(*this);
 }
 
 template <class C, class T> basic_istream<C, T> &basic_istream<C, T>::read(C *to, streamsize n) {
   get_window window;
-  if (starts_at_once(*this) && n > 0 && open_get_window(stream_access::buffer(*this), window) &&
-      window.end - window.at >= n) {
+  if (starts_fast(*this) && n > 0 && window.open(stream_access::buffer(*this)) && window.end - window.at >= n) {
     move_block(to, window.at, n);
     window.take_up_to(window.at + n);
     _gcount_ = n;
     return *this;
   }
-  light_input_operation(*this, true, [&](iostate &error) {
+  unguarded_input_operation(*this, true, [&](iostate &error) {
     if (n < 1) return;
     _gcount_ = stream_access::buffer(*this)->sgetn(to, n);
     if (_gcount_ != n) error |= ios_base::eofbit | ios_base::failbit;
@@ -124,7 +123,7 @@ template <class C, class T> streamsize basic_istream<C, T>::readsome(C *to, stre
 
 template <class C, class T> basic_istream<C, T> &basic_istream<C, T>::ignore(streamsize n, int_type delim) {
   get_window window;
-  if (n > 0 && starts_at_once(*this) && open_get_window(stream_access::buffer(*this), window)) {
+  if (n > 0 && starts_fast(*this) && window.open(stream_access::buffer(*this))) {
     const streamsize ready = window.end - window.at, part = ready < n ? ready : n;
     const char *const next = find_end_of_ignored(window.at, window.at + part, delim);
     if (next || part == n) {
@@ -133,19 +132,19 @@ template <class C, class T> basic_istream<C, T> &basic_istream<C, T>::ignore(str
       return *this;
     }
   }
-  ignore_in_frame(*this, n, delim);
+  ignore_slow(*this, n, delim);
   return *this;
 }
 
 template <class C, class T> basic_istream<C, T> &basic_istream<C, T>::putback(C c) {
-  light_input_operation(*this, true, [&](iostate &error) {
+  unguarded_input_operation(*this, true, [&](iostate &error) {
     if (stream_access::buffer(*this)->sputbackc(c) == EOF) error |= ios_base::badbit;
   });
   return *this;
 }
 
 template <class C, class T> basic_istream<C, T> &basic_istream<C, T>::unget() {
-  light_input_operation(*this, true, [&](iostate &error) {
+  unguarded_input_operation(*this, true, [&](iostate &error) {
     if (stream_access::buffer(*this)->sungetc() == EOF) error |= ios_base::badbit;
   });
   return *this;

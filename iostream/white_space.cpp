@@ -10,7 +10,7 @@ bool has_nothing_to_flush(const std::ostream *tied) PLX_NOTHROW {
   std::streambuf *const buffer = stream_access::buffer(*tied);
   if (!is_plain_filebuf(buffer)) return false;
   const FILE *const file = buffer_access::file(*buffer);
-  return !file || (file->_IO_write_ptr <= file->_IO_write_base && file->_IO_read_ptr == file->_IO_read_end);
+  return !file || has_nothing_to_flush(file);
 }
 
 bool skip_white_space(std::istream &in) {
@@ -37,7 +37,7 @@ template <> istream &ws(istream &in) {
   using namespace __zor;
   iostate error = ios_base::goodbit;
   if (stream_access::state(in) != ios_base::goodbit) return in;
-  if (starts_at_once(in) && is_plain_buffer(stream_access::buffer(in)) && is_quick(in, locale::imp::_quick_ctype)) {
+  if (starts_fast(in) && is_plain_buffer(stream_access::buffer(in)) && has_plain_ctype(stream_access::loc(in))) {
     if (!skip_plain_space(stream_access::buffer(in))) error = ios_base::eofbit;
   } else if (eh_guard([&] {
                if (stream_access::tie(in)) __zor_do_flush(stream_access::tie(in));

@@ -17,16 +17,11 @@ inline bool is_classic_space(char c) { return c == ' ' || static_cast<unsigned c
 // The bytes of a word that are below 0x21, white space among them, as bit 7 of each. Those above the lowest may be
 // wrong.
 inline unsigned int low_bytes(unsigned int four) { return (four - 0x21212121u) & ~four & 0x80808080u; }
-inline unsigned int four_bytes_at(const char *p) {
-  unsigned int four;
-  __builtin_memcpy(&four, p, sizeof four);
-  return four;
-}
 
 // The first white space of the classic table in the range, or its end.
 inline const char *find_classic_space(const char *at, const char *end) {
   while (end - at >= 4) {
-    const unsigned int low = low_bytes(four_bytes_at(at));
+    const unsigned int low = low_bytes(words(at)->value);
     if (!low) {
       at += 4;
       continue;
@@ -45,16 +40,12 @@ bool skip_white_space(std::istream &in);
 // The same for a plain buffer and the classic table: cannot throw.
 bool skip_plain_space(std::streambuf *buffer) PLX_NOTHROW;
 
-inline bool is_quick(const std::istream &in, unsigned int facets) {
-  return stream_access::loc(in)._get_imp()->_get_quick() & facets;
-}
-
 // Flushing the tied stream would do nothing: the C library holds nothing of it back. (A file that was read from is set
 // to where the reader is, so that is looked at, too.)
 [[gnu::regparm(1)]] bool has_nothing_to_flush(const std::ostream *tied) PLX_NOTHROW;
 
 // The stream is good, so it has a buffer, and nothing has to be flushed.
-inline bool starts_at_once(std::istream &in) {
+inline bool starts_fast(std::istream &in) {
   if (__builtin_expect(stream_access::state(in) != ios_base::goodbit, false)) return false;
   const std::ostream *const tied = stream_access::tie(in);
   return __builtin_expect(!tied, true) || has_nothing_to_flush(tied);
@@ -63,7 +54,7 @@ inline bool starts_at_once(std::istream &in) {
 // The window at the first character that is no classic white space; false when that is not in the buffer's window, or
 // when the window has no known end.
 inline bool open_window_beyond_space(std::istream &in, get_window &window) {
-  if (!open_get_window(stream_access::buffer(in), window) || is_endless(window)) return false;
+  if (!window.open(stream_access::buffer(in)) || window.is_endless()) return false;
   if (stream_access::flags(in) & ios_base::skipws)
     while (is_classic_space(*window.at))
       if (++window.at == window.end) return false;
@@ -71,15 +62,15 @@ inline bool open_window_beyond_space(std::istream &in, get_window &window) {
 }
 
 // Begins an operation that needs no frame because nothing can throw. False: nothing was done, the frame is needed.
-inline bool starts_plainly(std::istream &in, bool noskipws) {
-  if (!starts_at_once(in)) return false;
+inline bool starts_unguarded(std::istream &in, bool noskipws) {
+  if (!starts_fast(in)) return false;
   std::streambuf *const buffer = stream_access::buffer(in);
   if (!is_plain_buffer(buffer)) return false;
-  // Formatted input asks the facet for more than that.
-  if (!noskipws && !is_quick(in, std::locale::imp::_quick_ctype)) return false;
+  // White space, and where a word ends, are the facet's to say.
+  if (!noskipws && !has_plain_ctype(stream_access::loc(in))) return false;
   if (!noskipws && (stream_access::flags(in) & ios_base::skipws)) {
     get_window window;
-    if (!open_get_window(buffer, window) || is_classic_space(*window.at)) skip_plain_space(buffer);
+    if (!window.open(buffer) || is_classic_space(*window.at)) skip_plain_space(buffer);
   }
   start_count(in);
   return true;

@@ -2,7 +2,7 @@
 
 #include "eh_state.h"
 
-// The C library's own: in <stdlib.h> these names lead back to this file and to the needed-destruction list.
+// The C library's own exit and atexit. Those that <stdlib.h> declares are this library's, which end here.
 extern "C" {
 [[noreturn]] void c_library_exit(int status) __asm__("exit");
 int __cxa_atexit(void (*function)(void *), void *argument, void *owner) noexcept;

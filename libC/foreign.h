@@ -12,8 +12,7 @@ inline bool is_foreign(const a_type_info_impl *type) { return type->virtual_tabl
 const char *foreign_identity(const a_type_info_impl *type);
 
 // Whether two foreign records with different identities are of one type all the same: objects that were loaded apart
-// have records of their own, and a file that knows a class by its declaration only has one of its own for pointers to
-// it.
+// have records of their own, and so has a file for pointers to a class that is incomplete there.
 bool foreign_same_name(const a_type_info_impl *left, const a_type_info_impl *right);
 
 // Converts from a foreign class to a base, public and unambiguous, that may be of either format.

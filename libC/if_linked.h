@@ -1,5 +1,5 @@
-// References that take nothing into a static program: what they name is there, and its address not null, when something
-// else asked for it. In the shared object everything is there.
+// Weak references: they take nothing into a static program, and are null unless something else did. In the shared
+// object everything is there.
 #pragma once
 
 #define PLX_IF_LINKED __attribute__((__weak__))

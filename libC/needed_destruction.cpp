@@ -3,8 +3,8 @@
 
 #include <stdlib.h>
 
+#include "above.h"
 #include "eh_tools.h"
-#include "needed_destruction.h"
 
 using namespace __zor;
 

@@ -12,10 +12,28 @@
 
 namespace __zor {
 
-bool operator_new_is_replaced();
+enum replaced_allocation : unsigned char { replacement_was_asked = 1, replaced_new = 2, replaced_array_new = 4 };
+
+// The answers, or 0 before the first question.
+extern PLX_HIDDEN unsigned char replaced_allocations;
+
+// Fills in and returns `replaced_allocations`.
+PLX_HIDDEN PLX_COLD unsigned char ask_for_replacements();
+
+inline bool is_replaced(replaced_allocation functions) {
+  unsigned char answers = replaced_allocations;
+  if (__builtin_expect(answers == 0, 0)) answers = ask_for_replacements();
+  return answers & functions;
+}
+
+inline bool operator_new_is_replaced() { return is_replaced(replaced_new); }
 
 // One of those, or of operator new[] and operator delete[].
-bool array_operator_new_is_replaced();
+inline bool array_operator_new_is_replaced() { return is_replaced(replaced_array_new); }
+
+// Asked once, by ask_for_replacements.
+bool finds_replaced_new();
+bool finds_replaced_array_new();
 
 extern PLX_HIDDEN const char own_operator_new, own_operator_delete, own_operator_new_array, own_operator_delete_array;
 

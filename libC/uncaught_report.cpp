@@ -6,6 +6,7 @@
 #include <stdio.h>
 #include <unistd.h>
 
+#include "above.h"
 #include "foreign.h"
 #include "frames.h"
 #include "throw_stack.h"

@@ -15,10 +15,6 @@ const char *function_at(unsigned address);
 // Prints "plx: terminated: " and the reason.
 void report_termination(const char *reason);
 
-// The what() of an object of the given type, or null when the type is not derived from std::exception. Defined with
-// the exception classes, which stand above.
-const char *message_of(void *object, const a_type_info_impl *type);
-
 // Writes a foreign type's name as in source to `text`, or as the compiler encoded it when that is beyond it.
 void foreign_readable_name(const a_type_info_impl *native, char *text, size_t size);
 

@@ -19,8 +19,8 @@ const size_t short_text = 120;
 
 class long_text {
 public:
-  // A call, not a new-expression: compilers take those for calls that look at no other memory, and would not let the
-  // runtime see, when it throws, that the text before is to be freed.
+  // A call, not a new-expression: compilers assume that those read no memory, and sink the stores that link the
+  // eh_local before past them.
   explicit long_text(size_t n) : text_(static_cast<char *>(operator new[](n + 1))) {}
   ~long_text() { operator delete[](text_); }
   long_text(const long_text &) = delete;

@@ -45,7 +45,7 @@ locale::locale(const locale &other, const locale &one, category categories) {
   combined->release();
 }
 
-// A facet that nobody holds when this fails is deleted: its maker handed it over.
+// The facet was handed over: when this fails, and no other locale holds it, it is deleted.
 locale::imp *locale::_with(const locale &other, facet *added, const id &identity) {
   if (!added) {
     ++other._imp_->_refcount_;

@@ -7,6 +7,7 @@
 #include <stdlib.h>
 #include <string.h>
 
+#include "../numbers/grouping.h"
 #include "character_cursor.h"
 #include "money_style.h"
 #include "standard_facets.h"
@@ -29,7 +30,7 @@ public:
         symbol_(facet_),
         plus_(facet_),
         minus_(facet_),
-        grouping_(facet_),
+        groups_(group_sizes::of_money, facet_),
         pattern_(facet_.neg_format()),
         decimals_(facet_.decimals()),
         point_(facet_.decimal_point()),
@@ -56,8 +57,6 @@ private:
   bool scan_value(string &digits);
   bool more_is_needed(int i);
   bool scan_text(const string &text, size_t from);
-  void add_group(unsigned count);
-  bool groups_are_right();
   bool sign_is_required() { return !plus_->text.empty() && !minus_->text.empty(); }
   bool at(ctype_base::mask mask) { return !in_.at_end() && classes_.is(mask, *in_); }
   char digit_of(char c) const {
@@ -75,13 +74,12 @@ private:
   eh_local<money_string<&money_facet::curr_symbol>> symbol_;
   eh_local<money_string<&money_facet::positive_sign>> plus_;
   eh_local<money_string<&money_facet::negative_sign>> minus_;
-  eh_local<money_string<&money_facet::grouping>> grouping_;
+  eh_local<group_check> groups_;
   const money_base::pattern pattern_;
   const unsigned decimals_;
   const char point_;
   const char separator_;
   const bool symbol_required_;
-  eh_local<string> groups_;  // how many digits each has, from the left
   char digits_[10];
   const string *sign_ = nullptr;  // the one that was recognized
 };
@@ -90,7 +88,7 @@ bool money_scanner::scan(string &digits) {
   for (int i = 0; i < 4; ++i)
     if (!scan_part(i, digits)) return false;
   if (sign_ && !scan_text(*sign_, 1)) return false;
-  if (digits.empty() || !groups_are_right()) return false;
+  if (digits.empty() || !groups_->hold()) return false;
   // Where nothing was recognized, the sign is the one that is written as nothing; positive, if both are.
   const bool negative = sign_ ? sign_ == &minus_->text : minus_->text.empty() && !plus_->text.empty();
   size_t zeros = 0;
@@ -153,42 +151,26 @@ bool money_scanner::scan_text(const string &text, size_t from) {
 
 // Digits, groups of them, and decimals: all that can belong to the value.
 bool money_scanner::scan_value(string &digits) {
-  const bool grouped = separator_ != 0 && money_group_size(grouping_->text, 0) != 0;
-  unsigned count = 0;  // of digits since the last separator or point
+  const bool grouped = separator_ != 0 && groups_->sizes()[0] != group_sizes::unlimited;
+  unsigned decimals = 0;
   bool with_decimals = false;
   for (; !in_.at_end(); in_.pass()) {
     if (const char digit = digit_of(*in_)) {
       digits.append(1, digit);
-      ++count;
+      if (with_decimals)
+        ++decimals;
+      else
+        groups_->digit();
     } else if (*in_ == point_ && decimals_ != 0 && !with_decimals) {
-      add_group(count);
       with_decimals = true;
-      count = 0;
     } else if (*in_ == separator_ && grouped && !with_decimals) {
-      if (count == 0) return false;
-      add_group(count);
-      count = 0;
+      if (groups_->at_group_start()) return false;
+      groups_->separator();
     } else {
       break;
     }
   }
-  if (!with_decimals) add_group(count);
-  return !digits.empty() && (!with_decimals || count == decimals_);
-}
-
-// Nothing that is compared with a size, which is below 127, needs more than a byte.
-void money_scanner::add_group(unsigned count) { groups_->append(1, static_cast<char>(count < 255 ? count : 255)); }
-
-// From the point on each group must be of its size; the first one read may be smaller.
-bool money_scanner::groups_are_right() {
-  const string &groups = *groups_;
-  for (size_t place = 0; place + 1 < groups.size(); ++place) {
-    const unsigned size = money_group_size(grouping_->text, place);
-    if (size == 0 || size != static_cast<unsigned char>(groups.data()[groups.size() - 1 - place])) return false;
-  }
-  if (groups.size() < 2) return true;
-  const unsigned size = money_group_size(grouping_->text, groups.size() - 1);
-  return size == 0 || static_cast<unsigned char>(groups.data()[0]) <= size;
+  return !digits.empty() && (!with_decimals || decimals == decimals_);
 }
 
 }  // namespace

@@ -11,6 +11,7 @@
 
 #include <stdio.h>
 
+#include "../numbers/grouping.h"
 #include "money_style.h"
 #include "standard_facets.h"
 
@@ -25,16 +26,13 @@ using minus_string = money_string<&money_facet::negative_sign>;
 
 // Digits with separators, without decimals. A locale whose separator is an empty text has none.
 void append_grouped(string &text, const char *digits, size_t n, const string &grouping, char separator) {
-  size_t separators = 0;
-  size_t rest = n;
-  if (separator != 0)
-    for (unsigned size; (size = money_group_size(grouping, separators)) != 0 && size < rest; ++separators) rest -= size;
-  text.append(digits, rest);
-  for (digits += rest; separators != 0; --separators) {
-    const unsigned size = money_group_size(grouping, separators - 1);
+  const group_sizes sizes(group_sizes::of_money, grouping.data(), separator != 0 ? grouping.size() : 0);
+  const digit_groups groups(sizes, n);
+  text.append(digits, groups.head);
+  digits += groups.head;
+  for (unsigned group = groups.separators; group-- != 0; digits += sizes[group]) {
     text.append(1, separator);
-    text.append(digits, size);
-    digits += size;
+    text.append(digits, sizes[group]);
   }
 }
 

@@ -43,15 +43,4 @@ template <std::string (money_facet::*operation)() const> struct money_string {
   const std::string text;
 };
 
-// The size of a group, for its place counted from the point; 0: all digits that remain.
-inline unsigned money_group_size(const std::string &grouping, size_t place) {
-  if (grouping.empty()) return 0;
-  // Sizes up to the first that ends grouping hold; the last of all is repeated.
-  for (size_t i = 0;; ++i) {
-    const signed char size = static_cast<signed char>(grouping.data()[i]);
-    if (size <= 0 || size == SCHAR_MAX) return 0;
-    if (i == place || i + 1 == grouping.size()) return static_cast<unsigned>(size);
-  }
-}
-
 }  // namespace __zor

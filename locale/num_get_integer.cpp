@@ -1,13 +1,13 @@
 // num_get's scanner of integers, and of pointers.
 #include <plx/facets/ctype.h>
 #include <plx/facets/num_get.h>
+#include <plx/facets/numpunct.h>
 
 #include "../libC/eh_tools.h"
+#include "../numbers/grouping.h"
+#include "../numbers/read.h"
 #include "character_cursor.h"
-#include "digit_groups.h"
-#include "digits.h"
 #include "ios_base_access.h"
-#include "number_value.h"
 
 using namespace std;
 
@@ -25,7 +25,7 @@ inline bool append(unsigned long &value, unsigned int digit, int base) {
 // Sets `base` to -1 for errors.
 unsigned long scan(character_cursor &in, const locale &loc, int flags, int &base, bool is_signed, unsigned long max) {
   const numpunct<char> &punct = use_facet<numpunct<char>>(loc);
-  eh_local<digit_groups> groups(punct);
+  eh_local<group_check> groups(group_sizes::of_read, punct);
   const char separator = punct.thousands_sep();
   const ctype<char> &classes = use_facet<ctype<char>>(loc);
 

@@ -4,13 +4,13 @@
 #include <plx/facets/ctype.h>
 #include <plx/facets/num_get.h>
 #include <plx/facets/num_put.h>
+#include <plx/facets/numpunct.h>
 
 #include "../libC/eh_tools.h"
+#include "../numbers/grouping.h"
+#include "../numbers/read.h"
 #include "character_cursor.h"
-#include "digit_groups.h"
-#include "digits.h"
 #include "ios_base_access.h"
-#include "number_value.h"
 
 using namespace std;
 
@@ -100,7 +100,7 @@ private:
 template <class Text> [[gnu::always_inline]] inline bool scan(character_cursor &in, ios_base &str, Text &text) {
   const locale &loc = ios_base_access::loc(str);
   const numpunct<char> &punct = use_facet<numpunct<char>>(loc);
-  eh_local<digit_groups> groups(punct);
+  eh_local<group_check> groups(group_sizes::of_read, punct);
   const char separator = punct.thousands_sep();
   const char point = punct.decimal_point();
   const ctype<char> &classes = use_facet<ctype<char>>(loc);

@@ -4,8 +4,9 @@
 #include <plx/facets/num_put.h>
 
 #include "../libC/eh_tools.h"
-#include "num_put_locale.h"
-#include "number_text.h"
+#include "../numbers/write.h"
+#include "ios_base_access.h"
+#include "plain_facets.h"
 #include "standard_facets.h"
 
 using namespace std;
@@ -49,10 +50,9 @@ template <class Integer> void put_integer(a_text_sink *sink, ios_base &str, char
 
 // As the stream's ctype has it, where there is one: neither a bool nor a pointer needs a facet.
 void widen(const ios_base &str, char *first, char *last) {
-  if (is_plain_number_locale(str)) return;
+  if (has_plain_num_put(ios_base_access::loc(str))) return;
   eh_local<locale> loc(str.getloc());
-  if (!is_plain_ctype_locale(*loc) && has_facet<ctype<char>>(*loc))
-    use_facet<ctype<char>>(*loc).widen(first, last, first);
+  if (!has_plain_ctype(*loc) && has_facet<ctype<char>>(*loc)) use_facet<ctype<char>>(*loc).widen(first, last, first);
 }
 
 }  // namespace
@@ -63,7 +63,8 @@ void put_bool(a_text_sink *sink, ios_base &str, bool value) {
     widen(str, &digit, &digit + 1);
     return sink->_put(sink, &digit, 1);
   }
-  if (is_plain_number_locale(str)) return value ? sink->_put(sink, "true", 4) : sink->_put(sink, "false", 5);
+  if (has_plain_num_put(ios_base_access::loc(str)))
+    return value ? sink->_put(sink, "true", 4) : sink->_put(sink, "false", 5);
   eh_local<locale> loc(str.getloc());
   eh_local<truth_name> name(use_facet<numpunct<char>>(*loc), value);
   sink->_put(sink, name->text.data(), name->text.size());

@@ -6,14 +6,15 @@
 // Where a text has no point, all of it is digits as far as grouping goes, so that an exponent without a point before
 // it, "1e+10", keeps its small letter, and infinity is grouped like a number.
 
-#include <limits.h>
 #include <locale.h>
 
 #include <plx/facets/num_put.h>
 
 #include "../libC/eh_tools.h"
-#include "num_put_locale.h"
-#include "number_text.h"
+#include "../numbers/grouping.h"
+#include "../numbers/write.h"
+#include "ios_base_access.h"
+#include "plain_facets.h"
 
 using namespace std;
 
@@ -21,34 +22,12 @@ namespace __zor {
 
 namespace {
 
-// The groups of `digits` characters, counted from their end.
-class digit_groups {
-public:
-  digit_groups(const char *sizes, unsigned digits) : sizes_(reinterpret_cast<const signed char *>(sizes)), cuts_(0) {
-    const signed char *size = sizes_;
-    while (*size != SCHAR_MAX && *size >= 1 && static_cast<unsigned>(*size) < digits) {
-      digits -= static_cast<unsigned>(*size);
-      ++cuts_;
-      if (size[1] > 0) ++size;
-    }
-    last_ = static_cast<unsigned>(size - sizes_);
-    head_ = digits;
-  }
-  unsigned cuts() const { return cuts_; }
-  unsigned head() const { return head_; }
-  unsigned after_cut(unsigned cut) const { return static_cast<unsigned>(sizes_[cut < last_ ? cut : last_]); }
-
-private:
-  const signed char *sizes_;
-  unsigned cuts_, last_, head_;
-};
-
 // What the layout asks of the locale.
 struct a_punctuation {
   const numpunct<char> *facet;  // null: as in "C"
   const ctype<char> *classes;   // null: digits and letters are what they are
   char separator;
-  const char *sizes;
+  group_sizes sizes;
 
   char widened(char c) const { return classes ? classes->widen(c) : c; }
 };
@@ -72,7 +51,7 @@ inline void put(a_text_sink *sink, const char *first, const char *last, const a_
 unsigned put_whole(a_text_sink *sink, const ios_base &str, char fill, const char *text, const char *whole_end,
                    unsigned prefix, unsigned behind, const a_punctuation &punctuation) {
   const digit_groups groups(punctuation.sizes, static_cast<unsigned>(whole_end - text) - prefix);
-  const unsigned length = static_cast<unsigned>(whole_end - text) + groups.cuts() + behind;
+  const unsigned length = static_cast<unsigned>(whole_end - text) + groups.separators + behind;
   unsigned pad = str.width() > 0 && static_cast<unsigned>(str.width()) > length ? str.width() - length : 0;
   const int adjust = str.flags() & ios_base::adjustfield;
   const char *from = text;
@@ -84,12 +63,12 @@ unsigned put_whole(a_text_sink *sink, const ios_base &str, char fill, const char
     sink->_fill(sink, fill, pad);
     pad = 0;
   }
-  const char *to = text + prefix + groups.head();
+  const char *to = text + prefix + groups.head;
   put(sink, from, to, punctuation);
-  for (unsigned cut = groups.cuts(); cut-- != 0;) {
+  for (unsigned group = groups.separators; group-- != 0;) {
     sink->_fill(sink, punctuation.separator, 1);
     from = to;
-    to += groups.after_cut(cut);
+    to += punctuation.sizes[group];
     put(sink, from, to, punctuation);
   }
   return pad;
@@ -126,23 +105,23 @@ void put_float_with(a_text_sink *sink, ios_base &str, char fill, const char *tex
   if (pad) sink->_fill(sink, fill, pad);
 }
 
-struct group_sizes {
-  explicit group_sizes(const numpunct<char> &facet) : sizes(facet.grouping()) {}
-  const string sizes;
+struct a_grouping {
+  explicit a_grouping(const numpunct<char> &facet) : text(facet.grouping()) {}
+  group_sizes sizes() const { return group_sizes(group_sizes::of_written, text.data(), text.size()); }
+  const string text;
 };
-
-const a_punctuation plain_punctuation = {nullptr, nullptr, 0, ""};
 
 // body(punctuation) with what the stream's locale says. The locale is held: what runs meanwhile may change the
 // stream's.
 template <class Body> inline void with_punctuation(const ios_base &str, Body body) {
-  if (is_plain_number_locale(str)) return body(plain_punctuation);
+  if (has_plain_num_put(ios_base_access::loc(str)))
+    return body(a_punctuation{nullptr, nullptr, 0, group_sizes(group_sizes::of_written, nullptr, 0)});
   eh_local<locale> loc(str.getloc());
   const numpunct<char> &facet = use_facet<numpunct<char>>(*loc);
   const ctype<char> &classes = use_facet<ctype<char>>(*loc);
   const char separator = facet.thousands_sep();
-  eh_local<group_sizes> grouping(facet);
-  body(a_punctuation{&facet, is_plain_ctype_locale(*loc) ? nullptr : &classes, separator, grouping->sizes.c_str()});
+  eh_local<a_grouping> grouping(facet);
+  body(a_punctuation{&facet, has_plain_ctype(*loc) ? nullptr : &classes, separator, grouping->sizes()});
 }
 
 }  // namespace
@@ -162,29 +141,10 @@ void put_float_text(a_text_sink *sink, ios_base &str, char fill, const char *tex
 char local_decimal_point() noexcept { return localeconv()->decimal_point[0]; }
 
 void make_integer_format(char *format, char conversion, int flags) noexcept {
-  *format++ = '%';
-  if (conversion != 'p') {
-    if (flags & ios_base::showpos) *format++ = '+';
-    if (flags & ios_base::showbase) *format++ = '#';
-    *format++ = 'l';
-    const int base = flags & ios_base::basefield;
-    if (base == ios_base::oct) conversion = 'o';
-    if (base == ios_base::hex) conversion = flags & ios_base::uppercase ? 'X' : 'x';
-  }
-  *format++ = conversion;
-  *format = '\0';
+  integer_format(format, conversion, static_cast<unsigned>(flags));
 }
-
 void make_float_format(char *format, char modifier, int flags) noexcept {
-  const int style = flags & ios_base::floatfield;
-  *format++ = '%';
-  if (flags & ios_base::showpos) *format++ = '+';
-  if (flags & ios_base::showpoint) *format++ = '#';
-  *format++ = '.';
-  *format++ = '*';
-  if (modifier) *format++ = modifier;
-  *format++ = style == ios_base::fixed ? 'f' : style == ios_base::scientific ? 'e' : 'g';
-  *format = '\0';
+  float_format(format, modifier, static_cast<unsigned>(flags));
 }
 
 }  // namespace __zor

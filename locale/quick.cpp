@@ -1,7 +1,7 @@
 // imp::_look: which facets of a table are the library's own, unchanged, so that streams need not ask them.
 //
-// An object is of exactly a class when it has the class's virtual table. A program's executable may hold a copy of that
-// table, so its address is taken as data of another object would be, which is how the constructors take it too.
+// An object is of exactly a class when its vtable pointer says so. A program for a fixed address holds the vtable
+// itself, by a copy relocation, so its address is looked up in the global offset table, as constructors do.
 
 #include <plx/facets/ctype.h>
 #include <plx/facets/numpunct.h>

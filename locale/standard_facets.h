@@ -1,8 +1,8 @@
 // The facets that the library's own locales hold, category by category: what a named locale begins with, and what
 // combining locales carries over.
 //
-// Each facet describes itself beside its identity. A static program has the facets that it can ask for, by their
-// identities, and no others: what it cannot name it cannot miss.
+// Each facet describes itself in the object file of its identity, and is reached by a weak reference: a static program,
+// which needs the identity to ask for a facet, gets those that it names.
 #pragma once
 
 #include <plx/locale/locale_core.h>

@@ -1,12 +1,9 @@
 // Blocks for string representations. Those of up to 1,024 bytes, in classes of 32 bytes, come from free lists, larger
-// ones from operator new. A program that replaced operator new or operator delete sees every allocation: then nothing
-// is pooled.
+// ones from operator new, and all of them in a program that replaced it.
 //
 // A block in a free list was a representation and still is one but for its first word: what depends on its size alone
 // stays written, so taking it again is a matter of a few instructions.
 #pragma once
-
-#include <new>
 
 #include <plx/string/string_core.h>
 
@@ -15,22 +12,15 @@ namespace __zor {
 constexpr unsigned block_step = 32;
 constexpr unsigned largest_pooled = 1024;
 
-// In b_str_ref::block beside the size, a multiple of 32: freeing takes more than putting the block into its list.
+// In b_str_ref::_block beside the size, a multiple of 32: freeing takes more than putting the block into its list.
 constexpr unsigned block_is_special = 1;
 
 struct free_block {
   free_block *next;
 };
 
-struct block_pool {
-  free_block *free[largest_pooled / block_step + 1];  // by size; all empty when nothing is pooled
-  char *fresh;                                        // the part of the last chunk that was never handed out
-  unsigned fresh_bytes;
-  bool asked;     // whether the program replaced the allocation functions was found out
-  bool bypassed;  // it did
-};
-
-extern PLX_HIDDEN block_pool string_pool;
+// By size in steps; all empty when nothing is pooled.
+extern PLX_HIDDEN free_block *free_strings[largest_pooled / block_step + 1];
 
 inline char *own_buffer(b_str_ref *rep) { return reinterpret_cast<char *>(rep + 1); }
 

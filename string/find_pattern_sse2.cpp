@@ -33,6 +33,7 @@ PLX_SSE2 const char *find_pattern_sse2(const char *&text, const char *end, const
       }
       compared += n;
     }
+    // Beyond the first 16 KB of comparisons, four characters may be compared for each of progress.
     if (__builtin_expect(compared / 4 > 4096 + static_cast<unsigned>(at - begin), false)) {
       text = at + 16;
       return nullptr;

@@ -2,10 +2,9 @@
 // except to give a representation up.
 #pragma once
 
-#include <string.h>
-
 #include <plx/string/string_core.h>
 
+#include "../libC/i386/short_copy.h"
 #include "block_pool.h"
 
 namespace __zor {
@@ -15,70 +14,9 @@ constexpr unsigned no_limit = 0xFFFFFFFFu;
 // The capacity for n characters: the next multiple of 32 above n, and 0 where that is no 32-bit number.
 inline unsigned capacity_for(unsigned n) { return (n & ~31u) + 32; }
 
-// Calls of the C library and of exported functions need the GOT pointer, and short strings are too short for that. So
-// the paths of short strings are free of such calls, and the long and the failing ones stand behind hidden functions.
-PLX_HIDDEN PLX_NOINLINE PLX_REGPARM void copy_long(char *to, const char *from, unsigned n);
-PLX_HIDDEN PLX_NOINLINE PLX_REGPARM void fill_long(char *to, unsigned n, char c);
+// Out of line for the reason that short_copy.h gives.
 [[noreturn]] PLX_HIDDEN PLX_NOINLINE PLX_REGPARM void fail_out_of_range();
 [[noreturn]] PLX_HIDDEN PLX_NOINLINE PLX_REGPARM void fail_length();
-
-constexpr unsigned short_copy = 32;
-
-struct four_bytes {
-  unsigned value;
-} __attribute__((__packed__, __may_alias__));
-inline four_bytes *words(char *at) { return reinterpret_cast<four_bytes *>(at); }
-inline const four_bytes *words(const char *at) { return reinterpret_cast<const four_bytes *>(at); }
-
-// Copying and filling. Nothing is nothing: the pointers may be null then. The regions of a copy do not overlap.
-inline void copy_characters(char *to, const char *from, unsigned n) {
-  if (__builtin_expect(n > short_copy, false)) return copy_long(to, from, n);
-  if (n >= 8) {
-    const four_bytes c = *words(from + n - 8), d = *words(from + n - 4);
-    unsigned i = 0;
-    do {
-      *words(to + i) = *words(from + i);
-      *words(to + i + 4) = *words(from + i + 4);
-      i += 8;
-    } while (i + 8 < n);
-    *words(to + n - 8) = c;
-    *words(to + n - 4) = d;
-  } else if (n >= 4) {
-    *words(to) = *words(from);
-    *words(to + n - 4) = *words(from + n - 4);
-  } else if (n != 0) {
-    to[0] = from[0];
-    to[n / 2] = from[n / 2];
-    to[n - 1] = from[n - 1];
-  }
-}
-// The regions may overlap: all is read before anything is written.
-inline void move_characters(char *to, const char *from, unsigned n) {
-  if (n > 16) {
-    memmove(to, from, n);
-    return;
-  }
-  if (n >= 8) {
-    const four_bytes a = *words(from), b = *words(from + 4), c = *words(from + n - 8), d = *words(from + n - 4);
-    *words(to) = a;
-    *words(to + 4) = b;
-    *words(to + n - 8) = c;
-    *words(to + n - 4) = d;
-  } else if (n >= 4) {
-    const four_bytes a = *words(from), b = *words(from + n - 4);
-    *words(to) = a;
-    *words(to + n - 4) = b;
-  } else if (n != 0) {
-    const char a = from[0], b = from[n / 2], c = from[n - 1];
-    to[0] = a;
-    to[n / 2] = b;
-    to[n - 1] = c;
-  }
-}
-inline void fill_characters(char *to, unsigned n, char c) {
-  if (__builtin_expect(n > 4, true)) return fill_long(to, n, c);
-  for (unsigned i = 0; i < n; ++i) to[i] = c;
-}
 
 inline unsigned in_steps(unsigned bytes) { return (bytes + block_step - 1) & ~(block_step - 1); }
 
@@ -88,7 +26,7 @@ PLX_HIDDEN PLX_NOINLINE PLX_REGPARM b_str_ref *make_roomy_representation(unsigne
 PLX_ALWAYS_INLINE b_str_ref *make_representation(unsigned capacity) {
   static_assert(sizeof(b_str_ref) < block_step, "one step holds the fields and the terminator");
   if (__builtin_expect(capacity <= largest_pooled - block_step, true)) {
-    free_block *&head = string_pool.free[capacity / block_step + 1];  // never filled where the capacity is 0
+    free_block *&head = free_strings[capacity / block_step + 1];  // never filled where the capacity is 0
     if (__builtin_expect(head != nullptr, true)) {
       b_str_ref *rep = reinterpret_cast<b_str_ref *>(head);
       head = head->next;
@@ -103,7 +41,7 @@ PLX_ALWAYS_INLINE b_str_ref *make_representation(unsigned capacity) {
 // Whether a representation of n characters can be made from a pooled block, which cannot fail.
 inline bool has_block_for(unsigned n) {
   const unsigned capacity = capacity_for(n);
-  return n < largest_pooled - 2 * block_step && string_pool.free[capacity / block_step + 1];
+  return n < largest_pooled - 2 * block_step && free_strings[capacity / block_step + 1];
 }
 
 // Gives a private representation this capacity and room in a larger block; its other fields and characters stay. Null
@@ -120,7 +58,7 @@ PLX_ALWAYS_INLINE void free_representation(b_str_ref *rep) PLX_NOTHROW {
   const unsigned bytes = rep->_block;
   if (__builtin_expect(bytes & block_is_special, false)) return free_special_representation(rep);
   free_block *block = reinterpret_cast<free_block *>(rep);
-  free_block *&head = string_pool.free[bytes / block_step];
+  free_block *&head = free_strings[bytes / block_step];
   block->next = head;
   head = block;
 }

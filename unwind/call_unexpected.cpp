@@ -1,11 +1,9 @@
 // A violated exception specification of a C++ function (1998, 15.5.2): the unexpected handler may throw what the
 // specification allows; anything else becomes bad_exception where that is allowed, and terminates where not.
 
-#include <exception>
-#include <new>
-
 #include <plx/base/config.h>
 
+#include "../libC/above.h"
 #include "../libC/throw_stack.h"
 #include "walk.h"
 
@@ -20,19 +18,12 @@ struct a_guard : an_unexpected_guard {
   bool allows(a_throw_stack_entry *thrown) const { return allowed_by(plan->table(), filter, thrown); }
 };
 
-void destroy_bad_exception(void *object, int) { static_cast<std::bad_exception *>(object)->~bad_exception(); }
-
-void construct_bad_exception() {
-  void *object = __throw_setup_dtor(&__TI_St13bad_exception, sizeof(std::bad_exception), 0, destroy_bad_exception);
-  new (object) std::bad_exception;
-}
-
 bool stops(an_unexpected_guard *guard, a_throw_stack_entry *thrown) {
   return !static_cast<a_guard *>(guard)->allows(thrown);
 }
 
 void replace(an_unexpected_guard *guard, a_throw_stack_entry *thrown) {
-  construct_bad_exception();
+  set_up_bad_exception();
   a_throw_stack_entry *replacement = curr_throw_stack_entry;
   if (!static_cast<a_guard *>(guard)->allows(replacement)) {
     // What is reported as uncaught is what the handler threw.

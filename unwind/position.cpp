@@ -4,8 +4,24 @@
 #include "../libC/throw_stack.h"
 #include "walk.h"
 
+// In a program with the address sanitizer: its "fake stack" may hold what instrumented code has in its frames.
+extern "C" {
+void *__asan_get_current_fake_stack() __attribute__((__weak__));
+void *__asan_addr_is_in_fake_stack(void *fake_stack, void *address, void **start, void **end) __attribute__((__weak__));
+}
+
 namespace __zor {
 namespace {
+
+// An address in the frame of what lies at `address`, or 0. The sanitizer tells where its own function's frame was,
+// which the instrumented function called first of all: right below, where the frames of other calls are now.
+unsigned real_frame_of(void *address) {
+  if (!__asan_get_current_fake_stack || !__asan_addr_is_in_fake_stack) return 0;
+  void *fake_stack = __asan_get_current_fake_stack();
+  if (!fake_stack) return 0;
+  const void *below = __asan_addr_is_in_fake_stack(fake_stack, address, nullptr, nullptr);
+  return below ? reinterpret_cast<unsigned>(below) + 64 : 0;
+}
 
 // A throw stands where it was thrown until it lands, and then, while the clean-up runs, at the end of the frame:
 // handlers that were inlined into the clean-up come before it, and what leaves the frame meets it.
@@ -24,7 +40,7 @@ unsigned position_elsewhere(an_eh_stack_entry *entry) {
     case PLX_EH_IN_PROGRESS: return position_of_marker(entry);
     // The entry is not in the frame of its function, but the jump leads there.
     case PLX_EH_TRY_BLOCK: return stack_pointer_in(entry->body.try_block.jump_buffer);
-    default: return 0;
+    default: return real_frame_of(entry);
   }
 }
 

@@ -17,10 +17,7 @@ PLX_API void __zor_start_cxx(const void *image) {
   note_object(image);
 }
 
-// Its end. Static objects of a program have ended by then; those of a shared object that is unloaded end now.
-PLX_API void __zor_end_cxx(const void *image, unsigned size) {
-  __process_shared_object_destruction(image, size, image, size);
-  forget_object(image);
-}
+// Its end, behind that of its static objects (libC/program/end.cpp).
+PLX_API void __zor_end_cxx(const void *image) { forget_object(image); }
 
 }  // extern "C"

@@ -15,10 +15,8 @@ extern const char own_operator_delete_array __attribute__((__weak__));
 __attribute__((__used__)) void *(*const allocate[])(size_t) = {operator new, operator new[] };
 __attribute__((__used__)) void (*const deallocate[])(void *) = {operator delete, operator delete[] };
 
-bool operator_new_is_replaced() { return !&own_operator_new || !&own_operator_delete; }
+bool finds_replaced_new() { return !&own_operator_new || !&own_operator_delete; }
 
-bool array_operator_new_is_replaced() {
-  return !&own_operator_new_array || !&own_operator_delete_array || operator_new_is_replaced();
-}
+bool finds_replaced_array_new() { return !&own_operator_new_array || !&own_operator_delete_array; }
 
 }  // namespace __zor

@@ -17,17 +17,16 @@ bool is_ours(size_t function) {
 
 }  // namespace
 
-bool operator_new_is_replaced() {
+bool finds_replaced_new() {
   void *(*allocate)(size_t) = operator new;
   void (*deallocate)(void *) PLX_NOTHROW = operator delete;
   return !is_ours(reinterpret_cast<size_t>(allocate)) || !is_ours(reinterpret_cast<size_t>(deallocate));
 }
 
-bool array_operator_new_is_replaced() {
+bool finds_replaced_array_new() {
   void *(*allocate)(size_t) = operator new[];
   void (*deallocate)(void *) PLX_NOTHROW = operator delete[];
-  return !is_ours(reinterpret_cast<size_t>(allocate)) || !is_ours(reinterpret_cast<size_t>(deallocate)) ||
-         operator_new_is_replaced();
+  return !is_ours(reinterpret_cast<size_t>(allocate)) || !is_ours(reinterpret_cast<size_t>(deallocate));
 }
 
 }  // namespace __zor

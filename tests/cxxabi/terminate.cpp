@@ -118,6 +118,7 @@ static void run() {
     case 32: alarm(10); recursive(0); return;
     case 33: no_throw_specified(); return;
     case 34: if (std::set_terminate(say_terminate) && std::set_terminate(0) == say_terminate) puts("was set"); return;
+    case 35: throw std::logic_error(std::string(3000, 'x'));
   }
 }
 
@@ -139,7 +140,7 @@ int main() {
       {3, "terminate:1"}, {3, "terminate:"}, {3, "terminate:"}, {3, "terminate:"}, {3, "terminate:"},
       {0, "caught 2 "}, {-SIGABRT, ""}, {-SIGABRT, "returning"}, {-SIGABRT, "inner 5"},
       {-SIGABRT, ""}, {-SIGABRT, ""}, {6, "~static "}, {'t', "~static "}, {9, "~static "}, {0, "handled 3 ~static "},
-      {3, "terminate:"}, {-SIGABRT, ""}, {-SIGABRT, " "}, {-SIGABRT, "plx: "}, {0, "was set"}};
+      {3, "terminate:"}, {-SIGABRT, ""}, {-SIGABRT, " "}, {-SIGABRT, "plx: "}, {0, "was set"}, {-SIGABRT, "xxx\n"}};
   for (; which < (int)(sizeof wants / sizeof wants[0]); ++which) {
     const test_child child = test_run_child(run);
     const bool good = child.status == wants[which].status && strstr(child.text, wants[which].text) && !strstr(child.text, "wrong");

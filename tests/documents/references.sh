@@ -28,7 +28,7 @@ for document in $(documents); do
 done > missing
 # Names in code quotes that look like files of this tree: `folder/name`. A comma list or a pattern counts by its parts.
 folders=$(cd "$PLX_SOURCE" && git ls-files 2> /dev/null | cut -d/ -f1 -s | sort -u | tr '\n' '|')
-[ -n "$folders" ] || folders='libC|exceptions|string|containers|locale|iostream|cxxabi|unwind|driver|include|tests|docs|bench|examples|cmake|man|'
+[ -n "$folders" ] || folders='libC|exceptions|string|containers|numbers|locale|iostream|cxxabi|unwind|driver|include|tests|docs|bench|examples|cmake|man|'
 for document in $(documents); do
   text_of "$document" | grep -oE '`[^` ]+`' | tr -d '\140' | grep -E "^(${folders%|})/" | grep -vE 'NAME|FOLDER' | sort -u | while read -r name; do
     compgen -G "$PLX_SOURCE/$name" > found && continue

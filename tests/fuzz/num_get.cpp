@@ -6,7 +6,7 @@
 #include <stdint.h>
 #include <stdio.h>
 
-#include "../locale/number_model.h"
+#include "number_model.h"
 #include "fuzz_check.h"
 
 namespace {

@@ -1,174 +1,162 @@
-// The stream base: first state, state and exceptions, words, callbacks, copyfmt, and what a failed allocation leaves.
+// The stream base: first state, state and exceptions, words, callbacks, copyfmt, and what a failed allocation leaves;
+// and the buffer base: areas before virtual operations, what they do unless they are overridden.
 #include <plx/iostream/basic_ios.h>
-#include <typeinfo>
+#include <streambuf>
 
 #include "../fail_allocation.h"
 
 namespace {
 
-class sink : public std::streambuf {
-public:
-  int imbued;
-  sink() : imbued(0) {}
+typedef std::ios b;
 
-protected:
-  virtual void imbue(const std::locale &) { ++imbued; }
+// "abc" in the get area, then 'x', 0xFF from uflow; room for three, then two by overflow.
+struct three : std::streambuf {
+  char from[4], to[4];
+  int left, room, imbued;
+  bool refuses;
+  std::string heard;
+  three() : left(2), room(2), imbued(0), refuses(false) {
+    strcpy(from, "abc");
+    setg(from, from, from + 3), setp(to, to + 3);
+  }
+  virtual void imbue(const std::locale &) {
+    ++imbued;
+    if (refuses) throw 1;
+  }
+  virtual int uflow() { return heard += 'u', left ? "\xFFx"[--left] & 0xFF : -1; }
+  virtual int overflow(int c) { return heard += 'o', room-- > 0 ? c : -1; }
+  virtual int pbackfail(int c) { return heard += c == -1 ? '-' : static_cast<char>(c), -1; }
+  std::string said() {
+    std::string all;
+    return all.swap(heard), all;
+  }
 };
-
-class stream : public std::ios {
-public:
+struct stream : b {
   explicit stream(std::streambuf *buffer) { init(buffer); }
 };
 
 void first_state() {
-  sink buffer;
+  three buffer;
   stream good(&buffer), bad(0);
-  CHECK_INT(good.flags(), 0x1002);
-  CHECK_INT(good.precision(), 6);
-  CHECK_INT(good.width(), 0);
-  CHECK_INT(good.fill(), ' ');
-  CHECK(good.tie() == 0 && good.good() && good && good.rdbuf() == &buffer);
-  CHECK_INT(bad.rdstate(), std::ios::badbit);
-  CHECK(!bad && bad.bad() && bad.fail() && !bad.eof());
-  CHECK_INT(good.setf(std::ios::hex, std::ios::basefield), 0x1002);
-  CHECK_INT(good.flags(), 0x1008);
-}
-
-void states_and_exceptions() {
-  sink buffer;
-  stream s(&buffer);
-  s.exceptions(std::ios::failbit);
-  s.setstate(std::ios::eofbit);
-  CHECK(s.eof() && !s.fail());
+  CHECK(good.flags() == 0x1002 && good.precision() == 6 && good.width() == 0 && good.fill() == ' ' && good.tie() == 0);
+  CHECK(good.good() && good && good.rdbuf() == &buffer && bad.rdstate() == b::badbit && !bad && bad.fail() &&
+        !bad.eof());
+  CHECK(good.setf(b::hex, b::basefield) == 0x1002 && good.flags() == 0x1008);
+  const int first = b::xalloc();
+  CHECK_INT(b::xalloc(), first + 1);
   int thrown = 0;
-  try {
-    s.setstate(std::ios::failbit);
-  } catch (const std::ios_base::failure &f) {
-    CHECK_TEXT(f.what(), "Failure reported");
-    ++thrown;
+  good.exceptions(b::failbit);
+  good.setstate(b::eofbit);
+  for (int how = 0; how < 4; ++how) {
+    try {
+      if (how == 0) good.setstate(b::failbit);
+      if (how == 1) good.exceptions(b::eofbit);  // looks at the state at once
+      if (how == 2) good.exceptions(b::badbit), good.rdbuf(0);
+      if (how == 3) good.iword(-1) = 1;
+    } catch (const std::ios_base::failure &f) {
+      CHECK_TEXT(f.what(), "Failure reported");
+      ++thrown;
+    } catch (const std::exception &) {
+      thrown += 10;
+    }
+    CHECK(good.rdstate() == (how < 2 ? 6 : 1));
   }
-  CHECK_INT(s.rdstate(), std::ios::failbit | std::ios::eofbit);
-  try {
-    s.exceptions(std::ios::eofbit);  // looks at the state at once
-  } catch (const std::exception &) {
-    ++thrown;
-  }
-  s.exceptions(std::ios::badbit);
-  try {
-    s.rdbuf(0);
-  } catch (const std::ios_base::failure &) {
-    ++thrown;
-  }
-  CHECK_INT(thrown, 3);
+  CHECK_INT(thrown, 13);
   // A text of the program's own is kept whole; the base's copy ends at a null character.
   const std::ios_base::failure own(std::string("a\0b", 3)), copied(own);
   CHECK_TEXT(copied.what(), "a");
-}
-
-void words() {
-  sink buffer;
-  stream s(&buffer);
-  CHECK_INT(s.iword(5), 0);
-  long *fifth = &s.iword(5);
-  s.iword(2) = 7;
-  CHECK(fifth == &s.iword(5));
-  CHECK(s.pword(3) == 0);
-  bool refused = false;
-  try {
-    s.iword(-1) = 1;
-  } catch (const std::exception &) {
-    refused = true;
-  }
-  CHECK(refused);
-  CHECK_INT(s.iword(2), 7);
-  const int first = std::ios_base::xalloc();
-  CHECK_INT(std::ios_base::xalloc(), first + 1);
 }
 
 void tell(std::ios_base::event what, std::ios_base &, int index) { trace("%d:%c", what, index); }
 void refuse(std::ios_base::event, std::ios_base &, int) { throw 1; }
 
 void callbacks() {
-  sink buffer;
+  three buffer;
   {
-    stream s(&buffer), other(&buffer);
-    s.register_callback(tell, 'A');
-    s.register_callback(tell, 'B');
-    s.register_callback(tell, 'C');
+    stream s(&buffer), other(&buffer), empty(&buffer);
+    for (int i = 0; i < 3; ++i) s.register_callback(tell, 'A' + i);
     s.imbue(std::locale::classic());
     CHECK_TRACE("1:C 1:B 1:A");
     CHECK_INT(buffer.imbued, 1);
     for (int i = 0; i < 10; ++i) other.register_callback(tell, 'a' + i);
-    other.iword(1) = 5;
-    other.fill('*');
-    other.exceptions(std::ios::eofbit);
+    long *const fifth = &other.iword(5);
+    other.iword(2) = 7, other.pword(3) = &s;
+    other.fill('*'), other.width(9), other.precision(3), other.exceptions(b::eofbit), other.tie(0);
     s.copyfmt(other);
     CHECK_TRACE("0:C 0:B 0:A 2:j 2:i 2:h 2:g 2:f 2:e 2:d 2:c 2:b 2:a");
-    CHECK_INT(s.iword(1), 5);
-    CHECK_INT(s.fill(), '*');
-    CHECK_INT(s.exceptions(), std::ios::eofbit);
-    s.copyfmt(s);
-    stream empty(&buffer);
-    other.copyfmt(empty);
-    s.copyfmt(empty);
+    CHECK(fifth == &other.iword(5) && s.iword(2) == 7 && s.pword(3) == &s && s.iword(5) == 0 && s.pword(9) == 0);
+    CHECK(s.fill() == '*' && s.width() == 9 && s.precision() == 3 && s.exceptions() == b::eofbit && s.good());
+    s.copyfmt(s), other.copyfmt(empty), s.copyfmt(empty);
     test_trace[0] = 0;
     other.register_callback(tell, 'X');
   }
   CHECK_TRACE("0:X");
-  {
-    stream s(&buffer);
-    s.register_callback(tell, 'A');
-    s.register_callback(refuse, 0);
-    bool thrown = false;
-    try {
-      s.imbue(std::locale::classic());
-    } catch (int) {
-      thrown = true;
-    }
-    CHECK(thrown);
-  }  // discarded there, and the older one hears
-  CHECK_TRACE("0:A");
-  // Before the copy nothing has changed; after it only the mask has not.
+  // Before the copy nothing has changed; after it only the mask has not. What a callback or the buffer throws passes.
   stream from(&buffer), to(&buffer), also_to(&buffer);
-  from.exceptions(std::ios::eofbit);
+  const std::locale other(std::locale::classic(), new std::ctype<char>);
+  from.exceptions(b::eofbit);
   from.iword(0) = 1;
-  from.register_callback(refuse, 0);
-  to.register_callback(refuse, 0);
-  stream *const refused[] = {&to, &also_to};
-  for (int i = 0; i < 2; ++i) {
+  from.register_callback(refuse, 0), to.register_callback(refuse, 0);
+  for (int i = 0; i < 4; ++i) {
+    stream last(&buffer);
+    last.register_callback(tell, 'L');
+    buffer.refuses = i == 3;
     bool thrown = false;
     try {
-      refused[i]->copyfmt(from);
+      i < 2 ? void((i ? also_to : to).copyfmt(from)) : void((i == 2 ? to : last).imbue(other));
     } catch (int) {
       thrown = true;
     }
-    CHECK(thrown);
-    CHECK_INT(refused[i]->iword(0), i);
-    CHECK_INT(refused[i]->exceptions(), 0);
-  }
-  // What the buffer throws passes as well, and the stream has the locale by then.
-  struct refusing : std::streambuf {
-    virtual void imbue(const std::locale &) { throw 1; }
-  } no;
-  stream s(&no);
-  const std::locale other(std::locale::classic(), new std::ctype<char>);
-  bool thrown = false;
-  try {
-    s.imbue(other);
-  } catch (int) {
-    thrown = true;
-  }
-  CHECK(thrown && s.getloc() == other && no.getloc() == std::locale::classic());
+    CHECK(thrown && (i > 1 || ((i ? also_to : to).iword(0) == i && to.exceptions() == 0)));
+    CHECK(i != 3 || (last.getloc() == other && buffer.getloc() == std::locale::classic()));
+    last.register_callback(refuse, 0);
+  }  // discarded there, and the older one hears
+  CHECK_TRACE("0:L 0:L 0:L 1:L 0:L");
+}
+
+void buffer_base() {
+  three a, c, d;
+  char got[8] = "";
+  CHECK(a.sgetn(got, 0) == 0 && a.sgetn(got, -3) == 0 && a.sputn("q", 0) == 0 && a.sputn("q", -1) == 0 &&
+        a.said() == "");
+  CHECK(a.in_avail() == 3 && a.sgetn(got, 8) == 5 && std::string(got) == "abcx\xFF" && a.said() == "uuu");
+  CHECK(a.sputn("123\xFF"
+                "56789",
+                9) == 5 &&
+        memcmp(a.to, "123", 3) == 0 && a.said() == "ooo");
+  CHECK(c.sungetc() == -1 && c.snextc() == 'b' && c.sputbackc('z') == -1 && c.sputbackc('a') == 'a' &&
+        c.sbumpc() == 'a');
+  CHECK(c.said() == "-z");
+  struct plain : std::streambuf {
+  } p;
+  CHECK(p.pubseekoff(0, b::cur) == std::streampos(-1) && p.pubseekpos(0) == -1 && p.pubsetbuf(0, 0) == &p);
+  CHECK(p.pubsync() == 0 && p.sgetc() == -1 && p.sbumpc() == -1 && p.sputc('c') == -1 && p.in_avail() == 0);
+  const std::streampos at = std::streampos(5) + 2;
+  CHECK(at - 3 == 4 && at - std::streampos(2) == 5 && at != 6 && sizeof at == 12);
+  const long long wide = 1;
+  CHECK(at + sizeof(int) * 2u - 5u + 2ul - wide + wide == 12 && at - 1ul == 6);
+  std::istreambuf_iterator<char> in(&d), end, none(0);
+  CHECK(!in.equal(end) && in != end && none == end && *in == 'a' && *in++ == 'a');
+  const std::istreambuf_iterator<char> second(in++);
+  CHECK_INT(*second, 'c');
+  std::ostreambuf_iterator<char> out(&d);
+  for (int i = 0; i < 9; ++i) *out++ = static_cast<char>('1' + i);
+  CHECK(out.failed() && d.said() == "ooo");  // nothing after the first that fails
+  CHECK(std::ostreambuf_iterator<char>(static_cast<std::streambuf *>(0)).failed());
 }
 
 struct growing {
-  sink buffer;
+  three buffer;
   stream from, to;
   growing() : from(&buffer), to(&buffer) { to.iword(0) = 3; }
   void run() {
-    from.iword(9) = 1;
-    from.pword(4) = this;
+    from.iword(9) = 1, from.pword(4) = this;
     for (int i = 0; i < 6; ++i) from.register_callback(tell, 'a');
+    std::string exposed("a text that is too long for a small block, so that it takes one of its own");
+    exposed[0] = 'A';
+    std::ios_base::failure one(exposed), two(one);
+    two = one;
+    CHECK_TEXT(two.what(), exposed.c_str());
     to.copyfmt(from);
   }
   void check(bool failed) {
@@ -177,26 +165,12 @@ struct growing {
   }
 };
 
-struct failing_failure {
-  void run() {
-    std::string exposed("a text that is too long for a small block, so that it takes one of its own");
-    exposed[0] = 'A';
-    std::ios_base::failure one(exposed), two(one);
-    two = one;
-    CHECK_TEXT(two.what(), exposed.c_str());
-  }
-  void check(bool) {}
-};
-
 }  // namespace
 
 int main() {
   first_state();
-  states_and_exceptions();
-  words();
   callbacks();
-  CHECK(fail_each_allocation<growing>() >= 6);
-  test_trace[0] = 0;
-  CHECK(fail_each_allocation<failing_failure>() >= 4);
+  buffer_base();
+  CHECK(fail_each_allocation<growing>() >= 10);
   return TEST_RESULT();
 }

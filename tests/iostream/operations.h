@@ -315,11 +315,17 @@ inline std::string perform(std::iostream &s, const an_operation &o, bool compara
       return ok ? "in" : "out";
     }
     case move_get:
-      s.seekg(o.n % 200 - (o.c > ' ' ? 0 : 100), o.c > ' ' ? base::beg : o.width ? base::cur : base::end);
+    case move_put: {
+      // Also to the edges of stdio's buffers.
+      const bool far = !comparable && o.c > ' ' && o.width % 3 == 1;
+      const long to = far ? 4096 * (1 + o.width % 9) - 3 + n % 6 : n % 200 - (o.c > ' ' ? 0 : 100);
+      const std::ios_base::seekdir way = o.c > ' ' ? base::beg : o.width ? base::cur : base::end;
+      if (way == base::beg && n % 2)
+        o.what == move_get ? void(s.seekg(std::streampos(to))) : void(s.seekp(std::streampos(to)));
+      else
+        o.what == move_get ? void(s.seekg(to, way)) : void(s.seekp(to, way));
       break;
-    case move_put:
-      s.seekp(o.n % 200 - (o.c > ' ' ? 0 : 100), o.c > ' ' ? base::beg : o.width ? base::cur : base::end);
-      break;
+    }
     case tell_both:
       got = number("%lld ", std::streamoff(s.tellg()));
       return got + number("%lld", std::streamoff(s.tellp()));

@@ -65,24 +65,14 @@ void check_border(long double a, long double b) {
   for (size_t digits = 14; digits < 24; ++digits) check_all(text.substr(0, digits) + exponent);
 }
 void check_borders() {
-  static const double places[] = {1,
-                                  0.1,
-                                  9007199254740992.0,
-                                  1.7976931348623157e308,
-                                  2.2250738585072014e-308,
-                                  5e-324,
-                                  16777216,
-                                  3.4028234663852886e38,
-                                  1.1754943508222875e-38,
-                                  1e23,
-                                  1e27,
-                                  1e28,
-                                  1e-27,
-                                  0.3};
-  for (size_t i = 0; i < sizeof places / sizeof *places; ++i) {
-    check_border(places[i], nextafter(places[i], 0));
-    if (places[i] < 1e38) check_border((float)places[i], nextafterf((float)places[i], INFINITY));
-    if (places[i] < 1e308) check_border(places[i], nextafter(places[i], INFINITY));
+  const char *at =
+      "1 0.1 0.3 9007199254740992 1.7976931348623157e308 2.2250738585072014e-308 5e-324 16777216 3.4028234663852886e38 "
+      "1.1754943508222875e-38 1e23 1e27 1e28 1e-27";
+  for (char *end; *at; at = end) {
+    const double place = strtod(at, &end);
+    check_border(place, nextafter(place, 0));
+    if (place < 1e38) check_border((float)place, nextafterf((float)place, INFINITY));
+    if (place < 1e308) check_border(place, nextafter(place, INFINITY));
   }
   for (int k = 0; k < 24; ++k) {  // on both sides of what is denormal
     const double small = ldexp(1 + random_below(1 << 20) / 1048576.0, -1010 - k);

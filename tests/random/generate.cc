@@ -4,9 +4,8 @@
 // program the same trace: nothing in it depends on the order of evaluation, on elided copies, or on what
 // std::terminate does.
 //
-// Functions call each other directly or by way of passages: through frames of the C++ library and the C library, and
-// through others that with plx are generated C and elsewhere C++. With PART defined as 0 and 1 the program becomes two:
-// a third of its functions stands in a shared object.
+// With PART defined as 0 and 1 the program becomes two: a third of its functions stands in a shared object. Frames of
+// libraries and of generated C between are scenes' affair (scenes/scenes.h).
 //
 // A program has classes of exceptions in a random hierarchy (virtual, private and ambiguous bases), classes of
 // objects with members and constructors that fail, and functions that call each other with decreasing fuel.
@@ -27,37 +26,26 @@ static int between(int low, int high) { return low + below(high - low + 1); }
 
 static int depth;  // of indentation
 
-static void line(const char *format, ...) {
-  for (int i = 0; i < depth; ++i) std::fputs("  ", stdout);
-  va_list arguments;
-  va_start(arguments, format);
+static void write(const char *before, const char *format, va_list arguments, const char *after) {
+  std::printf("%*s%s", 2 * depth, "", before);
   std::vprintf(format, arguments);
-  va_end(arguments);
-  std::putchar('\n');
+  std::puts(after);
 }
-static void open(const char *format, ...) {
-  for (int i = 0; i < depth; ++i) std::fputs("  ", stdout);
-  va_list arguments;
-  va_start(arguments, format);
-  std::vprintf(format, arguments);
-  va_end(arguments);
-  std::fputs(" {\n", stdout);
-  ++depth;
-}
+#define WRITER(name, down, before, after, up)       \
+  static void name(const char *format, ...) {       \
+    va_list arguments;                              \
+    va_start(arguments, format);                    \
+    depth -= down;                                  \
+    write(before, format, arguments, after);        \
+    depth += up;                                    \
+    va_end(arguments);                              \
+  }
+WRITER(line, 0, "", "", 0)
+WRITER(open, 0, "", " {", 1)
+WRITER(close_open, 1, "} ", " {", 1)
 static void close(const char *after = "") {
   --depth;
   line("}%s", after);
-}
-static void close_open(const char *format, ...) {
-  --depth;
-  for (int i = 0; i < depth; ++i) std::fputs("  ", stdout);
-  std::fputs("} ", stdout);
-  va_list arguments;
-  va_start(arguments, format);
-  std::vprintf(format, arguments);
-  va_end(arguments);
-  std::fputs(" {\n", stdout);
-  ++depth;
 }
 
 enum { max_exceptions = 8, max_objects = 5, max_functions = 9 };
@@ -102,45 +90,26 @@ static void throw_something() {
   }
 }
 
-static void handler_head(char *text, bool *last) {
-  int k = below(exceptions);
-  *last = false;
-  switch (below(14)) {
-    case 12: std::sprintf(text, "catch (std::exception &)"); break;
-    case 13: std::sprintf(text, "catch (%s &)", chance(50) ? "std::bad_cast" : "const std::bad_alloc"); break;
-    case 0: std::sprintf(text, "catch (int n)"); break;
-    case 1: std::sprintf(text, "catch (const char *s)"); break;
-    case 2: std::sprintf(text, "catch (X%d e)", k); break;
-    case 3: std::sprintf(text, "catch (X%d *e)", k); break;
-    case 4: std::sprintf(text, "catch (const X%d *e)", k); break;
-    case 5:
-      std::sprintf(text, "catch (...)");
-      *last = true;
-      break;
-    case 6: std::sprintf(text, "catch (std::bad_exception &)"); break;
-    case 7: std::sprintf(text, "catch (const X%d &e)", k); break;
-    default: std::sprintf(text, "catch (X%d &e)", k); break;
+// Opens a handler and reports what it can tell of its parameter; returns whether it takes everything.
+static bool handler() {
+  const int k = below(exceptions), kind = below(14);
+  static const char *const plain[] = {"int n", "const char *s", "...", "std::bad_exception &", "std::exception &",
+                                      "std::bad_cast &", "const std::bad_alloc &"};
+  static const char *const reports[] = {":%%d\", n", ":%%s\", s", "\"", "\"", "\"", "\"", "\""};
+  if (kind < 7) {
+    close_open("catch (%s)", plain[kind]);
+    line("H h;");
+    std::printf("%*sT(\"h%d", 2 * depth, "", labels++);
+    std::printf(reports[kind], 0);
+    std::puts(");");
+    return kind == 2;
   }
-}
-
-// What a handler can tell of its parameter, by the text of its head.
-static void handler_report(const char *head) {
-  int k;
-  if (std::sscanf(head, "catch (X%d *e)", &k) == 1 || std::sscanf(head, "catch (const X%d *e)", &k) == 1 ||
-      std::sscanf(head, "catch (X%d &e)", &k) == 1 || std::sscanf(head, "catch (const X%d &e)", &k) == 1 ||
-      std::sscanf(head, "catch (X%d e)", &k) == 1) {
-    bool pointer = false, constant = false;
-    for (const char *p = head; *p; ++p) pointer |= *p == '*';
-    constant = head[7] == 'c';
-    line("T(\"h%d:%%d\", e%sX%d::tag);", labels++, pointer ? "->" : ".", k);
-    if (!pointer && !constant && chance(40)) line("e.X%d::tag += %d;", k, between(1, 9) * 1000);
-  } else if (std::strcmp(head, "catch (int n)") == 0) {
-    line("T(\"h%d:%%d\", n);", labels++);
-  } else if (std::strcmp(head, "catch (const char *s)") == 0) {
-    line("T(\"h%d:%%s\", s);", labels++);
-  } else {
-    line("T(\"h%d\");", labels++);
-  }
+  const bool constant = kind == 8 || kind == 10, pointer = kind == 9 || kind == 10;
+  close_open("catch (%sX%d %se)", constant ? "const " : "", k, pointer ? "*" : kind == 7 ? "" : "&");
+  line("H h;");
+  line("T(\"h%d:%%d\", e%sX%d::tag);", labels++, pointer ? "->" : ".", k);
+  if (!pointer && !constant && chance(40)) line("e.X%d::tag += %d;", k, between(1, 9) * 1000);
+  return false;
 }
 
 static void handlers(context c, bool catch_all) {
@@ -148,11 +117,7 @@ static void handlers(context c, bool catch_all) {
   c.in_handler = true;
   bool last = false;
   for (int i = 0; i < count && !last; ++i) {
-    char head[60];
-    handler_head(head, &last);
-    close_open("%s", head);
-    line("H h;");
-    handler_report(head);
+    last = handler();
     statements(c, below(3));
   }
   if (catch_all && !last) {
@@ -173,54 +138,35 @@ static void try_block(context c, bool catch_all) {
   handlers(c, catch_all);
 }
 
-static void call_function() {
-  if (chance(40)) {
-    line("T(\"r%d:%%d\", passage(%d, f%d, d - 1));", labels++, below(12), below(functions));
-  } else {
-    line("T(\"r%d:%%d\", F%s(f%d)(d - 1));", labels++, chance(30) ? "" : "0", below(functions));
-  }
-}
-
 static void statement(context c) {
-  bool deep = c.nesting >= 4;
-  ++c.nesting;
-  switch (below(deep ? 9 : 22)) {
-    case 0:
-    case 1: trace_point(c); break;
+  const bool objects_may_stand = !c.in_destructor && c.highest_object > 0;
+  const int object = objects_may_stand ? below(c.highest_object) : 0;
+  // What leaves a destructor ends the program, so calls and throws stand in try blocks there.
+  switch (below(c.nesting++ >= 4 ? 9 : 22)) {
     case 2:
     case 3:
-      // What leaves a destructor ends the program, so calls there stand in try blocks only.
-      if (c.in_destructor) trace_point(c);
-      else call_function();
-      break;
+      if (c.in_destructor) break;
+      line("T(\"r%d:%%d\", F%s(f%d)(d - 1));", labels++, chance(30) ? "" : "0", below(functions));
+      return;
     case 4:
-      if (c.in_destructor) trace_point(c);
-      else if (chance(50)) throw_something();
-      else {
-        open("if (R(%d) == 0)", between(2, 5));
-        throw_something();
-        close();
-      }
-      break;
+      if (c.in_destructor) break;
+      if (chance(50)) line("if (R(%d) == 0)", between(2, 5));
+      throw_something();
+      return;
     case 5:
-      if (c.in_handler && !c.in_destructor) line("if (R(2)) RETHROW;");
-      else if (c.in_handler) line("sort_out();");
-      else trace_point(c);
-      break;
     case 6:
-      if (c.in_handler) line("sort_out();");
-      else if (c.in_loop && chance(50)) line("if (R(3) == 0) break;");
-      else if (c.in_loop) line("if (R(3) == 0) continue;");
-      else trace_point(c);
-      break;
+      if (c.in_handler) line(c.in_destructor || chance(50) ? "sort_out();" : "if (R(2)) RETHROW;");
+      else if (c.in_loop) line("if (R(3) == 0) %s;", chance(50) ? "break" : "continue");
+      else break;
+      return;
     case 7:
-      if (c.locals) line("v%d = v%d * 3 + R(%d);", below(c.locals), below(c.locals), between(2, 50));
-      else trace_point(c);
-      break;
+      if (!c.locals) break;
+      line("v%d = v%d * 3 + R(%d);", below(c.locals), below(c.locals), between(2, 50));
+      return;
     case 8:
-      if (c.returns) line("if (R(4) == 0) return %d;", below(1000));
-      else trace_point(c);
-      break;
+      if (!c.returns) break;
+      line("if (R(4) == 0) return %d;", below(1000));
+      return;
     case 9:
       open("if (R(%d))", between(2, 4));
       statements(c, between(1, 3));
@@ -228,82 +174,50 @@ static void statement(context c) {
         close_open("else");
         statements(c, between(1, 3));
       }
-      close();
-      break;
+      return close();
     case 10:
-      open("for (int loop%d = 0; loop%d < %d; ++loop%d)", labels, labels, between(2, 3), labels);
       ++labels;
+      open("for (int loop%d = 0; loop%d < %d; ++loop%d)", labels, labels, between(2, 3), labels);
       c.in_loop = true;
       statements(c, between(1, 3));
-      close();
-      break;
+      return close();
     case 11:
     case 12:
-      if (c.in_destructor || c.highest_object == 0) {
-        open("");
-        line("N n%d(%d);", labels, labels);
-        ++labels;
-        statements(c, between(1, 3));
-        close();
-      } else {
-        open("");
-        line("O%d o%d(d - 1);", below(c.highest_object), labels++);
-        statements(c, between(1, 3));
-        close();
-      }
-      break;
     case 13:
       open("");
-      line("N n%d(%d), m%d(%d);", labels, labels, labels + 1, labels + 1);
+      if (objects_may_stand && chance(60)) line(chance(30) ? "O%d o%d[2];" : "O%d o%d(d - 1);", object, labels++);
+      else line("N n%d(%d), m%d(%d);", labels, labels, labels, labels + 1);
       labels += 2;
       statements(c, between(1, 4));
-      close();
-      break;
+      return close();
     case 14:
-      if (c.in_destructor || c.highest_object == 0) {
-        trace_point(c);
-      } else {
-        int k = below(c.highest_object);
-        if (chance(50)) line("delete new O%d(d - 1);", k);
-        else line("delete[] new O%d[%d];", k, between(1, 4));
-      }
-      break;
     case 15:
-      if (c.in_destructor || c.highest_object == 0) {
-        trace_point(c);
-      } else {
-        open("");
-        line("O%d a%d[%d];", below(c.highest_object), labels++, between(1, 3));
-        statements(c, between(1, 2));
-        close();
-      }
-      break;
+      if (!objects_may_stand) break;
+      line(chance(50) ? "delete new O%d(d - 1);" : "delete[] new O%d[%d];", object, between(1, 4));
+      return;
     case 16: {
+      const int name = labels++;
       open("");
-      int name = labels++;
       line("char w%d[R(60) + 1];", name);
       line("std::memset(w%d, %d, sizeof w%d);", name, between(1, 100), name);
       statements(c, between(1, 3));
       line("T(\"w%d:%%d:%%d\", (int)sizeof w%d, w%d[sizeof w%d - 1]);", name, name, name, name);
-      close();
-      break;
+      return close();
     }
-    case 17: {
+    case 17:
       open("switch (R(4))");
-      int cases = between(1, 3);
-      context inner = c;
-      inner.in_loop = false;
-      for (int i = 0; i < cases; ++i) {
+      c.in_loop = false;
+      for (int i = 0, cases = between(1, 3); i < cases; ++i) {
         open("case %d:", i);
-        statements(inner, between(1, 2));
-        close();
-        if (chance(70)) line("break;");
+        statements(c, between(1, 2));
+        close(chance(70) ? " break;" : "");
       }
-      close();
-      break;
-    }
-    default: try_block(c, c.in_destructor || chance(25)); break;
+      return close();
+    case 0:
+    case 1: break;
+    default: return try_block(c, c.in_destructor || chance(25));
   }
+  trace_point(c);
 }
 
 // A try block in a destructor holds everything in; its handlers must not let out either.
@@ -458,66 +372,6 @@ static void exception_classes() {
   close();
   line("rethrown = kept, rethrown_before = base;");
   close();
-}
-
-// The passages between two functions: generated C (worlds/passages.c) where plx is, the same in C++ elsewhere.
-static void passages() {
-  std::fputs(
-      "extern \"C\" int passage(int kind, function f, int d);\n"
-      "#if PART != 1\n"
-      "extern \"C\" {\n"
-      "void passage_object(int number, int is_destroyed) {\n"
-      "  live += is_destroyed ? -1 : 1;\n"
-      "  if (is_destroyed) T(\"~p%d:u%d\", number, (int)std::uncaught_exception());\n"
-      "}\n"
-      "void passage_trace(const char *what, int value) { T(\"%s:%d\", what, value); }\n"
-      "void passage_base(const char *what, void *x) { T(\"%s:%d\", what, static_cast<X0 *>(x)->tag); }\n"
-      "void passage_sort() { sort_out(); ++rethrown; }\n"
-      "int passage_of_library(int kind, function f, int d);\n"
-      "}\n"
-      "const std::type_info &type_of_base = typeid(X0);\n"
-      "#ifndef PLX_CONFIG_H\n"
-      "struct passenger {\n"
-      "  int n;\n"
-      "  explicit passenger(int k) : n(k) { passage_object(n, 0); }\n"
-      "  ~passenger() { passage_object(n, 1); }\n"
-      "};\n"
-      "static function element_function;\n"
-      "static int element_number, element_argument;\n"
-      "struct element {\n"
-      "  int n;\n"
-      "  element() {\n"
-      "    n = element_number++;\n"
-      "    if (n == 2) element_function(element_argument);\n"
-      "    n += 20010;\n"
-      "    passage_object(n, 0);\n"
-      "  }\n"
-      "  ~element() { passage_object(n, 1); }\n"
-      "};\n"
-      "int passage(int kind, function f, int d) {\n"
-      "  switch (kind) {\n"
-      "    case 0: { passenger a(20001), b(20002); return f(d); }\n"
-      "    case 1: try { return f(d); } catch (...) { passage_trace(\"p-rethrow\", d); passage_sort(); throw; }\n"
-      "    case 2: {\n"
-      "      passenger a(20003);\n"
-      "      try { return f(d); }\n"
-      "      catch (int n) { passage_trace(\"p-int\", n); return 1; }\n"
-      "      catch (X0 &e) { passage_base(\"p-base\", &e); return 2; }\n"
-      "      catch (std::exception &) { passage_trace(\"p-exception\", 0); return 3; }\n"
-      "    }\n"
-      "    case 3: try { return f(d); } catch (...) { passage_trace(\"p-anew\", d); return f(d - 1); }\n"
-      "    case 4:\n"
-      "      element_function = f;\n"
-      "      element_argument = d;\n"
-      "      element_number = 0;\n"
-      "      delete[] new element[4];\n"
-      "      return 4;\n"
-      "    default: return passage_of_library(kind, f, d);\n"
-      "  }\n"
-      "}\n"
-      "#endif\n"
-      "#endif\n\n",
-      stdout);
 }
 
 static void object_classes() {
@@ -692,7 +546,6 @@ int main(int argc, char **argv) {
   functions = between(4, max_functions);
   prologue(seed);
   exception_classes();
-  passages();
   object_classes();
   function_definitions();
   std::puts("#if PART != 1");

@@ -46,7 +46,7 @@ rm -f "${TMPDIR:-/tmp}/plx-elf.$$"
 
 # Nothing in it asks for the host's unwinder.
 nm -D --undefined-only "$library" | grep -E '_Unwind_|__gxx_personality|__register_frame' && wrong "it asks for the unwinder"
-grep -q 'EXTERN(__zor_cxx_start)' "$PLX_PREFIX/lib/libplx.so" || wrong "libplx.so does not ask for the start-up object"
+grep -qx 'EXTERN(__zor_cxx_start __zor_object_end)' "$PLX_PREFIX/lib/libplx.so" || wrong "libplx.so does not ask for what programs hold"
 case $(readlink "$PLX_PREFIX/lib/libplx.so.3") in
   libplx.so.3.[0-9]*.[0-9]*) ;;
   *) wrong "libplx.so.3 does not lead to a version" ;;

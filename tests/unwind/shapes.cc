@@ -21,9 +21,6 @@ struct noisy {
   explicit noisy(int k) : n(k) {}
   ~noisy() { std::printf("~%d ", n); }
 };
-template <int> struct kind {
-  int n;
-};
 
 static volatile int zero;
 static void APART leaf(int n) {
@@ -116,38 +113,6 @@ __attribute__((__stdcall__)) static int APART popped_by_callee(int a, int b, int
 }
 static void conventions(int n) { popped_by_callee(11, n, 12); }
 
-static void APART tail(int n) {
-  if (n > 100) return tail(n - 100);
-  return hidden(n);
-}
-static inline void inner_inlined(int n) {
-  noisy local(13);
-  tail(n);
-}
-static inline void inlined(int n) {
-  try {
-    inner_inlined(n);
-  } catch (const char *) {
-  } catch (int k) {
-    noisy local(14);
-    inner_inlined(k + 200);
-  }
-}
-static void inlining(int n) { inlined(n); }
-
-static int sorted_by(const void *, const void *n) {
-  noisy local(15);
-  return value(*static_cast<const int *>(n));
-}
-static void sorting(int n) {
-  int numbers[] = {n, n, n, n};
-  try {
-    std::qsort(numbers, 4, sizeof(int), sorted_by);
-  } catch (int) {
-    std::bsearch(numbers, numbers, 4, sizeof(int), sorted_by);
-  }
-}
-
 static void in_plain_c(int n) {
   noisy local(16);
   plain_c(hidden, n);
@@ -220,42 +185,50 @@ static void coroutines(int n) {
   hidden(n);
 }
 
-// A large exception table, with many types and handlers.
-static unsigned destroyed;
-struct counted {
-  unsigned n;
-  explicit counted(unsigned k) : n(k) {}
-  ~counted() { destroyed = destroyed * 31 + n; }
-};
-template <int n> static void APART choose(int which) {
-  counted local(n);
+// More live values than registers, integer and floating; and the floating-point stack in use, again and again: it must not
+// overflow.
+static double pressure(int seed) {
+  int a = seed, b = a * 3 + 1, c = b ^ a, d = c + b, e = d * a, f = e - c, g = f + d, h = g ^ e;
+  double p = a / 2.0, q = b / 4.0, r = c / 8.0, s = d / 16.0, t = p * q, u = r + s, v = t - u, w = v * p;
   try {
-    try {
-      if (which == n) throw kind<n>();
-      choose<n - 1>(which);
-    } catch (kind<n + 1000> &) {
-      std::printf("never ");
-    }
-  } catch (kind<n> &) {
-    std::printf("kind %d ", n);
-    if (which % 2) throw;
-  } catch (kind<n + 1> &) {
-    std::printf("above %d ", n);
-  } catch (kind<n + 2000> &) {
-  } catch (kind<n + 3000> *) {
+    hidden(seed % 2);
+    a = 0;
+  } catch (int) {
+    h += 1;
   }
+  return a + b * 2 + c * 3 + d * 4 + e * 5 + f * 6 + g * 7 + h * 8 + p + q + r + s + t + u + v + w;
 }
-template <> void choose<0>(int) {}
-#define ONE(k) try { if (which == k) throw kind<k>(); hidden(0); counted local(k); } catch (kind<k> &) { sum += k; } \
-  catch (kind<k + 5000> &) { sum += 2; }
-#define TEN(k) ONE(k) ONE(k + 1) ONE(k + 2) ONE(k + 3) ONE(k + 4) ONE(k + 5) ONE(k + 6) ONE(k + 7) ONE(k + 8) ONE(k + 9)
-static void large_table(int n) {
-  int sum = 0;
-  for (int which = 3; which < 500; which += 33) {
-    TEN(100) TEN(200) TEN(300) TEN(400)
-    try { choose<40>(which % 50); } catch (...) { std::printf("left "); }
+static double floating(int n) { return value(n % 2 ? n : 0); }
+static void values(int n) {
+  double sum = 0;
+  for (int i = 0; i < 100; ++i) {
+    try {
+      sum += 1.5 * floating(i) + 2.5 * (floating(2) + floating(i + 1) / 3.0);
+    } catch (int) {
+      sum += 0.5 + pressure(i);
+    }
   }
-  std::printf("sum %d %u ", sum, destroyed);
+  std::printf("%g ", sum);
+  hidden(n);
+}
+
+// More clean-ups than a throw notes at once, with arguments on the stack that the table counts.
+static noisy &sixth = *new noisy(6);
+static int APART far(int depth, int a, int b, int c) {
+  struct quiet {
+    int n;
+    ~quiet() { zero += n & 0; }
+  } local = {a};
+  return depth ? far(depth - 1, b, c, a) + local.n : many(a, value(b), c, 4, sixth, a);
+}
+static void pushed(int n) {
+  for (int depth = 28; depth < 36; ++depth) {
+    try {
+      far(depth, n, n, n);
+    } catch (int k) {
+      std::printf("pushed %d ", k);
+    }
+  }
   hidden(n);
 }
 
@@ -285,9 +258,8 @@ int main() {
     const char *name;
     callback run;
   } shapes[] = {{"variable length", variable_length}, {"realigned", realigned}, {"arguments", arguments},
-                {"hot and cold", split}, {"conventions", conventions}, {"inlining", inlining}, {"sorting", sorting},
-                {"C", in_plain_c}, {"nested C", in_nested_c}, {"registers of C", in_registers_c},
-                {"C that cleans up", in_cleanup_c}, {"signals", signals}, {"coroutines", coroutines}, {"large table", large_table}, {"deep", deep}};
+                {"hot and cold", split}, {"conventions", conventions}, {"C", in_plain_c}, {"nested C", in_nested_c}, {"registers of C", in_registers_c},
+                {"C that cleans up", in_cleanup_c}, {"signals", signals}, {"coroutines", coroutines}, {"values", values}, {"pushed", pushed}, {"deep", deep}};
   wide local;
   for (int i = 0; i < 16; ++i) local.values[i] = i;
   for (unsigned i = 0; i < 2 * sizeof shapes / sizeof *shapes; ++i) {

@@ -31,6 +31,7 @@ done << 'LIST'
 -O2 -static-pie -fPIE
 -O1 -ffunction-sections -Wl,--gc-sections -std=gnu++98
 g++ -Os -mno-accumulate-outgoing-args -mpreferred-stack-boundary=2 -fno-omit-frame-pointer
+g++ -O1 -mno-accumulate-outgoing-args -mpreferred-stack-boundary=2 -fomit-frame-pointer
 g++ -O2 -maccumulate-outgoing-args -freorder-blocks-and-partition -fno-dwarf2-cfi-asm
 LIST
 
@@ -67,4 +68,22 @@ expect_untabled() {
 expect_untabled '' untabled.o
 expect_untabled ' (untabled)' -L. -luntabled -Wl,-rpath,.
 [ -n "${PLX_SANITIZE:-}" ] || expect_untabled '' untabled.o -static
+
+# A function that must not be left, which g++ tells by a gap in the table and clang by a handler: whatever is inside dies.
+cat > kept_in.cpp << 'END'
+#include <stdio.h>
+struct noisy { int n; ~noisy() { printf("~%d ", n); fflush(stdout); } };
+static void thrower(int n) { noisy local = {n}; throw n; }
+static void kept_in() noexcept { thrower(1); }
+int main() {
+  noisy local = {2};
+  try { kept_in(); } catch (int) { puts("wrong"); }
+}
+END
+for compiler in g++ clang++-14; do
+  command -v $compiler > /dev/null || continue
+  PLX_CXX=$compiler plx-c++ -O0 -std=gnu++11 kept_in.cpp -o program 2> log || wrong "$compiler: kept_in does not build"
+  { ./program; } > got 2> log
+  [ $? -eq 134 ] && [ "$(cat got)" = '~1 ' ] || wrong "$compiler, kept_in: $(cat got)"
+done
 finish

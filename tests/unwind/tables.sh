@@ -1,6 +1,6 @@
 #!/bin/bash
 # What unwind/ reads from unwind tables, against what readelf reads: the big 32-bit objects of this machine, and a random
-# program of the two compilers with options that shape frames. See read_tables.cc.
+# program of the two compilers with options that shape frames. See read_tables.cc; and plans.cc for what is kept of it.
 . "$PLX_SOURCE/tests/driver/common.bash"
 command -v readelf > /dev/null || { echo "skipped: there is no readelf"; exit 77; }
 
@@ -31,6 +31,7 @@ for flags in -O0 '-O2 -mstackrealign -msse2' '-Os -fomit-frame-pointer'; do
 done
 built g++ '-O2 -mno-accumulate-outgoing-args -mpreferred-stack-boundary=2'
 built g++ '-O3 -fno-dwarf2-cfi-asm -freorder-blocks-and-partition'
+g++ -m32 -O1 -std=c++17 -I "$PLX_SOURCE" -I . "$PLX_SOURCE/tests/unwind/plans.cc" -o plans && timeout 60 ./plans > log || wrong plans
 # shellcheck disable=SC2046 # a list of files
 ./read_tables $(cat files) > log || wrong "read_tables: $(tail -n 1 log)"
 cat log

@@ -55,8 +55,8 @@ inline _T *scalar_bound(_T *_first, _T *_last, const _V _value, _Before &_before
   enum { _cached = 4096 };
   std::size_t _n = static_cast<std::size_t>(_last - _first);
   if (_n == 0) return _first;
-  // While the range is long, both places where the next step may look are fetched ahead. The instruction is one that
-  // processors without it take for no operation; the compilers' own function makes none for i686.
+  // While the range is longer than the first cache, both elements that the next step may compare are prefetched.
+  // Processors without SSE take the instruction for a no-op; __builtin_prefetch emits nothing for i686.
   for (std::size_t _half; _n > _cached; _n -= _half) {
     _half = _n / 2;
     const _T *const _lower = _first + (_n - _half) / 2, *const _higher = _lower + _half;

@@ -227,6 +227,8 @@ template <class _Iterator, class _Before> inline void heap_sort(_Iterator _first
   __zor::sort_heap(_first, _last, _before);
 }
 
+// Pattern-defeating quicksort: a partition that moved nothing is tried as an insertion sort, elements equal to the bound
+// from below are set aside at once, uneven partitions are shuffled, and after too many of them heapsort takes over.
 // `_leftmost`: there is no element before `_first` that bounds the range from below.
 template <class _Iterator, class _Before>
 void quick_sort(_Iterator _first, _Iterator _last, _Before &_before, int _uneven_allowed, bool _leftmost) {

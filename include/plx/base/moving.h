@@ -1,5 +1,5 @@
 // What algorithms do with an element that they will overwrite: in C++98 they copy it, later they move it. In C++11 and
-// later also std::move and std::forward, which programs of those dialects need to say the same.
+// later also std::move and std::forward, which programs of those dialects need to say the same, and std::declval.
 #ifndef PLX_MOVING_H
 #define PLX_MOVING_H
 
@@ -34,6 +34,10 @@ inline typename moved_reference<typename std::iterator_traits<_Iterator>::refere
 }
 template <class _T> inline _T &&_moved(_T &_object) noexcept { return static_cast<_T &&>(_object); }
 
+// The type of declval: what cannot be referred to, as void, stays as it is.
+template <class _T, class _Reference = _T &&> _Reference _value_of(int);
+template <class _T> _T _value_of(long);
+
 }  // namespace _functions
 }  // namespace __zor
 
@@ -49,6 +53,7 @@ template <class _T> constexpr _T &&forward(typename __zor::without_reference<_T>
   static_assert(!__zor::is_lvalue_of<_T>::value, "an rvalue is forwarded as an lvalue");
   return static_cast<_T &&>(_object);
 }
+template <class _T> decltype(__zor::_value_of<_T>(0)) declval() noexcept;
 
 }  // namespace std
 

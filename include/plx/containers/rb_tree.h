@@ -394,7 +394,8 @@ private:
     static_cast<rb_tree_base_data &>(_other) = _mine;
   }
 
-  // Keys often come in ascending order, and a look at the last one costs next to nothing where no function is called.
+  // Whether the key belongs behind all others: keys often come in ascending order. Asked only where the comparison is
+  // known code, not a call.
   bool _goes_last(const _order &_key, _yes) const { return !_is_before(_key, rightmost); }
   static bool _goes_last(const _order &, _no) PLX_NOTHROW { return false; }
 

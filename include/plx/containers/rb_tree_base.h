@@ -56,14 +56,14 @@ inline rb_tree_node_base *rb_tree_child(const rb_tree_node_base *_n, bool _on_th
   return _on_the_right ? _right : _left;
 }
 
-// Starts loading a node that will be needed a few steps later. What is not there is no address for it: looking that up
-// takes time too. The instruction does nothing on processors that do not know it.
+// Prefetches a node that will be needed a few steps later. The prefetch of a null pointer costs a TLB miss, so a node
+// that is at hand stands in for it. Processors without SSE take the instruction for a no-op.
 inline void rb_tree_prefetch(const rb_tree_node_base *_n, const rb_tree_node_base *_otherwise) PLX_NOTHROW {
   const rb_tree_node_base *_at = _n ? _n : _otherwise;
   __asm__ volatile("prefetcht0 %0" : : "m"(*_at));
 }
 
-// On the way down the other children are those that the steps after this one come to.
+// An in-order walk comes to the right children next, so they are prefetched on the way down.
 inline rb_tree_node_base *rb_tree_first(rb_tree_node_base *_n) PLX_NOTHROW {
   for (;; _n = _n->left) {
     rb_tree_prefetch(_n->right, _n);

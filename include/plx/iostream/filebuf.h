@@ -54,7 +54,7 @@ private:
   FILE *_file_;             // null: closed
   short _mode_;             // as open was called with
   unsigned char _refills_;  // of stdio's buffer, one after the other; no more are counted than matter
-  bool _lost_;              // inserted characters that stdio refused: nobody was told yet
+  bool _write_error_;       // stdio refused characters, and nobody was told yet: sync and close will
 };
 
 __extension__ extern template class PLX_API basic_filebuf<char, char_traits<char> >;

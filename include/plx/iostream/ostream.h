@@ -12,7 +12,6 @@
 
 #include <plx/base/is_integer.h>
 #include <plx/iostream/basic_ios.h>
-#include <plx/iostream/quick_output.h>
 #include <plx/streambuf/streambuf_iterators.h>
 
 #if __cplusplus >= 201103L
@@ -20,6 +19,41 @@
 #else
 #define PLX_MAY_THROW
 #endif
+
+namespace __zor {
+
+// Single characters, which optimised programs put themselves: the stream is good, nothing is to be flushed before or
+// after, and there is room in the buffer's put area or, for exactly a filebuf with the plain codecvt, in stdio's
+// buffer. Everything else is left to the library, and so is all output of programs that are built for small size.
+struct _quick_output {
+  typedef std::basic_ios<char, std::char_traits<char> > _ios;
+
+  // Whether nothing has to be done but writing. One branch for all; _more is anything else that must be zero.
+  static bool _is_quiet(const _ios &_stream, long _more) {
+    return !(_stream._state_ | (_stream._flags_ & std::ios_base::unitbuf) | reinterpret_cast<long>(_stream._tie_) |
+             _more);
+  }
+
+  // Whether the character was written.
+  static bool _put(_ios &_stream, char _c, bool _resets_width) {
+    if (!_is_quiet(_stream, 0)) return false;
+    std::basic_streambuf<char, std::char_traits<char> > *const _buffer = _stream._sb_;
+    if (_buffer->_pptr_ < _buffer->_epptr_) {
+      *_buffer->_pptr_++ = _c;
+    } else {
+      if (!_stdio_window::_is_filebuf(_buffer) ||
+          !(_buffer->_loc_._get_imp()->_get_quick() & std::locale::imp::_quick_codecvt))
+        return false;
+      _stdio_window::_file *const _stdio = _stdio_window::_file_of(_buffer);
+      if (!_stdio || _stdio->_write_next_ >= _stdio->_write_end_) return false;
+      *_stdio->_write_next_++ = _c;
+    }
+    if (_resets_width) _stream._width_ = 0;
+    return true;
+  }
+};
+
+}  // namespace __zor
 
 namespace std {
 
@@ -125,51 +159,6 @@ __extension__ extern template class PLX_API basic_ostream<char, char_traits<char
 // _out->flush(), for those who only know the name of the class.
 PLX_API void __zor_do_flush(ostream *_out);
 
-}  // namespace std
-
-namespace __zor {
-
-// Texts, as the functions for all cases above write them. Optimised programs have one copy of the quick ways, which
-// need not find its data as a shared object's do.
-#if defined(__OPTIMIZE__) && !defined(__OPTIMIZE_SIZE__)
-#define PLX_IN_PROGRAM inline PLX_NOINLINE PLX_HIDDEN PLX_REGPARM
-
-template <bool _any_area>
-PLX_ALWAYS_INLINE bool _write_quickly(std::ostream &_out, const char *_text, long _n) {
-  _quick_output::_ios *_base = &_out;
-  PLX_OPAQUE(_base);  // one address: compilers would rather add the offset to every access
-  return _quick_output::_write(*_base, _text, _n, _any_area);
-}
-PLX_IN_PROGRAM std::ostream &_insert_string(std::ostream &_out, const char *_text, long _n) {
-  return _write_quickly<false>(_out, _text, _n) ? _out : std::__zor_insert_string(_out, _text, _n);
-}
-PLX_IN_PROGRAM std::ostream &_insert_known_c_string(std::ostream &_out, const char *_text, long _n) {
-  return _write_quickly<true>(_out, _text, _n) ? _out : std::__zor_insert_c_string(_out, _text);
-}
-PLX_IN_PROGRAM std::ostream &_insert_any_c_string(std::ostream &_out, const char *_text) {
-  const long _n = _text ? static_cast<long>(__builtin_strlen(_text)) : -1;
-  return _n >= 0 && _write_quickly<true>(_out, _text, _n) ? _out : std::__zor_insert_c_string(_out, _text);
-}
-inline std::ostream &_insert_c_string(std::ostream &_out, const char *_text) {
-  if (_text && __builtin_constant_p(__builtin_strlen(_text)))
-    return _insert_known_c_string(_out, _text, static_cast<long>(__builtin_strlen(_text)));
-  return _insert_any_c_string(_out, _text);
-}
-
-#undef PLX_IN_PROGRAM
-#else
-inline std::ostream &_insert_string(std::ostream &_out, const char *_text, long _n) {
-  return std::__zor_insert_string(_out, _text, _n);
-}
-inline std::ostream &_insert_c_string(std::ostream &_out, const char *_text) {
-  return std::__zor_insert_c_string(_out, _text);
-}
-#endif
-
-}  // namespace __zor
-
-namespace std {
-
 template <class _T> inline basic_ostream<char, _T> &operator<<(basic_ostream<char, _T> &_out, char _c) {
   return PLX_QUICK_PUT(_out, _c, true) ? _out : __zor_insert_char(_out, _c);
 }
@@ -180,19 +169,19 @@ template <class _T> inline basic_ostream<char, _T> &operator<<(basic_ostream<cha
   return _out << static_cast<char>(_c);
 }
 template <class _T> inline basic_ostream<char, _T> &operator<<(basic_ostream<char, _T> &_out, const char *_text) {
-  return __zor::_insert_c_string(_out, _text);
+  return __zor_insert_c_string(_out, _text);
 }
 template <class _T>
 inline basic_ostream<char, _T> &operator<<(basic_ostream<char, _T> &_out, const signed char *_text) {
-  return __zor::_insert_c_string(_out, reinterpret_cast<const char *>(_text));
+  return __zor_insert_c_string(_out, reinterpret_cast<const char *>(_text));
 }
 template <class _T>
 inline basic_ostream<char, _T> &operator<<(basic_ostream<char, _T> &_out, const unsigned char *_text) {
-  return __zor::_insert_c_string(_out, reinterpret_cast<const char *>(_text));
+  return __zor_insert_c_string(_out, reinterpret_cast<const char *>(_text));
 }
 template <class _Ct, class _T, class _A>
 inline basic_ostream<_Ct, _T> &operator<<(basic_ostream<_Ct, _T> &_out, const basic_string<_Ct, _T, _A> &_text) {
-  return __zor::_insert_string(_out, _text.data(), static_cast<streamsize>(_text.size()));
+  return __zor_insert_string(_out, _text.data(), static_cast<streamsize>(_text.size()));
 }
 
 // Manipulators (1998, 27.6.2.7). endl writes the stream's newline and flushes; without a ctype facet: bad_cast,

@@ -1,14 +1,21 @@
 // basic_stringbuf (1998, 27.7.1): a buffer over characters of its own, which begin as a copy of a string.
 //
-//     block    +-----------------------------+----------- - - +
-//              | characters                  | room           |
-//              +-----------------------------+----------- - - +
-//              eback, pbase                  egptr, epptr     buffer end
+//                      _block_           _written_      _buffer_end_       _room_end_
+//                      | characters      |              |                  |
+//     empty            (no block, no areas)
+//     by the rule      eback             egptr                             gptr and pptr are anywhere in their areas
+//                      pbase             epptr
+//     wide             pbase      pptr                                     epptr      eback = gptr = egptr, or null
 //
-// Both areas lie in one block. The put area ends with the characters: overflow widens it by one, as long as the block
-// lasts, and then moves to a block of (n & ~63) + 64 bytes for n characters. A derived class sees exactly this. Of
-// objects that are exactly of this class nobody sees the areas: short texts of theirs need no block, and while they are
-// written the put area is the whole room and the get area is hidden behind the virtual operations.
+//     empty --a stream is built over it: _start--> wide             wide --it is read, moved, set: _settle--> by the
+//     rule, empty or by the rule --it is written: _widen, window--> wide                      or empty: nothing was
+//     written
+//
+// By the rule both areas end with the characters: overflow widens the put area by one, as long as the block lasts, and
+// then moves to a block of (n & ~63) + 64 bytes for n characters. A derived class sees exactly this. Of objects that
+// are exactly of this class nobody sees the areas: short texts of theirs need no block, the block may be larger than
+// the rule has it, and while they are written the put area is all of it and the get area is hidden behind the virtual
+// operations.
 #ifndef PLX_STRINGBUF_H
 #define PLX_STRINGBUF_H
 
@@ -102,7 +109,6 @@ private:
   _Ct *_room_end_;  // where it really ends
   _Ct *_written_;   // characters reach as far as this, or as the put position if that is further
   bool _wide_;      // only of a plain buffer: the put area goes to _room_end_, the get area is hidden
-  bool _fresh_;     // the same, and if nothing was written there are no areas yet
   _Ct _small_[_step];
 };
 

@@ -9,7 +9,7 @@
 #define PLX_STREAMBUF_H
 
 #include <plx/streambuf/ios_base.h>
-#include <plx/streambuf/quick_input.h>
+#include <plx/streambuf/stdio_window.h>
 
 namespace __zor {
 struct buffer_access;
@@ -54,7 +54,7 @@ public:
   }
   int_type sgetc() {
     if (_gptr_ < _egptr_) return _T::to_int_type(*_gptr_);
-    const int_type _c = static_cast<int_type>(__zor::_quick_input::_peek(this));
+    const int_type _c = static_cast<int_type>(__zor::_stdio_window::_peek(this));
     return __builtin_expect(_T::eq_int_type(_c, _T::eof()), false) ? underflow() : _c;
   }
   streamsize sgetn(_Ct *_to, streamsize _n) { return xsgetn(_to, _n); }
@@ -127,7 +127,7 @@ private:
 
   // The next character, if that can be taken without a virtual call; else eof.
   int_type _take_ready() {
-    return _gptr_ < _egptr_ ? _T::to_int_type(*_gptr_++) : static_cast<int_type>(__zor::_quick_input::_take(this));
+    return _gptr_ < _egptr_ ? _T::to_int_type(*_gptr_++) : static_cast<int_type>(__zor::_stdio_window::_take(this));
   }
 
   _Ct *_eback_;

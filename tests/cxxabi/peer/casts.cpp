@@ -1,6 +1,6 @@
-// dynamic_cast from every part of every object to every class, as the offset found; what typeid and type_info say.
-// Without sizes of its own the host lays objects out the same.
-// prints: 34 lines
+// What typeid and type_info say, and dynamic_cast where random/hierarchies has none: through protected bases, of null, by
+// reference, while constructors and destructors run.
+// prints: 14 lines
 // test-variants: -O0 | -O2
 #include <stdio.h>
 #include <string.h>
@@ -12,28 +12,8 @@ struct third { int tag; virtual ~third() {} };
 struct part { int tag; };
 struct derived : base { int more; };
 struct joined : derived, second { double d; };
-struct complete : part, third, joined { char c; };
-struct v_left : virtual base { int l; };
-struct v_right : virtual base { int r; };
-struct diamond : v_left, v_right { int d; };
-struct below : virtual diamond, second {};
-struct lowest : third, below { int n; };
-struct left : base { int l; };
-struct right : base { int r; };
-struct twice : left, right, second {};
-struct twice_below : twice {};
-struct node : base { int n; };
-struct node_a : node {};
-struct node_b : node {};
-struct nodes : node_a, node_b, third {};
 struct secret : private base, public second { base *inside() { return this; } };
 struct hides : protected joined, public third { base *inside() { return this; } joined *hidden() { return this; } };
-struct v_private : private virtual base { base *inside() { return this; } };
-struct v_both : v_private, v_left {};
-template <int N> struct level : level<N - 1> { int n; };
-template <> struct level<0> { int n; virtual ~level() {} };
-template <int N> struct wide : wide<N - 1>, level<N> {};
-template <> struct wide<0> { virtual ~wide() {} };
 
 // Without its class a compiler cannot know the answer.
 template <class To, class From> static void cast(From *volatile from, const void *whole) {
@@ -50,13 +30,8 @@ template <class To, class From> static void cast(From *volatile from, const void
 }
 template <class From> static void from(const char *name, From *p, const void *whole) {
   printf("%s, %d: ", name, (int)((char *)p - (const char *)whole));
-  cast<base>(p, whole), cast<second>(p, whole), cast<third>(p, whole), cast<part>(p, whole), cast<derived>(p, whole);
-  cast<joined>(p, whole), cast<complete>(p, whole), cast<v_left>(p, whole), cast<v_right>(p, whole);
-  cast<diamond>(p, whole), cast<below>(p, whole), cast<lowest>(p, whole), cast<left>(p, whole), cast<right>(p, whole);
-  cast<twice>(p, whole), cast<twice_below>(p, whole), cast<node>(p, whole), cast<node_a>(p, whole);
-  cast<node_b>(p, whole), cast<nodes>(p, whole), cast<secret>(p, whole), cast<hides>(p, whole);
-  cast<v_private>(p, whole), cast<v_both>(p, whole), cast<level<2> >(p, whole), cast<level<40> >(p, whole);
-  cast<wide<5> >(p, whole), cast<wide<8> >(p, whole);
+  cast<base>(p, whole), cast<second>(p, whole), cast<third>(p, whole), cast<derived>(p, whole);
+  cast<joined>(p, whole), cast<secret>(p, whole), cast<hides>(p, whole);
   From *volatile hidden = p;
   printf("%d %s\n", dynamic_cast<const void *>(hidden) == whole, hidden ? typeid(*hidden).name() : "");
 }
@@ -83,22 +58,15 @@ static int evaluated;
 template <class T> static T &evaluate(T &object) { return ++evaluated, object; }
 
 int main() {
-  joined j; complete c; diamond d; lowest w; twice t; twice_below u; nodes n; secret s; hides h; v_both b; derived p;
-  level<40> l; wide<8> x;
-  FROM(base, p); FROM(base, j); FROM(second, j); FROM(third, c); FROM(base, c); FROM(second, c); FROM(base, d);
-  FROM(v_right, d); FROM(base, w); FROM(v_right, w); FROM(second, w); FROM(third, w);
-  from<base>("left", static_cast<left *>(&t), &t), from<base>("right", static_cast<right *>(&t), &t);
-  FROM(second, t); FROM(second, u); from<base>("left", static_cast<left *>(&u), &u);
-  from<base>("a", static_cast<node_a *>(&n), &n), from<base>("b", static_cast<node_b *>(&n), &n); FROM(third, n);
-  from<base>("secret", s.inside(), &s); FROM(second, s); from<base>("hides", h.inside(), &h); FROM(third, h);
-  from<base>("v_private", static_cast<v_private &>(b).inside(), &b); FROM(level<0>, l); FROM(wide<0>, x);
-  from<base>("null", 0, 0);
+  joined j; secret s; hides h; derived p;
+  FROM(base, p); FROM(base, j); FROM(second, j); from<base>("secret", s.inside(), &s); FROM(second, s);
+  from<base>("hides", h.inside(), &h); FROM(third, h); from<base>("null", 0, 0);
   { asks_most m; }
 
   const std::type_info *types[] = {&typeid(int), &typeid(const int), &typeid(int &), &typeid(int *), &typeid(const int *),
     &typeid(int *const), &typeid(char), &typeid(signed char), &typeid(wchar_t), &typeid(int[3]), &typeid(int[4]),
     &typeid(void), &typeid(void (*)(int)), &typeid(void(int)), &typeid(int part::*), &typeid(int base::*),
-    &typeid(void (part::*)()), &typeid(void (part::*)() const), &typeid(level<1>), &typeid(base), &typeid(derived *)};
+    &typeid(void (part::*)()), &typeid(void (part::*)() const), &typeid(hides), &typeid(base), &typeid(derived *)};
   const int count = sizeof types / sizeof types[0];
   int equal = 0, ordered = 0, transitive = 1;
   for (int i = 0; i < count; ++i)

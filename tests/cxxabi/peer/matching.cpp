@@ -1,6 +1,6 @@
 // Which clause takes which exception, and which specification lets it pass: every type of the list is thrown at every
 // clause. A clause says what it sees through the reference or pointer that it got, so that a wrong address shows.
-// prints: 70 lines
+// prints: 73 lines
 // test-variants: -O0 | -O2
 #include <exception>
 #include <stdexcept>
@@ -67,6 +67,7 @@ static int throw_one(int which) {
   THROW(&the<joined>()); THROW(&constant<joined>()); THROW(&changing<joined>()); THROW(&the<hidden>());
   THROW(&the<lowest>()); THROW(&the<twice>()); THROW(&the<both_ways>()); THROW((joined *)0);
   THROW(constant<joined>()); THROW((lowest *)0); THROW(other_way());
+  THROW((int plain::**)0); THROW((int plain::*const *)0); THROW((plain_function *)0);
   return n;
 }
 
@@ -139,7 +140,8 @@ int main() {
     SAME(int *const *) SAME(const int **) SAME(const int *const *) SAME(base **) SAME(derived **) SAME(void **)
     SAME(const base *const *) SAME(plain_function) SAME(int_function) SAME(decaying) SAME(int_maker) SAME(incomplete **)
     SAME(int plain::*) SAME(const int plain::*) SAME(int derived::*) SAME(member)
-    SAME(const_member) SAME(box<char> *)
+    SAME(const_member) SAME(box<char> *) SAME(int plain::*const *) SAME(int derived::*const *)
+    SAME(const int plain::*const *) SAME(plain_function const *) SAME(int_function const *)
     putchar(' ');
     CLASS(base) CLASS(plain) CLASS(second) CLASS(derived) CLASS(joined) CLASS(hidden)
     putchar(' ');

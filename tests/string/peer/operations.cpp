@@ -1,21 +1,63 @@
-// What plx and the 1998 standard agree on: random operations on strings through every overload, every result printed.
-// Built against plx and against the host's library; the lines must be the same.
-// prints: 30000 lines
+// What plx and the 1998 standard agree on: random operations on strings that share with each other, through every
+// overload, often with parts of themselves; every result printed. Built against plx and against the host's library; the
+// lines must be the same. With plx each step also looks into the representations: who shares, and how large they are.
+// prints: 60000 lines
+// test-variants: -O1 | -O2 -DREPLACED
 #include <ctype.h>
-#include <stddef.h>
-#include <stdio.h>
 
+#include <algorithm>
 #include <iterator>
 #include <stdexcept>
 #include <string>
 
-#include "../../random.h"
+#ifdef REPLACED
+#include "fail_allocation.h"
+#endif
+#include "harness.h"
+#include "random.h"
 
 typedef std::string string;
 
-static string random_text(unsigned int most) {
+static string text[6];
+static bool exposed[6];  // a reference may be in use
+
+// How a modifier changes the capacity: not at all, when the text no longer fits (resize has a place more), or to what
+// all that was there needs.
+enum a_rule { kept, grown, resized, sum };
+#ifdef PLX_CONFIG_H
+#include "../string_check.h"
+
+struct a_look {
+  unsigned capacity;
+  bool owned;
+  explicit a_look(const string &s) : capacity(s.capacity()), owned(__zor::string_is_private(rep_of(s))) {}
+  bool changed(const string &s, a_rule by, unsigned n) const {
+    const bool fits = owned && n < capacity + (by == resized);
+    return rep_of(s) == null_rep() || s.capacity() == (by == kept || (fits && by != sum) ? capacity : n / 32 * 32 + 32);
+  }
+};
+static bool shared_rightly() {
+  for (int i = 0; i < 6; ++i) {
+    unsigned owners = 0;
+    for (int k = 0; k < 6; ++k) owners += rep_of(text[k]) == rep_of(text[i]);
+    if (broken_invariant(text[i]) != 0) return false;
+    if (rep_of(text[i]) != null_rep() && count_of(text[i]) != (exposed[i] ? unshareable : owners)) return false;
+  }
+  return true;
+}
+static bool same_rep(int i, int j) { return rep_of(text[i]) == rep_of(text[j]); }
+#else
+struct a_look {
+  explicit a_look(const string &) {}
+  bool changed(const string &, a_rule, unsigned) const { return true; }
+};
+static bool shared_rightly() { return true; }
+static bool same_rep(int, int) { return true; }
+#endif
+
+static string random_text(unsigned most) {
   string made;
-  for (unsigned int n = random_below(most); n != 0; --n) made += static_cast<char>("abc\xE9"[random_below(4)]);
+  for (unsigned n = random_below(most); n != 0; --n) made += static_cast<char>("abc\xE9"[random_below(4)]);
   return made;
 }
 
@@ -40,21 +82,14 @@ typedef std::basic_string<char, caseless> other_string;
 template class std::basic_string<char, caseless>;
 
 // Digits of input category, one of which throws.
-struct digits {
-  typedef std::input_iterator_tag iterator_category;
-  typedef char value_type, reference;
-  typedef ptrdiff_t difference_type;
-  typedef const char *pointer;
+struct digits : std::iterator<std::input_iterator_tag, char> {
+  int at;
   explicit digits(int a) : at(a) {}
-  char operator*() const {
-    if (at == 7) throw std::range_error("7");
-    return static_cast<char>('0' + at);
-  }
+  char operator*() const { return at == 7 ? throw std::range_error("7") : static_cast<char>('0' + at); }
   digits &operator++() { return ++at, *this; }
   digits operator++(int) { return digits(at++); }
   bool operator==(const digits &other) const { return at == other.at; }
   bool operator!=(const digits &other) const { return at != other.at; }
-  int at;
 };
 
 // Each relation of strings and of texts as a bit.
@@ -63,127 +98,168 @@ template <class A, class B> static unsigned long relations(const A &a, const B &
 }
 
 static unsigned long hash_of(const string &s) {
-  unsigned int hash = 5381;
+  unsigned hash = 5381;
   for (string::const_iterator at = s.begin(); at != s.end(); ++at) hash = hash * 33 + static_cast<unsigned char>(*at);
-  for (string::const_reverse_iterator at = s.rbegin(); at != s.rend(); ++at)
-    hash = hash * 31 + static_cast<unsigned char>(*at);
+  for (string::const_reverse_iterator at = s.rbegin(); at != s.rend(); ++at) hash = hash * 31 + (*at & 0xFF);
   return hash;
 }
 
-int main() {
-  string text[4];
-  for (int i = 0; i < 30000; ++i) {
-    string &s = text[random_below(4)];
-    const string &other = text[random_below(4)];
-    // Not empty, and positions that may lie beyond the end by a little.
-    const string what = random_text(5) + 'a';
-    const char *const w = what.c_str();
-    const unsigned int size = static_cast<unsigned int>(s.size()), pos = random_below(size + 3), n = random_below(12);
-    const unsigned int in = random_below(size + 1);
-    const unsigned int to = in + random_below(size - in + 1);
-    const unsigned int chosen = random_below(64), a = random_below(8), b = random_below(3);
-    unsigned long result = 0;
-    char out[16] = "---------------";
-    try {
-      switch (chosen) {
-        case 0: s = other; break;
-        case 1: s = w; break;
-        case 2: s.assign(other, pos, n); break;
-        case 3: s.append(other.substr(0, 60)); break;
-        case 4: s.append(what, pos % 3, n); break;
-        case 5: (s += what[0]) += w; break;
-        case 6: s.insert(pos, what); break;
-        case 7: s.insert(pos, n + 1, 'b'); break;
-        case 8: s.insert(pos, s.substr(0, 30) + 'x'); break;
-        case 9:
-        case 10:
-        case 11: s.erase(pos, n); break;
-        case 12: s.replace(pos, n, what); break;
-        case 13: s.replace(pos, n, n + 1, 'c'); break;
-        case 14: s.replace(pos, n, what, 0, 2); break;
-        case 15: s.resize(pos, 'd'); break;
-        case 16: s.reserve(pos); break;
-        case 17: s.swap(text[n & 3]); break;
-        case 18:
-          result = s.find(what, pos) + 7 * s.find(w, pos) + 49 * s.find(w, pos, 1) + 343 * s.find('a', pos);
-          break;
-        case 19: result = s.rfind(what, pos) + 7 * s.rfind(w) + 49 * s.rfind(w, pos, 1) + 343 * s.rfind('b'); break;
-        case 20:
-          result = s.find_first_of(what, pos) + 7 * s.find_first_of(w) + 49 * s.find_first_of(w, pos, 1) +
-                   343 * s.find_first_of('c');
-          break;
-        case 21:
-          result = s.find_last_of(what, pos) + 7 * s.find_last_of(w) + 49 * s.find_last_of(w, pos, 1) +
-                   343 * s.find_last_of('c', pos);
-          break;
-        case 22:
-          result = s.find_first_not_of(what, pos) + 7 * s.find_first_not_of(w) + 49 * s.find_first_not_of(w, pos, 1) +
-                   343 * s.find_first_not_of('a');
-          break;
-        case 23:
-          result = s.find_last_not_of(what, pos) + 7 * s.find_last_not_of(w) + 49 * s.find_last_not_of(w, pos, 1) +
-                   343 * s.find_last_not_of('a', pos);
-          break;
-        case 24: result = 9 + sign(s.compare(other)) + 3 * sign(s.compare(w)); break;
-        case 25: result = 9 + sign(s.compare(pos, n, other, n, pos)) + 3 * sign(s.compare(pos, n, w)); break;
-        case 26: result = 9 + sign(s.compare(pos, n, what)) + 3 * sign(s.compare(pos, n, w, 1)); break;
-        case 27: result = relations(s, other) + 64 * relations(s, w) + 4096 * relations(w, s); break;
-        case 28: s.at(pos) = 'e'; break;
-        case 29:
-          if (!s.empty()) s[s.size() / 2] = *s.begin();
-          s.assign(s.rbegin(), s.rend());
-          break;
-        case 30: result = hash_of(s + other + 'x' + w) + hash_of("<" + s) + hash_of('<' + s); break;
-        case 31: s.append(s.begin() + in, s.begin() + to); break;
-        case 32: s.assign(s.begin() + in, s.begin() + to); break;
-        case 33: s.insert(s.begin() + in, other.rbegin(), other.rend()); break;
-        case 34: s.insert(s.begin() + in, digits(int(a)), digits(8)); break;
-        case 35: result = s.insert(s.begin() + in, 'i') - s.begin(); break;
-        case 36: s.insert(s.begin() + in, 3, 'j'); break;
-        case 37: result = s.erase(s.begin() + in, s.begin() + to) - s.begin(); break;
-        case 38:
-          if (in != size) result = s.erase(s.begin() + in) - s.begin();
-          break;
-        case 39: s.replace(s.begin() + in, s.begin() + to, what); break;
-        case 40: s.replace(s.begin() + in, s.begin() + to, w); break;
-        case 41: s.replace(s.begin() + in, s.begin() + to, w, 1); break;
-        case 42: s.replace(s.begin() + in, s.begin() + to, n, 'r'); break;
-        case 43: s.replace(s.begin() + in, s.begin() + to, s.rbegin(), s.rend()); break;
-        case 44: s.replace(s.begin() + in, s.begin() + to, s.begin() + in / 2, s.begin() + to); break;
-        case 45: s.replace(s.begin() + in, s.begin() + to, digits(1), digits(b ? 5 : 9)); break;
-        case 46: s.append(digits(int(a) - 3), digits(6 + int(b))); break;
-        case 47: s.assign(digits(2), digits(6 + int(b))); break;
-        case 48: s = string(digits(3), digits(6 + int(b))) + string(3, 65) + string(other, 0, 5) + string(w, 1); break;
-        case 49: s.append(2, 66).assign(2, 67).append(what, 0, 1).append(w, 1).append(w); break;
-        case 50: result = s.copy(out, n, pos) + hash_of(out); break;
-        case 51:
-          result = hash_of(s.substr(pos)) + hash_of(s.substr(0, n)) + static_cast<const string &>(s)[in] + s.at(pos);
-          break;
-        case 52: s.insert(pos, what + what, in % 2, n + 1).insert(0, w, 1).insert(0, w); break;
-        case 53: s.replace(pos, n, w, 1).replace(0, 1, w); break;
-        case 54: s = 'x', s.push_back('y'), s.assign(what).assign(w, 1); break;
-        case 55: {
-          const other_string x(s.c_str()), y(w);
-          result = x.find(y, in) + 7 * x.rfind(y) + 49 * x.find('B', in) + 343 * x.find_first_of("BX") +
-                   2401 * x.find_last_not_of("CB") + (x == "ABC") + (x < y) + (x + y).rfind("A", pos) +
-                   x.find_first_not_of(y, in) + x.find_last_of(y, pos);
-          break;
-        }
-        case 56: std::swap(s, text[n & 3]); break;
-        case 57: s.erase(); break;
-        case 58: s.erase(pos); break;
-        case 59: s.resize(in); break;
-        case 60: s.insert(s.end(), w, w + what.size()), s.clear(); break;
-        default: s.append(other, 0, 40); break;
+#define ALL_OF(find) \
+  s.find(what, pos) + 7 * s.find(w) + 49 * s.find(w, pos, 1) + 343 * s.find('a', pos) + 9 * s.find('b')
+
+static void step(int number) {
+  const int i = int(random_below(6)), j = int(random_below(6));
+  string &s = text[i];
+  const string &other = text[j], given = random_text(random_below(24) ? 60 : 900), what = random_text(5) + 'a';
+  const char *const w = what.c_str();
+  // `pos` may lie beyond the end by a little, `in` does not.
+  const unsigned size = unsigned(s.size()), pos = random_below(size + 3), in = random_below(size + 1),
+                 few = random_below(12);
+  const unsigned to = in + random_below(size - in + 1), gone = random_below(size - in + 5), a = random_below(8),
+                 b = random_below(3);
+  // The source: a text, a part of the string itself, one of another, or one character many times.
+  const unsigned own = random_below(4) ? random_below(size + 1) : 0, part = random_below(unsigned(other.size()) + 1);
+  const unsigned kind = random_below(4), own_n = random_below(4) ? random_below(size - own + 1) : size - own;
+  const unsigned part_n = random_below(unsigned(other.size()) - part + 1),
+                 many = random_below(random_below(24) ? 60 : 900);
+  const unsigned n = kind == 0 ? unsigned(given.size()) : kind == 1 ? own_n : kind == 2 ? part_n : many;
+  const char *const from = kind == 0 ? given.data() : s.data() + own;
+  const bool erases = gone != 0 && in != size;
+  const unsigned chosen = random_below(2) ? random_below(13) : 13 + random_below(26);
+  const a_look was(s);
+  unsigned long result = 0;
+  bool marked = false;
+  char out[16] = "---------------";
+  try {
+    switch (chosen) {
+      case 0: s = other, marked = i == j && exposed[i]; break;
+      case 1: std::swap(s, text[j]), std::swap(exposed[i], exposed[j]), marked = exposed[i]; break;
+      case 2: string(other).swap(s); break;
+      case 3: s[in] = s[in], marked = true; break;
+      case 4: s.begin(), marked = true; break;
+      case 5:
+        kind == 3 ? s.assign(n, 'f') : kind == 2 ? s.assign(other, part, part_n) : s.assign(from, n);
+        CHECK(was.changed(s, grown, n));
+        break;
+      case 6:
+        kind == 3 ? s.append(n, 'f') : kind == 2 ? s.append(other, part, part_n) : s.append(from, n);
+        CHECK(was.changed(s, grown, size + n));
+        break;
+      case 7:
+        kind == 3 ? s.insert(in, n, 'f') : kind == 2 ? s.insert(in, other, part, part_n) : s.insert(in, from, n);
+        marked = n == 0 && exposed[i];
+        CHECK(was.changed(s, n ? sum : kept, size + n));
+        break;
+      case 8:
+        s.erase(in, gone), marked = !erases && exposed[i];
+        CHECK(was.changed(s, kept, 0));
+        break;
+      case 9:
+        kind == 3   ? s.replace(in, gone, n, 'f')
+        : kind == 2 ? s.replace(in, gone, other, part, part_n)
+                    : s.replace(in, gone, from, n);
+        marked = !erases && n == 0 && exposed[i];
+        CHECK(was.changed(s, n ? sum : kept, size + n));
+        break;
+      case 10: {
+        const unsigned more = random_below(3) ? random_below(random_below(9) ? 400 : 2600) : size / 32 * 32 + 32;
+        s.resize(more, 'r'), marked = more == size && exposed[i];
+        CHECK(was.changed(s, more == size ? kept : resized, more));
+        break;
       }
-    } catch (const std::out_of_range &) {
-      result = 1000;
-    } catch (const std::range_error &) {
-      result = 2000;
+      case 11:
+        for (unsigned k = 0; k < many; ++k) s.push_back('p');
+        marked = many == 0 && exposed[i];
+        break;
+      case 12:
+        if (marked = random_below(4) == 0)
+          s.reserve(random_below(random_below(2) ? 600 : 6000)), marked = exposed[i];
+        else
+          s.clear();
+        break;
+      case 13: s.assign(what).assign(w, 1), (s = w) = 'x', s.push_back('y'), (s += what[0]) += w, s.append(w); break;
+      case 14: s.assign(other, pos, few); break;
+      case 15: s.append(other.substr(0, 60)).append(2, 66).append(what, pos % 3, few).append(w, 1); break;
+      case 16:
+        s.insert(pos, what).insert(in, s.substr(0, 30) + 'x').insert(pos, few + 1, 'b').insert(0, w, 1).insert(0, w);
+        break;
+      case 17: s.erase(pos, few + 1); break;
+      case 18:
+        s.replace(pos, few, what).replace(pos, few, few + 1, 'c').replace(pos, 1, w).replace(0, few, w, 1);
+        break;
+      case 19: s.replace(pos, few, what, 0, 2).insert(pos, what + what, in % 2, few + 1); break;
+      case 20: result = ALL_OF(find) * 3 + ALL_OF(rfind) + ALL_OF(find_first_of) * 5 + ALL_OF(find_last_of); break;
+      case 21: result = ALL_OF(find_first_not_of) * 11 + ALL_OF(find_last_not_of); break;
+      case 22: result = 9 + sign(s.compare(other)) + 3 * sign(s.compare(w)) + 9 * sign(s.compare(pos, few, w)); break;
+      case 23: result = 9 + sign(s.compare(pos, few, other, few, pos)) + 3 * sign(s.compare(pos, few, w, 1)); break;
+      case 24:
+        result = relations(s, other) + 64 * relations(s, w) + 4096 * relations(w, s) + sign(s.compare(pos, few, what));
+        break;
+      case 25: s.at(pos) = 'e', s.assign(s.rbegin(), s.rend()); break;
+      case 26: result = hash_of(s + other + 'x' + w) + hash_of("<" + s) + hash_of('<' + s); break;
+      case 27: s.append(s.begin() + in, s.begin() + to), s.assign(s.begin() + in, s.begin() + to); break;
+      case 28: s.insert(s.begin() + in, given.rbegin(), given.rend()), s.insert(s.begin() + in, 3, 'j'); break;
+      case 29: s.insert(s.begin() + in, digits(int(a)), digits(8)); break;
+      case 30:
+        result = (s.insert(s.begin() + in, 'i') - s.begin()) * 7 + (s.erase(s.begin() + in / 2) - s.begin());
+        break;
+      case 31: result = s.erase(s.begin() + in, s.begin() + to) - s.begin(); break;
+      case 32: s.replace(s.begin() + in, s.begin() + to, what).replace(s.begin(), s.begin() + in, few, 'r'); break;
+      case 33: s.replace(s.begin() + in, s.begin() + to, w).replace(s.begin(), s.begin() + in, w, 1); break;
+      case 34: s.replace(s.begin() + in, s.begin() + to, b ? s.rbegin() : s.rend(), s.rend()); break;
+      case 35: s.replace(s.begin() + in, s.begin() + to, s.begin() + in / 2, s.begin() + to); break;
+      case 36: s.replace(s.begin() + in, s.begin() + to, digits(1), digits(b ? 5 : 9)); break;
+      case 37: s.append(digits(int(a) - 3), digits(6 + int(b))), s.assign(digits(2), digits(6 + int(b))); break;
+      case 38: {
+        const other_string x(s.substr(0, 40).c_str()), y(w);
+        result = x.find(y, in) + 7 * x.rfind(y) + 49 * x.find('B', in) + 343 * x.find_first_of("BX") +
+                 2401 * x.find_last_not_of("CB") + (x == "ABC") + (x < y) + (x + y).rfind("A", pos) +
+                 x.find_first_not_of(y, in) + x.find_last_of(y, pos);
+        s = string(digits(3), digits(6 + int(b))) + string(3, 65) + string(other, 0, 5) + string(w, 1);
+        result += s.copy(out, few, pos) + hash_of(out) + hash_of(s.substr(pos)) + static_cast<const string &>(s)[b];
+        s.resize(in), s.erase(pos), s.insert(s.end(), w, w + what.size()), s.erase();
+      }
     }
-    if (s.size() > 300) s.erase(100);
-    printf("step %d, operation %u at %u, %u: %lu, %u of %lu\n", i, chosen, pos, n, result, unsigned(s.size()),
-           hash_of(s));
+  } catch (const std::out_of_range &) {
+    result = 1000;
+  } catch (const std::range_error &) {
+    result = 2000;
   }
-  return 0;
+  if (chosen == 0) CHECK(exposed[j] || same_rep(i, j));
+  if (s.size() > 2600) s.erase(100);
+  if (chosen >= 13 || size > 2600) s.assign(s.data(), s.size());  // no reference is in use
+  exposed[i] = marked;
+  CHECK(shared_rightly());
+  printf("step %d, operation %u at %u, %u: %lu, %u of %lu\n", number, chosen, pos, n, result, unsigned(s.size()),
+         hash_of(s));
+  if (test_failures) fprintf(stderr, "step %d, operation %u\n", number, chosen), exit(1);
+}
+
+// Blocks so large that the C library moves them whole, under a source in one; and so many that the pool is exhausted.
+static void large_and_many() {
+  static string crowd[3000];
+  string large(300000, 'x');
+  for (int i = 0; i < 4; ++i) {
+    const string other(large.size() / 2, 'y');
+    large.append(large.data(), large.size());
+  }
+  // And whose characters have left their first block.
+  string moved(2000, 'a'), sharer(moved);
+  sharer.reserve(30000);
+  sharer = "";
+  moved[5] = 'b';
+  unsigned long sum = hash_of(large) + hash_of(moved.append(40000, 'z'));
+  for (unsigned k = 0; k < 6000; ++k) crowd[k * 7 % 3000].assign(k * 37 % 990, static_cast<char>('a' + k % 26));
+  for (unsigned k = 0; k < 3000; ++k) sum = sum * 31 + hash_of(crowd[k]), string().swap(crowd[k]);
+  printf("%lu\n", sum);
+}
+
+int main() {
+  for (int i = 0; i < 59999; ++i) step(i);
+  large_and_many();
+#if defined(REPLACED) && defined(PLX_CONFIG_H)
+  for (int i = 0; i < 6; ++i) string().swap(text[i]);
+  CHECK_INT(live_blocks, 0);
+#endif
+  return test_failures != 0;
 }

@@ -1,0 +1,74 @@
+// Copying and filling of short texts, four bytes at once, wherever they lie.
+//
+// Calls of the C library and of exported functions need the GOT pointer, and short texts are too short for that. So
+// these paths are free of such calls, and long texts go through hidden functions.
+#pragma once
+
+#include <string.h>
+
+#include <plx/base/config.h>
+
+namespace __zor {
+
+PLX_HIDDEN PLX_NOINLINE PLX_REGPARM void copy_long(char *to, const char *from, unsigned n);
+PLX_HIDDEN PLX_NOINLINE PLX_REGPARM void fill_long(char *to, unsigned n, char c);
+
+constexpr unsigned short_copy = 32;
+
+struct four_bytes {
+  unsigned value;
+} __attribute__((__packed__, __may_alias__));
+inline four_bytes *words(char *at) { return reinterpret_cast<four_bytes *>(at); }
+inline const four_bytes *words(const char *at) { return reinterpret_cast<const four_bytes *>(at); }
+
+// Copying and filling. Nothing is nothing: the pointers may be null then. The regions of a copy do not overlap.
+inline void copy_characters(char *to, const char *from, unsigned n) {
+  if (__builtin_expect(n > short_copy, false)) return copy_long(to, from, n);
+  if (n >= 8) {
+    const four_bytes c = *words(from + n - 8), d = *words(from + n - 4);
+    unsigned i = 0;
+    do {
+      *words(to + i) = *words(from + i);
+      *words(to + i + 4) = *words(from + i + 4);
+      i += 8;
+    } while (i + 8 < n);
+    *words(to + n - 8) = c;
+    *words(to + n - 4) = d;
+  } else if (n >= 4) {
+    *words(to) = *words(from);
+    *words(to + n - 4) = *words(from + n - 4);
+  } else if (n != 0) {
+    to[0] = from[0];
+    to[n / 2] = from[n / 2];
+    to[n - 1] = from[n - 1];
+  }
+}
+// The regions may overlap: all is read before anything is written.
+inline void move_characters(char *to, const char *from, unsigned n) {
+  if (n > 16) {
+    memmove(to, from, n);
+    return;
+  }
+  if (n >= 8) {
+    const four_bytes a = *words(from), b = *words(from + 4), c = *words(from + n - 8), d = *words(from + n - 4);
+    *words(to) = a;
+    *words(to + 4) = b;
+    *words(to + n - 8) = c;
+    *words(to + n - 4) = d;
+  } else if (n >= 4) {
+    const four_bytes a = *words(from), b = *words(from + n - 4);
+    *words(to) = a;
+    *words(to + n - 4) = b;
+  } else if (n != 0) {
+    const char a = from[0], b = from[n / 2], c = from[n - 1];
+    to[0] = a;
+    to[n / 2] = b;
+    to[n - 1] = c;
+  }
+}
+inline void fill_characters(char *to, unsigned n, char c) {
+  if (__builtin_expect(n > 4, true)) return fill_long(to, n, c);
+  for (unsigned i = 0; i < n; ++i) to[i] = c;
+}
+
+}  // namespace __zor

@@ -1,0 +1,203 @@
+/* Memory in generated C: where thrown objects live and what happens when there is none for the next; operator new, its
+ * handler and its forms. The heap is the C library's behind counters. test-variants: -O0 | -O2 */
+#include "classes.h"
+#include "../heap.h"
+
+EMIT_CLASS(big, "big", 0);
+static const an_exception_type_specification catch_big[] = {{&big, PLX_TYPE_LAST}};
+static NOINLINE void throw_big(int size, int pattern) {
+  void *object = __throw_setup(&big, size, 0);
+  CHECK(((size_t)object & 7) == 0);
+  memset(object, pattern, (size_t)size);
+  __throw();
+}
+static int holds(const char *object, int size, int pattern) {
+  while (size > 0 && object[size - 1] == (char)pattern) --size;
+  return size == 0;
+}
+/* `depth` exceptions alive at once, each in the handler of the one before. */
+static int live_at_depth;
+static NOINLINE void nested(int depth, int size) {
+  TRY(catch_big) throw_big(size, depth);
+  HANDLERS
+    if (depth > 1) nested(depth - 1, size);
+    else live_at_depth = heap_live;
+    CHECK(holds((char *)caught, size, depth));
+  END_TRY
+}
+static NOINLINE void rethrown(int depth, int is_last) {
+  TRY(catch_big) depth == 0 ? throw_big(100, 'r') : rethrown(depth - 1, 0);
+  HANDLERS
+    CHECK(holds((char *)caught, 100, 'r'));
+    if (!is_last) __rethrow();
+  END_TRY
+}
+
+/* ---- operator new: what comes out of each form, with each handler */
+
+#define TOO_MUCH 0xF0000000u
+static const a_base_class_spec exhausted_bases[] = {{&__TI_St9bad_alloc, 0, PLX_BASE_PUBLIC | PLX_BASE_LAST}};
+EMIT_CLASS(exhausted, "exhausted", exhausted_bases);
+/* Not inlined: a compiler may take an allocation away together with its release. */
+static NOINLINE void *plain(unsigned bytes) { return _Znwj(bytes); }
+static NOINLINE void *plain_array(unsigned bytes) { return _Znaj(bytes); }
+static NOINLINE void *nothrow(unsigned bytes) { return _ZnwjRKSt9nothrow_t(bytes, 0); }
+static NOINLINE void *nothrow_array(unsigned bytes) { return _ZnajRKSt9nothrow_t(bytes, 0); }
+static void *(*const forms[])(unsigned) = {plain, plain_array, nothrow, nothrow_array};
+
+/* The clause of what comes out; 4: null, 5: a block. */
+static NOINLINE int outcome(void *(*form)(unsigned), unsigned bytes) {
+  static const an_exception_type_specification clauses[] = {{&exhausted, 0}, {&__TI_St9bad_alloc, 0}, {&__TI_i, PLX_TYPE_LAST}};
+  volatile int result = 0;
+  TRY(clauses)
+    void *const block = form(bytes);
+    result = block ? 5 : 4;
+    _ZdlPv(block);
+  HANDLERS result = clause;
+  END_TRY
+  return result;
+}
+static volatile int calls;
+static void third_time_gives_up(void) { if (++calls == 3) __default_new_handler(); }
+static void throws_derived(void) {
+  ++calls;
+  __throw_setup(&exhausted, 16, 0);
+  __throw();
+}
+static void throws_int(void) { ++calls, throw_int(5); }
+static void finds_memory(void) { if (++calls == 2) heap_fails_at = -1; }
+static void unexpected_int(void) { trace("unexpected"), throw_int(6); }
+static void new_handlers(void) {
+  static const struct {
+    a_handler handler;
+    int calls, thrown, quiet;
+  } cases[] = {{__default_new_handler, 0, 2, 4}, {0, 0, 2, 4}, {third_time_gives_up, 3, 2, 4}, {throws_derived, 1, 1, 4},
+               {throws_int, 1, 3, 3}, {finds_memory, 2, 5, 5}};
+  unsigned i, form;
+  CHECK(_ZSt15set_new_handlerPFvvE(0) == __default_new_handler);
+  _ZSt14set_unexpectedPFvvE(unexpected_int);
+  for (i = 0; i < sizeof cases / sizeof *cases - !HEAP_IS_COUNTED; ++i)
+    for (form = 0; form < 4; ++form) {
+      const int exhausts = cases[i].handler == finds_memory;
+      calls = 0;
+      _ZSt15set_new_handlerPFvvE(cases[i].handler);
+      if (exhausts) heap_fails_at = 0;
+      CHECK_INT(outcome(forms[form], exhausts ? 16 : TOO_MUCH), form < 2 ? cases[i].thrown : cases[i].quiet);
+      CHECK_INT(calls, cases[i].calls);
+      CHECK_TRACE(cases[i].handler == throws_int ? "unexpected" : "");
+      CHECK(_ZSt15set_new_handlerPFvvE(0) == cases[i].handler);
+      CHECK(__curr_eh_stack_entry == 0);
+    }
+  for (form = 0; form < 4; ++form) {
+    void *const first = forms[form](0), *const second = forms[form](0);
+    CHECK(first && second && first != second);
+    form % 2 ? _ZdaPv(first) : _ZdlPv(first), form % 2 ? _ZdaPv(second) : _ZdlPv(second);
+  }
+  _ZdlPv(0), _ZdaPv(0);
+}
+
+#if HEAP_IS_COUNTED
+/* What one exception of each size takes from the heap: nothing until 8192 bytes are alive. The object that just leaves
+ * 56 bytes of the initial block still fits there, and its record then needs a block of its own. */
+static void sizes(void) {
+  static const int cases[][2] = {{1, 0}, {7000, 0}, {8136, 8192}, {8137, 16384}, {8144, 16384}, {8192, 16384}, {12288, 16384},
+                                 {12289, 24576}, {12296, 24576}, {100000, 106496}};
+  const int live = heap_live;
+  size_t bytes = heap_bytes;
+  unsigned i;
+  for (i = 0; i < 1000; ++i) nested(1, 4000), nested(3, 2000);
+  CHECK_INT(heap_bytes, bytes);
+  for (i = 0; i < sizeof cases / sizeof *cases; ++i, bytes = heap_bytes) {
+    nested(1, cases[i][0]);
+    CHECK_INT(heap_bytes - bytes, cases[i][1]);
+  }
+  nested(2, 5000); /* the second needs 8192 and has less than 4096 to spare */
+  CHECK_INT(heap_bytes - bytes, 16384);
+  CHECK_INT(live_at_depth, live + 1);
+  bytes = heap_bytes;
+  nested(200, 100); /* small objects share blocks */
+  CHECK(live_at_depth > live + 5 && heap_bytes - bytes == 8192u * (live_at_depth - live));
+  nested(50, 9000);
+  CHECK_INT(live_at_depth, live + 50);
+  rethrown(200, 1);
+  CHECK_INT(heap_live, live);
+}
+
+/* Out of memory at every depth and, for the initial block, at every size that leaves room for the object and not for its
+ * record: std::terminate. With memory back, its handler can throw and catch as before. */
+static int terminations, failing_size, failing_block;
+static void terminated(void) {
+  heap_fails_at = -1;
+  if (++terminations == 1) nested(3, 16), nested(3, 5000), nested(1, 100), rethrown(0, 1);
+  printf("terminated %d, %d failed", terminations, test_failures), fflush(stdout);
+  _exit(3);
+}
+static void out_of_memory(void) {
+  _ZSt13set_terminatePFvvE(terminated);
+  heap_fails_at = failing_block;
+  nested(1000, failing_size);
+}
+static void still_no_memory(void) { printf("handler;"), fflush(stdout), nested(1000, 100); }
+static void no_memory_in_handler(void) {
+  _ZSt13set_terminatePFvvE(still_no_memory);
+  heap_fails_at = 0;
+  nested(1000, 100);
+}
+static void no_memory(void) { heap_fails_at = 0, nested(1, 9000); }
+/* Whatever is left of the initial block, a request that fails leaves it as it was: what fits before fits after. */
+static int filled, fails_first;
+static void small(void) {
+  TRY(catch_int) throw_int(1);
+  HANDLERS _exit(7);
+  END_TRY
+}
+static void beside_a_filler(void) {
+  _ZSt13set_terminatePFvvE(fails_first ? small : 0);
+  TRY(catch_big) throw_big(filled, 1);
+  HANDLERS
+    heap_fails_at = 0;
+    if (fails_first) throw_big(5000, 2);
+    small();
+  END_TRY
+}
+static void left_alone(void) {
+  int changes = 0, before = 7, ends[2];
+  for (filled = 6800; filled < 7900; filled += 8) {
+    for (fails_first = 0; fails_first < 2; ++fails_first) ends[fails_first] = test_run_child(beside_a_filler).status;
+    CHECK_INT(ends[1], ends[0]);
+    changes += ends[0] != before, before = ends[0];
+  }
+  CHECK_INT(changes, 1);
+}
+static void exhausted_heap(void) {
+  for (failing_size = 8; failing_size < 9000; failing_size += failing_size < 7840 ? 808 : failing_size < 8136 ? 8 : 808)
+    for (failing_block = 0; failing_block < 3; ++failing_block) CHECK_ENDS(out_of_memory, 3, "terminated 1, 0 failed");
+  CHECK_ABORTS(no_memory_in_handler, "handler;");
+  CHECK_ABORTS(no_memory, "plx: terminated: no memory for an exception\n");
+}
+#endif
+/* No block can have it, and the heap is not asked. */
+static void impossible(void) { __throw_setup(&big, 0x7FFFFFF0, 0); }
+static void negative(void) { __throw_setup(&big, -8, 0); }
+
+int main(void) {
+  char bytes[8];
+  nested(3, 0);
+  nested(200, 100);
+  nested(50, 9000);
+  nested(2, 70000);
+  rethrown(300, 1);
+  new_handlers();
+  CHECK_QUIET();
+#if HEAP_IS_COUNTED
+  sizes();
+  exhausted_heap();
+  left_alone();
+#endif
+  CHECK_ABORTS(impossible, "plx: terminated: an exception of impossible size\n");
+  CHECK_ABORTS(negative, "plx: terminated: an exception of impossible size\n");
+  memset(bytes, 'x', sizeof bytes);
+  CHECK(__memzero(bytes + 1, 6) == bytes + 1 && memcmp(bytes, "x\0\0\0\0\0\0x", 8) == 0);
+  CHECK_QUIET();
+  return TEST_RESULT();
+}

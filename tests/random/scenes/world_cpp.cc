@@ -1,0 +1,153 @@
+// Scenes as C++: each node is a function with the construct that it names.
+#include "scenes.h"
+
+#include <stdlib.h>
+
+#include <algorithm>
+#include <exception>
+#include <ostream>
+#include <set>
+#include <streambuf>
+#include <vector>
+
+#define APART static __attribute__((__noinline__)) void
+
+APART throw_node(const char *node) {
+  switch (node[1]) {
+    case 'i': throw node[2] - '0';
+    case 'd': throw double(node[2] - '0');
+    case 'p': throw &pointed;
+    case 's': throw special(node);
+    case 'b': throw big(node);
+    default: throw fault(node);
+  }
+}
+
+APART try_node(const char *node) {
+  jmp_buf *const before = place;
+#define HANDLERS(letter, clauses)          \
+  case letter:                             \
+    try {                                  \
+      run(block(node, 0));                 \
+    }                                      \
+    clauses;                               \
+    break;
+#define CLAUSE(parameter, ...)             \
+  catch (parameter) {                      \
+    place = before;                        \
+    report(__VA_ARGS__);                   \
+    run(block(node, 1));                   \
+  }
+  switch (node[1]) {
+    HANDLERS('f', CLAUSE(fault &f, 1, &f, 0))
+    HANDLERS('s', CLAUSE(special &s, 1, &s, 0))
+    HANDLERS('i', CLAUSE(int i, 1, 0, i))
+    HANDLERS('m', CLAUSE(int i, 1, 0, i) CLAUSE(special &s, 2, &s, 0) CLAUSE(fault &f, 3, &f, 0))
+    HANDLERS('p', CLAUSE(const fault *p, 1, 0, p->id))
+    HANDLERS('q', CLAUSE(const void *, 1, 0, 0) CLAUSE(..., 2, 0, 0))
+    default: HANDLERS('a', CLAUSE(..., 1, 0, 0))
+  }
+}
+
+struct local {
+  int number;
+  const char *script;
+  local(int n, const char *s) : number(n), script(s) {}
+  ~local() { end_of_local(number, script); }
+};
+APART local_node(const char *node) {
+  local object(node[1] - '0', block(node, 1));
+  run(block(node, 0));
+}
+
+APART function_node(const char *node) {
+  local outer(10, "");
+  try {
+    local inner(11, "");
+    run(block(node, 0));
+  } catch (int i) {
+    report(1, 0, i);
+    run(block(node, 1));
+  } catch (fault &f) {
+    report(2, &f, 0);
+    run(block(node, 1));
+  }
+}
+
+APART array_node(const char *node) {
+  struct cell {
+    int number;
+    cell() { element(&number); }
+    ~cell() { end_of_local(number, "}"); }
+  };
+  element_node = node;
+  element_index = 0;
+  if (node[1] >= '3') {
+    delete[] new cell[3];
+    run(block(node, 1));
+  } else {
+    cell array[3];
+    run(block(node, 1));
+  }
+}
+
+// Frames of a library between: it calls back once; how often it would, libraries differ.
+static const char *once;
+static void call_once() {
+  const char *const script = once;
+  once = 0;
+  if (script) run(script);
+}
+struct less {
+  bool operator()(int a, int b) const { return call_once(), a < b; }
+};
+static int compare(const void *a, const void *b) { return call_once(), *(const int *)a - *(const int *)b; }
+struct buffer : std::streambuf {
+  virtual int overflow(int c) { return call_once(), c == -1 ? 0 : c; }
+};
+struct copied {
+  copied() {}
+  copied(const copied &) { call_once(); }
+};
+APART library_node(const char *node) {
+  int numbers[] = {3, 1, 2, 5, 4};
+  buffer to;
+  once = block(node, 0);
+  switch ((node[1] - '0') % 7) {
+    case 0: std::sort(numbers, numbers + 5, less()); break;
+    case 1: std::set<int, less>(numbers, numbers + 5); break;
+    case 2: std::vector<copied>(2, copied()); break;
+    case 3: to.sputn("text", 4); break;
+    case 4: std::ostream(&to) << 42; break;  // keeps the exception
+    case 5: qsort(numbers, 5, sizeof(int), compare); break;
+    case 6: bsearch(numbers, numbers, 5, sizeof(int), compare); break;
+  }
+  say("L");
+}
+
+APART int_only(const char *node) throw(int) { run(block(node, 0)); }
+APART int_or_fault(const char *node) throw(int, fault) { run(block(node, 0)); }
+static void (*volatile specified[])(const char *) = {int_only, int_or_fault};
+
+APART jump_node(const char *node) {
+  jmp_buf here, *volatile before = place;
+  place = &here;
+  if (setjmp(here) == 0) run(block(node, 0));
+  else say("J");
+  place = before;
+}
+
+void node_cpp(const char *node) {
+  switch (*node) {
+    case 't': throw_node(node); break;
+    case '?': try_node(node); break;
+    case '+': local_node(node); break;
+    case 'F': function_node(node); break;
+    case 'a': array_node(node); break;
+    case '!': specified[node[1] == 'm'](node); break;
+    case 'L': library_node(node); break;
+    case 'J': jump_node(node); break;
+    case 'j': longjmp(*place, 1);
+    default: throw;
+  }
+}

@@ -1,0 +1,65 @@
+#!/bin/bash
+# Folders are floors, from below; rooms of one floor are joined by a comma. Sources: an object needs no symbol that only
+# a higher floor defines, but for those listed below. Headers: none includes one of a higher floor, directly or through
+# a header with a standard name.
+set -u
+sources="libC,cxxabi unwind string exceptions containers numbers locale iostream"
+headers="base string,algorithms containers,numerics locale streambuf facets iostream"
+
+# What a lower floor asks of a higher one by a declaration of its own. The language's own exceptions, and those of
+# strings, hold strings (libC/above.h, string/representation.h). Facets read stream buffers: through one class, and by
+# inline members that know the vtable of file buffers.
+asked="__default_new_handler __throw_bad_cast __throw_bad_typeid _ZN5__zor25oldest_needed_destructionE
+  _ZN5__zor20set_up_bad_exceptionEv _ZN5__zor10message_ofEPvPK16a_type_info_impl
+  _ZN5__zor17fail_out_of_rangeEv _ZN5__zor11fail_lengthEv _ZN5__zor19string_out_of_rangeEv
+  _ZN5__zor16streambuf_source6_fetchEPNS_16character_sourceE _ZN5__zor16streambuf_source7_finishEv"
+inlined='^locale/.* _Z(TVSt13basic_filebuf|NK?St15basic_streambuf)'
+
+floors_of='function floors_of(list, a, b, i, j, n) {
+  n = split(list, a, " ")
+  for (i = 1; i <= n; i++) { split(a[i], b, ","); for (j in b) floor[b[j]] = i }
+}'
+failures=0
+check() {
+  [ -z "$found" ] && return
+  echo "$1:"; echo "$found"; failures=1
+}
+
+cd "$PLX_SOURCE" || exit 1
+# Objects of sources that are gone may still lie there.
+found=$(cd "$PLX_PREFIX/CMakeFiles" && find plx_common.dir plx.dir -name '*.o' | while read -r object; do
+  source=${object#*/}
+  [ ! -f "$PLX_SOURCE/${source%.o}" ] || echo "$object"
+done | xargs nm -AP | sed 's|^[^/]*/||; s|\.o: | |' | awk -v list="$sources" -v asked="$asked" -v inlined="$inlined" "$floors_of"'
+  BEGIN { floors_of(list); n = split(asked, a, /[ \n]+/); for (i = 1; i <= n; i++) listed[a[i]] = 1 }
+  { from = $1; sub(/\/.*/, "", from); count[from]++; if (!(from in floor)) floor[from] = 99 }
+  $3 == "U" { needs[$1 " " $2]; next }
+  $3 ~ /[A-Wu]/ && (!($2 in at) || floor[from] < floor[at[$2]]) { at[$2] = from }
+  END {
+    for (need in needs) {
+      split(need, a, " "); from = a[1]; sub(/\/.*/, "", from)
+      if (!(a[2] in at) || floor[at[a[2]]] <= floor[from]) continue
+      if (a[2] in listed) met[a[2]] = 1
+      else if (need !~ inlined) print a[1] " needs " a[2] " of " at[a[2]]
+    }
+    for (name in listed) if (name != "" && !(name in met)) print name " is listed, and nobody asks for it"
+    for (name in count) if (floor[name] == 99) print name " is on no floor"
+    if (length(count) < 7) print "objects are missing"
+  }' | sort)
+check "an object needs what stands above it"
+
+found=$(grep -HoE '^ *# *include <[^>]+>' include/*[a-z] include/plx/*/*.h 2> /dev/null | sed 's/^include.//; s/: *# *include </ /; s/>$//' |
+  awk -v list="$headers" "$floors_of"'
+  function look(header, at, a, n, i) {  # what it includes, and what headers with standard names bring with them
+    n = split(includes[at], a, " ")
+    for (i = 1; i <= n; i++)
+      if (a[i] ~ /^plx\/.*\//) {
+        if (floor[folder(a[i])] > floor[folder(header)]) print header " includes " a[i] (at == header ? "" : " by <" at ">")
+      } else if (!((header, a[i]) in seen)) { seen[header, a[i]]; look(header, a[i]) }
+  }
+  function folder(header, a) { split(header, a, "/"); if (!(a[2] in floor)) print a[2] " is on no floor"; return a[2] }
+  BEGIN { floors_of(list) }
+  { includes[$1] = includes[$1] " " $2 }
+  END { for (header in includes) if (header ~ /^plx\//) { look(header, header); n++ } if (n < 100) print "headers are missing" }' | sort -u)
+check "a header includes what stands above it"
+exit $failures
