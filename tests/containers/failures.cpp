@@ -254,6 +254,9 @@ struct own_array {
 static void own_operator_new() {
   const long blocks = live_blocks, calls = allocation_calls;
   {
+    std::vector<int> grown;
+    for (int i = 0; i < 1000; ++i) grown.push_back(i);
+    CHECK(allocation_calls - calls == 8 && live_blocks == blocks + 1);
     std::vector<int> numbers;
     std::vector<std::string> texts;
     std::deque<int> queue;
