@@ -126,7 +126,7 @@ static void growth() {
   }
   v.reserve(1000);
   const int *const block = &v[0];
-  v.insert(v.begin(), 800, 3);
+  v.insert(v.begin(), 801, 3);
   CHECK(v.capacity() == 1000 && &v[0] == block);
   std::vector<tracked> few(3, tracked(1));
   few.insert(few.begin() + 1, tracked(2));

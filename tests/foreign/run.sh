@@ -5,9 +5,10 @@
 #   tests/foreign/run.sh [--time [N]] [NAME...]     N (7) interleaved runs of each build; the least of their user times
 #
 # Of each program NAME: package_NAME, Debian's name of its sources; build_NAME, in a folder with them, with CC, CXX and
-# STD in the environment; run_NAME in that folder prints what is compared and fails when it finds something wrong; input_NAME
-# makes what both runs read, once, in the folder $input, with the sources beside it. Builds are kept as long as plx does
-# not change. PLX_PREFIX is the build tree or installed prefix, PLX_FOREIGN the folder for all of it.
+# STD in the environment; run_NAME, in that folder, prints what is compared and fails when it finds something wrong;
+# input_NAME makes what both runs read, once, in the folder $input, with the sources beside it. Builds are kept as long
+# as plx does not change. PLX_PREFIX is the build tree or installed prefix, PLX_FOREIGN the folder for all of it.
+# shellcheck disable=SC2034 # package_NAME
 set -u
 export LC_ALL=C
 here=$(cd "$(dirname "$0")" && pwd)
@@ -20,7 +21,7 @@ trap 'exit 130' INT TERM
 . "$here/sources.bash"
 unset CXXFLAGS CFLAGS LDFLAGS MAKEFLAGS MAKELEVEL
 
-times= rounds=7
+times='' rounds=7
 if [ "${1:-}" = --time ]; then
   times=1
   shift
@@ -29,8 +30,8 @@ fi
 
 # ---- The programs --------------------------------------------------------------------------------------------------
 
-# troff on a long text: its own manual pages, four times. Of C++ it uses the language only. As it is; its configure script
-# wants a tool for documents that are not made.
+# troff on a long text: its own manual pages, four times. Of C++ it uses the language only. As it is; its configure
+# script wants a tool for documents that are not made.
 package_groff=groff
 input_groff() {
   mkdir "$input/devps" || return
@@ -43,7 +44,8 @@ build_groff() {
   printf '#!/bin/sh\necho "makeinfo (GNU texinfo) 6.8"\n' > makeinfo
   chmod +x makeinfo
   echo 'built: $(BUILT_SOURCES)' > built.mk
-  PATH=$PWD:$PATH ./configure --without-x CFLAGS=-O2 CXX="$CXX $STD" CXXFLAGS=-O2 && make -f Makefile -f built.mk built && make troff
+  PATH=$PWD:$PATH ./configure --without-x CFLAGS=-O2 CXX="$CXX $STD" CXXFLAGS=-O2 &&
+    make -f Makefile -f built.mk built && make troff
 }
 run_groff() { ./troff -Tps -man -F "$input" -M tmac "$input/pages"; }
 
@@ -66,9 +68,10 @@ input_minisat() {
   }' > "$input/formula"
 }
 build_minisat() {
-  printf '#include <stdio.h>\ntypedef FILE *gzFile;\n#define gz%s\n#define gz%s\n#define gz%s\n#define gz%s\n' 'open fopen' \
-    'dopen fdopen' 'close fclose' 'read(file, to, size) fread(to, 1, size, file)' > zlib.h
-  sed -i '/friend Lit mkLit/s/ = false//; /^inline *Lit *mkLit/s/bool sign)/bool sign = false)/' minisat/core/SolverTypes.h
+  printf '%s\n' '#include <stdio.h>' 'typedef FILE *gzFile;' '#define gzopen fopen' '#define gzdopen fdopen' \
+    '#define gzclose fclose' '#define gzread(file, to, size) fread(to, 1, size, file)' > zlib.h
+  sed -i '/friend Lit mkLit/s/ = false//; /^inline *Lit *mkLit/s/bool sign)/bool sign = false)/' \
+    minisat/core/SolverTypes.h
   $CXX $STD -O2 -w -DNDEBUG -D__STDC_LIMIT_MACROS -D__STDC_FORMAT_MACROS -I. minisat/{core,utils}/*.cc -o minisat_core
 }
 run_minisat() {
@@ -76,7 +79,7 @@ run_minisat() {
   case $? in 10) cat model ;; 20) ;; *) return 1 ;; esac
 }
 
-# Cryptography: strings, exceptions, streams, maps, virtual bases; 869 tests of its own. Without the one function that
+# Cryptography: strings, exceptions, streams, maps, virtual bases; its own tests. Without the one function that
 # makes a string of wchar_t.
 package_cryptopp=libcrypto++
 build_cryptopp() {
@@ -84,7 +87,9 @@ build_cryptopp() {
   sed -i '/^std::wstring StringWiden/d' misc.h
   make -j"$jobs" CXX="$CXX" CXXFLAGS="-O2 -DNDEBUG $STD" static cryptest.exe
 }
-run_cryptopp() { ./cryptest.exe v > tests.log && awk '/passed/ { ++n } /FAILED/ { print } END { print n, "passed" }' tests.log; }
+run_cryptopp() {
+  ./cryptest.exe v > tests.log && awk '/^passed/ { ++n } /FAILED/ { print } END { print n, "passed" }' tests.log
+}
 
 # Convex hulls by C with a C++ interface: vectors of vectors, exceptions, formatted numbers. A header is missing.
 package_qhull=qhull
@@ -103,21 +108,24 @@ run_qhull() {
 # Spelling: vectors of strings, streams, maps. As it is; a word list of another package.
 package_hunspell="hunspell scowl"
 input_hunspell() {
-  (cd scowl && ./mk-list -d final --accents=strip en_US 60 2> /dev/null | sort -u | perl speller/munch-list munch speller/en.aff) > words
+  (cd scowl && ./mk-list -d final --accents=strip en_US 60 2> /dev/null | sort -u |
+    perl speller/munch-list munch speller/en.aff) > words
   { wc -l < words; iconv -f latin1 -t utf-8 words; } > "$input/en.dic"
   cp scowl/speller/en.aff "$input"
   cat scowl/final/{english,british,american}-words.* | iconv -f latin1 -t utf-8 > "$input/words"
   awk 'NR % 400 == 0 { print substr($0, 2) "e" }' "$input/words" > "$input/wrong"
 }
 build_hunspell() {
-  ./configure --disable-shared --disable-nls CC="$CC" CXX="$CXX ${STD/98/11}" CXXFLAGS="-O2 -w" CFLAGS=-O2 && make -j"$jobs"
+  ./configure --disable-shared --disable-nls CC="$CC" CXX="$CXX ${STD/98/11}" CXXFLAGS="-O2 -w" CFLAGS=-O2 &&
+    make -j"$jobs"
 }
 run_hunspell() {
-  src/tools/hunspell -i utf-8 -d "$input/en" -l "$input/words" && src/tools/hunspell -i utf-8 -d "$input/en" -a "$input/wrong"
+  src/tools/hunspell -i utf-8 -d "$input/en" -l "$input/words" &&
+    src/tools/hunspell -i utf-8 -d "$input/en" -a "$input/wrong"
 }
 
-# The scanner of flex and the parser of bison, whose values are strings, numbers and vectors of them, in C++: a calculator
-# on 10 MB.
+# The scanner of flex and the parser of bison in C++, whose values are strings, numbers and vectors of them: a calculator
+# on 10 MB, twice.
 input_calculator() {
   awk 'BEGIN {
     for (i = 0; i < 220000; ++i)
@@ -126,7 +134,8 @@ input_calculator() {
 }
 build_calculator() {
   bison -d -o parser.cc "$here/calculator.yy" && flex -o scanner.cc "$here/calculator.ll" &&
-    $CXX $STD -O2 -w -I. -I"$here" parser.cc scanner.cc -o calculator && $CXX ${STD/98/11} -O2 -w -I. -I"$here" parser.cc scanner.cc -o calculator11
+    $CXX $STD -O2 -w -I. -I"$here" parser.cc scanner.cc -o calculator &&
+    $CXX ${STD/98/11} -O2 -w -I. -I"$here" parser.cc scanner.cc -o calculator11
 }
 run_calculator() { ./calculator < "$input/lines" && ./calculator11 < "$input/lines"; }
 
@@ -187,7 +196,7 @@ with() {
 # outdated FOLDER: must it be built again?
 outdated() {
   [ -f "$1/.built" ] || return 0
-  case $1 in *.plx) [ -n "$(find -L "$prefix/bin" "$prefix/lib" "$prefix/include" -newer "$1/.built" -print -quit)" ] ;; *) false ;; esac
+  [[ $1 = *.plx && -n $(find -L "$prefix/bin" "$prefix/lib" "$prefix/include" -newer "$1/.built" -print -quit) ]]
 }
 
 # prepare NAME: its sources, its input and both builds. Returns 1 when they cannot be had; what does not build is wrong.
@@ -240,15 +249,16 @@ measure() {
     END { printf "%-12s %8.2f %8.2f %6.2f\n", name, least["plx"], least["host"], least["host"] / least["plx"] }'
 }
 
-programs=$*
-: "${programs:=$(declare -F | sed -n 's/^declare -f build_//p')}"
+all=$(declare -F | sed -n 's/^declare -f build_//p' | tr '\n' ' ')
+programs=${*:-$all}
 for name in $programs; do
-  declare -F "build_$name" > /dev/null || { echo "foreign: there is no $name; there are" $(declare -F | sed -n 's/^declare -f build_//p') >&2; exit 2; }
+  declare -F "build_$name" > /dev/null || { echo "foreign: there is no $name; there are $all" >&2; exit 2; }
 done
-unavailable= prepared=
+unavailable='' prepared=''
 for name in $programs; do
   before=$failures
-  if ! prepare "$name"; then unavailable="$unavailable $name"; elif [ $failures -eq $before ]; then prepared="$prepared $name"; fi
+  prepare "$name" || { unavailable="$unavailable $name"; continue; }
+  [ $failures -ne $before ] || prepared="$prepared $name"
 done
 say
 [ -z "$unavailable" ] || echo "skipped, because apt gives no sources here (is there a network?):$unavailable"

@@ -1,5 +1,5 @@
-# Sources of Debian's packages: `fetch_source PACKAGE` puts one into the current directory, as a folder of its name. Archives
-# are kept in $cache. Fails where apt has no Debian sources or there is no network.
+# Sources of Debian's packages: `fetch_source PACKAGE` puts one into the current directory, as a folder of its name.
+# Archives are kept in $cache. Fails where apt has no Debian sources or there is no network.
 
 # own_apt: a set-up of apt of its own in $work: this machine's is not changed, and sources are often not among its own.
 # Fails where the machine's main source of packages is not Debian's.
@@ -7,8 +7,10 @@ own_apt() {
   local site suite keys=/usr/share/keyrings/debian-archive-keyring.gpg
   local codename=
   [ ! -r /etc/os-release ] || codename=$(. /etc/os-release && echo "${VERSION_CODENAME:-}")
-  read -r site suite < <(apt-get indextargets --format '$(SITE) $(RELEASE) $(COMPONENT)' "Created-By: Packages" 2> /dev/null |
-    awk -v codename="$codename" '$3 == "main" && $2 ~ "^(" codename "|stable|testing|unstable|sid)$" { print; exit }')
+  # shellcheck disable=SC2016 # apt's own
+  read -r site suite < <(apt-get indextargets --format '$(SITE) $(RELEASE) $(COMPONENT)' "Created-By: Packages" \
+    2> /dev/null | awk -v codename="$codename" \
+      '$3 == "main" && $2 ~ "^(" codename "|stable|testing|unstable|sid)$" { print; exit }')
   [ -n "$suite" ] || return 1
   mkdir -p "$work"/apt/lists/partial "$work"/apt/cache/archives/partial "$work"/apt/parts
   echo "deb-src $([ ! -f $keys ] || echo "[signed-by=$keys]") $site ${suite%% *} main" > "$work/apt/sources.list"
@@ -32,8 +34,8 @@ fetch_source() {
     if [ ! -f "$archive" ]; then
       [ "${apt:=$(own_apt > "$work/apt.log" 2>&1 && echo works || echo fails)}" = works ] || return 1
       rm -rf "$work/fetched" && mkdir "$work/fetched"
-      (cd "$work/fetched" && APT_CONFIG=$work/apt/apt.conf timeout 120 apt-get -qq source --tar-only "$1" && rm -f ./*.asc) \
-        > "$work/apt.log" 2>&1 || return 1
+      (cd "$work/fetched" && APT_CONFIG=$work/apt/apt.conf timeout 120 apt-get -qq source --tar-only "$1" &&
+        rm -f ./*.asc) > "$work/apt.log" 2>&1 || return 1
       mv "$work"/fetched/*.orig.tar.* "$cache" || return 1
       archive=$(echo "$cache/$1"_*.orig.tar.*)
     fi

@@ -2,12 +2,14 @@
 # ./dev package: dpkg installs the package into an empty root, its drivers build programs that run, and dpkg removes it
 # without a trace. The dependencies are not in that root, so they are looked up here.
 . "$PLX_SOURCE/tests/install/common.bash"
-need dpkg-deb dpkg
+need dpkg-deb dpkg dpkg-shlibdeps cpack file
 [ "$(id -u)" -eq 0 ] || { echo "skipped: only root installs packages"; exit 77; }
 
 # What the package is made of comes from the build tree; where it goes, not.
-"$PLX_SOURCE/driver/debian_package.sh" "$PLX_PREFIX" "$work/packages" > log 2>&1 || { wrong "making it"; finish; }
+export SOURCE_DATE_EPOCH=1790000000
+(umask 022; cd "$PLX_PREFIX" && cpack -B "$work/packages" && cpack -B "$work/again") > log 2>&1 || { wrong "making it"; finish; }
 package=$work/packages/plx_3.3.0_amd64.deb
+cmp "$package" "$work"/again/*.deb > log || wrong "the same build makes another package"
 dpkg-deb --info "$package" > log || wrong "dpkg-deb does not read it"
 [ "$(dpkg-deb -f "$package" Package Architecture | tr '\n' ' ')" = "Package: plx Architecture: amd64 " ] || wrong "its name"
 dpkg-deb -c "$package" | awk '$2 != "root/root" || substr($1, 6, 1) == "w" && $1 !~ /^l/' | grep . &&

@@ -92,6 +92,9 @@ void odd_rows() {
   ROW(" ", std::istream::sentry s(in); got = s ? "in" : "out", "in 0 ");
   ROW(" x", std::istream::sentry s(in, true); got = s ? "in" : "out", "in 0  x");
   ROW(" x", in.setstate(in.eofbit); got = in.ipfx() ? "in" : "out", "out ef0  x");
+  // In code that is small enough to have it inline.
+  std::istringstream high("\xff\xfe");
+  CHECK(high.peek() == 0xFF && high.gcount() == 0 && high.get() == 0xFF && high.gcount() == 1 && high.get() == 0xFE);
 }
 
 // istrstream(text, -1): an array without a known end is read no further than is asked for. Behind these texts there is

@@ -175,6 +175,7 @@ static void named() {
   CHECK_THROWS(std::runtime_error, "Invalid locale name\n", locale("LC_CTYPE=C;LC_NUMERIC=xx_DE"));
   CHECK_THROWS(std::runtime_error, "Invalid locale name\n", new std::numpunct<char>("LC_TIME=C;LC_MONETARY=C"));
   CHECK_THROWS(std::runtime_error, "Invalid locale name\n", new std::ctype_byname<char>("xx_XX"));
+  CHECK_THROWS(std::runtime_error, "Invalid locale name\n", new std::ctype_byname<char>("LC_TIME=C;LC_MONETARY=C"));
   CHECK_THROWS(std::runtime_error, "Invalid locale name\n", new std::collate_byname<char>(0));
 }
 
@@ -187,7 +188,9 @@ template <int how> struct making {
   };
   noted *facet;
   locale owner;
-  making() : made(false), facet(how == 3 ? new noted : 0), owner(locale("C"), new noted) {}
+  making() : made(false), facet(how == 3 ? new noted : 0), owner(locale("C"), new noted) {
+    memset(place, 0, sizeof place);
+  }
   ~making() {
     if (made) reinterpret_cast<locale *>(place)->~locale();
   }

@@ -96,7 +96,13 @@ void table() {
   }
 }
 
+struct equal_names : std::numpunct<char> {
+  virtual std::string do_truename() const { return "x"; }
+  virtual std::string do_falsename() const { return "x"; }
+};
+
 void names_and_groups() {
+  CHECK_TEXT(read<bool>(base::boolalpha, "x", std::locale(std::locale::classic(), new equal_names)).c_str(), "1!.1");
   const std::locale french(std::locale::classic(), new punctuation);
   CHECK_TEXT(read<bool>(base::boolalpha, "oui", french).c_str(),
              "1"

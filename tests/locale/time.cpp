@@ -177,7 +177,8 @@ static void punctuation(const char *name) {
   CHECK(punct.get_date_time_format() == "%a %b %d %H:%M:%S %Y" && punct.get_date_format() == "%m/%d/%y");
   CHECK(punct.get_time_format() == "%H:%M:%S" && punct.get_spec_conv_width('d') == 2);
   CHECK(punct.get_spec_conv_width('Y') == 4 && punct.get_spec_conv_width('A') == 0 &&
-        punct.get_spec_conv_width('j') == 3);
+        punct.get_spec_conv_width('j') == 3 && punct.get_spec_conv_width('u') == 1 &&
+        punct.get_spec_conv_width('w') == 1);
   const char *const start = reinterpret_cast<const char *>(&punct);
   CHECK(sizeof punct == 4 * (1 + 1 + 14 + 24 + 2) &&
         reinterpret_cast<const char *>(punct.get_month_name_list()) == start + 64);

@@ -183,10 +183,11 @@ static void empty_patterns() {
                                 text.find_last_not_of("", 3),
                                 text.find_last_not_of(""),
                                 zeros.find('\0'),
+                                text.find('\0'),
                                 zeros.find(string("\0c", 2)),
                                 zeros.find_last_of(string("\0", 1))};
-  static const unsigned int want[] = {npos, npos, npos, npos, npos, npos, npos, npos, 3, 3, 4, 2, 2, 5};
-  for (unsigned int i = 0; i < 14; ++i) CHECK_INT(found[i], want[i]);
+  static const unsigned int want[] = {npos, npos, npos, npos, npos, npos, npos, npos, 3, 3, 4, 2, npos, 2, 5};
+  for (unsigned int i = 0; i < 15; ++i) CHECK_INT(found[i], want[i]);
 }
 
 // 1 MB of one letter and patterns of hundreds of thousands that differ in one place: quadratic work would take minutes.

@@ -75,9 +75,10 @@ cat > kept_in.cpp << 'END'
 struct noisy { int n; ~noisy() { printf("~%d ", n); fflush(stdout); } };
 static void thrower(int n) { noisy local = {n}; throw n; }
 static void kept_in() noexcept { thrower(1); }
+static void (*volatile call)() = kept_in;
 int main() {
   noisy local = {2};
-  try { kept_in(); } catch (int) { puts("wrong"); }
+  try { call(); } catch (int) { puts("wrong"); }
 }
 END
 for compiler in g++ clang++-14; do

@@ -2,7 +2,6 @@
 // library; keys are integers in either order, strings and what only a comparison with a state can order. The rules of
 // the trees are checked after each.
 // prints: 41000 lines
-// test-variants: -O1 | -O2 -std=gnu++20
 #include <map>
 #include <set>
 #include <string>

@@ -1,6 +1,6 @@
 // Which clause takes which exception, and which specification lets it pass: every type of the list is thrown at every
 // clause. A clause says what it sees through the reference or pointer that it got, so that a wrong address shows.
-// prints: 73 lines
+// prints: 74 lines
 // test-variants: -O0 | -O2
 #include <exception>
 #include <stdexcept>
@@ -67,7 +67,7 @@ static int throw_one(int which) {
   THROW(&the<joined>()); THROW(&constant<joined>()); THROW(&changing<joined>()); THROW(&the<hidden>());
   THROW(&the<lowest>()); THROW(&the<twice>()); THROW(&the<both_ways>()); THROW((joined *)0);
   THROW(constant<joined>()); THROW((lowest *)0); THROW(other_way());
-  THROW((int plain::**)0); THROW((int plain::*const *)0); THROW((plain_function *)0);
+  THROW((int plain::**)0); THROW((int plain::*const *)0); THROW((plain_function *)0); THROW((int ***)0);
   return n;
 }
 
@@ -141,7 +141,8 @@ int main() {
     SAME(const base *const *) SAME(plain_function) SAME(int_function) SAME(decaying) SAME(int_maker) SAME(incomplete **)
     SAME(int plain::*) SAME(const int plain::*) SAME(int derived::*) SAME(member)
     SAME(const_member) SAME(box<char> *) SAME(int plain::*const *) SAME(int derived::*const *)
-    SAME(const int plain::*const *) SAME(plain_function const *) SAME(int_function const *)
+    SAME(const int plain::*const *) SAME(plain_function const *) SAME(int_function const *) SAME(const int **const *)
+    SAME(const int *const *const *)
     putchar(' ');
     CLASS(base) CLASS(plain) CLASS(second) CLASS(derived) CLASS(joined) CLASS(hidden)
     putchar(' ');

@@ -93,11 +93,14 @@ static int past_busy(int depth) {
   if (depth == 0) throw_int(1);
   return past_busy(depth - 1) + 1;
 }
+static void (*volatile try_past)(int);
+static void try_past_now(int depth) {
+  levels = 0;
+  try { past_busy(depth); } catch (int n) { say("%d,%d", n, levels); }
+}
 BODY(deep) {
-  for (int depth = 28; depth < 70; depth += 1 + depth / 36 * 4) {
-    levels = 0;
-    try { past_busy(depth); } catch (int n) { say("%d,%d", n, levels); }
-  }
+  try_past = try_past_now;
+  for (int depth = 28; depth < 70; depth += 1 + depth / 36 * 4) { noisy outer(depth); try_past(depth); }
   levels = 0;
   try { pass_on(2000); } catch (int n) { say("%d,%d", n, levels); }
   levels = 0;

@@ -148,6 +148,8 @@ static void own_classes_catch(thrower throws, int what) {
   } catch (secret &) { say("secret");
   } catch (joined &j) { say("joined%d", j.one + j.two * 10 + j.three * 100);
   } catch (const joined *const &p) { say("joined*%d", p ? p->three : 0);
+  } catch (const char *const &p) { say("text=%s", p);
+  } catch (int **const &p) { say("int**%d", **p);
   } catch (long long n) { say("%lld", n);
   } catch (...) { say("any");
   }
@@ -163,7 +165,7 @@ static const struct {
 } crossings[] = {
     {c_throws, first_catches, "nothing|int101|double2.5|text=from C|second2 ~1/2|any|second62|shared70 ~7/2|second*22|const void*|"
                               "second*0|bad_alloc|exception=Bad Cast Exception|any|int**44"},
-    {c_throws, own_classes_catch, "|any|any|any|joined321 ~1/2|secret|twice63|any ~7/2|joined*33|joined*33|joined*0|any|any|78187493530|any"},
+    {c_throws, own_classes_catch, "|any|any|text=from C|joined321 ~1/2|secret|twice63|any ~7/2|joined*33|joined*33|joined*0|any|any|78187493530|int**44"},
     {c_throws, c_catches, "nothing|1:101|any|text=from C|3:2 ~1/2|any|3:62|11:70 ~7/2|second*22|any|second*0|bad_alloc|"
                           "exception8=Bad Cast Exception|any|int**44"},
     {cpp_throws, c_catches, "nothing|1:5|text=text|3:9|3:9|4:8|second*9|second*9|any|exception6=bad|*|bad_alloc|exception8=run|"

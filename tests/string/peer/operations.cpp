@@ -193,7 +193,8 @@ static void step(int number) {
       case 22: result = 9 + sign(s.compare(other)) + 3 * sign(s.compare(w)) + 9 * sign(s.compare(pos, few, w)); break;
       case 23: result = 9 + sign(s.compare(pos, few, other, few, pos)) + 3 * sign(s.compare(pos, few, w, 1)); break;
       case 24:
-        result = relations(s, other) + 64 * relations(s, w) + 4096 * relations(w, s) + sign(s.compare(pos, few, what));
+        result = relations(s, other) + relations(what, w) * 3 + relations(w, what) * 5 + 64 * relations(s, w) +
+                 4096 * relations(w, s) + sign(s.compare(pos, few, what));
         break;
       case 25: s.at(pos) = 'e', s.assign(s.rbegin(), s.rend()); break;
       case 26: result = hash_of(s + other + 'x' + w) + hash_of("<" + s) + hash_of('<' + s); break;
