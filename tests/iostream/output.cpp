@@ -282,5 +282,8 @@ int main() {
   buffers();
   alphabet();
   manipulators();
+  // Room that a stream gives its buffer beforehand is no text: there is no position in it.
+  std::stringstream fresh;
+  CHECK(fresh.tellp() == std::streampos(-1) && fresh.tellg() == std::streampos(-1) && fresh.good());
   return TEST_RESULT();
 }

@@ -38,7 +38,7 @@ static void table() {
                row[10].c_str());
     CHECK_INT(stream.width(), 0);
   }
-  CHECK_INT(count, 53);
+  CHECK_INT(count, 56);
   const money_rules endless = {"v$-0", "", "", "", "\1\0", 126};
   money_stream stream(with(endless));
   CHECK_INT(money_text(stream, false, string("1")).size(), 128);
