@@ -6,13 +6,18 @@ namespace __zor {
 
 using byte = unsigned char;
 
+// Between addresses that need not belong to one object: compilers take differences of pointers for signed.
+inline unsigned distance_between(const void *from, const void *to) {
+  return reinterpret_cast<unsigned>(to) - reinterpret_cast<unsigned>(from);
+}
+
 // Bytes that may be read.
 struct a_range {
   const byte *start, *end;
 
   bool holds(const void *address, unsigned bytes) const {
     const byte *at = static_cast<const byte *>(address);
-    return at >= start && at <= end && static_cast<unsigned>(end - at) >= bytes;
+    return at >= start && at <= end && distance_between(at, end) >= bytes;
   }
 };
 

@@ -65,7 +65,7 @@ int an_exception_table::next_action(const byte *&at) const {
 
 bool an_exception_table::read_type(unsigned index, unsigned &type) const {
   const unsigned size = size_of_type(type_encoding_);
-  if (!types_ || index > static_cast<unsigned>(types_ - range_.start) / size) return false;
+  if (!types_ || index > distance_between(range_.start, types_) / size) return false;
   a_byte_reader reader(range_, types_ - index * size);
   type = reader.pointer(type_encoding_, function_);
   return !reader.failed();

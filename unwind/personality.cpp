@@ -57,6 +57,9 @@ PLX_API int __gxx_personality_v0(int, int actions, unsigned long long, void *exc
   return install_context;
 }
 
+PLX_API __attribute__((__alias__("__gxx_personality_v0"))) int __gcc_personality_v0(int, int, unsigned long long,
+                                                                                    void *, void *);
+
 [[noreturn]] PLX_REGPARM PLX_HIDDEN __attribute__((__used__)) void __zor_resume_foreign(void *exception) {
   void (*resume)(void *) = foreign_resume();
   if (resume) resume(exception);

@@ -3,7 +3,10 @@
 #include "../libC/if_linked.h"
 #include "plan.h"
 
-extern "C" int __gxx_personality_v0(int, int, unsigned long long, void *, void *);
+extern "C" {
+int __gxx_personality_v0(int, int, unsigned long long, void *, void *);
+int __gcc_personality_v0(int, int, unsigned long long, void *, void *);
+}
 
 namespace __zor {
 namespace {
@@ -79,6 +82,13 @@ a_plan::a_handling take_clauses(const an_exception_table &table, a_plan &plan) {
   return a_plan::one_or_two;
 }
 
+// C's personality is that of functions with clean-ups only: g++ names it for those of C++ too when it optimises at link
+// time. The one that another library defines is that library's, as are the clean-ups that go on with its unwinder.
+bool is_ours(unsigned personality) {
+  return personality == reinterpret_cast<unsigned>(__gxx_personality_v0) ||
+         personality == reinterpret_cast<unsigned>(__gcc_personality_v0);
+}
+
 // Returns false for a damaged table.
 bool take_handling(const an_object &object, const a_frame_entry &entry, unsigned address, a_plan &plan) {
   plan.function = entry.start;
@@ -123,8 +133,7 @@ bool make_plan(unsigned address, bool interrupted, a_plan &plan, a_frame_rules &
   }
   take_rules(entry, rules, plan);
   // Other languages' and libraries' tables are theirs to read.
-  const bool is_ours = entry.personality == reinterpret_cast<unsigned>(__gxx_personality_v0);
-  if (entry.exception_table && is_ours && plan.shape != a_plan::outermost &&
+  if (entry.exception_table && is_ours(entry.personality) && plan.shape != a_plan::outermost &&
       !take_handling(object, entry, instruction, plan)) {
     plan.shape = a_plan::damaged;
     return false;

@@ -114,7 +114,7 @@ def _entry(at, address):
         return 0, None
     # Other languages have tables of other kinds.
     name = symbol_at(personality)[0] if personality else ""
-    if not augmentation.startswith("z") or name not in ("__gxx_personality_v0", ""):
+    if not augmentation.startswith("z") or name not in ("__gxx_personality_v0", "__gcc_personality_v0", ""):
         return function, 0
     reader.uleb()
     return function, reader.pointer(table, 0, function)
