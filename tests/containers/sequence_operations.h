@@ -104,7 +104,7 @@ template <class S> unsigned int hash_of(const S &s) {
   typedef made_of<typename S::value_type> made;
   if (!valid(s)) return CHECK(!"the structure is whole"), 1;
   unsigned int hash =
-      s.empty() ? 5381 : static_cast<unsigned int>(made::number(s.front()) * 7 + made::number(s.back()));
+      s.empty() ? 5381 : static_cast<unsigned int>(made::number(s.front()) * 7u + made::number(s.back()));
   for (typename S::const_iterator at = s.begin(); at != s.end(); ++at)
     hash = hash * 33 + static_cast<unsigned int>(made::number(*at));
   for (typename S::const_reverse_iterator at = s.rbegin(); at != s.rend(); ++at)

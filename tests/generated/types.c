@@ -175,7 +175,7 @@ static void access_modes(void) {
     char *string = (char *)modes[i].string;
     void *result = 0;
     CHECK_INT(__derived_to_base_conversion(object, &result, modes[i].from, modes[i].to, &string, modes[i].mode), modes[i].at != -1);
-    CHECK(result == (modes[i].at == -1 ? 0 : object + modes[i].at) && string == modes[i].string + modes[i].read);
+    CHECK(result == (modes[i].at == -1 ? 0 : object + modes[i].at) && string - modes[i].string == modes[i].read);
   }
 }
 

@@ -26,7 +26,7 @@ static int number_of(const std::string &key) {
   return static_cast<int>(key.size()) * 256 + static_cast<unsigned char>(key.empty() ? 0 : key[key.size() - 1]);
 }
 template <class K> static int number_of(const std::pair<const K, int> &element) {
-  return number_of(element.first) * 31 + element.second;
+  return static_cast<int>(number_of(element.first) * 31u + element.second);
 }
 
 template <class K> static K key_of(unsigned int n) { return static_cast<int>(n * 2654435761u) / 8; }
@@ -113,7 +113,7 @@ static void run(const char *name, int steps, typename C::key_compare less, typen
         break;
       case 11: result = indexed(c, key); break;
       case 12:
-        result = (place == c.end() ? 0 : number_of(*place)) + (c.begin() == back ? 0 : number_of(*--back));
+        result = static_cast<int>((place == c.end() ? 0u : number_of(*place)) + (c.begin() == back ? 0 : number_of(*--back)));
         break;
       case 13:
       case 14:

@@ -139,7 +139,7 @@ int main() {
   nested_sizes<40>();
   try { __cxa_throw_bad_array_new_length(); } catch (std::bad_alloc &) {}
   volatile unsigned many = 0x10000;
-  try { delete[] new sized<(1 << 20)>[many]; printf("got it"); } catch (std::bad_alloc &) {}
+  try { sized<(1 << 20)> *volatile taken = new sized<(1 << 20)>[many]; delete[] taken; printf("got it"); } catch (std::bad_alloc &) {}
   printf(" %d %d\n", typeid(int) == typeid(const int), thread_object.n);
   return noexcept(never(1)) + noexcept(may(1)) + noexcept(quiet_destructor()) - 2;
 }

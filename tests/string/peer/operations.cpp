@@ -201,10 +201,18 @@ static void step(int number) {
       case 27: s.append(s.begin() + in, s.begin() + to), s.assign(s.begin() + in, s.begin() + to); break;
       case 28: s.insert(s.begin() + in, given.rbegin(), given.rend()), s.insert(s.begin() + in, 3, 'j'); break;
       case 29: s.insert(s.begin() + in, digits(int(a)), digits(8)); break;
-      case 30:
-        result = (s.insert(s.begin() + in, 'i') - s.begin()) * 7 + (s.erase(s.begin() + in / 2) - s.begin());
+      case 30: {
+        const string::iterator put = s.insert(s.begin() + in, 'i');
+        result = (put - s.begin()) * 7;
+        const string::iterator left = s.erase(s.begin() + in / 2);
+        result += left - s.begin();
         break;
-      case 31: result = s.erase(s.begin() + in, s.begin() + to) - s.begin(); break;
+      }
+      case 31: {
+        const string::iterator left = s.erase(s.begin() + in, s.begin() + to);
+        result = left - s.begin();
+        break;
+      }
       case 32: s.replace(s.begin() + in, s.begin() + to, what).replace(s.begin(), s.begin() + in, few, 'r'); break;
       case 33: s.replace(s.begin() + in, s.begin() + to, w).replace(s.begin(), s.begin() + in, w, 1); break;
       case 34: s.replace(s.begin() + in, s.begin() + to, b ? s.rbegin() : s.rend(), s.rend()); break;
