@@ -50,7 +50,7 @@ file(GLOB PLX_SELDOM_RUN RELATIVE ${CMAKE_SOURCE_DIR}
   locale/numpunct.cpp locale/ctype.cpp libC/array.cpp
   iostream/extract_long_long.cpp libC/needed_destruction.cpp libC/uncaught_report.cpp containers/*_instances.cpp cxxabi/readable_name.cpp
   unwind/frame_*.cpp unwind/expression.cpp iostream/basic_ios.cpp iostream/failure.cpp iostream/stringbuf_operations.cpp
-  iostream/istream.cpp iostream/ostream.cpp locale/num_get.cpp locale/timepunct.cpp cxxabi/abi_type_info.cpp)
+  iostream/istream.cpp iostream/ostream.cpp locale/timepunct.cpp cxxabi/abi_type_info.cpp)
 set_property(SOURCE ${PLX_SELDOM_RUN} APPEND PROPERTY COMPILE_OPTIONS -fno-omit-frame-pointer)
 set(PLX_WARNINGS -Wall -Wextra -Werror -Wundef -Wvla -Wpointer-arith -Wnon-virtual-dtor)
 

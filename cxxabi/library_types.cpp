@@ -53,6 +53,7 @@ const char *library_identity(const __cxxabiv1::abi_type_info *type) {
   if (name[0] != 0 && name[1] == 0) return fundamental_identity(name[0]);
   const char *scope = name[0] == 'N' ? name + 1 : name;  // nested names
   if (scope[0] != 'S' || scope[1] != 't' || !name[2] || !name[3]) return nullptr;
+  // Two characters tell most names apart without a call.
   for (size_t i = 0; i < sizeof identities / sizeof *identities; ++i)
     if (name[3] == encoded_names[i][3] && name[4] == encoded_names[i][4] && strcmp(name, encoded_names[i]) == 0)
       return identities[i];

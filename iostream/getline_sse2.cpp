@@ -16,17 +16,6 @@ namespace {
 PLX_SSE2 inline __m128i load(const char *at) { return _mm_loadu_si128(reinterpret_cast<const __m128i *>(at)); }
 PLX_SSE2 inline void store(char *at, __m128i block) { _mm_storeu_si128(reinterpret_cast<__m128i *>(at), block); }
 
-// Fewer than 16.
-inline void copy_few(char *to, const char *from, unsigned int n) {
-  if (n < 8) return copy_characters(to, from, n);
-  const four_bytes *const first = words(from), *const last = words(from + n - 8);
-  const four_bytes a = first[0], b = first[1], c = last[0], d = last[1];
-  words(to)[0] = a;
-  words(to)[1] = b;
-  words(to + n - 8)[0] = c;
-  words(to + n - 8)[1] = d;
-}
-
 // Copies characters up to the first `delim` among n, and returns where that is; null when there is none, and then up to
 // n characters may have been copied. The texts do not overlap. With `whole_steps`, up to 16 of the n characters more
 // are copied.
@@ -44,7 +33,7 @@ PLX_SSE2 PLX_ALWAYS_INLINE const char *copy_line(char *to, const char *from, uns
       if (end >= 16)
         store(to + end - 16, load(from + end - 16));
       else
-        copy_few(to, from, end);
+        move_characters(to, from, end);
       return from + end;
     }
     if (!whole_steps) store(to + i, block);

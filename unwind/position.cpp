@@ -13,14 +13,18 @@ void *__asan_addr_is_in_fake_stack(void *fake_stack, void *address, void **start
 namespace __zor {
 namespace {
 
-// An address in the frame of what lies at `address`, or 0. The sanitizer tells where its own function's frame was,
-// which the instrumented function called first of all: right below, where the frames of other calls are now.
+// The sanitizer tells where the frame of its own function was, which an instrumented function calls first of all: right
+// below, where the frames of other calls are now. Those begin less than this higher, whatever arguments were pushed for
+// them, and no instrumented frame is as small.
+const unsigned above_callees = 64;
+
+// An address in the frame of what lies at `address` on the fake stack, or 0.
 unsigned real_frame_of(void *address) {
   if (!__asan_get_current_fake_stack || !__asan_addr_is_in_fake_stack) return 0;
   void *fake_stack = __asan_get_current_fake_stack();
   if (!fake_stack) return 0;
   const void *below = __asan_addr_is_in_fake_stack(fake_stack, address, nullptr, nullptr);
-  return below ? reinterpret_cast<unsigned>(below) + 64 : 0;
+  return below ? reinterpret_cast<unsigned>(below) + above_callees : 0;
 }
 
 // A throw stands where it was thrown until it lands, and then, while the clean-up runs, at the end of the frame:
