@@ -1,7 +1,5 @@
 /* Records of generated C, two of them registered while the program starts, as constructors of static objects are: an
  * initialiser for the streams, and an object that prints by the exported inserters. */
-#include "life.h"
-
 #include <plx/runtime.h>
 
 typedef struct an_ostream an_ostream;

@@ -2,7 +2,7 @@
  * C++ alone, 3 for both.
  *
  *   program FIRST COUNT                         scenes at random
- *   program SCENE UNEXPECTED TERMINATE CHOICE   this one, and those that the handlers run */
+ *   program SCENE UNEXPECTED TERMINATE CHOICE   this one with many choices until a trace differs, and what handlers run */
 #include "scenes.h"
 
 #include <stdarg.h>
@@ -260,11 +260,16 @@ int main(int count, char **words) {
   _ZSt14set_unexpectedPFvvE(not_expected);
   _ZSt13set_terminatePFvvE(terminated);
   if (count == 5) {
+    static char first[sizeof text];
+    int i;
     specifications = "im";
     replacement = words[2];
     last_words = words[3];
-    choice = strtoul(words[4], 0, 10) * 2654435761u;
-    play(words[1]);
+    for (i = 0; i < 50 && strcmp(first, text) == 0; ++i) {
+      choice = (strtoul(words[4], 0, 10) * 50 + i) * 2654435761u;
+      play(words[1]);
+      if (i == 0) strcpy(first, text);
+    }
     show();
   } else {
     unsigned number = strtoul(words[1], 0, 10);
