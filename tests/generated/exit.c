@@ -40,10 +40,8 @@ static void throw_it(void *object, int flags) {
 }
 RECORD(throwing, throw_it);
 static void catch_it(void *object, int flags) {
-  TRY(catch_int)
-    throw_int(1);
-  HANDLERS
-    destroy(object, flags);
+  TRY(catch_int) throw_int(1);
+  HANDLERS destroy(object, flags);
   END_TRY
 }
 RECORD(catching, catch_it);
@@ -66,8 +64,7 @@ static void perform_inside(const char *actions) {
       REGION(0);
       perform(actions);
     END_FUNCTION
-  HANDLERS
-    perform(strchr(actions, '!') + 1);
+  HANDLERS perform(strchr(actions, '!') + 1);
   END_TRY
 }
 static void perform(const char *actions) {

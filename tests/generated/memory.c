@@ -18,8 +18,7 @@ static int holds(const char *object, int size, int pattern) {
 /* `depth` exceptions alive at once, each in the handler of the one before. */
 static int live_at_depth;
 static NOINLINE void nested(int depth, int size) {
-  TRY(catch_big)
-    throw_big(size, depth);
+  TRY(catch_big) throw_big(size, depth);
   HANDLERS
     if (depth > 1) nested(depth - 1, size);
     else live_at_depth = heap_live;
@@ -61,8 +60,7 @@ static NOINLINE int outcome(void *(*form)(unsigned), unsigned bytes) {
     void *const block = form(bytes);
     result = block ? 5 : 4;
     _ZdlPv(block);
-  HANDLERS
-    result = clause;
+  HANDLERS result = clause;
   END_TRY
   return result;
 }

@@ -71,8 +71,7 @@ static NOINLINE int thrown_at(const an_exception_type_specification *clauses, co
       result = clause;
       moved = (int)((flags & PLX_TYPE_POINTER ? *(char **)caught : (char *)caught) - base);
     END_TRY
-  HANDLERS
-  END_TRY
+  HANDLERS END_TRY
   return result;
 }
 static int takes(const a_type_info_impl *type, int flags, const a_type_info_impl *thrown, int thrown_flags, int at) {
@@ -160,10 +159,8 @@ static void cast(int i) {
     CHECK(__dynamic_cast(object + offset, table, rows[i].to) == want);
     CHECK(__dynamic_cast(object + offset, table, 0) == object);
     CHECK(__get_typeid(table) == rows[i].from);
-    TRY(catch_all)
-      got = (char *)__dynamic_cast_ref(object + offset, table, rows[i].to);
-    HANDLERS
-      CHECK(try_entry.body.try_block.handled_exception->type->identity == &__TID_St8bad_cast);
+    TRY(catch_all) got = (char *)__dynamic_cast_ref(object + offset, table, rows[i].to);
+    HANDLERS CHECK(try_entry.body.try_block.handled_exception->type->identity == &__TID_St8bad_cast);
     END_TRY
     CHECK(got == want);
   }

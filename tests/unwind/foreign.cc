@@ -10,21 +10,18 @@
 #include <string>
 
 typedef void (*callback)(int);
+#define FUNCTIONS(FUNCTION)                              \
+  FUNCTION(int, foreign_inside, (int, callback))         \
+  FUNCTION(void, foreign_passes, (callback, int))        \
+  FUNCTION(void, foreign_throws, (int))                  \
+  FUNCTION(void, foreign_catches, (callback, int))
 #ifdef LINKED
-extern "C" {
-int foreign_inside(int, callback);
-void foreign_passes(callback, int);
-void foreign_throws(int);
-void foreign_catches(callback, int);
-}
-#define LOOK_UP(name)
+#define DECLARE(result, name, parameters) extern "C" result name parameters;
 #else
-static int (*foreign_inside)(int, callback);
-static void (*foreign_passes)(callback, int);
-static void (*foreign_throws)(int);
-static void (*foreign_catches)(callback, int);
-#define LOOK_UP(name) *(void **)&name = dlsym(handle, #name)
+#define DECLARE(result, name, parameters) static result (*name) parameters;
+#define LOOK_UP(result, name, parameters) *(void **)&name = dlsym(handle, #name);
 #endif
+FUNCTIONS(DECLARE)
 
 static int news;
 void *operator new(std::size_t n) {
@@ -43,11 +40,7 @@ static void throws(int n) {
   throw n;
 }
 static void handles(int n) {
-  try {
-    throws(n);
-  } catch (int k) {
-    std::printf("inner %d ", k);
-  }
+  try { throws(n); } catch (int k) { std::printf("inner %d ", k); }
 }
 static void calls_foreign(int n) {
   noisy local = {n};
@@ -71,22 +64,15 @@ int main(int, char **argv) {
 #ifndef LINKED
   void *const handle = dlopen(argv[2], RTLD_NOW | RTLD_LOCAL);
   if (!handle) std::printf("%s\n", dlerror()), std::exit(1);
+  FUNCTIONS(LOOK_UP)
 #endif
-  LOOK_UP(foreign_inside);
-  LOOK_UP(foreign_passes);
-  LOOK_UP(foreign_throws);
-  LOOK_UP(foreign_catches);
   delete new int;
   // Both have exceptions at work.
   try {
     throw std::string("mine");
   } catch (std::string &) {
     std::printf("%d ", foreign_inside(3, handles));
-    try {
-      throw;
-    } catch (std::string &s) {
-      std::printf("%s\n", s.c_str());
-    }
+    try { throw; } catch (std::string &s) { std::printf("%s\n", s.c_str()); }
   }
   for (int n = 1; n < 3; ++n) {
     try {

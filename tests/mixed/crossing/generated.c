@@ -98,15 +98,14 @@ void c_catches(thrower throws, int what) {
     }
   END_TRY
 }
-static const an_exception_type_specification pointers[] = {
-    {&first_type, POINTER}, {&second_type, POINTER | CONST}, {&__TI_v, POINTER | CONST | LAST}};
-void c_catches_pointers(thrower throws, int what) {
-  TRY(pointers)
-    throws(what);
-  HANDLERS
-    say("%d*%d", clause, clause == 3 || !*(int **)caught ? 0 : **(int **)caught);
-  END_TRY
+static void destroy_record(void *object, int flags) { printf(flags == 2 ? "%s " : "flags ", (char *)object); }
+static void at_exit(void) { printf("c-function "); }
+void c_registers(void) {
+  static a_needed_destruction record = {0, (void *)"c-record", destroy_record};
+  __record_needed_destruction(&record);
+  __zor_std_atexit(at_exit);
 }
+
 /* struct base { virtual ...; int n; };  struct other { virtual ...; };  struct whole : base, private other {}; */
 TYPE(base, 0, 0);
 TYPE(other, 0, 0);
@@ -123,8 +122,7 @@ typedef struct polymorphic {
 static polymorphic a_base = {base_table, 1}, a_whole[2] = {{whole_table, 2}, {other_table, 3}};
 static void *cast(polymorphic *object, const a_type_info_impl *target) { return __dynamic_cast(object, object->table, target); }
 int c_casts(void) { /* how many do what they must */
-  return (cast(&a_whole[0], &whole_type) == a_whole) + (cast(&a_whole[1], &whole_type) == a_whole) +
-         (cast(&a_whole[1], &base_type) == a_whole) + (cast(&a_whole[0], &other_type) == 0) + (cast(&a_whole[1], 0) == a_whole) +
-         (cast(&a_base, &whole_type) == 0) + (cast(&a_base, &base_type) == &a_base) + (cast(&a_base, &c_view_of_cpp_type) == 0);
+  return (cast(&a_whole[1], &base_type) == a_whole) + (cast(&a_whole[0], &other_type) == 0) +
+         (cast(&a_base, &whole_type) == 0) + (cast(&a_base, &c_view_of_cpp_type) == 0);
 }
 void c_failing_cast(int what) { what ? (void)__dynamic_cast_ref(&a_base, a_base.table, &whole_type) : (void)__get_typeid(0); }

@@ -239,8 +239,7 @@ static NOINLINE void library_node(const char *node) {
   } else {
     TRY(all)
       run(block(node, 0));
-    HANDLERS
-    END_TRY
+    HANDLERS END_TRY
   }
   say("L");
 }

@@ -38,7 +38,10 @@ rare:
   .cfi_escape 0x13, 0x7a          # def_cfa_offset_sf
   .skip 70000
   .cfi_def_cfa_register ebp
-  .cfi_escape 0x2e, 0x90, 1       # GNU_args_size
+  .cfi_remember_state
+  .cfi_escape 0x2e, 0x90, 1       # GNU_args_size, 144: no part of the state
+  nop
+  .cfi_restore_state
   nop
   .cfi_escape 0x0f, 2, 0x75, 8    # def_cfa_expression
   nop
