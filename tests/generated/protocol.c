@@ -1,5 +1,5 @@
-/* What only generated C can do or see: reference counts, markers, broken stacks and what is said of them, how a program ends.
- * Each case is a process of its own. What exceptions do, random/scenes has.
+/* What only generated C can do or see: records of throws, markers, broken stacks and what is said of them, how a program
+ * ends. Each case is a process of its own. What exceptions do, random/scenes has.
  * test-variants: -O0 | -O2 | -O1 -static */
 #include "classes.h"
 
@@ -46,6 +46,10 @@ static void far_from_the_function(void) {
 
 /* ---- references */
 
+static void tell(const a_throw_stack_entry *thrown) {
+  trace("%d%d%d%d%d%d:%d", thrown->is_rethrow, thrown->released, thrown->destroyed, thrown->handled, thrown->started,
+        thrown->thrown, thrown->reference_count);
+}
 static void references(void) {
   a_throw_stack_entry *volatile source = 0;
   TRY(catch_all)
@@ -53,20 +57,23 @@ static void references(void) {
       TRY(catch_fault) throw_fault(1);
       PARAMETER
         source = try_entry.body.try_block.handled_exception;
-        trace("%u", source->reference_count);
+        CHECK(source->catch_context == &try_entry);
+        tell(source);
         __internal_rethrow(); /* takes the marker off itself */
       END_TRY
     HANDLERS
       const a_throw_stack_entry *const again = try_entry.body.try_block.handled_exception;
-      CHECK(again->source == source && again->next == source && again->is_rethrow && again->object == source->object);
-      trace("%u %d%d", source->reference_count, source->released, source->destroyed);
+      CHECK(again->source == source && again->next == source && again->object == source->object);
+      CHECK(again->catch_context == &try_entry);
+      tell(source);
+      tell(again);
       TRY(catch_fault) __rethrow();
-      HANDLERS trace("%u", source->reference_count);
+      HANDLERS tell(source);
       END_TRY
-      trace("%u", source->reference_count);
+      tell(source);
       __rethrow();
     END_TRY
-  HANDLERS trace("%u %d", source->reference_count, source->destroyed);
+  HANDLERS tell(source);
   END_TRY
 }
 static void pointer_with_destructor(void) {
@@ -288,7 +295,7 @@ static const struct {
   const char *text;
 } cases[] = {
     {far_from_the_function, 0, 3, "[~2 handler ~1] uncaught=1"},
-    {references, 0, 0, "1 1 10 2 1 1 0 ~e1"},
+    {references, 0, 0, "000111:1 010111:1 100111:0 010111:2 010111:1 010111:1 ~e1"},
     {pointer_with_destructor, 0, 0, "1"}, {started_early, 0, 0, "inner 1 0 ~e1"}, {left_after_start, 0, 3, "[] uncaught=1"},
     {not_moved, 0, 0, "1"}, {ends, 0, 3, "[] uncaught=0"}, {ends, 1, -SIGABRT, ""}, {ends, 2, 3, "[] uncaught=1"},
     {ends, 3, 3, "returned [] uncaught=0"}, {ends, 4, 3, "[] uncaught=0"}, {ends, 5, 3, "[] uncaught=0"},
