@@ -138,6 +138,9 @@ static void constructed(void) {
       CHECK_INT(block.cookie.total, forms[form].cookie ? COUNT * SIZE : 0);
       CHECK_INT(block.cookie.inverted_count, forms[form].cookie ? ~(unsigned)COUNT : 0);
     }
+  first = 0;
+  CHECK(__vec_new(in_place, 1, SIZE, element_construct) == in_place);
+  CHECK_TRACE("+0");
   refuse = 1; /* what no allocation function gives is no array; 0x20000001 times 8 does not fit into 32 bits */
   CHECK(__vec_new(0, COUNT, SIZE, element_construct) == 0 && __vec_new(0, 0x20000001u, 8, 0) == 0);
   CHECK(__array_new(COUNT, SIZE, 0, 0, MINE, 0, 0) == 0 && __zor_fast_vec_new(0, COUNT, SIZE, (a_routine)whole) == 0);
