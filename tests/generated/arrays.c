@@ -141,10 +141,12 @@ static void constructed(void) {
   first = 0;
   CHECK(__vec_new(in_place, 1, SIZE, element_construct) == in_place);
   CHECK_TRACE("+0");
-  refuse = 1; /* what no allocation function gives is no array; 0x20000001 times 8 does not fit into 32 bits */
-  CHECK(__vec_new(0, COUNT, SIZE, element_construct) == 0 && __vec_new(0, 0x20000001u, 8, 0) == 0);
+  refuse = 1; /* what no allocation function gives is no array */
+  CHECK(__vec_new(0, COUNT, SIZE, element_construct) == 0);
+  /* neither fits into 32 bits, the second because of its cookie */
+  CHECK(__vec_new(0, 0x20000001u, 8, 0) == 0 && __vec_new(0, 0x3FFFFFFFu, 4, 0) == 0);
   CHECK(__array_new(COUNT, SIZE, 0, 0, MINE, 0, 0) == 0 && __zor_fast_vec_new(0, COUNT, SIZE, (a_routine)whole) == 0);
-  CHECK_TRACE("new[](56) new[](4294967295) mine(56) new[](56)");
+  CHECK_TRACE("new[](56) new[](4294967295) new[](4294967295) mine(56) new[](56)");
   refuse = 0;
   run(FAILING_ALLOCATION, 0);
   CHECK_TRACE("caught-56 ");
