@@ -11,7 +11,7 @@ struct block {
 unsigned long one_at_a_time(unsigned long iterations) {
   unsigned long sum = 0;
   for (unsigned long i = 0; i < iterations; ++i) {
-    block* one = new block;
+    block *one = new block;
     one->words[0] = i;
     BENCH_TOUCH(one);
     sum += one->words[0];
@@ -21,7 +21,7 @@ unsigned long one_at_a_time(unsigned long iterations) {
 }
 
 unsigned long many(unsigned long iterations) {
-  static block* blocks[1000];
+  static block *blocks[1000];
   unsigned long sum = 0;
   for (unsigned long i = 0; i < iterations; ++i) {
     for (int k = 0; k < 1000; ++k) {

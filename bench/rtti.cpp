@@ -22,19 +22,15 @@ struct ellipse : shape {
   explicit ellipse(int v) : shape(v) {}
 };
 
-template <class target>
-BENCH_NOINLINE target* cast(shape* object) {
-  return dynamic_cast<target*>(object);
-}
+template <class target> BENCH_NOINLINE target *cast(shape *object) { return dynamic_cast<target *>(object); }
 
-template <class target>
-unsigned long cast_loop(unsigned long iterations) {
+template <class target> unsigned long cast_loop(unsigned long iterations) {
   square object(7);
   unsigned long sum = 0;
   for (unsigned long i = 0; i < iterations; ++i) {
-    shape* pointer = &object;
+    shape *pointer = &object;
     BENCH_OPAQUE(pointer);
-    target* found = cast<target>(pointer);
+    target *found = cast<target>(pointer);
     sum += found != 0 ? found->value : 1;
   }
   return sum;

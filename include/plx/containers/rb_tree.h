@@ -121,8 +121,7 @@ public:
 
   // Apart from the search, which then needs no cleanup.
 #if __cplusplus >= 201103L
-  template <class _Kt>
-  PLX_NOINLINE _typed_node *_add_default(_Kt &&_wanted, const _order &_key, const _place &_to) {
+  template <class _Kt> PLX_NOINLINE _typed_node *_add_default(_Kt &&_wanted, const _order &_key, const _place &_to) {
     _typed_node *const _n = _make_node(_second_by_default(), static_cast<_Kt &&>(_wanted));
     _put(_n, _key, _to);
     return _n;
