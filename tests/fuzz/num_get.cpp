@@ -126,7 +126,7 @@ const char *const fuzz_words[] = {
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
   if (size < 3) return 0;
   static const int bases[] = {base::dec, 0, base::oct, base::hex, base::basefield, base::hex | base::oct};
-  const int kind = data[0] >> 3;
+  const int kind = data[2] & 64 ? 0 : data[0] >> 3;
   const size_t step = 1 + (data[1] >> 4);
   std::ios stream(0);
   stream.flags(base::fmtflags(bases[data[2] & 128 ? 4 + (data[2] & 1) : data[0] & 3]));

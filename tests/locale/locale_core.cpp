@@ -46,21 +46,16 @@ static std::string shared(const locale &a, const locale &b) {
   return letters;
 }
 
-// Numbers from 1 on, in the order in which classes are first asked for: the classic locale's facets come first.
+// Numbers from 1 on, in the order in which classes are first asked for: the classic locale's facets come first. A table
+// grows for a facet whose number it has no slot for.
 static void identities() {
-  const locale loc;
-  locale::id *const ids[] = {&std::numpunct<char>::id, &std::num_get<char>::id, &std::num_put<char>::id,
-                             &std::ctype<char>::id,    &conversion::id,         &std::collate<char>::id};
-  for (unsigned int i = 0; i < 6; ++i) CHECK_INT(ids[i]->init(), i + 1);
-  CHECK(std::time_put<char>::id.init() == 7 && std::money_get<char>::id.init() == 12);
-  // A table grows for a facet whose number it has no slot for.
-  const locale more(locale(loc, new other_noted), new noted), copy(more);
-  CHECK(noted::id.init() == other_noted::id.init() + 1 && noted::id.init() == 14 && std::has_facet<other_noted>(copy));
+  const locale loc, more(locale(loc, new other_noted), new noted), copy(more);
+  CHECK(std::numpunct<char>::id.init() == 1 && conversion::id.init() == 5 && std::money_get<char>::id.init() == 12);
+  CHECK(other_noted::id.init() == 13 && noted::id.init() == 14 && std::has_facet<other_noted>(copy));
 }
 
 struct my_ctype : std::ctype<char> {};
 struct my_codecvt : conversion {};
-struct my_numpunct : std::numpunct<char> {};
 struct my_num_put : std::num_put<char> {};
 struct my_collate : std::collate<char> {
   virtual int do_compare(const char *, const char *, const char *, const char *) const { return -1; }
@@ -72,9 +67,8 @@ static void combining() {
                      writes = locale::imp::_quick_num_put, reads = locale::imp::_quick_num_get;
   // Which facets streams may take for the library's own, unchanged.
   CHECK(quick(classic) == (classes | plain | writes | reads) && quick(locale(classic, new my_ctype)) == plain);
-  CHECK(quick(locale(classic, new my_numpunct)) == (classes | plain));
   CHECK(quick(locale(classic, new my_num_put)) == (classes | plain | reads));
-  CHECK(quick(locale(locale(classic, new my_numpunct), classic, locale::numeric)) == 15);
+  CHECK(quick(locale(locale(classic, new my_num_put), classic, locale::numeric)) == 15);
   // Dates stay, whatever is asked for; money goes as a whole; the conversion of files is in no category.
   static const struct {
     int categories;
@@ -95,9 +89,6 @@ static void combining() {
   CHECK((quick(some) & (classes | plain)) == plain && some.name() == "C");
   const std::string a("a"), b("b");
   CHECK(classic(a, b) && !classic(b, a) && !classic(a, a) && mine(b, a));
-  // From a named one: what is there is replaced, what is not stays.
-  const locale back(locale(mine, new noted), "C", locale::all);
-  CHECK(std::has_facet<noted>(back) && !back(b, a) && !(quick(back) & plain) && back.name() == "*");
   // plx's own: the implementation itself is changed, for all who share it.
   const locale sharer = mine;
   mine.set_imp(classic._get_imp(), conversion::id);
@@ -160,11 +151,12 @@ static void named() {
   CHECK_TEXT(c_library(), name.c_str());
   locale::global(locale::classic());
   CHECK_TEXT(c_library(), "C");
-  CHECK_THROWS(std::runtime_error, "Invalid locale name\n", locale("LC_CTYPE=C;LC_NUMERIC=xx_DE"));
-  CHECK_THROWS(std::runtime_error, "Invalid locale name\n", new std::numpunct<char>("LC_TIME=C;LC_MONETARY=C"));
-  CHECK_THROWS(std::runtime_error, "Invalid locale name\n", new std::ctype_byname<char>("xx_XX"));
-  CHECK_THROWS(std::runtime_error, "Invalid locale name\n", new std::ctype_byname<char>("LC_TIME=C;LC_MONETARY=C"));
-  CHECK_THROWS(std::runtime_error, "Invalid locale name\n", new std::collate_byname<char>(0));
+  static const char *const bad[] = {"LC_CTYPE=C;LC_NUMERIC=xx_DE", "LC_TIME=C;LC_MONETARY=C", "xx_XX", 0};
+  for (int i = 0; i < 4; ++i) {
+    CHECK_THROWS(std::runtime_error, "Invalid locale name\n", locale(bad[i]));
+    if (i > 0) CHECK_THROWS(std::runtime_error, "Invalid locale name\n", new std::ctype_byname<char>(bad[i]));
+    if (i > 1) CHECK_THROWS(std::runtime_error, "Invalid locale name\n", new std::collate_byname<char>(bad[i]));
+  }
 }
 
 template <int how> struct making {

@@ -6,7 +6,7 @@
 // xx_DE  German, ISO-8859-1: 1.234,5; collates a A (a umlaut) b B ...
 // xx_FR  French, UTF-8: separator of thousands and euro sign of three bytes each
 // xx_IN  Indian, ASCII: 12,34,567.8; "+", and parentheses around negative money
-// xx_JP  Japanese, UTF-8: money without decimals; names of days and months without letters
+// xx_JP  Japanese, UTF-8: a point of two bytes; money without decimals; names of days and months without letters
 #ifndef TESTS_NAMED_LOCALES_H
 #define TESTS_NAMED_LOCALES_H
 

@@ -165,15 +165,9 @@ static void environment() {
   const string folder = getenv("LOCPATH"), other = folder + "/other";
   CHECK_INT(system(("mkdir -p " + other + " && cp -r " + folder + "/xx_DE " + other + "/xx_FR").c_str()), 0);
   // One variable after the other; the same name in another folder is another locale.
-  static const char *const changes[][3] = {{"LC_ALL", "", "Sunday"},         {"LANG", "xx_FR", "dimanche"},
-                                           {"LC_TIME", "xx_DE", "Sonntag"},  {"LC_ALL", "xx_FR", "dimanche"},
-                                           {"LOCPATH", "/other", "Sonntag"}, {"LOCPATH", "", "dimanche"},
-                                           {"LC_ALL", "", "Sonntag"},        {"LC_TIME", "", "dimanche"},
-                                           {"LC_TIME", "POSIX", "Sunday"},   {"LC_TIME", "", "dimanche"}};
-  for (unsigned i = 0; i < sizeof changes / sizeof *changes; ++i) {
-    const bool is_folder = strcmp(changes[i][0], "LOCPATH") == 0;
-    setenv(changes[i][0], ((is_folder ? folder : "") + changes[i][1]).c_str(), 1);
-    CHECK_TEXT(put("%A %x").c_str(), (changes[i][2] + string(" 09/01/96")).c_str());
+  for (rows row(__FILE__, "data/environment"); row.next();) {
+    setenv(row[0].c_str(), ((row[0] == "LOCPATH" ? folder : "") + row[1]).c_str(), 1);
+    CHECK_TEXT(put("%A %x").c_str(), (row[2] + " 09/01/96").c_str());
   }
   // No such locale: even a pattern without names is refused.
   tm t = some_time();
