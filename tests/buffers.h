@@ -37,9 +37,11 @@ enum a_buffer_call {
 class scripted : public std::streambuf {
 public:
   int calls[buffer_calls];
-  int most;  // characters that overflow takes
+  int most;    // characters that overflow takes
+  int spoilt;  // of the room, which nobody had used
   explicit scripted(const std::string &text = "", std::size_t step = 0, std::size_t room = 0)
       : most(1 << 30),
+        spoilt(0),
         text_(text),
         at_(0),
         step_(step),
@@ -131,7 +133,8 @@ private:
     at_ = from + n;
   }
   void show_room() {
-    if (!room_.empty()) setp(&room_[0], &room_[0] + room_.size());
+    for (const char *at = pptr(); at && at < epptr(); ++at) spoilt += *at != '.';
+    if (!room_.empty()) room_.assign(room_.size(), '.'), setp(&room_[0], &room_[0] + room_.size());
   }
   int byte(std::size_t at) const { return static_cast<unsigned char>(text_.data()[at]); }
 

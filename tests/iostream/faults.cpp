@@ -10,6 +10,7 @@
 #include <sstream>
 #include <strstream>
 #include <typeinfo>
+#include <vector>
 
 #include "../buffers.h"
 #include "../fail_allocation.h"
@@ -24,68 +25,71 @@ enum { good = 0, bad = std::ios::badbit, eof = std::ios::eofbit, fails = std::io
 // Beside those of operations.h.
 enum { flush_all = kinds, sync_in, file_out };
 
-// Which call of the buffer an operation stands on, and what it says when that fails; whether it counts what it takes;
-// and what becomes of it without facets of numbers, without ctype and with skipws, and without skipws: '-' as ever, 'b'
-// badbit, 'p' bad_cast passes.
-const struct a_case {
-  int what, width;
+// Which call of the buffer operations stand on, and what they say when that fails; how often they flush the tied
+// stream, and whether they count what they take; and what becomes of them without facets of numbers, without ctype and
+// with skipws, and without skipws: '-' as ever, 'b' badbit, 'p' bad_cast passes.
+const struct a_row {
+  int first, last, width;
   a_buffer_call call;
-  int says;
+  int says, flushes;
   bool counts;
   const char *without;
-} cases[] = {{out_int, 0, overflows, good, false, "bbb"},
-             {out_short, 0, overflows, good, false, "bbb"},
-             {out_unsigned, 0, overflows, good, false, "bbb"},
-             {out_double, 0, overflows, good, false, "bbb"},
-             {out_long_double, 0, overflows, good, false, "bbb"},
-             {out_bool, 0, overflows, good, false, "b--"},
-             {out_pointer, 0, overflows, good, false, "b--"},
-             {out_longest, 0, overflows, good, false, "bbb"},
-             {out_complex, 0, buffer_calls, good, false, "bbb"},
-             {out_char, 0, overflows, good, false, "---"},
-             {out_c_string, 0, overflows, good, false, "---"},
-             {out_string, 0, xsputns, fails, false, "---"},
-             {out_string, 9, overflows, fails, false, "---"},
-             {out_put, 0, overflows, bad, false, "---"},
-             {out_block, 0, xsputns, bad, false, "---"},
-             {flush_all, 0, syncs, bad, false, "---"},
-             {out_line, 0, syncs, bad | fails, false, "-pp"},
-             {move_put, 0, seeks, fails, false, "---"},
-             {tell_both, 0, seeks, good, false, "---"},
-             {out_buffer, 1, overflows, fails, false, "---"},
-             {file_out, 0, buffer_calls, good, false, "-bb"},
-             {get_one, 0, uflows, eof | fails, true, "---"},
-             {get_into, 0, uflows, eof | fails, true, "---"},
-             {get_part, 1, uflows, eof | fails, true, "-bb"},
-             {get_part, 0, uflows, eof | fails, true, "---"},
-             {get_line, 1, uflows, eof | fails, true, "---"},
-             {get_line, 0, uflows, eof | fails, true, "-bb"},
-             {get_string_line, 0, uflows, eof | fails, false, "-bb"},
-             {get_string_part, 0, uflows, eof | fails, false, "---"},
-             {in_int, 0, underflows, eof | fails, false, "bbb"},
-             {in_unsigned_short, 0, underflows, eof | fails, false, "bbb"},
-             {in_longest, 0, uflows, eof | fails, false, "-bb"},
-             {in_double, 0, underflows, eof | fails, false, "bbb"},
-             {in_bool, 0, underflows, eof | fails, false, "bbb"},
-             {in_pointer, 0, underflows, eof | fails, false, "bbb"},
-             {in_char, 0, uflows, fails, false, "-b-"},
-             {in_string, 0, uflows, eof | fails, false, "-bp"},
-             {in_array, 9, uflows, eof | fails, false, "-bb"},
-             {in_bits, 0, uflows, eof | fails, false, "-b-"},
-             {in_complex, 0, underflows, eof | fails, false, "bbb"},
-             {skip_space, 0, uflows, eof, false, "-bb"},
-             {ignore_some, 0, uflows, eof, true, "---"},
-             {peek_one, 0, underflows, eof, false, "---"},
-             {read_some, 0, xsgetns, eof | fails, false, "---"},
-             {ready_some, 0, xsgetns, good, false, "---"},
-             {ready_some, 0, showmanycs, eof, false, "---"},
-             {give_other, 0, pbackfails, bad, false, "---"},
-             {give_back, 0, pbackfails, bad, false, "---"},
-             {move_get, 0, seeks, fails, false, "---"},
-             {sync_in, 0, syncs, bad, false, "---"},
-             {get_buffer, 0, underflows, eof | fails, false, "---"},
-             {in_buffer, 4, uflows, eof | fails, false, "-b-"}};
-const unsigned case_count = sizeof cases / sizeof *cases;
+} table[] = {{out_short, out_long_double, 0, overflows, good, 1, false, "bbb"},
+             {out_bool, out_pointer, 0, overflows, good, 1, false, "b--"},
+             {out_complex, out_complex, 0, buffer_calls, good, 1, false, "bbb"},
+             {out_char, out_char, 0, overflows, good, 3, false, "---"},
+             {out_c_string, out_unsigned_c_string, 9, overflows, good, 1, false, "---"},
+             {out_string, out_string, 0, xsputns, fails, 1, false, "---"},
+             {out_string, out_string, 9, overflows, fails, 1, false, "---"},
+             {out_block, out_block, 0, xsputns, bad, 1, false, "---"},
+             {out_put, out_put, 0, overflows, bad, 1, false, "---"},
+             {flush_all, flush_all, 0, syncs, bad, 1, false, "---"},
+             {out_line, out_line, 0, syncs, bad | fails, 5, false, "-pp"},
+             {out_buffer, out_buffer, 1, overflows, fails, 1, false, "---"},
+             {file_out, file_out, 0, buffer_calls, good, 0, false, "-bb"},
+             {move_get, move_put, 0, seeks, fails, 0, false, "---"},
+             {tell_both, tell_both, 0, seeks, good, 0, false, "---"},
+             {sync_in, sync_in, 0, syncs, bad, 0, false, "---"},
+             {get_one, get_into, 0, uflows, eof | fails, 1, true, "---"},
+             {get_part, get_part, 1, uflows, eof | fails, 1, true, "-bb"},
+             {get_part, get_part, 0, uflows, eof | fails, 1, true, "---"},
+             {get_line, get_line, 1, uflows, eof | fails, 1, true, "---"},
+             {get_line, get_line, 0, uflows, eof | fails, 1, true, "-bb"},
+             {get_string_line, get_string_line, 0, uflows, eof | fails, 1, false, "-bb"},
+             {get_string_part, get_string_part, 0, uflows, eof | fails, 1, false, "---"},
+             {in_int, in_double, 0, underflows, eof | fails, 1, false, "bbb"},
+             {in_short, in_unsigned, 0, underflows, eof | fails, 1, false, "bbb"},
+             {in_longest, in_unsigned_longest, 0, uflows, eof | fails, 1, false, "-bb"},
+             {in_float, in_pointer, 0, underflows, eof | fails, 1, false, "bbb"},
+             {in_char, in_char, 0, uflows, fails, 1, false, "-b-"},
+             {in_string, in_string, 0, uflows, eof | fails, 1, false, "-bp"},
+             {in_array, in_array, 9, uflows, eof | fails, 1, false, "-bb"},
+             {in_bits, in_bits, 0, uflows, eof | fails, 1, false, "-b-"},
+             {in_complex, in_complex, 0, underflows, eof | fails, 3, false, "bbb"},
+             {skip_space, skip_space, 0, uflows, eof, 1, false, "-bb"},
+             {ignore_some, ignore_some, 0, uflows, eof, 1, true, "---"},
+             {peek_one, peek_one, 0, underflows, eof, 1, false, "---"},
+             {read_some, read_some, 0, xsgetns, eof | fails, 1, false, "---"},
+             {ready_some, ready_some, 0, xsgetns, good, 1, false, "---"},
+             {ready_some, ready_some, 0, showmanycs, eof, 1, false, "---"},
+             {give_back, give_back, 0, pbackfails, bad, 1, false, "---"},
+             {give_other, give_other, 0, pbackfails, bad, 1, false, "---"},
+             {get_buffer, get_buffer, 0, underflows, eof | fails, 1, false, "---"},
+             {in_buffer, in_buffer, 4, uflows, eof | fails, 1, false, "-b-"}};
+struct a_case : a_row {
+  int what;
+};
+std::vector<a_case> cases;
+
+void expand_table() {
+  for (unsigned i = 0; i < sizeof table / sizeof *table; ++i)
+    for (int what = table[i].first; what <= table[i].last; ++what) {
+      a_case one;
+      static_cast<a_row &>(one) = table[i];
+      one.what = what;
+      cases.push_back(one);
+    }
+}
 
 // A codecvt is asked when a file is written.
 void write_file(std::iostream &s) {
@@ -138,7 +142,7 @@ bool says(bool holds, const char *what, unsigned operation, int a, int b) {
 }
 
 void buffers() {
-  for (unsigned i = 0; i < case_count; ++i) {
+  for (unsigned i = 0; i < cases.size(); ++i) {
     const a_case &o = cases[i];
     int reached = 0;
     for (int call = 0; call <= buffer_calls; ++call)
@@ -175,7 +179,7 @@ void buffers() {
 
 // Streams that are not good are refused, without a look at the buffer; each without a buffer is bad.
 void refused() {
-  for (unsigned i = 0; i < case_count; ++i) {
+  for (unsigned i = 0; i < cases.size(); ++i) {
     const a_case &o = cases[i];
     if (o.call >= seeks || o.call == pbackfails || o.what == skip_space || o.what == ready_some) continue;
     scripted buffer("12");
@@ -249,7 +253,7 @@ void facets() {
       "out",      "always_noconv",      "max_length"};
   for (unsigned n = 0; n < sizeof names / sizeof *names; ++n) {
     int reached = 0;
-    for (unsigned i = 0; i < 2 * 8 * case_count; ++i) {
+    for (unsigned i = 0; i < 2 * 8 * cases.size(); ++i) {
       const a_case &o = cases[i / 16];
       const int mask = i % 8;
       const long before = live_blocks;
@@ -282,7 +286,7 @@ void facets() {
 // Locales that lack facets, as only generated code can make one.
 void missing_facets() {
   const int all = std::locale::all, lacks[] = {all & ~std::locale::numeric, all & ~std::locale::ctype};
-  for (unsigned i = 0; i < case_count; ++i)
+  for (unsigned i = 0; i < cases.size(); ++i)
     for (int which = 0; which < 3; ++which) {
       const long before = live_blocks;
       {
@@ -329,9 +333,36 @@ void constructors() {
   std::locale::global(before);
 }
 
-// The tied stream's flush: what it throws by its own mask passes through an output stream that waits, and makes an
-// input stream bad. unitbuf: the synchronisation at the end fails like any other part, but not while something is on
-// its way.
+// Each operation flushes what is tied so often, whatever its buffer, and does not when the stream is not good; output
+// with unitbuf synchronises as often, a file and all else.
+void flushes() {
+  const own_file path("faults", "-2 (3,4)\n");
+  for (unsigned i = 0; i < 6 * cases.size(); ++i) {
+    const a_case &o = cases[i / 6];
+    const bool unit = i / 3 % 2, refused = i % 3 == 2;
+    scripted buffer("12 (3,4)\n"), flushed;
+    std::stringbuf text("12 (3,4)\n");
+    std::filebuf file;
+    file.open(path.name(), std::ios::in | std::ios::out);
+    std::streambuf *const all[] = {&buffer, &text, &buffer, &buffer, &file, &buffer};
+    std::iostream s(all[i % 6]);
+    std::ostream tied(&flushed);
+    if (unit)
+      s.setf(std::ios::unitbuf);
+    else
+      s.tie(&tied);
+    if (refused) s.setstate(eof);
+    thrown_by(o, s);
+    if (!unit) says(flushed.calls[syncs] == (refused ? 0 : o.flushes), "flushes", i / 6, i % 6, flushed.calls[syncs]);
+    if (o.what < out_short || o.what > out_put) continue;
+    if (i % 6 == 3) says(buffer.calls[syncs] == o.flushes, "synchronised", i / 6, i % 6, buffer.calls[syncs]);
+    if (i % 6 == 4) says(path.content()[0] != '-', "waits", i / 6, i % 6, 0);
+    path.hold("-2 (3,4)\n");
+  }
+}
+
+// What the tied stream's flush throws by its own mask passes through an output stream that waits, and makes an input
+// stream bad. unitbuf: the synchronisation at the end fails like any other part, but not while something is on its way.
 void ties_and_ends() {
   for (int throws = 0; throws < 2; ++throws) {
     scripted broken, fine("x");
@@ -339,8 +370,7 @@ void ties_and_ends() {
     std::iostream s(&fine);
     broken.let_fail(syncs, 0, throws != 0);
     s.tie(&tied);
-    s << 1;
-    CHECK(s.good() && tied.bad());
+    CHECK((s << 1).good() && tied.bad());
     for (int how = 0; how < 3; ++how) {
       tied.exceptions(good), tied.clear(), tied.exceptions(bad), s.clear();
       if (how == 0) CHECK(thrown_by(cases[0], s) == failure && s.good());
@@ -348,8 +378,7 @@ void ties_and_ends() {
       if (how == 2) CHECK((s >> std::ws).rdstate() == bad);
     }
     out.setf(std::ios::unitbuf);
-    out << 1 << "x";
-    CHECK_INT(out.rdstate(), bad | fails);
+    CHECK_INT((out << 1 << "x").rdstate(), bad | fails);
     int caught = 0;
     for (int on_its_way = 0; on_its_way < 2; ++on_its_way) {
       out.exceptions(good), out.clear(), out.exceptions(bad);
@@ -373,12 +402,9 @@ void ties_and_ends() {
   std::ostream tied(&turn), out(&fine), none(0), last(&fine), broken(&throwing);
   turn.other = &out;
   out.tie(&tied);
-  out << 7;
-  CHECK(fine.taken() == "" && out.rdstate() == (eof | fails));
-  none.setf(std::ios::unitbuf);
-  none.clear();
-  none << "";
-  CHECK(none.bad());
+  CHECK((out << 7).rdstate() == (eof | fails) && fine.taken() == "");
+  none.setf(std::ios::unitbuf), none.clear();
+  CHECK((none << "").bad());
   // In destructors, while something is on its way.
   struct writes_at_the_end {
     std::ostream &out;
@@ -390,6 +416,58 @@ void ties_and_ends() {
     throw &first.out == &second.out ? 4 : 3;
   } catch (int) {}
   CHECK(fine.taken() == "1textc" && broken.rdstate() == (bad | fails) && thrown::live == 0);
+  // Circles come to an end, also after a failure.
+  scripted one, two;
+  std::iostream a(&one), b(&two);
+  a.tie(&a), a.get(), a.clear();
+  CHECK_INT(one.calls[syncs], 1);
+  a << 1 << std::flush;
+  a.tie(&b), b.tie(&a), one.calls[syncs] = two.calls[syncs] = 0;
+  a.get(), a.clear();
+  CHECK(one.calls[syncs] == 1 && two.calls[syncs] >= 1);
+  one.let_fail(syncs, 0, false);
+  for (int i = 0; i < 2; ++i) {
+    a.exceptions(good), a.clear(), a.exceptions(bad);
+    try {
+      b.flush(), CHECK(!"nothing was thrown");
+    } catch (const std::ios_base::failure &) {}
+  }
+}
+
+// A tied file that holds nothing back needs no call; others, and those with a tie of their own, are written out, or set
+// to where the reader is, for those who share them.
+void tied_files() {
+  const own_file path("faults");
+  scripted outer, source(" 12 word\nx");
+  std::ostream before(&outer);
+  std::ofstream file(path.name());
+  std::istringstream in(" 12 12 12 12");
+  static const int reading[] = {in_int, in_string, get_one, get_string_line, get_line, in_char, peek_one, ignore_some};
+  in.tie(&file);
+  for (int how = 0; how < 16; ++how) {
+    an_operation o = {unsigned(reading[how / 2]), 5, 0, 6, ';', ' ', 0, 0, "", in.flags()};
+    std::stringstream text("1 2\nx 3");
+    text.tie(&file);
+    file.tie(how % 2 ? &before : 0);
+    file << "c";
+    for (int again = 0; again < 2; ++again) {
+      const int syncs_before = outer.calls[syncs];
+      perform(text, o, false);
+      CHECK_INT(path.content().size(), how + 1);
+      CHECK(how % 2 == 0 || outer.calls[syncs] > syncs_before);
+    }
+  }
+  file.setstate(eof);
+  in.get();
+  CHECK_INT(file.rdstate(), eof | fails);
+  path.hold("0123456789");
+  FILE *const shared = fopen(path.name(), "r+");
+  std::filebuf ahead(shared);
+  std::ostream reader(&ahead);
+  int n = 0;
+  in.tie(&reader);
+  CHECK(ahead.sbumpc() == '0' && lseek(fileno(shared), 0, SEEK_CUR) == 10);
+  CHECK(in >> n && lseek(fileno(shared), 0, SEEK_CUR) == 1);
 }
 
 // A word or a line keeps what came before the buffer threw; a destination that throws or is full loses nothing; and a
@@ -471,12 +549,15 @@ void memory() {
 int main() {
   std::locale::classic();  // its blocks stay
   std::ofstream("/dev/null");
+  expand_table();
   buffers();
   refused();
   facets();
   missing_facets();
   constructors();
+  flushes();
   ties_and_ends();
+  tied_files();
   nothing_is_lost();
   memory();
   return TEST_RESULT();

@@ -122,6 +122,7 @@ inline an_operation random_operation(unsigned first, unsigned last, bool compara
   o.text[0] = static_cast<char>(11 + random_below(245));
   if (first < reads) o.flags = (comparable ? base::fmtflags(base::dec) : o.flags) | base::skipws;
   if (!comparable && random_below(8) == 0) o.flags &= ~base::skipws;
+  if (comparable && o.what == skip_space) o.what = in_string;  // at the end it is failbit there
   if (comparable && o.what >= reads) make_comparable(o);
   return o;
 }
@@ -170,7 +171,7 @@ struct a_destination : std::streambuf {
 };
 
 inline std::string perform(std::iostream &s, const an_operation &o, bool comparable) {
-  static char array[12000];
+  static char array[400000];
   const int n = o.n < 11990 ? o.n : 11990;
   std::string got;
   char c = '.';
@@ -178,7 +179,7 @@ inline std::string perform(std::iostream &s, const an_operation &o, bool compara
   s.fill(o.fill);
   s.precision(o.precision);
   s.width(o.what < reads && (comparable || o.what < in_string) ? 0 : o.width);
-  memset(array, '#', n < 300 ? 400 : sizeof array);
+  memset(array, '#', n < 300 ? 400 : 12000);
   switch (o.what) {
     case in_short: return in_number<short>(s, "%hd", comparable, 77);
     case in_unsigned_short: return in_number<unsigned short>(s, "%hu", comparable, 77);
@@ -218,7 +219,9 @@ inline std::string perform(std::iostream &s, const an_operation &o, bool compara
       return got;
     case get_one: return number("%lld", s.get());
     case get_into: s.get(c); return std::string(1, c);
-    case peek_one: return number("%lld", s.peek());
+    case peek_one:
+      if (comparable && s.peek() == -1) s.clear();
+      return number("%lld", s.peek());
     case ignore_some: s.ignore(o.width % 100 == 9 ? 2147483647 : o.n, o.n % 2 ? o.c : -1); return "";
     case read_some: s.read(array, n); return std::string(array, s.gcount() + (comparable ? 0 : 2));
     case get_line:
@@ -335,12 +338,18 @@ inline std::string perform(std::iostream &s, const an_operation &o, bool compara
   return got;
 }
 
-// The same with what can be seen of the stream afterwards, which is good again.
-inline std::string step(std::iostream &s, const an_operation &o) {
-  std::string line = number("%lld ", o.what) + perform(s, o, false);
-  line += number(" state %lld", s.rdstate()) + number(" count %lld", s.gcount()) + number(" width %lld", s.width());
+// The same with what can be seen of the stream afterwards, as far as that can be compared. What comes next needs a good
+// stream, but now and then where plx is its own witness.
+inline std::string step(std::iostream &s, const an_operation &o, bool comparable) {
+  std::string line = number("%lld ", o.what) + perform(s, o, comparable);
+  const bool ends = !comparable || o.what != in_char || !s.fail();
+  const bool counts = !comparable || (o.what >= get_one && o.what <= get_part);
+  const bool writes_text = o.what >= reads && o.what < writes;
+  line += number(" state %lld", s.rdstate() & (ends ? 7 : 7 & ~base::eofbit));
+  line += number(" count %lld", counts ? s.gcount() : 0);
+  line += number(" width %lld", !comparable || writes_text ? s.width() : 0);
   s.width(0);
-  if (o.precision % 8) s.clear();
+  if (comparable || o.precision % 8) s.clear();
   return line;
 }
 
