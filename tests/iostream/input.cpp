@@ -3,13 +3,11 @@
 // iterators.
 // test-variants: -O2 | -O2 -static
 #include <limits.h>
-#include <sys/mman.h>
 
 #include <iostream>
 #include <iterator>
 #include <sstream>
 #include <string>
-#include <strstream>
 
 #include "../buffers.h"
 #include "../rows.h"
@@ -77,33 +75,6 @@ void table() {
     CHECK_TEXT((got + number(in.gcount()) + " " + buffer.rest()).c_str(), row[2].c_str());
   }
   CHECK_INT(count, 82);
-}
-
-// istrstream(text, -1): an array without a known end is read no further than is asked for. Behind these texts there is
-// no memory.
-struct edge : std::istrstream {
-  explicit edge(const char *text) : std::istrstream(before_nothing(text), -1) {}
-  static char *before_nothing(const char *text) {
-    const size_t page = 4096, n = strlen(text);
-    char *const at = static_cast<char *>(mmap(reinterpret_cast<void *>(0x20000000), 2 * page, PROT_READ | PROT_WRITE,
-                                              MAP_PRIVATE | MAP_ANONYMOUS, -1, 0));
-    mprotect(at + page, page, PROT_NONE);
-    return static_cast<char *>(memcpy(at + page - n, text, n));
-  }
-};
-void endless_arrays() {
-  char text[64] = "";
-  std::string one(40, '-'), two, three, line;
-  int number = 0;
-  double real = 0;
-  edge first("two words "), second("a b"), words("ab c "), lines("one\nb\n"), part("abcdef"), whole("  12 "),
-      half("1.5 ");
-  first >> one, second >> two, words >> text >> three, whole >> number, half >> real;
-  CHECK(one == "two" && two == "a" && strcmp(text, "ab") == 0 && three == "c" && number == 12 && real == 1.5);
-  std::getline(lines, line).getline(text, 64);
-  CHECK(line == "one" && strcmp(text, "b") == 0);
-  part.ignore(1).get(text, 4).read(text + 4, 2);
-  CHECK(part.good() && strcmp(text, "bcd") == 0 && memcmp(text + 4, "ef", 2) == 0);
 }
 
 // Counts of what never ends go to their largest value, and no further.
@@ -241,7 +212,6 @@ void iterators() {
 int main() {
   table();
   counts();
-  endless_arrays();
   lengths();
   own_classes();
   positions();

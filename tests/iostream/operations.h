@@ -20,22 +20,21 @@ __extension__ typedef long long longest;
 __extension__ typedef unsigned long long unsigned_longest;
 
 // clang-format off
-enum a_kind {
-  // reading
-  in_int, in_long, in_unsigned_short, in_unsigned_long, in_double, in_char, in_string, in_array, get_string_line,
-  get_string_part, get_one, get_into, peek_one, ignore_some, read_some, get_line, get_part, skip_space, take_and_give,
-  get_buffer, comparable_reads,
-  in_short = comparable_reads, in_unsigned, in_longest, in_unsigned_longest, in_float, in_long_double, in_bool,
-  in_pointer, in_bits, in_complex, in_buffer, in_rest, enter, give_back, reads,
-  // writing
-  out_short = reads, out_unsigned_short, out_int, out_unsigned, out_long, out_unsigned_long, out_longest,
-  out_unsigned_longest, out_float, out_double, out_long_double, out_bool, out_pointer, out_char, out_c_string,
-  out_signed_c_string, out_unsigned_c_string, out_string, out_block, out_put, out_line, comparable_writes,
-  out_buffer = comparable_writes, out_copy, out_complex, leave, writes,
-  // moving
-  move_get = writes, move_put, tell_both, ready_some, give_other, kinds
-};
+#define OPERATIONS \
+  in_int, in_long, in_unsigned_short, in_unsigned_long, in_double, in_char, in_string, in_array, get_string_line, \
+  get_string_part, get_one, get_into, peek_one, ignore_some, read_some, get_line, get_part, skip_space, take_and_give, \
+  get_buffer, \
+  in_short, in_unsigned, in_longest, in_unsigned_longest, in_float, in_long_double, in_bool, in_pointer, in_bits, \
+  in_complex, in_buffer, in_rest, enter, give_back, \
+  out_short, out_unsigned_short, out_int, out_unsigned, out_long, out_unsigned_long, out_longest, \
+  out_unsigned_longest, out_float, out_double, out_long_double, out_bool, out_pointer, out_char, out_c_string, \
+  out_signed_c_string, out_unsigned_c_string, out_string, out_block, out_put, out_line, \
+  out_buffer, out_copy, out_complex, leave, \
+  move_get, move_put, tell_both, flush_out, sync_in, ready_some, give_other
 // clang-format on
+enum a_kind { OPERATIONS, kinds };
+const unsigned comparable_reads = get_buffer + 1, reads = give_back + 1, comparable_writes = out_line + 1,
+               writes = leave + 1;
 
 struct an_operation {
   unsigned what;
@@ -332,6 +331,8 @@ inline std::string perform(std::iostream &s, const an_operation &o, bool compara
     case tell_both:
       got = number("%lld ", std::streamoff(s.tellg()));
       return got + number("%lld", std::streamoff(s.tellp()));
+    case flush_out: s.flush(); break;
+    case sync_in: return number("%lld", s.sync());
     case ready_some: got = number("%lld ", s.readsome(array, n)); return got + std::string(array, s.gcount());
     case give_other: s.putback(o.c); break;
   }
