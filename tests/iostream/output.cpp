@@ -105,44 +105,35 @@ void buffers() {
     to.most = 2;
     out << std::setw(9) << &from;
     CHECK(out.good() && out.width() == 9 && to.taken() == "ab" && from.sgetc() == 'c');
-    out << &from;
-    CHECK(out.rdstate() == b::failbit && from.sgetc() == 'c');
+    CHECK((out << &from).rdstate() == b::failbit && from.sgetc() == 'c');
     out.clear();
-    out << static_cast<std::streambuf *>(0);
-    CHECK_INT(out.rdstate(), b::failbit);
+    CHECK_INT((out << static_cast<std::streambuf *>(0)).rdstate(), b::failbit);
   }
   const own_file path("output", "0123456789");
-  std::filebuf file, full;
+  std::filebuf file;
   file.open(path.name(), b::in | b::out);
   std::ostream out(&file);
   file.pubseekpos(7);
-  out << &file;
-  CHECK(out.good() && path.content().substr(0, 8) == "01234567" && path.content().size() >= 10);
+  CHECK(out << &file && path.content().substr(0, 8) == "01234567" && path.content().size() >= 10);
   {  // two buffers over one file, each of whose characters is read where the one before was written
     FILE *const shared = fopen(path.name(), "w+");
     fputs("abcdefghij", shared);
     rewind(shared);
+    static std::filebuf *const never_closed = new std::filebuf(shared);
     std::filebuf one(shared);
-    union {
-      char place[sizeof(std::filebuf)];
-      long align;
-    } never_closed;
     std::ostream over(&one);
-    over << new (never_closed.place) std::filebuf(shared);
-    CHECK(over.good() && one.sgetc() == -1 && one.pubseekoff(0, b::cur) == 10 && one.sputc('!') == '!');
+    CHECK(over << never_closed && one.sgetc() == -1 && one.pubseekoff(0, b::cur) == 10 && one.sputc('!') == '!');
   }
   CHECK_TEXT(path.content().c_str(), "abcdefghij!");
   // To ask what is left moves nothing.
   std::filebuf asked;
   asked.open(path.name(), b::in | b::out);
   CHECK(asked.sputn("AB", 2) == 2 && asked.in_avail() == 9 && asked.sputc('C') == 'C' && asked.sgetc() == 'd');
-  asked.close();
-  CHECK_TEXT(path.content().c_str(), "ABCdefghij!");
+  CHECK(asked.close() && path.content() == "ABCdefghij!");
   std::stringbuf text("text");
   std::ifstream closed;
   std::ostream nowhere(closed.rdbuf());
-  nowhere << &text;
-  CHECK(nowhere.rdstate() == b::failbit && text.sgetc() == 't');
+  CHECK((nowhere << &text).rdstate() == b::failbit && text.sgetc() == 't');
 }
 
 // In an alphabet of the program's.
@@ -160,43 +151,40 @@ void alphabet() {
   CHECK(out.str() == "qrms.uq!\"");
 }
 
-// Flags that a manipulator sets in its field, and those that it clears.
-typedef std::ios_base &(*a_manipulator)(std::ios_base &);
+// What manipulators clear and set, and what those of one bit are undone by.
 void manipulators() {
-  static const a_manipulator pairs[][2] = {{std::boolalpha, std::noboolalpha}, {std::showbase, std::noshowbase},
-                                           {std::showpoint, std::noshowpoint}, {std::showpos, std::noshowpos},
-                                           {std::skipws, std::noskipws},       {std::uppercase, std::nouppercase},
-                                           {std::unitbuf, std::nounitbuf}};
-  static const a_manipulator of_fields[] = {std::internal, std::left, std::right, std::dec,
-                                            std::hex,      std::oct,  std::fixed, std::scientific};
-  static const int flags[] = {b::boolalpha, b::showbase, b::showpoint, b::showpos, b::skipws, b::uppercase, b::unitbuf},
-                   values[] = {b::internal, b::left, b::right, b::dec, b::hex, b::oct, b::fixed, b::scientific},
-                   every = 0x7FFF, bases[][2] = {{8, b::oct}, {10, b::dec}, {16, b::hex}, {0, 0}, {2, 0}, {-8, 0}};
+  typedef std::ios_base &(*a_manipulator)(std::ios_base &);
+  const int adjust = b::adjustfield, base = b::basefield, form = b::floatfield, every = 0x7FFF;
+  static const a_manipulator all[] = {std::internal,  std::left,    std::right,      std::dec,       std::hex,
+                                      std::oct,       std::fixed,   std::scientific, std::boolalpha, std::showbase,
+                                      std::showpoint, std::showpos, std::skipws,     std::uppercase, std::unitbuf},
+                             undo[] = {std::noboolalpha, std::noshowbase,  std::noshowpoint, std::noshowpos,
+                                       std::noskipws,    std::nouppercase, std::nounitbuf};
+  static const int sets[] = {b::internal,  b::left,    b::right,      b::dec,       b::hex,
+                             b::oct,       b::fixed,   b::scientific, b::boolalpha, b::showbase,
+                             b::showpoint, b::showpos, b::skipws,     b::uppercase, b::unitbuf},
+                   clears[] = {adjust, adjust, adjust, base, base, base, form, form},
+                   bases[][2] = {{8, b::oct}, {10, b::dec}, {16, b::hex}, {0, 0}, {2, 0}, {-8, 0}};
   scripted buffer;
-  std::ostream out(&buffer);
-  std::istream in(&buffer);
-  for (int i = 0; i < 7; ++i) {
-    out.flags(0), in.flags(every);
-    out << pairs[i][0], in >> pairs[i][1];
-    CHECK(out.flags() == flags[i] && in.flags() == (every & ~flags[i]));
+  std::iostream s(&buffer);
+  for (int i = 0; i < 15; ++i) {
+    s.flags(every), s << all[i];
+    CHECK_INT(s.flags(), i < 8 ? (every & ~clears[i]) | sets[i] : every);
+    s.flags(0), s >> all[i];
+    CHECK_INT(s.flags(), sets[i]);
+    s.flags(every);
+    CHECK(i < 8 || ((s >> undo[i - 8]) && s.flags() == (every & ~sets[i])));
   }
-  for (int i = 0; i < 8; ++i) {
-    out.flags(every);
-    out << of_fields[i];
-    CHECK_INT(out.flags(), (every & ~(i < 3 ? b::adjustfield : i < 6 ? b::basefield : b::floatfield)) | values[i]);
-  }
-  CHECK(&(out << std::setw(7) << std::setprecision(-3) << std::setfill(0x141)) == &out);
-  CHECK(out.width() == 7 && out.precision() == -3 && out.fill() == 0x41);
-  CHECK(&(in >> std::setw(9) >> std::setprecision(1) >> std::setfill('-')) == &in);
-  CHECK(in.width() == 9 && in.precision() == 1 && in.fill() == '-');
-  out.flags(b::skipws);
-  out << std::setiosflags(b::hex | b::showbase) << std::resetiosflags(b::skipws);
-  CHECK_INT(out.flags(), b::hex | b::showbase);
   for (int i = 0; i < 6; ++i) {
-    out.flags(b::dec | b::showbase);
-    out << std::setbase(bases[i][0]);
-    CHECK_INT(out.flags(), bases[i][1] | b::showbase);
+    s.flags(b::dec | b::showbase), s << std::setbase(bases[i][0]);
+    CHECK_INT(s.flags(), bases[i][1] | b::showbase);
   }
+  CHECK(s << std::setw(7) << std::setprecision(-3) << std::setfill(0x141));
+  CHECK(s.width() == 7 && s.precision() == -3 && s.fill() == 0x41);
+  CHECK(s >> std::setw(9) >> std::setprecision(1) >> std::setfill('-'));
+  CHECK(s.width() == 9 && s.precision() == 1 && s.fill() == '-');
+  s << std::setiosflags(b::hex | b::showbase) << std::resetiosflags(b::showbase);
+  CHECK_INT(s.flags(), b::hex);
 }
 
 }  // namespace
