@@ -98,24 +98,6 @@ void counts() {
   CHECK_INT(in.rdstate(), std::ios::eofbit);
 }
 
-// Words and lines of each length up to some blocks, in capacities as appending leaves them; a copy keeps its text.
-void lengths() {
-  for (int n = 1; n < 1600; n += n < 100 || (n > 505 && n < 520) ? 1 : 83)
-    for (int how = 0; how < 12; ++how) {
-      const int kind = how % 6;
-      const std::string text(n, 'x'), all = text + (how % 2 ? "\n" : "\nyyyyyyyyyyyyyyyyyyyy");
-      scripted one(all);
-      std::istringstream whole(all);
-      std::istream in(kind < 2 ? static_cast<std::streambuf *>(&one) : whole.rdbuf());
-      const std::string before(how % 2 ? n % 90 : n - 1, 'b');
-      std::string got = before, kept(kind < 4 ? got : "");
-      if (kind >= 4) got[0u] = 'B';
-      (kind % 3 != 0) == (how < 6) ? void(in >> got) : void(std::getline(in, got));
-      CHECK(got == text && got.c_str()[n] == 0 && (kind >= 4 || kept == before));
-      CHECK(in.rdstate() == 0 && got.capacity() > got.size());
-    }
-}
-
 // A program's table decides what is white space, also for the null character, and its facet what ends a line.
 struct newline : std::ctype<char> {
   explicit newline(const mask *table) : std::ctype<char>(table) {}
@@ -212,7 +194,6 @@ void iterators() {
 int main() {
   table();
   counts();
-  lengths();
   own_classes();
   positions();
   iterators();

@@ -199,23 +199,26 @@ inline std::string perform(std::iostream &s, const an_operation &o, bool compara
     }
     case in_char: s >> c; return std::string(1, c);
     case in_string:
-      if (!comparable) got = "before";
+    case get_string_line:
+    case get_string_part: {
+      // With a block of its own, or shared, or with a reference in use.
+      if (!comparable) got.assign(o.precision, 'z');
+      const std::string copy(o.n % 2 ? got : std::string()), before(copy.data(), copy.size());
+      if (o.n % 3 == 0 && !got.empty()) got[0] = 'Z';
       if (s.width() > 0) s.width(1 + n);
-      s >> got;
-      return got;
+      if (o.what == in_string)
+        s >> got;
+      else if (o.what == get_string_line)
+        std::getline(s, got);
+      else
+        std::getline(s, got, o.c);
+      return copy == before && got.data()[got.size()] == 0 ? got : "spoilt";
+    }
     case in_array:
       if (s.width() > 0) s.width(1 + (n < 0 ? 0 : n));
       if (comparable) array[0] = 0;
       s >> array;
       return std::string(array, strlen(array) + (comparable ? 0 : 3));
-    case get_string_line:
-    case get_string_part:
-      if (!comparable) got.assign(o.precision, 'z');  // with a block of its own
-      if (o.what == get_string_line)
-        std::getline(s, got);
-      else
-        std::getline(s, got, o.c);
-      return got;
     case get_one: return number("%lld", s.get());
     case get_into: s.get(c); return std::string(1, c);
     case peek_one:
