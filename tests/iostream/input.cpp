@@ -165,6 +165,14 @@ void iterators() {
   CHECK(++at == std::istream_iterator<std::string>());
   // In code that is small enough to have it inline.
   CHECK(high.peek() == 0xFF && high.gcount() == 0 && high.get() == 0xFF && high.gcount() == 1 && high.get() == 0xFE);
+  // What is read into a string may be shared again, though a reference was in use.
+  std::istringstream text("a line\na_word_that_is_longer_than_sixteen short ");
+  std::string got("block");
+  for (int how = 0; how < 3; ++how) {
+    got[0] = 'B';
+    how ? void(text >> got) : void(std::getline(text, got));
+    CHECK(text && got.data() == std::string(got).data());
+  }
   // Into a buffer that takes no more, or has none: the rest is dropped.
   for (int step = 0; step <= 9; step += 3) {
     typedef std::istreambuf_iterator<char> from_buffer;
