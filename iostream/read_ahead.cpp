@@ -17,7 +17,7 @@ namespace {
 enum { enough_refills = 3, large_buffer = 32 * 1024 };
 
 // Bits of FILE's flags, _IO_USER_BUF and _IO_UNBUFFERED, which the C library's headers do not name: a buffer that stdio
-// does not free, and none. tests/iostream/stdio_bits.cpp sees what the C library does with them.
+// does not free, and none. tests/iostream/files.cpp sees what becomes of them.
 enum { io_user_buf = 1, io_unbuffered = 2 };
 
 // Only in place of a buffer that stdio chose by itself, and that is empty.
