@@ -314,6 +314,9 @@ run_size() {
   for name in hello_throw hello_iostream; do
     for build in "${size_builds[@]}"; do files+=("$work/$name.$build"); done
   done
+  for name in "" -static; do
+    "${CC:-cc}" -m32 -O2 $name "$source_dir/startup/hello.c" -o "$work/hello_c$name" && files+=("$work/hello_c$name")
+  done
   "$work/spawn" 400 "${files[@]}" > "$work/startup" || fail "a hello fails"
   printf '%-50s' "a hello that throws, one that has <iostream>"
   printf ' %10s' "${size_builds[@]}"
@@ -338,6 +341,9 @@ run_size() {
       printf "hello by <iostream> from fork to exit, of %s'"'"'s time: %.2f by the least, %.2f by the median (target 0.60)\n",
              peer, a / c, b / d }' "$work/startup"
   done
+  awk -v c="$work/hello_c" -v ours="$work/hello_iostream.plx-gcc" '{ least[$3] = $1 } END {
+    printf "hello in C: %s us, static %s us; hello by <iostream> of that: %.2f, static %.2f (target 1.15)\n", least[c],
+           least[c "-static"], least[ours] / least[c], least[ours "-static"] / least[c "-static"] }' "$work/startup"
   [ -f "$work/hello_throw.plx-gcc-static.members" ] || return
   printf '\n%-50s %10s %10s\n' "objects of libplx.a in a static program" throw iostream
   for folder in libC exceptions string containers numbers locale iostream cxxabi unwind; do
