@@ -1,7 +1,6 @@
 // Throwing when the C library has no memory left: small exceptions still travel, also ones of classes never thrown
 // before; one that is too big for what is set aside terminates, and the terminate handler may still throw and catch.
-// What operator
-// new and its handler do, generated/memory tells. test-variants: -O0 | -O2
+// What operator new and its handler do, generated/memory tells. test-variants: -O0 | -O2
 #include <exception>
 #include <new>
 

@@ -1,6 +1,5 @@
 // The exception classes as a program sees them: which handlers take which, thrown by an expression or by a helper,
-// their
-// texts, what a copy and an assignment keep. test-variants: -O0 | -O2 | -O1 -std=gnu++17
+// their texts, what a copy and an assignment keep. test-variants: -O0 | -O2 | -O1 -std=gnu++17
 #include <new>
 #include <stdexcept>
 #include <typeinfo>
@@ -16,11 +15,11 @@ struct shape {
 struct circle : shape {};
 static shape a_shape, *volatile some_shape = &a_shape, *volatile no_shape;
 
-#define CLASSES(CLASS)                                                                                    \
-  CLASS(logic_error)                                                                                      \
-  CLASS(domain_error)                                                                                     \
-  CLASS(invalid_argument) CLASS(length_error) CLASS(out_of_range) CLASS(runtime_error) CLASS(range_error) \
-      CLASS(overflow_error) CLASS(underflow_error)
+// clang-format off
+#define CLASSES(CLASS)                                                                                             \
+  CLASS(logic_error) CLASS(domain_error) CLASS(invalid_argument) CLASS(length_error) CLASS(out_of_range)           \
+  CLASS(runtime_error) CLASS(range_error) CLASS(overflow_error) CLASS(underflow_error)
+// clang-format on
 static void throw_one(int which, const char *text) {
   int n = 0;
 #define THROW(type)                        \

@@ -1,6 +1,5 @@
 /* Region tables: every flag of a record and the combinations that mean something, as one function that is left at one
- * of
- * its regions. Order, nesting and try blocks are played by random/scenes. test-variants: -O0 | -O2 */
+ * of its regions. Order, nesting and try blocks are played by random/scenes. test-variants: -O0 | -O2 */
 #include "classes.h"
 
 static local one = {1}, two = {2}, array[4] = {{10}, {11}, {12}, {13}};

@@ -1,6 +1,5 @@
 /* Types: which clause takes what and where the handler finds the object, dynamic_cast, typeid and the conversion to a
- * base,
- * for one set of descriptors. test-variants: -O1 | -O2 -static */
+ * base, for one set of descriptors. test-variants: -O1 | -O2 -static */
 #include "classes.h"
 
 #define PUBLIC PLX_BASE_PUBLIC

@@ -1,5 +1,5 @@
-// Compares what unwind/ reads from the unwind tables of 32-bit files with what readelf prints of them: read_tables
-// FILE... Every row of every function: where it begins and ends, the CFA, each register, pushed arguments; of exception
+// read_tables FILE... compares what unwind/ reads from the unwind tables of 32-bit files with what readelf prints of
+// them. Every row of every function: where it begins and ends, the CFA, each register, pushed arguments; of exception
 // tables, that they can be read and lead into described code. And what expressions mean.
 #include <elf.h>
 #include <fcntl.h>

@@ -1,5 +1,4 @@
-// What typeid and type_info say, and dynamic_cast while constructors and destructors run; random/hierarchies has the
-// rest.
+// What typeid and type_info say, and dynamic_cast while constructors and destructors run.
 // prints: 6 lines
 // test-variants: -O0 | -O2
 #include <stdio.h>

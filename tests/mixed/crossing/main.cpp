@@ -1,7 +1,6 @@
 // Types across the worlds: C++ and generated C throw what they have at each other, each takes the other's classes,
 // bases and pointers; type_info objects compare as the types they stand for; casts work on both sides. Two units of C++
-// that know
-// different classes, unwind/objects has. test-variants: -O0 | -O2 | -O2 -static
+// that know different classes, unwind/objects has. test-variants: -O0 | -O2 | -O2 -static
 #include "shared.h"
 
 #include <plx/runtime.h>
