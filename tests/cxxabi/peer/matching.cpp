@@ -1,6 +1,6 @@
 // Which clause takes which exception, and which specification lets it pass: every type of the list is thrown at every
 // clause. A clause says what it sees through the reference or pointer that it got, so that a wrong address shows.
-// prints: 74 lines
+// prints: 75 lines
 // test-variants: -O0 | -O2
 #include <exception>
 #include <stdexcept>
@@ -75,6 +75,7 @@ static int throw_one(int which) {
   THROW(&the<lowest>()); THROW(&the<twice>()); THROW(&the<both_ways>()); THROW((joined *)0);
   THROW(constant<joined>()); THROW((lowest *)0); THROW(other_way());
   THROW((int plain::**)0); THROW((int plain::*const *)0); THROW((plain_function *)0); THROW((int ***)0);
+  THROW((int *__restrict *)0);
   // clang-format on
   return n;
 }
@@ -127,7 +128,7 @@ int main() {
     SAME(int plain::*) SAME(const int plain::*) SAME(int derived::*) SAME(member)
     SAME(const_member) SAME(box<char> *) SAME(int plain::*const *) SAME(int derived::*const *)
     SAME(const int plain::*const *) SAME(plain_function const *) SAME(int_function const *) SAME(const int **const *)
-    SAME(const int *const *const *)
+    SAME(const int *const *const *) SAME(int *__restrict *)
     putchar(' ');
     CLASS(base) CLASS(plain) CLASS(second) CLASS(derived) CLASS(joined) CLASS(hidden)
     putchar(' ');
