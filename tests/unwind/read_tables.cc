@@ -224,6 +224,26 @@ static void check_operations() {
   }
 }
 
+// Pointers as compilers' tables have none.
+static void check_pointers() {
+  static const byte bytes[] = {0xFE, 0xFF, 0x81, 0x7D};
+  const unsigned place = reinterpret_cast<unsigned>(bytes);
+  const struct {
+    unsigned encoding, value;
+  } rows[] = {{pointer_udata2, 0xFFFE},
+              {pointer_sdata2, -2u},
+              {pointer_udata4, 0x7D81FFFE},
+              {pointer_uleb, 0xFA07FFE},
+              {pointer_sleb, 0xFFA07FFE},
+              {pointer_sdata2 | pointer_to_data, 8},
+              {pointer_udata2 | pointer_to_itself, place + 0xFFFE},
+              {pointer_omitted, 0}};
+  for (const auto &row : rows) {
+    const unsigned value = a_byte_reader(everywhere, bytes).pointer(row.encoding, 10);
+    if (value != row.value) report("pointer", row.encoding, std::to_string(value));
+  }
+}
+
 int main(int argc, char **argv) {
   for (int i = 1; i < argc; ++i) {
     an_object object;
@@ -241,6 +261,7 @@ int main(int argc, char **argv) {
     }
   }
   check_operations();
+  check_pointers();
   printf("%d files, %ld rows, %ld with pushed arguments, %ld addresses in calls, %ld with a landing pad; %d wrong\n",
          argc - 1, rows, argument_sizes, calls, pads, wrong);
   return wrong != 0 || rows < 10000 || !argument_sizes || !pads;
