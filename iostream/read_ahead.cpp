@@ -5,6 +5,7 @@
 #include <stdlib.h>
 
 #include "../libC/i386/copy_block.h"
+#include "owed_flush.h"
 
 // What getc's macro calls when the buffer is empty: it fills it and returns the first character, which stays.
 extern "C" int __underflow(FILE *file);
@@ -38,6 +39,7 @@ void use_larger_buffer(FILE *file) {
 
 // Before stdio reads anew.
 FILE *prepare_refill(std::filebuf &buffer) {
+  if (owed_flush) pay_owed_flush();
   FILE *const file = _buffer_access::file(buffer);
   if (!file) return nullptr;
   turn_to_reading(file);

@@ -53,8 +53,7 @@ static void throw_one() { throw 1; }
 static void code_without_table() {
   try {
     calls_without_table(throw_one);
-  } catch (int) {
-  }
+  } catch (int) {}
 }
 
 static void pointer_to_function() {

@@ -113,7 +113,8 @@ static void run(const char *name, int steps, typename C::key_compare less, typen
         break;
       case 11: result = indexed(c, key); break;
       case 12:
-        result = static_cast<int>((place == c.end() ? 0u : number_of(*place)) + (c.begin() == back ? 0 : number_of(*--back)));
+        result = static_cast<int>((place == c.end() ? 0u : number_of(*place)) +
+                                  (c.begin() == back ? 0 : number_of(*--back)));
         break;
       case 13:
       case 14:

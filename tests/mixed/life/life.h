@@ -23,5 +23,6 @@ template <class T> struct with_static {
 template <class T> watched with_static<T>::object("template");
 inline void inline_static() { static watched object("inline"); }
 void touch_other();
+void touch_busy();
 #endif
 #endif

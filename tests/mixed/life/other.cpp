@@ -12,12 +12,12 @@ struct busy {
 busy::~busy() {
   ended("busy");
   static watched first_used("first-used");
-  began("late-atexit"), std::atexit(registered_late);
+  began("late-atexit");
+  std::atexit(registered_late);
 }
 void touch_other() {
   static watched local("other-local");
   inline_static();
   with_static<int>::object.name = with_static<int>::object.name;
 }
-void touch_busy();
 void touch_busy() { static busy object; }
