@@ -1,8 +1,7 @@
 // Values and texts of numbers. num_put and the inserters: random values in random formats, widths and groupings,
 // against printf and the rules by which its text is laid out. num_get and the extractors: texts on or next to the
-// border between two values, short, long and random ones, against strtod and its kin. In each rounding mode and
-// precision of the processor. Then what is a rule of plx's own: bools, pointers, iterators that fail, facets that
-// throw.
+// border between two values, long and random ones, against strtod and its kin; fuzz/num_get has more short ones. In
+// each rounding mode and precision of the processor. iostream/faults has facets and buffers that fail.
 // test-variants: -O2
 #include <float.h>
 #include <locale.h>
@@ -250,22 +249,25 @@ static void named() {
     check(plain, std::locale::classic(), value, classic);
     setlocale(LC_ALL, "C");
   }
+}
+
+// What else the facet has: printf's formats, and the layout of a text that the program made.
+static void own_members() {
   std::ios s(0);
+  char made[] = "+77", formats[3][8];
   s.flags(base::internal | base::scientific | base::showpos | base::uppercase);
-  setlocale(LC_ALL, "xx_DE");
-  char made[40];
-  const int length = sprintf(made, "%.2f", 1234.5);
-  *to_text::print_float_type(text, s, ' ', made, 3, static_cast<unsigned>(length)) = 0;
-  CHECK_TEXT(text, "1234.50000");
-  setlocale(LC_ALL, "C");
-  strcpy(made, "+77");
+  to_text::int_fmt(formats[0], 'd', base::showpos | base::showbase | base::hex | base::uppercase);
+  to_text::int_fmt(formats[1], 'p', base::showpos | base::hex);
+  to_text::float_fmt(formats[2], 'L', s);
+  CHECK(!strcmp(formats[0], "%+#lX") && !strcmp(formats[1], "%p") && !strcmp(formats[2], "%+.*Le"));
   s.width(5);
   *to_text::print_integral_type(text, s, '_', made, 3) = 0;
   CHECK_TEXT(text, "+__77");
-  to_text::int_fmt(made, 'd', base::showpos | base::showbase | base::hex | base::uppercase);
-  to_text::int_fmt(made + 10, 'p', base::showpos | base::hex);
-  to_text::float_fmt(made + 20, 'L', s);
-  CHECK(strcmp(made, "%+#lX") == 0 && strcmp(made + 10, "%p") == 0 && strcmp(made + 20, "%+.*Le") == 0);
+  setlocale(LC_ALL, "xx_DE");
+  char price[] = "1234,50";
+  *to_text::print_float_type(text, s, ' ', price, 3, 7) = 0;
+  setlocale(LC_ALL, "C");
+  CHECK_TEXT(text, "1234.50000");
 }
 
 // ---- Values of texts
@@ -392,6 +394,7 @@ int main() {
   set_mode(usual_mode);
   if (!named_locales_setup()) return TEST_RESULT();
   named();
+  own_members();
   during = "xx_JP";  // whose point is of two bytes
   random_texts(2000);
   check_all("9007199254740993.00000000000000000001"), check_all("0." + string(400, '1'));
