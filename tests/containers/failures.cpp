@@ -103,6 +103,26 @@ template <class S> static void all_changes() {
           }
 }
 
+// Bits that cannot be read: the reader fails as copies do.
+struct reader : input_archetype<int> {
+  reader(const int *at, const int **reached) : input_archetype<int>(at, reached) {}
+  int operator*() const { return tracked::may_fail(tracked::copies_to_fail), input_archetype<int>::operator*(); }
+};
+struct bits {
+  int p;
+  std::vector<bool> v;
+  const char *name() const { return "bits"; }
+  void make() { v.assign(40, true); }
+  void run(long *armed, long n) {
+    const int from[9] = {0}, *reached = from;
+    *armed = n;
+    v.insert(v.begin() + p, reader(from, &reached), reader(from + 9, 0));
+  }
+  bool good(bool failed) {
+    return valid(v) && (failed ? v == std::vector<bool>(40, true) : v.size() == 49 && !v[p + 8]);
+  }
+};
+
 // Whichever comparison fails, every element is in one of the lists afterwards.
 static bool greater(const tracked &a, const tracked &b) { return b < a; }
 struct sorted {
@@ -247,6 +267,7 @@ int main() {
 #if __cplusplus >= 201103L
   all_changes<std::vector<moving> >(), all_changes<std::deque<moving> >();
 #endif
+  for (bits one = bits(); one.p <= 40; one.p += 20) CHECK(fail_each(one) >= 9);
   sorted both = sorted();
   CHECK(fail_each(both) > 300);
   both.down = true;

@@ -88,8 +88,12 @@ static void counting_allocators() {
   counts<std::vector>(), counts<std::deque>(), counts<std::list>();
   account books = {0, 0};
   {
-    const std::vector<bool, counted<bool> > bits(100, true, counted<bool>(&books));
+    std::vector<bool, counted<bool> > bits(100, true, counted<bool>(&books)), others((counted<bool>()));
     CHECK(books.is(4, 0));
+#if __cplusplus >= 201103L
+    others = std::move(bits);
+    CHECK(common.is(4, 0) && books.is(4, 0) && others.size() == 100);
+#endif
     counted_map map((counted<int>(&books)));
     for (int i = 0; i < 8; ++i) map.insert(counted_map::value_type(i / 2, "text"));
     CHECK(books.is(4 + 9, 8));
@@ -137,7 +141,7 @@ template <class T> static void growth() {
       for (unsigned int quarter = 0; quarter <= 4; quarter += 2) {
         std::vector<T> v;
         v.reserve(64);
-        v.resize(n, made_of<T>::make(1));
+        v.resize(n * 2 / 3, made_of<T>::make(1)), v.resize(n, made_of<T>::make(2));
         change(v, kind, static_cast<int>(n * quarter / 4), 9, 5);
         CHECK((v.capacity() == 64) == (v.size() <= 64));
         CHECK(sizeof(T) == 1 || kind == 8 || v.size() <= 64 || v.capacity() == 2 * n);
