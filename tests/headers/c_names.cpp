@@ -115,9 +115,7 @@ static volatile int visits;
 static void leave_a_try() {
   try {
     std::longjmp(place, visits == 1 ? 0 : 7);
-  } catch (int) {
-    CHECK(!"a handler of a frame that is gone");
-  }
+  } catch (int) { CHECK(!"a handler of a frame that is gone"); }
 }
 static void jumps() {
   const int got = setjmp(place);
@@ -126,9 +124,7 @@ static void jumps() {
   if (visits < 3) leave_a_try();
   try {
     throw 3;
-  } catch (int k) {
-    CHECK_INT(k, visits);
-  }
+  } catch (int k) { CHECK_INT(k, visits); }
 }
 
 static void say(const char *word) {
@@ -150,9 +146,7 @@ static void exits() {
   static announced late("late ");
   try {
     std::exit(3);
-  } catch (...) {
-    say("caught ");
-  }
+  } catch (...) { say("caught "); }
 }
 
 int main() {
