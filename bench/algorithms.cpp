@@ -29,24 +29,24 @@ std::vector<int> numbers(int n, unsigned limit) {
   return made;
 }
 
-const std::vector<int>& random_million() {
+const std::vector<int> &random_million() {
   static const std::vector<int> range = numbers(million, 1u << 30);
   return range;
 }
 
-const std::vector<int>& few_keys() {
+const std::vector<int> &few_keys() {
   static const std::vector<int> range = numbers(million, 100);
   return range;
 }
 
-const std::vector<int>& ordered() {
+const std::vector<int> &ordered() {
   static std::vector<int> range;
   if (range.empty())
     for (int i = 0; i < million; ++i) range.push_back(i);
   return range;
 }
 
-const std::vector<std::string>& random_words() {
+const std::vector<std::string> &random_words() {
   static std::vector<std::string> range;
   if (range.empty()) {
     range.reserve(words);
@@ -59,26 +59,26 @@ const std::vector<std::string>& random_words() {
   return range;
 }
 
-unsigned long sum_of(const std::vector<int>& range) {
+unsigned long sum_of(const std::vector<int> &range) {
   unsigned long sum = 0;
   for (unsigned i = 0; i < range.size(); i += 101) sum = sum * 31 + static_cast<unsigned long>(range[i]);
   return sum;
 }
 
-unsigned long sum_of(const std::vector<std::string>& range) {
+unsigned long sum_of(const std::vector<std::string> &range) {
   unsigned long sum = 0;
   for (unsigned i = 0; i < range.size(); i += 101) sum = sum * 31 + static_cast<unsigned char>(range[i][1]);
   return sum;
 }
 
 struct sorting {
-  template <class Range> static void run(Range& range) { std::sort(range.begin(), range.end()); }
+  template <class Range> static void run(Range &range) { std::sort(range.begin(), range.end()); }
 };
 struct stable_sorting {
-  template <class Range> static void run(Range& range) { std::stable_sort(range.begin(), range.end()); }
+  template <class Range> static void run(Range &range) { std::stable_sort(range.begin(), range.end()); }
 };
 struct sorting_downward {
-  template <class Range> static void run(Range& range) {
+  template <class Range> static void run(Range &range) {
     std::sort(range.begin(), range.end(), std::greater<typename Range::value_type>());
   }
 };
@@ -87,32 +87,34 @@ struct by_mixed_bits {
   bool operator()(int a, int b) const { return (a ^ 0x2AAAAAAA) < (b ^ 0x2AAAAAAA); }
 };
 struct sorting_by_object {
-  template <class Range> static void run(Range& range) { std::sort(range.begin(), range.end(), by_mixed_bits()); }
+  template <class Range> static void run(Range &range) { std::sort(range.begin(), range.end(), by_mixed_bits()); }
 };
 struct stable_sorting_by_object {
-  template <class Range> static void run(Range& range) { std::stable_sort(range.begin(), range.end(), by_mixed_bits()); }
+  template <class Range> static void run(Range &range) {
+    std::stable_sort(range.begin(), range.end(), by_mixed_bits());
+  }
 };
 struct selecting {
-  template <class Range> static void run(Range& range) {
+  template <class Range> static void run(Range &range) {
     std::nth_element(range.begin(), range.begin() + range.size() / 3, range.end());
     range.resize(range.size() / 3 + 1);
     range.erase(range.begin(), range.end() - 1);
   }
 };
 struct partially_sorting {
-  template <class Range> static void run(Range& range) {
+  template <class Range> static void run(Range &range) {
     std::partial_sort(range.begin(), range.begin() + 1000, range.end());
     range.resize(1000);
   }
 };
 struct uniquing {
-  template <class Range> static void run(Range& range) {
+  template <class Range> static void run(Range &range) {
     range.erase(std::unique(range.begin(), range.end()), range.end());
   }
 };
 // Two halves in order, merged back.
 struct merging {
-  static void run(std::vector<int>& range) {
+  static void run(std::vector<int> &range) {
     const std::vector<int> halves(range);
     const std::vector<int>::const_iterator middle = halves.begin() + halves.size() / 2;
     std::merge(halves.begin(), middle, middle, halves.end(), range.begin());
@@ -120,25 +122,24 @@ struct merging {
   }
 };
 struct removing {
-  template <class Range> static void run(Range& range) {
+  template <class Range> static void run(Range &range) {
     range.erase(std::remove(range.begin(), range.end(), 0), range.end());
   }
 };
 struct heaping {
-  template <class Range> static void run(Range& range) {
+  template <class Range> static void run(Range &range) {
     std::make_heap(range.begin(), range.end());
     std::sort_heap(range.begin(), range.end());
   }
 };
 struct turning {
-  template <class Range> static void run(Range& range) {
+  template <class Range> static void run(Range &range) {
     std::rotate(range.begin(), range.begin() + range.size() / 3, range.end());
     std::reverse(range.begin(), range.end());
   }
 };
 
-template <class Range, const Range& (*source)(), class Work>
-unsigned long changed(unsigned long iterations) {
+template <class Range, const Range &(*source)(), class Work> unsigned long changed(unsigned long iterations) {
   unsigned long sum = 0;
   for (unsigned long i = 0; i < iterations; ++i) {
     Range range(source());
@@ -149,16 +150,15 @@ unsigned long changed(unsigned long iterations) {
   return sum;
 }
 
-const std::vector<int>& bits() {
+const std::vector<int> &bits() {
   static const std::vector<int> range = numbers(million, 2);
   return range;
 }
 
 // Many ranges in turn: the processor would learn the branches of one that is sorted again and again.
-template <int n>
-unsigned long sort_in_turn(unsigned long iterations) {
+template <int n> unsigned long sort_in_turn(unsigned long iterations) {
   const unsigned ranges = 20000 / n;
-  const std::vector<int>& numbers = random_million();
+  const std::vector<int> &numbers = random_million();
   std::vector<int> range(n);
   unsigned long sum = 0;
   for (unsigned long i = 0; i < iterations; ++i) {
@@ -171,15 +171,14 @@ unsigned long sort_in_turn(unsigned long iterations) {
   return sum;
 }
 
-const std::vector<int>& descending() {
+const std::vector<int> &descending() {
   static std::vector<int> range;
   if (range.empty())
     for (int i = million; i != 0; --i) range.push_back(i);
   return range;
 }
 
-template <int n>
-unsigned long find_int(unsigned long iterations) {
+template <int n> unsigned long find_int(unsigned long iterations) {
   std::vector<int> range(n, 1);
   range[n - 1] = 2;
   int wanted = 2;
@@ -203,8 +202,7 @@ unsigned long find_char(unsigned long iterations) {
   return sum;
 }
 
-template <const std::vector<int>& (*source)(), int lookups>
-unsigned long lower_bounds(unsigned long iterations) {
+template <const std::vector<int> &(*source)(), int lookups> unsigned long lower_bounds(unsigned long iterations) {
   static std::vector<int> range;
   if (range.empty()) {
     range = source();
@@ -222,18 +220,18 @@ unsigned long lower_bounds(unsigned long iterations) {
   return sum;
 }
 
-const std::vector<int>& thousand() {
+const std::vector<int> &thousand() {
   static const std::vector<int> range = numbers(1000, 1u << 30);
   return range;
 }
 
-const std::deque<int>& long_deque() {
+const std::deque<int> &long_deque() {
   static const std::deque<int> range(random_million().begin(), random_million().begin() + 10000);
   return range;
 }
 
 unsigned long accumulate_deque(unsigned long iterations) {
-  const std::deque<int>& range = long_deque();
+  const std::deque<int> &range = long_deque();
   unsigned long sum = 0;
   for (unsigned long i = 0; i < iterations; ++i) {
     sum += static_cast<unsigned long>(std::accumulate(range.begin(), range.end(), 0u));
@@ -243,7 +241,7 @@ unsigned long accumulate_deque(unsigned long iterations) {
 }
 
 unsigned long copy_deque(unsigned long iterations) {
-  const std::deque<int>& range = long_deque();
+  const std::deque<int> &range = long_deque();
   std::deque<int> other(range.size() + 7);
   unsigned long sum = 0;
   for (unsigned long i = 0; i < iterations; ++i) {
@@ -255,7 +253,7 @@ unsigned long copy_deque(unsigned long iterations) {
 }
 
 unsigned long copy_deque_to_vector(unsigned long iterations) {
-  const std::deque<int>& range = long_deque();
+  const std::deque<int> &range = long_deque();
   std::vector<int> other(range.size());
   unsigned long sum = 0;
   for (unsigned long i = 0; i < iterations; ++i) {
@@ -276,7 +274,7 @@ unsigned long fill_ints(unsigned long iterations) {
 }
 
 // Two ordered halves with equal elements.
-const std::vector<int>& halves() {
+const std::vector<int> &halves() {
   static std::vector<int> range;
   if (range.empty()) {
     range = numbers(20000, 20000);

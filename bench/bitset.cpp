@@ -1,5 +1,5 @@
-// Sets of 20, 64, 128, 256 and 4,096 bits: counting, shifting, combining, testing, and to and from text. Right shifts are by
-// whole words, where plx and its peers agree on the result.
+// Sets of 20, 64, 128, 256 and 4,096 bits: counting, shifting, combining, testing, and to and from text. Right shifts
+// are by whole words, where plx and its peers agree on the result.
 #include <bitset>
 #include <string>
 

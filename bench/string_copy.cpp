@@ -6,8 +6,7 @@
 
 namespace {
 
-template <int length>
-unsigned long copy(unsigned long iterations) {
+template <int length> unsigned long copy(unsigned long iterations) {
   std::string source(length, 'x');
   unsigned long sum = 0;
   for (unsigned long i = 0; i < iterations; ++i) {
@@ -18,8 +17,7 @@ unsigned long copy(unsigned long iterations) {
   return sum;
 }
 
-template <int length>
-unsigned long assign(unsigned long iterations) {
+template <int length> unsigned long assign(unsigned long iterations) {
   std::string sources[2] = {std::string(length, 'x'), std::string(length, 'y')};
   std::string target;
   unsigned long sum = 0;
@@ -36,22 +34,20 @@ BENCH_NOINLINE unsigned long take(std::string argument) {
   return argument.size();
 }
 
-template <int length>
-unsigned long pass(unsigned long iterations) {
+template <int length> unsigned long pass(unsigned long iterations) {
   std::string source(length, 'x');
   unsigned long sum = 0;
   for (unsigned long i = 0; i < iterations; ++i) sum += take(source);
   return sum;
 }
 
-template <int length>
-unsigned long construct(unsigned long iterations) {
+template <int length> unsigned long construct(unsigned long iterations) {
   char text[length + 1];
   memset(text, 'x', length);
   text[length] = 0;
   unsigned long sum = 0;
   for (unsigned long i = 0; i < iterations; ++i) {
-    const char* source = text;
+    const char *source = text;
     BENCH_OPAQUE(source);
     std::string made(source);
     BENCH_TOUCH(&made);

@@ -6,8 +6,7 @@
 
 namespace {
 
-template <int length, int part>
-unsigned long substring(unsigned long iterations) {
+template <int length, int part> unsigned long substring(unsigned long iterations) {
   const std::string text(length, 'x');
   unsigned long sum = 0;
   for (unsigned long i = 0; i < iterations; ++i) {
@@ -18,8 +17,7 @@ unsigned long substring(unsigned long iterations) {
   return sum;
 }
 
-template <int length>
-unsigned long insert_and_erase(unsigned long iterations) {
+template <int length> unsigned long insert_and_erase(unsigned long iterations) {
   std::string text(length, 'x');
   unsigned long sum = 0;
   for (unsigned long i = 0; i < iterations; ++i) {
@@ -53,7 +51,7 @@ unsigned long erase_only(unsigned long iterations) {
   return sum;
 }
 
-unsigned long concatenate(const std::string& a, const std::string& b, const std::string& c, unsigned long iterations) {
+unsigned long concatenate(const std::string &a, const std::string &b, const std::string &c, unsigned long iterations) {
   unsigned long sum = 0;
   for (unsigned long i = 0; i < iterations; ++i) {
     std::string joined(a + b + c);
@@ -63,9 +61,7 @@ unsigned long concatenate(const std::string& a, const std::string& b, const std:
   return sum;
 }
 
-unsigned long concatenate_short(unsigned long iterations) {
-  return concatenate("ab", "cd", "ef", iterations);
-}
+unsigned long concatenate_short(unsigned long iterations) { return concatenate("ab", "cd", "ef", iterations); }
 
 unsigned long concatenate_lines(unsigned long iterations) {
   return concatenate(std::string(30, 'a'), std::string(30, 'b'), std::string(30, 'c'), iterations);
@@ -82,17 +78,17 @@ unsigned long concatenate_path(unsigned long iterations) {
   return sum;
 }
 
-BENCH_NOINLINE unsigned long sum_of(const std::string& text) {
+BENCH_NOINLINE unsigned long sum_of(const std::string &text) {
   unsigned long sum = 0;
   for (std::string::size_type i = 0; i < text.size(); ++i) sum += text[i];
   return sum;
 }
 
-BENCH_NOINLINE void next_letters(std::string& text) {
+BENCH_NOINLINE void next_letters(std::string &text) {
   for (std::string::size_type i = 0; i < text.size(); ++i) text[i] = static_cast<char>(text[i] ^ 1);
 }
 
-BENCH_NOINLINE void next_letters_by_iterator(std::string& text) {
+BENCH_NOINLINE void next_letters_by_iterator(std::string &text) {
   for (std::string::iterator at = text.begin(); at != text.end(); ++at) *at = static_cast<char>(*at ^ 1);
 }
 
@@ -125,8 +121,8 @@ unsigned long iterate_for_writing(unsigned long iterations) {
 }
 
 const bench_case cases[] = {
-    {"substr, 8 of 100 characters", 0.8, 1, substring<100, 8> },
-    {"substr, 80 of 100 characters", 1, 1, substring<100, 80> },
+    {"substr, 8 of 100 characters", 0.8, 1, substring<100, 8>},
+    {"substr, 80 of 100 characters", 1, 1, substring<100, 80>},
     {"insert and erase in the middle of 100", 1, 2, insert_and_erase<100>},
     {"insert and erase in the middle of 1,024", 1, 2, insert_and_erase<1024>},
     {"replace 8 of 100 by as many", 1, 1, replace_part},

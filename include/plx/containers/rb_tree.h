@@ -53,13 +53,15 @@ public:
     if (this == __zor::_address_of(_other)) return *this;
     clear();
     _functions_.compare = _other._functions_.compare;
-    if (__zor::_share_memory<_value_allocator>(_functions_, _other._functions_)) {
-      _swap_nodes(_other);
-    } else {
-      for (iterator _each = _other.begin(); _each != _other.end(); ++_each)
-        _insert_equal(end(), static_cast<_Value &&>(*_each));
-    }
+    _take_nodes(_other, typename _truth<_is_standard_allocator<_value_allocator>::value>::_type());
     return *this;
+  }
+  // Elements are only moved, which a constant key may not allow, where memory might not be shared.
+  void _take_nodes(_rb_tree &_other, _yes) noexcept { _swap_nodes(_other); }
+  void _take_nodes(_rb_tree &_other, _no) {
+    if (__zor::_share_memory<_value_allocator>(_functions_, _other._functions_)) return _swap_nodes(_other);
+    for (iterator _each = _other.begin(); _each != _other.end(); ++_each)
+      _insert_equal(end(), static_cast<_Value &&>(*_each));
   }
 #endif
 
@@ -119,8 +121,7 @@ public:
 
   // Apart from the search, which then needs no cleanup.
 #if __cplusplus >= 201103L
-  template <class _Kt>
-  PLX_NOINLINE _typed_node *_add_default(_Kt &&_wanted, const _order &_key, const _place &_to) {
+  template <class _Kt> PLX_NOINLINE _typed_node *_add_default(_Kt &&_wanted, const _order &_key, const _place &_to) {
     _typed_node *const _n = _make_node(_second_by_default(), static_cast<_Kt &&>(_wanted));
     _put(_n, _key, _to);
     return _n;
