@@ -40,9 +40,9 @@ static int between(int least, int most) {
 
 // What programs print, and what is hard to print and to read.
 static double random_double() {
-  static const double special[] = {0.0,  -0.0,   1,       10,      99999.95, 999999.5,  9.5e17,
-                                   9e18, 9.2e18, DBL_MIN, DBL_MAX, HUGE_VAL, -HUGE_VAL, HUGE_VAL - HUGE_VAL,
-                                   1e-4, 5e-324};
+  static const double special[] = {0.0,    -0.0,    1,       10,      99999.95, 999999.5,  9.5e17,
+                                   9.2e18, 9.25e18, DBL_MIN, DBL_MAX, HUGE_VAL, -HUGE_VAL, HUGE_VAL - HUGE_VAL,
+                                   1e-4,   5e-324};
   const double bits53 = static_cast<double>(random_bits() >> 11);
   char number[64];
   switch (random_below(11)) {
