@@ -29,24 +29,24 @@ std::vector<int> numbers(int n, unsigned limit) {
   return made;
 }
 
-const std::vector<int>& random_million() {
+const std::vector<int> &random_million() {
   static const std::vector<int> range = numbers(million, 1u << 30);
   return range;
 }
 
-const std::vector<int>& few_keys() {
+const std::vector<int> &few_keys() {
   static const std::vector<int> range = numbers(million, 100);
   return range;
 }
 
-const std::vector<int>& ordered() {
+const std::vector<int> &ordered() {
   static std::vector<int> range;
   if (range.empty())
     for (int i = 0; i < million; ++i) range.push_back(i);
   return range;
 }
 
-const std::vector<std::string>& random_words() {
+const std::vector<std::string> &random_words() {
   static std::vector<std::string> range;
   if (range.empty()) {
     range.reserve(words);
@@ -59,26 +59,26 @@ const std::vector<std::string>& random_words() {
   return range;
 }
 
-unsigned long sum_of(const std::vector<int>& range) {
+unsigned long sum_of(const std::vector<int> &range) {
   unsigned long sum = 0;
   for (unsigned i = 0; i < range.size(); i += 101) sum = sum * 31 + static_cast<unsigned long>(range[i]);
   return sum;
 }
 
-unsigned long sum_of(const std::vector<std::string>& range) {
+unsigned long sum_of(const std::vector<std::string> &range) {
   unsigned long sum = 0;
   for (unsigned i = 0; i < range.size(); i += 101) sum = sum * 31 + static_cast<unsigned char>(range[i][1]);
   return sum;
 }
 
 struct sorting {
-  template <class Range> static void run(Range& range) { std::sort(range.begin(), range.end()); }
+  template <class Range> static void run(Range &range) { std::sort(range.begin(), range.end()); }
 };
 struct stable_sorting {
-  template <class Range> static void run(Range& range) { std::stable_sort(range.begin(), range.end()); }
+  template <class Range> static void run(Range &range) { std::stable_sort(range.begin(), range.end()); }
 };
 struct sorting_downward {
-  template <class Range> static void run(Range& range) {
+  template <class Range> static void run(Range &range) {
     std::sort(range.begin(), range.end(), std::greater<typename Range::value_type>());
   }
 };
@@ -87,49 +87,59 @@ struct by_mixed_bits {
   bool operator()(int a, int b) const { return (a ^ 0x2AAAAAAA) < (b ^ 0x2AAAAAAA); }
 };
 struct sorting_by_object {
-  template <class Range> static void run(Range& range) { std::sort(range.begin(), range.end(), by_mixed_bits()); }
+  template <class Range> static void run(Range &range) { std::sort(range.begin(), range.end(), by_mixed_bits()); }
 };
 struct stable_sorting_by_object {
-  template <class Range> static void run(Range& range) { std::stable_sort(range.begin(), range.end(), by_mixed_bits()); }
+  template <class Range> static void run(Range &range) {
+    std::stable_sort(range.begin(), range.end(), by_mixed_bits());
+  }
 };
 struct selecting {
-  template <class Range> static void run(Range& range) {
+  template <class Range> static void run(Range &range) {
     std::nth_element(range.begin(), range.begin() + range.size() / 3, range.end());
     range.resize(range.size() / 3 + 1);
     range.erase(range.begin(), range.end() - 1);
   }
 };
 struct partially_sorting {
-  template <class Range> static void run(Range& range) {
+  template <class Range> static void run(Range &range) {
     std::partial_sort(range.begin(), range.begin() + 1000, range.end());
     range.resize(1000);
   }
 };
 struct uniquing {
-  template <class Range> static void run(Range& range) {
+  template <class Range> static void run(Range &range) {
     range.erase(std::unique(range.begin(), range.end()), range.end());
   }
 };
+// Two halves in order, merged back.
+struct merging {
+  static void run(std::vector<int> &range) {
+    const std::vector<int> halves(range);
+    const std::vector<int>::const_iterator middle = halves.begin() + halves.size() / 2;
+    std::merge(halves.begin(), middle, middle, halves.end(), range.begin());
+    uniquing::run(range);
+  }
+};
 struct removing {
-  template <class Range> static void run(Range& range) {
+  template <class Range> static void run(Range &range) {
     range.erase(std::remove(range.begin(), range.end(), 0), range.end());
   }
 };
 struct heaping {
-  template <class Range> static void run(Range& range) {
+  template <class Range> static void run(Range &range) {
     std::make_heap(range.begin(), range.end());
     std::sort_heap(range.begin(), range.end());
   }
 };
 struct turning {
-  template <class Range> static void run(Range& range) {
+  template <class Range> static void run(Range &range) {
     std::rotate(range.begin(), range.begin() + range.size() / 3, range.end());
     std::reverse(range.begin(), range.end());
   }
 };
 
-template <class Range, const Range& (*source)(), class Work>
-unsigned long changed(unsigned long iterations) {
+template <class Range, const Range &(*source)(), class Work> unsigned long changed(unsigned long iterations) {
   unsigned long sum = 0;
   for (unsigned long i = 0; i < iterations; ++i) {
     Range range(source());
@@ -140,18 +150,35 @@ unsigned long changed(unsigned long iterations) {
   return sum;
 }
 
-const std::vector<int>& bits() {
+const std::vector<int> &bits() {
   static const std::vector<int> range = numbers(million, 2);
   return range;
 }
 
-const std::vector<int>& short_range() {
-  static const std::vector<int> range = numbers(20, 1u << 30);
+// Many ranges in turn: the processor would learn the branches of one that is sorted again and again.
+template <int n> unsigned long sort_in_turn(unsigned long iterations) {
+  const unsigned ranges = 20000 / n;
+  const std::vector<int> &numbers = random_million();
+  std::vector<int> range(n);
+  unsigned long sum = 0;
+  for (unsigned long i = 0; i < iterations; ++i) {
+    const std::vector<int>::const_iterator from = numbers.begin() + i % ranges * n;
+    std::copy(from, from + n, range.begin());
+    std::sort(range.begin(), range.end());
+    BENCH_TOUCH(&range[0]);
+    sum += static_cast<unsigned long>(range[n / 2]);
+  }
+  return sum;
+}
+
+const std::vector<int> &descending() {
+  static std::vector<int> range;
+  if (range.empty())
+    for (int i = million; i != 0; --i) range.push_back(i);
   return range;
 }
 
-template <int n>
-unsigned long find_int(unsigned long iterations) {
+template <int n> unsigned long find_int(unsigned long iterations) {
   std::vector<int> range(n, 1);
   range[n - 1] = 2;
   int wanted = 2;
@@ -175,8 +202,7 @@ unsigned long find_char(unsigned long iterations) {
   return sum;
 }
 
-template <const std::vector<int>& (*source)(), int lookups>
-unsigned long lower_bounds(unsigned long iterations) {
+template <const std::vector<int> &(*source)(), int lookups> unsigned long lower_bounds(unsigned long iterations) {
   static std::vector<int> range;
   if (range.empty()) {
     range = source();
@@ -194,18 +220,18 @@ unsigned long lower_bounds(unsigned long iterations) {
   return sum;
 }
 
-const std::vector<int>& thousand() {
+const std::vector<int> &thousand() {
   static const std::vector<int> range = numbers(1000, 1u << 30);
   return range;
 }
 
-const std::deque<int>& long_deque() {
+const std::deque<int> &long_deque() {
   static const std::deque<int> range(random_million().begin(), random_million().begin() + 10000);
   return range;
 }
 
 unsigned long accumulate_deque(unsigned long iterations) {
-  const std::deque<int>& range = long_deque();
+  const std::deque<int> &range = long_deque();
   unsigned long sum = 0;
   for (unsigned long i = 0; i < iterations; ++i) {
     sum += static_cast<unsigned long>(std::accumulate(range.begin(), range.end(), 0u));
@@ -215,7 +241,7 @@ unsigned long accumulate_deque(unsigned long iterations) {
 }
 
 unsigned long copy_deque(unsigned long iterations) {
-  const std::deque<int>& range = long_deque();
+  const std::deque<int> &range = long_deque();
   std::deque<int> other(range.size() + 7);
   unsigned long sum = 0;
   for (unsigned long i = 0; i < iterations; ++i) {
@@ -227,7 +253,7 @@ unsigned long copy_deque(unsigned long iterations) {
 }
 
 unsigned long copy_deque_to_vector(unsigned long iterations) {
-  const std::deque<int>& range = long_deque();
+  const std::deque<int> &range = long_deque();
   std::vector<int> other(range.size());
   unsigned long sum = 0;
   for (unsigned long i = 0; i < iterations; ++i) {
@@ -247,6 +273,17 @@ unsigned long fill_ints(unsigned long iterations) {
   return static_cast<unsigned long>(range[99]);
 }
 
+// Two ordered halves with equal elements.
+const std::vector<int> &halves() {
+  static std::vector<int> range;
+  if (range.empty()) {
+    range = numbers(20000, 20000);
+    std::sort(range.begin(), range.begin() + 10000);
+    std::sort(range.begin() + 10000, range.end());
+  }
+  return range;
+}
+
 typedef std::vector<int> ints;
 typedef std::vector<std::string> strings;
 
@@ -256,7 +293,10 @@ const bench_case cases[] = {
     {"sort 1 M ints of 100 values", 1.3, million, changed<ints, few_keys, sorting>},
     {"sort 1 M ordered ints", 1.3, million, changed<ints, ordered, sorting>},
     {"sort 1 M ints by an object", 1, million, changed<ints, random_million, sorting_by_object>},
-    {"sort 20 ints", 1, 20, changed<ints, short_range, sorting>},
+    {"sort 1 M descending ints", 1.3, million, changed<ints, descending, sorting>},
+    {"sort 1000 ints", 1.1, 1000, sort_in_turn<1000>},
+    {"sort 1000 ints, the same each time", 1, 1000, changed<ints, thousand, sorting>},
+    {"sort 20 ints", 1.1, 20, sort_in_turn<20>},
     {"sort 100 k strings", 1.3, words, changed<strings, random_words, sorting>},
     {"stable_sort 1 M ints", 1.3, million, changed<ints, random_million, stable_sorting>},
     {"stable_sort 1 M ints by an object", 1, million, changed<ints, random_million, stable_sorting_by_object>},
@@ -265,6 +305,7 @@ const bench_case cases[] = {
     {"partial_sort 1000 of 1 M ints", 1, million, changed<ints, random_million, partially_sorting>},
     {"heap of 1 M ints, made and sorted", 1, million, changed<ints, random_million, heaping>},
     {"unique of 1 M bits", 1.3, million, changed<ints, bits, uniquing>},
+    {"merge and unique of 20 k ints", 1, 20000, changed<ints, halves, merging>},
     {"remove from 1 M bits", 1.3, million, changed<ints, bits, removing>},
     {"rotate and reverse 1 M ints", 1, million, changed<ints, random_million, turning>},
     {"find among 10 ints", 1, 10, find_int<10>},

@@ -10,7 +10,7 @@ namespace {
 
 const int count = 100000;
 
-unsigned int next_random(unsigned int& state) {
+unsigned int next_random(unsigned int &state) {
   state ^= state << 13;
   state ^= state >> 17;
   state ^= state << 5;
@@ -30,19 +30,19 @@ struct key_list {
   }
 };
 
-const int* random_keys() {
+const int *random_keys() {
   static const key_list list;
   return list.keys;
 }
 
 typedef std::map<int, int> int_map;
 
-void fill(int_map& to) {
-  const int* keys = random_keys();
+void fill(int_map &to) {
+  const int *keys = random_keys();
   for (int i = 0; i < count; ++i) to.insert(int_map::value_type(keys[i], i));
 }
 
-const int_map& filled() {
+const int_map &filled() {
   static int_map all;
   if (all.empty()) fill(all);
   return all;
@@ -79,16 +79,16 @@ unsigned long map_insert_at_end(unsigned long iterations) {
 }
 
 unsigned long map_index(unsigned long iterations) {
-  int_map& all = const_cast<int_map&>(filled());
-  const int* keys = random_keys();
+  int_map &all = const_cast<int_map &>(filled());
+  const int *keys = random_keys();
   for (unsigned long i = 0; i < iterations; ++i)
     for (int k = 0; k < count; ++k) all[keys[k]] = k;
   return all.begin()->second;
 }
 
 unsigned long map_find(unsigned long iterations) {
-  const int_map& all = filled();
-  const int* keys = random_keys();
+  const int_map &all = filled();
+  const int *keys = random_keys();
   unsigned long sum = 0;
   for (unsigned long i = 0; i < iterations; ++i)
     for (int k = 0; k < count; ++k) sum += all.find(keys[count - 1 - k])->second;
@@ -96,8 +96,8 @@ unsigned long map_find(unsigned long iterations) {
 }
 
 unsigned long map_find_absent(unsigned long iterations) {
-  const int_map& all = filled();
-  const int* keys = random_keys();
+  const int_map &all = filled();
+  const int *keys = random_keys();
   unsigned long sum = 0;
   for (unsigned long i = 0; i < iterations; ++i)
     for (int k = 0; k < count; ++k) sum += all.find(keys[k] + 1) == all.end();
@@ -105,7 +105,7 @@ unsigned long map_find_absent(unsigned long iterations) {
 }
 
 unsigned long map_find_ascending(unsigned long iterations) {
-  const int_map& all = filled();
+  const int_map &all = filled();
   unsigned long sum = 0;
   for (unsigned long i = 0; i < iterations; ++i)
     for (int k = 0; k < count; ++k) sum += all.find(3 * k)->second;
@@ -113,8 +113,8 @@ unsigned long map_find_ascending(unsigned long iterations) {
 }
 
 unsigned long map_lower_bound(unsigned long iterations) {
-  const int_map& all = filled();
-  const int* keys = random_keys();
+  const int_map &all = filled();
+  const int *keys = random_keys();
   unsigned long sum = 0;
   for (unsigned long i = 0; i < iterations; ++i)
     for (int k = 0; k < count; ++k) sum += all.lower_bound(keys[k] - 1)->second;
@@ -122,7 +122,7 @@ unsigned long map_lower_bound(unsigned long iterations) {
 }
 
 unsigned long map_iterate(unsigned long iterations) {
-  const int_map& all = filled();
+  const int_map &all = filled();
   unsigned long sum = 0;
   for (unsigned long i = 0; i < iterations; ++i)
     for (int_map::const_iterator at = all.begin(); at != all.end(); ++at) sum += at->first ^ at->second;
@@ -130,7 +130,7 @@ unsigned long map_iterate(unsigned long iterations) {
 }
 
 unsigned long map_insert_and_erase(unsigned long iterations) {
-  const int* keys = random_keys();
+  const int *keys = random_keys();
   unsigned long sum = 0;
   for (unsigned long i = 0; i < iterations; ++i) {
     int_map made;
@@ -143,7 +143,7 @@ unsigned long map_insert_and_erase(unsigned long iterations) {
 // Erasure where the tree stays as large as it is.
 unsigned long map_replace(unsigned long iterations) {
   static int_map all(filled());
-  const int* keys = random_keys();
+  const int *keys = random_keys();
   unsigned long sum = 0;
   for (unsigned long i = 0; i < iterations; ++i) {
     const int added = i & 1 ? 0 : 1;
@@ -191,13 +191,13 @@ struct word_list {
   }
 };
 
-const word_list& words() {
+const word_list &words() {
   static const word_list list;
   return list;
 }
 
 unsigned long word_count(unsigned long iterations) {
-  const word_list& list = words();
+  const word_list &list = words();
   unsigned long sum = 0;
   for (unsigned long i = 0; i < iterations; ++i) {
     std::map<std::string, int> counts;
@@ -210,7 +210,7 @@ unsigned long word_count(unsigned long iterations) {
 // Keys with a long common beginning, as paths have.
 unsigned long path_count(unsigned long iterations) {
   static std::string paths[20000];
-  const word_list& list = words();
+  const word_list &list = words();
   if (paths[0].empty())
     for (int k = 0; k < 20000; ++k) paths[k] = "/usr/share/doc/" + list.words[k];
   unsigned long sum = 0;
@@ -223,7 +223,7 @@ unsigned long path_count(unsigned long iterations) {
 }
 
 unsigned long small_sets(unsigned long iterations) {
-  const int* keys = random_keys();
+  const int *keys = random_keys();
   unsigned long sum = 0;
   for (unsigned long i = 0; i < iterations; ++i) {
     std::set<int> few;
@@ -234,7 +234,7 @@ unsigned long small_sets(unsigned long iterations) {
 }
 
 unsigned long multiset_insert(unsigned long iterations) {
-  const int* keys = random_keys();
+  const int *keys = random_keys();
   unsigned long sum = 0;
   for (unsigned long i = 0; i < iterations; ++i) {
     std::multiset<int> made;

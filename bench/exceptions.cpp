@@ -35,8 +35,7 @@ unsigned long same_function(unsigned long iterations) {
   return sum;
 }
 
-template <int depth>
-struct frames {
+template <int depth> struct frames {
   static BENCH_NOINLINE void descend(int value) {
     guard local;
     BENCH_TOUCH(&local);
@@ -44,26 +43,22 @@ struct frames {
   }
 };
 
-template <>
-struct frames<0> {
+template <> struct frames<0> {
   static void descend(int value) { throw_if(value); }
 };
 
-template <int depth>
-struct plain_frames {
+template <int depth> struct plain_frames {
   static BENCH_NOINLINE void descend(int value) {
     plain_frames<depth - 1>::descend(value);
     BENCH_TOUCH(&value);
   }
 };
 
-template <>
-struct plain_frames<0> {
+template <> struct plain_frames<0> {
   static void descend(int value) { throw_if(value); }
 };
 
-template <class chain>
-unsigned long through(unsigned long iterations) {
+template <class chain> unsigned long through(unsigned long iterations) {
   unsigned long sum = 0;
   destroyed = 0;
   for (unsigned long i = 1; i <= iterations; ++i) {
@@ -98,13 +93,16 @@ unsigned long out_of_recursion(unsigned long iterations) {
 }
 
 // A hundred functions with a hundred calls each, all with something to clean up: ten thousand return addresses.
-#define PLACE(n) \
-  case n: throw_if(n + 1); BENCH_TOUCH(&local); break;
+#define PLACE(n)         \
+  case n:                \
+    throw_if(n + 1);     \
+    BENCH_TOUCH(&local); \
+    break;
 #define PLACES(n) \
-  PLACE(n) PLACE(n + 1) PLACE(n + 2) PLACE(n + 3) PLACE(n + 4) PLACE(n + 5) PLACE(n + 6) PLACE(n + 7) PLACE(n + 8) PLACE(n + 9)
+  PLACE(n)        \
+  PLACE(n + 1) PLACE(n + 2) PLACE(n + 3) PLACE(n + 4) PLACE(n + 5) PLACE(n + 6) PLACE(n + 7) PLACE(n + 8) PLACE(n + 9)
 
-template <int number>
-BENCH_NOINLINE void hundred_places(int place) {
+template <int number> BENCH_NOINLINE void hundred_places(int place) {
   guard local;
   BENCH_TOUCH(&local);
   switch (place) {
@@ -114,16 +112,14 @@ BENCH_NOINLINE void hundred_places(int place) {
 
 void (*places[100])(int);
 
-template <int number>
-struct all_places {
+template <int number> struct all_places {
   static void note() {
     places[number - 1] = hundred_places<number - 1>;
     all_places<number - 1>::note();
   }
 };
 
-template <>
-struct all_places<0> {
+template <> struct all_places<0> {
   static void note() {}
 };
 
@@ -150,7 +146,7 @@ unsigned long from_the_library(unsigned long iterations) {
   for (unsigned long i = 0; i < iterations; ++i) {
     try {
       sum += text.at(10 + i);
-    } catch (const std::out_of_range&) {
+    } catch (const std::out_of_range &) {
       ++sum;
     }
   }
@@ -185,13 +181,11 @@ struct root {
   virtual ~root() {}
 };
 
-template <int level>
-struct derived : derived<level - 1> {
+template <int level> struct derived : derived<level - 1> {
   explicit derived(int v) : derived<level - 1>(v) {}
 };
 
-template <>
-struct derived<0> : root {
+template <> struct derived<0> : root {
   explicit derived(int v) : root(v) {}
 };
 
@@ -205,7 +199,7 @@ unsigned long catch_by_base(unsigned long iterations) {
   for (unsigned long i = 1; i <= iterations; ++i) {
     try {
       throw_derived(static_cast<int>(i));
-    } catch (const root& caught) {
+    } catch (const root &caught) {
       sum += caught.value;
     }
   }

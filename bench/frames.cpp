@@ -38,8 +38,7 @@ BENCH_NOINLINE unsigned long with_try(unsigned long value) {
   }
 }
 
-template <unsigned long (*function)(unsigned long)>
-static unsigned long call(unsigned long iterations) {
+template <unsigned long (*function)(unsigned long)> static unsigned long call(unsigned long iterations) {
   unsigned long sum = 0;
   destroyed = 0;
   for (unsigned long i = 0; i < iterations; ++i) sum += function(i);

@@ -29,26 +29,26 @@ static BENCH_NOINLINE void throw_if(int value) {
 }
 
 /* { guard local; next(value); } */
-#define OWNING_FRAME(name, callee)                      \
-  static BENCH_NOINLINE void name(int value) {          \
-    an_eh_stack_entry entry;                            \
-    void *addresses[1];                                 \
-    char guard;                                         \
-    entry.next = __curr_eh_stack_entry;                 \
-    entry.kind = PLX_EH_FUNCTION;                       \
-    entry.body.function.region_table = guard_regions;   \
-    entry.body.function.object_addresses = addresses;   \
-    entry.body.function.array_table = 0;                \
+#define OWNING_FRAME(name, callee)                       \
+  static BENCH_NOINLINE void name(int value) {           \
+    an_eh_stack_entry entry;                             \
+    void *addresses[1];                                  \
+    char guard;                                          \
+    entry.next = __curr_eh_stack_entry;                  \
+    entry.kind = PLX_EH_FUNCTION;                        \
+    entry.body.function.region_table = guard_regions;    \
+    entry.body.function.object_addresses = addresses;    \
+    entry.body.function.array_table = 0;                 \
     entry.body.function.saved_region = __eh_curr_region; \
-    __eh_curr_region = PLX_NO_REGION;                   \
-    __curr_eh_stack_entry = &entry;                     \
-    addresses[0] = &guard;                              \
-    __eh_curr_region = 0;                               \
-    callee(value);                                      \
-    __eh_curr_region = PLX_NO_REGION;                   \
-    destroy_guard(&guard, 2);                           \
+    __eh_curr_region = PLX_NO_REGION;                    \
+    __curr_eh_stack_entry = &entry;                      \
+    addresses[0] = &guard;                               \
+    __eh_curr_region = 0;                                \
+    callee(value);                                       \
+    __eh_curr_region = PLX_NO_REGION;                    \
+    destroy_guard(&guard, 2);                            \
     __eh_curr_region = entry.body.function.saved_region; \
-    __curr_eh_stack_entry = entry.next;                 \
+    __curr_eh_stack_entry = entry.next;                  \
   }
 
 OWNING_FRAME(frame_1, throw_if)
@@ -76,30 +76,30 @@ OWNING_FRAME(frame_20, frame_19)
  *
  * _setjmp, because the setjmp of <setjmp.h> also notes the eh stack in the buffer for a longjmp of the program's own;
  * the runtime, which jumps here, has no use for it. */
-#define TRY_LOOP(name, body_statement)                                  \
-  static unsigned long name(unsigned long iterations) {                 \
-    volatile unsigned long sum = 0;                                     \
-    volatile unsigned long i;                                           \
-    destroyed = 0;                                                      \
-    for (i = 1; i <= iterations; ++i) {                                 \
-      an_eh_stack_entry entry;                                          \
-      entry.next = __curr_eh_stack_entry;                               \
-      entry.kind = PLX_EH_TRY_BLOCK;                                    \
-      entry.body.try_block.clause_list = int_clause;                    \
-      entry.body.try_block.handled_exception = 0;                       \
-      entry.body.try_block.try_region = __eh_curr_region;               \
-      __curr_eh_stack_entry = &entry;                                   \
-      if (_setjmp(entry.body.try_block.jump_buffer) == 0) {             \
-        body_statement                                                  \
-      } else {                                                          \
-        int value = *(int *)__caught_object_address;                    \
-        __exception_caught();                                           \
-        sum += value;                                                   \
-        __free_thrown_object();                                         \
-      }                                                                 \
-      __curr_eh_stack_entry = entry.next;                               \
-    }                                                                   \
-    return sum + destroyed;                                             \
+#define TRY_LOOP(name, body_statement)                      \
+  static unsigned long name(unsigned long iterations) {     \
+    volatile unsigned long sum = 0;                         \
+    volatile unsigned long i;                               \
+    destroyed = 0;                                          \
+    for (i = 1; i <= iterations; ++i) {                     \
+      an_eh_stack_entry entry;                              \
+      entry.next = __curr_eh_stack_entry;                   \
+      entry.kind = PLX_EH_TRY_BLOCK;                        \
+      entry.body.try_block.clause_list = int_clause;        \
+      entry.body.try_block.handled_exception = 0;           \
+      entry.body.try_block.try_region = __eh_curr_region;   \
+      __curr_eh_stack_entry = &entry;                       \
+      if (_setjmp(entry.body.try_block.jump_buffer) == 0) { \
+        body_statement                                      \
+      } else {                                              \
+        int value = *(int *)__caught_object_address;        \
+        __exception_caught();                               \
+        sum += value;                                       \
+        __free_thrown_object();                             \
+      }                                                     \
+      __curr_eh_stack_entry = entry.next;                   \
+    }                                                       \
+    return sum + destroyed;                                 \
   }
 
 TRY_LOOP(same_function, {

@@ -22,16 +22,14 @@ BENCH_NOINLINE void throw_if(int value) {
   BENCH_TOUCH(&value);
 }
 
-template <int depth>
-struct frames {
+template <int depth> struct frames {
   static BENCH_NOINLINE void descend(int value) {
     guard local;
     frames<depth - 1>::descend(value);
   }
 };
 
-template <>
-struct frames<0> {
+template <> struct frames<0> {
   static void descend(int value) { throw_if(value); }
 };
 
@@ -43,13 +41,11 @@ struct throw_nothing {
   static void run(int) { throw_if(0); }
 };
 
-template <int depth>
-struct throw_below {
+template <int depth> struct throw_below {
   static void run(int value) { frames<depth>::descend(value); }
 };
 
-template <class work>
-unsigned long try_loop(unsigned long iterations) {
+template <class work> unsigned long try_loop(unsigned long iterations) {
   unsigned long sum = 0;
   destroyed = 0;
   for (unsigned long i = 1; i <= iterations; ++i) {

@@ -1,5 +1,5 @@
-// Sequences: vectors that grow by push_back, insertion and erasure in the middle, copies; list push and pop, sorting and
-// merging; deque at both ends, as a queue, at random places; vector<bool>; a priority queue.
+// Sequences: vectors that grow by push_back, insertion and erasure in the middle, copies; list push and pop, sorting
+// and merging; deque at both ends, as a queue, at random places; vector<bool>; a priority queue.
 #include <deque>
 #include <list>
 #include <queue>

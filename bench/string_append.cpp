@@ -1,6 +1,6 @@
 // Strings that grow: by single characters up to 64 KB and up to 1 MB, and by blocks up to 1 MB. Times are per character
-// and per block; appending is linear when the first two agree. Each iteration grows strings to four lengths, spread over
-// the last doubling, because a single one would tell only whether a library happened to grow just before it.
+// and per block; appending is linear when the first two agree. Each iteration grows strings to four lengths, spread
+// over the last doubling, because a single one would tell only whether a library happened to grow just before it.
 #include <string>
 
 #include "bench.h"
@@ -10,8 +10,7 @@ namespace {
 // The four lengths, as parts of the longest in 64ths; 201 in all.
 const unsigned long parts[] = {38, 45, 54, 64};
 
-template <unsigned long longest>
-unsigned long characters(unsigned long iterations) {
+template <unsigned long longest> unsigned long characters(unsigned long iterations) {
   unsigned long sum = 0;
   for (unsigned long i = 0; i < iterations; ++i) {
     for (int part = 0; part < 4; ++part) {
@@ -25,8 +24,7 @@ unsigned long characters(unsigned long iterations) {
   return sum;
 }
 
-template <unsigned long block, unsigned long most>
-unsigned long blocks(unsigned long iterations) {
+template <unsigned long block, unsigned long most> unsigned long blocks(unsigned long iterations) {
   char source[block];
   memset(source, 'x', block);
   unsigned long sum = 0;
@@ -57,8 +55,8 @@ unsigned long short_strings(unsigned long iterations) {
 const bench_case cases[] = {
     {"append of a character, up to 64 KB", 1, 65536 / 64 * 201, characters<65536>},
     {"append of a character, up to 1 MB", 1, 1048576 / 64 * 201, characters<1048576>},
-    {"append of 64 characters, up to 1 MB", 1, 16384 / 64 * 201, blocks<64, 16384> },
-    {"append of 4 KB, up to 1 MB", 1, 256 / 64 * 201, blocks<4096, 256> },
+    {"append of 64 characters, up to 1 MB", 1, 16384 / 64 * 201, blocks<64, 16384>},
+    {"append of 4 KB, up to 1 MB", 1, 256 / 64 * 201, blocks<4096, 256>},
     {"append of 4 short strings to an empty one", 1, 4, short_strings},
 };
 

@@ -5,16 +5,16 @@
 #include <stdexcept>
 #include <string>
 
-static void greet(const std::string& name) {
+static void greet(const std::string &name) {
   std::string text = "hello, " + name;
   if (name.empty()) throw std::invalid_argument("nobody to greet: give a name as the argument");
   std::printf("%s\n", text.c_str());
 }
 
-int main(int argc, char** argv) {
+int main(int argc, char **argv) {
   try {
     greet(argc > 1 ? argv[1] : "");
-  } catch (const std::exception& error) {
+  } catch (const std::exception &error) {
     std::printf("caught: %s\n", error.what());
   }
   return 0;

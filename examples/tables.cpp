@@ -16,30 +16,30 @@
 
 // Something is wrong with one line; the classes below say what.
 class bad_line : public std::runtime_error {
- public:
-  explicit bad_line(const std::string& message) : std::runtime_error(message) {}
+public:
+  explicit bad_line(const std::string &message) : std::runtime_error(message) {}
 };
 
 class missing_field : public bad_line {
- public:
-  explicit missing_field(const std::string& field) : bad_line("no " + field) {}
+public:
+  explicit missing_field(const std::string &field) : bad_line("no " + field) {}
 };
 
 class bad_number : public bad_line {
- public:
-  bad_number(const std::string& field, const std::string& text)
+public:
+  bad_number(const std::string &field, const std::string &text)
       : bad_line(field + " \"" + text + "\" is no number in range") {}
 };
 
 class bad_name : public bad_line {
- public:
-  explicit bad_name(const std::string& text) : bad_line("\"" + text + "\" is no name") {}
+public:
+  explicit bad_name(const std::string &text) : bad_line("\"" + text + "\" is no name") {}
 };
 
 // Something is wrong with the file as a whole.
 class no_table : public std::runtime_error {
- public:
-  explicit no_table(const std::string& message) : std::runtime_error(message) {}
+public:
+  explicit no_table(const std::string &message) : std::runtime_error(message) {}
 };
 
 // ---- Taking a line apart --------------------------------------------------------------------------------------------
@@ -47,7 +47,7 @@ class no_table : public std::runtime_error {
 static const char blanks[] = " \t\r\f\v";
 
 // Cuts the next field off the front of `rest`; empty when there is none.
-static std::string next_field(std::string& rest, const char* separators) {
+static std::string next_field(std::string &rest, const char *separators) {
   std::string::size_type begin = rest.find_first_not_of(separators);
   if (begin == std::string::npos) begin = rest.size();
   std::string::size_type end = rest.find_first_of(separators, begin);
@@ -57,18 +57,18 @@ static std::string next_field(std::string& rest, const char* separators) {
   return field;
 }
 
-static std::string required(const std::string& field, const char* what) {
+static std::string required(const std::string &field, const char *what) {
   if (field.empty()) throw missing_field(what);
   return field;
 }
 
-static const std::string& checked_name(const std::string& name) {
+static const std::string &checked_name(const std::string &name) {
   static const std::string allowed = "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789._+*-";
   if (name.empty() || name.find_first_not_of(allowed) != std::string::npos) throw bad_name(name);
   return name;
 }
 
-static long checked_number(const std::string& field, const std::string& text, long limit) {
+static long checked_number(const std::string &field, const std::string &text, long limit) {
   if (text.empty() || text.size() > 10 || text.find_first_not_of("0123456789") != std::string::npos)
     throw bad_number(field, text);
   long value = std::strtol(text.c_str(), 0, 10);
@@ -80,18 +80,18 @@ static long checked_number(const std::string& field, const std::string& text, lo
 
 // Reads one line of a table; throws a bad_line. `extras` counts what a line names beyond its own entry.
 class table {
- public:
+public:
   table() : extras(0) {}
   virtual ~table() {}
   virtual void read(std::string line) = 0;
   virtual std::string summary() const = 0;
 
- protected:
+protected:
   int extras;
 };
 
 class services : public table {
- public:
+public:
   services() : highest_(0) {}
 
   virtual void read(std::string line) {
@@ -118,13 +118,13 @@ class services : public table {
     return text + highest_name_;
   }
 
- private:
+private:
   long highest_;
   std::string highest_name_;
 };
 
 class types : public table {
- public:
+public:
   virtual void read(std::string line) {
     std::string type = required(next_field(line, blanks), "type");
     std::string::size_type slash = type.find('/');
@@ -145,15 +145,15 @@ class types : public table {
     return text + longest_;
   }
 
- private:
+private:
   std::string longest_;
 };
 
 class accounts : public table {
- public:
+public:
   virtual void read(std::string line) {
     // Fields may be empty here, so each ends at its own colon.
-    static const char* const names[] = {"name", "password", "uid", "gid", "text", "home", "shell"};
+    static const char *const names[] = {"name", "password", "uid", "gid", "text", "home", "shell"};
     std::string fields[7];
     std::string::size_type begin = 0;
     for (int i = 0; i < 7; ++i) {
@@ -177,7 +177,7 @@ class accounts : public table {
     return text + last_;
   }
 
- private:
+private:
   std::string last_;
 };
 
@@ -185,14 +185,14 @@ class accounts : public table {
 
 // Closed by its destructor, whichever way it is left.
 class input_file {
- public:
-  explicit input_file(const std::string& path) : file_(std::fopen(path.c_str(), "r")) {
+public:
+  explicit input_file(const std::string &path) : file_(std::fopen(path.c_str(), "r")) {
     if (file_ == 0) throw no_table(path + " cannot be opened");
   }
   ~input_file() { std::fclose(file_); }
 
   // The next line of any length, without its end; false at the end of the file.
-  bool next(std::string& line) {
+  bool next(std::string &line) {
     line = "";
     int character = std::getc(file_);
     if (character == EOF) {
@@ -203,11 +203,11 @@ class input_file {
     return true;
   }
 
- private:
-  input_file(const input_file&);
-  input_file& operator=(const input_file&);
+private:
+  input_file(const input_file &);
+  input_file &operator=(const input_file &);
 
-  std::FILE* file_;
+  std::FILE *file_;
 };
 
 struct tally {
@@ -215,7 +215,7 @@ struct tally {
 };
 
 // Catches what is wrong with single lines; lets through what is wrong with the file.
-static tally read_table(const std::string& path, table& reader) {
+static tally read_table(const std::string &path, table &reader) {
   tally count = {0, 0, 0, 0, 0, 0};
   int shown = 0;
   input_file file(path);
@@ -230,15 +230,15 @@ static tally read_table(const std::string& path, table& reader) {
     try {
       reader.read(content);
       ++count.entries;
-    } catch (const bad_line& error) {
+    } catch (const bad_line &error) {
       // The kind decides what is counted. A throw without operand goes on with the exception that is being handled.
       try {
         throw;
-      } catch (const missing_field&) {
+      } catch (const missing_field &) {
         ++count.missing;
-      } catch (const bad_number&) {
+      } catch (const bad_number &) {
         ++count.numbers;
-      } catch (const bad_name&) {
+      } catch (const bad_name &) {
         ++count.names;
       }
       if (++shown <= 5) std::printf("  line %d: %s\n", count.lines, error.what());
@@ -249,7 +249,7 @@ static tally read_table(const std::string& path, table& reader) {
   return count;
 }
 
-int main(int argc, char** argv) {
+int main(int argc, char **argv) {
   if (argc != 3) {
     std::fprintf(stderr, "usage: %s services|types|accounts FILE\n", argv[0]);
     return 3;
@@ -259,7 +259,7 @@ int main(int argc, char** argv) {
   types types_reader;
   accounts accounts_reader;
   try {
-    table* reader = 0;
+    table *reader = 0;
     if (kind == "services") reader = &services_reader;
     if (kind == "types") reader = &types_reader;
     if (kind == "accounts") reader = &accounts_reader;
@@ -272,10 +272,10 @@ int main(int argc, char** argv) {
     std::printf("bad lines: %d missing field, %d bad number, %d bad name\n", count.missing, count.numbers, count.names);
     std::printf("%s\n", reader->summary().c_str());
     return 0;
-  } catch (const no_table& error) {
+  } catch (const no_table &error) {
     std::printf("%s: not read: %s\n", path.c_str(), error.what());
     return 2;
-  } catch (const std::exception& error) {
+  } catch (const std::exception &error) {
     std::fprintf(stderr, "%s\n", error.what());
     return 3;
   }

@@ -1,5 +1,5 @@
-/* <wchar.h>: the C library's. For C++ the searches that return a place in their argument have the two forms of 1998, for
- * wchar_t and for const wchar_t; by itself the C library declares them to some compilers only.
+/* <wchar.h>: the C library's. For C++ the searches that return a place in their argument have the two forms of 1998,
+ * for wchar_t and for const wchar_t; by itself the C library declares them to some compilers only.
  */
 #ifndef PLX_WCHAR_H
 #define PLX_WCHAR_H

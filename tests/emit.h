@@ -1,7 +1,7 @@
 /* What a compiler emits for try blocks, functions with objects, exception specifications and classes, as macros.
  *
- * The first ones hold nothing but stores to the records and to the two globals, so that a test reads like the output of a
- * compiler and still fits on a page. Locals that change between setjmp and the handler are volatile or in an array
+ * The first ones hold nothing but stores to the records and to the two globals, so that a test reads like the output of
+ * a compiler and still fits on a page. Locals that change between setjmp and the handler are volatile or in an array
  * whose address the eh stack knows. */
 #ifndef TESTS_EMIT_H
 #define TESTS_EMIT_H

@@ -69,8 +69,7 @@ static TEST_UNUSED void trace(const char *format, ...) {
 }
 
 /* Compares the trace so far and empties it. */
-#define CHECK_TRACE(want) \
-  (test_report_text(test_trace, (want), __FILE__, __LINE__, "trace"), (void)(test_trace[0] = 0))
+#define CHECK_TRACE(want) (test_report_text(test_trace, (want), __FILE__, __LINE__, "trace"), (void)(test_trace[0] = 0))
 
 /* Runs `body` in a child process. `status` becomes the exit status, or minus the number of the signal that ended the
  * child; `text` what it wrote to standard output and standard error. */

@@ -3,14 +3,14 @@
 #define TESTS_RANDOM_H
 
 #ifdef __GNUC__
-__attribute__((__unused__))
+#define RANDOM_UNUSED __attribute__((__unused__))
+#else
+#define RANDOM_UNUSED
 #endif
-static unsigned int random_state = 20260101;
 
-#ifdef __GNUC__
-__attribute__((__unused__))
-#endif
-static unsigned int random_below(unsigned int n) {
+static unsigned int random_state RANDOM_UNUSED = 20260101;
+
+static RANDOM_UNUSED unsigned int random_below(unsigned int n) {
   random_state = random_state * 1664525u + 1013904223u;
   return (random_state >> 8) % n;
 }

@@ -21,16 +21,14 @@ static NOINLINE void throw_if(int value) {
   if (value != 0) throw value;
 }
 
-template <int depth>
-struct frames {
+template <int depth> struct frames {
   static NOINLINE void descend(int value) {
     guard local;
     frames<depth - 1>::descend(value);
   }
 };
 
-template <>
-struct frames<0> {
+template <> struct frames<0> {
   static void descend(int value) { throw_if(value); }
 };
 
@@ -38,8 +36,7 @@ static double time_of(void (*function)(int)) {
   const double start = now();
   try {
     function(1);
-  } catch (int) {
-  }
+  } catch (int) {}
   return now() - start;
 }
 

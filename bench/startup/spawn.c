@@ -1,5 +1,6 @@
 /* Measures how long programs take from fork to exit: runs each of the given programs in turn, ROUNDS times, with
- * standard output discarded, and prints the least and the median in microseconds and its name for each, in the order given.
+ * standard output discarded, and prints the least and the median in microseconds and its name for each, in the order
+ * given.
  *
  *   spawn ROUNDS PROGRAM...
  */

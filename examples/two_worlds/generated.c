@@ -51,7 +51,7 @@ static const a_base_class_spec long_line_bases[] = {{&finding_type, 0, PLX_BASE_
 static const a_type_info_impl long_line_type = {PLX_TYPE_INFO_VTABLE, "long_line", _ZTS9long_line, long_line_bases};
 static const a_type_info_impl strange_line_type = {PLX_TYPE_INFO_VTABLE, "strange_line", _ZTS12strange_line, 0};
 
-/* ---- report -------------------------------------------------------------------------------------------------------- */
+/* ---- report ------------------------------------------------------------------------------------------------ */
 
 typedef struct report {
   const char *path;
@@ -65,7 +65,7 @@ static void report_destroy(void *object, int flags) {
          self->lines - self->too_long - self->strange, self->too_long, self->strange);
 }
 
-/* ---- text_file ----------------------------------------------------------------------------------------------------- */
+/* ---- text_file --------------------------------------------------------------------------------------------- */
 
 typedef struct text_file {
   FILE *stream;
@@ -178,7 +178,7 @@ void survey(const char *path) {
   __curr_eh_stack_entry = function.next;
 }
 
-/* ---- require_short_lines ------------------------------------------------------------------------------------------- */
+/* ---- require_short_lines ----------------------------------------------------------------------------------- */
 
 static const a_region_record short_lines_regions[] = {{(a_routine)text_file_destroy, 0, PLX_NO_REGION, 0}};
 

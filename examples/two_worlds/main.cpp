@@ -11,8 +11,8 @@
 
 // Thrown here, caught in generated C by its name.
 class strange_line : public std::runtime_error {
- public:
-  explicit strange_line(const std::string& message) : std::runtime_error(message) {}
+public:
+  explicit strange_line(const std::string &message) : std::runtime_error(message) {}
 };
 
 // Thrown here, known to nobody else: it passes through generated C and is caught in main.
@@ -26,18 +26,18 @@ static int live_inspections = 0;
 
 // A local whose destruction can be seen.
 class inspection {
- public:
+public:
   explicit inspection(int number) : number_(number) { ++live_inspections; }
   ~inspection() {
     --live_inspections;
     if (number_ == stop_at) std::printf("  [C++] inspection of line %d destroyed\n", number_);
   }
 
- private:
+private:
   int number_;
 };
 
-extern "C" void inspect_line(const char* text, int number) {
+extern "C" void inspect_line(const char *text, int number) {
   inspection local(number);
   const std::string line(text);
   if (number == stop_at) {
@@ -49,20 +49,19 @@ extern "C" void inspect_line(const char* text, int number) {
   if (line.size() > longest) throw std::length_error(place + ("is too long: " + line.substr(0, 40)) + "...");
   for (std::string::size_type i = 0; i < line.size(); ++i) {
     unsigned char character = line[i];
-    if (character < ' ' || character > '~') throw strange_line(place + std::string("has a tab or another character that is not plain"));
+    if (character < ' ' || character > '~')
+      throw strange_line(place + std::string("has a tab or another character that is not plain"));
   }
 }
 
-extern "C" const char* what_of(const void* exception) {
-  return static_cast<const std::exception*>(exception)->what();
-}
+extern "C" const char *what_of(const void *exception) { return static_cast<const std::exception *>(exception)->what(); }
 
-int main(int argc, char** argv) {
+int main(int argc, char **argv) {
   if (argc != 2) {
     std::fprintf(stderr, "usage: %s FILE\n", argv[0]);
     return 2;
   }
-  const char* path = argv[1];
+  const char *path = argv[1];
   try {
     std::printf("generated C calls C++, which throws; generated C catches\n");
     survey(path);
@@ -72,7 +71,7 @@ int main(int argc, char** argv) {
       stop_at = 3;
       survey(path);
       std::printf("  [C++] the file has fewer than 3 lines\n");
-    } catch (const enough& stop) {
+    } catch (const enough &stop) {
       std::printf("  [C++] caught enough: stopped at line %d\n", stop.number);
     }
     stop_at = 0;
@@ -81,14 +80,14 @@ int main(int argc, char** argv) {
     try {
       require_short_lines(path, longest);
       std::printf("  [C++] no line is longer than %d\n", longest);
-    } catch (const long_line& line) {
+    } catch (const long_line &line) {
       std::printf("  [C++] caught long_line: line %d has %d characters\n", line.number, line.length);
     }
 
     std::printf("the same, caught by the base class\n");
     try {
       require_short_lines(path, 0);
-    } catch (const finding& line) {
+    } catch (const finding &line) {
       std::printf("  [C++] caught finding: line %d is the first that is not empty\n", line.number);
     }
 

@@ -1,5 +1,5 @@
-// What plx's library has, for Boost's headers: compile with -DBOOST_STDLIB_CONFIG='<plx/boost_config.hpp>'. Boost asks for
-// what a library lacks; this one is that of 1998 for char, whatever the dialect.
+// What plx's library has, for Boost's headers: compile with -DBOOST_STDLIB_CONFIG='<plx/boost_config.hpp>'. Boost asks
+// for what a library lacks; this one is that of 1998 for char, whatever the dialect.
 #ifndef PLX_BOOST_CONFIG_HPP
 #define PLX_BOOST_CONFIG_HPP
 

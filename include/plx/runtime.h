@@ -145,12 +145,12 @@ typedef struct an_array_record {
 
 /* An array under construction or destruction; a kind-4 entry points to it. Written by the array helpers only. */
 typedef struct an_array_alloc_eh_info {
-  void *array;            /* the first element */
-  unsigned int count;     /* elements */
-  unsigned int size;      /* bytes of one element */
-  unsigned int progress;  /* elements constructed, or destructor calls started */
-  int is_construction;    /* 1 construction, 0 destruction */
-  int free_memory;        /* not zero: an exception frees the memory */
+  void *array;           /* the first element */
+  unsigned int count;    /* elements */
+  unsigned int size;     /* bytes of one element */
+  unsigned int progress; /* elements constructed, or destructor calls started */
+  int is_construction;   /* 1 construction, 0 destruction */
+  int free_memory;       /* not zero: an exception frees the memory */
   a_destructor destructor;
   a_routine deallocation; /* void (*)(void *), or with the next field void (*)(void *, size_t); null: delete[] */
   int sized_deallocation;
@@ -237,7 +237,7 @@ extern void *__caught_object_address;            /* where the chosen handler rea
 extern FILE *__f_debug;                          /* where assertion messages go; initially stderr */
 extern void (*__default_terminate_routine)(void);
 extern void (*__default_unexpected_routine)(void);
-extern int __ZOR_PLX_3_3_eh; /* marker of this exception model and version; nobody reads it */
+extern int __ZOR_PLX_3_3_eh;                     /* marker of this exception model and version; nobody reads it */
 extern const char *__PLX_Library_Version_String; /* the library's name, version and build date, for people */
 
 /* ------------------------------------------------------------------------------------------------------------
@@ -358,8 +358,8 @@ void *__placement_array_new(void *array, unsigned int count, unsigned int size, 
 /* Destroy last to first, then free if asked. A null array does nothing. When a destructor throws, the remaining
  * elements are destroyed, the memory is freed if asked, and the exception goes on. */
 void __vec_delete(void *array, unsigned int count, unsigned int size, a_destructor destructor, int free_memory);
-void __array_delete(void *array, unsigned int count, unsigned int size, a_destructor destructor,
-                    a_routine deallocation, int sized);
+void __array_delete(void *array, unsigned int count, unsigned int size, a_destructor destructor, a_routine deallocation,
+                    int sized);
 
 /* One call of a routine for the whole array, as void (*)(void *array, unsigned int count). */
 void *__zor_fast_vec_new(void *array, unsigned int count, unsigned int size, a_routine initialiser);
@@ -404,13 +404,13 @@ void __call_dtors(void);
 void __process_shared_object_destruction(const void *start1, unsigned int size1, const void *start2,
                                          unsigned int size2);
 
-void __call_ctors(void);                           /* registers __call_dtors with atexit, once */
-void _main(void);                                  /* first call of main; a second one aborts */
-void __pliv_exit(int status) PLX_NORETURN;         /* empties the eh stack, runs the records, exits */
+void __call_ctors(void);                   /* registers __call_dtors with atexit, once */
+void _main(void);                          /* first call of main; a second one aborts */
+void __pliv_exit(int status) PLX_NORETURN; /* empties the eh stack, runs the records, exits */
 #ifndef __cplusplus
-void _Z4exiti(int status) PLX_NORETURN;            /* the C++ exit(int): __pliv_exit */
+void _Z4exiti(int status) PLX_NORETURN; /* the C++ exit(int): __pliv_exit */
 #endif
-void __pure_virtual_called(void) PLX_NORETURN;     /* aborts */
+void __pure_virtual_called(void) PLX_NORETURN;            /* aborts */
 void __already_marked_for_destruction(void) PLX_NORETURN; /* aborts */
 void __main_called_more_than_once(void) PLX_NORETURN;     /* aborts */
 
@@ -450,7 +450,7 @@ void __throw_bad_typeid(void) PLX_NORETURN; /* throws std::bad_typeid */
  * name, so generated C that wants to catch or throw such a class names that as the identity.
  * ------------------------------------------------------------------------------------------------------------ */
 
-#define PLX_DECLARE_TYPE(encoded)   \
+#define PLX_DECLARE_TYPE(encoded)    \
   extern const char __TID_##encoded; \
   extern const a_type_info_impl __TI_##encoded
 
@@ -472,8 +472,8 @@ PLX_DECLARE_TYPE(f); /* float */
 PLX_DECLARE_TYPE(d); /* double */
 PLX_DECLARE_TYPE(e); /* long double */
 
-PLX_DECLARE_TYPE(St9exception);         /* std::exception */
-PLX_DECLARE_TYPE(St11logic_error);      /* std::logic_error, and so on */
+PLX_DECLARE_TYPE(St9exception);    /* std::exception */
+PLX_DECLARE_TYPE(St11logic_error); /* std::logic_error, and so on */
 PLX_DECLARE_TYPE(St12domain_error);
 PLX_DECLARE_TYPE(St16invalid_argument);
 PLX_DECLARE_TYPE(St12length_error);

@@ -242,9 +242,7 @@ static void raw_memory() {
         case 2: std::uninitialized_fill_n(to, 5, source[0]); break;
         default: std::uninitialized_copy(source, source + 5, stepping(to));
       }
-    } catch (const refused &) {
-      failed = true;
-    }
+    } catch (const refused &) { failed = true; }
     tracked::copies_to_fail = 0;
     CHECK(failed && tracked::live == before);
   }

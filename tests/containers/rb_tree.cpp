@@ -1,27 +1,22 @@
-// The untyped tree core on nodes made by hand, for what containers do not show: the order of its virtual functions, the
-// shape of copies and copies that end half-way, depth; and the validator itself, by trees broken on purpose.
-#include <stdlib.h>
+// The untyped tree core, which serves compiled programs as it stands: random operations on nodes made by hand, also
+// copies that end half-way, against the typed tree that containers have; and the order of its virtual functions.
+#include <set>
 
 #include "containers/rb_tree_validator.h"
 #include "harness.h"
+#include "random.h"
 
 using namespace __zor;
 
 namespace {
 
 struct out_of_nodes {};
-
 struct int_node : rb_tree_node_base {
   int value;
 };
+int value_of(const rb_tree_node_base *n) { return static_cast<const int_node *>(n)->value; }
+bool in_order(const rb_tree_node_base *a, const rb_tree_node_base *b) { return value_of(a) <= value_of(b); }
 
-struct in_order {
-  bool operator()(const rb_tree_node_base *a, const rb_tree_node_base *b) const {
-    return static_cast<const int_node *>(a)->value <= static_cast<const int_node *>(b)->value;
-  }
-};
-
-const unsigned int value_offset = sizeof(rb_tree_node_base);
 int live_nodes;
 int nodes_to_fail;  // counts down; 0: none
 
@@ -43,38 +38,23 @@ public:
     ++live_nodes;
     return made;
   }
-
   _node *insert(int value) {
     _node *parent = header, *right_of = 0;
     for (_node *at = header->parent; at;) {
       parent = at;
-      const bool left = value < static_cast<int_node *>(at)->value;
+      const bool left = value < value_of(at);
       right_of = left ? 0 : at;
       at = left ? at->left : at->right;
     }
     return __finish_insert(create_node(&value), parent, right_of);
   }
-  void insert_up_to(int last) {
-    for (int i = 1; i <= last; ++i) insert(i);
+  _node *place(unsigned n) {
+    _node *at = leftmost;
+    while (n-- != 0) at = __next(at);
+    return at;
   }
-  int valid() const { return tree_validator<in_order>(*this, in_order()).run(); }
+  int valid() const { return tree_validator<bool (*)(const _node *, const _node *)>(*this, in_order).run(); }
 };
-
-int value_of(const rb_tree_node_base *n) { return static_cast<const int_node *>(n)->value; }
-
-void check_slots() {
-  // The order of the virtual functions is part of the contract: destroy_node, create_node.
-  int_tree tree;
-  typedef rb_tree_node_base *(*create)(int_tree *, const void *);
-  typedef void (*destroy)(int_tree *, rb_tree_node_base *);
-  void **slots = *reinterpret_cast<void ***>(&tree);
-  const int value = 77;
-  rb_tree_node_base *made = reinterpret_cast<create>(slots[1])(&tree, &value);
-  CHECK_INT(value_of(made), 77);
-  const int before = live_nodes;
-  reinterpret_cast<destroy>(slots[0])(&tree, made);
-  CHECK_INT(live_nodes, before - 1);
-}
 
 bool same_shape(const rb_tree_node_base *a, const rb_tree_node_base *b) {
   if (!a || !b) return a == b;
@@ -82,100 +62,71 @@ bool same_shape(const rb_tree_node_base *a, const rb_tree_node_base *b) {
          same_shape(a->right, b->right);
 }
 
-// Where the n-th node cannot be made, the rest hangs below the header with true links, and nothing is lost.
-void check_interrupted_copy() {
-  for (int size = 1; size < 30; ++size)
-    for (int n = 1; n <= size; ++n) {
-      int_tree from, to;
-      for (int i = 0; i < size; ++i) from.insert(i * 11 % 30);
-      const int before = live_nodes;
-      bool failed = false;
-      nodes_to_fail = n;
-      try {
-        to.__copy(from, value_offset);
-      } catch (const out_of_nodes &) {
-        failed = true;
-      }
-      nodes_to_fail = 0;
-      CHECK(failed);
-      CHECK_INT(live_nodes, before + n - 1);
-      int linked = 0;
-      const rb_tree_node_base *parent = to.header;
-      for (const rb_tree_node_base *at = to.header->parent; at; parent = at, at = at->left) {
-        CHECK(at->parent == parent);
-        ++linked;
-      }
-      CHECK(linked <= n - 1);
-      to.__clear();
-      CHECK_INT(live_nodes, before);
-      CHECK_INT(to.valid(), 0);
-      to.node_count = 99;  // the count comes from the source
-      to.__copy(from, value_offset);
-      CHECK(to.node_count == unsigned(size) && to.valid() == 0 && same_shape(from.header->parent, to.header->parent));
-    }
+// Where the n-th node cannot be made, the rest hangs below the header, and nothing is lost.
+void copy(const int_tree &from, int n) {
+  int_tree to;
+  const int before = live_nodes;
+  nodes_to_fail = n;
+  try {
+    to.__copy(from, sizeof(rb_tree_node_base));
+    CHECK(to.valid() == 0 && same_shape(from.header->parent, to.header->parent));
+  } catch (const out_of_nodes &) { CHECK(live_nodes == before + n - 1 && n <= static_cast<int>(from.node_count)); }
+  nodes_to_fail = 0;
+  to.__clear();
+  CHECK(live_nodes == before && to.valid() == 0);
 }
 
-// The worst that links can do to recursion: a chain to the right, and one to the left, of more nodes than a stack has
-// room for calls.
-void check_long_chains() {
-  for (int side = 0; side < 2; ++side) {
-    int_tree tree;
-    const int length = 300000;
-    rb_tree_node_base *last = tree.header;
-    for (int i = 0; i < length; ++i) {
-      rb_tree_node_base *n = tree.create_node(&i);
-      n->left = n->right = 0;
-      n->parent = last;
-      (last == tree.header ? last->parent : side ? last->right : last->left) = n;
-      last = n;
-    }
-    tree.node_count = length;
-    const int before = live_nodes;
-    tree.__clear();
-    CHECK_INT(live_nodes, before - length);
-  }
-}
-
-// Each rule, broken by one wrong field.
-void check_validator() {
+void random_run() {
   int_tree tree;
-  tree.insert_up_to(10);
-  rb_tree_node_base *root = tree.header->parent;
-  rb_tree_node_base *leaf = tree.rightmost;
-  CHECK_INT(tree.valid(), 0);
+  std::multiset<int> model;
+  for (int i = 0; i < 6000; ++i) {
+    const unsigned size = tree.node_count, kind = random_below(size > 60 ? 8 : 20);
+    const unsigned first = random_below(size + 1), last = first + random_below((size - first) / 3 + 1);
+    rb_tree_node_base *const from = tree.place(first), *const to = tree.place(last);
+    std::multiset<int>::iterator in_model = model.begin(), behind;
+    std::advance(in_model, first);
+    std::advance(behind = in_model, last - first);
+    if (kind == 0 && random_below(9) == 0) {
+      tree.__clear();
+      model.clear();
+    } else if (kind < 3) {
+      CHECK_INT(tree.__count(from, to), last - first);
+      CHECK_INT(tree.__erase(from, to), last - first);
+      model.erase(in_model, behind);
+    } else if (kind < 8) {
+      if (first == size) continue;
+      tree.__erase(from);
+      model.erase(in_model);
+    } else if (kind == 8) {
+      copy(tree, static_cast<int>(first) + 1);
+    } else {
+      const int value = static_cast<int>(random_below(50));
+      CHECK_INT(value_of(tree.insert(value)), value);
+      model.insert(value);
+    }
+    CHECK(tree.valid() == 0 && tree.node_count == model.size());
+    const rb_tree_node_base *at = tree.leftmost;
+    for (std::multiset<int>::iterator m = model.begin(); m != model.end(); ++m, at = int_tree::__next(at))
+      CHECK_INT(value_of(at), *m);
+  }
+}
 
-  rb_tree_node_base *wrong[] = {root, leaf, root, root, root, root}, *right;
-  rb_tree_node_base **links[] = {&tree.header->right, &root->parent,   &tree.header->left,
-                                 &tree.leftmost,      &tree.rightmost, &leaf->parent};
-  for (int i = 0; i < 6; ++i) {
-    right = *links[i];
-    *links[i] = wrong[i];
-    CHECK_INT(tree.valid(), rule_1_header_right_is_null + i);
-    *links[i] = right;
-  }
-  unsigned char *const colours[] = {&root->color, &leaf->color, &tree.leftmost->color};
-  for (int i = 0; i < 3; ++i) {
-    const unsigned char kept = *colours[i];
-    *colours[i] = i == 1 ? 2 : _rb_red;
-    CHECK_INT(tree.valid(), i == 2 ? rule_8_black_height : rule_7_colours);
-    *colours[i] = kept;
-  }
-  ++tree.node_count;
-  CHECK_INT(tree.valid(), rule_9_count);
-  --tree.node_count;
-  static_cast<int_node *>(root)->value += 100;
-  CHECK_INT(tree.valid(), rule_10_order);
-  static_cast<int_node *>(root)->value -= 100;
-  CHECK_INT(tree.valid(), 0);
+// Part of the contract: destroy_node, create_node.
+void virtual_functions() {
+  int_tree tree;
+  void **const slots = *reinterpret_cast<void ***>(&tree);
+  const int value = 77, before = live_nodes;
+  rb_tree_node_base *made = reinterpret_cast<rb_tree_node_base *(*)(int_tree *, const void *)>(slots[1])(&tree, &value);
+  CHECK(value_of(made) == 77 && live_nodes == before + 1);
+  reinterpret_cast<void (*)(int_tree *, rb_tree_node_base *)>(slots[0])(&tree, made);
+  CHECK_INT(live_nodes, before);
 }
 
 }  // namespace
 
 int main() {
-  check_slots();
-  check_interrupted_copy();
-  check_long_chains();
-  check_validator();
+  virtual_functions();
+  random_run();
   CHECK_INT(live_nodes, 0);
   return TEST_RESULT();
 }

@@ -1,5 +1,5 @@
-// The rules that every red-black tree of the ordered containers keeps, numbered. validate_tree returns the number of
-// the first rule that is broken, or 0; tests call it after every change of a tree.
+// The rules that every red-black tree of the ordered containers keeps, numbered. tree_validator::run returns the number
+// of one that is broken, or 0; tests call it after every change of a tree.
 #ifndef TESTS_RB_TREE_VALIDATOR_H
 #define TESTS_RB_TREE_VALIDATOR_H
 
@@ -7,17 +7,14 @@
 
 enum broken_rule {
   no_rule_broken,
-  rule_1_header_right_is_null,
-  rule_2_root_hangs_below_header,
-  rule_3_header_left_is_last,  // null when empty
-  rule_4_leftmost_is_first,
-  rule_5_rightmost_is_last,  // the header when empty
-  rule_6_children_know_parent,
-  rule_7_colours,  // red or black, a black root, no red child of a red node
-  rule_8_black_height,
-  rule_9_count,
-  rule_10_order,
-  rule_11_walks  // forward and back visit the same nodes as the links say
+  rule_1_empty,    // no root: the header leads to nothing and is first and last, the count is 0
+  rule_2_ends,     // the header's right link is null, its left link and `rightmost` the last node, `leftmost` the first
+  rule_3_parents,  // children know their parents, the root's is the header
+  rule_4_colours,  // red or black, and below a red node or the header black
+  rule_5_balance,  // as many black nodes on every way down
+  rule_6_count,
+  rule_7_order,
+  rule_8_walks  // forward and back visit the nodes as the links say, and the header behind the last
 };
 
 // `ordered(a, b)`: may b's value come after a's?
@@ -29,67 +26,46 @@ public:
       : tree_(tree), ordered_(ordered), broken_(no_rule_broken), count_(0), previous_(0) {}
 
   int run() {
-    const node *header = tree_.header;
-    const node *root = header->parent;
-    if (header->right) return rule_1_header_right_is_null;
+    const node *const header = tree_.header, *const root = header->parent;
     if (!root) {
-      if (header->left) return rule_3_header_left_is_last;
-      if (tree_.leftmost != header) return rule_4_leftmost_is_first;
-      if (tree_.rightmost != header) return rule_5_rightmost_is_last;
-      return tree_.node_count != 0 ? rule_9_count : no_rule_broken;
+      const bool empty = !header->left && !header->right && tree_.leftmost == header && tree_.rightmost == header;
+      return empty && tree_.node_count == 0 ? no_rule_broken : rule_1_empty;
     }
-    if (root->parent != header) return rule_2_root_hangs_below_header;
-    if (root->color != __zor::_rb_black) return rule_7_colours;
-    black_height(root);
-    if (broken_) return broken_;
-    if (header->left != previous_) return rule_3_header_left_is_last;
-    if (tree_.rightmost != previous_) return rule_5_rightmost_is_last;
-    if (tree_.node_count != count_) return rule_9_count;
-    return walk_back();
+    black_height(root, header);
+    needs(!header->right && header->left == previous_ && tree_.rightmost == previous_, rule_2_ends);
+    needs(tree_.node_count == count_, rule_6_count);
+    if (!broken_) needs(__zor::rb_tree_base::__next(previous_) == header, rule_8_walks);
+    return broken_;
   }
 
 private:
-  int broken(int rule) {
-    if (!broken_) broken_ = rule;
-    return 0;
+  void needs(bool good, broken_rule rule) {
+    if (!good && !broken_) broken_ = rule;
   }
 
   // In order, so that neighbours are seen one after the other.
-  int black_height(const node *n) {
+  int black_height(const node *n, const node *parent) {
     if (!n || broken_) return 0;
-    if (n->color != __zor::_rb_black && n->color != __zor::_rb_red) return broken(rule_7_colours);
-    const node *children[] = {n->left, n->right};
-    for (int i = 0; i < 2; ++i) {
-      if (children[i] && children[i]->parent != n) return broken(rule_6_children_know_parent);
-      if (children[i] && n->color == __zor::_rb_red && children[i]->color == __zor::_rb_red)
-        return broken(rule_7_colours);
-    }
-    const int left = black_height(n->left);
+    const bool black = n->color == __zor::_rb_black;
+    needs(n->parent == parent, rule_3_parents);
+    needs(black || (n->color == __zor::_rb_red && parent->color == __zor::_rb_black), rule_4_colours);
+    const int left = black_height(n->left, n);
     if (broken_) return 0;
-    if (!previous_ && tree_.leftmost != n) return broken(rule_4_leftmost_is_first);
-    if (previous_ && !ordered_(previous_, n)) return broken(rule_10_order);
-    if (previous_ && __zor::rb_tree_base::__next(previous_) != n) return broken(rule_11_walks);
+    if (!previous_) {
+      needs(tree_.leftmost == n, rule_2_ends);
+    } else {
+      needs(ordered_(previous_, n), rule_7_order);
+      needs(__zor::rb_tree_base::__next(previous_) == n && __zor::rb_tree_base::__prev(n) == previous_, rule_8_walks);
+    }
     previous_ = n;
     ++count_;
-    const int right = black_height(n->right);
-    if (!broken_ && left != right) return broken(rule_8_black_height);
-    return left + (n->color == __zor::_rb_black);
-  }
-
-  int walk_back() {
-    if (__zor::rb_tree_base::__next(previous_) != tree_.header) return rule_11_walks;
-    const node *at = tree_.header;
-    for (unsigned int i = 0; i < count_; ++i) {
-      const node *before = __zor::rb_tree_base::__prev(at);
-      if (__zor::rb_tree_base::__next(before) != at) return rule_11_walks;
-      at = before;
-    }
-    return at == tree_.leftmost ? no_rule_broken : rule_11_walks;
+    needs(left == black_height(n->right, n), rule_5_balance);
+    return left + black;
   }
 
   const __zor::rb_tree_base_data &tree_;
   Ordered ordered_;
-  int broken_;
+  broken_rule broken_;
   unsigned int count_;
   const node *previous_;
 };

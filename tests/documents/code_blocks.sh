@@ -7,7 +7,7 @@
 #   ```sh [status=N] [needs=COMMAND,...]
 #                                 run in the document's folder, where file= put the earlier blocks; $PLX is the prefix.
 #                                 Left out without one of the commands, or, with / in front, files of the prefix
-#   ```make file=NAME             (cmake, cpp and c headers too) a file for the blocks behind it
+#   ```make file=NAME             (cmake, cpp and c headers too) a file for the blocks around it
 #   ```output   ```text           compared; never looked at
 #   ```... not-run: REASON        of any kind
 #
@@ -15,47 +15,28 @@
 # fence of another kind, a block without a fence and an attribute that nobody knows are faults, so that no example
 # escapes by a slip.
 . "$PLX_SOURCE/tests/driver/common.bash"
-
 export PLX=$PLX_PREFIX
-documents=(README.md CONTRIBUTING.md)
-for file in "$PLX_SOURCE"/docs/*.md; do documents+=("docs/${file##*/}"); done
-if [ $# -gt 0 ]; then documents=("$@"); fi
+[ $# -gt 0 ] || set -- README.md CONTRIBUTING.md $(cd "$PLX_SOURCE" && ls docs/*.md)
 
-# wrong TEXT: shows the log of the block, or of the comparison.
-log=/dev/null
-wrong() {
-  echo "wrong: $*"
-  sed 's/^/  /' "$log" 2>/dev/null
-  failures=$((failures + 1))
-}
-
-# ---- Blocks to files -----------------------------------------------------------------------------------------------
-# For each document a folder; in its plan a line for each block: number, line, kind, the attributes, and the file.
+# Blocks to files; of each block a line: where it is, kind, file, attributes.
 split() {
-  awk -v plan=plan '
-    function fault(text) { print FILENAME ":" FNR ": " text > "faults" }
-    function begin(info,   n, word, i, known) {
+  awk -v name="${1##*/}" '
+    function fault(text) { print name ":" FNR "\tfault\t" text }
+    function begin(info,   n, word, i, target) {
       n = split(info, word, " ")
-      kind = word[1]; attributes = ""; name = ""; reason = ""
-      if (kind !~ /^(cpp|c|sh|make|cmake|gdb|output|text)$/) { fault("no kind of block: \"" info "\""); kind = "text" }
-      for (i = 2; i <= n; ++i) {
-        if (word[i] == "not-run:") {
-          if (i == n) fault("not-run: needs a reason")
-          reason = "not-run"
-          break
-        }
+      kind = word[1]; attributes = ""; target = ++number "." kind
+      if (kind !~ /^(cpp|c|sh|make|cmake|gdb|output|text)$/) fault("no kind of block: \"" info "\"")
+      for (i = 2; i <= n && word[i] != "not-run:"; ++i) {
         if (word[i] !~ /^(file|with|in|needs|options|status|refused)=./) fault("no attribute: " word[i])
-        if (word[i] ~ /^file=/) name = substr(word[i], 6)
-        else attributes = attributes " " word[i]
+        if (word[i] ~ /^file=/) target = substr(word[i], 6)
+        attributes = attributes " " word[i]
       }
-      if (kind ~ /^c?make$/ && name == "" && reason == "") fault("a block of " kind " needs file=")
-      ++number
-      target = name != "" ? name : "block" number "." kind
-      if (name ~ /^\/|\.\./) fault("a name that leads elsewhere")
-      if (name ~ /\.h$/) kind = "header"
-      printf "%d\t%d\t%s\t%s\t%s\t%s\n", number, FNR, kind, reason == "" ? "run" : reason, target, attributes > plan
-      dir = target; if (sub(/\/[^\/]*$/, "", dir)) system("mkdir -p " dir)
+      if (i <= n || target ~ /\.h$/) kind = "text"
+      if (i == n) fault("not-run: needs a reason")
+      if (target ~ /\//) system("mkdir -p $(dirname " target ")")
+      printf "%s:%d\t%s\t%s\t%s\n", name, FNR, kind, target, attributes
       printf "" > target
+      return target
     }
     inside && $0 == fence { inside = 0; close(target); blank = 1; next }
     inside { print substr($0, indent + 1) > target; next }
@@ -63,22 +44,62 @@ split() {
       match($0, /^ */); indent = RLENGTH
       fence = substr($0, 1, indent) "```"
       inside = 1
-      begin(substr($0, indent + 4))
+      target = begin(substr($0, indent + 4))
       next
     }
     /^(    |\t)/ && blank && !list { fault("a block without a fence") }
     /^ *([-*]|[0-9]+\.) / { list = 1 }
     /^[^ ]/ && !/^([-*]|[0-9]+\.) / { list = 0 }
     { blank = $0 == "" }
-    END { if (inside) fault("a block that does not end") }' "$1"
+    END { if (inside) fault("a block that does not end") }' "$PLX_SOURCE/$1"
 }
 
-folder_of() { local name=${1%.md}; echo "$work/${name//\//.}"; }
-for document in "${documents[@]}"; do
-  folder=$(folder_of "$document")
-  mkdir "$folder" && cd "$folder" || exit 1
-  : > plan
-  split "$PLX_SOURCE/$document"
+# attribute NAME: its value in `attributes`; commas become spaces.
+attribute() { sed -nE "s/.* $1=([^ ]*).*/\1/p" <<< "$attributes" | tr , ' '; }
+
+# build: the program of `file`. One beside which others stand is linked with them; what only others use has no main.
+build() {
+  local driver=plx-c++ link=()
+  case $kind$attributes in c\ *.cpp*) ;; c | c\ *) driver=plx-cc ;; esac
+  grep -qi 'main *(' "$file" || link=(-c)
+  # shellcheck disable=SC2046 # words
+  $driver -Wall -Wextra -Werror -iquote "$PLX_SOURCE/$(attribute in)" $(attribute options) "${link[@]}" "$file" \
+    $(attribute with) -o program > log 2>&1
+}
+
+# lacks: is there no command or file of the prefix that the block needs?
+lacks() {
+  local tool
+  for tool in $(attribute needs); do
+    case $tool in /*) [ -f "$PLX$tool" ] ;; *) command -v "$tool" > /dev/null ;; esac || { echo "$where: not run: there is no $tool"; return; }
+  done
+  return 1
+}
+
+ran=0
+# run_block: what it printed is in `printed`.
+run_block() {
+  local status refused command=(timeout 200 sh -eu "./$file")
+  if [ "$kind" != sh ]; then
+    command=(timeout 60 ./program)
+    rm -f program
+    refused=$(attribute refused)
+    if build; then
+      [ -z "$refused" ] || wrong "$where: compiles"
+    else
+      [ -n "$refused" ] && grep -q -- "${refused//_/[ _]}" log || wrong "$where: does not build, or the message is another"
+    fi
+    [ -x program ] || return
+  fi
+  { "${command[@]}" > printed 2>&1 < /dev/null; } 2> log
+  status=$?
+  ran=$((ran + 1))
+  cp printed log
+  [ $status -eq "$(attribute status | grep . || echo 0)" ] || wrong "$where: status $status"
+}
+
+for document; do
+  mkdir "$work/${document//\//.}" && cd "$work/${document//\//.}" || exit 1
   # `./dev run` as the text has it, with the library under test; nothing else of dev is for examples that run.
   cat > dev << 'DEV'
 #!/bin/sh
@@ -89,83 +110,24 @@ case $file in *.c) driver=plx-cc ;; *) driver=plx-c++ ;; esac
 "$driver" "$file" -o ./dev.program && ./dev.program "$@"
 DEV
   chmod +x dev
-  [ ! -s faults ] || wrong "$(sed "s|^$PLX_SOURCE/||" faults)"
-done
-
-# ---- Programs ------------------------------------------------------------------------------------------------------
-
-# attribute NAME ATTRIBUTES: its value; commas become spaces.
-attribute() { sed -nE "s/.* $1=([^ ]*).*/\1/p" <<< "$2" | tr , ' '; }
-
-# build FOLDER NUMBER KIND TARGET ATTRIBUTES: the program, or the message that came instead.
-build() {
-  local driver=plx-c++
-  cd "$1" || exit 1
-  case "$3 $5" in "c "*.cpp*) ;; "c "*) driver=plx-cc ;; esac
-  # A program beside which others stand is linked with them; a block that only others use has no main.
-  local link=()
-  grep -qi 'main *(' "$4" || link=(-c)
-  # shellcheck disable=SC2046 # words
-  $driver -Wall -Wextra -Werror -iquote "$PLX_SOURCE/$(attribute in "$5")" $(attribute options "$5") "${link[@]}" "$4" \
-    $(attribute with "$5") -o "block$2.program" > "block$2.log" 2>&1 || rm -f "block$2.program"
-}
-export -f build attribute
-for document in "${documents[@]}"; do
-  folder=$(folder_of "$document")
-  awk -F '\t' -v folder="$folder" '$3 ~ /^(cpp|c)$/ && $4 == "run" { printf "%s%c%s%c%s%c%s%c%s%c", folder, 0, $1, 0, $3, 0, $5, 0, $6, 0 }' \
-    "$folder/plan"
-done | xargs -0 -r -n 5 -P 2 bash -c 'build "$@"' build
-
-# ---- Runs ----------------------------------------------------------------------------------------------------------
-
-ran=0
-# run_block DOCUMENT NUMBER LINE KIND TARGET ATTRIBUTES: what it printed is in `printed`.
-run_block() {
-  local where=$1:$3 status expected
-  log=block$2.log
-  expected=$(attribute status "$6")
-  case $4 in
-    cpp | c)
-      local refused
-      refused=$(attribute refused "$6")
-      if [ -n "$refused" ]; then
-        [ ! -x "block$2.program" ] || wrong "$where: compiles"
-        grep -q -- "${refused//_/[ _]}" "$log" || wrong "$where: the message is another"
-        return
-      fi
-      [ -e "block$2.program" ] || { wrong "$where: does not build"; return; }
-      [ -x "block$2.program" ] || return 0
-      { timeout 60 "./block$2.program" > printed 2>&1 < /dev/null; } 2> /dev/null ;;
-    sh) timeout 200 sh -eu "./$5" > printed 2>&1 < /dev/null ;;
-    *) return 0 ;;
-  esac
-  status=$?
-  ran=$((ran + 1))
-  cp printed "$log"
-  [ "$status" -eq "${expected:-0}" ] || wrong "$where: status $status"
-}
-
-for document in "${documents[@]}"; do
-  cd "$(folder_of "$document")" || exit 1
+  split "$document" > plan
   before=
-  while IFS=$'\t' read -r number line kind run target attributes; do
-    if [ "$kind" = output ]; then
-      [ "$before" != skipped ] || continue
-      [ -n "$before" ] || wrong "$document:$line: output of nothing"
-      sed '$a\' printed | diff -Z "$target" - > difference || { log=difference; wrong "$document:$line: the block before prints something else"; }
-      before=
-      continue
-    fi
+  while IFS=$'\t' read -r where kind file attributes; do
+    case $kind in
+      fault) wrong "$where: $file" ;;
+      output)
+        [ -n "$before" ] || wrong "$where: output of nothing"
+        [ "$before" = skipped ] || sed '$a\' printed | diff -Z "$file" - > log || wrong "$where: the block before prints something else" ;;
+      cpp | c | sh)
+        before=skipped
+        lacks && continue
+        run_block
+        before=1
+        continue ;;
+    esac
     before=
-    [ "$run" = run ] || continue
-    for tool in $(attribute needs "$attributes"); do
-      case $tool in /*) tool=$PLX$tool ;; esac
-      command -v "$tool" > /dev/null || [ -f "$tool" ] || { echo "$document:$line: not run: there is no $tool"; before=skipped; continue 2; }
-    done
-    run_block "$document" "$number" "$line" "$kind" "$target" "$attributes"
-    case $kind in cpp | c | sh) before=1 ;; esac
   done < plan
 done
 echo "$ran blocks ran"
-[ $# -gt 0 ] || [ "$ran" -ge 10 ] || wrong "fewer blocks than there are"
+[ "$ran" -ge 10 ] || [ "$*" != "${*/docs/}" ] || wrong "fewer blocks than there are"
 finish

@@ -15,15 +15,12 @@ else
   echo "groff is not here: the pages are not formatted"
 fi
 # A page that only leads to another.
-sed -n 's/^\.so man[0-9]*\///p' man/* | while read -r target; do [ -f "man/$target" ] || echo "$target"; done > "$work/missing"
-[ ! -s "$work/missing" ] || wrong "there is no page $(cat "$work/missing")"
+for target in $(sed -n 's/^\.so man[0-9]*\///p' man/*); do [ -f "man/$target" ] || wrong "there is no page $target"; done
 sed 's/\\-/-/g; s/^\.[A-Z]* //' man/plx-c++.1 > "$plain"
-for name in $(grep -ohE 'variable=PLX_[A-Z]+' driver/driver.in | cut -d= -f2); do
-  grep -qw -- "$name" "$plain" || wrong "plx-c++(1) does not tell of $name"
-done
-for option in -m64 -mx32 -mregparm= -fpack-struct -fopenmp -stdlib= -flto -fexceptions; do
-  grep -qF -- "$option" driver/driver.in || wrong "plx-c++ does not know $option"
-  grep -qF -- "$option" "$plain" || wrong "plx-c++(1) does not tell that $option is refused"
+for name in $(grep -ohE 'variable=PLX_[A-Z]+' driver/driver.in | cut -d= -f2) -m64 -mx32 -mregparm= -fpack-struct -fopenmp \
+  -stdlib= -flto -fexceptions; do
+  grep -qF -- "$name" driver/driver.in || wrong "plx-c++ does not know $name"
+  grep -qF -- "$name" "$plain" || wrong "plx-c++(1) does not tell of $name"
 done
 version=$(plx-c++ --version | sed -n '1s/plx-c++ //p')
 grep -LE "\"plx $version\"|^\.so " man/* | grep . && wrong "those pages are not of version $version"

@@ -31,10 +31,4 @@ setup() { env -i PATH="$work/bin" ./dev setup; }
 
 table < "$tables/setup.txt"
 
-# Mistakes on the command line: one line each.
-for arguments in "nonsense" "run" "run no-such-file.cpp" "run README.md" "--preset nonsense build" "install"; do
-  # shellcheck disable=SC2086
-  PLX_BUILD=$work/build "$PLX_SOURCE/dev" $arguments > log 2>&1 && wrong "./dev $arguments succeeds"
-  [ "$(wc -l < log)" -eq 1 ] && grep -q '^dev: ' log || wrong "./dev $arguments: not one clear line"
-done
 finish

@@ -6,10 +6,11 @@
 program=$programs/stacks.cpp
 found=$PLX_SOURCE/tests/gdb/transcripts/found.txt
 install() { cmake --install "$PLX_PREFIX" --prefix "$1" > log 2>&1 || wrong "installing below $1"; }
+built() { "$@" -g -Wno-deprecated "$program" 2> log || wrong "stacks.cpp does not build: $*"; }
 name=$(basename "$PLX_PREFIX"/lib/libplx.so.*-gdb.py)
 
 install "$work/tree"
-tree/bin/plx-c++ -g -Wno-deprecated "$program" -o program 2> log || wrong "stacks.cpp does not build"
+built tree/bin/plx-c++ -o program
 transcript "$found" ./program -iex "add-auto-load-safe-path $work/tree"
 
 # Where gdb is not told to trust the tree, it says how, and all else works.
@@ -18,7 +19,7 @@ grep -q "add-auto-load-safe-path $work/tree/lib/$name" log || wrong "gdb does no
 grep -q '^Breakpoint 1, ' log || wrong "gdb does not run the program"
 
 mv tree moved
-moved/bin/plx-c++ -g -Wno-deprecated "$program" -o program 2> log || wrong "stacks.cpp does not build in the moved tree"
+built moved/bin/plx-c++ -o program
 transcript "$found" ./program -iex "add-auto-load-safe-path $work/moved"
 [ -z "$(find moved -name '__pycache__')" ] || wrong "gdb leaves files in the installed tree"
 
@@ -29,20 +30,19 @@ DESTDIR=$work/staged install /usr
 # That gdb looks there is seen with a folder of our own in its place.
 mkdir -p "folder$work/moved/lib"
 mv "moved/lib/$name" "folder$work/moved/lib"
-transcript "$found" ./program -iex "set auto-load scripts-directory $work/folder" \
-  -iex "add-auto-load-safe-path $work/folder"
+own=(-iex "set auto-load scripts-directory $work/folder" -iex "add-auto-load-safe-path $work/folder")
+transcript "$found" ./program "${own[@]}"
 
 # Stripped, library and program; the objects keep what -g wrote in another file.
 strip --strip-unneeded moved/lib/libplx.so.3.3.0
 cp program whole
 strip program
-transcript "$found" ./program -iex "set auto-load scripts-directory $work/folder" \
-  -iex "add-auto-load-safe-path $work/folder" -iex "set debug-file-directory /nowhere" -ex "symbol-file whole"
+transcript "$found" ./program "${own[@]}" -iex "set debug-file-directory /nowhere" -ex "symbol-file whole"
 
 # By hand; gdb need not trust anything then. Programs that are linked statically have no other way.
 transcript "$found" ./whole -x "$work/moved/share/plx-3/gdb/load.py"
 if [ -f "$PLX_PREFIX/lib/libplx.a" ]; then
-  plx-c++ -g -static -Wno-deprecated "$program" -o static 2> log || wrong "stacks.cpp does not build statically"
+  built plx-c++ -static -o static
   transcript "$found" ./static -x "$work/moved/share/plx-3/gdb/load.py"
 fi
 finish

@@ -9,18 +9,15 @@ grep -q '^rip\|^eip\|exited normally' log || { echo "skipped: gdb cannot run pro
 : > log
 programs=$PLX_SOURCE/tests/gdb/programs
 
-# run_python SCRIPT PROGRAM [GDB OPTION...]: the script in gdb, which finds the printers on its own unless the options say
-# something else; its last line says that all is as expected.
-run_python() {
-  local script=$1 program=$2
+# transcript FILE PROGRAM [GDB OPTION...]: what the file asks for, as transcript.py has it. gdb finds the printers on its
+# own unless the options say something else; the last line says that all is as expected.
+transcript() {
+  local file=$1 program=$2
   shift 2
   [ $# -gt 0 ] || set -- -iex "add-auto-load-safe-path $PLX_PREFIX"
-  gdb -nx -batch "$@" -x "$PLX_SOURCE/tests/gdb/$script" "$program" > log 2>&1 < /dev/null
-  tail -n 1 log | grep -q '^transcript: [1-9][0-9]* commands, all as expected$'
+  PLX_TRANSCRIPT=$file gdb -nx -batch "$@" -x "$PLX_SOURCE/tests/gdb/transcript.py" "$program" > log 2>&1 < /dev/null
+  tail -n 1 log | grep -q '^transcript: [1-9][0-9]* commands, all as expected$' || wrong "${file##*/} ${what-}"
 }
-
-# transcript FILE PROGRAM [GDB OPTION...]: what the file asks for, as transcript.py has it.
-transcript() { PLX_TRANSCRIPT=$1 run_python transcript.py "${@:2}" || wrong "${1##*/} ${what-}"; }
 
 # build SOURCE [OPTION...]: ./program.
 build() {

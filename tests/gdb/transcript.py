@@ -4,6 +4,9 @@
 #
 #   continue      goes on to the next stop, there or at a catchpoint, and prints nothing
 #   trail         prints the number of the breakpoint, 1 for the one there, and the functions with line numbers on the stack
+#   spoiled OBJECT with BYTE
+#   spoiled OBJECT with PLACE = WORD
+#                 prints the object while all its bytes, or that place, hold something else
 #
 # Addresses are compared as 0xN, places in the source by their text instead of a number. The last line that is printed
 # says how it went.
@@ -65,9 +68,30 @@ def trail():
     return stopped_at() + ": " + " ".join(names) + "\n"
 
 
+def spoiled(name, change):
+    place, _, word = change.partition(" = ")
+    target = gdb.parse_and_eval(place if word else name)
+    address, size = int(target.address), target.type.sizeof
+    process = gdb.selected_inferior()
+    kept = process.read_memory(address, size).tobytes()
+    process.write_memory(address, int(gdb.parse_and_eval(word)).to_bytes(4, "little") if word else bytes([int(place, 0)]) * size)
+    try:
+        return gdb.execute("output " + name, to_string=True)
+    finally:
+        process.write_memory(address, kept)
+
+
+def execute(command):
+    if command == "trail":
+        return trail()
+    if command.startswith("spoiled "):
+        return spoiled(*command[8:].split(" with "))
+    return gdb.execute(command, to_string=True)
+
+
 def printed(command):
     try:
-        return comparable(trail() if command == "trail" else gdb.execute(command, to_string=True))
+        return comparable(execute(command))
     except gdb.error as error:
         return comparable("error: %s" % error)
 

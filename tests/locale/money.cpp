@@ -92,9 +92,7 @@ static void failing() {
         if (way == 2) money_text(other, false, amount);
         if (way == 3) money_read(other, false, text);
         if (way == 4) caught = writer.put(&to, false, stream, ' ', string("12345")).failed();
-      } catch (const thrown &) {
-        caught = true;
-      }
+      } catch (const thrown &) { caught = true; }
       CHECK(caught == (way % 4 == 0 ? n < 6 : way == 1 ? n < 7 : n > 0 && operations_left <= 0));
       CHECK(way != 1 || (digits == "kept") == caught);
       CHECK(way % 4 != 0 || to.taken() == string("123.45").substr(0, n));

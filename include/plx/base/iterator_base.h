@@ -159,14 +159,14 @@ protected:
 
 // Each in two forms. That of one type is the more special one where a program has templates of its own for all types,
 // as those of rel_ops are.
-#define PLX_REVERSE_COMPARISON(symbol, result)                                                                \
-  template <class _A>                                                                                         \
-  inline bool operator symbol(const reverse_iterator<_A> &_left, const reverse_iterator<_A> &_right) {        \
-    return result;                                                                                            \
-  }                                                                                                           \
-  template <class _A, class _Bt>                                                                              \
-  inline bool operator symbol(const reverse_iterator<_A> &_left, const reverse_iterator<_Bt> &_right) {       \
-    return result;                                                                                            \
+#define PLX_REVERSE_COMPARISON(symbol, result)                                                          \
+  template <class _A>                                                                                   \
+  inline bool operator symbol(const reverse_iterator<_A> &_left, const reverse_iterator<_A> &_right) {  \
+    return result;                                                                                      \
+  }                                                                                                     \
+  template <class _A, class _Bt>                                                                        \
+  inline bool operator symbol(const reverse_iterator<_A> &_left, const reverse_iterator<_Bt> &_right) { \
+    return result;                                                                                      \
   }
 PLX_REVERSE_COMPARISON(==, _left.base() == _right.base())
 PLX_REVERSE_COMPARISON(!=, _left.base() != _right.base())

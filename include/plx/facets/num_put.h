@@ -13,7 +13,6 @@
 #include <plx/streambuf/ios_base.h>
 #include <plx/streambuf/streambuf_iterators.h>
 
-
 namespace __zor {
 
 // Where the untyped core below sends the text, piece by piece. What the two operations throw passes through it.

@@ -115,8 +115,7 @@ template <class _T> inline complex<_T> pow(const _T &_x, const complex<_T> &_y) 
 template <class _T> inline complex<_T> pow(const complex<_T> &_x, int _n) { return __zor::_complex_power(_x, _n); }
 #else
 // From 2011 on an integer takes part as a double.
-template <class _T>
-inline complex<typename __plx_math::__common<_T, int>::__type> pow(const complex<_T> &_x, int _n) {
+template <class _T> inline complex<typename __plx_math::__common<_T, int>::__type> pow(const complex<_T> &_x, int _n) {
   return __zor::_complex_power(complex<typename __plx_math::__common<_T, int>::__type>(_x), _n);
 }
 #endif

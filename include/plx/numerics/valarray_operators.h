@@ -1,8 +1,8 @@
 // The binary operators and the functions of valarrays (1998, 26.3.3): for two operands, and for an operand and a value.
 //
 // Two operands of one type have forms of their own: those are the more special ones where a program has templates for
-// all types, as those of rel_ops are. A value's type is not deduced, so that it may be anything that converts: v * 2 for
-// an array of doubles.
+// all types, as those of rel_ops are. A value's type is not deduced, so that it may be anything that converts: v * 2
+// for an array of doubles.
 #ifndef PLX_VALARRAY_OPERATORS_H
 #define PLX_VALARRAY_OPERATORS_H
 

@@ -58,17 +58,17 @@ template <> struct _string_search<std::char_traits<char> > {
   typedef unsigned int _position;
 
   PLX_API PLX_REGPARM static _position find(const b_str_ref *_rep, const char *_s, _position _pos,
-                                        _position _n) PLX_NOTHROW;
+                                            _position _n) PLX_NOTHROW;
   PLX_API PLX_REGPARM static _position rfind(const b_str_ref *_rep, const char *_s, _position _pos,
-                                         _position _n) PLX_NOTHROW;
+                                             _position _n) PLX_NOTHROW;
   PLX_API PLX_REGPARM static _position find_first_of(const b_str_ref *_rep, const char *_s, _position _pos,
-                                                 _position _n) PLX_NOTHROW;
-  PLX_API PLX_REGPARM static _position find_last_of(const b_str_ref *_rep, const char *_s, _position _pos,
-                                                _position _n) PLX_NOTHROW;
-  PLX_API PLX_REGPARM static _position find_first_not_of(const b_str_ref *_rep, const char *_s, _position _pos,
                                                      _position _n) PLX_NOTHROW;
-  PLX_API PLX_REGPARM static _position find_last_not_of(const b_str_ref *_rep, const char *_s, _position _pos,
+  PLX_API PLX_REGPARM static _position find_last_of(const b_str_ref *_rep, const char *_s, _position _pos,
                                                     _position _n) PLX_NOTHROW;
+  PLX_API PLX_REGPARM static _position find_first_not_of(const b_str_ref *_rep, const char *_s, _position _pos,
+                                                         _position _n) PLX_NOTHROW;
+  PLX_API PLX_REGPARM static _position find_last_not_of(const b_str_ref *_rep, const char *_s, _position _pos,
+                                                        _position _n) PLX_NOTHROW;
 };
 
 }  // namespace __zor

@@ -10,7 +10,7 @@ template class std::stack<std::string>;
 template class std::queue<std::string>;
 template class std::priority_queue<std::string>;
 
-// Now it grows mostly at one end, then at the other, and elements stay where they are.
+// Now it grows mostly at one end, then at the other, and what stays is where it was.
 template <class T> static void tides() {
   std::deque<T> d;
   for (int i = 0; i < 5000; ++i) {
@@ -23,8 +23,6 @@ template <class T> static void tides() {
     CHECK(!kept || kept == &d[size / 2 + (back ? 0 : d.size() - size)]);
   }
 }
-
-// What stays of a deque stays where it is, at whichever end something comes or goes.
 static void ends() {
   const int more[] = {7, 8, 9};
   for (unsigned int size = 1; size < 45; ++size)
@@ -39,6 +37,9 @@ static void ends() {
     }
 }
 
+template <class A> static void compared(const A &a, const A &b) {
+  printf(" %d%d%d%d%d%d", a == b, a != b, a<b, a> b, a <= b, a >= b);
+}
 template <class Stack, class Queue, class Heap, class Before> static void adaptors() {
   int numbers[40];
   for (int i = 0; i < 40; ++i) numbers[i] = static_cast<int>(random_below(1000));
@@ -54,8 +55,7 @@ template <class Stack, class Queue, class Heap, class Before> static void adapto
            h.empty());
     if (!s.empty()) printf(" %d %d %d %d %d", s.top(), q.front(), q.back(), h.top(), h_copy.top());
     if (i % 50 == 0 && !s.empty()) s_copy = s, q_copy = q, ++s.top(), ++q.front(), ++q.back();
-    printf(" %d%d%d%d%d%d %d%d%d%d%d%d\n", s == s_copy, s != s_copy, s<s_copy, s> s_copy, s <= s_copy, s >= s_copy,
-           q == q_copy, q != q_copy, q<q_copy, q> q_copy, q <= q_copy, q >= q_copy);
+    compared(s, s_copy), compared(q, q_copy), puts("");
   }
 }
 
@@ -63,8 +63,7 @@ int main() {
   random_run<std::deque<int> >("numbers", 4000);
   random_run<std::deque<std::string> >("texts", 3000);
   random_run<std::deque<tracked> >("elements", 5000);
-  tides<int>();
-  tides<tracked>();
+  tides<int>(), tides<tracked>();
   ends();
   adaptors<std::stack<int>, std::queue<int>, std::priority_queue<int>, std::less<int> >();
   adaptors<std::stack<int, std::vector<int> >, std::queue<int, std::list<int> >,

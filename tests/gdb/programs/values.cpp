@@ -1,4 +1,5 @@
-// Strings, containers, iterators, small values, streams and locales, for transcripts/values.txt.
+// Strings, containers, iterators, small values, streams and locales, for transcripts/values.txt; what is broken there
+// on purpose is whole here.
 #include <bitset>
 #include <complex>
 #include <deque>
@@ -78,7 +79,7 @@ static void sequences() {
   std::reverse_iterator<const char *> backwards_over_text("ab" + 2);
   vector<bool>::iterator flag = flags.begin() + 33;
   deque<int>::iterator in_block = blocks.begin() + 20;
-  list<string>::iterator link = links.begin(), nowhere;
+  list<string>::iterator link = links.begin();
   vector<point> points(1);
   stop();
 }
@@ -100,7 +101,7 @@ static void trees() {
   keys.insert(key);
   multiset<string> words;
   words.insert("w");
-  map<string, int>::iterator first = ages.begin(), end = ages.end(), nowhere;
+  map<string, int>::iterator first = ages.begin(), end = ages.end();
   map<string, int>::const_iterator end_of_none = nobody.end(), end_of_one = one.end(), end_of_two = two.end();
   map<string, int>::iterator only = one.begin(), last_of_two = --two.end();
   set<long long>::iterator last = --numbers.end();

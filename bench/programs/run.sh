@@ -2,7 +2,7 @@
 # Whole programs that others wrote, from Debian's sources: built twice at the same level, by plx-c++ and by its compiler
 # with the host's library, and run on the same input; what they print must be the same.
 #
-#   tests/foreign/run.sh [--time [N]] [NAME...]     N (7) interleaved runs of each build; the least of their user times
+#   bench/programs/run.sh [--time [N]] [NAME...]     N (7) interleaved runs of each build; the least of their user times
 #
 # Of each program NAME: package_NAME, Debian's name of its sources; build_NAME, in a folder with them, with CC, CXX and
 # STD in the environment; run_NAME, in that folder, prints what is compared and fails when it finds something wrong;
@@ -144,10 +144,23 @@ package_lzip=lzip
 build_lzip() { ./configure CXX="$CXX $STD" CXXFLAGS=-O2 && make; }
 run_lzip() { make check > tests.log 2>&1 && cat ./*.cc *.h doc/* | ./lzip -9 | tee packed && ./lzip -d < packed; }
 
-# XML: strings and streams. As it is.
+# XML: strings and streams; its own tests, and a reader of 50 MB. As it is.
 package_tinyxml=tinyxml
-build_tinyxml() { make CXX="$CXX $STD" LD="$CXX" TINYXML_USE_STL=YES RELEASE_CXXFLAGS="-O2 -w"; }
-run_tinyxml() { ./xmltest | tee tests.log && tail -n 2 tests.log | grep -qx 'Pass [1-9][0-9]*, Fail 0'; }
+input_tinyxml() {
+  awk 'BEGIN {
+    print "<?xml version=\"1.0\"?>\n<orders>"
+    for (i = 0; i < 40000; ++i)
+      printf "  <order id=\"%d\" price=\"%d.25\"><name>Customer %d &amp; sons</name><part no=\"%d\"/>some text</order>\n", i, i % 977, i % 1013, i % 31
+    print "</orders>"
+  }' > "$input/orders.xml"
+}
+build_tinyxml() {
+  make CXX="$CXX $STD" LD="$CXX" TINYXML_USE_STL=YES RELEASE_CXXFLAGS="-O2 -w" &&
+    $CXX $STD -O2 -w -DTIXML_USE_STL -I. "$here/reader.cpp" tinyxml.o tinyxmlparser.o tinyxmlerror.o tinystr.o -o reader
+}
+run_tinyxml() {
+  ./xmltest | tee tests.log && tail -n 2 tests.log | grep -qx 'Pass [1-9][0-9]*, Fail 0' && ./reader "$input/orders.xml"
+}
 
 # Mail: streams and their iterators, lists of lists, strings with other traits; its tests are 65 functions. A pointer is
 # compared with 0 by `>`, which later dialects made an error; a header is missing.
@@ -170,7 +183,7 @@ run_cccc() {
   [ "$(grep '^diff prn.*\.dbref' tests.log | tee compared | wc -l)" -ge 13 ] && cat compared
 }
 
-timed="groff minisat qhull hunspell calculator lzip"
+timed="groff minisat qhull hunspell calculator lzip tinyxml"
 
 # ---- Building and comparing ----------------------------------------------------------------------------------------
 
