@@ -357,7 +357,7 @@ static void borders() {
     const float nearest = place < 1e38 ? static_cast<float>(place) : FLT_MAX;
     check_border(nearest, nextafterf(nearest, 0));
     // Denormal ones with nearly all of their bits, and others on both sides.
-    const double part = 1 + between(0, 1 << 20) * 0x1p-20;
+    const double part = 1 + static_cast<double>(random_bits() >> 12) * 0x1p-52;
     const float tiny = static_cast<float>(ldexp(part, i % 2 ? between(-128, -127) : between(-138, -115)));
     const double small = ldexp(part, i % 2 ? between(-1024, -1023) : between(-1034, -1010));
     check_border(small, nextafter(small, 1));
