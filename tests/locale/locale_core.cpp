@@ -23,6 +23,7 @@ locale::id other_noted::id;
 
 static const char *c_library() { return setlocale(LC_ALL, 0); }
 static unsigned int quick(const locale &loc) { return loc._get_imp()->_get_quick() & 15u; }
+static unsigned int references(const locale &loc) { return (*reinterpret_cast<unsigned int *const *>(&loc))[1]; }
 template <class Facet> static bool same(const locale &left, const locale &right) {
   return &std::use_facet<Facet>(left) == &std::use_facet<Facet>(right);
 }
@@ -99,6 +100,12 @@ static void combining() {
   locale alone(mine, new noted);
   alone.set_imp(alone._get_imp(), noted::id);  // by itself, where nobody else holds it
   CHECK(noted_alive == alive + 1 && std::has_facet<noted>(alone));
+  // A default is held until the next, but the classic one is not.
+  const unsigned int before = references(classic);
+  for (int i = 0; i < 4; ++i) {
+    locale::global(i < 2 ? alone : classic);
+    CHECK(references(alone) == (i < 2 ? 2u : 1u) && references(classic) == before);
+  }
 }
 
 static void names() {

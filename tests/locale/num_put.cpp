@@ -40,9 +40,9 @@ static int between(int least, int most) {
 
 // What programs print, and what is hard to print and to read.
 static double random_double() {
-  static const double special[] = {0.0,  -0.0,   1,       10,      99999.95, 999999.5,  9.5e17,
-                                   9e18, 9.2e18, DBL_MIN, DBL_MAX, HUGE_VAL, -HUGE_VAL, HUGE_VAL - HUGE_VAL,
-                                   1e-4, 5e-324};
+  static const double special[] = {0.0,    -0.0,    1,       10,      99999.95, 999999.5,  9.5e17,
+                                   9.2e18, 9.25e18, DBL_MIN, DBL_MAX, HUGE_VAL, -HUGE_VAL, HUGE_VAL - HUGE_VAL,
+                                   1e-4,   5e-324};
   const double bits53 = static_cast<double>(random_bits() >> 11);
   char number[64];
   switch (random_below(11)) {
@@ -268,6 +268,23 @@ static void named() {
   }
 }
 
+// A facet that the stream lets go of while it is asked lives on until the number is written.
+struct leaving : std::numpunct<char> {
+  static int alive;
+  std::ios &stream;
+  explicit leaving(std::ios &of) : stream(of) { ++alive; }
+  virtual ~leaving() { --alive; }
+  virtual string do_grouping() const { return stream.imbue(std::locale::classic()), "\1"; }
+  virtual char do_decimal_point() const { return alive ? ';' : '!'; }
+};
+int leaving::alive;
+static void let_go() {
+  std::stringstream s;
+  s.imbue(std::locale(std::locale::classic(), new leaving(s)));
+  s << 12.5;
+  CHECK(s.str() == "1,2;5" && leaving::alive == 0);
+}
+
 // What else the facet has: printf's formats, and the layout of a text that the program made.
 static void own_members() {
   std::ios s(0);
@@ -334,15 +351,16 @@ static void check_border(long double a, long double b) {
   check_all(all + "99999999999999999999" + exponent);
 }
 static void borders() {
-  for (int i = 0; i < 80; ++i) {
+  for (int i = 0; i < 50; ++i) {
     const double any = fabs(random_double()), place = any < 1e300 ? any : DBL_MAX;
     check_border(place, nextafter(place, 0));
     const float nearest = place < 1e38 ? static_cast<float>(place) : FLT_MAX;
     check_border(nearest, nextafterf(nearest, 0));
-    // On both sides of what is denormal.
-    const double small = ldexp(1 + between(0, 999999) * 1e-6, between(-1034, -1010));
+    // Denormal ones with nearly all of their bits, and others on both sides.
+    const double part = 1 + static_cast<double>(random_bits() >> 12) * 0x1p-52;
+    const float tiny = static_cast<float>(ldexp(part, i % 2 ? between(-128, -127) : between(-138, -115)));
+    const double small = ldexp(part, i % 2 ? between(-1024, -1023) : between(-1034, -1010));
     check_border(small, nextafter(small, 1));
-    const float tiny = ldexpf(1 + static_cast<float>(between(0, 1 << 20)) / 1048576, between(-138, -115));
     check_border(tiny, nextafterf(tiny, 1));
   }
   check_border(DBL_MAX, 0x1p+1024L);
@@ -400,6 +418,7 @@ static void far_texts() {
 
 int main() {
   texts();
+  let_go();
   far_texts();
   borders();
   between_the_smallest();
