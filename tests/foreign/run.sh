@@ -2,7 +2,7 @@
 # Whole programs that others wrote, from Debian's sources: built twice at the same level, by plx-c++ and by its compiler
 # with the host's library, and run on the same input; what they print must be the same.
 #
-#   tests/foreign/run.sh [--time [N]] [NAME...]     N (7) interleaved runs of each build; the least of their user times
+#   tests/foreign/run.sh [NAME...]
 #
 # Of each program NAME: package_NAME, Debian's name of its sources; build_NAME, in a folder with them, with CC, CXX and
 # STD in the environment; run_NAME, in that folder, prints what is compared and fails when it finds something wrong;
@@ -21,33 +21,7 @@ trap 'exit 130' INT TERM
 . "$here/sources.bash"
 unset CXXFLAGS CFLAGS LDFLAGS MAKEFLAGS MAKELEVEL
 
-times='' rounds=7
-if [ "${1:-}" = --time ]; then
-  times=1
-  shift
-  case ${1:-} in [1-9]*) rounds=$1; shift ;; esac
-fi
-
 # ---- The programs --------------------------------------------------------------------------------------------------
-
-# troff on a long text: its own manual pages, four times. Of C++ it uses the language only. As it is; its configure
-# script wants a tool for documents that are not made.
-package_groff=groff
-input_groff() {
-  mkdir "$input/devps" || return
-  cp groff/font/devps/* "$input/devps" 2> /dev/null
-  { cat groff/font/devps/DESC.in; echo "papersize a4"; } > "$input/devps/DESC"
-  find groff -name '*.man' | sort > pages
-  for _ in 1 2 3 4; do xargs cat < pages; done > "$input/pages"
-}
-build_groff() {
-  printf '#!/bin/sh\necho "makeinfo (GNU texinfo) 6.8"\n' > makeinfo
-  chmod +x makeinfo
-  echo 'built: $(BUILT_SOURCES)' > built.mk
-  PATH=$PWD:$PATH ./configure --without-x CFLAGS=-O2 CXX="$CXX $STD" CXXFLAGS=-O2 &&
-    make -f Makefile -f built.mk built && make troff
-}
-run_groff() { ./troff -Tps -man -F "$input" -M tmac "$input/pages"; }
 
 # Cryptography: strings, exceptions, streams, maps, virtual bases; its own tests. Without the one function that
 # makes a string of wchar_t.
@@ -125,8 +99,6 @@ run_cccc() {
   [ "$(grep '^diff prn.*\.dbref' tests.log | tee compared | wc -l)" -ge 13 ] && cat compared
 }
 
-timed="groff qhull hunspell lzip"
-
 # ---- Building and comparing ----------------------------------------------------------------------------------------
 
 failures=0
@@ -190,16 +162,6 @@ compare() {
   echo "$name: the same output, $(wc -c < "$cache/$name.plx.out") bytes"
 }
 
-measure() {
-  local name=$1 round build TIMEFORMAT='%U'
-  for ((round = 0; round < rounds; ++round)); do
-    for build in plx host; do echo "$build $({ time run "$name" $build; } 2>&1)"; done
-  done | awk -v name="$name" '
-    !($1 in least) || $2 < least[$1] { least[$1] = $2 }
-    END { printf "%-12s %8.2f %8.2f %6.2f  s of plx, of the host, and their ratio\n", name, least["plx"], least["host"],
-      least["host"] / least["plx"] }'
-}
-
 all=$(declare -F | sed -n 's/^declare -f build_//p' | tr '\n' ' ')
 compared=''
 for name in ${*:-$all}; do
@@ -207,7 +169,6 @@ for name in ${*:-$all}; do
   prepare "$name" || { echo "skipped, because apt gives no sources here (is there a network?): $name"; continue; }
   compare "$name"
   compared=1
-  case " $timed " in *" $name "*) [ -z "$times" ] || measure "$name" ;; esac
 done
 [ -n "$compared" ] || exit 77
 [ "$failures" -eq 0 ]
