@@ -1,5 +1,5 @@
-// Sets of 20, 64, 128 and 4,096 bits: counting, shifting, combining, testing, and to and from text. Right shifts are by
-// whole words, where plx and its peers agree on the result.
+// Sets of 20, 64, 128, 256 and 4,096 bits: counting, shifting, combining, testing, and to and from text. Right shifts
+// are by whole words, where plx and its peers agree on the result.
 #include <bitset>
 #include <string>
 
@@ -167,12 +167,16 @@ const bench_case cases[] = {
     {"bitset<64> count", 1, 1, count<64>},
     {"bitset<64> shift left", 1, 1, shift_left<64>},
     {"bitset<64> and", 1, 1, intersect<64>},
+    {"bitset<64> shift right", 1, 1, shift_right<64>},
+    {"bitset<64> test, set, flip", 1, 1, test_and_set<64>},
     {"bitset<128> count", 1, 1, count<128>},
     {"bitset<128> shift left", 1, 1, shift_left<128>},
     {"bitset<128> shift right", 1, 1, shift_right<128>},
     {"bitset<128> and", 1, 1, intersect<128>},
     {"bitset<256> shift left", 1, 1, shift_left<256>},
+    {"bitset<256> shift right", 1, 1, shift_right<256>},
     {"bitset<256> and", 1, 1, intersect<256>},
+    {"bitset<256> test, set, flip", 1, 1, test_and_set<256>},
     {"bitset<4096> count", 1.3, 1, count<4096>},
     {"bitset<4096> shift left", 1.3, 1, shift_left<4096>},
     {"bitset<4096> shift left in place", 1.3, 1, shift_in_place<4096>},

@@ -36,6 +36,8 @@ for file in "$work"/data/*.tsv; do
   gnuplot -e "file='$file'; output='$work/charts/$name.svg'; rows=$(wc -l < "$file")" "$source_dir/bench/chart.gnuplot"
 done
 
+gnuplot -e "file='$work/data/scaling.blocks'; output='$work/charts/scaling.svg'" "$source_dir/bench/scaling/chart.gnuplot"
+
 for page in figures performance; do
   awk -v tables="$work/tables" '
     /^<!-- bench: end -->$/ { skipping = 0 }

@@ -1,6 +1,9 @@
 // dynamic_cast down a single-inheritance chain: to the object's own class, to a class between, and to a sibling class
-// that the object is not. The compilers know nothing of the object that a pointer leads to.
+// that the object is not; across the bases of a class with virtual ones; and typeid. The compilers know nothing of the
+// object that a pointer leads to.
 #include "bench.h"
+
+#include <typeinfo>
 
 namespace {
 
@@ -22,7 +25,17 @@ struct ellipse : shape {
   explicit ellipse(int v) : shape(v) {}
 };
 
-template <class target> BENCH_NOINLINE target *cast(shape *object) { return dynamic_cast<target *>(object); }
+struct stored {
+  int value;
+  virtual ~stored() {}
+};
+struct readable : virtual stored {};
+struct writable : virtual stored {};
+struct file : readable, writable {};
+
+template <class target, class source> BENCH_NOINLINE target *cast(source *object) {
+  return dynamic_cast<target *>(object);
+}
 
 template <class target> unsigned long cast_loop(unsigned long iterations) {
   square object(7);
@@ -36,10 +49,38 @@ template <class target> unsigned long cast_loop(unsigned long iterations) {
   return sum;
 }
 
+unsigned long cast_across(unsigned long iterations) {
+  file object;
+  object.value = 3;
+  unsigned long sum = 0;
+  for (unsigned long i = 0; i < iterations; ++i) {
+    readable *pointer = &object;
+    BENCH_OPAQUE(pointer);
+    sum += cast<writable>(pointer)->value;
+  }
+  return sum;
+}
+
+template <class other> unsigned long compare_types(unsigned long iterations) {
+  square one(7);
+  other two(8);
+  unsigned long sum = 0;
+  for (unsigned long i = 0; i < iterations; ++i) {
+    shape *left = &one, *right = &two;
+    BENCH_OPAQUE(left);
+    BENCH_OPAQUE(right);
+    sum += typeid(*left) == typeid(*right) ? 2 : 1;
+  }
+  return sum;
+}
+
 const bench_case cases[] = {
     {"dynamic_cast to the object's class", 1, 1, cast_loop<square>},
     {"dynamic_cast to a class between", 1, 1, cast_loop<polygon>},
     {"dynamic_cast that fails", 1, 1, cast_loop<ellipse>},
+    {"dynamic_cast across virtual bases", 1, 1, cast_across},
+    {"typeid, equal types", 1, 1, compare_types<square>},
+    {"typeid, different types", 1, 1, compare_types<ellipse>},
 };
 
 }  // namespace

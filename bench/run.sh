@@ -3,8 +3,8 @@
 # in static programs too, then what exception handling costs in instructions where nothing is thrown, then sizes,
 # start-up and what is taken in of two small programs, with shared libraries and static.
 #
-#   bench/run.sh [NAME...]     NAME: a program (exceptions), part of a case's name ("append"), `static`, `instructions`
-#                              or `size`
+#   bench/run.sh [NAME...]     NAME: a program (exceptions), part of a case's name ("append"), `static`, `instructions`,
+#                              `scaling` or `size`
 #
 # PLX_PREFIX is the build tree or installed prefix to measure; without it only the peers run. BENCH_ROUNDS (7) runs of
 # every case are interleaved build by build, so that a machine that slows down slows all, and the medians compared.
@@ -186,6 +186,29 @@ run_static() {
   times "ns per operation, static programs" "$source_dir"/{exceptions.cpp,generated.c,mixed.c} -- -static
 }
 
+# ---- Growth --------------------------------------------------------------------------------------------------------
+
+# Built by g++ alone: each round takes a minute or two.
+run_scaling() {
+  wanted scaling || return
+  local build round
+  for build in "${builds[@]}"; do
+    case $build in *gcc) compile "$build" "$source_dir/scaling/scaling.cpp" "$work/scaling.$build" || return ;; esac
+  done
+  for round in 1 2; do
+    for build in plx-gcc gcc; do
+      [ -x "$work/scaling.$build" ] && "$work/scaling.$build" | sed "s/\$/\t$build/" >> "$work/growth"
+    done
+  done
+  awk -F '\t' '
+    { if (!(($1, $2) in rank)) { rank[$1, $2] = ++rows; row[rows] = sprintf("%-39s %10s", $1, $2) }
+      k = rank[$1, $2]; if (!((k, $4) in least) || $3 + 0 < least[k, $4]) least[k, $4] = $3 + 0 }
+    function shown(k, build) { return (k, build) in least ? least[k, build] : "-" }
+    END { printf "%-50s %10s %10s\n", "ns per operation by size, least of 2", "plx gcc", "gcc"
+          for (k = 1; k <= rows; ++k) printf "%s %10s %10s\n", row[k], shown(k, "plx-gcc"), shown(k, "gcc") }' "$work/growth"
+  echo
+}
+
 # ---- Instructions where nothing is thrown ---------------------------------------------------------------------------
 
 # instructions PROGRAM CASE N: what valgrind counts for N iterations.
@@ -291,6 +314,9 @@ run_size() {
   for name in hello_throw hello_iostream; do
     for build in "${size_builds[@]}"; do files+=("$work/$name.$build"); done
   done
+  for name in "" -static; do
+    "${CC:-cc}" -m32 -O2 $name "$source_dir/startup/hello.c" -o "$work/hello_c$name" && files+=("$work/hello_c$name")
+  done
   "$work/spawn" 400 "${files[@]}" > "$work/startup" || fail "a hello fails"
   printf '%-50s' "a hello that throws, one that has <iostream>"
   printf ' %10s' "${size_builds[@]}"
@@ -315,6 +341,9 @@ run_size() {
       printf "hello by <iostream> from fork to exit, of %s'"'"'s time: %.2f by the least, %.2f by the median (target 0.60)\n",
              peer, a / c, b / d }' "$work/startup"
   done
+  awk -v c="$work/hello_c" -v ours="$work/hello_iostream.plx-gcc" '{ least[$3] = $1 } END {
+    printf "hello in C: %s us, static %s us; hello by <iostream> of that: %.2f, static %.2f (target 1.15)\n", least[c],
+           least[c "-static"], least[ours] / least[c], least[ours "-static"] / least[c "-static"] }' "$work/startup"
   [ -f "$work/hello_throw.plx-gcc-static.members" ] || return
   printf '\n%-50s %10s %10s\n' "objects of libplx.a in a static program" throw iostream
   for folder in libC exceptions string containers numbers locale iostream cxxabi unwind; do
@@ -329,8 +358,9 @@ run_size() {
 
 run_times
 run_static
+run_scaling
 run_instructions
 run_size
-[ -n "$measured" ] || wanted instructions size || fail "nothing is called ${filter[*]}"
+[ -n "$measured" ] || wanted scaling instructions size || fail "nothing is called ${filter[*]}"
 [ "$failures" -eq 0 ] || echo "bench: $failures of the measurements failed" >&2
 [ "$failures" -eq 0 ]

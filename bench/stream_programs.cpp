@@ -1,5 +1,6 @@
 // Whole programs as people write them: the words of an 8 MB text counted in a map, a CSV file summed by columns, and
-// the integers of standard input summed. An iteration is one run over the file, opened anew.
+// the integers of standard input summed, with the sum written each time or not. An iteration is one run over the file,
+// opened anew.
 #include <map>
 #include <vector>
 
@@ -119,6 +120,19 @@ unsigned long sum_of(std::istream &in) {
   return sum;
 }
 
+// Reading and writing in turns, into a file in place of standard output.
+unsigned long running_sums(std::istream &in) {
+  static bench_file file;
+  const bench_stdout output(file.path());
+  unsigned long sum = 0;
+  int n;
+  while (in >> n) {
+    sum += n;
+    std::cout << sum << '\n';
+  }
+  return sum;
+}
+
 unsigned long copy(std::istream &in) {
   static bench_file file;
   std::ofstream out(file.path());
@@ -132,6 +146,7 @@ const bench_case cases[] = {
     {"sum of a CSV file", 3, 1, csv},
     {"sum of a CSV file by lines", 3, 1, csv_by_lines},
     {"sum of the integers of cin", 3, 1, from_cin<integers, sum_of>},
+    {"cin and cout in turns", 6, 1, from_cin<integers, running_sums>},
     {"copy of a file by lines", 2, 1, from_file<prose, copy>},
 };
 

@@ -1,5 +1,5 @@
 // Strings made from strings and from C strings: copies, assignments and arguments passed by value at 8, 100 and 1,024
-// characters, and construction from 8 and 100 characters.
+// characters, and construction from nothing and from 8 and 100 characters.
 #include <string>
 
 #include "bench.h"
@@ -56,6 +56,16 @@ template <int length> unsigned long construct(unsigned long iterations) {
   return sum;
 }
 
+unsigned long construct_empty(unsigned long iterations) {
+  unsigned long sum = 0;
+  for (unsigned long i = 0; i < iterations; ++i) {
+    std::string made;
+    BENCH_TOUCH(&made);
+    sum += made.empty();
+  }
+  return sum;
+}
+
 const bench_case cases[] = {
     {"string copy, 8 characters", 3, 1, copy<8>},
     {"string copy, 100 characters", 3, 1, copy<100>},
@@ -66,6 +76,7 @@ const bench_case cases[] = {
     {"string passed by value, 8 characters", 3, 1, pass<8>},
     {"string passed by value, 100 characters", 3, 1, pass<100>},
     {"string passed by value, 1,024 characters", 20, 1, pass<1024>},
+    {"an empty string, made and destroyed", 0.4, 1, construct_empty},
     {"string from 8 characters", 1, 1, construct<8>},
     {"string from 100 characters", 1, 1, construct<100>},
 };

@@ -1,5 +1,5 @@
-// Taking strings apart and putting them together: substr, insert and erase in the middle, a + b + c, and loops over
-// operator[], whose non-const form must be able to hand out a reference to write through.
+// Taking strings apart and putting them together: substr, insert, erase and replace in the middle, a + b + c, and loops
+// over operator[] and iterators, whose non-const forms must be able to hand out a reference to write through.
 #include <string>
 
 #include "bench.h"
@@ -27,6 +27,16 @@ template <int length> unsigned long insert_and_erase(unsigned long iterations) {
     BENCH_TOUCH(&text);
   }
   return sum + text.size();
+}
+
+unsigned long replace_part(unsigned long iterations) {
+  std::string text(100, 'x');
+  const std::string parts[2] = {"12345678", "abcdefgh"};
+  for (unsigned long i = 0; i < iterations; ++i) {
+    text.replace(40, 8, parts[i & 1]);
+    BENCH_TOUCH(&text);
+  }
+  return static_cast<unsigned long>(text[44]);
 }
 
 unsigned long erase_only(unsigned long iterations) {
@@ -78,6 +88,10 @@ BENCH_NOINLINE void next_letters(std::string &text) {
   for (std::string::size_type i = 0; i < text.size(); ++i) text[i] = static_cast<char>(text[i] ^ 1);
 }
 
+BENCH_NOINLINE void next_letters_by_iterator(std::string &text) {
+  for (std::string::iterator at = text.begin(); at != text.end(); ++at) *at = static_cast<char>(*at ^ 1);
+}
+
 unsigned long const_index(unsigned long iterations) {
   const std::string text(1000, 'x');
   unsigned long sum = 0;
@@ -97,17 +111,28 @@ unsigned long index_for_writing(unsigned long iterations) {
   return sum_of(text);
 }
 
+unsigned long iterate_for_writing(unsigned long iterations) {
+  std::string text(1000, 'x');
+  for (unsigned long i = 0; i < iterations; ++i) {
+    next_letters_by_iterator(text);
+    BENCH_TOUCH(&text);
+  }
+  return sum_of(text);
+}
+
 const bench_case cases[] = {
-    {"substr, 8 of 100 characters", 1, 1, substring<100, 8>},
+    {"substr, 8 of 100 characters", 0.8, 1, substring<100, 8>},
     {"substr, 80 of 100 characters", 1, 1, substring<100, 80>},
     {"insert and erase in the middle of 100", 1, 2, insert_and_erase<100>},
     {"insert and erase in the middle of 1,024", 1, 2, insert_and_erase<1024>},
+    {"replace 8 of 100 by as many", 1, 1, replace_part},
     {"erase in the middle, append at the end", 1, 2, erase_only},
     {"a + b + c, 6 characters in all", 1, 1, concatenate_short},
     {"a + b + c, 90 characters in all", 1, 1, concatenate_lines},
     {"folder + \"/\" + name", 1, 1, concatenate_path},
     {"operator[] in a loop, const", 1, 1000, const_index},
-    {"operator[] in a loop, for writing", 1, 1000, index_for_writing},
+    {"operator[] in a loop, for writing", 0.9, 1000, index_for_writing},
+    {"iterators in a loop, for writing", 0.9, 1000, iterate_for_writing},
 };
 
 }  // namespace

@@ -96,6 +96,16 @@ unsigned long find_all_in_line(unsigned long iterations) {
   return sum;
 }
 
+unsigned long rfind_character(unsigned long iterations) {
+  const std::string &line = short_line();
+  unsigned long sum = 0;
+  for (unsigned long i = 0; i < iterations; ++i) {
+    BENCH_TOUCH(&line);
+    sum += line.rfind('=');
+  }
+  return sum;
+}
+
 unsigned long find_set_in_line(unsigned long iterations) {
   const std::string &line = short_line();
   const std::string set(",;:!?");
@@ -134,6 +144,7 @@ const bench_case cases[] = {
     {"find a pattern with a rare first letter in 1 MB", 1, 1, find_rare_pattern},
     {"find_first_of a set in 1 MB", 3, 1, find_set},
     {"find a character and a pattern in a line", 1, 1, find_all_in_line},
+    {"rfind a character in a line", 1, 1, rfind_character},
     {"find_first_of a set in a line", 1, 1, find_set_in_line},
     {"compare, == and < at 8 characters", 1, 3, compare<8>},
     {"compare, == and < at 1,024 characters", 1, 3, compare<1024>},

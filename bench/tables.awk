@@ -23,7 +23,7 @@ function row(from, to,   text, i) {
   return text
 }
 
-/^ns per operation/ {
+/^ns per operation(, static programs)?, median/ {
   heading = $0
   rounds = $0; sub(/.*median of /, "", rounds); sub(/ .*/, "", rounds)
   columns = 3 * gsub(/ ratio/, "&")
@@ -31,6 +31,12 @@ function row(from, to,   text, i) {
   next
 }
 /^geometric mean of/ { if (heading !~ /static/) summary = $0; state = ""; next }
+# The size is the last word of the name.
+/^ns per operation by size/ {
+  state = "scaling"
+  print "| Case | size | plx, g++ | g++ |\n|---|---|---|---|" > (tables "/scaling.md")
+  next
+}
 /^instructions per call  / || /^a hello that throws/ || /^objects of libplx\.a/ {
   state = /^instr/ ? "instructions" : /^a hello/ ? "size" : "objects"
   columns = split(substr($0, 51), column, " ")
@@ -39,6 +45,15 @@ function row(from, to,   text, i) {
   next
 }
 /^ *$/ { if (state != "times") state = ""; next }
+state == "scaling" {
+  name = joined(1, NF - 3)
+  print "| " cell(name) " |" row(NF - 2, NF) > (tables "/scaling.md")
+  # Cases are blocks of gnuplot's, which two empty lines part.
+  if (name != growing) printf "%s\"%s\"\n", growing == "" ? "" : "\n\n", name > (data "/scaling.blocks")
+  growing = name
+  print $(NF - 2), $(NF - 1), $NF > (data "/scaling.blocks")
+  next
+}
 state == "times" && NF == 1 { program = $1; next }
 state == "times" {
   last = $NF == "behind" ? NF - 1 : NF

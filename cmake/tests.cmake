@@ -105,7 +105,7 @@ endfunction()
 
 file(MAKE_DIRECTORY ${CMAKE_BINARY_DIR}/tests)
 file(GLOB test_files CONFIGURE_DEPENDS RELATIVE ${CMAKE_SOURCE_DIR}/tests tests/*/*.cpp tests/*/*.c tests/*/*.sh)
-list(FILTER test_files EXCLUDE REGEX "^(foreign|fuzz|mutants)/")
+list(FILTER test_files EXCLUDE REGEX "^(fuzz|mutants)/")
 if(NOT PLX_TEST_ONCE)
   list(FILTER test_files EXCLUDE REGEX "^(documents|gdb|headers|install)/.*\\.sh$|^driver/(places|setup)\\.sh$")
 endif()

@@ -20,8 +20,10 @@ public:
   // The type's encoded name, as the C++ ABI writes it. A star before it is g++'s mark of a type that no other file
   // knows.
   const char *encoded_name() const { return _name_ + (*_name_ == '*'); }
+  // Two characters, a class's length and first letter, tell most names apart without a call.
   bool has_same_name(const abi_type_info *other) const {
-    return _name_ == other->_name_ || (*_name_ == *other->_name_ && is_same_text(other));
+    return _name_ == other->_name_ ||
+           (_name_[0] == other->_name_[0] && _name_[1] == other->_name_[1] && is_same_text(other));
   }
 
 private:
@@ -76,6 +78,7 @@ public:
   ~__vmi_class_type_info() override;
 
   unsigned int __flags;
+  enum { __non_diamond_repeat_mask = 1 };  // some class is more than one subobject
   unsigned int __base_count;
   __base_class_type_info __base_info[1];
 };

@@ -23,6 +23,13 @@ inline bool same_record(const abi_type_info *left, const abi_type_info *right) {
   return left == right || left->has_same_name(right);
 }
 
+// Where a base of an object stands.
+inline char *base_place(const __base_class_type_info &base, char *object) {
+  const long offset = base.__offset_flags >> __base_class_type_info::__offset_shift;
+  if (!(base.__offset_flags & __base_class_type_info::__virtual_mask)) return object + offset;
+  return object + *reinterpret_cast<const long *>(*reinterpret_cast<const char **>(object) + offset);
+}
+
 // Calls search.reached(class, address, whether public) for the class and for each of its base subobjects, on every
 // path. Without an object it still tells subobjects apart: it counts offsets from a made-up address, and a virtual
 // base, which there is only one of, stands at the address of its own record.
@@ -38,14 +45,9 @@ void visit_bases(const __class_type_info *type, char *object, bool has_object, b
     const auto *derived = static_cast<const __vmi_class_type_info *>(type);
     for (unsigned int i = 0; i < derived->__base_count; ++i) {
       const __base_class_type_info &base = derived->__base_info[i];
-      long offset = base.__offset_flags >> __base_class_type_info::__offset_shift;
-      char *place = object + offset;
-      if (base.__offset_flags & __base_class_type_info::__virtual_mask) {
-        if (has_object)
-          place = object + *reinterpret_cast<const long *>(*reinterpret_cast<const char **>(object) + offset);
-        else
-          place = reinterpret_cast<char *>(const_cast<__class_type_info *>(base.__base_type));
-      }
+      const bool is_made_up = !has_object && (base.__offset_flags & __base_class_type_info::__virtual_mask);
+      char *place = is_made_up ? reinterpret_cast<char *>(const_cast<__class_type_info *>(base.__base_type))
+                               : base_place(base, object);
       visit_bases(base.__base_type, place, has_object,
                   is_public && (base.__offset_flags & __base_class_type_info::__public_mask), search);
     }

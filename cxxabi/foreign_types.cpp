@@ -32,8 +32,10 @@ const char *foreign_identity(const a_type_info_impl *type) {
 
 bool foreign_same_name(const a_type_info_impl *left, const a_type_info_impl *right) {
   const abi_type_info *one = abi_record(left), *other = abi_record(right);
-  return one->has_same_name(other) ||
-         (names_incomplete_class(one, other) && strcmp(one->encoded_name(), other->encoded_name()) == 0);
+  if (one->has_same_name(other)) return true;
+  const char kind = *one->encoded_name();
+  return (kind == 'P' || kind == 'M') && names_incomplete_class(one, other) &&
+         strcmp(one->encoded_name(), other->encoded_name()) == 0;
 }
 
 bool foreign_derived_to_base(void *object, void **converted, const a_type_info_impl *from, const a_type_info_impl *to) {

@@ -1,5 +1,6 @@
 // Writing to a file whose buffer has no room for all.
 
+#include "owed_flush.h"
 #include "stdio_file.h"
 
 namespace __zor {
@@ -13,6 +14,8 @@ void bypass_stdio_buffer(FILE *file) { file->_IO_write_end = file->_IO_write_ptr
 }  // namespace
 
 long write_slow(FILE *file, const char *from, long n) {
+  // A line-buffered file would have no room after this write.
+  if (owed_flush && file == stdout) pay_owed_flush();
   turn_to_writing(file);
   if (n >= file->_IO_buf_end - file->_IO_buf_base && file->_IO_write_ptr == file->_IO_write_base)
     bypass_stdio_buffer(file);

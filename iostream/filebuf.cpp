@@ -7,6 +7,7 @@
 #include "../libC/eh_tools.h"
 #include "../locale/plain_facets.h"
 #include "filebuf_convert.h"
+#include "owed_flush.h"
 #include "read_ahead.h"
 #include "stdio_file.h"
 
@@ -37,6 +38,7 @@ int PLX_NOINLINE PLX_REGPARM overflow_through(filebuf &buffer, int c) {
 }  // namespace
 
 template <class C, class T> basic_filebuf<C, T>::~basic_filebuf() {
+  if (owed_flush == this) pay_owed_flush();
   if (!_file_) return;
   if (conversions) eh_guard([this] { end_conversion(*this); });
   if (!is_standard_file(_file_)) fclose(_file_);
@@ -102,6 +104,7 @@ typename basic_filebuf<C, T>::pos_type basic_filebuf<C, T>::seekpos(pos_type pos
 
 template <class C, class T> int basic_filebuf<C, T>::sync() {
   if (!_file_) return 0;
+  if (owed_flush == this) forget_owed_flush();
   const int result = synchronise(_file_);
   if (!_write_error_) return result;
   _write_error_ = false;

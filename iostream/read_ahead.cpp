@@ -5,6 +5,7 @@
 #include <stdlib.h>
 
 #include "../libC/i386/copy_block.h"
+#include "owed_flush.h"
 
 // What getc's macro calls when the buffer is empty: it fills it and returns the first character, which stays.
 extern "C" int __underflow(FILE *file);
@@ -16,7 +17,7 @@ namespace {
 enum { enough_refills = 3, large_buffer = 32 * 1024 };
 
 // Bits of FILE's flags, _IO_USER_BUF and _IO_UNBUFFERED, which the C library's headers do not name: a buffer that stdio
-// does not free, and none. tests/iostream/stdio_bits.cpp sees what the C library does with them.
+// does not free, and none. tests/iostream/files.cpp sees what becomes of them.
 enum { io_user_buf = 1, io_unbuffered = 2 };
 
 // Only in place of a buffer that stdio chose by itself, and that is empty.
@@ -38,6 +39,7 @@ void use_larger_buffer(FILE *file) {
 
 // Before stdio reads anew.
 FILE *prepare_refill(std::filebuf &buffer) {
+  if (owed_flush) pay_owed_flush();
   FILE *const file = _buffer_access::file(buffer);
   if (!file) return nullptr;
   turn_to_reading(file);

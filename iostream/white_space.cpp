@@ -2,15 +2,20 @@
 
 #include "white_space.h"
 
+#include "owed_flush.h"
+
 namespace __zor {
 
-bool has_nothing_to_flush(const std::ostream *tied) PLX_NOTHROW {
-  if (_stream_access::state(const_cast<std::ostream &>(*tied)) != ios_base::goodbit || _stream_access::tie(*tied))
+bool needs_no_flush(const std::istream &in, const std::ostream &tied) PLX_NOTHROW {
+  if (_stream_access::state(const_cast<std::ostream &>(tied)) != ios_base::goodbit || _stream_access::tie(tied))
     return false;
-  std::streambuf *const buffer = _stream_access::buffer(*tied);
-  if (!is_plain_filebuf(buffer)) return false;
-  const FILE *const file = _buffer_access::file(*buffer);
-  return !file || has_nothing_to_flush(file);
+  std::streambuf *const to = _stream_access::buffer(tied);
+  if (!is_plain_filebuf(to)) return false;
+  const FILE *const file = _buffer_access::file(*to);
+  if (!file || has_nothing_to_flush(file)) return true;
+  std::streambuf *const from = _stream_access::buffer(in);
+  return !(_stream_access::flags(tied) & ios_base::unitbuf) && is_plain_filebuf(from) &&
+         owe_flush(static_cast<std::filebuf &>(*from), static_cast<std::filebuf &>(*to));
 }
 
 bool skip_white_space(std::istream &in) {

@@ -40,15 +40,15 @@ bool skip_white_space(std::istream &in);
 // The same for a plain buffer and the classic table: cannot throw.
 bool skip_plain_space(std::streambuf *buffer) PLX_NOTHROW;
 
-// Flushing the tied stream would do nothing: the C library holds nothing of it back. (A file that was read from is set
-// to where the reader is, so that is looked at, too.)
-PLX_REGPARM bool has_nothing_to_flush(const std::ostream *tied) PLX_NOTHROW;
+// The tied stream needs no flush now: the C library holds nothing of it back, or the flush is put off. (A file that was
+// read from is set to where the reader is, so that is looked at, too.)
+PLX_REGPARM bool needs_no_flush(const std::istream &in, const std::ostream &tied) PLX_NOTHROW;
 
-// The stream is good, so it has a buffer, and nothing has to be flushed.
+// The stream is good, so it has a buffer, and nothing has to be flushed now.
 inline bool starts_fast(std::istream &in) {
   if (__builtin_expect(_stream_access::state(in) != ios_base::goodbit, false)) return false;
   const std::ostream *const tied = _stream_access::tie(in);
-  return __builtin_expect(!tied, true) || has_nothing_to_flush(tied);
+  return __builtin_expect(!tied, true) || needs_no_flush(in, *tied);
 }
 
 // The window at the first character that is no classic white space; false when that is not in the buffer's window, or

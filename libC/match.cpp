@@ -38,10 +38,11 @@ bool element_matches(const an_exception_type_specification *element, const a_typ
 
 bool same_type(const a_type_info_impl *left, const a_type_info_impl *right) {
   if (left == right) return true;
+  // Foreign records of one type have one name, whatever their identities.
+  if (is_foreign(left) && is_foreign(right)) return foreign_same_name(left, right);
   const char *identity = identity_of(left);
   if (identity && identity == identity_of(right)) return true;
-  if (is_foreign(left) != is_foreign(right)) return false;
-  if (is_foreign(left)) return foreign_same_name(left, right);
+  if (is_foreign(left) || is_foreign(right)) return false;
   // Objects that were loaded apart have identity objects of their own; what a file keeps to itself is its own type.
   return identity && right->identity && strcmp(left->name, right->name) == 0 &&
          are_exported_alike(identity, right->identity);

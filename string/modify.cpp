@@ -153,10 +153,17 @@ template <class Source> void replace(b_str_ref *&rep, unsigned pos, unsigned n1,
   if (pos > length) fail_out_of_range();
   const unsigned xlen = n1 < length - pos ? n1 : length - pos;
   if (~n2 <= length - xlen || n2 >= ~length) fail_length();
-  if (n2 == 0)
+  const unsigned capacity = capacity_for(length + n2);
+  if (n2 == 0) {
     erase(rep, pos, xlen);
-  else
+  } else if (xlen == n2 && _string_is_private(rep) && has_room(rep, length + n2, capacity)) {
+    source.write(rep->data + pos, n2);  // nothing moves, so the source may lie anywhere
+    set_length(rep, length);
+    rep->capacity = capacity;
+    rep->count = 1;
+  } else {
     exchange(rep, pos, xlen, source, n2);
+  }
 }
 
 }  // namespace

@@ -54,6 +54,10 @@ unsigned search::rfind(const b_str_ref *rep, const char *s, unsigned pos, unsign
   const unsigned length = rep->length;
   if (n == 0 || length < n) return _string_npos;
   const char *at = rep->data + (pos < length - n ? pos : length - n);
+  if (n == 1) {
+    at = static_cast<const char *>(memrchr(rep->data, *s, static_cast<unsigned>(at - rep->data) + 1));
+    return at ? static_cast<unsigned>(at - rep->data) : _string_npos;
+  }
   for (;; --at) {
     if (*at == *s && memcmp(at, s, n) == 0) return static_cast<unsigned>(at - rep->data);
     if (at == rep->data) return _string_npos;

@@ -5,7 +5,9 @@
 #define TESTS_BUFFERS_H
 
 #include <stdio.h>
+#include <stdlib.h>
 #include <string.h>
+#include <sys/mman.h>
 #include <unistd.h>
 
 #include <locale>
@@ -21,25 +23,19 @@ struct thrown {
 };
 int thrown::live;
 
-enum a_buffer_call {
-  underflows,
-  uflows,
-  xsgetns,
-  pbackfails,
-  showmanycs,
-  overflows,
-  xsputns,
-  seeks,
-  syncs,
-  buffer_calls
-};
+#define BUFFER_CALLS underflows, uflows, xsgetns, pbackfails, showmanycs, overflows, xsputns, seeks, syncs
+enum a_buffer_call { BUFFER_CALLS, buffer_calls };
+#define NAMES_OF(...) #__VA_ARGS__
+#define NAMES(...) NAMES_OF(__VA_ARGS__)
 
 class scripted : public std::streambuf {
 public:
   int calls[buffer_calls];
-  int most;  // characters that overflow takes
+  int most;    // characters that overflow takes
+  int spoilt;  // of the room, which nobody had used
   explicit scripted(const std::string &text = "", std::size_t step = 0, std::size_t room = 0)
       : most(1 << 30),
+        spoilt(0),
         text_(text),
         at_(0),
         step_(step),
@@ -131,7 +127,8 @@ private:
     at_ = from + n;
   }
   void show_room() {
-    if (!room_.empty()) setp(&room_[0], &room_[0] + room_.size());
+    for (const char *at = pptr(); at && at < epptr(); ++at) spoilt += *at != '.';
+    if (!room_.empty()) room_.assign(room_.size(), '.'), setp(&room_[0], &room_[0] + room_.size());
   }
   int byte(std::size_t at) const { return static_cast<unsigned char>(text_.data()[at]); }
 
@@ -142,6 +139,59 @@ private:
   int calm_;
   bool throws_, once_, fired_;
 };
+
+// Drops '-', doubles '*', makes 30 of 'q', and writes capital letters between '<' and '>', as small ones, until that is
+// ended; says so only when it is asked, and may need several calls for one text. If it `refuses`, '!' is an error, '?'
+// incomplete, and what begins with '#' is left alone; otherwise they are as all else.
+struct converting : std::codecvt<char, char, std::mbstate_t> {
+  const bool refuses, ends;
+  explicit converting(bool r, bool e = true) : refuses(r), ends(e) {}
+  // What becomes of a character.
+  static std::string of(char c, int &shifted) {
+    const bool capital = c >= 'A' && c <= 'Z';
+    std::string made(c == '-' ? 0 : c == '*' ? 2 : c == 'q' ? 30 : 1, static_cast<char>(capital ? c + 32 : c));
+    if (capital != (shifted != 0)) made.insert(std::string::size_type(0), 1, capital ? '<' : '>');
+    shifted = capital;
+    return made;
+  }
+  static int &shifted(std::mbstate_t &state) { return reinterpret_cast<int &>(state); }
+  virtual bool do_always_noconv() const throw() { return false; }
+  virtual result do_out(std::mbstate_t &state, const char *from, const char *end, const char *&next, char *to,
+                        char *to_end, char *&to_next) const {
+    int most = 1000;
+    for (next = from, to_next = to; next != end; ++next) {
+      int after = shifted(state);
+      const std::string made = of(*next, after);
+      if (refuses && *next && strchr("!?#", *next)) return *next == '!' ? error : *next == '?' ? partial : noconv;
+      if (to_end - to_next < static_cast<long>(made.size()) || most-- == 0) return partial;
+      to_next += made.copy(to_next, made.size());
+      shifted(state) = after;
+    }
+    return ok;
+  }
+  virtual result do_unshift(std::mbstate_t &state, char *to, char *, char *&to_next) const {
+    if (!ends) return error;
+    to_next = to;
+    if (shifted(state)) *to_next++ = '>';
+    shifted(state) = 0;
+    return ok;
+  }
+  virtual result do_in(std::mbstate_t &, const char *, const char *, const char *&, char *, char *, char *&) const {
+    return error;
+  }
+};
+
+// A copy of a text, in the upper half of the address space. Behind it there is no memory.
+inline char *before_nothing(const std::string &text) {
+  static size_t next = 0xD0000000u;
+  const size_t room = (text.size() + 4096) / 4096 * 4096;
+  void *at = MAP_FAILED;
+  for (; next > 0x80000000u && at == MAP_FAILED; next -= room + 4096)
+    at = mmap(reinterpret_cast<void *>(next - room), room, PROT_READ | PROT_WRITE,
+              MAP_PRIVATE | MAP_ANONYMOUS | MAP_FIXED_NOREPLACE, -1, 0);
+  if (at == MAP_FAILED) abort();
+  return static_cast<char *>(memcpy(static_cast<char *>(at) + room - text.size(), text.data(), text.size()));
+}
 
 // A file of this process's own, removed with the object.
 struct own_file {

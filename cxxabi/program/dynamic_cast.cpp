@@ -42,16 +42,20 @@ struct a_cast {
     if (!same_record(type, target)) return;
     if (object != target_object) {
       target_is_ambiguous |= target_object != nullptr;
-      a_source_search below = {whole.source, whole.source_object, false, false};
-      visit_bases(type, object, true, true, below);
-      if (below.found) {
-        several_contain |= containing && containing != object;
-        containing = object;
-        contained_publicly |= below.found_publicly;
-      }
+      if (may_contain) look_below(type, object);
     }
     target_object = object;
     target_is_public |= is_public;
+  }
+
+  // Is the source a base of this target?
+  void look_below(const __class_type_info *type, char *object) {
+    a_source_search below = {whole.source, whole.source_object, false, false};
+    visit_bases(type, object, true, true, below);
+    if (!below.found) return;
+    several_contain |= containing && containing != object;
+    containing = object;
+    contained_publicly |= below.found_publicly;
   }
 
   void *result() const {
@@ -62,6 +66,7 @@ struct a_cast {
 
   a_source_search whole;  // the source in the complete object
   const __class_type_info *target;
+  bool may_contain;  // the source may be a base of the target
   char *target_object;
   bool target_is_public, target_is_ambiguous;
   char *containing;
@@ -84,10 +89,49 @@ bool cast_along_chain(const __class_type_info *dynamic, const __class_type_info 
   }
 }
 
+// Where no class is two subobjects, the first record met that is the source's or the target's tells where it stands,
+// and when both are public bases of the complete object there is nothing more to know. Names are not compared.
+class a_quick_cast {
+public:
+  a_quick_cast(const __class_type_info *source, const __class_type_info *target) : source_(source), target_(target) {}
+
+  // Null: found by neither, or not this way.
+  void *result(const __class_type_info *dynamic, char *complete) {
+    if (!has_table(dynamic, _ZTVN10__cxxabiv121__vmi_class_type_infoE)) return nullptr;
+    const auto *derived = static_cast<const __vmi_class_type_info *>(dynamic);
+    if (derived->__flags & __vmi_class_type_info::__non_diamond_repeat_mask) return nullptr;
+    return meets_both(derived, complete) ? target_object_ : nullptr;
+  }
+
+private:
+  bool meets_both(const __class_type_info *type, char *object) {
+    for (;;) {
+      if (type == source_) met_source_ = true;
+      if (type == target_) target_object_ = object;
+      if (met_source_ && target_object_) return true;
+      if (!is_single_base_class(type)) break;
+      type = static_cast<const __si_class_type_info *>(type)->__base_type;
+    }
+    if (!has_table(type, _ZTVN10__cxxabiv121__vmi_class_type_infoE)) return false;
+    const auto *derived = static_cast<const __vmi_class_type_info *>(type);
+    for (unsigned int i = 0; i < derived->__base_count; ++i) {
+      const __base_class_type_info &base = derived->__base_info[i];
+      if ((base.__offset_flags & __base_class_type_info::__public_mask) &&
+          meets_both(base.__base_type, base_place(base, object)))
+        return true;
+    }
+    return false;
+  }
+
+  const __class_type_info *const source_, *const target_;
+  bool met_source_ = false;
+  char *target_object_ = nullptr;
+};
+
 }  // namespace
 
 // `hint` is the offset of the source in the target when it is the target's one public non-virtual base of its type,
-// else negative.
+// else negative: -2 when it is no public base of the target.
 extern "C" PLX_HIDDEN void *__dynamic_cast(const void *object, const __class_type_info *source,
                                            const __class_type_info *target, long hint) {
   if (!is_class_record(source))
@@ -106,7 +150,8 @@ extern "C" PLX_HIDDEN void *__dynamic_cast(const void *object, const __class_typ
 
   void *result;
   if (complete == place && cast_along_chain(dynamic, source, target, complete, &result)) return result;
-  a_cast cast = {{source, place, false, false}, target, nullptr, false, false, nullptr, false, false};
+  if (void *found = a_quick_cast(source, target).result(dynamic, complete)) return found;
+  a_cast cast = {{source, place, false, false}, target, hint != -2, nullptr, false, false, nullptr, false, false};
   visit_bases(dynamic, complete, true, true, cast);
   return cast.result();
 }

@@ -24,16 +24,17 @@ inline const four_bytes *words(const char *at) { return reinterpret_cast<const f
 // Copying and filling. Nothing is nothing: the pointers may be null then. The regions of a copy do not overlap.
 inline void copy_characters(char *to, const char *from, unsigned n) {
   if (__builtin_expect(n > short_copy, false)) return copy_long(to, from, n);
-  if (n >= 8) {
-    const four_bytes c = *words(from + n - 8), d = *words(from + n - 4);
-    unsigned i = 0;
-    do {
-      *words(to + i) = *words(from + i);
-      *words(to + i + 4) = *words(from + i + 4);
-      i += 8;
-    } while (i + 8 < n);
-    *words(to + n - 8) = c;
-    *words(to + n - 4) = d;
+  if (n > 8) {
+    if (n > 16) {
+      *words(to + 8) = *words(from + 8);
+      *words(to + 12) = *words(from + 12);
+      *words(to + n - 16) = *words(from + n - 16);
+      *words(to + n - 12) = *words(from + n - 12);
+    }
+    *words(to) = *words(from);
+    *words(to + 4) = *words(from + 4);
+    *words(to + n - 8) = *words(from + n - 8);
+    *words(to + n - 4) = *words(from + n - 4);
   } else if (n >= 4) {
     *words(to) = *words(from);
     *words(to + n - 4) = *words(from + n - 4);
@@ -49,7 +50,7 @@ inline void move_characters(char *to, const char *from, unsigned n) {
     memmove(to, from, n);
     return;
   }
-  if (n >= 8) {
+  if (n > 8) {
     const four_bytes a = *words(from), b = *words(from + 4), c = *words(from + n - 8), d = *words(from + n - 4);
     *words(to) = a;
     *words(to + 4) = b;

@@ -25,9 +25,7 @@ template <class Case> static int fail_each(const Case &of) {
         one.make();
         try {
           one.run(faults[fault], n);
-        } catch (const refused &) {
-          failed = true;
-        } catch (const std::bad_alloc &) {
+        } catch (const refused &) { failed = true; } catch (const std::bad_alloc &) {
           failed = true;
         }
         const bool fired = *faults[fault] == 0;

@@ -117,9 +117,7 @@ template <class S> static int error_of(S &s, int which, unsigned int n) {
     if (which == 5) view.at(n);
   } catch (const std::length_error &e) {
     return strcmp(e.what(), "Length exception occurred") == 0;
-  } catch (const std::out_of_range &e) {
-    return strcmp(e.what(), "Out of range exception occurred") == 0 ? 2 : 3;
-  }
+  } catch (const std::out_of_range &e) { return strcmp(e.what(), "Out of range exception occurred") == 0 ? 2 : 3; }
   return 0;
 }
 template <class S> static void errors(bool is_vector) {
@@ -156,9 +154,7 @@ template <class T> static void growth() {
   try {
     v.reserve(0x80000001u);
     CHECK(!"that many fit");
-  } catch (const std::length_error &) {
-    CHECK_INT(v.capacity(), room);
-  }
+  } catch (const std::length_error &) { CHECK_INT(v.capacity(), room); }
 }
 
 // Blocks of deques that the pool does not serve; the first element goes into the middle of its block.

@@ -28,9 +28,7 @@ static void violate_both() {
   std::set_unexpected(translate);
   try {
     outer();
-  } catch (const char *text) {
-    printf("%s", text);
-  }
+  } catch (const char *text) { printf("%s", text); }
 }
 static void nested_specifications() {
   const test_child child = test_run_child(violate_both);
@@ -60,9 +58,7 @@ static void pointer_to_function() {
   try {
     *static_cast<void (**)()>(__throw_setup(&type, sizeof(void *), PLX_TYPE_POINTER)) = throw_one;
     __throw();
-  } catch (void *function) {
-    CHECK(function == reinterpret_cast<void *>(throw_one));
-  }
+  } catch (void *function) { CHECK(function == reinterpret_cast<void *>(throw_one)); }
 }
 
 static void no_element_size() {

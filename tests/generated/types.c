@@ -1,5 +1,5 @@
 /* Types: which clause takes what and where the handler finds the object, dynamic_cast, typeid and the conversion to a base,
- * for one set of descriptors; then the library's classes. test-variants: -O1 | -O2 -static */
+ * for one set of descriptors. test-variants: -O1 | -O2 -static */
 #include "classes.h"
 
 #define PUBLIC PLX_BASE_PUBLIC
@@ -98,9 +98,12 @@ static void thrown(int i) {
 
 /* The order of the list decides; what comes after the last is not looked at; who fails leaves the object alone. */
 static void lists(void) {
-  static const an_exception_type_specification base_first[] = {{&two, 0}, {&both, LAST}}, derived_first[] = {{&both, 0}, {&two, LAST}},
-      all_first[] = {{0, PLX_TYPE_ELLIPSIS}, {&both, LAST}}, ended[] = {{&__TI_i, 0}, {&__TI_d, LAST}, {&both, LAST}},
-      failing_first[] = {{&two, PLX_TYPE_POINTER}, {&near, 0}, {&unrelated, 0}, {&both, LAST}};
+  typedef const an_exception_type_specification a_list[];
+  static a_list base_first = {{&two, 0}, {&both, LAST}};
+  static a_list derived_first = {{&both, 0}, {&two, LAST}};
+  static a_list all_first = {{0, PLX_TYPE_ELLIPSIS}, {&both, LAST}};
+  static a_list ended = {{&__TI_i, 0}, {&__TI_d, LAST}, {&both, LAST}};
+  static a_list failing_first = {{&two, PLX_TYPE_POINTER}, {&near, 0}, {&unrelated, 0}, {&both, LAST}};
   CHECK(thrown_at(base_first, &both, 0) == 1 && moved == 12);
   CHECK(thrown_at(derived_first, &both, 0) == 1 && moved == 0);
   CHECK_INT(thrown_at(derived_first, &two, 0), 2);
@@ -112,7 +115,8 @@ static void lists(void) {
 /* Each handler has a value of its own, made from what was thrown; null stays null, also on its way to a virtual base. */
 static void again(const a_type_info_impl *type, int flags, int at) {
   an_exception_type_specification by_two[1], by_type[1];
-  by_two[0].type = &two, by_type[0].type = type;
+  by_two[0].type = &two;
+  by_type[0].type = type;
   by_two[0].flags = by_type[0].flags = (unsigned char)(flags | LAST);
   TRY(by_type)
     TRY(by_two)
@@ -150,8 +154,10 @@ static void cast(int i) {
     char *const want = rows[i].at == -1 ? 0 : object + rows[i].at;
     char *volatile got = 0;
     memset(table, 0, sizeof table);
-    table->offset = (short)offset, table->type = rows[i].from;
-    CHECK(__dynamic_cast(object + offset, table, rows[i].to) == want && __dynamic_cast(object + offset, table, 0) == object);
+    table->offset = (short)offset;
+    table->type = rows[i].from;
+    CHECK(__dynamic_cast(object + offset, table, rows[i].to) == want);
+    CHECK(__dynamic_cast(object + offset, table, 0) == object);
     CHECK(__get_typeid(table) == rows[i].from);
     TRY(catch_all) got = (char *)__dynamic_cast_ref(object + offset, table, rows[i].to);
     HANDLERS CHECK(try_entry.body.try_block.handled_exception->type->identity == &__TID_St8bad_cast);
@@ -179,77 +185,20 @@ static void access_modes(void) {
   }
 }
 
-/* ---- the library's classes, also behind a local, a specification and an array */
-
-void _ZNSt16invalid_argument7__throwEPKc(const char *);
-void _ZNSt12out_of_range7__throwEPKc(const char *);
-void _ZNSt14overflow_error7__throwEPKc(const char *);
-void _ZNSt8bad_cast7__throwEPKc(const char *);
-static void typeid_of_null(const char *text) { __get_typeid(0), (void)text; }
-static void bad_typeid(const char *text) { (void)text, __throw_bad_typeid(); }
-static const struct {
-  void (*thrower)(const char *);
-  const a_type_info_impl *type, *base, *stranger;
-  const char *text;
-} library[] = {
-    {_ZNSt16invalid_argument7__throwEPKc, &__TI_St16invalid_argument, &__TI_St11logic_error, &__TI_St12out_of_range, "text"},
-    {_ZNSt12out_of_range7__throwEPKc, &__TI_St12out_of_range, &__TI_St11logic_error, &__TI_St13runtime_error, "text"},
-    {_ZNSt14overflow_error7__throwEPKc, &__TI_St14overflow_error, &__TI_St13runtime_error, &__TI_St11logic_error, "text"},
-    {_ZNSt8bad_cast7__throwEPKc, &__TI_St8bad_cast, &__TI_St9exception, &__TI_St9bad_alloc, "text"},
-    {typeid_of_null, &__TI_St10bad_typeid, &__TI_St9exception, &__TI_St8bad_cast, ""},
-    {bad_typeid, &__TI_St10bad_typeid, &__TI_St9exception, &__TI_St11logic_error, ""}};
-static unsigned current;
-static void construct(void *element, int a, int b, int c, int d, int e, int f, int g, int h) {
-  (void)(a + b + c + d + e + f + g + h);
-  if (*(char *)element) library[current].thrower("text");
-}
-static void destroy(void *element, int flags) { trace("%d%d", *(char *)element, flags); }
-static NOINLINE void through_everything(void) {
-  static const an_exception_type_specification allowed[] = {{&__TI_St9exception, LAST}};
-  static const a_region_record regions[] = {{DESTRUCTOR(local_destroy), 0, PLX_NO_REGION, 0}};
-  char elements[2] = {0, 1};
-  local a = {1};
-  void *addresses[1];
-  addresses[0] = &a;
-  SPECIFICATION(allowed)
-    FUNCTION(regions, addresses, 0)
-      REGION(0);
-      __vec_new_eh(elements, 2, 1, construct, destroy);
-    END_FUNCTION
-  END_SPECIFICATION
-}
-static int caught_by(const a_type_info_impl *first, const a_type_info_impl *second) {
-  typedef const char *(*a_what)(const void *);
-  an_exception_type_specification clauses[3] = {{0, 0}, {0, 0}, {0, PLX_TYPE_ELLIPSIS | LAST}};
-  volatile int result = 0;
-  clauses[0].type = first, clauses[1].type = second;
-  TRY(clauses) through_everything();
-  HANDLERS
-    result = clause;
-    CHECK_TEXT((*(const a_what *const *)caught)[2](caught), library[current].text);
-  END_TRY
-  CHECK_TRACE("02 ~1");
-  return result;
-}
-
 int main(void) {
   int i;
   fill(object);
   for (i = 0; i < ROWS; ++i) {
     const int before = test_failures;
-    thrown(i), converted(i), cast(i);
+    thrown(i);
+    converted(i);
+    cast(i);
     if (test_failures != before) fprintf(stderr, "in row %d\n", i);
   }
   lists();
   again(&shares_both, PLX_TYPE_POINTER, 0);
   again(&both, 0, 12);
   access_modes();
-  for (; current < sizeof library / sizeof *library; ++current) {
-    CHECK_INT(caught_by(library[current].type, library[current].base), 1);
-    CHECK_INT(caught_by(library[current].base, library[current].type), 1);
-    CHECK_INT(caught_by(library[current].stranger, &__TI_St9exception), 2);
-    CHECK_INT(caught_by(library[current].stranger, &__TI_i), 3);
-  }
   CHECK_TEXT(__TI_y.name, "unsigned long long");
   CHECK(__TI_v.identity == &__TID_v && __TI_i.virtual_table == PLX_TYPE_INFO_VTABLE && !__TI_i.bases);
   CHECK(__TI_St12out_of_range.bases->base->identity == &__TID_St11logic_error);

@@ -35,9 +35,7 @@ static volatile int visits;
 static void leave_a_try() {
   try {
     std::longjmp(place, visits == 1 ? 0 : 7);
-  } catch (int) {
-    CHECK(!"a handler of a frame that is gone");
-  }
+  } catch (int) { CHECK(!"a handler of a frame that is gone"); }
 }
 static void jumps() {
   const int got = setjmp(place);
@@ -46,9 +44,7 @@ static void jumps() {
   if (visits < 3) leave_a_try();
   try {
     throw 3;
-  } catch (int k) {
-    CHECK_INT(k, visits);
-  }
+  } catch (int k) { CHECK_INT(k, visits); }
 }
 
 static void say(const char *word) {
@@ -70,9 +66,7 @@ static void exits() {
   static announced late("late ");
   try {
     std::exit(3);
-  } catch (...) {
-    say("caught ");
-  }
+  } catch (...) { say("caught "); }
 }
 
 int main() {

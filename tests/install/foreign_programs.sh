@@ -8,7 +8,7 @@ kept=$PLX_PREFIX/foreign
 moved_prefix
 mkdir -p "$kept" foreign
 cp "$kept"/*.orig.tar.* foreign 2> log
-PLX_PREFIX=$prefix PLX_FOREIGN=$work/foreign "$PLX_SOURCE/tests/foreign/run.sh" tinyxml
+PLX_PREFIX=$prefix PLX_FOREIGN=$work/foreign "$PLX_SOURCE/bench/programs/run.sh" tinyxml
 status=$?
 cp foreign/*.orig.tar.* "$kept" 2> log
 exit $status

@@ -1,7 +1,6 @@
 // Static objects that outlive the classic locale and use the default one in their destructors: they get a living one,
 // whether its first implementation is gone by then or held by others. Freed memory is overwritten here, so that use of
 // it shows.
-
 #include <iostream>
 #include <locale>
 #include <new>
@@ -10,61 +9,51 @@
 #include "../harness.h"
 
 void *operator new(std::size_t bytes) {
-  unsigned int *block = static_cast<unsigned int *>(malloc(bytes + 8));
-  block[0] = static_cast<unsigned int>(bytes);
+  std::size_t *const block = static_cast<std::size_t *>(malloc(bytes + 8));
+  *block = bytes;
   return block + 2;
 }
 void operator delete(void *place) throw() {
   if (!place) return;
-  unsigned int *block = static_cast<unsigned int *>(place) - 2;
-  memset(place, 0xDD, block[0]);
+  std::size_t *const block = static_cast<std::size_t *>(place) - 2;
+  memset(place, 0xDD, *block);
   free(block);
 }
 
-static bool held_to_the_end;
-
 static bool used_before;
+static std::locale *keeper;
 
 static void use(const char *who) {
-  std::locale loc;
-  std::locale another(loc);
+  const std::locale loc, another(loc);
   std::stringstream stream;
   int number = 0;
   stream << 42 << ' ';
   stream >> number;
-  const bool works = number == 42 && std::use_facet<std::ctype<char> >(loc).is(std::ctype_base::alpha, 'x') &&
-                     std::use_facet<std::ctype<char> >(std::locale::classic()).is(std::ctype_base::alpha, 'x') &&
+  const bool works = number == 42 && std::isalpha('x', loc) && std::isalpha('x', std::locale::classic()) &&
                      (loc == std::locale::classic()) == (loc.name() == "C");
   used_before = true;
   printf("%s: %s\n", who, works ? loc.name().c_str() : "broken");
 }
 
-static std::locale *keeper;
-
 // Made before the classic locale: destroyed after it.
 struct late {
-  const char *name;
+  const char *const name;
   explicit late(const char *text) : name(text) {}
   ~late() {
     use(name);
-    if (held_to_the_end && keeper) {
-      delete keeper;
-      keeper = 0;
-      use("without keeper");
-    }
+    if (!keeper) return;
+    delete keeper;
+    keeper = 0;
+    use("without keeper");
   }
 };
-
 static late last("last"), before_last("before last");
 
 // Later than any static object. The standard streams, which still live, let go of what may be the last implementation.
 __attribute__((__destructor__)) static void at_unloading() {
   if (!used_before) return;
-  const std::locale other("POSIX");
-  std::cin.imbue(other);
-  std::cout.imbue(other);
-  std::cerr.imbue(other);
-  std::clog.imbue(other);
+  std::ios *const streams[] = {&std::cin, &std::cout, &std::cerr, &std::clog};
+  for (int i = 0; i < 4; ++i) streams[i]->imbue(std::locale("POSIX"));
   use("unloading");
   fflush(stdout);
 }
@@ -74,12 +63,11 @@ static void plain() {
   exit(0);
 }
 static void with_a_keeper() {
-  held_to_the_end = true;
   keeper = new std::locale;
   exit(0);
 }
 static void with_a_global() {
-  std::locale::global(std::locale(std::locale(), new std::ctype<char>(0, false, 0)));
+  std::locale::global(std::locale(std::locale(), new std::ctype<char>));
   exit(0);
 }
 

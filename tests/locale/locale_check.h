@@ -1,30 +1,10 @@
-// For tests of locales: a look into the records, and a facet that tells when it is destroyed.
+// For tests of locales: a facet that tells when it is destroyed, and a check of exceptions.
 #ifndef TESTS_LOCALE_CHECK_H
 #define TESTS_LOCALE_CHECK_H
 
 #include <locale>
 
 #include "../harness.h"
-
-// As the library lays them out.
-struct imp_record {
-  void *name;
-  unsigned int refcount;
-  void **facets;
-  unsigned int size;
-};
-struct facet_record {
-  void *virtual_table;
-  unsigned char deletable;
-  unsigned int refcount;
-};
-
-static TEST_UNUSED const imp_record &record_of(const std::locale &loc) {
-  return **reinterpret_cast<imp_record *const *>(&loc);
-}
-static TEST_UNUSED const facet_record &record_of(const std::locale::facet &facet) {
-  return *reinterpret_cast<const facet_record *>(&facet);
-}
 
 static int noted_alive;
 

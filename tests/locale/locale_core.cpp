@@ -1,16 +1,16 @@
-// Handles and what they share: counts, identities, who owns a facet, what combining carries over and what not, names
-// and comparison, the default locale and the C library's; named locales; and memory that runs out at each allocation:
-// nothing is lost, no facet is deleted twice or not at all. What the standard fixes is in peer/handles.
+// Handles by plx's own rules: identities, what combining carries over and what not, names, the default locale and the C
+// library's; and memory that runs out at each allocation: nothing is lost, no facet is deleted twice or not at all.
+// What the standard fixes, and when facets die, is in peer/handles.
 // test-variants: -O0 | -O2
 #include <locale.h>
 
-#include <sstream>
 #include <stdexcept>
 #include <typeinfo>
 
 #include "../fail_allocation.h"
 #include "locale_check.h"
 #include "named_locales.h"
+#include "reading.h"
 
 using std::locale;
 
@@ -26,58 +26,36 @@ static unsigned int quick(const locale &loc) { return loc._get_imp()->_get_quick
 template <class Facet> static bool same(const locale &left, const locale &right) {
   return &std::use_facet<Facet>(left) == &std::use_facet<Facet>(right);
 }
-
-// Numbers from 1 on, in the order in which classes are first asked for: the classic locale's facets come first.
-static void identities() {
-  const locale loc;
-  locale::id *const ids[] = {&std::numpunct<char>::id, &std::num_get<char>::id, &std::num_put<char>::id,
-                             &std::ctype<char>::id,    &conversion::id,         &std::collate<char>::id};
-  for (unsigned int i = 0; i < 6; ++i) CHECK_INT(ids[i]->init(), i + 1);
-  const unsigned int first = noted::id.init();
-  CHECK(std::time_put<char>::id.init() == 7 && std::money_get<char>::id.init() == 12 && first == 13);
-  CHECK(other_noted::id.init() == first + 1 && noted::id.init() == first);
-  CHECK(record_of(loc).size >= 13 && record_of(loc).facets[0] == 0);
-  // A table grows for a facet whose number it has no slot for.
-  CHECK_INT(record_of(locale(locale(loc, new noted), new other_noted)).size, first + 2);
+// Which facets two locales share, a letter for each.
+static std::string shared(const locale &a, const locale &b) {
+  const bool all[] = {same<std::numpunct<char> >(a, b),
+                      same<std::num_get<char> >(a, b),
+                      same<std::num_put<char> >(a, b),
+                      same<std::ctype<char> >(a, b),
+                      same<conversion>(a, b),
+                      same<std::collate<char> >(a, b),
+                      same<std::time_put<char> >(a, b),
+                      same<std::time_get<char> >(a, b),
+                      same<std::moneypunct<char, true> >(a, b),
+                      same<std::moneypunct<char> >(a, b),
+                      same<std::money_put<char> >(a, b),
+                      same<std::money_get<char> >(a, b)};
+  std::string letters;
+  for (int i = 0; i < 12; ++i)
+    if (all[i]) letters += "ngpcvktTiMPG"[i];
+  return letters;
 }
 
-static void owners() {
-  const locale &classic = locale::classic();
-  const unsigned int start = record_of(classic).refcount;
-  noted *owned = new noted, mine(1);
-  CHECK(record_of(*owned).deletable == 1 && record_of(*owned).refcount == 0);
-  {
-    locale one, two(one), with(classic, owned);
-    two = two = one;
-    CHECK(&record_of(one) == &record_of(classic) && record_of(classic).refcount == start + 2);
-    two = locale("C");
-    CHECK(record_of(classic).refcount == start + 1 && record_of(two).refcount == 1);
-    const locale copy(with, classic, locale::all), shared = with;
-    CHECK(&std::use_facet<noted>(with) == owned && !std::has_facet<noted>(classic) && record_of(*owned).refcount == 2);
-    with = locale(with, owned);  // the same facet where it is already
-    CHECK_INT(record_of(*owned).refcount, 3);
-    with = locale(with, new noted);  // another in its place
-    const locale again = locale(classic, &mine).combine<noted>(locale(classic, &mine));
-    CHECK(noted_alive == 3 && &std::use_facet<noted>(again) == &mine);
-    CHECK(locale(classic, static_cast<noted *>(0)) == classic);
-  }
-  CHECK(noted_alive == 1 && record_of(mine).refcount == 0 && record_of(classic).refcount == start);
-  // A default that the program sets is held until it is replaced; the classic one is not held.
-  {
-    locale held(classic, new noted);
-    CHECK(locale::global(held) == classic && record_of(held).refcount == 2);
-    CHECK(locale::global(held) == held);
-    CHECK_INT(record_of(held).refcount, 2);
-  }
-  CHECK(locale() != classic && std::has_facet<noted>(locale::global(classic)));
-  CHECK_INT(noted_alive, 1);
-  CHECK(locale() == classic);
-  CHECK_INT(record_of(classic).refcount, start);
+// Numbers from 1 on, in the order in which classes are first asked for: the classic locale's facets come first. A table
+// grows for a facet whose number it has no slot for.
+static void identities() {
+  const locale loc, more(locale(loc, new other_noted), new noted), copy(more);
+  CHECK(std::numpunct<char>::id.init() == 1 && conversion::id.init() == 5 && std::money_get<char>::id.init() == 12);
+  CHECK(other_noted::id.init() == 13 && noted::id.init() == 14 && std::has_facet<other_noted>(copy));
 }
 
 struct my_ctype : std::ctype<char> {};
 struct my_codecvt : conversion {};
-struct my_numpunct : std::numpunct<char> {};
 struct my_num_put : std::num_put<char> {};
 struct my_collate : std::collate<char> {
   virtual int do_compare(const char *, const char *, const char *, const char *) const { return -1; }
@@ -89,27 +67,28 @@ static void combining() {
                      writes = locale::imp::_quick_num_put, reads = locale::imp::_quick_num_get;
   // Which facets streams may take for the library's own, unchanged.
   CHECK(quick(classic) == (classes | plain | writes | reads) && quick(locale(classic, new my_ctype)) == plain);
-  CHECK(quick(locale(classic, new my_numpunct)) == (classes | plain));
   CHECK(quick(locale(classic, new my_num_put)) == (classes | plain | reads));
-  CHECK(quick(locale(locale(classic, new my_numpunct), classic, locale::numeric)) == 15);
+  CHECK(quick(locale(locale(classic, new my_num_put), classic, locale::numeric)) == 15);
   // Dates stay, whatever is asked for; money goes as a whole; the conversion of files is in no category.
-  const locale other("POSIX"), all(classic, other, locale::all), by_name(classic, "POSIX", locale::all);
-  CHECK(same<std::time_put<char> >(all, classic) && same<std::time_get<char> >(all, classic));
-  CHECK(same<std::time_put<char> >(by_name, classic) && same<std::time_get<char> >(by_name, classic));
-  CHECK((same<std::moneypunct<char, true> >(all, other) && same<std::moneypunct<char, false> >(all, other)));
-  CHECK(same<std::money_put<char> >(all, other) && same<std::money_get<char> >(all, other));
-  CHECK(same<std::num_put<char> >(all, other) && same<std::num_get<char> >(all, other));
-  CHECK(same<std::collate<char> >(all, other) && !same<std::collate<char> >(by_name, classic));
+  static const struct {
+    int categories;
+    const char *taken, *left;
+  } rows[] = {{locale::none, "", "ngpcvktTiMPG"},     {locale::numeric, "ngp", "cvktTiMPG"},
+              {locale::ctype, "c", "ngpvktTiMPG"},    {locale::collate, "k", "ngpcvtTiMPG"},
+              {locale::time, "", "ngpcvktTiMPG"},     {locale::monetary, "iMPG", "ngpcvktT"},
+              {locale::messages, "", "ngpcvktTiMPG"}, {locale::all, "ngpckiMPG", "vtT"}};
+  const locale other("POSIX");
+  for (int i = 0; i < 8; ++i) {
+    const locale one(classic, other, rows[i].categories), by_name(classic, "POSIX", rows[i].categories);
+    CHECK_TEXT(shared(one, other).c_str(), rows[i].taken);
+    CHECK_TEXT(shared(one, classic).c_str(), rows[i].left);
+    CHECK_TEXT(shared(by_name, classic).c_str(), rows[i].left);
+  }
   locale mine(locale(locale(classic, new my_ctype), new my_codecvt), new my_collate);
-  const locale none(classic, mine, locale::messages | locale::time), some(classic, mine, locale::ctype);
-  CHECK(same<std::ctype<char> >(none, classic) && same<std::ctype<char> >(some, mine) &&
-        same<conversion>(some, classic));
-  CHECK(same<std::collate<char> >(some, classic) && (quick(some) & (classes | plain)) == plain && some.name() == "C");
+  const locale some(classic, mine, locale::ctype);
+  CHECK((quick(some) & (classes | plain)) == plain && some.name() == "C");
   const std::string a("a"), b("b");
   CHECK(classic(a, b) && !classic(b, a) && !classic(a, a) && mine(b, a));
-  // From a named one: what is there is replaced, what is not stays.
-  const locale back(locale(mine, new noted), "C", locale::all);
-  CHECK(std::has_facet<noted>(back) && !back(b, a) && !(quick(back) & plain) && back.name() == "*");
   // plx's own: the implementation itself is changed, for all who share it.
   const locale sharer = mine;
   mine.set_imp(classic._get_imp(), conversion::id);
@@ -123,17 +102,18 @@ static void combining() {
 }
 
 static void names() {
-  const locale c("C"), posix("POSIX"), mixed(c, posix, locale::collate), with(c, new noted);
-  CHECK(locale().name() == "C" && posix.name() == "POSIX" && locale("").name() == "" && with.name() == "*");
-  CHECK(c == locale::classic() && c != posix && c != locale("") && with != locale(c, new noted));
+  const locale c("C"), posix("POSIX"), mixed(c, posix, locale::collate);
+  CHECK(posix.name() == "POSIX" && locale("").name() == "" && c != locale(""));
   CHECK(mixed.name() == "C" && mixed != c && mixed == locale(mixed));  // a name is not enough
-  static const char *const bad[] = {"no such locale", "*", 0};
-  for (int i = 0; i < 3; ++i) {
+  static const char *const bad[] = {"LC_CTYPE=C;LC_NUMERIC=xx_DE", "*", "LC_TIME=C;LC_MONETARY=C", "no such locale", 0};
+  for (int i = 0; i < 5; ++i) {
     CHECK_THROWS(std::runtime_error, "Invalid locale name\n", locale(bad[i]));
-    CHECK_THROWS(std::runtime_error, "Invalid locale name\n", locale(locale(), bad[i], i ? locale::none : locale::all));
+    CHECK_THROWS(std::runtime_error, "Invalid locale name\n", locale(c, bad[i], i % 2 ? locale::none : locale::all));
+    if (i > 1) CHECK_THROWS(std::runtime_error, "Invalid locale name\n", new std::ctype_byname<char>(bad[i]));
+    if (i > 2) CHECK_THROWS(std::runtime_error, "Invalid locale name\n", new std::collate_byname<char>(bad[i]));
   }
-  CHECK_THROWS(std::bad_cast, "Facet not present\n", std::use_facet<noted>(locale()));
-  CHECK_THROWS(std::runtime_error, "Facet not present\n", locale().combine<noted>(locale()));
+  CHECK_THROWS(std::bad_cast, "Facet not present\n", std::use_facet<noted>(c));
+  CHECK_THROWS(std::runtime_error, "Facet not present\n", c.combine<noted>(c));
 }
 
 // Classification and collation of a named locale are the classic ones, and collation follows the C library, whose
@@ -142,15 +122,13 @@ static char point(const locale &loc) { return std::use_facet<std::numpunct<char>
 static void named() {
   const locale german("xx_DE");
   const std::string a("a"), b("B");
-  CHECK(german.name() == "xx_DE" && german == locale("xx_DE") && german != locale("xx_FR") && (quick(german) & 3) == 3);
-  CHECK(!std::isalpha('\xE4', german) && std::toupper('\xE4', german) == '\xE4' && !german(a, b));
+  CHECK((quick(german) & 3) == 3 && !std::isalpha('\xE4', german) && !german(a, b));
   setlocale(LC_COLLATE, "xx_DE");
   CHECK(german(a, b) && locale::classic()(a, b));
   setlocale(LC_ALL, "xx_JP");
   setlocale(LC_NUMERIC, "xx_DE"), setlocale(LC_TIME, "xx_FR");
   const std::string name = c_library();
-  const locale numbers(locale::classic(), "xx_DE", locale::numeric);
-  CHECK(locale("xx_DE") == german && point(numbers) == ',');
+  CHECK(locale("xx_DE") == german && point(locale(locale::classic(), "xx_DE", locale::numeric)) == ',');
   CHECK_THROWS(std::runtime_error, "Invalid locale name\n", locale("xx_XX"));
   CHECK_TEXT(c_library(), name.c_str());
   setlocale(LC_ALL, "C");
@@ -159,12 +137,8 @@ static void named() {
   CHECK(point(locale(locale::classic(), name.c_str(), locale::numeric)) == ',');
   CHECK(std::use_facet<std::moneypunct<char> >(mixed).curr_symbol() ==
         std::use_facet<std::moneypunct<char> >(locale("xx_JP")).curr_symbol());
-  std::time_put<char> *const dates = new std::time_put_byname<char>(name.c_str());
-  const locale french(locale::classic(), dates), classes(locale::classic(), new std::ctype_byname<char>(name.c_str()));
-  tm new_year = tm();
-  std::ostringstream month;
-  dates->put(month, month, ' ', &new_year, 'B');
-  CHECK_TEXT(month.str().c_str(), "janvier");
+  CHECK_TEXT(std::timepunct<char>(name.c_str()).get_month_name_list()[12].c_str(), "janvier");
+  delete new own_facet<std::ctype_byname<char> >(name.c_str());
   // A default with a name becomes the C library's too.
   locale::global(mixed);
   CHECK_TEXT(c_library(), name.c_str());
@@ -172,42 +146,29 @@ static void named() {
   CHECK_TEXT(c_library(), name.c_str());
   locale::global(locale::classic());
   CHECK_TEXT(c_library(), "C");
-  CHECK_THROWS(std::runtime_error, "Invalid locale name\n", locale("LC_CTYPE=C;LC_NUMERIC=xx_DE"));
-  CHECK_THROWS(std::runtime_error, "Invalid locale name\n", new std::numpunct<char>("LC_TIME=C;LC_MONETARY=C"));
-  CHECK_THROWS(std::runtime_error, "Invalid locale name\n", new std::ctype_byname<char>("xx_XX"));
-  CHECK_THROWS(std::runtime_error, "Invalid locale name\n", new std::ctype_byname<char>("LC_TIME=C;LC_MONETARY=C"));
-  CHECK_THROWS(std::runtime_error, "Invalid locale name\n", new std::collate_byname<char>(0));
 }
 
-// Makes one locale, in place.
 template <int how> struct making {
-  bool made;
-  union {
-    char place[sizeof(locale)];
-    void *align;
-  };
   noted *facet;
-  locale owner;
-  making() : made(false), facet(how == 3 ? new noted : 0), owner(locale("C"), new noted) {
-    memset(place, 0, sizeof place);
-  }
+  locale owner, *made;
+  char place[sizeof(locale)] __attribute__((__aligned__));
+  making() : facet(how == 3 ? new noted : 0), owner(locale("C"), new noted), made(0) {}
   ~making() {
-    if (made) reinterpret_cast<locale *>(place)->~locale();
+    if (made) made->~locale();
   }
   void run() {
     switch (how) {
-      case 0: new (place) locale("C"); break;
-      case 1: new (place) locale(locale::classic(), "C", locale::all); break;
-      case 2: new (place) locale(locale::classic(), owner, locale::all); break;
-      case 3: new (place) locale(locale::classic(), facet); break;
-      case 4: new (place) locale(locale::classic().combine<noted>(owner)); break;
+      case 0: made = new (place) locale("C"); break;
+      case 1: made = new (place) locale(locale::classic(), "C", locale::all); break;
+      case 2: made = new (place) locale(locale::classic(), owner, locale::all); break;
+      case 3: made = new (place) locale(locale::classic(), facet); break;
+      case 4: made = new (place) locale(locale::classic().combine<noted>(owner)); break;
       case 5: {
         const std::string left(5000u, 'a'), right(6000u, 'a');
         CHECK(locale()(left, right) && !locale()(right, left));
         return;
       }
     }
-    made = true;
   }
   // A facet that was handed over is deleted when it comes into no locale; one that another locale has stays.
   void check(bool failed) {
@@ -220,7 +181,6 @@ static void report() { __vexil_report_error("so far 100%"); }
 
 int main() {
   identities();
-  owners();
   combining();
   names();
   CHECK_ENDS(report, 1, "so far 100%\n");
@@ -230,6 +190,6 @@ int main() {
     CHECK(fail_each_allocation<making<4> >() >= 2 && fail_each_allocation<making<5> >() >= 2);
     setlocale(LC_ALL, "C");
   }
-  named_locales_setup() ? named() : void(fprintf(stderr, "skipped: there is no localedef\n"));
+  if (named_locales_setup()) named();
   return TEST_RESULT();
 }

@@ -3,55 +3,54 @@
 #ifndef TESTS_MONEY_TEXTS_H
 #define TESTS_MONEY_TEXTS_H
 
-#include <iterator>
-#include <locale>
-#include <ostream>
-#include <string>
+#include "reading.h"
 
 struct money_rules {
   const char *pattern;  // "$-v " and the like: '$' symbol, '-' sign, 'v' value, ' ' space, '0' none
   const char *symbol, *plus, *minus, *grouping;
   int decimals;
+  void (*asked)();  // at the begin of each operation, if not null
 };
 
 template <bool Intl> struct chosen_money : std::moneypunct<char, Intl> {
   typedef std::money_base::pattern pattern;
-  const money_rules rules;
-  explicit chosen_money(const money_rules &by) : rules(by) {}
+  explicit chosen_money(const money_rules &by) : rules_(by) {}
 
 protected:
-  char do_decimal_point() const { return '.'; }
-  char do_thousands_sep() const { return ','; }
-  std::string do_grouping() const { return rules.grouping; }
-  std::string do_curr_symbol() const { return rules.symbol; }
-  std::string do_positive_sign() const { return rules.plus; }
-  std::string do_negative_sign() const { return rules.minus; }
-  int do_frac_digits() const { return rules.decimals; }
+  char do_decimal_point() const { return asked(), '.'; }
+  char do_thousands_sep() const { return asked(), ','; }
+  std::string do_grouping() const { return asked(), rules_.grouping; }
+  std::string do_curr_symbol() const { return asked(), rules_.symbol; }
+  std::string do_positive_sign() const { return asked(), rules_.plus; }
+  std::string do_negative_sign() const { return asked(), rules_.minus; }
+  int do_frac_digits() const { return asked(), rules_.decimals; }
   pattern do_pos_format() const {
+    asked();
+    static const char letters[] = "0 $-v";
+    static const std::money_base::part parts[] = {std::money_base::none, std::money_base::space,
+                                                  std::money_base::symbol, std::money_base::sign,
+                                                  std::money_base::value};
     pattern made;
-    for (int i = 0; i < 4; ++i)
-      switch (rules.pattern[i]) {
-        case '$': made.field[i] = std::money_base::symbol; break;
-        case '-': made.field[i] = std::money_base::sign; break;
-        case 'v': made.field[i] = std::money_base::value; break;
-        case ' ': made.field[i] = std::money_base::space; break;
-        default: made.field[i] = std::money_base::none; break;
-      }
+    for (int i = 0; i < 4; ++i) made.field[i] = parts[strchr(letters, rules_.pattern[i]) - letters];
     return made;
   }
   pattern do_neg_format() const { return do_pos_format(); }
-};
 
-// Iterators of the test's own, over strings.
+private:
+  void asked() const {
+    if (rules_.asked) rules_.asked();
+  }
+  const money_rules rules_;
+};
+inline std::locale with_money(const money_rules &rules) {
+  return std::locale(std::locale(std::locale::classic(), new chosen_money<false>(rules)),
+                     new chosen_money<true>(rules));
+}
+
+// Over strings.
 typedef std::back_insert_iterator<std::string> money_out;
-struct money_writer : std::money_put<char, money_out> {
-  money_writer() : std::money_put<char, money_out>(1) {}
-  ~money_writer() {}
-};
-struct money_reader : std::money_get<char, const char *> {
-  money_reader() : std::money_get<char, const char *>(1) {}
-  ~money_reader() {}
-};
+typedef own_facet<std::money_put<char, money_out> > money_writer;
+typedef own_facet<std::money_get<char, const char *> > money_reader;
 
 struct money_stream : std::ios {
   explicit money_stream(const std::locale &loc, int flags = 0) : std::ios(0) {
@@ -74,9 +73,8 @@ inline std::string money_read(std::ios &stream, bool intl, const std::string &te
   std::ios_base::iostate err = std::ios_base::goodbit;
   const char *const end = text.data() + text.size();
   const char *const stop = money_reader().get(text.data(), end, intl, stream, err, digits);
-  std::string result = (err & std::ios_base::failbit) ? digits + "!" : digits;
-  if (err & std::ios_base::eofbit) result += ".";
-  return result + std::string(stop, end);
+  return digits + (err & std::ios_base::failbit ? "!" : "") + (err & std::ios_base::eofbit ? "." : "") +
+         std::string(stop, end);
 }
 
 #endif

@@ -1,106 +1,115 @@
-// num_put and the inserters of numbers: random values in random formats, widths and groupings, in each rounding mode
-// and precision of the processor, against printf and the rules by which its text is laid out; then what is a rule of
-// plx's own: bools, pointers, formats, iterators that fail, facets that throw.
+// Values and texts of numbers. num_put and the inserters: random values in random formats, widths and groupings,
+// against printf and the rules by which its text is laid out. num_get and the extractors: texts on or next to the
+// border between two values, long and random ones, against strtod and its kin; fuzz/num_get has more short ones. In
+// each rounding mode and precision of the processor. iostream/faults has facets and buffers that fail.
 // test-variants: -O2
-#include <fenv.h>
 #include <float.h>
 #include <locale.h>
 #include <math.h>
 
-#include <locale>
 #include <sstream>
-#include <string>
 
 #include "../buffers.h"
-#include "../fail_allocation.h"
 #include "../random.h"
 #include "named_locales.h"
+#include "reading.h"
 
+using std::string;
 typedef std::ios_base base;
 struct to_text : std::num_put<char, char *> {};
-__extension__ typedef unsigned long long bits64;
 
 static char text[20000];
 
-// What is asked of it may throw.
-struct punctuation : std::numpunct<char> {
-  static int throws;
-  std::string sizes;
-  char point, separator;
-  punctuation(const std::string &grouping, char p, char s) : sizes(grouping), point(p), separator(s) {}
-  virtual char do_decimal_point() const { return maybe(1), point; }
-  virtual char do_thousands_sep() const { return maybe(2), separator; }
-  virtual std::string do_grouping() const { return maybe(3), sizes; }
-  virtual std::string do_truename() const { return maybe(4), std::string(100, 'y'); }
-  static void maybe(int which) {
-    if (which == throws) throw thrown();
-  }
-};
-int punctuation::throws;
+// ---- Values
 
+// The processor's control word: upwards, downwards and towards zero, and with mantissas of 53 and 24 bits, as some
+// programs have it.
+enum { usual_mode = 0x37F, unusual_modes = 5 };
+static const unsigned short unusual_mode[unusual_modes] = {0xB7F, 0x77F, 0xF7F, 0x27F, 0x7F};
+static void set_mode(unsigned short mode) { __asm__ volatile("fldcw %0" : : "m"(mode)); }
+
+__extension__ typedef unsigned long long bits64;
 static bits64 random_bits() {
   bits64 bits = 0;
   for (int i = 0; i < 4; ++i) bits = bits << 16 | random_below(1 << 16);
   return bits;
 }
-static double from_bits(bits64 bits) {
-  double value;
-  memcpy(&value, &bits, sizeof value);
-  return value;
+static int between(int least, int most) {
+  return least + static_cast<int>(random_below(static_cast<unsigned>(most - least + 1)));
 }
 
-// The values that programs print, and those that are hard to print.
+// What programs print, and what is hard to print and to read.
 static double random_double() {
+  static const double special[] = {0.0,  -0.0,   1,       10,      99999.95, 999999.5,  9.5e17,
+                                   9e18, 9.2e18, DBL_MIN, DBL_MAX, HUGE_VAL, -HUGE_VAL, HUGE_VAL - HUGE_VAL,
+                                   1e-4, 5e-324};
+  const double bits53 = static_cast<double>(random_bits() >> 11);
   char number[64];
-  switch (random_below(12)) {
-    case 0: return from_bits(random_bits());
-    case 1: return from_bits(random_bits() >> 12);                                              // denormal
-    case 2: return ldexp(2.0 * random_below(100000) + 1, -static_cast<int>(random_below(20)));  // halves of decimals
-    case 3: return ldexp(1.0, static_cast<int>(random_below(2098)) - 1074);
-    case 4: {  // powers of ten and their neighbours
-      sprintf(number, "1e%d", static_cast<int>(random_below(617)) - 308);
-      const double value = strtod(number, 0);
-      bits64 bits;
-      memcpy(&bits, &value, sizeof bits);
-      return from_bits(bits + random_below(5) - 2);
-    }
+  switch (random_below(11)) {
+    case 0: return ldexp(bits53, between(-1074, 970));
+    case 1: return ldexp(bits53, between(-1127, -1075));                 // denormal
+    case 2: return ldexp(bits53, between(-14, -3));                      // its last decimals are its last bits
+    case 3: return ldexp(2.0 * between(0, 99999) + 1, between(-19, 0));  // halves of decimals
+    case 4: return ldexp(1.0, between(-1074, 1023));
     case 5: return static_cast<double>(static_cast<long long>(random_bits() >> random_below(64)));
-    case 6:  // a decimal whose last digit is half of a unit
-      sprintf(number, "%u5e%d", random_below(1u << (random_below(23) + 1)), static_cast<int>(random_below(40)) - 25);
-      return strtod(number, 0);
-    case 7:  // nines
-      sprintf(number, "%u%.*se%d", random_below(10), static_cast<int>(random_below(18)), "99999999999999999",
-              static_cast<int>(random_below(30)) - 20);
-      return strtod(number, 0);
-    case 8: return random_below(2) ? HUGE_VAL - HUGE_VAL : random_below(2) ? HUGE_VAL : -HUGE_VAL;
-    case 9: {
-      static const double special[] = {0.0,    -0.0,   1,    10,     99999.95, 999999.5,
-                                       9.5e17, 0.0001, 9e18, 9.2e18, DBL_MIN,  DBL_MAX};
-      return special[random_below(12)];
-    }
-    case 10:  // whose last decimals are the last of its bits
-      return from_bits(static_cast<bits64>(1023 + 38 + random_below(12)) << 52 | random_bits() >> 12);
-    default: sprintf(number, "-%u.%u", random_below(100000), random_below(100000)); return strtod(number, 0);
+    case 6: return special[random_below(16)];
+    case 7:  // next to a power of ten
+      sprintf(number, "1e%d", between(-308, 308));
+      return nextafter(strtod(number, 0), random_below(2) ? HUGE_VAL : 0);
+    case 8:  // a decimal whose last digit is half of a unit
+      sprintf(number, "%u5e%d", random_below(1u << between(1, 23)), between(-25, 14));
+      break;
+    case 9: sprintf(number, "%d%.*se%d", between(0, 9), between(0, 17), "99999999999999999", between(-20, 9)); break;
+    default: sprintf(number, "-%d.%d", between(0, 99999), between(0, 99999));
   }
+  return strtod(number, 0);
 }
 static long double random_long_double() {
-  const bits64 mantissa = random_bits() | 1ull << 63;
-  switch (random_below(20)) {
-    case 0: return ldexpl(static_cast<long double>(mantissa), static_cast<int>(random_below(32000)) - 16300);
-    case 1: return random_double() / 3.0L;
-    case 2: return random_double();
-    default: return ldexpl(static_cast<long double>(mantissa), static_cast<int>(random_below(200)) - 150);
-  }
+  const long double bits = static_cast<long double>(random_bits() | 1ull << 63);
+  const unsigned kind = random_below(20);
+  return kind == 0   ? ldexpl(bits, between(-16300, 15699))
+         : kind == 1 ? random_double() / 3.0L
+         : kind == 2 ? random_double()
+                     : ldexpl(bits, between(-150, 49));
 }
+
+// ---- Texts of values
+
+struct punctuation : std::numpunct<char> {
+  const string sizes;
+  const char point;
+  punctuation(const string &grouping, char p) : sizes(grouping), point(p) {}
+  virtual char do_decimal_point() const { return point; }
+  virtual char do_thousands_sep() const { return ','; }
+  virtual string do_grouping() const { return sizes; }
+  virtual string do_truename() const { return "oui"; }
+};
+
+// An alphabet of the program's.
+struct alphabet : std::ctype<char> {
+  virtual char do_widen(char c) const { return static_cast<char>(c ^ 0x40); }
+  virtual const char *do_widen(const char *from, const char *end, char *to) const {
+    while (from != end) *to++ = do_widen(*from++);
+    return end;
+  }
+};
 
 struct a_format {
   int flags, width, precision;
-  std::string sizes;
-  char point, separator;
+  string sizes;
+  char point, separator, code;  // the code is what an alphabet changes
+  string coded(string text) const {
+    for (size_t i = 0; i < text.size(); ++i) text[i] = static_cast<char>(text[i] ^ code);
+    return text;
+  }
+  std::locale locale() const {
+    const std::locale digits(std::locale::classic(), new punctuation(sizes, point));
+    return code ? std::locale(digits, new alphabet) : digits;
+  }
 };
 
-static std::string grouped(const std::string &digits, const a_format &f) {
-  std::string rest = digits, made;
+static string grouped(string rest, const a_format &f) {
+  string made;
   for (unsigned i = 0; i < f.sizes.size();) {
     const int size = static_cast<signed char>(f.sizes[i]);
     if (size < 1 || size == 127 || static_cast<unsigned>(size) >= rest.size()) break;
@@ -111,55 +120,44 @@ static std::string grouped(const std::string &digits, const a_format &f) {
   return rest + made;
 }
 
-// printf's text: so much in front that no group counts, what is grouped, and the rest, in a field.
-static std::string laid_out(const std::string &printed, std::string::size_type prefix, std::string::size_type whole,
-                            const std::string &rest, const a_format &f) {
-  std::string made = grouped(printed.substr(prefix, whole - prefix), f) + rest;
-  const int adjust = f.flags & base::adjustfield, pad = f.width - static_cast<int>(prefix + made.size());
-  const std::string fill(pad > 0 ? pad : 0, '#'), front = printed.substr(0, prefix);
-  if (adjust == base::left) return front + made + fill;
-  return adjust == base::internal ? front + fill + made : fill + front + made;
+// In a field: sign or base, in no group; digits that are grouped; the rest.
+static string laid_out(const string &front, const string &digits, const string &rest, const a_format &f) {
+  const string made = grouped(f.coded(digits), f) + f.coded(rest);
+  const int adjust = f.flags & base::adjustfield, pad = f.width - static_cast<int>(front.size() + made.size());
+  const string fill(pad > 0 ? pad : 0, '#');
+  if (adjust == base::left) return f.coded(front) + made + fill;
+  return adjust == base::internal ? f.coded(front) + fill + made : fill + f.coded(front) + made;
 }
 
-template <class T> std::string want_integer(const a_format &f, const char *conversion, T value) {
-  const int field = f.flags & base::basefield;
-  std::string format = "%";
-  if (f.flags & base::showpos) format += '+';
-  if (f.flags & base::showbase) format += '#';
-  format += 'l';
-  format += field == base::oct ? "o" : field != base::hex ? conversion : f.flags & base::uppercase ? "X" : "x";
-  char printed[64];
-  const unsigned n = sprintf(printed, format.c_str(), value);
-  const unsigned prefix = *printed == '-' || *printed == '+' ? 1
-                          : *printed != '0' || n < 2         ? 0
-                          : (printed[1] | 32) == 'x'         ? 2
-                                                             : 1;
-  return laid_out(printed, prefix, n, "", f);
-}
-
-template <class T> std::string want_real(const a_format &f, const char *size, T value) {
-  const int style = f.flags & base::floatfield;
-  const int wanted = f.precision < ((f.flags & base::fixed) ? 0 : 1) ? 6 : f.precision,
-            digits = wanted < 127 ? wanted : 127;
-  std::string format = "%";
-  if (f.flags & base::showpos) format += '+';
-  if (f.flags & base::showpoint) format += '#';
-  format += std::string(".*") + size + (style == base::fixed ? 'f' : style == base::scientific ? 'e' : 'g');
+// By printf, with the conversion "ld" or "lu", "f" or "Lf", or what the flags make of it.
+template <class T> string want(const a_format &f, string conversion, T value) {
+  const bool is_real = *conversion.rbegin() == 'f';
+  const int style = f.flags & base::floatfield, field = f.flags & base::basefield,
+            wanted = f.precision < (f.flags & base::fixed ? 0 : 1) ? 6 : f.precision,
+            digits = !is_real       ? -1
+                     : wanted < 127 ? wanted
+                                    : 127;
+  char &letter = *conversion.rbegin();
+  if (is_real && style != base::fixed) letter = style == base::scientific ? 'e' : 'g';
+  if (!is_real && field == base::oct) letter = 'o';
+  if (!is_real && field == base::hex) letter = f.flags & base::uppercase ? 'X' : 'x';
+  const string format = string(f.flags & base::showpos ? "%+" : "%") +
+                        (f.flags & (is_real ? base::showpoint : base::showbase) ? "#.*" : ".*") + conversion;
   static char printed[12000];
   sprintf(printed, format.c_str(), digits, value);
-  const std::string all = printed, zeros(wanted - digits, '0');
-  const std::string::size_type point = all.find('.'), whole = point == std::string::npos ? all.size() : point;
-  std::string rest = zeros;
-  if (point != std::string::npos) {
-    rest = all.substr(point);
-    rest[0] = f.point;
-    std::string::size_type e = rest.find('e');
-    if (e == std::string::npos)
-      rest += zeros;
-    else
-      rest.insert(e, zeros)[e + zeros.size()] = f.flags & base::uppercase ? 'E' : 'e';
-  }
-  return laid_out(all, *printed == '-' || *printed == '+', whole, rest, f);
+  const string all = printed;
+  const bool is_signed = all[0] == '-' || all[0] == '+', is_based = !is_real && all[0] == '0' && all.size() > 1;
+  const size_t front = is_signed              ? 1
+                       : !is_based            ? 0
+                       : (all[1] | 32) == 'x' ? 2
+                                              : 1,
+               point = is_real ? all.find('.') : string::npos, whole = point == string::npos ? all.size() : point;
+  string rest = all.substr(whole);
+  const size_t e = rest.find('e') == string::npos ? rest.size() : rest.find('e');
+  if (f.flags & base::uppercase && e < rest.size()) rest[e] = 'E';
+  if (is_real) rest.insert(e, wanted - digits, '0');
+  if (point != string::npos) rest[0] = static_cast<char>(f.point ^ f.code);
+  return laid_out(all.substr(0, front), all.substr(front, whole - front), rest, f);
 }
 
 // So that nothing right is found by chance in what calls left behind.
@@ -168,14 +166,13 @@ static __attribute__((__noinline__)) void soil_the_stack() {
   for (unsigned i = 0; i < sizeof junk; ++i) junk[i] = '~';
 }
 
-// What the facet writes, and what the inserter does, are `want`.
-template <class T> bool same(const a_format &f, const std::locale &loc, T value, const std::string &want) {
+// What the facet writes, and what the inserter does.
+template <class T> void check(const a_format &f, const std::locale &loc, T value, const string &want) {
   // With room for all, which the inserters' own way needs: strings have none where operator new is replaced.
   static scripted buffer("", 0, 12000);
   std::ostream out(&buffer);
   out.imbue(loc);
   out.fill('#');
-  const char *got = text;
   for (int how = 0; how < 2; ++how) {
     out.flags(base::fmtflags(f.flags));
     out.width(f.width);
@@ -185,205 +182,238 @@ template <class T> bool same(const a_format &f, const std::locale &loc, T value,
       *to_text().put(text, out, '#', value) = 0;
     else
       out << value;
-    const std::string inserted = buffer.taken();
-    if (how) got = inserted.c_str();
-    const bool right = got == want && out.width() == 0;
-    CHECK(right);
-    if (!right)
-      fprintf(stderr, "  flags %x width %d precision %d:\n  got  %s\n  want %s\n", f.flags, f.width, f.precision, got,
-              want.c_str());
-    if (!right) return false;
+    const string inserted = buffer.taken(), got = how ? inserted : text;
+    CHECK_TEXT(got.c_str(), want.c_str());
+    CHECK_INT(out.width(), 0);
+    if (got != want) fprintf(stderr, "  flags %x width %d precision %d\n", f.flags, f.width, f.precision);
+    if (test_failures > 20) exit(TEST_RESULT());
   }
-  return true;
 }
 
 static a_format random_format(bool grouping) {
   static const int sides[] = {0, base::left, base::right, base::internal, base::left | base::right},
                    styles[] = {0, base::fixed, base::scientific, base::fixed | base::scientific},
-                   bases[] = {0, base::dec, base::hex, base::oct, base::hex | base::oct};
+                   bases[] = {0, base::dec, base::hex, base::oct, base::hex | base::oct},
+                   more[] = {base::showpos, base::showbase, base::showpoint, base::uppercase},
+                   widths[] = {63, 64, 65, 16, 17, 200};
   static const char *const sizes[] = {"\3", "\2\3", "\1", "\3\177", "\2\xFF", "\1\2\3", "\62", "\177", ""};
-  static const int widths[] = {63, 64, 65, 16, 17, 200};
-  a_format f;
-  f.flags = sides[random_below(5)] | styles[random_below(7) % 4] | bases[random_below(5)];
-  const int more[] = {base::showpos, base::showbase, base::showpoint, base::uppercase};
+  a_format f = {sides[random_below(5)] | styles[random_below(7) % 4] | bases[random_below(5)],
+                random_below(2)   ? 0
+                : random_below(3) ? between(0, 29)
+                                  : widths[random_below(6)],
+                random_below(3)   ? between(0, 19)
+                : random_below(3) ? 6
+                                  : between(-3, 136),
+                grouping ? sizes[random_below(9)] : "",
+                grouping ? ';' : '.',
+                ',',
+                static_cast<char>(grouping && random_below(3) == 0 ? 0x40 : 0)};
+  if (grouping && random_below(4) == 0) f.sizes += string("\0\3", 2);  // which ends them
   for (int i = 0; i < 4; ++i)
     if (random_below(4) == 0) f.flags |= more[i];
-  f.width = random_below(2) ? 0 : random_below(3) ? static_cast<int>(random_below(30)) : widths[random_below(6)];
-  f.precision = random_below(3) ? random_below(20) : random_below(3) ? 6 : static_cast<int>(random_below(140)) - 3;
-  if (random_below(8) == 0) f.precision = 4 + random_below(3);
-  f.sizes = grouping ? sizes[random_below(9)] : "";
-  f.point = grouping ? ';' : '.';
-  f.separator = ',';
   return f;
 }
 
-static void against_printf() {
-  static const int modes[] = {FE_UPWARD, FE_DOWNWARD, FE_TOWARDZERO};
-  for (int round = 0; round < 100000; ++round) {
-    const bool groups = round % 8 == 0;
-    const a_format f = random_format(groups);
-    const std::locale loc = groups ? std::locale(std::locale::classic(), new punctuation(f.sizes, f.point, f.separator))
-                                   : std::locale::classic();
-    long integer = static_cast<long>(random_bits() >> 32) >> random_below(32);
-    if (random_below(6) == 0) {  // where a digit more is needed
-      integer = 1;
-      for (int k = random_below(10); k > 0; --k) integer *= 10;
-      integer += static_cast<long>(random_below(3)) - 1;
-    }
+static void texts() {
+  for (int round = 0; round < 60000; ++round) {
+    const a_format f = random_format(round % 8 == 0);
+    const std::locale loc = round % 8 ? std::locale::classic() : f.locale();
     const double real = random_double();
     const long double longer = random_long_double();
-    bool ok = true;
-    if (round % 30 == 1) fesetround(modes[round / 30 % 3]);
-    unsigned short usual, narrow;
-    __asm__ volatile("fnstcw %0" : "=m"(usual));
-    narrow = static_cast<unsigned short>((usual & 0xFCFF) | (round & 512));
-    if (round % 30 == 2) __asm__ volatile("fldcw %0" : : "m"(narrow));
-    const std::string want = want_real(f, "", real);
-    ok &= same(f, loc, real, want);
-    __asm__ volatile("fldcw %0" : : "m"(usual));
-    if (round % 4 == 0) ok &= same(f, loc, longer, want_real(f, "L", longer));
-    fesetround(FE_TONEAREST);
-    if (round % 4 == 1) ok &= same(f, loc, integer, want_integer(f, "d", integer));
-    if (round % 4 == 2) {
-      const unsigned long natural = integer;
-      ok &= same(f, loc, natural, want_integer(f, "u", natural));
+    // Where a digit more is needed, and others.
+    const long near_power = static_cast<long>(pow(10, between(0, 9))) + between(-1, 1),
+               integer = random_below(6) ? static_cast<long>(random_bits() >> 32) >> random_below(32) : near_power;
+    const unsigned long natural = integer;
+    if (round % 30 == 1) {
+      set_mode(unusual_mode[round / 30 % unusual_modes]);
+      check(f, loc, real, want(f, "f", real));
+      check(f, loc, longer, want(f, "Lf", longer));
+      set_mode(usual_mode);
     }
-    if (!ok && test_failures > 10) return;
-  }
-}
-
-// Filled in front with `left`, behind with `right`; bools never.
-static void others() {
-  for (int i = 0; i < 2000; ++i) {
-    a_format f = random_format(i % 2);
-    const std::locale loc(std::locale::classic(), new punctuation(f.sizes, '.', ','));
-    const void *const at = reinterpret_cast<const void *>(random_bits() >> 32 >> random_below(33));
+    check(f, loc, real, want(f, "f", real));
+    if (round % 4 == 0) check(f, loc, longer, want(f, "Lf", longer));
+    if (round % 4 == 1) check(f, loc, integer, want(f, "ld", integer));
+    if (round % 4 == 2) check(f, loc, natural, want(f, "lu", natural));
+    if (round % 40 != 8) continue;
+    // Pointers are filled in front with `left`, behind with `right`; bools never.
+    const void *const at = reinterpret_cast<const void *>(natural);
     char printed[40];
     const int pad = f.width - sprintf(printed, "%p", at), adjust = f.flags & base::adjustfield;
-    const std::string fill(pad > 0 ? pad : 0, '#');
-    same(f, loc, at, (adjust == base::left ? fill : "") + printed + (adjust == base::right ? fill : ""));
+    const string fill(pad > 0 ? pad : 0, '#');
+    check(f, loc, at, (adjust == base::left ? fill : "") + f.coded(printed) + (adjust == base::right ? fill : ""));
     std::stringstream out;
     out.imbue(loc);
     out.flags(base::fmtflags(f.flags));
     out.width(7);
-    out << (i % 3 == 0) << std::boolalpha << true << false;
-    CHECK(out.str() == (i % 3 == 0 ? "1" : "0") + std::string(100, 'y') + "false" && out.width() == 7);
+    out << (natural % 2 == 0) << std::boolalpha << true << false;
+    CHECK(out.str() == f.coded(natural % 2 ? "0" : "1") + "ouifalse" && out.width() == 7);
   }
-}
-
-static void formats() {
-  std::stringstream s;
-  char format[8];
-  to_text::int_fmt(format, 'd', base::showpos | base::showbase | base::hex | base::uppercase);
-  CHECK_TEXT(format, "%+#lX");
-  to_text::int_fmt(format, 'u', base::skipws | base::dec);
-  CHECK_TEXT(format, "%lu");
-  to_text::int_fmt(format, 'p', base::showpos | base::hex);
-  CHECK_TEXT(format, "%p");
-  s.flags(base::showpos | base::showpoint | base::scientific | base::uppercase);
-  to_text::float_fmt(format, 'L', s);
-  CHECK_TEXT(format, "%+#.*Le");
-  s.flags(base::scientific | base::fixed);
-  to_text::float_fmt(format, 0, s);
-  CHECK_TEXT(format, "%.*g");
-}
-
-// An iterator of the program's, each of whose characters may be the last, a buffer that is full, and facets that throw:
-// nothing leaks, and the width is left.
-struct limited {
-  std::string *to;
-  unsigned most;
-  limited &operator*() { return *this; }
-  limited &operator++() { return *this; }
-  limited &operator=(char c) {
-    if (to->size() == most) throw thrown();
-    *to += c;
-    return *this;
-  }
-};
-struct to_limited : std::num_put<char, limited> {};
-static void failing() {
-  const long before = live_blocks;
-  {
-    std::stringstream s;
-    s.imbue(std::locale(std::locale::classic(), new punctuation("\3", '.', ',')));
-    for (unsigned most = 0; most < 11; ++most) {
-      std::string out;
-      const limited to = {&out, most};
-      s.width(9);
-      int caught = 0;
-      try {
-        to_limited().put(to, s, '*', 1234.5);
-      } catch (const thrown &) {
-        caught = 1;
-      }
-      CHECK(out == std::string("**1,234.5").substr(0, most) && caught == (most < 9) && s.width() == (caught ? 9 : 0));
-      scripted buffer;
-      buffer.most = most;
-      s.width(9);
-      const std::num_put<char> &facet = std::use_facet<std::num_put<char> >(s.getloc());
-      CHECK(facet.put(&buffer, s, '*', 1234.5).failed() == (most < 9) && s.width() == 0);
-    }
-    for (punctuation::throws = 1; punctuation::throws <= 4; ++punctuation::throws) {
-      int caught = 0;
-      s.flags(base::boolalpha);
-      s.width(7);
-      try {
-        if (punctuation::throws < 4) to_text().put(text, s, ' ', 12.5);
-        *to_text().put(text, s, ' ', true) = 0;
-      } catch (const thrown &) {
-        caught = 1;
-      }
-      CHECK(caught && s.width() == 7 && thrown::live == 0);
-    }
-    punctuation::throws = 0;
-  }
-  CHECK_INT(live_blocks, before);
 }
 
 // By name; the process's locale has no say, but for a text that the program had printf make.
 static void named() {
-  std::stringstream s;
   static const char *const names[] = {"xx_DE", "xx_IN", "xx_FR"}, *const sizes[] = {"\3\3", "\3\2", "\3\3"};
-  for (int i = 0; i < 3000; ++i) {
-    a_format f = random_format(true);
+  for (int i = 0; i < 1500; ++i) {
+    a_format f = random_format(false), plain = f;
     f.sizes = sizes[i % 3];
     f.point = i % 3 == 1 ? '.' : ',';
     f.separator = ".,\xE2"[i % 3];  // of three bytes the first
-    if (f.precision < 0) f.precision = 2;
     const double value = random_double();
-    const std::string want = want_real(f, "", value);
+    const string wanted = want(f, "f", value), classic = want(plain, "f", value);
     if (i % 2) setlocale(LC_ALL, "xx_DE");
-    same(f, std::locale(names[i % 3]), value, want);
+    check(f, std::locale(names[i % 3]), value, wanted);
+    setlocale(LC_ALL, i % 2 ? "xx_DE" : "xx_JP");
+    check(plain, std::locale::classic(), value, classic);
     setlocale(LC_ALL, "C");
-    f.sizes = "", f.point = '.';
-    const std::string plain = want_real(f, "", value);
-    setlocale(LC_ALL, i % 2 ? "xx_DE" : "xx_FR");
-    same(f, std::locale::classic(), value, plain);
-    setlocale(LC_ALL, "C");
-    if (test_failures) return;
   }
-  setlocale(LC_ALL, "xx_DE");
-  char made[40];
-  const int length = sprintf(made, "%.2f", 1234.5);
-  *to_text::print_float_type(text, s, ' ', made, 3, static_cast<unsigned>(length)) = 0;
-  CHECK_TEXT(text, "1234.50000");
-  setlocale(LC_ALL, "C");
-  strcpy(made, "+77");
-  s.flags(base::internal);
+}
+
+// What else the facet has: printf's formats, and the layout of a text that the program made.
+static void own_members() {
+  std::ios s(0);
+  char made[] = "+77", formats[3][8];
+  s.flags(base::internal | base::scientific | base::showpos | base::uppercase);
+  to_text::int_fmt(formats[0], 'd', base::showpos | base::showbase | base::hex | base::uppercase);
+  to_text::int_fmt(formats[1], 'p', base::showpos | base::hex);
+  to_text::float_fmt(formats[2], 'L', s);
+  CHECK(!strcmp(formats[0], "%+#lX") && !strcmp(formats[1], "%p") && !strcmp(formats[2], "%+.*Le"));
   s.width(5);
   *to_text::print_integral_type(text, s, '_', made, 3) = 0;
   CHECK_TEXT(text, "+__77");
+  setlocale(LC_ALL, "xx_DE");
+  char price[] = "1234,50";
+  *to_text::print_float_type(text, s, ' ', price, 3, 7) = 0;
+  setlocale(LC_ALL, "C");
+  CHECK_TEXT(text, "1234.50000");
+}
+
+// ---- Values of texts
+
+static const char *during = "C";  // the C library's locale while a number is read
+static void parse(const char *from, float &v) { v = strtof(from, 0); }
+static void parse(const char *from, double &v) { v = strtod(from, 0); }
+static void parse(const char *from, long double &v) { v = strtold(from, 0); }
+
+template <class Real> void check_one(const string &from) {
+  static std::istringstream quick;
+  number_reading<Real> got[2] = {{&quick, 7}, {&quick, 7}}, want = {0, 7};
+  parse(from.c_str(), want.value);
+  quick.clear();
+  quick.str(from + ";;;;;;;;;");
+  std::ios_base::iostate err = std::ios_base::goodbit;
+  setlocale(LC_ALL, during);
+  quick >> got[0].value;
+  got[1].read(from.data(), from.data() + from.size(), err);
+  setlocale(LC_ALL, "C");
+  const bool right = quick.get() == ';' && err == std::ios_base::eofbit && got[0].same(want) && got[1].same(want);
+  CHECK(right);
+  if (!right)
+    fprintf(stderr, "  %.200s, %d: got %La, %La, want %La\n", from.c_str(), int(err),
+            static_cast<long double>(got[0].value), static_cast<long double>(got[1].value),
+            static_cast<long double>(want.value));
+}
+static void check_all(const string &from) {
+  check_one<float>(from);
+  check_one<double>(from);
+  check_one<long double>(from);
+}
+
+// The number exactly between two neighbours, in all its digits, and texts that differ from it at the very end.
+static void check_border(long double a, long double b) {
+  sprintf(text, "%.*Le", 11000, (a + b) / 2);
+  string all = text;
+  const size_t e = all.find('e'), last = all.find_last_not_of('0', e - 1);
+  const string exponent = all.substr(e);
+  all.resize(last + 1);
+  check_all(all + exponent);
+  check_all(all + "0000000000000000001" + exponent);
+  check_all("-" + all + string(12000, '0') + "1" + exponent);
+  for (size_t digits = 14; digits < 24; ++digits) check_all(all.substr(0, digits) + exponent);
+  if (all[last] == '.') return;
+  --all[last];
+  check_all(all + "99999999999999999999" + exponent);
+}
+static void borders() {
+  for (int i = 0; i < 80; ++i) {
+    const double any = fabs(random_double()), place = any < 1e300 ? any : DBL_MAX;
+    check_border(place, nextafter(place, 0));
+    const float nearest = place < 1e38 ? static_cast<float>(place) : FLT_MAX;
+    check_border(nearest, nextafterf(nearest, 0));
+    // On both sides of what is denormal.
+    const double small = ldexp(1 + between(0, 999999) * 1e-6, between(-1034, -1010));
+    check_border(small, nextafter(small, 1));
+    const float tiny = ldexpf(1 + static_cast<float>(between(0, 1 << 20)) / 1048576, between(-138, -115));
+    check_border(tiny, nextafterf(tiny, 1));
+  }
+  check_border(DBL_MAX, 0x1p+1024L);
+  check_border(FLT_MAX, 0x1p+128L);
+  check_border(0x1p-149L, 0x1p-148L);
+  check_border(0x1p-1074L, 0x1p-1073L);
+  for (int i = 0; i < 20000; ++i) {  // with one bit less
+    const double part = 1 + static_cast<double>(random_bits() >> 12) * 0x1p-52;
+    sprintf(text, "%.*e", 14 + i % 5, ldexp(part, -1023));
+    check_one<double>(text);
+    sprintf(text, "%.*e", 8 + i % 11, ldexp(part, -127));
+    check_one<float>(text);
+  }
+}
+
+// Half-way between the two smallest long doubles, 1 / 2^16445 and its double: 3 / 2^16446, in all of its digits.
+static void between_the_smallest() {
+  string digits("3");
+  for (int i = 0; i < 16446; ++i) {
+    int carry = 0;
+    for (size_t d = digits.size(); d-- > 0; carry /= 10) {
+      carry += (digits[d] - '0') * 5;
+      digits[d] = static_cast<char>('0' + carry % 10);
+    }
+    if (carry) digits = static_cast<char>('0' + carry) + digits;
+  }
+  check_one<long double>(digits + "e-16446");
+  check_one<long double>(digits + ".01e-16446");
+  *digits.rbegin() = '4';  // of a 5
+  check_one<long double>(digits + "e-16446");
+}
+
+static void random_texts(int count) {
+  for (int i = 0; i < count; ++i) {
+    const unsigned a = static_cast<unsigned>(random_bits()), c = random_below(1 << 24) * 256;
+    long double value = i % 8 ? random_double() : random_long_double();
+    if (value - value != 0) value = DBL_MIN;
+    switch (i % 4) {
+      case 0: sprintf(text, "%.*Le", between(0, 21), value); break;
+      case 1: sprintf(text, "%u%09ue%d", a, c % 1000000000, between(-40, 39)); break;
+      case 2: sprintf(text, "0.%0*u%u", between(0, 19), 0, a); break;
+      default: sprintf(text, "-%u.%uE%+d", a >> random_below(32), c, between(-350, 349) >> random_below(9));
+    }
+    check_all(text);
+  }
+}
+
+static void far_texts() {
+  const string zeros(20000, '0');
+  check_all("0." + zeros + "1e20001"), check_all("1." + zeros + "e00001"), check_all("1" + zeros + "1e-20000");
+  check_all("9007199254740993." + zeros + "1"), check_all("1.000000059604644776"), check_all("18446744073709551615");
+  check_all("1e99999999999999999999"), check_all("-1e-99999999999999999999"), check_all("-1e4294967297");
+  check_all("1e999"), check_all("1e39"), check_all("-1e-999"), check_all("987654321.9876543210987e-00000000012");
 }
 
 int main() {
-  against_printf();
-  others();
-  formats();
-  failing();
-  if (named_locales_setup())
-    named();
-  else
-    fprintf(stderr, "skipped: there is no localedef\n");
+  texts();
+  far_texts();
+  borders();
+  between_the_smallest();
+  random_texts(40000);
+  for (int i = 0; i < unusual_modes; ++i) {
+    set_mode(unusual_mode[i]);
+    random_texts(2000);
+  }
+  set_mode(usual_mode);
+  if (!named_locales_setup()) return TEST_RESULT();
+  named();
+  own_members();
+  during = "xx_JP";  // whose point is of two bytes
+  random_texts(2000);
+  check_all("9007199254740993.00000000000000000001"), check_all("0." + string(400, '1'));
   return TEST_RESULT();
 }

@@ -1,9 +1,7 @@
 // Loads and unloads the objects that are named: objects MODE FILE...; prints what crosses their borders.
 #include <dlfcn.h>
 #include <malloc.h>
-#include <cstdio>
 #include <cstdlib>
-#include <cstring>
 
 #define NUMBER 50
 #include "objects.h"
@@ -12,69 +10,57 @@
 extern "C" const services plugin;
 #endif
 
-static void *open(const char *file, int mode) {
+static int mode;
+static void *open(const char *file) {
   void *const handle = dlopen(file, RTLD_NOW | mode);
   if (!handle) std::printf("%s\n", dlerror()), std::exit(1);
   return handle;
 }
+static const services *services_of(void *handle) { return static_cast<const services *>(dlsym(handle, "plugin")); }
 
 static void cross(const services *to) {
-  for (int kind = 0; kind < 8; ++kind) {
-    int results[3] = {0, 0, 0};
-    try { results[0] = catch_one(to->throw_one, kind); } catch (...) { results[0] = 1; }
-    try { results[1] = to->catch_one(throw_one, kind); } catch (...) { results[1] = 1; }
-    // There and back, with a frame of each on the way.
-    try { results[2] = to->catch_one(to->throw_one, kind); } catch (...) { results[2] = 1; }
-    std::printf("%d:%d,%d,%d ", kind, results[0], results[1], results[2]);
-  }
+  for (int kind = 0; kind < kinds; ++kind)
+    std::printf("%d:%d,%d,%d ", kind, catch_one(to->throw_one, kind), to->catch_one(throw_one, kind),
+                to->catch_one(to->throw_one, kind));
   shared_base *const made = to->make();
   std::printf("cast %d types %d%d\n", dynamic_cast<both *>(made) ? dynamic_cast<side *>(made) != 0 : -1,
               to->is_type(typeid(wrapped<shared_error>), false), to->is_type(typeid(internal), true));
   delete made;
 }
 
-typedef void (*passer)(thrower, int);
+// C that tells nobody of its end: frames of different layout at the same addresses.
+static void (*pass)(thrower, int);
+static void pass_on(int kind) { pass(throw_one, kind); }
 
 int main(int, char **argv) {
-  const int mode = argv[1][0] == 'g' ? RTLD_GLOBAL : RTLD_LOCAL;
+  mode = argv[1][0] == 'g' ? RTLD_GLOBAL : RTLD_LOCAL;
   std::setvbuf(stdout, 0, _IONBF, 0);
 #ifdef LINKED
   cross(&plugin);
 #endif
   // One after the other, where the one before was; then all at once.
-  void *handles[10];
-  void *last = 0;
+  void *handles[10], *last = 0;
   int again = 0;
-  for (int round = 0; round < 2; ++round) {
+  for (int round = 0; round < 2; ++round)
     for (char **file = argv + 2; *file; ++file) {
-      void *const handle = open(*file, mode);
-      if (const services *to = static_cast<const services *>(dlsym(handle, "plugin"))) {
-        cross(to);
-      } else {
-        // C that tells nobody of its end: frames of different layout at the same addresses.
-        const passer pass = reinterpret_cast<passer>(dlsym(handle, "pass"));
-        for (int kind = 4; kind < 6; ++kind) {
-          try { pass(throw_one, kind); } catch (wrapped<internal> &) { std::printf("passed "); } catch (...) { std::printf("left "); }
-        }
-      }
-      void *const address = dlsym(handle, dlsym(handle, "plugin") ? "plugin" : "pass");
+      void *const handle = open(*file);
+      *(void **)&pass = dlsym(handle, "pass");
+      if (services_of(handle)) cross(services_of(handle));
+      else std::printf("%d %d ", catch_one(pass_on, 4), catch_one(pass_on, 5));
+      void *const address = dlsym(handle, pass ? "pass" : "plugin");
       again += address == last;
       last = address;
       dlclose(handle);
       std::printf("closed\n");
     }
-  }
   if (again == 0) std::printf("none was loaded where another was\n");
   int count = 0;
-  for (char **file = argv + 2; *file; ++file) handles[count++] = open(*file, mode);
+  for (char **file = argv + 2; *file; ++file) handles[count++] = open(*file);
   for (int i = 0; i < count; ++i)
-    if (const services *to = static_cast<const services *>(dlsym(handles[i], "plugin")))
-      for (int k = 0; k < count; ++k)
-        if (const services *from = static_cast<const services *>(dlsym(handles[k], "plugin")))
-          for (int kind = 0; kind < 8; ++kind) {
-            try { std::printf("%d ", to->catch_one(from->throw_one, kind)); } catch (...) { std::printf("left "); }
-          }
-  std::printf("\n");
+    for (int k = 0; k < count; ++k) {
+      const services *const to = services_of(handles[i]), *const from = services_of(handles[k]);
+      for (int kind = 0; kind < kinds && to && from; ++kind) std::printf("%d ", to->catch_one(from->throw_one, kind));
+    }
   dlclose(handles[0]);
   std::printf("closed\n");
 
@@ -82,9 +68,9 @@ int main(int, char **argv) {
   if (FILE *const nowhere = std::freopen("/dev/null", "w", stdout)) std::setvbuf(nowhere, 0, _IONBF, 0);
   int before = 0;
   for (int i = 0; i < 2000; ++i) {
-    void *const handle = open(argv[2], mode);
-    static_cast<const services *>(dlsym(handle, "plugin"))->catch_one(throw_one, i % 2 * 3);
-    delete static_cast<const services *>(dlsym(handle, "plugin"))->make();
+    void *const handle = open(argv[2]);
+    services_of(handle)->catch_one(throw_one, i % 2 * 3);
+    delete services_of(handle)->make();
     dlclose(handle);
     if (i == 100) before = mallinfo().uordblks;
   }

@@ -1,4 +1,5 @@
 // What the program and the objects that it loads know of each other.
+#include <cstdio>
 #include <stdexcept>
 #include <typeinfo>
 
@@ -24,6 +25,7 @@ struct internal {
   int n;
 };
 }  // namespace
+struct opaque;  // defined in plugin.cc only
 
 typedef void (*thrower)(int kind);
 struct services {
@@ -34,18 +36,22 @@ struct services {
 };
 
 // Throws and catches, the same in the program and in each object.
+enum { kinds = 12 };
 static void throw_one(int kind) {
+  static both object(NUMBER);
+  static opaque *const pointer = 0;
   switch (kind) {
     case 0: throw shared_error(NUMBER);
     case 1: throw internal();
-    case 2: {
-      static both object(NUMBER);
-      throw static_cast<side *>(&object);
-    }
+    case 2: throw static_cast<side *>(&object);
     case 3: throw std::runtime_error("runtime");
     case 4: throw wrapped<shared_error>();
     case 5: throw wrapped<internal>();
-    case 6: throw(const internal *const *) 0;
+    case 6: throw static_cast<const internal *const *>(0);
+    case 7: throw &pointer;
+    case 8: throw static_cast<int opaque::*>(0);
+    case 9: throw static_cast<opaque (*)(opaque *)>(0);
+    case 10: throw static_cast<void (wrapped<opaque>::*)()>(0);
     default: throw both(NUMBER);
   }
 }
@@ -60,24 +66,22 @@ static int catch_one(thrower f, int kind) {
   try {
     cleanup inner = local;
     f(kind);
-  } catch (internal &) {
-    return 100;
-  } catch (shared_error &e) {
-    return 200 + e.n + room[NUMBER * 40] * 1000;
-  } catch (side *s) {
-    return 300 + (dynamic_cast<both *>(s) ? dynamic_cast<shared_base &>(*s).n : 99);
-  } catch (std::logic_error &) {
-    return 400;
-  } catch (std::exception &e) {
-    return 500 + e.what()[1];
-  } catch (wrapped<shared_error> &) {
-    return 600;
-  } catch (wrapped<internal> &) {
-    return 700;
-  } catch (const internal *const *) {
-    return 800;
-  } catch (side &s) {
-    return 900 + dynamic_cast<shared_base &>(s).n;
+  } catch (internal &) { return 100;
+  } catch (shared_error &e) { return 200 + e.n + room[NUMBER * 40] * 1000;
+  } catch (side *s) { return 300 + (dynamic_cast<both *>(s) ? dynamic_cast<shared_base &>(*s).n : 99);
+  } catch (std::logic_error &) { return 400;
+  } catch (std::exception &e) { return 500 + e.what()[1];
+  } catch (wrapped<shared_error> &) { return 600;
+  } catch (wrapped<internal> &) { return 700;
+  } catch (const internal *const *) { return 800;
+  } catch (side &s) { return 900 + dynamic_cast<shared_base &>(s).n;
+  } catch (const wrapped<opaque> *const *) { return 1000;
+  } catch (opaque **) { return 1001;
+  } catch (const opaque *const *) { return 1002;
+  } catch (const int opaque::*) { return 1003;
+  } catch (opaque (*)(opaque *)) { return 1004;
+  } catch (void (wrapped<opaque>::*)()) { return 1005;
+  } catch (...) { return 1;
   }
   return 0;
 }

@@ -1,19 +1,15 @@
 // A shared object of C++ with the number NUMBER.
-#include <cstdio>
 #include <cstdlib>
 
+struct opaque {
+  int n;
+};
 #include "objects.h"
 
 struct says {
   const char *name;
   explicit says(const char *n) : name(n) {}
-  ~says() {
-    try {
-      throw_one(0);
-    } catch (shared_base &e) {
-      std::printf("~%s%d ", name, e.n);
-    }
-  }
+  ~says() { std::printf("~%s%d ", name, catch_one(throw_one, 0)); }
 };
 static says first("first");
 static void at_exit() { std::printf("atexit%d ", NUMBER); }

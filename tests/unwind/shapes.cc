@@ -79,40 +79,6 @@ static void arguments(int n) {
   }
 }
 
-__attribute__((__cold__)) static void APART unlikely(int n) {
-  noisy local(8);
-  hidden(n);
-}
-static void split(int n) {
-  noisy first(9);
-  for (int i = 0; i < 3; ++i) {
-    if (__builtin_expect(i == 2, 0)) {
-      noisy second(10);
-      try {
-        unlikely(n);
-      } catch (int k) {
-        std::printf("cold %d ", k);
-        unlikely(n);
-      }
-    }
-    value(0);
-  }
-}
-
-__attribute__((__regparm__(3))) static int APART by_registers(int a, int b, int c) {
-  noisy local(a);
-  return value(b) + c;
-}
-__attribute__((__fastcall__)) static int APART fast(int a, int b, int c) {
-  noisy local(b);
-  return by_registers(a, b, c) + c;
-}
-__attribute__((__stdcall__)) static int APART popped_by_callee(int a, int b, int c) {
-  noisy local(c);
-  return fast(a, b, c) + b;
-}
-static void conventions(int n) { popped_by_callee(11, n, 12); }
-
 static void in_plain_c(int n) {
   noisy local(16);
   plain_c(hidden, n);
@@ -185,42 +151,18 @@ static void coroutines(int n) {
   hidden(n);
 }
 
-// More live values than registers, integer and floating; and the floating-point stack in use, again and again: it must not
-// overflow.
-static double pressure(int seed) {
-  int a = seed, b = a * 3 + 1, c = b ^ a, d = c + b, e = d * a, f = e - c, g = f + d, h = g ^ e;
-  double p = a / 2.0, q = b / 4.0, r = c / 8.0, s = d / 16.0, t = p * q, u = r + s, v = t - u, w = v * p;
-  try {
-    hidden(seed % 2);
-    a = 0;
-  } catch (int) {
-    h += 1;
-  }
-  return a + b * 2 + c * 3 + d * 4 + e * 5 + f * 6 + g * 7 + h * 8 + p + q + r + s + t + u + v + w;
-}
-static double floating(int n) { return value(n % 2 ? n : 0); }
-static void values(int n) {
-  double sum = 0;
-  for (int i = 0; i < 100; ++i) {
-    try {
-      sum += 1.5 * floating(i) + 2.5 * (floating(2) + floating(i + 1) / 3.0);
-    } catch (int) {
-      sum += 0.5 + pressure(i);
-    }
-  }
-  std::printf("%g ", sum);
-  hidden(n);
-}
-
-// More clean-ups than a throw notes at once, with arguments on the stack that the table counts.
+// More clean-ups than a throw notes at once, with arguments on the stack that the table counts: the walk begins again from
+// the last that was noted. By a pointer, lest a compiler passes arguments in registers.
 static noisy &sixth = *new noisy(6);
 static int passed;
+static int far(int depth, int a, int b, int c);
+static int (*volatile farther)(int, int, int, int) = far;
 static int APART far(int depth, int a, int b, int c) {
   struct counted {
     int n;
-    ~counted() { ++passed; }
-  } local = {a};
-  return depth ? far(depth - 1, b, c, a) + local.n : many(a, value(b), c, 4, sixth, a);
+    ~counted() { passed += n; }
+  } local = {depth};
+  return depth ? many(a, 2, farther(depth - 1, b, c, a), 4, sixth, b) + local.n : many(a, value(b), c, 4, sixth, a);
 }
 static void pushed(int n) {
   for (int depth = 28; depth < 36; ++depth) {
@@ -233,34 +175,14 @@ static void pushed(int n) {
   hidden(n);
 }
 
-static void deep(int n) {
-  static int depth = 300;
-  if (--depth == 0) {
-    depth = 300;
-    hidden(n);
-  }
-  char array[depth % 7 + 1];
-  array[0] = char(depth);
-  struct quiet {
-    char *p;
-    ~quiet() { zero += *p & 0; }
-  } local = {array};
-  switch (depth % 4) {
-    case 0: plain_c(deep, n); break;
-    case 1: nested_c(deep, n); break;
-    case 2: deep(n); break;
-    default: try { deep(n); } catch (const char *) {}
-  }
-  hidden(0);
-}
-
 int main() {
   static const struct {
     const char *name;
     callback run;
   } shapes[] = {{"variable length", variable_length}, {"realigned", realigned}, {"arguments", arguments},
-                {"hot and cold", split}, {"conventions", conventions}, {"C", in_plain_c}, {"nested C", in_nested_c}, {"registers of C", in_registers_c},
-                {"C that cleans up", in_cleanup_c}, {"signals", signals}, {"coroutines", coroutines}, {"values", values}, {"pushed", pushed}, {"deep", deep}};
+                {"C", in_plain_c}, {"nested C", in_nested_c}, {"registers of C", in_registers_c},
+                {"C that cleans up", in_cleanup_c}, {"signals", signals}, {"coroutines", coroutines},
+                {"pushed", pushed}};
   wide local;
   for (int i = 0; i < 16; ++i) local.values[i] = i;
   for (unsigned i = 0; i < 2 * sizeof shapes / sizeof *shapes; ++i) {

@@ -289,7 +289,7 @@ public:
     _node *_bound = header;
     for (_node *_x = header->parent; _x;) {
       const bool _left = _is_before(_wanted, _x);
-      _bound = _left ? _x : _bound;
+      _bound = _rb_tree_choose(_left, _x, _bound);
       _x = _rb_tree_child(_x, !_left);
     }
     return iterator(_bound);
@@ -412,13 +412,15 @@ private:
     }
     while (_x) {
       _parent = _x;
-      _left = _key._precedes(*_typed(_x), _key_of(_x));
       if (_key._ties(*_typed(_x), _key_of(_x))) {
         const int _compared = _key.compare(_key_of(_x));
         if (_compared == 0) return _typed(_x);
         _left = _compared < 0;
+        _x = _left ? _x->left : _x->right;
+      } else {
+        _left = _key._precedes(*_typed(_x), _key_of(_x));
+        _x = _rb_tree_child(_x, !_left);
       }
-      _x = _rb_tree_child(_x, !_left);
     }
     _to.parent = _parent;
     _to._right_of = _left ? 0 : _parent;
@@ -432,7 +434,7 @@ private:
     for (_node *_x = header->parent; _x;) {
       _parent = _x;
       const bool _left = _is_before(_key, _x);
-      _previous = _left ? _previous : _x;
+      _previous = _rb_tree_choose(_left, _previous, _x);
       _x = _rb_tree_child(_x, !_left);
     }
     if (_previous && !_is_after(_key, _previous)) return _typed(_previous);
@@ -443,13 +445,13 @@ private:
 
   iterator find(const _order &_key, _yes) const {
     for (_node *_x = header->parent; _x;) {
-      bool _left = _key._precedes(*_typed(_x), _key_of(_x));
       if (_key._ties(*_typed(_x), _key_of(_x))) {
         const int _compared = _key.compare(_key_of(_x));
         if (_compared == 0) return iterator(_x);
-        _left = _compared < 0;
+        _x = _compared < 0 ? _x->left : _x->right;
+      } else {
+        _x = _rb_tree_child(_x, !_key._precedes(*_typed(_x), _key_of(_x)));
       }
-      _x = _rb_tree_child(_x, !_left);
     }
     return end();
   }
@@ -469,7 +471,7 @@ private:
     if (!_is_equal(_key, _before)) return _found;
     for (_node *_x = _first->left; _x;) {
       const bool _equal = _is_equal(_key, _x);
-      _first = _equal ? _x : _first;
+      _first = _rb_tree_choose(_equal, _x, _first);
       _x = _rb_tree_child(_x, !_equal);
     }
     return iterator(_first);
@@ -481,7 +483,7 @@ private:
     for (_node *_x = header->parent; _x;) {
       const bool _tie = _key._ties(*_typed(_x), _key_of(_x));
       const bool _left = _key._precedes(*_typed(_x), _key_of(_x)) || _tie;
-      _found = _tie ? _x : _found;
+      _found = _rb_tree_choose(_tie, _x, _found);
       _x = _rb_tree_child(_x, !_left);
     }
     return iterator(_found);
@@ -494,7 +496,7 @@ private:
     _node *_bound = header;
     for (_node *_x = header->parent; _x;) {
       const bool _right = _is_after(_key, _x);
-      _bound = _right ? _bound : _x;
+      _bound = _rb_tree_choose(_right, _bound, _x);
       _x = _rb_tree_child(_x, _right);
     }
     return _bound;

@@ -47,13 +47,25 @@ PLX_API PLX_REGPARM void _rb_tree_rebalance(rb_tree_node_base *_x, rb_tree_node_
 // Takes a node out of the tree and the count, without destroying it.
 PLX_API PLX_REGPARM void _rb_tree_unlink(rb_tree_base_data *_tree, rb_tree_node_base *_z) PLX_NOTHROW;
 
-// The child on one side, chosen without a branch: which way a search goes cannot be predicted. The compiler must see
-// both as loaded, or it computes the address first and waits for the load after the comparison.
+// One of two nodes, chosen without a branch, since which way a search goes cannot be predicted. G++ makes one branch of
+// two choices by the same condition where it may, so it does not see this one.
+inline rb_tree_node_base *_rb_tree_choose(bool _first, rb_tree_node_base *_a, rb_tree_node_base *_b) PLX_NOTHROW {
+#if defined(__clang__)
+  return _first ? _a : _b;
+#else
+  __asm__("testb %1, %1\n\tcmovne %2, %0" : "+r"(_b) : "q"(_first), "r"(_a) : "cc");
+  return _b;
+#endif
+}
+
+// The child on one side, chosen so too. The compiler must see both as loaded, or it waits for the load after the
+// comparison; and it must forget where the result came from, or g++ branches to a test of each.
 inline rb_tree_node_base *_rb_tree_child(const rb_tree_node_base *_n, bool _on_the_right) PLX_NOTHROW {
   rb_tree_node_base *_left = _n->left, *_right = _n->right;
+  __asm__("" : "+r"(_left), "+r"(_right));
+  _left = _on_the_right ? _right : _left;
   PLX_OPAQUE(_left);
-  PLX_OPAQUE(_right);
-  return _on_the_right ? _right : _left;
+  return _left;
 }
 
 // Prefetches a node that will be needed a few steps later. The prefetch of a null pointer costs a TLB miss, so a node

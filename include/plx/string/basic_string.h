@@ -176,7 +176,8 @@ public:
 
   const_reference operator[](size_type _pos) const PLX_NOTHROW { return _rep_->data[_pos]; }
   reference operator[](size_type _pos) {
-    if (!__zor::_string_is_unshareable(_rep_) || _pos > _rep_->length) __zor::_string_expose_at(_rep_, _pos);
+    if (__builtin_expect(!__zor::_string_is_unshareable(_rep_) || _pos > _rep_->length, false))
+      __zor::_string_expose_at(_rep_, _pos);
     return _rep_->data[_pos];
   }
   const_reference at(size_type _pos) const {

@@ -26,12 +26,13 @@ template <class T> static void print(const T *first, const T *last, long long re
   for (; first != last; ++first) hash = hash * 33 + hash_of(*first);
   printf(" %lld:%u", result, hash);
 }
+#define NOTE(value) printf(" %ld", static_cast<long>(value))
+#define PLACE(iterator) NOTE(base_of(iterator) - r.got)
 
 template <class T> static T value_of(unsigned int n) { return static_cast<T>(n); }
 template <> std::string value_of<std::string>(unsigned int n) {
   return std::string(n % 7, 'a') + static_cast<char>('a' + n % 5);
 }
-template <> long long value_of<long long>(unsigned int n) { return static_cast<long long>(n) << 31; }
 
 static unsigned int number_of(const std::string &s) { return static_cast<unsigned int>(s.size()); }
 template <class T> static unsigned int number_of(const T &value) { return static_cast<unsigned int>(value); }
@@ -88,21 +89,19 @@ template <class T, class In, class Out> static void passes(ranges<T> &r, In in, 
   SHOW(std::partial_sum(BEGIN, LAST, OUT));
   SHOW(std::partial_sum(BEGIN, LAST, OUT, added<T>));
   SHOW(std::merge(BEGIN, LAST, SECOND, in.make(r.start + 1 + r.n / 2, &at_2), OUT));
-  long results[10], *result = results;
-  *result++ = std::find(BEGIN, LAST, v) == LAST;
-  *result++ = std::find_if(BEGIN, LAST, is_odd()) == LAST;
-  *result++ = static_cast<long>(std::count(BEGIN, LAST, v));
-  *result++ = static_cast<long>(std::count_if(BEGIN, LAST, is_odd()));
-  *result++ = std::equal(BEGIN, LAST, SECOND);
-  *result++ = std::equal(BEGIN, LAST, SECOND, alike());
-  *result++ = std::lexicographical_compare(BEGIN, LAST, SECOND, in.make(r.start + 1 + r.n, &at_2));
-  *result++ = std::lexicographical_compare(SECOND, in.make(r.start + 1 + r.n, &at_2), BEGIN, LAST, by_half());
-  *result++ = static_cast<long>(hash_of(std::accumulate(BEGIN, LAST, T())));
-  *result++ = static_cast<long>(hash_of(std::accumulate(BEGIN, LAST, T(), added<T>)));
-  print(results, result, at - r.start);
-  const T *const stop = (BEGIN, std::mismatch(first, LAST, SECOND), at);
-  const T *const stop_2 = (BEGIN, std::mismatch(first, LAST, SECOND, alike()), at_2);
-  printf(" %d,%d\n", int(stop - r.start), int(stop_2 - r.start));
+  NOTE(std::find(BEGIN, LAST, v) == LAST);
+  NOTE(std::find_if(BEGIN, LAST, is_odd()) == LAST);
+  NOTE(std::count(BEGIN, LAST, v));
+  NOTE(std::count_if(BEGIN, LAST, is_odd()));
+  NOTE(std::equal(BEGIN, LAST, SECOND));
+  NOTE(std::equal(BEGIN, LAST, SECOND, alike()));
+  NOTE(std::lexicographical_compare(BEGIN, LAST, SECOND, in.make(r.start + 1 + r.n, &at_2)));
+  NOTE(std::lexicographical_compare(SECOND, in.make(r.start + 1 + r.n, &at_2), BEGIN, LAST, by_half()));
+  NOTE(hash_of(std::accumulate(BEGIN, LAST, T())));
+  NOTE(hash_of(std::accumulate(BEGIN, LAST, T(), added<T>)));
+  NOTE((std::mismatch(BEGIN, LAST, SECOND), at - r.start));
+  NOTE((std::mismatch(BEGIN, LAST, SECOND, alike()), at_2 - r.start));
+  printf("\n");
 }
 template <class T> struct input_maker {
   typedef input_archetype<T> type;
@@ -148,13 +147,9 @@ template <class T, class It> static void forward(ranges<T> &r) {
   // The order after a partition is open, where the border is not.
   r.again();
   T *const border = base_of(std::partition(first, last, is_odd()));
-  const bool split =
-      std::count_if(r.got, border, is_odd()) == border - r.got && std::count_if(border, r.got + r.n, is_odd()) == 0;
+  PLACE(border), NOTE(std::count_if(r.got, border, is_odd())), NOTE(std::count_if(border, r.got + r.n, is_odd()));
   std::sort(r.got, r.got + r.n);
-  print(r.got, r.got + r.n, split + 2 * (border - r.got));
-  IN_PLACE(std::stable_partition(archetype<T, std::bidirectional_iterator_tag>(r.got),
-                                 archetype<T, std::bidirectional_iterator_tag>(r.got + r.n), is_odd()),
-           0);
+  print(r.got, r.got + r.n, 0);
 
   // Looking, in a range with another one like it at a place.
   r.again();
@@ -164,44 +159,30 @@ template <class T, class It> static void forward(ranges<T> &r) {
   T apart[4];
   std::copy(r.got + at, r.got + at + m, apart);
   if (r.n % 3 == 0) apart[0] = value_of<T>(99);
-  const long results[] = {base_of(std::search(first, last, other, other_last)) - r.got,
-                          base_of(std::search(first, last, apart, apart + m, alike())) - r.got,
-                          base_of(std::find_end(first, last, other, other_last)) - r.got,
-                          base_of(std::find_end(first, last, apart, apart + m)) - r.got,
-                          base_of(std::find_end(first, last, apart, apart + m, alike())) - r.got,
-                          base_of(std::find_first_of(first, last, apart, apart + m)) - r.got,
-                          base_of(std::find_first_of(first, last, apart, apart + m, alike())) - r.got,
-                          base_of(std::adjacent_find(first, last)) - r.got,
-                          base_of(std::adjacent_find(first, last, alike())) - r.got,
-                          base_of(std::search_n(first, last, m, v)) - r.got,
-                          base_of(std::search_n(first, last, m, v, alike())) - r.got,
-                          base_of(std::min_element(first, last)) - r.got,
-                          base_of(std::min_element(first, last, by_half())) - r.got,
-                          base_of(std::max_element(first, last)) - r.got,
-                          base_of(std::max_element(first, last, by_half())) - r.got,
-                          base_of(std::find(first, last, v)) - r.got,
-                          base_of(std::find(first, last, value_of<T>(77))) - r.got};
-  print(results, results + sizeof results / sizeof *results, 0);
+  PLACE(std::search(first, last, other, other_last));
+  PLACE(std::search(first, last, apart, apart + m, alike()));
+  PLACE(std::find_end(first, last, other, other_last));
+  PLACE(std::find_end(first, last, apart, apart + m, alike()));
+  PLACE(std::find_first_of(first, last, apart, apart + m));
+  PLACE(std::find_first_of(first, last, apart, apart + m, alike()));
+  PLACE(std::adjacent_find(first, last));
+  PLACE(std::adjacent_find(first, last, alike()));
+  PLACE(std::search_n(first, last, m, v));
+  PLACE(std::search_n(first, last, m, v, alike()));
+  PLACE(std::min_element(first, last));
+  PLACE(std::max_element(first, last));
+  PLACE(std::find(first, last, v));
 
   // Ordered ranges: borders, and operations on sets in which elements are repeated.
   std::sort(r.got, r.got + r.n);
   std::sort(r.got + r.n / 2, r.got + r.n);
-  long borders[40];
   for (unsigned int i = 0; i < 5; ++i) {
     const T x = i == 0 ? v : value_of<T>(i * 3);
-    const std::pair<It, It> both = std::equal_range(first, last, x),
-                            halves = std::equal_range(first, last, x, by_half());
-    const long found[8] = {base_of(std::lower_bound(first, last, x)) - r.got,
-                           base_of(std::upper_bound(first, last, x)) - r.got,
-                           base_of(both.first) - base_of(both.second),
-                           base_of(std::lower_bound(first, last, x, by_half())) - r.got,
-                           base_of(std::upper_bound(first, last, x, by_half())) - r.got,
-                           base_of(halves.first) - base_of(halves.second),
-                           std::binary_search(first, last, x),
-                           std::binary_search(first, last, x, by_half())};
-    std::copy(found, found + 8, borders + 8 * i);
+    const std::pair<It, It> halves = std::equal_range(first, last, x, by_half());
+    PLACE(halves.first), PLACE(halves.second);
+    PLACE(std::lower_bound(first, last, x)), PLACE(std::upper_bound(first, last, x));
+    NOTE(std::binary_search(first, last, x) + 2 * std::binary_search(first, last, x, by_half()));
   }
-  print(borders, borders + 40, 0);
   static T out[2 * room], rest[room];
   T *const rest_end = std::copy(r.start, r.start + r.n / 2, rest);
   std::sort(rest, rest_end);
@@ -210,18 +191,14 @@ template <class T, class It> static void forward(ranges<T> &r) {
     T *const end = call;        \
     print(out, end, end - out); \
   }
-  SET(std::set_union(first, last, rest, rest_end, out));
-  SET(std::set_intersection(first, last, rest, rest_end, out, std::less<T>()));
-  SET(std::set_difference(first, last, rest, rest_end, out));
-  SET(std::set_symmetric_difference(first, last, rest, rest_end, out));
   SET(std::set_union(first, last, rest, rest_end, out, by_half()));
   SET(std::set_intersection(first, last, rest, rest_end, out, by_half()));
   SET(std::set_difference(first, last, rest, rest_end, out, by_half()));
   SET(std::set_symmetric_difference(first, last, rest, rest_end, out, by_half()));
   SET(std::merge(first, last, rest, rest_end, out, by_half()));
   SET(std::rotate_copy(first, It(r.got + k), last, out));
-  printf(" %d%d%d\n", std::includes(first, last, rest, rest_end), std::includes(rest, rest_end, first, last),
-         std::includes(first, last, rest, rest_end, by_half()));
+  NOTE(std::includes(first, last, rest, rest_end) + 2 * std::includes(first, last, rest, rest_end, by_half()));
+  printf("\n");
 }
 
 template <class T, class It> static void backward(ranges<T> &r) {
@@ -303,6 +280,14 @@ static void by_archetypes() {
   for (unsigned int n = 0; n <= 300; n = n < 40 ? n + 1 : n + n / 3) {
     r.make(n, n % 2 == 0 ? 6 : 300);
     passes(r, input_maker<int>(), output_maker<int>());
+    typedef input_archetype<int> input;
+    const int *at = r.start, *at_2 = r.start + 9, *const end = at + n;
+    NOTE(std::inner_product(input(at, &at), input(end, &at), input(at_2, &at_2), 7));
+    int *written;
+    r.again(), at = r.start;
+    PLACE(std::adjacent_difference(input(at, &at), input(end, &at), output_archetype<int>(r.got, &written)));
+    print(r.got, written, std::inner_product(r.got, written, r.start, 7, std::minus<int>(), added<int>));
+    PLACE(std::adjacent_difference(r.got, r.got + n, r.got, std::multiplies<int>()));
     forward<int, archetype<int, std::forward_iterator_tag> >(r);
     forward<int, archetype<int, std::bidirectional_iterator_tag> >(r);
     backward<int, archetype<int, std::bidirectional_iterator_tag> >(r);

@@ -1,6 +1,6 @@
 // complex, valarray and numeric_limits against the host's library: every operator and function over values that meet
 // the branch cuts, the ends of ranges and zero.
-// prints: 775 lines
+// prints: 763 lines
 #include <stdio.h>
 
 #include <complex>
@@ -11,27 +11,23 @@
 
 // ---- complex, to the digits that a function may lose
 
-template <class T> struct shown {
-  enum { digits = 4 };
-};
-template <> struct shown<double> {
-  enum { digits = 11 };
-};
-template <> struct shown<long double> {
-  enum { digits = 14 };
-};
-
-template <class T> static void print(const std::complex<T> &z, int less = 0) {
-  const long double parts[] = {z.real(), z.imag()}, size = std::abs(std::complex<long double>(z.real(), z.imag()));
-  for (int i = 0; i < 2; ++i) {
-    long double part = parts[i];
-    // What is nothing but the other part's rounding, and the sign of a zero, are left out.
-    if (size < 1e4000L && part * part < size * size * (sizeof(T) == 4 ? 1e-10L : sizeof(T) == 8 ? 1e-24L : 1e-28L))
-      part = 0;
-    part != part ? printf(" nan") : printf(" %.*Lg", shown<T>::digits - less, part + 0);
+struct say {
+  int less;
+  explicit say(int by = 0) : less(by) {}
+  template <class T> const say &operator<<(const std::complex<T> &z) const {
+    const long double parts[] = {z.real(), z.imag()}, size = std::abs(std::complex<long double>(z));
+    for (int i = 0; i < 2; ++i) {
+      long double part = parts[i];
+      // What is nothing but the other part's rounding, and the sign of a zero, are left out.
+      if (size < 1e4000L && part * part < size * size * (sizeof(T) == 4 ? 1e-10L : sizeof(T) == 8 ? 1e-24L : 1e-28L))
+        part = 0;
+      const int digits = (sizeof(T) == 4 ? 4 : sizeof(T) == 8 ? 11 : 14) - less;
+      part != part ? printf(" nan") : printf(" %.*Lg", digits, part + 0);
+    }
+    return *this;
   }
-}
-template <class T> static void print(const T &x) { print(std::complex<T>(x)); }
+  template <class T> const say &operator<<(T x) const { return *this << std::complex<T>(x); }
+};
 
 template <class T> static void complex_numbers() {
   typedef std::complex<T> c;
@@ -41,34 +37,28 @@ template <class T> static void complex_numbers() {
     for (int j = 0; j < 10; ++j) {
       const c z(parts[i], parts[j]), w(parts[j], parts[(i + j + 3) % 7]);
       const T x = parts[(i * 3 + j) % 7];
-      print(std::cos(z)), print(std::cosh(z)), print(std::exp(z)), print(std::sin(z)), print(std::sinh(z)),
-          print(std::sqrt(z));
-      print(std::tan(z)), print(std::tanh(z)), print(std::abs(z)), print(std::arg(z)), print(std::norm(z)),
-          print(std::conj(z));
-      print(std::polar(std::abs(z), std::arg(z))), print(std::real(z)), print(std::imag(z));
-      if (z != T())
-        print(std::log(z)), print(std::log10(z)), print(std::pow(z, w), 2), print(std::pow(z, x), 2),
-            print(std::pow(z, int(5)), 2), print(std::pow(z, int(-3)), 2);
-      if (z != T()) print(std::pow(z, int(-1))), print(std::pow(z, int(2))), print(w / z), print(x / z);
-      print(std::pow(T(2.5), z), 2), print(z + w), print(z - w), print(z * w), print(+z), print(-z);
-      print(z + x), print(x + z), print(z - x), print(x - z), print(z * x), print(x * z), print(z / x);
-      c a(z);
-      a += w, a -= x, a *= w, a += x, print(a), a /= x, a *= x, print(a), a += a, a *= a, a -= a, print(a), a = x,
-                                                                                                            print(a);
-      a = std::complex<float>(1, 2), a += std::complex<long double>(2, 2), a *= std::complex<float>(0, 1), print(a);
-      a = z, a *= a.real(), print(a), a = w, a *= a.imag(), print(a);
+      say() << cos(z) << cosh(z) << exp(z) << sin(z) << sinh(z) << sqrt(z) << tan(z) << tanh(z) << abs(z) << arg(z)
+            << norm(z) << conj(z) << std::polar(abs(z), arg(z)) << real(z) << imag(z) << z + w << z - w << z * w << +z
+            << -z << z + x << x + z << z - x << x - z << z * x << x * z << z / x;
+      say(2) << pow(T(2.5), z);
+      if (z != T()) {
+        say() << log(z) << log10(z) << pow(z, -1) << pow(z, 2) << w / z << x / z;
+        say(2) << pow(z, w) << pow(z, x) << pow(z, 5) << pow(z, -3);
+      }
+      c a(z), b(z), d(w);
+      a += w, a -= x, a *= w, a += x;
+      say() << a << (a /= x) << (a *= x) << (a += a) << (a *= a) << (a -= a) << (a = x);
+      a = std::complex<float>(1, 2), a += std::complex<long double>(2, 2), a *= std::complex<float>(0, 1);
+      say() << a << (b *= b.real()) << (d *= d.imag());
       printf(" %d%d%d%d%d%d\n", z == w, z == x, x == z, z != w, z != parts[i], parts[i] != z);
     }
-  const c extremes[] = {c(big, big),    c(-big, big / 3), c(1 / big, 3 / big),
-                        c(inf, 1),      c(1, -inf),       c(inf, inf),
-                        c(T(1e-30), 1), c(20, 1),         c(1, -20)};
-  for (int i = 0; i < 9; ++i) {
+  const c extremes[] = {c(big, big), c(-big, big / 3), c(1 / big, 3 / big), c(inf, -inf), c(T(1e-30), 20)};
+  for (int i = 0; i < 5; ++i) {
     const c z = extremes[i];
-    print(std::abs(z)), print(std::arg(z)), print(std::sqrt(z)), print(std::log(z)), print(z * c(0, 1)),
-        print(z / c(big, big)), print(std::tanh(z)), print(std::tan(z));
+    say() << abs(z) << arg(z) << sqrt(z) << log(z) << z * c(0, 1) << tanh(z);
     printf("\n");
   }
-  print(std::polar(T(2))), print(c(std::complex<double>(3.5, -1))), print(c());
+  say() << std::polar(T(2)) << c(std::complex<double>(3.5, -1)) << c();
   printf("\n");
 }
 
@@ -158,12 +148,10 @@ static void arrays() {
     a = b - a, a -= a * 2 - b, a = a + ints(a.shift(1)) * 2, print_all(a);
     reals x(size), y(1.5, size);
     for (size_t i = 0; i < size; ++i) x[i] = (random_below(99) + 1) / 100.0;
-    print_all(reals(abs(-x))), print_all(reals(acos(x))), print_all(reals(asin(x))), print_all(reals(atan(x))),
-        print_all(reals(cos(x) + cosh(x) * exp(x)));
-    print_all(reals(log(x))), print_all(reals(log10(x))), print_all(reals(sin(x) - sinh(x) / sqrt(x))),
-        print_all(reals(tan(x))), print_all(reals(tanh(x)));
-    print_all(reals(atan2(x, y))), print_all(reals(atan2(x, 2.0))), print_all(reals(atan2(2.0, x))),
-        print_all(reals(pow(x, y))), print_all(reals(pow(2.0, x))), print_all(reals(pow(x, 2.0)));
+    print_all(reals(abs(-x) + acos(x) * 2.0 + asin(x) * 3.0 + atan(x) * 4.0 + cos(x) * 5.0 + cosh(x) * exp(x)));
+    print_all(reals(log(x) + log10(x) * 2.0 + sin(x) * 3.0 - sinh(x) / sqrt(x) + tan(x) * 4.0 + tanh(x) * 5.0));
+    print_all(reals(atan2(x, y))), print_all(reals(atan2(x, 2.0))), print_all(reals(atan2(2.0, x)));
+    print_all(reals(pow(x, y))), print_all(reals(pow(2.0, x))), print_all(reals(pow(x, 2.0)));
     printf("\n");
   }
 }

@@ -1,17 +1,22 @@
 /* Scenes: a small language about exceptions, and two worlds that play it with the same trace: generated C (world_c.c) and
- * C++ (world_cpp.cc). stage.c writes scenes at random and knows which world plays which node; the host's library says
- * what is right (../scenes.sh).
+ * C++ (world_cpp.cc). stage.c writes scenes at random and says which world plays which node; what is right, the host's
+ * library says (../scenes.sh).
  *
- *   tfN{A}{B}  throws a fault with the number N, or a special (s), big (b), int (i), double (d), pointer (p); A runs while
- *              the object is constructed, B when it is destroyed
- *   ?C{A}{B}   A in a try block with the clauses C (see clauses()), B in its handlers
+ *   tXN{A}{B}  throws X with the number N: a fault (f), a class with a fault as base behind other members (s), before 3000
+ *              bytes (b), as virtual (v) or hidden (h) base; an int (i), a double (d), a pointer to a fault (p). A runs
+ *              while a fault is constructed, B when it is destroyed
+ *   ?X{A}{B}   A in a try block with the clauses X (see clauses()), B in its handlers
  *   +N{A}{B}   A with a local object whose destructor runs B
  *   F{A}{B}    the same in one function with two objects, one of them inside, which takes int and fault
+ *   C{A}{B}    A in a constructor of two members, B in the handlers of its function try block
  *   aN{A}{B}   B with an array of three, of which element N % 3 runs A while it is constructed; on the heap from 3 on
  *   LN{A}      A called by the C++ or C library: by sort, set, vector, streambuf, ostream, qsort, bsearch (C++ only)
- *   !C{A}      A in a function with an exception specification: int (i), int and fault (m)
- *   J{A}  j    A behind a setjmp; a jump to it
- *   r  .N      throw; and a word in the trace */
+ *   !X{A}      A in a function with an exception specification: int (i), int and fault (m); in C++ only, which checks what
+ *              the unexpected handler throws, int (o), int and bad_exception (b)
+ *   JN{A}  j   A behind a setjmp; a jump to it with the value N
+ *   r  .N      throw; and a word in the trace
+ *
+ * A word of the trace ends in a star while std::uncaught_exception() is true. */
 #ifndef SCENES_H
 #define SCENES_H
 
@@ -32,7 +37,13 @@ void element(int *place);
 void not_expected(void);
 extern const char *element_node;
 extern int element_index;
-extern jmp_buf *place;
+
+/* Where `j` leads. */
+typedef struct a_place {
+  jmp_buf buffer;
+  int value;
+} a_place;
+extern a_place *place;
 
 void node_c(const char *node);
 void node_cpp(const char *node);
@@ -59,6 +70,12 @@ struct big : fault {
   char more[3000];
   explicit big(const char *node) : fault(node) {}
 };
+struct shared : room, virtual fault {
+  explicit shared(const char *node) : fault(node) {}
+};
+struct hidden : room, private fault {
+  explicit hidden(const char *node) : fault(node) {}
+};
 #else
 struct fault {
   int alive, id;
@@ -74,4 +91,17 @@ typedef struct big {
 } big;
 #endif
 extern fault pointed;
+
+/* Each world has its own. */
+static void jump_node(const char *node) {
+  a_place here, *volatile before = place;
+  here.value = node[1] - '0';
+  place = &here;
+  switch (setjmp(here.buffer)) {
+    case 0: run(block(node, 0)); break;
+    case 1: say("J1"); break;
+    default: say("J%d", here.value);
+  }
+  place = before;
+}
 #endif

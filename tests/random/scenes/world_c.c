@@ -3,28 +3,36 @@
 
 #include "emit.h"
 
+#define BASES(type, offset, flags) \
+  static const a_base_class_spec type##_bases[] = {{&fault_type, offset, (flags) | PLX_BASE_LAST}}
 #if WORLDS == 1
 EMIT_CLASS(fault_type, "fault", 0);
-#define DERIVED(type) EMIT_CLASS(type##_type, #type, type##_bases)
+#define DERIVED(type, name) EMIT_CLASS(type##_type, #type, type##_bases)
 #else
-extern const char _ZTS5fault[], _ZTS7special[], _ZTS3big[];
+extern const char _ZTS5fault[], _ZTS7special[], _ZTS3big[], _ZTS6hidden[];
 static const a_type_info_impl fault_type = {PLX_TYPE_INFO_VTABLE, "fault", _ZTS5fault, 0};
-#define DERIVED(type) static const a_type_info_impl type##_type = {PLX_TYPE_INFO_VTABLE, #type, NAME_##type, type##_bases}
-#define NAME_special _ZTS7special
-#define NAME_big _ZTS3big
+#define DERIVED(type, name) \
+  static const a_type_info_impl type##_type = {PLX_TYPE_INFO_VTABLE, #type, name, type##_bases}
 #endif
-static const a_base_class_spec special_bases[] = {{&fault_type, 8, PLX_BASE_PUBLIC | PLX_BASE_LAST}};
-DERIVED(special);
-static const a_base_class_spec big_bases[] = {{&fault_type, 0, PLX_BASE_PUBLIC | PLX_BASE_LAST}};
-DERIVED(big);
+BASES(special, 8, PLX_BASE_PUBLIC);
+DERIVED(special, _ZTS7special);
+BASES(hidden, 8, 0);
+DERIVED(hidden, _ZTS6hidden);
+BASES(big, 0, PLX_BASE_PUBLIC);
+DERIVED(big, _ZTS3big);
 
 #define LAST PLX_TYPE_LAST
 #define POINTER (PLX_TYPE_POINTER | PLX_TYPE_CONST)
-typedef an_exception_type_specification a_list[];
-static const a_list fault_list = {{&fault_type, LAST}}, special_list = {{&special_type, LAST}}, int_list = {{&__TI_i, LAST}},
-                    several = {{&__TI_i, 0}, {&special_type, 0}, {&fault_type, LAST}}, pointer = {{&fault_type, POINTER | LAST}},
-                    all = {{0, PLX_TYPE_ELLIPSIS | LAST}}, int_or_fault = {{&__TI_i, 0}, {&fault_type, LAST}},
-                    pointer_or_all = {{&__TI_v, POINTER}, {0, PLX_TYPE_ELLIPSIS | LAST}};
+typedef const an_exception_type_specification a_list[];
+static a_list fault_list = {{&fault_type, LAST}};
+static a_list special_list = {{&special_type, LAST}};
+static a_list int_list = {{&__TI_i, LAST}};
+static a_list several = {{&__TI_i, 0}, {&special_type, 0}, {&fault_type, LAST}};
+static a_list pointer = {{&fault_type, POINTER | LAST}};
+static a_list pointer_or_all = {{&__TI_v, POINTER}, {0, PLX_TYPE_ELLIPSIS | LAST}};
+static a_list exception = {{&__TI_St9exception, LAST}};
+static a_list all = {{0, PLX_TYPE_ELLIPSIS | LAST}};
+static a_list int_or_fault = {{&__TI_i, 0}, {&fault_type, LAST}};
 
 static const an_exception_type_specification *clauses(char letter) {
   switch (letter) {
@@ -34,42 +42,72 @@ static const an_exception_type_specification *clauses(char letter) {
     case 'm': return several;
     case 'p': return pointer;
     case 'q': return pointer_or_all;
+    case 'e': return exception;
     default: return all;
   }
 }
+/* What the clauses take, a letter each: int, fault, special, pointer, or what is not looked at. */
+static const char *taken_by(char letter) {
+  switch (letter) {
+    case 'm': return "isf";
+    case 'q':
+    case 'e':
+    case 'a': return "--";
+    default: return letter == 'f' ? "f" : letter == 's' ? "s" : letter == 'i' ? "i" : "p";
+  }
+}
+static void handle(const char *taken, int clause, void *caught, const char *node) {
+  switch (taken[clause - 1]) {
+    case 'i': report(clause, 0, *(int *)caught); break;
+    case 'f': report(clause, (fault *)caught, 0); break;
+    case 's': report(clause, &((special *)caught)->part, 0); break;
+    case 'p': report(clause, 0, (*(fault **)caught)->id); break;
+    default: report(clause, 0, 0);
+  }
+  run(block(node, 1));
+}
 
-static void destroy_fault(void *object, int flags) { flags == 2 ? destroy((fault *)object) : say("flags"); }
-static void destroy_special(void *object, int flags) { destroy_fault(&((special *)object)->part, flags); }
+static void check_flags(int flags) {
+  if (flags != 2) say("flags");
+}
+static void destroy_fault(void *object, int flags) {
+  check_flags(flags);
+  destroy((fault *)object);
+}
+static void destroy_special(void *object, int flags) {
+  check_flags(flags);
+  destroy(&((special *)object)->part);
+}
 
+static NOINLINE void throw_special(const a_type_info_impl *type, const char *node) {
+  special *object = (special *)__throw_setup_dtor(type, sizeof(special), 0, destroy_special);
+  construct(&object->part, node);
+  __throw();
+}
+static NOINLINE void throw_fault(const a_type_info_impl *type, int size, const char *node) {
+  construct((fault *)__throw_setup_dtor(type, size, 0, destroy_fault), node);
+  __throw();
+}
 static NOINLINE void throw_node(const char *node) {
   switch (node[1]) {
     case 'i': THROW(__TI_i, int, 0, node[2] - '0');
     case 'd': THROW(__TI_d, double, 0, node[2] - '0');
     case 'p': THROW(fault_type, fault *, PLX_TYPE_POINTER, &pointed);
-    case 's':
-      construct(&((special *)__throw_setup_dtor(&special_type, sizeof(special), 0, destroy_special))->part, node);
-      break;
-    case 'b': construct((fault *)__throw_setup_dtor(&big_type, sizeof(big), 0, destroy_fault), node); break;
-    default: construct((fault *)__throw_setup_dtor(&fault_type, sizeof(fault), 0, destroy_fault), node);
+    case 's': throw_special(&special_type, node);
+    case 'h': throw_special(&hidden_type, node);
+    case 'b':
+    case 'v': throw_fault(&big_type, sizeof(big), node); /* v is of C++; this one is caught alike */
+    default: throw_fault(&fault_type, sizeof(fault), node);
   }
-  __throw();
 }
 
 static NOINLINE void try_node(const char *node) {
-  jmp_buf *const before = place;
+  a_place *const before = place;
   TRY(clauses(node[1]))
     run(block(node, 0));
   HANDLERS
     place = before;
-    switch (node[1]) {
-      case 'i': report(clause, 0, *(int *)caught); break;
-      case 'm': clause == 1 ? report(1, 0, *(int *)caught) : report(clause, clause == 2 ? &((special *)caught)->part : (fault *)caught, 0); break;
-      case 'f': report(1, (fault *)caught, 0); break;
-      case 's': report(1, &((special *)caught)->part, 0); break;
-      case 'p': report(1, 0, (*(fault **)caught)->id); break;
-      default: report(clause, 0, 0);
-    }
-    run(block(node, 1));
+    handle(taken_by(node[1]), clause, caught, node);
   END_TRY
 }
 
@@ -78,19 +116,20 @@ typedef struct local {
   const char *script;
 } local;
 static void destroy_local(void *object, int flags) {
-  flags == 2 ? end_of_local(((local *)object)->number, ((local *)object)->script) : say("flags");
+  check_flags(flags);
+  end_of_local(((local *)object)->number, ((local *)object)->script);
 }
-/* Try block, its locals and those around it in one function. */
+static void check_region(int region) {
+  if (__eh_curr_region != region) say("region");
+}
 static const a_region_record two_objects[] = {{(a_routine)destroy_local, 0, PLX_NO_REGION, 0},
                                               {(a_routine)destroy_local, 1, 0, 0}};
+/* Try block, its locals and those around it in one function. */
 static NOINLINE void function_node(const char *node) {
-  local outer, inner;
+  local outer = {10, ""}, inner = {11, ""};
   void *addresses[2];
   addresses[0] = &outer;
   addresses[1] = &inner;
-  outer.number = 10;
-  inner.number = 11;
-  outer.script = inner.script = "";
   FUNCTION(two_objects, addresses, 0)
     REGION(0);
     TRY(int_or_fault)
@@ -99,26 +138,43 @@ static NOINLINE void function_node(const char *node) {
       REGION(0);
       destroy_local(&inner, 2);
     HANDLERS
-      if (__eh_curr_region != 0) say("region");
-      clause == 1 ? report(1, 0, *(int *)caught) : report(2, (fault *)caught, 0);
-      run(block(node, 1));
+      check_region(0);
+      handle("if", clause, caught, node);
     END_TRY
     REGION(PLX_NO_REGION);
     destroy_local(&outer, 2);
   END_FUNCTION
 }
+/* The members are gone when the handlers run, which end in `throw;`. */
+static NOINLINE void constructor_node(const char *node) {
+  local first = {20, ""}, second = {21, ""};
+  void *addresses[2];
+  addresses[0] = &first;
+  addresses[1] = &second;
+  TRY(int_or_fault)
+    FUNCTION(two_objects, addresses, 0)
+      REGION(1);
+      run(block(node, 0));
+      REGION(PLX_NO_REGION);
+    END_FUNCTION
+  HANDLERS
+    handle("if", clause, caught, node);
+    __rethrow();
+  END_TRY
+  destroy_local(&second, 2);
+  destroy_local(&first, 2);
+}
 
-static const a_region_record one_object[] = {{(a_routine)destroy_local, 0, PLX_NO_REGION, 0}};
 static NOINLINE void local_node(const char *node) {
   local object;
   void *addresses[1];
   addresses[0] = &object;
-  FUNCTION(one_object, addresses, 0)
-    object.number = node[1] - '0';
-    object.script = block(node, 1);
+  object.number = node[1] - '0';
+  object.script = block(node, 1);
+  FUNCTION(two_objects, addresses, 0)
     REGION(0);
     run(block(node, 0));
-    if (__eh_curr_region != 0) say("region");
+    check_region(0);
     REGION(PLX_NO_REGION);
     destroy_local(&object, 2);
   END_FUNCTION
@@ -128,7 +184,10 @@ static void construct_element(void *object, int a, int b, int c, int d, int e, i
   (void)(a + b + c + d + e + f + g + h);
   element((int *)object);
 }
-static void destroy_element(void *object, int flags) { end_of_local(*(int *)object + flags - 2, "}"); }
+static void destroy_element(void *object, int flags) {
+  check_flags(flags);
+  end_of_local(*(int *)object, "}");
+}
 static const an_array_record three[] = {{0, sizeof(int), 3}};
 static const a_region_record array_regions[] = {{(a_routine)destroy_element, 0, PLX_NO_REGION, PLX_REGION_ARRAY}};
 static NOINLINE void array_node(const char *node) {
@@ -157,7 +216,8 @@ static NOINLINE void library_node(const char *node) {
   if ((node[1] - '0') % 7 != 4) {
     run(block(node, 0));
   } else {
-    TRY(all) run(block(node, 0));
+    TRY(all)
+      run(block(node, 0));
     HANDLERS END_TRY
   }
   say("L");
@@ -169,25 +229,18 @@ static NOINLINE void specification_node(const char *node) {
   END_SPECIFICATION
 }
 
-static NOINLINE void jump_node(const char *node) {
-  jmp_buf here, *volatile before = place;
-  place = &here;
-  if (setjmp(here) == 0) run(block(node, 0));
-  else say("J");
-  place = before;
-}
-
 void node_c(const char *node) {
   switch (*node) {
     case 't': throw_node(node); break;
     case '?': try_node(node); break;
     case '+': local_node(node); break;
     case 'F': function_node(node); break;
+    case 'C': constructor_node(node); break;
     case 'a': array_node(node); break;
     case '!': specification_node(node); break;
     case 'L': library_node(node); break;
     case 'J': jump_node(node); break;
-    case 'j': longjmp(*place, 1);
+    case 'j': longjmp(place->buffer, place->value);
     default: __rethrow();
   }
 }

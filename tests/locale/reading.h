@@ -1,0 +1,83 @@
+// For tests of facets that read, and for their fuzzers: a text is read over pointers, over an iterator of another kind
+// and over a buffer that shows it piece by piece, and all must be the same. It needs no exceptions and runs with every
+// C++ library.
+#ifndef TESTS_READING_H
+#define TESTS_READING_H
+
+#include <stdio.h>
+#include <stdlib.h>
+#include <string.h>
+
+#include <deque>
+#include <iterator>
+#include <locale>
+#include <ostream>
+#include <streambuf>
+#include <string>
+#include <vector>
+
+// A facet for a while, over any iterator.
+template <class Base> struct own_facet : Base {
+  own_facet() : Base(1) {}
+  explicit own_facet(const char *name) : Base(name, 1) {}
+  ~own_facet() {}
+};
+
+// Shows its text in get areas of `step` characters.
+struct pieces : std::streambuf {
+  std::string text;
+  size_t at, step;
+  pieces(const std::string &of, size_t by) : text(of), at(0), step(by) {}
+  size_t position() const { return at - (egptr() - gptr()); }
+
+protected:
+  virtual int_type underflow() {
+    if (at >= text.size()) return -1;
+    const size_t n = step < text.size() - at ? step : text.size() - at;
+    setg(&text[at], &text[at], &text[at] + n);
+    at += n;
+    return static_cast<unsigned char>(*gptr());
+  }
+};
+
+inline void must(bool holds, const char *what, const std::string &text) {
+  if (holds) return;
+  fprintf(stderr, "%s: \"%s\"\n", what, text.c_str());
+  abort();
+}
+
+// Returns what is left.
+template <class Reading> std::string read_all_ways(const std::string &text, size_t step, Reading &value, int &err) {
+  Reading others[] = {value, value};
+  std::ios_base::iostate states[3] = {std::ios_base::goodbit, std::ios_base::goodbit, std::ios_base::goodbit};
+  // A block of its own, so that a step too far is seen.
+  const std::vector<char> block(text.begin(), text.end());
+  const char *const begin = block.empty() ? 0 : &block[0], *const end = begin + text.size(),
+                    *const stop = value.read(begin, end, states[0]);
+  must(stop >= begin && stop <= end, "beyond the end", text);
+  const std::string left(stop, end);
+  const std::deque<char> copy(text.begin(), text.end());
+  const std::deque<char>::const_iterator at = others[0].read(copy.begin(), copy.end(), states[1]);
+  must(size_t(copy.end() - at) == left.size(), "another iterator", text);
+  typedef std::istreambuf_iterator<char> iterator;
+  pieces buffer(text, step);
+  others[1].read(iterator(&buffer), iterator(), states[2]);
+  must(text.size() - buffer.position() == left.size(), "a buffer", text);
+  for (int i = 0; i < 2; ++i) must(value.same(others[i]) && states[0] == states[i + 1], "not the same", text);
+  err = states[0];
+  must(left.empty() || !(err & std::ios_base::eofbit), "eofbit", text);
+  return left;
+}
+
+template <class T> struct number_reading {
+  std::ios *stream;
+  T value;
+  template <class Iterator> Iterator read(Iterator in, Iterator end, std::ios_base::iostate &err) {
+    return own_facet<std::num_get<char, Iterator> >().get(in, end, *stream, err, value);
+  }
+  bool same(const number_reading &other) const {
+    return memcmp(&value, &other.value, sizeof(T) == 12 ? 10 : sizeof(T)) == 0;
+  }
+};
+
+#endif
