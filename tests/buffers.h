@@ -5,7 +5,9 @@
 #define TESTS_BUFFERS_H
 
 #include <stdio.h>
+#include <stdlib.h>
 #include <string.h>
+#include <sys/mman.h>
 #include <unistd.h>
 
 #include <locale>
@@ -178,6 +180,18 @@ struct converting : std::codecvt<char, char, std::mbstate_t> {
     return error;
   }
 };
+
+// A copy of a text, in the upper half of the address space. Behind it there is no memory.
+inline char *before_nothing(const std::string &text) {
+  static size_t next = 0xD0000000u;
+  const size_t room = (text.size() + 4096) / 4096 * 4096;
+  void *at = MAP_FAILED;
+  for (; next > 0x80000000u && at == MAP_FAILED; next -= room + 4096)
+    at = mmap(reinterpret_cast<void *>(next - room), room, PROT_READ | PROT_WRITE,
+              MAP_PRIVATE | MAP_ANONYMOUS | MAP_FIXED_NOREPLACE, -1, 0);
+  if (at == MAP_FAILED) abort();
+  return static_cast<char *>(memcpy(static_cast<char *>(at) + room - text.size(), text.data(), text.size()));
+}
 
 // A file of this process's own, removed with the object.
 struct own_file {

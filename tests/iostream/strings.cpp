@@ -3,11 +3,11 @@
 // lost then but what was to be written. Character arrays: freeze is reversed, reading starts elsewhere after growth,
 // 0xFF looks like the end, nothing is released, and an array may have no known end.
 #include <limits.h>
-#include <sys/mman.h>
 
 #include <sstream>
 #include <strstream>
 
+#include "../buffers.h"
 #include "../fail_allocation.h"
 
 static bool traced;
@@ -80,9 +80,7 @@ struct writing {
   void run() {
     try {
       for (int i = 0; i < 9; ++i) s << text << i << '.';
-    } catch (const std::ios_base::failure &) {
-      throw std::bad_alloc();
-    }
+    } catch (const std::ios_base::failure &) { throw std::bad_alloc(); }
     s.str(text + text + text);
     std::istringstream one(s.str());
     std::ostringstream to(s.str());
@@ -256,18 +254,7 @@ void arrays() {
   CHECK(empty.pubseekpos(0) == -1 && empty.pubseekoff(0, end) == -1 && !empty.str() && !empty.pcount());
 }
 
-// An array without a known end is read no further than is asked for, and does not go round the end of memory: these lie
-// near the top of what a program can have, and behind each there is none.
-char *before_nothing(const char *text) {
-  static size_t next = 0xFFFF0000u;
-  const size_t page = 4096, n = strlen(text);
-  void *at = MAP_FAILED;
-  for (; next > 0xC0000000u && at == MAP_FAILED; next -= 16 * page)
-    at = mmap(reinterpret_cast<void *>(next), page, PROT_READ | PROT_WRITE,
-              MAP_PRIVATE | MAP_ANONYMOUS | MAP_FIXED_NOREPLACE, -1, 0);
-  CHECK(at != MAP_FAILED);
-  return static_cast<char *>(memcpy(static_cast<char *>(at) + page - n, text, n));
-}
+// An array without a known end is read no further than is asked for, and does not go round the end of memory.
 struct edge : std::istrstream {
   explicit edge(const char *text) : std::istrstream(before_nothing(text), -1) {}
 };

@@ -21,9 +21,7 @@ static const string::size_type npos = string::npos;
     const char *said = "nothing";                                                                   \
     try {                                                                                           \
       (void)(expression);                                                                           \
-    } catch (const error &e) {                                                                      \
-      said = strcmp(e.what(), what_text) ? "else" : what_text;                                      \
-    }                                                                                               \
+    } catch (const error &e) { said = strcmp(e.what(), what_text) ? "else" : what_text; }           \
     CHECK_TEXT(said, what_text);                                                                    \
     CHECK(rep_of(text) == rep && memcmp(rep, &before, sizeof before) == 0 && text == "0123456789"); \
   }
@@ -100,6 +98,12 @@ static void sharing() {
     static const unsigned int reserved[][2] = {{32, 32}, {40, 64}, {64, 64}, {0, 64}};
     text.reserve(reserved[i][0]);
     CHECK_INT(text.capacity(), reserved[i][1]);
+  }
+  string shared("shared");
+  const string sharer(shared);
+  for (unsigned int n = 40; n < 400; n += 21) {
+    shared.reserve(n);
+    CHECK(broken_invariant(shared) == 0 && shared.capacity() == n / 32 * 32 + 32 && sharer.data() == shared.data());
   }
   first.reserve(100);
   CHECK(rep_of(first) == null_rep() && string().capacity() == 128 && (first += "x").capacity() == 32);
