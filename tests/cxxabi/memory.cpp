@@ -36,19 +36,13 @@ static int round_trip(int which) {
     }
   } catch (int n) {
     return n > 10 ? round_trip(n - 1) + 1 : 0;  // handlers fit into each other: a throw's notes are given back
-  } catch (joined &j) {
-    return strcmp(j.what(), "quiet") == 0 ? 2 : -1;
-  } catch (part *) {
+  } catch (joined &j) { return strcmp(j.what(), "quiet") == 0 ? 2 : -1; } catch (part *) {
     return 3;
   } catch (quiet &) {
     try {
       throw;
-    } catch (std::exception &) {
-      return 1;
-    }
-  } catch (medium &) {
-    return 5;
-  } catch (std::bad_alloc &) {
+    } catch (std::exception &) { return 1; }
+  } catch (medium &) { return 5; } catch (std::bad_alloc &) {
     return 4;
   }
   return -1;
@@ -63,9 +57,7 @@ struct busy {
     try {
       busy inner(depth - 1), second(0);
       throw depth;
-    } catch (int n) {
-      trace("%d", n);
-    }
+    } catch (int n) { trace("%d", n); }
   }
 };
 static void clean_ups() {
@@ -73,9 +65,7 @@ static void clean_ups() {
   try {
     busy a(3), b(0), c(2);
     throw 9;
-  } catch (int n) {
-    trace("%d", n);
-  }
+  } catch (int n) { trace("%d", n); }
 }
 
 static void terminate_handler() {
@@ -99,9 +89,7 @@ static void end() {
   if (ending) too_many(5);
   try {
     throw sized<20000>();
-  } catch (...) {
-    puts("caught");
-  }
+  } catch (...) { puts("caught"); }
 }
 
 int main() {
@@ -115,9 +103,7 @@ int main() {
     if (i == 10) live = heap_live;  // the first throws keep what they learned of the frames
     try {
       throw sized<20000>();
-    } catch (sized<20000> &) {
-      too_many(i % 7);
-    }
+    } catch (sized<20000> &) { too_many(i % 7); }
   }
   CHECK_INT(heap_live, live);
   for (; ending < 2; ++ending) CHECK_ENDS(end, 3, "terminate handler 5");

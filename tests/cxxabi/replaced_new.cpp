@@ -32,9 +32,7 @@ static void fragile_one() { delete static_cast<fragile *>(keep(new fragile)); }
 static int caught_from(void (*form)()) {
   try {
     form();
-  } catch (int n) {
-    return n;
-  } catch (std::bad_alloc &) {
+  } catch (int n) { return n; } catch (std::bad_alloc &) {
     return 2;
   }
   return 0;

@@ -43,9 +43,7 @@ static void throw_at_exit() { throw 2; }
 static void handle_at_exit() {
   try {
     throw 3;
-  } catch (int n) {
-    printf("handled %d ", n);
-  }
+  } catch (int n) { printf("handled %d ", n); }
 }
 struct abstract {
   abstract() { call(); }
@@ -84,25 +82,19 @@ static void end() {
     case 11: throw;
     case 12: nothing_thrown(); break;
     case 13: try { throw std::runtime_error("again");
-      } catch (std::exception &) {
-        throw;
-      }
+      } catch (std::exception &) { throw; }
     case 14:
       std::set_terminate(say_terminate);
       try {
         throw fragile();
-      } catch (fragile) {
-        puts("wrong");
-      }
+      } catch (fragile) { puts("wrong"); }
       break;
     case 15: {
       const says local = {"wrong"};
       exit(*local.name);
     }
     case 16: try { throw std::runtime_error("text");
-      } catch (std::exception &e) {
-        exit(*e.what());
-      }
+      } catch (std::exception &e) { exit(*e.what()); }
     case 17: {
       exits local;
       throw 1;
@@ -122,9 +114,7 @@ static void run() {
   static const says object = {"static"};
   try {
     end();
-  } catch (shop::own_text *) {
-    puts("wrong");
-  }
+  } catch (shop::own_text *) { puts("wrong"); }
 }
 
 #define UNCAUGHT(text) \

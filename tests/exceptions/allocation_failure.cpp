@@ -39,9 +39,7 @@ template <int kind> struct attempt {
         case 5: std::length_error::__throw(text);
         case 6: by_expression();
         case 7: try { by_expression();
-          } catch (std::logic_error &e) {
-            throw std::domain_error(e.what());
-          }
+          } catch (std::logic_error &e) { throw std::domain_error(e.what()); }
         case 8: try { by_expression();
           } catch (std::logic_error &e) {
             const std::logic_error copied(e);

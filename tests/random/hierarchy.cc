@@ -34,17 +34,13 @@ template <class From, class To> static void handle() {
   count = 0;
   try {
     throw From();
-  } catch (To &part) {
-    print(&part);
-  } catch (...) {
+  } catch (To &part) { print(&part); } catch (...) {
     print(0);
   }
   entries[count - 1].place = reinterpret_cast<char *>(&object);
   try {
     throw &object;
-  } catch (To *part) {
-    print(part);
-  } catch (...) {
+  } catch (To *part) { print(part); } catch (...) {
     print(0);
   }
 }

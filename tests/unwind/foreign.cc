@@ -35,9 +35,7 @@ void MINE(catches)(callback f, int n) {
   try {
     noisy inner = {n + 20};
     f(n);
-  } catch (std::exception &e) {
-    std::printf(SIDE " caught %s ", e.what());
-  } catch (int k) {
+  } catch (std::exception &e) { std::printf(SIDE " caught %s ", e.what()); } catch (int k) {
     std::printf(SIDE " caught %d ", k);
   }
 }
@@ -51,9 +49,7 @@ void MINE(calls)(callback f, int n) {
     text << SIDE << " line " << n;
     try {
       throw std::runtime_error(text.str());
-    } catch (std::exception &e) {
-      std::printf("%s ", e.what());
-    }
+    } catch (std::exception &e) { std::printf("%s ", e.what()); }
   }
 }
 }

@@ -116,9 +116,7 @@ static void signals(int n) {
     try {
       noisy local(19);
       std::printf("%d", hidden_read(reinterpret_cast<int *>(zero)));
-    } catch (int k) {
-      std::printf("signal %d ", k);
-    }
+    } catch (int k) { std::printf("signal %d ", k); }
   }
   hidden(n);
 }
@@ -148,9 +146,7 @@ static void coroutines(int n) {
       noisy local(21);
       swapcontext(&caller, &coroutine);
       hidden(n);
-    } catch (int k) {
-      std::printf("caller %d ", k);
-    }
+    } catch (int k) { std::printf("caller %d ", k); }
   }
   hidden(n);
 }
@@ -172,9 +168,7 @@ static void pushed(int n) {
   for (int depth = 28; depth < 36; ++depth) {
     try {
       far(depth, n, n, n);
-    } catch (int k) {
-      std::printf("pushed %d %d ", k, passed);
-    }
+    } catch (int k) { std::printf("pushed %d %d ", k, passed); }
   }
   hidden(n);
 }
@@ -201,9 +195,7 @@ int main() {
       noisy outer(99);
       shapes[i / 2].run(3 + i % 2);
       std::printf("nothing thrown ");
-    } catch (int n) {
-      std::printf("%s: %d, %g %g\n", shapes[i / 2].name, n, kept, local.values[i % 16]);
-    }
+    } catch (int n) { std::printf("%s: %d, %g %g\n", shapes[i / 2].name, n, kept, local.values[i % 16]); }
   }
   return 0;
 }

@@ -43,9 +43,7 @@ static void with_cleanup(int n) noexcept {
 static void handles_inside(int n) noexcept {
   try {
     hidden(n);
-  } catch (int k) {
-    printf("in%d ", k);
-  }
+  } catch (int k) { printf("in%d ", k); }
 }
 static void may(int n) noexcept(false) { hidden(n); }
 static void (*const functions[])(int) = {never, destructor, from_handler, with_cleanup, handles_inside, may};
@@ -62,9 +60,7 @@ static void ends() {
       try {
         function(0);
         function(4);
-      } catch (int n) {
-        printf("caught%d", n);
-      }
+      } catch (int n) { printf("caught%d", n); }
       fflush(stdout);
       _exit(0);
     }
@@ -91,21 +87,15 @@ struct incomplete;
 template <class First, class Second, class T> static const char *which(T value) {
   try {
     throw value;
-  } catch (First) {
-    return "first ";
-  } catch (Second) {
+  } catch (First) { return "first "; } catch (Second) {
     return "second ";
-  } catch (...) {
-    return "- ";
-  }
+  } catch (...) { return "- "; }
 }
 template <class T> static void moved() {
   try {
     T local(5);
     throw local;
-  } catch (T &m) {
-    printf("%d ", m.n);
-  }
+  } catch (T &m) { printf("%d ", m.n); }
 }
 #ifndef __cpp_char8_t
 typedef char char8_t;
@@ -117,9 +107,7 @@ static void objects() {
   moved<move_only>();
   try {
     throw nullptr;
-  } catch (int movable::*p) {
-    printf("%d ", p == nullptr);
-  }
+  } catch (int movable::*p) { printf("%d ", p == nullptr); }
   printf("%s", which<int, decltype(nullptr)>(nullptr));
   printf("%s", which<int, const char *>(nullptr));
   printf("%s", which<int *const &, void *>(nullptr));
@@ -151,9 +139,7 @@ template <class T> static bool fits(T *p) {
 template <class T> static void throw_and_check() {
   try {
     throw T();
-  } catch (T &t) {
-    putchar('0' + fits(&t));
-  }
+  } catch (T &t) { putchar('0' + fits(&t)); }
 }
 template <class T> struct throws_at_end {
   ~throws_at_end() { throw_and_check<T>(); }
@@ -161,9 +147,7 @@ template <class T> struct throws_at_end {
 template <class T> static bool no_memory(T allocate) {
   try {
     return allocate() == nullptr;
-  } catch (std::bad_alloc &) {
-    return true;
-  }
+  } catch (std::bad_alloc &) { return true; }
 }
 static volatile size_t too_much = 0xF0000000u;
 template <class T> static void all_aligned() {

@@ -88,15 +88,12 @@ static int throw_one(int which) {
     char got = '.';                                                  \
     try {                                                            \
       throw_one(which);                                              \
-    } catch (type c) {                                               \
-      got = seen;                                                    \
-    } catch (...) {}                                                 \
+    } catch (type c) { got = seen; } catch (...) {                   \
+    }                                                                \
     putchar(got);                                                    \
     try {                                                            \
       specified::run(which);                                         \
-    } catch (unlisted) {                                             \
-      got = '.';                                                     \
-    } catch (...) {                                                  \
+    } catch (unlisted) { got = '.'; } catch (...) {                  \
       got = got == '.' ? '!' : got;                                  \
     }                                                                \
     if (got == '!') printf(" passes " #type " ");                    \

@@ -55,9 +55,7 @@ static void pointer_parameters_are_copies() {
   for (int i = 0; i < 2; ++i) {
     try {
       changes[i]();
-    } catch (special *p) {
-      say("special %d", p != 0);
-    } catch (noisy *p) {
+    } catch (special *p) { say("special %d", p != 0); } catch (noisy *p) {
       say("noisy %d", p == &the_noisy);
     }
   }
@@ -79,9 +77,7 @@ static int pass_on(int depth) {
 static int replace(int depth) {
   try {
     return depth == 0 ? throw_one(1) : replace(depth - 1);
-  } catch (int n) {
-    return throw_one(n + 2);
-  }
+  } catch (int n) { return throw_one(n + 2); }
 }
 struct counted {
   ~counted() { ++levels; }
@@ -94,9 +90,7 @@ struct busy {
   ~busy() {
     try {
       throw_one(1);
-    } catch (int n) {
-      levels += n;
-    }
+    } catch (int n) { levels += n; }
   }
 };
 static int past_busy(int depth) {
@@ -108,9 +102,7 @@ static void go(int (*function)(int), int depth) {
   levels = 0;
   try {
     function(depth);
-  } catch (int n) {
-    say("%d,%d", n, levels);
-  }
+  } catch (int n) { say("%d,%d", n, levels); }
 }
 static void (*volatile go_there)(int (*)(int), int) = go;
 static void deep() {
@@ -152,9 +144,7 @@ static void local_statics() {
     if (i % 3 == 0) fails_at = calls + 2;
     try {
       say("%d", functions[i / 3]());
-    } catch (int n) {
-      say("=%d", n);
-    }
+    } catch (int n) { say("=%d", n); }
   }
 }
 template <int n> static void many_statics() {

@@ -202,14 +202,10 @@ int main() {
   type_information();
   try {
     c_failing_cast(1);
-  } catch (std::bad_cast &e) {
-    trace("%s", e.what());
-  }
+  } catch (std::bad_cast &e) { trace("%s", e.what()); }
   try {
     c_failing_cast(0);
-  } catch (std::bad_typeid &e) {
-    trace("%s.", e.what());
-  }
+  } catch (std::bad_typeid &e) { trace("%s.", e.what()); }
   CHECK_TRACE("Bad Cast Exception .");
   CHECK_ENDS(leave_in_order, 0, "last atexit c-function c-record first ");
   CHECK_ABORTS(uncaught, "plx: uncaught exception of type joined\n");
