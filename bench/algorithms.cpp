@@ -155,8 +155,26 @@ const std::vector<int> &bits() {
   return range;
 }
 
-const std::vector<int> &short_range() {
-  static const std::vector<int> range = numbers(20, 1u << 30);
+// Many ranges in turn: the processor would learn the branches of one that is sorted again and again.
+template <int n> unsigned long sort_in_turn(unsigned long iterations) {
+  const unsigned ranges = 20000 / n;
+  const std::vector<int> &numbers = random_million();
+  std::vector<int> range(n);
+  unsigned long sum = 0;
+  for (unsigned long i = 0; i < iterations; ++i) {
+    const std::vector<int>::const_iterator from = numbers.begin() + i % ranges * n;
+    std::copy(from, from + n, range.begin());
+    std::sort(range.begin(), range.end());
+    BENCH_TOUCH(&range[0]);
+    sum += static_cast<unsigned long>(range[n / 2]);
+  }
+  return sum;
+}
+
+const std::vector<int> &descending() {
+  static std::vector<int> range;
+  if (range.empty())
+    for (int i = million; i != 0; --i) range.push_back(i);
   return range;
 }
 
@@ -275,8 +293,10 @@ const bench_case cases[] = {
     {"sort 1 M ints of 100 values", 1.3, million, changed<ints, few_keys, sorting>},
     {"sort 1 M ordered ints", 1.3, million, changed<ints, ordered, sorting>},
     {"sort 1 M ints by an object", 1, million, changed<ints, random_million, sorting_by_object>},
-    {"sort 1000 ints", 1.1, 1000, changed<ints, thousand, sorting>},
-    {"sort 20 ints", 1.1, 20, changed<ints, short_range, sorting>},
+    {"sort 1 M descending ints", 1.3, million, changed<ints, descending, sorting>},
+    {"sort 1000 ints", 1.1, 1000, sort_in_turn<1000>},
+    {"sort 1000 ints, the same each time", 1, 1000, changed<ints, thousand, sorting>},
+    {"sort 20 ints", 1.1, 20, sort_in_turn<20>},
     {"sort 100 k strings", 1.3, words, changed<strings, random_words, sorting>},
     {"stable_sort 1 M ints", 1.3, million, changed<ints, random_million, stable_sorting>},
     {"stable_sort 1 M ints by an object", 1, million, changed<ints, random_million, stable_sorting_by_object>},

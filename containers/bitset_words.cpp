@@ -76,7 +76,7 @@ void shift_left(unsigned long *dst, const unsigned long *src, unsigned shift, un
     dst[words] = src[0] << bits;
   }
   dst[n - 1] &= last_mask;
-  memset(dst, 0, words * word_bytes);
+  if (words != 0) memset(dst, 0, words * word_bytes);
 }
 
 // Works from word 0 up, so that dst may be src. The neighbour's bits go right, as bitset_words.h says.
@@ -92,7 +92,7 @@ void shift_right(unsigned long *dst, const unsigned long *src, unsigned shift, u
     for (; i + 1 < kept; ++i) dst[i] = src[i] >> bits | src[i + 1] >> (32 - bits);
     dst[i] = src[i] >> bits;
   }
-  memset(dst + kept, 0, words * word_bytes);
+  if (words != 0) memset(dst + kept, 0, words * word_bytes);
 }
 
 }  // namespace __zor

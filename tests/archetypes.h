@@ -9,21 +9,8 @@
 
 #include <iterator>
 
-template <class From, class To> struct allows;
-template <class T> struct allows<T, T> {
-  enum { value = 1 };
-};
-#define ARCHETYPE_ALLOWS(from, to)                                              \
-  template <> struct allows<std::from##_iterator_tag, std::to##_iterator_tag> { \
-    enum { value = 1 };                                                         \
-  }
-ARCHETYPE_ALLOWS(bidirectional, forward);
-ARCHETYPE_ALLOWS(random_access, forward);
-ARCHETYPE_ALLOWS(random_access, bidirectional);
-
 // What an operation needs, asked where it is used.
-#define ARCHETYPE_NEEDS(tag) \
-  typedef char needed[allows<Category, std::tag##_iterator_tag>::value] __attribute__((__unused__))
+#define ARCHETYPE_NEEDS(tag) (void)static_cast<const std::tag##_iterator_tag *>(static_cast<Category *>(0))
 
 template <class T, class Category> class archetype {
 public:
@@ -64,9 +51,9 @@ public:
   friend bool operator==(archetype a, archetype b) { return a.at_ == b.at_; }
   friend bool operator!=(archetype a, archetype b) { return a.at_ != b.at_; }
   friend bool operator<(archetype a, archetype b) { return a - b < 0; }
-  friend bool operator>(archetype a, archetype b) { return a - b > 0; }
-  friend bool operator<=(archetype a, archetype b) { return a - b <= 0; }
-  friend bool operator>=(archetype a, archetype b) { return a - b >= 0; }
+  friend bool operator>(archetype a, archetype b) { return b < a; }
+  friend bool operator<=(archetype a, archetype b) { return !(b < a); }
+  friend bool operator>=(archetype a, archetype b) { return !(a < b); }
 
 private:
   T *at_;
@@ -100,31 +87,21 @@ private:
 
 template <class T> class output_archetype {
 public:
-  typedef void value_type;
-  typedef void difference_type;
-  typedef void pointer;
-  typedef void reference;
+  typedef void value_type, difference_type, pointer, reference;
   typedef std::output_iterator_tag iterator_category;
   output_archetype(T *at, T **written) : at_(at), written_(written) { *written = at; }
   T *base() const { return at_; }
-  struct place {
-    output_archetype *of;
-    template <class U> void operator=(const U &value) const {
-      if (of->at_ != *of->written_) abort();
-      *of->at_ = value;
-      ++*of->written_;
-    }
-  };
-  place operator*() {
-    const place here = {this};
-    return here;
+  output_archetype &operator*() { return *this; }
+  template <class U> void operator=(const U &value) {
+    if (at_ != (*written_)++) abort();
+    *at_ = value;
   }
   output_archetype &operator++() {
     if (++at_ != *written_) abort();
     return *this;
   }
   output_archetype operator++(int) {
-    output_archetype before(*this);
+    const output_archetype before(*this);
     ++*this;
     return before;
   }

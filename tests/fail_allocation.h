@@ -62,9 +62,7 @@ template <class Case> int fail_each_allocation() {
       allocation_to_fail = n;
       try {
         one.run();
-      } catch (const std::bad_alloc &) {
-        failed = true;
-      }
+      } catch (const std::bad_alloc &) { failed = true; }
       allocation_to_fail = 0;
       CHECK(failed == allocation_failed);
       one.check(failed);

@@ -107,12 +107,10 @@ static void bad_orders() {
     for (int i = 0; i < n + 200; ++i) space[i] = i - 100;
     int *const first = space + 100;
     bool (*const before)(int, int) = round % 2 ? erratic : always;
-    if (round % 3 == 0) std::sort(first, first + n, before);
-    if (round % 3 == 1) std::stable_sort(first, first + n, before);
-    if (round % 3 == 2) {
-      std::nth_element(first, first + n / 2, first + n, before);
-      std::partial_sort(first, first + n / 2, first + n, before);
-    }
+    std::stable_sort(first, first + n, before);
+    std::nth_element(first, first + n / 2, first + n, before);
+    std::partial_sort(first, first + n / 2, first + n, before);
+    std::sort(first, first + n, before);
     std::sort(first, first + n);
     bool whole = true;
     for (int i = 0; i < n + 200; ++i) whole = whole && space[i] == i - 100;
@@ -244,9 +242,7 @@ static void raw_memory() {
         case 2: std::uninitialized_fill_n(to, 5, source[0]); break;
         default: std::uninitialized_copy(source, source + 5, stepping(to));
       }
-    } catch (const refused &) {
-      failed = true;
-    }
+    } catch (const refused &) { failed = true; }
     tracked::copies_to_fail = 0;
     CHECK(failed && tracked::live == before);
   }

@@ -70,9 +70,7 @@ void copy(const int_tree &from, int n) {
   try {
     to.__copy(from, sizeof(rb_tree_node_base));
     CHECK(to.valid() == 0 && same_shape(from.header->parent, to.header->parent));
-  } catch (const out_of_nodes &) {
-    CHECK(live_nodes == before + n - 1 && n <= static_cast<int>(from.node_count));
-  }
+  } catch (const out_of_nodes &) { CHECK(live_nodes == before + n - 1 && n <= static_cast<int>(from.node_count)); }
   nodes_to_fail = 0;
   to.__clear();
   CHECK(live_nodes == before && to.valid() == 0);

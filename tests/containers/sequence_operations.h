@@ -12,7 +12,8 @@
 #include "random.h"
 #include "tracked.h"
 
-// Elements from numbers of 1 to 127 and back. Half of the strings may not share their characters: copies need a block.
+// Elements from numbers of 1 to 127 and back. Most strings may not share their characters, so that
+// copies need a block.
 template <class T> struct made_of {
   static T make(int n) { return T(n); }
   static int number(const T &value) { return static_cast<int>(value); }
@@ -36,8 +37,19 @@ template <> struct made_of<std::string> {
   }
 };
 
+template <class T> void renew(T &value, int n) { value = made_of<T>::make(n); }
+inline void renew(std::string &value, int n) {
+  value = made_of<std::string>::make(n);
+  if (n % 3 != 0) value[0] = value[0];
+}
+
 template <class S> typename S::iterator place(S &s, int n) {
   typename S::iterator at = s.begin();
+  std::advance(at, n);
+  return at;
+}
+template <class S> typename S::const_iterator place(const S &s, int n) {
+  typename S::const_iterator at = s.begin();
   std::advance(at, n);
   return at;
 }
@@ -55,23 +67,14 @@ template <class A> bool valid(const std::vector<bool, A> &v) {
   return v.end() - v.begin() == static_cast<int>(v.size()) &&
          (v.size() % 32 == 0 || *v.end()._word >> v.size() % 32 == 0);
 }
-// Every element lies in the block of its map entry; steps and jumps agree, also in their order.
+// Every element lies in the block of its map entry.
 template <class T, class A> bool valid(const std::deque<T, A> &d) {
   typedef typename std::deque<T, A>::const_iterator iterator;
   const iterator first = d.begin(), end = d.end();
-  const int size = size_of(d);
-  if (first._last != *first._node + 20 || end._last != *end._node + 20 || first._cur < *first._node ||
-      first._cur >= first._last || end._cur < *end._node || end._cur >= end._last || end - first != size)
-    return false;
-  iterator at = first, back = end;
-  for (int i = 0; i < size; ++i, ++at) {
-    const iterator jumped = end + (i - size), other = first + (i * 7919 % (size + 1));
-    if (&*at != &d[static_cast<unsigned int>(i)] || jumped != at || &*jumped != &*at || at - first != i) return false;
-    if ((at < other) != (i < i * 7919 % (size + 1)) || other + (at - other) != at) return false;
-  }
-  for (int i = size; i-- > 0;)
-    if (&*--back != &d[static_cast<unsigned int>(i)]) return false;
-  return at == end;
+  bool good = end - first == size_of(d) && first._cur >= *first._node && first._cur < first._last;
+  iterator at = first;
+  for (unsigned int i = 0; i < d.size(); ++i, ++at) good = good && &*at == &d[i] && at._last == *at._node + 20;
+  return good && at == end && end._cur >= *end._node && end._cur < end._last && end._last == *end._node + 20;
 }
 template <class T, class A> bool valid(const std::list<T, A> &l) {
   const __zor::_list_links *const end = l.end()._node, *at = end;
@@ -86,14 +89,36 @@ template <class T, class A> bool valid(const std::list<T, A> &l) {
 template <class S> bool valid(const S &) { return true; }
 #endif
 
+// Each way to step and to jump leads from the first of n elements to the i-th, and back.
+template <class I> bool leads(I first, I at, int i, int n, std::bidirectional_iterator_tag) {
+  I back = at;
+  for (int left = i; left != 0; --left) {
+    const I from = back--;
+    I again = back;
+    if (again == from || again++ != back || again != from) return false;
+  }
+  return back == first && (i == n || &*at == at.operator->());
+}
+template <class I> bool leads(I first, I at, int i, int n, std::random_access_iterator_tag) {
+  typedef made_of<typename std::iterator_traits<I>::value_type> made;
+  I there = first, back = at, again = at;
+  there += i, back -= i;
+  const bool steps = i == 0 || (again-- == at && again + 1 == at && again++ + 1 == at && again == at);
+  return steps && there == at && back == first && first + i == at && i + first == at && at - i == first &&
+         at - first == i && first - at == -i && (i == n || made::number(first[i]) == made::number(*at)) &&
+         (first < at) == (i > 0) && (at > first) == (i > 0) && (at <= first) == (i == 0) && first <= at && at >= first;
+}
+
 // All that a program can see, in both directions; 1 when the structure is broken.
 template <class S> unsigned int hash_of(const S &s) {
   typedef made_of<typename S::value_type> made;
-  if (!valid(s)) return CHECK(!"the structure is whole"), 1;
+  typedef typename S::const_iterator iterator;
+  const int n = size_of(s), i = n * 7919 / 97 % (n + 1);
+  if (!valid(s) || !leads(s.begin(), place(s, i), i, n, typename iterator::iterator_category()))
+    return CHECK(!"the structure is whole"), 1;
   unsigned int hash =
       s.empty() ? 5381 : static_cast<unsigned int>(made::number(s.front()) * 7u + made::number(s.back()));
-  for (typename S::const_iterator at = s.begin(); at != s.end(); ++at)
-    hash = hash * 33 + static_cast<unsigned int>(made::number(*at));
+  for (iterator at = s.begin(); at != s.end(); ++at) hash = hash * 33 + static_cast<unsigned int>(made::number(*at));
   for (typename S::const_reverse_iterator at = s.rbegin(); at != s.rend(); ++at)
     hash = hash * 31 + static_cast<unsigned int>(made::number(*at));
   return hash;
@@ -111,7 +136,7 @@ template <class S> int change(S &s, unsigned int kind, int p, int some, int numb
   typedef typename S::value_type T;
   typedef typename S::size_type size;
   T values[most_at_once];
-  for (int i = 0; i < some; ++i) values[i] = made_of<T>::make((number + i * 7) % 100 + 1);
+  for (int i = 0; i < some; ++i) renew(values[i], (number + i * 7) % 100 + 1);
   const T value = made_of<T>::make(number), *const first = values, *const last = values + some, *reached = first;
   const input_archetype<T> once(first, &reached), end_of_once(last, 0);
   const int n = size_of(s), q = n == 0 ? 0 : some * 37 % n;

@@ -8,25 +8,19 @@
 
 #include "../harness.h"
 
-static bool telling;
 static void throw_and_tell(const char *when) {
   struct local {
     const char *name;
-    ~local() { trace("~%s", name); }
+    ~local() { printf("~%s ", name); }
   };
   try {
     local l = {when};
     if (*when == 'u') throw std::logic_error("before main");
     std::string("abc").at(100);
   } catch (std::out_of_range &e) {
-    trace(dynamic_cast<std::logic_error *>(&e) && e.what()[0] ? "range" : "wrong");
+    printf(dynamic_cast<std::logic_error *>(&e) && e.what()[0] ? "range " : "wrong ");
   }
-  try {
-    throw std::bad_alloc();
-  } catch (std::exception &e) {
-    trace("%s", e.what());
-  }
-  if (telling) puts(test_trace), fflush(stdout), test_trace[0] = 0;
+  fflush(stdout);
 }
 struct early {
   early() { throw_and_tell("early"); }
@@ -42,15 +36,12 @@ static void run_failing() {
   setenv("BEFORE_MAIN_THROWS", "1", 1);
   execl("/proc/self/exe", "before_main", (char *)0);
 }
-static void leave() {
-  test_trace[0] = 0, telling = true;
-  exit(0);
-}
+static void run_well() { execl("/proc/self/exe", "before_main", "child", (char *)0); }
 
-int main() {
-  CHECK_TRACE("~early range Allocation Failure");
+int main(int count, char **) {
+  if (count > 1) return 0;
   CHECK_INT(failure, 2);
-  CHECK_ENDS(leave, 0, "~static range Allocation Failure\n~last range Allocation Failure\n");
+  CHECK_ENDS(run_well, 0, "~early range ~static range ~last range ");
   CHECK_ABORTS(run_failing, "plx: uncaught exception of type std::logic_error: before main\n");
   return TEST_RESULT();
 }

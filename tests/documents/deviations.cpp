@@ -13,7 +13,8 @@
 
 #include "../harness.h"
 
-// The inner specification allows what the first report throws, the outer what the second throws.
+// The inner specification allows what the first report throws, the outer what the second throws. Merged, as from -O1
+// on, only the outer one may be left, and what it gets from the handler is not allowed there.
 static void translate() {
   static int reports;
   printf("report%d ", ++reports);
@@ -27,20 +28,15 @@ static void violate_both() {
   std::set_unexpected(translate);
   try {
     outer();
-  } catch (const char *text) {
-    printf("%s", text);
-  }
+  } catch (const char *text) { printf("%s", text); }
 }
 static void nested_specifications() {
   const test_child child = test_run_child(violate_both);
-  const bool two_reports = child.status == 0 && strcmp(child.text, "report1 report2 text") == 0;
+  bool good = child.status == 0 && strcmp(child.text, "report1 report2 text") == 0;
 #ifdef __OPTIMIZE__
-  // Merged, only the outer one is left, and what it gets from the handler is not allowed there.
-  const char one_report[] = "report1 plx: uncaught exception of type int";
-  CHECK(two_reports || (child.status == -SIGABRT && strncmp(child.text, one_report, strlen(one_report)) == 0));
-#else
-  CHECK(two_reports);
+  good = good || (child.status == -SIGABRT && strstr(child.text, "report1 plx: uncaught exception of type int"));
 #endif
+  CHECK(good);
 }
 
 // As assembly, or C with -fno-asynchronous-unwind-tables.
@@ -59,14 +55,10 @@ static void code_without_table() {
 static void pointer_to_function() {
   static const char identity = 0;
   static const a_type_info_impl type = {PLX_TYPE_INFO_VTABLE, "void ()", &identity, 0};
-  bool caught = false;
   try {
     *static_cast<void (**)()>(__throw_setup(&type, sizeof(void *), PLX_TYPE_POINTER)) = throw_one;
     __throw();
-  } catch (void *function) {
-    caught = function == reinterpret_cast<void *>(throw_one);
-  }
-  CHECK(caught);
+  } catch (void *function) { CHECK(function == reinterpret_cast<void *>(throw_one)); }
 }
 
 static void no_element_size() {
@@ -81,15 +73,6 @@ static void synchronised() {
   std::cout << "c";
 }
 
-static void put_back_another() {
-  char text[] = "abcdef";
-  std::strstreambuf buffer(text, 3, text + 3);
-  buffer.sbumpc();
-  CHECK_INT(buffer.sputbackc('x'), -1);
-  CHECK_INT(buffer.sputbackc('a'), 'a');
-  CHECK_TEXT(text, "abcdef");
-}
-
 struct punctuation : std::numpunct<char> {
   punctuation(const std::string &sizes, char separator) : sizes_(sizes), separator_(separator) {}
   virtual std::string do_grouping() const { return sizes_; }
@@ -97,10 +80,6 @@ struct punctuation : std::numpunct<char> {
   const std::string sizes_;
   const char separator_;
 };
-static std::locale with(const std::string &sizes, char separator) {
-  return std::locale(std::locale::classic(), new punctuation(sizes, separator));
-}
-
 struct roman : std::ctype<char> {
   virtual char do_widen(char c) const { return c == '1' ? 'I' : c; }
   virtual const char *do_widen(const char *from, const char *end, char *to) const {
@@ -108,26 +87,25 @@ struct roman : std::ctype<char> {
     return end;
   }
 };
+template <class F> static std::locale with(F *facet) { return std::locale(std::locale::classic(), facet); }
+static std::string written(const std::locale &by, int n) {
+  std::ostringstream out;
+  out.imbue(by);
+  out << n << (n == 11 ? "" : ".");
+  if (n == 11) out << true << 1.5;
+  return out.str();
+}
 
 static void numbers() {
-  std::ostringstream out;
-  out.imbue(with(std::string("\2") + '\xFF', ','));
-  out << 1234567;
-  CHECK_TEXT(out.str().c_str(), "1,23,45,67");
-  out.imbue(with("\xFF", ','));
-  out.str("");
-  out << 1234567;
-  CHECK_TEXT(out.str().c_str(), "1234567");
-  out.imbue(std::locale(std::locale::classic(), new roman));
-  out.str("");
-  out << 11 << true << 1.5;
-  CHECK_TEXT(out.str().c_str(), "IIII.5");
+  CHECK_TEXT(written(with(new punctuation(std::string("\2") + '\xFF', ',')), 1234567).c_str(), "1,23,45,67.");
+  CHECK_TEXT(written(with(new punctuation("\xFF", ',')), 1234567).c_str(), "1234567.");
+  CHECK_TEXT(written(with(new roman), 11).c_str(), "IIII.5");
   std::istringstream in(",123 1e+2");
   int n = 0;
   double d = 0;
-  in.imbue(with("\3", ','));
+  in.imbue(with(new punctuation("\3", ',')));
   in >> n;
-  in.imbue(with("\1", '+'));
+  in.imbue(with(new punctuation("\1", '+')));
   in >> d;
   CHECK(in && n == 123 && d == 100);
 }
@@ -137,22 +115,22 @@ static void streams() {
   out << static_cast<std::streambuf *>(0);
   CHECK_INT(out.rdstate(), std::ios::failbit);
   std::istringstream in("12 x");
-  int n = 0;
+  int n = 0, ends[2];
   in.ignore(1) >> n;
-  CHECK(n == 2 && in.gcount() == 0);
-  CHECK_INT(in.rdbuf()->pubseekoff(3, std::ios::beg, std::ios::in | std::ios::out), 3);
+  CHECK(n == 2 && in.gcount() == 0 && in.rdbuf()->pubseekoff(3, std::ios::beg, std::ios::in | std::ios::out) == 3);
   CHECK_INT(in.get(), 'x');
-  int ends[2];
   CHECK(pipe(ends) == 0 && write(ends[1], "ab", 2) == 2);
   std::filebuf buffer(fdopen(ends[0], "r"));
   std::istream from(&buffer);
-  char text[2];
+  char text[] = "abcdef";
   CHECK(from.get() == 'a' && from.readsome(text, 2) == 0 && from.rdstate() == std::ios::eofbit);
   close(ends[1]);
+  std::strstreambuf array(text, 3, text + 3);
+  CHECK(array.sbumpc() == 'a' && array.sputbackc('x') == -1 && array.sputbackc('a') == 'a');
+  CHECK_TEXT(text, "abcdef");
 }
 
 int main() {
-  put_back_another();
   numbers();
   streams();
   nested_specifications();

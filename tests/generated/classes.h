@@ -37,17 +37,10 @@ static TEST_UNUSED NOINLINE void throw_int(int value) { THROW(__TI_i, int, 0, va
 
 static TEST_UNUSED NOINLINE void throw_double(double value) { THROW(__TI_d, double, 0, value); }
 
-static TEST_UNUSED int caught_fault_id(void) { return ((fault *)__caught_object_address)->id; }
-
-/* A class with a destructor whose objects are locals; its trace is + or ~ and its number. */
+/* A class with a destructor whose objects are locals; its trace is ~ and its number. */
 typedef struct local {
   int id;
 } local;
-
-static TEST_UNUSED void local_construct(local *self, int id) {
-  self->id = id;
-  trace("+%d", id);
-}
 
 static TEST_UNUSED void local_destroy(void *object, int flags) {
   trace(flags == 2 ? "~%d" : flags == 0 ? "~%d:sub" : "~%d:bad-flags", ((local *)object)->id);

@@ -61,9 +61,7 @@ int thrown_by(const a_case &c, std::iostream &s, std::string *got = 0) {
   } catch (const std::ios_base::failure &f) {
     CHECK_TEXT(f.what(), "Failure reported");
     return failure;
-  } catch (const thrown &) {
-    return a_thrown;
-  } catch (const std::bad_cast &e) {
+  } catch (const thrown &) { return a_thrown; } catch (const std::bad_cast &e) {
     CHECK_TEXT(e.what(), "Facet not present\n");
     return missing;
   }
@@ -341,9 +339,7 @@ void ties_and_ends() {
       try {
         std::ostream::sentry end(out);
         if (on_its_way) throw 5;
-      } catch (const std::ios_base::failure &) {
-        ++caught;
-      } catch (int) {
+      } catch (const std::ios_base::failure &) { ++caught; } catch (int) {
         caught += 10;
       }
     }

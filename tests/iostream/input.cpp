@@ -184,9 +184,7 @@ void iterators() {
     std::string kept = "kept";
     try {
       kept.assign(from_buffer(&thrower), from_buffer());
-    } catch (const thrown &) {
-      kept += '!';
-    }
+    } catch (const thrown &) { kept += '!'; }
     CHECK(kept == "kept!" && thrower.rest() == "def");
   }
   // A buffer into itself: each character that is read makes one more, until the end is met.

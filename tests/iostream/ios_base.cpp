@@ -50,9 +50,7 @@ void first_state() {
     } catch (const std::ios_base::failure &f) {
       CHECK_TEXT(f.what(), "Failure reported");
       ++thrown;
-    } catch (const std::exception &) {
-      thrown += 10;
-    }
+    } catch (const std::exception &) { thrown += 10; }
     CHECK(good.rdstate() == (how < 2 ? b::eofbit | b::failbit : b::badbit));
   }
   CHECK_INT(thrown, 13);

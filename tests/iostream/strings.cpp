@@ -80,9 +80,7 @@ struct writing {
   void run() {
     try {
       for (int i = 0; i < 9; ++i) s << text << i << '.';
-    } catch (const std::ios_base::failure &) {
-      throw std::bad_alloc();
-    }
+    } catch (const std::ios_base::failure &) { throw std::bad_alloc(); }
     s.str(text + text + text);
     std::istringstream one(s.str());
     std::ostringstream to(s.str());

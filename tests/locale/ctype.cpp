@@ -52,9 +52,9 @@ static void classes(const std::locale &loc, const char *named = 0) {
   const char text[] = "ab12";
   a_ctype::mask masks[4];
   CHECK(facet.is(text, text + 4, masks) == text + 4 && masks[0] == facet.table()[int('a')] &&
-        masks[3] == facet.table()[int('2')]);
-  CHECK(facet.scan_is(a_ctype::digit, text, text + 4) == text + 2 &&
-        facet.scan_not(a_ctype::alpha, text, text + 4) == text + 2);
+        masks[3] & a_ctype::digit);
+  CHECK(facet.scan_is(a_ctype::digit, text, text + 4) == text + 2);
+  CHECK(facet.scan_not(a_ctype::alpha, text, text + 4) == text + 2);
 }
 
 // A table of the program's own, which the facet frees, or does not; a null one is the classic.
@@ -92,9 +92,13 @@ static void own_tables() {
 typedef std::codecvt<char, char, int> conversion;
 typedef std::codecvt<char, char, std::mbstate_t> standard_conversion;
 
-// Counts in the state what it has taken, in each of its operations.
+// Counts in the state what it has taken, in each of its operations; the rest of the state must be as at the start.
 struct counting : standard_conversion {
-  static int &count(std::mbstate_t &state) { return *reinterpret_cast<int *>(&state); }
+  static int &count(std::mbstate_t &state) {
+    int *const words = reinterpret_cast<int *>(&state);
+    CHECK(sizeof state == 2 * sizeof *words && words[1] == 0);
+    return *words;
+  }
   virtual result do_in(std::mbstate_t &state, const char *from, const char *end, const char *&next, char *to,
                        char *to_end, char *&to_next) const {
     for (next = from, to_next = to; next != end && to_next != to_end; ++count(state))
@@ -155,21 +159,6 @@ static void conversions() {
         std::use_facet<standard_conversion>(classic).encoding() == 1);
 }
 
-// As the hash is described: each shift by five keeps the sign's bits, what is left at the end comes in by bytes.
-static long described(const string &text) {
-  int h = static_cast<int>(text.size());
-  size_t i = 0;
-  unsigned rest = 0;
-  for (; i + 4 <= text.size(); i += 4) {
-    unsigned word = 0;
-    for (size_t k = 4; k-- > 0;) word = word << 8 | static_cast<unsigned char>(text[i + k]);
-    h = static_cast<int>((static_cast<unsigned>(h) * 32 | static_cast<unsigned>(h >> 27)) ^ word);
-  }
-  if (i == text.size()) return h;
-  for (; i < text.size(); ++i) rest = rest * 256 | static_cast<unsigned>(static_cast<signed char>(text[i]));
-  return static_cast<int>(rest ^ (static_cast<unsigned>(h) * 32 | static_cast<unsigned>(h >> 27)));
-}
-
 // The C library's locale in force decides, or the one that is named, for texts of each length; a null character ends a
 // text.
 static void collation(const std::collate<char> &facet, const char *during, const char *by) {
@@ -189,10 +178,13 @@ static void collation(const std::collate<char> &facet, const char *during, const
     strxfrm(&key[0], text[0].c_str(), key.size());
     setlocale(LC_ALL, during);
     CHECK_INT(facet.compare(a, end, b, b + text[1].size()), want < 0 ? -1 : want > 0);
-    CHECK(facet.transform(a, end) == key.c_str() && facet.hash(a, end) == described(text[0]));
-    CHECK(facet.transform(a, a) == "" && facet.compare(a, end, a, end) == 0 && facet.hash(a, a) == 0);
+    CHECK(facet.transform(a, end) == key.c_str() && facet.transform(a, a) == "" && facet.compare(a, end, a, end) == 0);
   }
   setlocale(LC_ALL, "C");
+  // The length and each word by a shift of five that keeps the sign's bits; what is left at the end by bytes.
+  static const char *const texts[] = {"", "a", "abc", "abcd", "abcdefg", "\xFF\x80\x7F", "the quick brown fox"};
+  static const long hashes[] = {0, 65, 6382083, 1684234977, -1945553333, -32737, -6713213};
+  for (int i = 0; i < 7; ++i) CHECK_INT(facet.hash(texts[i], texts[i] + strlen(texts[i])), hashes[i]);
 }
 
 int main() {

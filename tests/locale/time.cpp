@@ -135,9 +135,7 @@ static void table() {
       failed = std::use_facet<std::time_put<char> >(std::locale())
                    .put(&buffer, stream, ' ', &t, pattern, pattern + 5)
                    .failed();
-    } catch (const thrown &) {
-      failed = true;
-    }
+    } catch (const thrown &) { failed = true; }
     CHECK(failed == (n % 30 < 27) && buffer.taken() == string("on Sun Sep 01 14:03:09 1996").substr(0, n % 30));
   }
   const std::timepunct<char> c("C");

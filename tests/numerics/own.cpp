@@ -68,9 +68,7 @@ static void failures() {
     allocation_to_fail = which < 2;
     try {
       which == 0 ? a.resize(100) : which == 1 ? void(a = b) : a.resize(lengths[which - 2]);
-    } catch (const std::bad_alloc &) {
-      failed = true;
-    }
+    } catch (const std::bad_alloc &) { failed = true; }
     allocation_to_fail = 0;
     CHECK(failed && a.size() == 2 && a[0] == 3 && a[1] == 3);
   }

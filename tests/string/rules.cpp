@@ -21,9 +21,7 @@ static const string::size_type npos = string::npos;
     const char *said = "nothing";                                                                   \
     try {                                                                                           \
       (void)(expression);                                                                           \
-    } catch (const error &e) {                                                                      \
-      said = strcmp(e.what(), what_text) ? "else" : what_text;                                      \
-    }                                                                                               \
+    } catch (const error &e) { said = strcmp(e.what(), what_text) ? "else" : what_text; }           \
     CHECK_TEXT(said, what_text);                                                                    \
     CHECK(rep_of(text) == rep && memcmp(rep, &before, sizeof before) == 0 && text == "0123456789"); \
   }

@@ -1,29 +1,79 @@
-// Exceptions of two C++ libraries in one process, which do not see each other's: what ours does between the foreign
-// library's frames, and the other way round. Arguments: what to end with.
+// Exceptions of two C++ libraries in one process, which do not see each other's. This is both a C library that keeps
+// the host's C++ library and its unwinder behind its interface (FOREIGN), and a program of ours, which ends as its
+// argument says.
 #include <cstdio>
 #include <cstdlib>
 #include <dlfcn.h>
 #include <execinfo.h>
 #include <new>
 #include <pthread.h>
+#include <sstream>
 #include <stdexcept>
 #include <string>
 
 typedef void (*callback)(int);
-#ifdef LINKED
-extern "C" {
-int foreign_inside(int, callback);
-void foreign_passes(callback, int);
-void foreign_throws(int);
-void foreign_catches(callback, int);
-}
-#define LOOK_UP(name)
+#ifdef FOREIGN
+#define SIDE "theirs"
+#define MINE(function) their_##function
 #else
-static int (*foreign_inside)(int, callback);
-static void (*foreign_passes)(callback, int);
-static void (*foreign_throws)(int);
-static void (*foreign_catches)(callback, int);
-#define LOOK_UP(name) *(void **)&name = dlsym(handle, #name)
+#define SIDE "ours"
+#define MINE(function) our_##function
+#endif
+
+struct noisy {
+  int n;
+  ~noisy() { std::printf("~" SIDE "%d ", n); }
+};
+extern "C" {
+void MINE(throws)(int n) {
+  noisy local = {n};
+  if (n == 1) throw std::runtime_error(SIDE);
+  throw n;
+}
+void MINE(catches)(callback f, int n) {
+  noisy local = {n + 10};
+  try {
+    noisy inner = {n + 20};
+    f(n);
+  } catch (std::exception &e) {
+    std::printf(SIDE " caught %s ", e.what());
+  } catch (int k) {
+    std::printf(SIDE " caught %d ", k);
+  }
+}
+// Calls with an exception at work.
+void MINE(calls)(callback f, int n) {
+  try {
+    std::string("x").at(n);
+  } catch (std::out_of_range &) {
+    f(n);
+    std::ostringstream text;
+    text << SIDE << " line " << n;
+    try {
+      throw std::runtime_error(text.str());
+    } catch (std::exception &e) {
+      std::printf("%s ", e.what());
+    }
+  }
+}
+}
+
+#ifdef FOREIGN
+struct at_end {
+  ~at_end() { std::printf("the library ends\n"); }
+};
+static at_end end;
+#else
+#ifdef LINKED
+extern "C" void their_throws(int), their_catches(callback, int), their_calls(callback, int);
+#else
+static void (*their_throws)(int), (*their_catches)(callback, int), (*their_calls)(callback, int);
+static void look_up(const char *file) {
+  void *const handle = dlopen(file, RTLD_NOW | RTLD_LOCAL);
+  *(void **)&their_throws = dlsym(handle, "their_throws");
+  *(void **)&their_catches = dlsym(handle, "their_catches");
+  *(void **)&their_calls = dlsym(handle, "their_calls");
+}
 #endif
 
 static int news;
@@ -33,35 +83,12 @@ void *operator new(std::size_t n) {
 }
 void operator delete(void *p) PLX_NOTHROW { std::free(p); }
 
-struct noisy {
-  int n;
-  ~noisy() { std::printf("~ours%d ", n); }
-};
-static void throws(int n) {
-  noisy local = {n};
-  if (n == 1) throw std::runtime_error("ours");
-  throw n;
-}
-static void handles(int n) {
-  try {
-    throws(n);
-  } catch (int k) {
-    std::printf("inner %d ", k);
-  }
-}
-static void calls_foreign(int n) {
-  noisy local = {n};
-  try {
-    noisy inner = {n + 10};
-    foreign_throws(n);
-  } catch (int) {
-    std::printf("ours caught theirs ");
-  } catch (std::exception &) {
-    std::printf("ours caught theirs ");
-  }
-}
-static void lets_none_pass(int n) PLX_NOTHROW { foreign_throws(n); }
-static void leaves(int n) {
+static void ours_pass_theirs(int n) { their_catches(our_throws, n); }
+static void theirs_pass_ours(int n) { our_catches(their_throws, n); }
+static void handle_ours(int n) { our_catches(our_throws, n); }
+static void call_theirs(int n) { their_calls(handle_ours, n); }
+static void let_none_pass(int n) PLX_NOTHROW { their_throws(n); }
+static void leave(int n) {
   noisy local = {n};
   pthread_exit(0);
 }
@@ -69,43 +96,24 @@ static void leaves(int n) {
 int main(int, char **argv) {
   std::setvbuf(stdout, 0, _IONBF, 0);
 #ifndef LINKED
-  void *const handle = dlopen(argv[2], RTLD_NOW | RTLD_LOCAL);
-  if (!handle) std::printf("%s\n", dlerror()), std::exit(1);
+  look_up(argv[2]);
 #endif
-  LOOK_UP(foreign_inside);
-  LOOK_UP(foreign_passes);
-  LOOK_UP(foreign_throws);
-  LOOK_UP(foreign_catches);
   delete new int;
-  // Both have exceptions at work.
-  try {
-    throw std::string("mine");
-  } catch (std::string &) {
-    std::printf("%d ", foreign_inside(3, handles));
-    try {
-      throw;
-    } catch (std::string &s) {
-      std::printf("%s\n", s.c_str());
-    }
-  }
+  our_calls(call_theirs, 3);
+  std::printf("\n");
   for (int n = 1; n < 3; ++n) {
-    try {
-      foreign_passes(throws, n);
-    } catch (std::exception &e) {
-      std::printf("main got %s ", e.what());
-    } catch (int k) {
-      std::printf("main got %d ", k);
-    }
-    foreign_catches(calls_foreign, n);
+    our_catches(ours_pass_theirs, n);
+    their_catches(theirs_pass_ours, n);
     std::printf("\n");
   }
   void *frames[50];
   std::printf("backtrace %d new %d\n", backtrace(frames, 50) > 1, news > 0);
   switch (argv[1][0]) {
-    case 'e': leaves(3);
-    case 'c': foreign_passes(leaves, 3);
-    case 'n': lets_none_pass(1);
-    case 'u': foreign_passes(throws, 1);
+    case 'e': leave(3);
+    case 'c': their_catches(leave, 3);
+    case 'n': let_none_pass(1);
+    case 'u': their_catches(our_throws, 1);
   }
   return 0;
 }
+#endif

@@ -1,13 +1,13 @@
 #!/bin/bash
 # A C library that holds the host's C++ library and unwinder, linked and loaded: each side works, exceptions of the one are
-# none to the other, and our frames are cleaned up when the other unwinder passes (foreign.cc, foreign_library.cc).
+# none to the other, and our frames are cleaned up when the other unwinder passes (foreign.cc).
 . "$PLX_SOURCE/tests/driver/common.bash"
 here=$PLX_SOURCE/tests/unwind
 [ -z "${PLX_SANITIZE:-}" ] || { echo "skipped: sanitizers bring the host's unwinder along"; exit 77; }
-g++ -m32 -O1 -fPIC -shared "$here/foreign_library.cc" -o libforeign.so || exit 1
-common='~ours3 inner 3 line 2 ~foreign3 3 mine
-~ours1 main got ours ~ours11 ~ours1 foreign caught theirs 
-~ours2 main got 2 ~ours12 ~ours2 foreign caught 2 
+g++ -m32 -O1 -fPIC -shared -DFOREIGN "$here/foreign.cc" -o libforeign.so || exit 1
+common='~ours3 ~ours23 ours caught 3 ~ours13 theirs line 3 ours line 3 
+~ours1 ~ours21 ours caught ours ~ours11 ~theirs1 ~ours21 ~ours11 ~theirs21 theirs caught theirs ~theirs11 
+~ours2 ~ours22 ours caught 2 ~ours12 ~theirs2 ~ours22 ~ours12 ~theirs22 theirs caught 2 ~theirs12 
 backtrace 1 new 1'
 for compiler in g++ clang++-14; do
   command -v $compiler > /dev/null || continue
@@ -24,7 +24,7 @@ for compiler in g++ clang++-14; do
     done << 'END'
 -:0:the library ends
 e:0:~ours3 the library ends
-c:0:~ours3 ~foreign3 the library ends
+c:0:~ours3 ~theirs23 ~theirs13 the library ends
 n:134:terminate
 u:134:uncaught exception of type std::runtime_error: ours
 END

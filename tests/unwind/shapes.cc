@@ -1,4 +1,5 @@
-// Frames of every shape that an exception passes and is caught in; prints what happened and what locals held afterwards.
+// Frames of every shape that an exception passes and is caught in; prints what happened and what locals held
+// afterwards.
 #include <alloca.h>
 #include <csignal>
 #include <cstdio>
@@ -60,12 +61,15 @@ static void realigned(int n) {
   try {
     hidden(n);
   } catch (int k) {
-    std::printf("wide %d %d %g %d ", k, int(reinterpret_cast<unsigned long>(&local) % 64), local.values[15], array[n - 1]);
+    std::printf("wide %d %d %g %d ", k, int(reinterpret_cast<unsigned long>(&local) % 64), local.values[15],
+                array[n - 1]);
     throw;
   }
 }
 
-static int many(int a, double b, int c, long long d, const noisy &e, int f) { return a + int(b) + c + int(d) + e.n + f; }
+static int many(int a, double b, int c, long long d, const noisy &e, int f) {
+  return a + int(b) + c + int(d) + e.n + f;
+}
 static void arguments(int n) {
   // Only one argument may leave a trace: their order is the compiler's.
   int sum = 0;
@@ -93,8 +97,8 @@ static void in_registers_c(int n) {
 }
 static void in_cleanup_c(int n) { with_cleanup_c(in_plain_c, n); }
 
-// A signal that an instruction of the program raised; the handler's stack is the program's or one of its own. clang makes
-// no landing pad for an instruction, so the frames that clean up are those that call.
+// A signal that an instruction of the program raised; the handler's stack is the program's or one of its own. clang
+// makes no landing pad for an instruction, so the frames that clean up are those that call.
 static void on_signal(int) { throw 5; }
 static int read_from(int *p) { return *p; }
 static int (*volatile hidden_read)(int *) = read_from;
@@ -151,35 +155,8 @@ static void coroutines(int n) {
   hidden(n);
 }
 
-// More live values than registers, integer and floating; and the floating-point stack in use, again and again: it must not
-// overflow.
-static double pressure(int seed) {
-  int a = seed, b = a * 3 + 1, c = b ^ a, d = c + b, e = d * a, f = e - c, g = f + d, h = g ^ e;
-  double p = a / 2.0, q = b / 4.0, r = c / 8.0, s = d / 16.0, t = p * q, u = r + s, v = t - u, w = v * p;
-  try {
-    hidden(seed % 2);
-    a = 0;
-  } catch (int) {
-    h += 1;
-  }
-  return a + b * 2 + c * 3 + d * 4 + e * 5 + f * 6 + g * 7 + h * 8 + p + q + r + s + t + u + v + w;
-}
-static double floating(int n) { return value(n % 2 ? n : 0); }
-static void values(int n) {
-  double sum = 0;
-  for (int i = 0; i < 100; ++i) {
-    try {
-      sum += 1.5 * floating(i) + 2.5 * (floating(2) + floating(i + 1) / 3.0);
-    } catch (int) {
-      sum += 0.5 + pressure(i);
-    }
-  }
-  std::printf("%g ", sum);
-  hidden(n);
-}
-
-// More clean-ups than a throw notes at once, with arguments on the stack that the table counts: the walk begins again from
-// the last that was noted. By a pointer, lest a compiler passes arguments in registers.
+// More clean-ups than a throw notes at once, with arguments on the stack that the table counts: the walk begins again
+// from the last that was noted. By a pointer, lest a compiler passes arguments in registers.
 static noisy &sixth = *new noisy(6);
 static int passed;
 static int far(int depth, int a, int b, int c);
@@ -202,35 +179,20 @@ static void pushed(int n) {
   hidden(n);
 }
 
-static void deep(int n) {
-  static int depth = 300;
-  if (--depth == 0) {
-    depth = 300;
-    hidden(n);
-  }
-  char array[depth % 7 + 1];
-  array[0] = char(depth);
-  struct quiet {
-    char *p;
-    ~quiet() { zero += *p & 0; }
-  } local = {array};
-  switch (depth % 4) {
-    case 0: plain_c(deep, n); break;
-    case 1: nested_c(deep, n); break;
-    case 2: deep(n); break;
-    default: try { deep(n); } catch (const char *) {}
-  }
-  hidden(0);
-}
-
 int main() {
   static const struct {
     const char *name;
     callback run;
-  } shapes[] = {{"variable length", variable_length}, {"realigned", realigned}, {"arguments", arguments},
-                {"C", in_plain_c}, {"nested C", in_nested_c}, {"registers of C", in_registers_c},
-                {"C that cleans up", in_cleanup_c}, {"signals", signals}, {"coroutines", coroutines},
-                {"values", values}, {"pushed", pushed}, {"deep", deep}};
+  } shapes[] = {{"variable length", variable_length},
+                {"realigned", realigned},
+                {"arguments", arguments},
+                {"C", in_plain_c},
+                {"nested C", in_nested_c},
+                {"registers of C", in_registers_c},
+                {"C that cleans up", in_cleanup_c},
+                {"signals", signals},
+                {"coroutines", coroutines},
+                {"pushed", pushed}};
   wide local;
   for (int i = 0; i < 16; ++i) local.values[i] = i;
   for (unsigned i = 0; i < 2 * sizeof shapes / sizeof *shapes; ++i) {

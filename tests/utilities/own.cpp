@@ -51,9 +51,7 @@ static void memory() {
   bool thrown = false;
   try {
     strings.allocate(strings.max_size() + 1);
-  } catch (const std::bad_alloc &) {
-    thrown = true;
-  }
+  } catch (const std::bad_alloc &) { thrown = true; }
   CHECK(thrown);
 }
 

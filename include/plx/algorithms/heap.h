@@ -28,7 +28,8 @@ void _sink(_Iterator _first, _Distance _at, _Distance _n, _held_element<_Iterato
   const _Distance _top = _at, _pairs = static_cast<_Distance>((_n - 1) / 2);
   while (_at < _pairs) {
     _Distance _child = static_cast<_Distance>(2 * _at + 1);
-    if (_before(*(_first + _child), *(_first + (_child + 1)))) ++_child;
+    // Added, not branched on: which child is larger cannot be predicted.
+    _child = static_cast<_Distance>(_child + bool(_before(*(_first + _child), *(_first + (_child + 1)))));
     _held._fill_from(_first + _child);
     _at = _child;
   }

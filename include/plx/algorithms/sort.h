@@ -15,7 +15,8 @@ namespace _functions {
 
 enum { _insertion_limit = 24, _ninther_limit = 128, _patience = 8 };
 
-template <class _Iterator, class _Before> void _insertion_sort(_Iterator _first, _Iterator _last, _Before &_before) {
+template <class _Iterator, class _Before>
+PLX_NOINLINE void _insertion_sort(_Iterator _first, _Iterator _last, _Before &_before) {
   if (_first == _last) return;
   for (_Iterator _at = _first + 1; _at < _last; ++_at) {
     if (!bool(_before(*_at, *(_at - 1)))) continue;
@@ -28,7 +29,7 @@ template <class _Iterator, class _Before> void _insertion_sort(_Iterator _first,
 
 // For a range that is ordered but for a few elements; gives up, with false, when it is not.
 template <class _Iterator, class _Before>
-bool _insertion_sort_few(_Iterator _first, _Iterator _last, _Before &_before) {
+PLX_NOINLINE bool _insertion_sort_few(_Iterator _first, _Iterator _last, _Before &_before) {
   if (_first == _last) return true;
   typename std::iterator_traits<_Iterator>::difference_type _moved_so_far = 0;
   for (_Iterator _at = _first + 1; _at < _last; ++_at) {
@@ -98,95 +99,27 @@ template <bool _by_blocks> struct _pivot_partition {
   }
 };
 
-// Scalars, without branches on comparisons: where the misplaced elements are is noted in blocks of offsets, from both
-// ends, and then as many as both sides have change places.
+// Scalars, without branches on comparisons: each element changes places with the first that is not less, and the border
+// moves on by one or by none. What is in descending order becomes ascending before, where branches are foreseen.
 template <> struct _pivot_partition<true> {
-  enum { _block = 64 };
-
   template <class _T, class _Before> static _T *_run(_T *_first, _T *_last, _Before &_before, bool &_ordered) {
-    _T _pivot = *_first;
+    const _T _pivot = *_first;
     _T *_left = _first + 1, *_right = _last;
     while (_left < _last && bool(_before(*_left, _pivot))) ++_left;
     while (_left < _right && !bool(_before(*(_right - 1), _pivot))) --_right;
     _ordered = _left >= _right;
-    if (!_ordered) _left = _split(_left, _right, _pivot, _before);
+    for (; _left < _right && !bool(_before(*_left, _pivot)) && bool(_before(*(_right - 1), _pivot)); ++_left)
+      std::swap(*_left, *--_right);
+    for (_T *_at = _left; _at < _right; ++_at) {
+      const _T _value = *_at;
+      *_at = *_left;
+      *_left = _value;
+      _left += bool(_before(_value, _pivot));
+    }
     --_left;
     *_first = *_left;
     *_left = _pivot;
     return _left;
-  }
-
-private:
-  // Returns where those that are not less than the pivot begin.
-  template <class _T, class _Before> static _T *_split(_T *_left, _T *_right, _T _pivot, _Before &_before) {
-    unsigned char _left_offsets[_block], _right_offsets[_block];
-    unsigned int _left_count = 0, _right_count = 0, _left_at = 0, _right_at = 0;
-    _T *_left_base = _left, *_right_base = _right;
-    while (_left < _right) {
-      const std::ptrdiff_t _unknown = _right - _left;
-      if (_left_count == 0) {
-        const std::ptrdiff_t _share = _right_count == 0 ? (_unknown + 1) / 2 : _unknown;
-        const unsigned int _n = _share < _block ? static_cast<unsigned int>(_share) : static_cast<unsigned int>(_block);
-        _left_at = 0;
-        _left_base = _left;
-        _left_count = _note<false>(_left, _n, _pivot, _before, _left_offsets);
-        _left += _n;
-      }
-      if (_right_count == 0) {
-        const std::ptrdiff_t _share = _right - _left;
-        const unsigned int _n = _share < _block ? static_cast<unsigned int>(_share) : static_cast<unsigned int>(_block);
-        _right_at = 0;
-        _right_base = _right - 1;
-        _right_count = _note<true>(_right, _n, _pivot, _before, _right_offsets);
-        _right -= _n;
-      }
-      const unsigned int _n = _left_count < _right_count ? _left_count : _right_count;
-      _exchange(_left_base, _left_offsets + _left_at, _right_base, _right_offsets + _right_at, _n);
-      _left_at += _n;
-      _left_count -= _n;
-      _right_at += _n;
-      _right_count -= _n;
-    }
-    // What one side has left over goes to the border, the outermost last.
-    for (; _left_count != 0; --_left_count) {
-      --_left;
-      std::swap(_left_base[_left_offsets[_left_at + _left_count - 1]], *_left);
-    }
-    for (; _right_count != 0; --_right_count) {
-      std::swap(*(_right_base - _right_offsets[_right_at + _right_count - 1]), *_left);
-      ++_left;
-    }
-    return _left;
-  }
-
-  // Offsets of misplaced elements: upward from `_from`, or downward below it.
-  template <bool _downward, class _T, class _Before>
-  static unsigned int _note(_T *_from, unsigned int _n, _T _pivot, _Before &_before, unsigned char *_offsets) {
-    unsigned int _count = 0;
-    for (unsigned int _i = 0; _i < _n; ++_i) {
-      _offsets[_count] = static_cast<unsigned char>(_i);
-      if (_downward)
-        _count += bool(_before(*--_from, _pivot));
-      else
-        _count += !bool(_before(*_from++, _pivot));
-    }
-    return _count;
-  }
-
-  // In a cycle, which takes two stores for a pair where a swap takes three moves.
-  template <class _T> static void _exchange(_T *_left, const unsigned char *_left_offsets, _T *_right,
-                                            const unsigned char *_right_offsets, unsigned int _n) {
-    if (_n == 0) return;
-    _T *_l = _left + _left_offsets[0], *_r = _right - _right_offsets[0];
-    const _T _held = *_l;
-    *_l = *_r;
-    for (unsigned int _i = 1; _i < _n; ++_i) {
-      _l = _left + _left_offsets[_i];
-      *_r = *_l;
-      _r = _right - _right_offsets[_i];
-      *_l = *_r;
-    }
-    *_r = _held;
   }
 };
 

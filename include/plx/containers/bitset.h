@@ -210,13 +210,13 @@ private:
     if (_pos >= _Nv) __zor::throw_range();
   }
   void shift_left(const bitset &_source, size_t _shift) PLX_NOTHROW {
-    if (_shift < _Nv)
+    if (__builtin_expect(_shift < _Nv, true))
       _words::shift_left(_words_, _source._words_, _shift, _last_mask);
     else
       _words::reset(_words_);
   }
   void shift_right(const bitset &_source, size_t _shift) PLX_NOTHROW {
-    if (_shift < _Nv)
+    if (__builtin_expect(_shift < _Nv, true))
       _words::shift_right(_words_, _source._words_, _shift);
     else
       _words::reset(_words_);

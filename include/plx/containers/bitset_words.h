@@ -127,6 +127,7 @@ template <unsigned _n> struct _bit_words<_n, true> {
   }
   static void shift_left(unsigned long *_dst, const unsigned long *_src, unsigned _shift,
                          unsigned long _mask) PLX_NOTHROW {
+    if (_n > 4) return __zor::shift_left(_dst, _src, _shift, _n, _mask);  // what follows is laid out without a loop
     const unsigned _words = _shift >> 5, _bits = _shift & 31;
     for (unsigned _i = _n; _i-- != 0;) {
       const unsigned long _low = _i > _words ? _src[_i - _words - 1] : 0, _high = _i >= _words ? _src[_i - _words] : 0;

@@ -408,7 +408,9 @@ private:
   }
   _T *_element(size_type _n) const PLX_NOTHROW {
     _n += _start_offset_;
-    const size_type _blocks = _n / _block;
+    // A multiplication. In a loop over indices clang would make two of it, and step pointers beside.
+    size_type _blocks = _n / _block;
+    PLX_OPAQUE(_blocks);
     return _start_node_[_blocks] + (_n - _blocks * _block);
   }
   _T *_last_element() const PLX_NOTHROW {

@@ -220,11 +220,10 @@ public:
   vector &operator=(const vector &_other) {
     if (this == __zor::_address_of(_other)) return *this;
     if (_other._size_ > capacity()) {
-      vector _copy(_other);
-      swap(_copy);
-    } else {
-      _copy_words(_other);
+      _storage _made(_words_, _words_of(_other._size_));  // of its own allocator
+      _words_._swap_blocks(_made);
     }
+    _copy_words(_other);
     return *this;
   }
 #if __cplusplus >= 201103L

@@ -56,14 +56,24 @@ template <class K, class Less> static int indexed(std::map<K, int, Less> &c, con
 }
 template <class C, class K> static int indexed(C &, const K &) { return 0; }
 
+template <class C> static bool is_unique(C &) { return false; }
+template <class K, class T, class L> static bool is_unique(std::map<K, T, L> &) { return true; }
+template <class K, class L> static bool is_unique(std::set<K, L> &) { return true; }
+template <class C> static typename C::iterator behind_next(C &c, typename C::iterator at) {
+  return at == c.end() ? at : ++at;
+}
+
 template <class C> static int index_of(const C &c, typename C::const_iterator of) {
   return static_cast<int>(std::distance(c.begin(), of));
 }
 
 template <class C> static unsigned int hash_of(const C &c) {
   unsigned int hash = 5381;
-  for (typename C::const_iterator at = c.begin(); at != c.end(); at++)
-    hash = hash * 33 + static_cast<unsigned int>(number_of(*at));
+  for (typename C::const_iterator at = c.begin(); at != c.end();) hash = hash * 33 + unsigned(number_of(*at++));
+  for (typename C::const_iterator at = c.end(); at != c.begin();) {
+    const typename C::const_iterator behind = at--;
+    hash = hash * 31 + static_cast<unsigned int>(number_of(*at)) + (behind == c.end());
+  }
   for (typename C::const_reverse_iterator at = c.rbegin(); at != c.rend(); ++at)
     hash = hash * 31 + static_cast<unsigned int>(number_of(*at));
   return hash;
@@ -94,9 +104,11 @@ static void run(const char *name, int steps, typename C::key_compare less, typen
       case 5:
       case 6:
       case 7: {
-        // Of equal keys the standard leaves the order open where the hint is not the end of them. Half of the hints are
-        // right.
-        if (view.count(key) == 0) result = index_of(c, c.insert(n % 2 ? place : c.lower_bound(key), one));
+        // Of equal keys the standard leaves the order open where the hint is not the end of them. Most hints are right,
+        // or beside the right place.
+        const typename C::iterator near[] = {place, c.lower_bound(key), c.upper_bound(key),
+                                             behind_next(c, c.upper_bound(key))};
+        if (is_unique(c) || view.count(key) == 0 || n % 4 == 2) result = index_of(c, c.insert(near[n % 4], one));
         break;
       }
       case 8:
@@ -143,7 +155,11 @@ static void run(const char *name, int steps, typename C::key_compare less, typen
         if (&c != &other && other.size() < 60) c.insert(other.begin(), other.end());
         break;
       case 24:
-        if (n < 20) c.clear(), result = c.empty();
+        if (n >= 20) break;
+        c.clear();
+        result = c.empty();
+        c.insert(one), c.insert(one);
+        result += 2 * static_cast<int>(c.erase(key));
         break;
     }
     printf("%s %d, %u: %d, %u of %u, %d\n", name, i, chosen, result, unsigned(c.size()), hash_of(c),

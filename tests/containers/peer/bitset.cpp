@@ -70,9 +70,7 @@ template <unsigned N> static void random_run(unsigned steps) {
       case 19: set = std::bitset<N>().set(pos); break;
       case 20: set = std::bitset<N>(random_below(1 << 20) * 7919ul); break;
       case 21: try { result = static_cast<int>(set.to_ulong());
-        } catch (const std::overflow_error &) {
-          result = -7;
-        }
+        } catch (const std::overflow_error &) { result = -7; }
         break;
       default:
         other = set;
@@ -105,9 +103,7 @@ template <unsigned N> static const char *error_of(int which, size_t pos, const s
   } catch (const std::overflow_error &error) {
     return strcmp(error.what(), "Bitset can not be converted") == 0 ? "overflow" : error.what();
 #else
-  } catch (const std::out_of_range &) {
-    return "range";
-  } catch (const std::invalid_argument &) {
+  } catch (const std::out_of_range &) { return "range"; } catch (const std::invalid_argument &) {
     return "value";
   } catch (const std::overflow_error &) {
     return "overflow";

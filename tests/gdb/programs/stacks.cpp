@@ -48,9 +48,7 @@ static NOINLINE void handles(int kind) {
     to_stop();
     try {
       throw;
-    } catch (failure) {
-      to_stop();
-    }
+    } catch (failure) { to_stop(); }
   } catch (...) {}
 }
 

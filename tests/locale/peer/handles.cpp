@@ -83,9 +83,7 @@ int main() {
       } else {
         change(all[to], is_known[to], all[from], all[other], is_known[other]);
       }
-    } catch (const std::runtime_error &) {
-      printf("runtime_error ");
-    } catch (const std::bad_cast &) {
+    } catch (const std::runtime_error &) { printf("runtime_error "); } catch (const std::bad_cast &) {
       printf("bad_cast ");
     }
     printf("%s", described(all[to]).c_str());

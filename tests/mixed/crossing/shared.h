@@ -1,5 +1,5 @@
-/* What a unit of C++ and one of generated C, which describes the same classes, throw at each other. A catcher writes what it
- * saw into the trace. */
+/* What a unit of C++ and one of generated C, which describes the same classes, throw at each other. A catcher writes
+ * what it saw into the trace. */
 #ifndef SHARED_H
 #define SHARED_H
 
@@ -10,7 +10,7 @@ typedef void (*thrower)(int what);
 void say(const char *format, ...);
 void c_throws(int what);
 void c_catches(thrower throws, int what);
-void c_catches_pointers(thrower throws, int what);
+void c_registers(void);
 int c_casts(void);
 void c_failing_cast(int what);
 const char *cpp_what(const void *exception);

@@ -148,12 +148,10 @@ static void arrays() {
     a = b - a, a -= a * 2 - b, a = a + ints(a.shift(1)) * 2, print_all(a);
     reals x(size), y(1.5, size);
     for (size_t i = 0; i < size; ++i) x[i] = (random_below(99) + 1) / 100.0;
-    print_all(reals(abs(-x))), print_all(reals(acos(x))), print_all(reals(asin(x))), print_all(reals(atan(x))),
-        print_all(reals(cos(x) + cosh(x) * exp(x)));
-    print_all(reals(log(x))), print_all(reals(log10(x))), print_all(reals(sin(x) - sinh(x) / sqrt(x))),
-        print_all(reals(tan(x))), print_all(reals(tanh(x)));
-    print_all(reals(atan2(x, y))), print_all(reals(atan2(x, 2.0))), print_all(reals(atan2(2.0, x))),
-        print_all(reals(pow(x, y))), print_all(reals(pow(2.0, x))), print_all(reals(pow(x, 2.0)));
+    print_all(reals(abs(-x) + acos(x) * 2.0 + asin(x) * 3.0 + atan(x) * 4.0 + cos(x) * 5.0 + cosh(x) * exp(x)));
+    print_all(reals(log(x) + log10(x) * 2.0 + sin(x) * 3.0 - sinh(x) / sqrt(x) + tan(x) * 4.0 + tanh(x) * 5.0));
+    print_all(reals(atan2(x, y))), print_all(reals(atan2(x, 2.0))), print_all(reals(atan2(2.0, x)));
+    print_all(reals(pow(x, y))), print_all(reals(pow(2.0, x))), print_all(reals(pow(x, 2.0)));
     printf("\n");
   }
 }

@@ -1,8 +1,9 @@
-/* Plays scenes, with a choice of worlds for their nodes, and prints their traces; WORLDS is 1 for generated C alone, 2 for
- * C++ alone, 3 for both.
+/* Plays scenes, with a choice of worlds for their nodes, and prints their traces; WORLDS is 1 for generated C alone, 2
+ * for C++ alone, 3 for both.
  *
  *   program FIRST COUNT                         scenes at random
- *   program SCENE UNEXPECTED TERMINATE CHOICE   this one, and those that the handlers run */
+ *   program SCENE UNEXPECTED TERMINATE CHOICE   this one with many choices until a trace differs, and what handlers run
+ */
 #include "scenes.h"
 
 #include <stdarg.h>
@@ -76,8 +77,10 @@ void run(const char *script) {
 #elif WORLDS == 2
     node_cpp(script);
 #else
-    if (is_of_cpp(script) || choice >> 13 & 1) node_cpp(script);
-    else node_c(script);
+    if (is_of_cpp(script) || choice >> 13 & 1)
+      node_cpp(script);
+    else
+      node_c(script);
 #endif
   }
 }
@@ -177,9 +180,12 @@ static void write_node(int depth, int flags) {
   switch (random_below(depth > 0 ? 17 : 3)) {
     case 0: put(".%d", random_below(10)); break;
     case 1:
-      if (inside) put("r", 0);
-      else if (flags & may_jump) put("j", 0);
-      else put(".x", 0);
+      if (inside)
+        put("r", 0);
+      else if (flags & may_jump)
+        put("j", 0);
+      else
+        put(".x", 0);
       break;
     case 2:
     case 3:
@@ -260,11 +266,16 @@ int main(int count, char **words) {
   _ZSt14set_unexpectedPFvvE(not_expected);
   _ZSt13set_terminatePFvvE(terminated);
   if (count == 5) {
+    static char first[sizeof text];
+    int i;
     specifications = "im";
     replacement = words[2];
     last_words = words[3];
-    choice = strtoul(words[4], 0, 10) * 2654435761u;
-    play(words[1]);
+    for (i = 0; i < 50 && strcmp(first, text) == 0; ++i) {
+      choice = (strtoul(words[4], 0, 10) * 50 + i) * 2654435761u;
+      play(words[1]);
+      if (i == 0) strcpy(first, text);
+    }
     show();
   } else {
     unsigned number = strtoul(words[1], 0, 10);

@@ -251,9 +251,7 @@ static void step(int number) {
           s.resize(in), s.erase(pos), s.insert(s.end(), w, w + what.size()), s.erase();
         }
       }
-    } catch (const std::out_of_range &) {
-      result = 1000;
-    } catch (const std::range_error &) {
+    } catch (const std::out_of_range &) { result = 1000; } catch (const std::range_error &) {
       result = 2000;
     } catch (const std::bad_alloc &) {
       CHECK(failing && was.unchanged(s));
