@@ -153,26 +153,6 @@ template <class T> static void growth() {
   CHECK(*error_of(v, 6, 0x80000001u) == 'l' && v.capacity() == room);
 }
 
-// Blocks of deques that the pool does not serve; the first element goes into the middle of its block.
-struct large {
-  int number;
-  char rest[3000];
-};
-struct aligned {
-  int number;
-} __attribute__((__aligned__(16)));
-template <class T> static void blocks() {
-  std::deque<T> d;
-  for (int i = 0; i < 100; ++i) {
-    const T one = {i};
-    d.push_back(one);
-    CHECK(i != 0 || d.begin()._cur == *d.begin()._node + 10);
-    d.push_front(one);
-  }
-  for (unsigned int i = 0; i < 100; ++i)
-    CHECK(d[i].number == 99 - int(i) && reinterpret_cast<unsigned int>(&d[i]) % __alignof__(T) == 0);
-}
-
 // Right beside the hint two or three comparisons are enough, whatever the size; a wrong hint still finds the place.
 static void hints() {
   std::map<tracked, int> map;
@@ -212,23 +192,29 @@ static void small_rules() {
   CHECK(l.size() == 3 && valid(l));
 }
 
-// Thousands of nodes of many sizes come and go: each size has its own store.
-template <int bytes> struct block {
+// Thousands of elements of many sizes come and go: each size of node has its own store, which does not serve all blocks
+// of deques. The first element of those goes into the middle of its block.
+template <int bytes, int alignment> struct block {
   int key;
   char rest[bytes];
   block(int k) : key(k) { memset(rest, k, bytes); }
   bool operator<(const block &other) const { return key < other.key; }
   bool whole() const { return memcmp(rest, block(key).rest, bytes) == 0; }
-};
-template <int bytes> static void sizes() {
-  std::set<block<bytes> > some;
-  std::list<block<bytes> > list;
+} __attribute__((__aligned__(alignment)));
+template <int bytes, int alignment> static void sizes() {
+  typedef block<bytes, alignment> element;
+  std::set<element> set;
+  std::list<element> list;
+  std::deque<element> deque;
   for (int i = 0; i < 3000; ++i) {
-    some.insert(static_cast<int>(random_below(500))), list.push_back(i);
-    if (i % 3 == 0) some.erase(static_cast<int>(random_below(500))), list.pop_front();
+    set.insert(static_cast<int>(random_below(500))), list.push_back(i), deque.push_back(i);
+    CHECK(i != 0 || deque.begin()._cur == *deque.begin()._node + 10);
+    if (i % 3 == 0) set.erase(static_cast<int>(random_below(500))), list.pop_front(), deque.pop_front();
   }
-  for (; !some.empty(); some.erase(some.begin())) CHECK(some.begin()->whole());
-  for (; !list.empty(); list.pop_back()) CHECK(list.back().whole());
+  for (; !set.empty(); set.erase(set.begin())) CHECK(set.begin()->whole());
+  for (; !list.empty(); list.pop_back(), deque.pop_back())
+    CHECK(list.back().whole() && deque.back().whole() &&
+          reinterpret_cast<unsigned int>(&deque.back()) % alignment == 0);
 }
 
 // The numbers of a seed are promised. The program's first draw comes before main.
@@ -258,10 +244,9 @@ int main() {
   errors<std::vector<int> >(4), errors<std::vector<std::string> >(4), errors<std::vector<bool> >(4);
   errors<std::deque<int> >(3);
   growth<int>(), growth<std::string>(), growth<tracked>(), growth<bool>();
-  blocks<large>(), blocks<aligned>();
   hints();
   small_rules();
-  sizes<1>(), sizes<4>(), sizes<17>(), sizes<100>(), sizes<490>(), sizes<900>();
+  sizes<1, 4>(), sizes<4, 4>(), sizes<8, 16>(), sizes<17, 4>(), sizes<100, 4>(), sizes<490, 4>(), sizes<3000, 4>();
   generator();
   CHECK_INT(tracked::live, 0);
   return TEST_RESULT();

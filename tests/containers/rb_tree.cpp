@@ -26,10 +26,7 @@ public:
   int_tree() { __initialize(); }
   ~int_tree() { __destroy(); }
 
-  virtual void destroy_node(_node *n) {
-    --live_nodes;
-    free(n);
-  }
+  virtual void destroy_node(_node *n) { --live_nodes, free(n); }
   virtual _node *create_node(const void *value) {
     if (nodes_to_fail != 0 && --nodes_to_fail == 0) throw out_of_nodes();
     int_node *made = static_cast<int_node *>(malloc(sizeof(int_node)));
@@ -87,22 +84,17 @@ void random_run() {
     std::advance(in_model, first);
     std::advance(behind = in_model, last - first);
     if (kind == 0 && random_below(9) == 0) {
-      tree.__clear();
-      model.clear();
+      tree.__clear(), model.clear();
     } else if (kind < 3) {
-      CHECK_INT(tree.__count(from, to), last - first);
-      CHECK_INT(tree.__erase(from, to), last - first);
+      CHECK(tree.__count(from, to) == last - first && tree.__erase(from, to) == last - first);
       model.erase(in_model, behind);
     } else if (kind < 8) {
-      if (first == size) continue;
-      tree.__erase(from);
-      model.erase(in_model);
+      if (first != size) tree.__erase(from), model.erase(in_model);
     } else if (kind == 8) {
       copy(tree, static_cast<int>(first) + 1);
     } else {
       const int value = static_cast<int>(random_below(50));
-      CHECK_INT(value_of(tree.insert(value)), value);
-      model.insert(value);
+      CHECK(value_of(tree.insert(value)) == value), model.insert(value);
     }
     CHECK(tree.valid() == 0 && tree.node_count == model.size());
     const rb_tree_node_base *at = tree.leftmost;

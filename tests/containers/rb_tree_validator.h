@@ -51,12 +51,10 @@ private:
     needs(black || (n->color == __zor::_rb_red && parent->color == __zor::_rb_black), rule_4_colours);
     const int left = black_height(n->left, n);
     if (broken_) return 0;
-    if (!previous_) {
-      needs(tree_.leftmost == n, rule_2_ends);
-    } else {
-      needs(ordered_(previous_, n), rule_7_order);
-      needs(__zor::rb_tree_base::__next(previous_) == n && __zor::rb_tree_base::__prev(n) == previous_, rule_8_walks);
-    }
+    needs(previous_ || tree_.leftmost == n, rule_2_ends);
+    needs(!previous_ || ordered_(previous_, n), rule_7_order);
+    needs(!previous_ || (__zor::rb_tree_base::__next(previous_) == n && __zor::rb_tree_base::__prev(n) == previous_),
+          rule_8_walks);
     previous_ = n;
     ++count_;
     needs(left == black_height(n->right, n), rule_5_balance);

@@ -43,16 +43,9 @@ inline void renew(std::string &value, int n) {
   if (n % 3 != 0) value[0] = value[0];
 }
 
-template <class S> typename S::iterator place(S &s, int n) {
-  typename S::iterator at = s.begin();
-  std::advance(at, n);
-  return at;
-}
-template <class S> typename S::const_iterator place(const S &s, int n) {
-  typename S::const_iterator at = s.begin();
-  std::advance(at, n);
-  return at;
-}
+template <class I> I moved_on(I at, int n) { return std::advance(at, n), at; }
+template <class S> typename S::iterator place(S &s, int n) { return moved_on(s.begin(), n); }
+template <class S> typename S::const_iterator place(const S &s, int n) { return moved_on(s.begin(), n); }
 template <class S> int index_of(S &s, typename S::iterator at) {
   return static_cast<int>(std::distance(s.begin(), at));
 }
@@ -79,14 +72,13 @@ template <class T, class A> bool valid(const std::deque<T, A> &d) {
 template <class T, class A> bool valid(const std::list<T, A> &l) {
   const __zor::_list_links *const end = l.end()._node, *at = end;
   unsigned int n = 0;
-  do {
-    if (at->_next->_prev != at) return false;
-    at = at->_next;
-  } while (++n <= l.size() + 1 && at != end);
-  return n == l.size() + 1;
+  for (bool more = true; more && n <= l.size() && at->_next->_prev == at; ++n) more = (at = at->_next) != end;
+  return n == l.size() + 1 && at == end;
 }
+template <class T> const T &own_value(const T &value) { return value; }
 #else
 template <class S> bool valid(const S &) { return true; }
+template <class T> T own_value(const T &value) { return value; }  // the standard asks for a copy
 #endif
 
 // Each way to step and to jump leads from the first of n elements to the i-th, and back.
@@ -166,22 +158,13 @@ template <class S> int change(S &s, unsigned int kind, int p, int some, int numb
     case 15: s.assign(static_cast<size>(some), value); break;
     case 16: s.assign(first, last); break;
     case 17: s.assign(once, end_of_once); break;
-    case 18: {
-#ifdef PLX_CONFIG_H
-      s.assign(static_cast<size>(some % (n + 2)), *place(s, q));
-#else
-      const T own = *place(s, q);  // the standard asks for that
-      s.assign(static_cast<size>(some % (n + 2)), own);
-#endif
-      break;
-    }
+    case 18: s.assign(static_cast<size>(some % (n + 2)), own_value(*place(s, q))); break;
     case 19: {
       S copy(s), other;
       copy.push_back(value);
       const int compared = (copy == s) + 2 * (copy != s) + 4 * (s < copy) + 8 * (s > copy) + 16 * (s <= copy) +
                            32 * (s >= copy) + 64 * (copy < s) + 128 * (other < s);
-      s.swap(copy);
-      other.swap(copy);
+      s.swap(copy), other.swap(copy);
       copy = s;
       return compared + 256 * (copy == s) + 512 * size_of(other);
     }

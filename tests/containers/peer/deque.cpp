@@ -17,18 +17,16 @@ static void ends() {
     for (int n = 0; n < static_cast<int>(size); ++n) {
       std::deque<int> d(size, 1), e(size, 1);
       const int *const last = &d.back(), *const first = &e.front();
-      d.erase(d.begin(), d.begin() + n);
-      d.insert(d.begin(), more, more + 3);
-      e.erase(e.end() - n, e.end());
-      e.insert(e.end(), more, more + 3);
+      d.erase(d.begin(), d.begin() + n), d.insert(d.begin(), more, more + 3);
+      e.erase(e.end() - n, e.end()), e.insert(e.end(), more, more + 3);
       for (int i = 0; i < n; ++i) d.push_front(i), e.push_back(i);
       for (int i = 0; i < n; ++i) d.pop_front(), e.pop_back();
       CHECK(last == &d.back() && first == &e.front() && d[2] == 9 && e[e.size() - 3] == 7);
     }
 }
 
-template <class A> static void compared(const A &a, const A &b) {
-  printf(" %d%d%d%d%d%d", a == b, a != b, a<b, a> b, a <= b, a >= b);
+template <class A> static int compared(const A &a, const A &b) {
+  return (a == b) + 2 * (a != b) + 4 * (a < b) + 8 * (a > b) + 16 * (a <= b) + 32 * (a >= b);
 }
 template <class Stack, class Queue, class Heap, class Before> static void adaptors() {
   int numbers[40];
@@ -41,11 +39,10 @@ template <class Stack, class Queue, class Heap, class Before> static void adapto
     const bool push = s.empty() || random_below(2);
     push ? (s.push(value), q.push(value), h.push(value), h_copy.push(value))
          : (s.pop(), q.pop(), h.pop(), h_copy.pop());
-    printf("adaptors %d: %u %u %u %d%d", i, unsigned(s.size()), unsigned(q.size()), unsigned(h.size()), s.empty(),
-           h.empty());
+    printf("adaptors %d: %d %d %d %d%d", i, size_of(s), size_of(q), size_of(h), s.empty(), h.empty());
     if (!s.empty()) printf(" %d %d %d %d %d", s.top(), q.front(), q.back(), h.top(), h_copy.top());
     if (i % 50 == 0 && !s.empty()) s_copy = s, q_copy = q, ++s.top(), ++q.front(), ++q.back();
-    compared(s, s_copy), compared(q, q_copy), puts("");
+    printf(" %d %d\n", compared(s, s_copy), compared(q, q_copy));
   }
 }
 
