@@ -26,8 +26,12 @@ template <class T> static void print(const T *first, const T *last, long long re
   for (; first != last; ++first) hash = hash * 33 + hash_of(*first);
   printf(" %lld:%u", result, hash);
 }
+template <class T> static void print_up_to(const T *first, const T *last) { print(first, last, last - first); }
 #define NOTE(value) printf(" %ld", static_cast<long>(value))
+#define HASH(value) NOTE(hash_of(value))
 #define PLACE(iterator) NOTE(base_of(iterator) - r.got)
+// The result without and with a predicate.
+#define BOTH(show, predicate, name, ...) show(std::name(__VA_ARGS__)), show(std::name(__VA_ARGS__, predicate))
 
 template <class T> static T value_of(unsigned int n) { return static_cast<T>(n); }
 template <> std::string value_of<std::string>(unsigned int n) {
@@ -82,23 +86,19 @@ template <class T, class In, class Out> static void passes(ranges<T> &r, In in, 
   SHOW(std::replace_copy_if(BEGIN, LAST, OUT, is_odd(), w));
   SHOW(std::remove_copy(BEGIN, LAST, OUT, v));
   SHOW(std::remove_copy_if(BEGIN, LAST, OUT, is_odd()));
-  SHOW(std::unique_copy(BEGIN, LAST, OUT));
-  SHOW(std::unique_copy(BEGIN, LAST, OUT, alike()));
   SHOW(std::transform(BEGIN, LAST, SECOND, OUT, added<T>));
   SHOW(std::transform(BEGIN, LAST, OUT, std::bind2nd(std::plus<T>(), w)));
-  SHOW(std::partial_sum(BEGIN, LAST, OUT));
-  SHOW(std::partial_sum(BEGIN, LAST, OUT, added<T>));
   SHOW(std::merge(BEGIN, LAST, SECOND, in.make(r.start + 1 + r.n / 2, &at_2), OUT));
-  NOTE(std::find(BEGIN, LAST, v) == LAST);
-  NOTE(std::find_if(BEGIN, LAST, is_odd()) == LAST);
+  BOTH(SHOW, alike(), unique_copy, BEGIN, LAST, OUT);
+  BOTH(SHOW, added<T>, partial_sum, BEGIN, LAST, OUT);
+  BOTH(HASH, added<T>, accumulate, BEGIN, LAST, T());
+  BOTH(NOTE, alike(), equal, BEGIN, LAST, SECOND);
+  BOTH(NOTE, by_half(), lexicographical_compare, BEGIN, LAST, SECOND, in.make(r.start + 1 + r.n, &at_2));
+  NOTE(std::lexicographical_compare(SECOND, in.make(r.start + 1 + r.n, &at_2), BEGIN, LAST));
+  NOTE((std::find(BEGIN, LAST, v), at - r.start));
+  NOTE((std::find_if(BEGIN, LAST, is_odd()), at - r.start));
   NOTE(std::count(BEGIN, LAST, v));
   NOTE(std::count_if(BEGIN, LAST, is_odd()));
-  NOTE(std::equal(BEGIN, LAST, SECOND));
-  NOTE(std::equal(BEGIN, LAST, SECOND, alike()));
-  NOTE(std::lexicographical_compare(BEGIN, LAST, SECOND, in.make(r.start + 1 + r.n, &at_2)));
-  NOTE(std::lexicographical_compare(SECOND, in.make(r.start + 1 + r.n, &at_2), BEGIN, LAST, by_half()));
-  NOTE(hash_of(std::accumulate(BEGIN, LAST, T())));
-  NOTE(hash_of(std::accumulate(BEGIN, LAST, T(), added<T>)));
   NOTE((std::mismatch(BEGIN, LAST, SECOND), at - r.start));
   NOTE((std::mismatch(BEGIN, LAST, SECOND, alike()), at_2 - r.start));
   printf("\n");
@@ -123,12 +123,7 @@ template <class T, class It> static void forward(ranges<T> &r) {
   const T v = r.start[r.n / 2], w = value_of<T>(3);
   const unsigned int k = r.n == 0 ? 0 : random_below(r.n + 1);
 #define IN_PLACE(statement, result) r.again(), statement, print(r.got, r.got + r.n + 2, result)
-#define KEPT(call)                  \
-  {                                 \
-    r.again();                      \
-    T *const end = base_of(call);   \
-    print(r.got, end, end - r.got); \
-  }
+#define KEPT(call) r.again(), print_up_to(r.got, base_of(call))
   IN_PLACE(std::fill(first, last, r.got[r.n / 3]), 0);
   IN_PLACE(std::fill_n(first, static_cast<signed char>(static_cast<int>(r.n % 100) - 1), w), 0);
   IN_PLACE(std::replace(first, last, v, w), 0);
@@ -139,8 +134,7 @@ template <class T, class It> static void forward(ranges<T> &r) {
   IN_PLACE(std::generate_n(first, r.n / 2, next), count);
   KEPT(std::remove(first, last, v));
   KEPT(std::remove_if(first, last, is_odd()));
-  KEPT(std::unique(first, last));
-  KEPT(std::unique(first, last, alike()));
+  BOTH(KEPT, alike(), unique, first, last);
   IN_PLACE(std::rotate(first, It(r.got + k), last), k);
   IN_PLACE(std::swap_ranges(first, It(r.got + r.n / 2), It(r.got + r.n / 2 + 1)), 0);
   IN_PLACE(std::iter_swap(first, It(r.got + k)), 0);
@@ -159,18 +153,14 @@ template <class T, class It> static void forward(ranges<T> &r) {
   T apart[4];
   std::copy(r.got + at, r.got + at + m, apart);
   if (r.n % 3 == 0) apart[0] = value_of<T>(99);
-  PLACE(std::search(first, last, other, other_last));
-  PLACE(std::search(first, last, apart, apart + m, alike()));
-  PLACE(std::find_end(first, last, other, other_last));
-  PLACE(std::find_end(first, last, apart, apart + m, alike()));
-  PLACE(std::find_first_of(first, last, apart, apart + m));
-  PLACE(std::find_first_of(first, last, apart, apart + m, alike()));
-  PLACE(std::adjacent_find(first, last));
-  PLACE(std::adjacent_find(first, last, alike()));
-  PLACE(std::search_n(first, last, m, v));
-  PLACE(std::search_n(first, last, m, v, alike()));
-  PLACE(std::min_element(first, last));
-  PLACE(std::max_element(first, last));
+  BOTH(PLACE, alike(), search, first, last, other, other_last);
+  BOTH(PLACE, alike(), search, first, last, apart, apart + m);
+  BOTH(PLACE, alike(), find_end, first, last, apart, apart + m);
+  BOTH(PLACE, alike(), find_first_of, first, last, apart, apart + m);
+  BOTH(PLACE, alike(), adjacent_find, first, last);
+  BOTH(PLACE, alike(), search_n, first, last, m, v);
+  BOTH(PLACE, by_half(), min_element, first, last);
+  BOTH(PLACE, by_half(), max_element, first, last);
   PLACE(std::find(first, last, v));
 
   // Ordered ranges: borders, and operations on sets in which elements are repeated.
@@ -180,24 +170,21 @@ template <class T, class It> static void forward(ranges<T> &r) {
     const T x = i == 0 ? v : value_of<T>(i * 3);
     const std::pair<It, It> halves = std::equal_range(first, last, x, by_half());
     PLACE(halves.first), PLACE(halves.second);
-    PLACE(std::lower_bound(first, last, x)), PLACE(std::upper_bound(first, last, x));
-    NOTE(std::binary_search(first, last, x) + 2 * std::binary_search(first, last, x, by_half()));
+    BOTH(PLACE, by_half(), lower_bound, first, last, x);
+    BOTH(PLACE, by_half(), upper_bound, first, last, x);
+    BOTH(NOTE, by_half(), binary_search, first, last, x);
   }
   static T out[2 * room], rest[room];
   T *const rest_end = std::copy(r.start, r.start + r.n / 2, rest);
   std::sort(rest, rest_end);
-#define SET(call)               \
-  {                             \
-    T *const end = call;        \
-    print(out, end, end - out); \
-  }
-  SET(std::set_union(first, last, rest, rest_end, out, by_half()));
-  SET(std::set_intersection(first, last, rest, rest_end, out, by_half()));
-  SET(std::set_difference(first, last, rest, rest_end, out, by_half()));
-  SET(std::set_symmetric_difference(first, last, rest, rest_end, out, by_half()));
-  SET(std::merge(first, last, rest, rest_end, out, by_half()));
+#define SET(call) print_up_to(out, call)
+  BOTH(SET, by_half(), set_union, first, last, rest, rest_end, out);
+  BOTH(SET, by_half(), set_intersection, first, last, rest, rest_end, out);
+  BOTH(SET, by_half(), set_difference, first, last, rest, rest_end, out);
+  BOTH(SET, by_half(), set_symmetric_difference, first, last, rest, rest_end, out);
+  BOTH(SET, by_half(), merge, first, last, rest, rest_end, out);
+  BOTH(NOTE, by_half(), includes, first, last, rest, rest_end);
   SET(std::rotate_copy(first, It(r.got + k), last, out));
-  NOTE(std::includes(first, last, rest, rest_end) + 2 * std::includes(first, last, rest, rest_end, by_half()));
   printf("\n");
 }
 
@@ -211,21 +198,19 @@ template <class T, class It> static void backward(ranges<T> &r) {
   r.again();
   const long back = base_of(std::copy_backward(first, last, It(r.got + shift + r.n))) - r.got;
   print(r.got, r.got + r.n + shift, back);
-  for (int round = 0; round < 3; ++round) {
-    const bool more = round == 0   ? std::next_permutation(first, It(r.got + r.n % 8))
-                      : round == 1 ? std::prev_permutation(first, last)
-                                   : std::next_permutation(first, last, by_half());
-    print(r.got, r.got + r.n, more);
-  }
-  r.again();
-  std::sort(r.got, r.got + k);
-  std::sort(r.got + k, r.got + r.n);
-  std::inplace_merge(first, It(r.got + k), last);
-  print(r.got, r.got + r.n, k);
+#define STEP(call) (r.again(), more = call, print(r.got, r.got + r.n, more))
+  bool more;
+  BOTH(STEP, by_half(), next_permutation, first, It(r.got + r.n % 8));
+  BOTH(STEP, by_half(), prev_permutation, first, last);
+  std::next_permutation(first, last), print(r.got, r.got + r.n, 0);
   r.again();
   std::stable_sort(r.got, r.got + k, by_half());
   std::stable_sort(r.got + k, r.got + r.n, by_half());
   std::inplace_merge(first, It(r.got + k), last, by_half());
+  print(r.got, r.got + r.n, k);
+  std::sort(r.got + k, r.got + r.n);
+  std::sort(r.got, r.got + k);
+  std::inplace_merge(first, It(r.got + k), last);
   print(r.got, r.got + r.n, k);
   printf("\n");
 }
@@ -234,17 +219,15 @@ template <class T, class It> static void random_access(ranges<T> &r) {
   const It first(r.got), last(r.got + r.n);
   const unsigned int k = random_below(r.n + 1);
   static T out[room];
-  IN_PLACE(std::sort(first, last), 0);
-  IN_PLACE(std::sort(first, last, std::greater<T>()), 0);
-  IN_PLACE(std::stable_sort(first, last), 0);
-  IN_PLACE(std::stable_sort(first, last, std::greater<T>()), 0);
-  IN_PLACE(std::stable_sort(first, last, by_half()), 0);
+#define SORT(call) IN_PLACE(call, 0)
+  BOTH(SORT, std::greater<T>(), sort, first, last);
+  BOTH(SORT, std::greater<T>(), stable_sort, first, last);
+  SORT(std::stable_sort(first, last, by_half()));
   r.again();
   std::partial_sort(first, first + k, last);
   print(r.got, r.got + k, k);
-  T *const end =
-      std::partial_sort_copy(r.start, r.start + r.n, out, out + k / 2 + (r.n % 3 == 0 ? r.n : 0), std::greater<T>());
-  print(out, end, end - out);
+  T *const end = out + k / 2 + (r.n % 3 == 0 ? r.n : 0);
+  BOTH(SET, std::greater<T>(), partial_sort_copy, r.start, r.start + r.n, out, end);
   r.again();
   if (k != r.n) std::nth_element(first, first + k, last);
   print(r.got + k, r.got + k + 1,
@@ -254,10 +237,7 @@ template <class T, class It> static void random_access(ranges<T> &r) {
   r.again();
   std::make_heap(first, first + k);
   for (unsigned int i = k; i < r.n; ++i) std::push_heap(first, first + (i + 1));
-  for (unsigned int i = r.n; i > r.n / 2; --i) {
-    std::pop_heap(first, first + i);
-    out[r.n - i] = r.got[i - 1];
-  }
+  for (unsigned int i = r.n; i > r.n / 2; --i) std::pop_heap(first, first + i), out[r.n - i] = r.got[i - 1];
   print(out, out + (r.n - r.n / 2), 0);
   std::sort_heap(first, first + r.n / 2);
   print(r.got, r.got + r.n, 0);
