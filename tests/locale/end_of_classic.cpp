@@ -42,8 +42,7 @@ struct late {
   ~late() {
     use(name);
     if (!keeper) return;
-    delete keeper;
-    keeper = 0;
+    delete keeper, keeper = 0;
     use("without keeper");
   }
 };
@@ -58,22 +57,16 @@ __attribute__((__destructor__)) static void at_unloading() {
   fflush(stdout);
 }
 
-static void plain() {
-  std::locale::classic();
-  exit(0);
-}
-static void with_a_keeper() {
-  keeper = new std::locale;
-  exit(0);
-}
-static void with_a_global() {
-  std::locale::global(std::locale(std::locale(), new std::ctype<char>));
+template <int how> static void end() {
+  if (how == 0) std::locale::classic();
+  if (how == 1) keeper = new std::locale;
+  if (how == 2) std::locale::global(std::locale(std::locale(), new std::ctype<char>));
   exit(0);
 }
 
 int main() {
-  CHECK_ENDS(plain, 0, "before last: C\nlast: C\nunloading: C\n");
-  CHECK_ENDS(with_a_keeper, 0, "before last: C\nwithout keeper: C\nlast: C\nunloading: C\n");
-  CHECK_ENDS(with_a_global, 0, "before last: *\nlast: *\nunloading: *\n");
+  CHECK_ENDS(end<0>, 0, "before last: C\nlast: C\nunloading: C\n");
+  CHECK_ENDS(end<1>, 0, "before last: C\nwithout keeper: C\nlast: C\nunloading: C\n");
+  CHECK_ENDS(end<2>, 0, "before last: *\nlast: *\nunloading: *\n");
   return TEST_RESULT();
 }

@@ -2,16 +2,11 @@
 // which are equal, and when their facets die. Left out is where plx means to differ: "", the names of combined locales,
 // time, classes and collation.
 // prints: 4000 lines
-#include <locale.h>
 #include <stdio.h>
 
-#include <locale>
 #include <sstream>
-#include <stdexcept>
-#include <typeinfo>
 
-#include "../../random.h"
-#include "../named_locales.h"
+#include "../locale_check.h"
 
 using std::locale;
 
