@@ -209,12 +209,10 @@ static void raw_memory() {
     bool failed = false;
     tracked::copies_to_fail = 1 + n / 4;
     try {
-      switch (n % 4) {
-        case 0: std::uninitialized_copy(source, source + 5, to); break;
-        case 1: std::uninitialized_fill(stepping(to), stepping(to + 5), source[0]); break;
-        case 2: std::uninitialized_fill_n(to, 5, source[0]); break;
-        default: std::uninitialized_copy(source, source + 5, stepping(to));
-      }
+      if (n % 4 == 0) std::uninitialized_copy(source, source + 5, to);
+      if (n % 4 == 1) std::uninitialized_copy(source, source + 5, stepping(to));
+      if (n % 4 == 2) std::uninitialized_fill(stepping(to), stepping(to + 5), source[0]);
+      if (n % 4 == 3) std::uninitialized_fill_n(to, 5, source[0]);
     } catch (const refused &) { failed = true; }
     tracked::copies_to_fail = 0;
     CHECK(failed && tracked::live == before);

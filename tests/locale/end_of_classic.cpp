@@ -1,6 +1,8 @@
 // Static objects that outlive the classic locale and use the default one in their destructors: they get a living one,
-// whether its first implementation is gone by then or held by others. Freed memory is overwritten here, so that use of
-// it shows.
+// whether its first implementation is gone by then or held by others. The C library overwrites what is freed here, so
+// that use of it shows.
+#include <malloc.h>
+
 #include <iostream>
 #include <locale>
 #include <new>
@@ -8,17 +10,8 @@
 
 #include "../harness.h"
 
-void *operator new(std::size_t bytes) {
-  std::size_t *const block = static_cast<std::size_t *>(malloc(bytes + 8));
-  *block = bytes;
-  return block + 2;
-}
-void operator delete(void *place) throw() {
-  if (!place) return;
-  std::size_t *const block = static_cast<std::size_t *>(place) - 2;
-  memset(place, 0xDD, *block);
-  free(block);
-}
+void *operator new(std::size_t bytes) throw(std::bad_alloc) { return malloc(bytes); }
+void operator delete(void *place) throw() { free(place); }
 
 static bool used_before;
 static std::locale *keeper;
@@ -65,6 +58,7 @@ template <int how> static void end() {
 }
 
 int main() {
+  mallopt(M_PERTURB, 0x22);
   CHECK_ENDS(end<0>, 0, "before last: C\nlast: C\nunloading: C\n");
   CHECK_ENDS(end<1>, 0, "before last: C\nwithout keeper: C\nlast: C\nunloading: C\n");
   CHECK_ENDS(end<2>, 0, "before last: *\nlast: *\nunloading: *\n");

@@ -292,12 +292,10 @@ template <class T> static void by_blocks(unsigned int size) {
       std::fill(first + n / 3, last, value_of<T>(3));
       BLOCKS(std::find(first, last, value_of<T>(3)) - d.begin());
       d[f + n] = value_of<T>(6);
-      const long found[] = {std::find(first, d.end(), value_of<T>(6)) - first,
-                            std::find(start.begin() + f, start.begin() + f + n, value_of<T>(99)) - start.begin(),
-                            static_cast<long>(hash_of(std::accumulate(first, last + 1, T()))),
-                            std::equal(first, last, start.begin() + f),
-                            static_cast<long>(hash_of(std::accumulate(d.begin(), last + 1, T(), std::plus<T>())))};
-      print(found, found + 5, 0);
+      NOTE(std::find(first, d.end(), value_of<T>(6)) - first);
+      NOTE(std::find(start.begin() + f, start.begin() + f + n, value_of<T>(99)) - start.begin());
+      BOTH(HASH, std::plus<T>(), accumulate, first, last + 1, T());
+      NOTE(std::equal(first, last, start.begin() + f));
       std::rotate(d.begin(), first, d.end());
       BLOCKS(0);
       std::stable_sort(d.begin() + n / 2, d.end());
