@@ -181,12 +181,13 @@ struct converting : std::codecvt<char, char, std::mbstate_t> {
   }
 };
 
-// A copy of a text, in the upper half of the address space. Behind it there is no memory.
-inline char *before_nothing(const std::string &text) {
-  static size_t next = 0xD0000000u;
+// A copy of a text, in the upper or the lower half of the address space. Behind it there is no memory.
+inline char *before_nothing(const std::string &text, bool low = false) {
+  static size_t nexts[] = {0xD0000000u, 0x70000000u};
+  size_t &next = nexts[low];
   const size_t room = (text.size() + 4096) / 4096 * 4096;
   void *at = MAP_FAILED;
-  for (; next > 0x80000000u && at == MAP_FAILED; next -= room + 4096)
+  for (; next > 0x50000000u && at == MAP_FAILED; next -= room + 4096)
     at = mmap(reinterpret_cast<void *>(next - room), room, PROT_READ | PROT_WRITE,
               MAP_PRIVATE | MAP_ANONYMOUS | MAP_FIXED_NOREPLACE, -1, 0);
   if (at == MAP_FAILED) abort();

@@ -12,7 +12,8 @@
 #include "random.h"
 #include "tracked.h"
 
-// Elements from numbers of 1 to 127 and back. Half of the strings may not share their characters: copies need a block.
+// Elements from numbers of 1 to 127 and back. Most strings may not share their characters, so that
+// copies need a block.
 template <class T> struct made_of {
   static T make(int n) { return T(n); }
   static int number(const T &value) { return static_cast<int>(value); }
@@ -35,6 +36,12 @@ template <> struct made_of<std::string> {
     return value[value.size() - 1] + static_cast<int>(value.size()) + 128 * (value[0] - 'a');
   }
 };
+
+template <class T> void renew(T &value, int n) { value = made_of<T>::make(n); }
+inline void renew(std::string &value, int n) {
+  value = made_of<std::string>::make(n);
+  if (n % 3 != 0) value[0] = value[0];
+}
 
 template <class S> typename S::iterator place(S &s, int n) {
   typename S::iterator at = s.begin();
@@ -129,7 +136,7 @@ template <class S> int change(S &s, unsigned int kind, int p, int some, int numb
   typedef typename S::value_type T;
   typedef typename S::size_type size;
   T values[most_at_once];
-  for (int i = 0; i < some; ++i) values[i] = made_of<T>::make((number + i * 7) % 100 + 1);
+  for (int i = 0; i < some; ++i) renew(values[i], (number + i * 7) % 100 + 1);
   const T value = made_of<T>::make(number), *const first = values, *const last = values + some, *reached = first;
   const input_archetype<T> once(first, &reached), end_of_once(last, 0);
   const int n = size_of(s), q = n == 0 ? 0 : some * 37 % n;

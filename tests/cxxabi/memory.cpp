@@ -1,6 +1,6 @@
-// Throwing when the C library has no memory left: small exceptions still travel, also ones of classes never thrown before;
-// one that is too big for what is set aside terminates, and the terminate handler may still throw and catch. What operator
-// new and its handler do, generated/memory tells. test-variants: -O0 | -O2
+// Throwing when the C library has no memory left: small exceptions still travel, also ones of classes never thrown
+// before; one that is too big for what is set aside terminates, and the terminate handler may still throw and catch.
+// What operator new and its handler do, generated/memory tells. test-variants: -O0 | -O2
 #include <exception>
 #include <new>
 
@@ -18,9 +18,7 @@ struct part {
   int p;
 };
 struct joined : part, virtual quiet {};
-template <int size> struct sized {
-  char bytes[size];
-};
+template <int size> struct sized { char bytes[size]; };
 typedef sized<2000> medium;
 
 static int round_trip(int which) {
@@ -38,15 +36,13 @@ static int round_trip(int which) {
     }
   } catch (int n) {
     return n > 10 ? round_trip(n - 1) + 1 : 0;  // handlers fit into each other: a throw's notes are given back
-  } catch (joined &j) {
-    return strcmp(j.what(), "quiet") == 0 ? 2 : -1;
-  } catch (part *) {
+  } catch (joined &j) { return strcmp(j.what(), "quiet") == 0 ? 2 : -1; } catch (part *) {
     return 3;
   } catch (quiet &) {
-    try { throw; } catch (std::exception &) { return 1; }
-  } catch (medium &) {
-    return 5;
-  } catch (std::bad_alloc &) {
+    try {
+      throw;
+    } catch (std::exception &) { return 1; }
+  } catch (medium &) { return 5; } catch (std::bad_alloc &) {
     return 4;
   }
   return -1;
@@ -61,9 +57,7 @@ struct busy {
     try {
       busy inner(depth - 1), second(0);
       throw depth;
-    } catch (int n) {
-      trace("%d", n);
-    }
+    } catch (int n) { trace("%d", n); }
   }
 };
 static void clean_ups() {
@@ -71,9 +65,7 @@ static void clean_ups() {
   try {
     busy a(3), b(0), c(2);
     throw 9;
-  } catch (int n) {
-    trace("%d", n);
-  }
+  } catch (int n) { trace("%d", n); }
 }
 
 static void terminate_handler() {
@@ -84,14 +76,20 @@ static void terminate_handler() {
   _exit(3);
 }
 static void too_many(int depth) {
-  try { throw medium(); } catch (medium &) { if (depth) too_many(depth - 1); }
+  try {
+    throw medium();
+  } catch (medium &) {
+    if (depth) too_many(depth - 1);
+  }
 }
 static int ending;
 static void end() {
   std::set_terminate(terminate_handler);
   heap_fails_at = 0;
   if (ending) too_many(5);
-  try { throw sized<20000>(); } catch (...) { puts("caught"); }
+  try {
+    throw sized<20000>();
+  } catch (...) { puts("caught"); }
 }
 
 int main() {
@@ -103,7 +101,9 @@ int main() {
   int live = 0;
   for (int i = 0; i < 100; ++i) {
     if (i == 10) live = heap_live;  // the first throws keep what they learned of the frames
-    try { throw sized<20000>(); } catch (sized<20000> &) { too_many(i % 7); }
+    try {
+      throw sized<20000>();
+    } catch (sized<20000> &) { too_many(i % 7); }
   }
   CHECK_INT(heap_live, live);
   for (; ending < 2; ++ending) CHECK_ENDS(end, 3, "terminate handler 5");

@@ -1,5 +1,5 @@
-// The ends of a program of C++, and what it says then: uncaught exceptions of all sorts, a parameter that fails, exit from
-// everywhere, pure virtual calls, statics in a circle. What runs before, random/scenes has.
+// The ends of a program of C++, and what it says then: uncaught exceptions of all sorts, a parameter that fails, exit
+// from everywhere, pure virtual calls, statics in a circle. What runs before, random/scenes has.
 // test-variants: -O0 | -O2 | -O1 -std=gnu++17
 #include <exception>
 #include <new>
@@ -21,19 +21,29 @@ struct says {
   ~says() { printf("~%s ", name); }
 };
 namespace shop {
-struct sold_out { int item; };
-struct own_text : std::exception { virtual const char *what() const throw() { return "text of its own"; } };
-struct hides_text : private std::exception { virtual const char *what() const throw() { return "wrong"; } };
+struct sold_out {
+  int item;
+};
+struct own_text : std::exception {
+  virtual const char *what() const throw() { return "text of its own"; }
+};
+struct hides_text : private std::exception {
+  virtual const char *what() const throw() { return "wrong"; }
+};
 }  // namespace shop
 template <class T, int n> struct carton {};
 struct fragile {
   fragile() {}
   fragile(const fragile &) { throw 77; }
 };
-struct exits { ~exits() { exit(9); } };
+struct exits {
+  ~exits() { exit(9); }
+};
 static void throw_at_exit() { throw 2; }
 static void handle_at_exit() {
-  try { throw 3; } catch (int n) { printf("handled %d ", n); }
+  try {
+    throw 3;
+  } catch (int n) { printf("handled %d ", n); }
 }
 struct abstract {
   abstract() { call(); }
@@ -41,7 +51,9 @@ struct abstract {
   void call() { pure(); }
   virtual void pure() = 0;
 };
-struct concrete : abstract { virtual void pure() { puts("wrong"); } };
+struct concrete : abstract {
+  virtual void pure() { puts("wrong"); }
+};
 static int recursive(int n) {
   static int value = recursive(n + 1);
   return value;
@@ -69,18 +81,20 @@ static void end() {
     case 10: throw std::logic_error(std::string(3000, 'x'));
     case 11: throw;
     case 12: nothing_thrown(); break;
-    case 13:
-      try { throw std::runtime_error("again"); } catch (std::exception &) { throw; }
+    case 13: try { throw std::runtime_error("again");
+      } catch (std::exception &) { throw; }
     case 14:
       std::set_terminate(say_terminate);
-      try { throw fragile(); } catch (fragile) { puts("wrong"); }
+      try {
+        throw fragile();
+      } catch (fragile) { puts("wrong"); }
       break;
     case 15: {
       const says local = {"wrong"};
       exit(*local.name);
     }
-    case 16:
-      try { throw std::runtime_error("text"); } catch (std::exception &e) { exit(*e.what()); }
+    case 16: try { throw std::runtime_error("text");
+      } catch (std::exception &e) { exit(*e.what()); }
     case 17: {
       exits local;
       throw 1;
@@ -98,15 +112,19 @@ static void end() {
 }
 static void run() {
   static const says object = {"static"};
-  try { end(); } catch (shop::own_text *) { puts("wrong"); }
+  try {
+    end();
+  } catch (shop::own_text *) { puts("wrong"); }
 }
 
-#define UNCAUGHT(text) {-SIGABRT, "plx: uncaught exception of type " text "\n"}
+#define UNCAUGHT(text) \
+  { -SIGABRT, "plx: uncaught exception of type " text "\n" }
 int main() {
   static const struct {
     int status;
     const char *text;
   } wants[] = {
+      // clang-format off
       UNCAUGHT("int"), UNCAUGHT("char const*"), UNCAUGHT("shop::sold_out"),
       UNCAUGHT("std::out_of_range: index 7 of 3"), UNCAUGHT("std::range_error: too long"),
       UNCAUGHT("carton<carton<shop::sold_out const*, -3>, 2>"), UNCAUGHT("shop::own_text: text of its own"),
@@ -116,6 +134,7 @@ int main() {
       UNCAUGHT("std::runtime_error: again"), {3, "terminate:"}, {'w', "~static "}, {'t', "~static "}, {9, "~static "},
       {0, "handled 3 ~static "}, {3, "terminate:"}, {-SIGABRT, ""},
       {-SIGABRT, "plx: the initialiser of a local static object uses that object\n"}, {0, "was set"},
+      // clang-format on
   };
   for (; which < (int)(sizeof wants / sizeof *wants); ++which) {
     const test_child child = test_run_child(run);

@@ -5,7 +5,8 @@
 
 #include <stdexcept>
 
-static const char text[] = "a message that is too long for anything but a block of its own, so that every step allocates";
+static const char text[] =
+    "a message that is too long for anything but a block of its own, so that every step allocates";
 
 // Each kind makes an exception in its way; those from 5 on throw it, and what arrives is that or bad_alloc.
 static void by_expression() { throw std::invalid_argument(text); }
@@ -18,15 +19,29 @@ template <int kind> struct attempt {
     std::string local("destroyed on the way out, whatever it is that goes by");
     try {
       switch (kind) {
-        case 0: { const std::exception made(text); break; }
-        case 1: { const std::out_of_range made(message); break; }
-        case 2: { const std::out_of_range made(exposed); break; }
-        case 3: { const std::runtime_error made(source); break; }
+        case 0: {
+          const std::exception made(text);
+          break;
+        }
+        case 1: {
+          const std::out_of_range made(message);
+          break;
+        }
+        case 2: {
+          const std::out_of_range made(exposed);
+          break;
+        }
+        case 3: {
+          const std::runtime_error made(source);
+          break;
+        }
         case 4: target = source; break;
         case 5: std::length_error::__throw(text);
         case 6: by_expression();
-        case 7: try { by_expression(); } catch (std::logic_error &e) { throw std::domain_error(e.what()); }
-        case 8: try { by_expression(); } catch (std::logic_error &e) {
+        case 7: try { by_expression();
+          } catch (std::logic_error &e) { throw std::domain_error(e.what()); }
+        case 8: try { by_expression();
+          } catch (std::logic_error &e) {
             const std::logic_error copied(e);
             throw std::logic_error(std::string(copied.what()));
           }

@@ -1,5 +1,5 @@
-// The exception classes as a program sees them: which handlers take which, thrown by an expression or by a helper, their
-// texts, what a copy and an assignment keep. test-variants: -O0 | -O2 | -O1 -std=gnu++17
+// The exception classes as a program sees them: which handlers take which, thrown by an expression or by a helper,
+// their texts, what a copy and an assignment keep. test-variants: -O0 | -O2 | -O1 -std=gnu++17
 #include <new>
 #include <stdexcept>
 #include <typeinfo>
@@ -15,12 +15,16 @@ struct shape {
 struct circle : shape {};
 static shape a_shape, *volatile some_shape = &a_shape, *volatile no_shape;
 
+// clang-format off
 #define CLASSES(CLASS)                                                                                             \
   CLASS(logic_error) CLASS(domain_error) CLASS(invalid_argument) CLASS(length_error) CLASS(out_of_range)           \
   CLASS(runtime_error) CLASS(range_error) CLASS(overflow_error) CLASS(underflow_error)
+// clang-format on
 static void throw_one(int which, const char *text) {
   int n = 0;
-#define THROW(type) if (which == n++) throw std::type(text); if (which == n++) std::type::__throw(text);
+#define THROW(type)                        \
+  if (which == n++) throw std::type(text); \
+  if (which == n++) std::type::__throw(text);
   CLASSES(THROW)
   switch (which - n) {
     case 0: throw std::exception(text);
@@ -37,12 +41,17 @@ static void throw_one(int which, const char *text) {
 // A letter for each handler that takes it.
 static void tell(int which) {
   char taken[20], *end = taken;
-#define HANDLER(type)                                                                                       \
-  try { throw_one(which, "text"); } catch (const std::type &e) { *end++ = *#type; *end++ = (#type)[1]; }    \
-  catch (const std::exception &) {}
-  CLASSES(HANDLER) HANDLER(bad_cast) HANDLER(bad_alloc) HANDLER(bad_exception) HANDLER(bad_typeid)
-  *end = 0;
-  try { throw_one(which, "text"); } catch (const std::exception &e) {
+#define HANDLER(type)            \
+  try {                          \
+    throw_one(which, "text");    \
+  } catch (const std::type &e) { \
+    *end++ = *#type;             \
+    *end++ = (#type)[1];         \
+  } catch (const std::exception &) {}
+  CLASSES(HANDLER) HANDLER(bad_cast) HANDLER(bad_alloc) HANDLER(bad_exception) HANDLER(bad_typeid) *end = 0;
+  try {
+    throw_one(which, "text");
+  } catch (const std::exception &e) {
     const std::exception copy(e);
     trace("%s=%s,%s", taken, e.what(), copy.what());
   }
@@ -87,10 +96,13 @@ static void to_stderr() { std::exception::__issue_msg_to_stderr("to standard err
 
 int main() {
   for (int which = 0; which < 27; ++which) tell(which);
-  CHECK_TRACE("lo=text,text lo=text,text lodo=text,text lodo=text,text loin=text,text loin=text,text lole=text,text lole=text,text "
-              "loou=text,text loou=text,text ru=text,text ru=text,text rura=text,text rura=text,text ruov=text,text ruov=text,text "
-              "ruun=text,text ruun=text,text =text,text ba=text,text ba=Bad Cast Exception,Bad Cast Exception "
-              "ba=Allocation Failure, ba=Allocation Failure, ba=, ba=, ba=, ba=,");
+  CHECK_TRACE(
+      "lo=text,text lo=text,text lodo=text,text lodo=text,text loin=text,text loin=text,text lole=text,text "
+      "lole=text,text "
+      "loou=text,text loou=text,text ru=text,text ru=text,text rura=text,text rura=text,text ruov=text,text "
+      "ruov=text,text "
+      "ruun=text,text ruun=text,text =text,text ba=text,text ba=Bad Cast Exception,Bad Cast Exception "
+      "ba=Allocation Failure, ba=Allocation Failure, ba=, ba=, ba=, ba=,");
   copies();
   CHECK_TRACE("whose text cut says something else kept kept kept . says something else Allocation Failure .");
   CHECK_ENDS(to_stderr, 0, "to standard error\n");

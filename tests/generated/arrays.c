@@ -63,32 +63,32 @@ static void write_cookie(unsigned count, unsigned size) {
 /* What each form traces: before the elements, after them when element i failed (%d: its bytes and the cookie's), and
  * whether it destroys and writes a cookie. */
 static element in_place[COUNT + 2], source[COUNT];
-#define MINE (a_routine)allocate_mine
-#define FORMS(FORM)                                                                                             \
-  FORM("", 0, "", 0, __vec_new(in_place, COUNT, SIZE, element_construct))                                       \
-  FORM("new[](56) ", 0, "delete[] ", 1, __vec_new(0, COUNT, SIZE, element_construct))                           \
-  FORM("", 1, "", 0, __vec_new_eh(in_place, COUNT, SIZE, element_construct, element_destroy))                   \
-  FORM("new[](56) ", 1, "delete[] ", 1, __vec_new_eh(0, COUNT, SIZE, element_construct, element_destroy))       \
-  FORM("", 0, "", 0, __vec_cctor(in_place, COUNT, SIZE, element_copy, source))                                  \
-  FORM("", 1, "", 0, __vec_cctor_eh(in_place, COUNT, SIZE, element_copy, source, element_destroy))              \
-  FORM("new[](56) ", 1, "delete[] ", 1, __vec_cctor_eh(0, COUNT, SIZE, element_copy, source, element_destroy))  \
-  FORM("mine(56) ", 1, "free ", 1,                                                                              \
-       __array_new(COUNT, SIZE, element_construct, element_destroy, MINE, (a_routine)free_mine, 0))             \
-  FORM("mine(56) ", 1, "free(%d) ", 1,                                                                          \
-       __array_new(COUNT, SIZE, element_construct, element_destroy, MINE, (a_routine)free_sized, 1))            \
-  /* without a destructor nothing counts as constructed */                                                      \
+#define MINE (a_routine) allocate_mine
+#define FORMS(FORM)                                                                                                   \
+  FORM("", 0, "", 0, __vec_new(in_place, COUNT, SIZE, element_construct))                                             \
+  FORM("new[](56) ", 0, "delete[] ", 1, __vec_new(0, COUNT, SIZE, element_construct))                                 \
+  FORM("", 1, "", 0, __vec_new_eh(in_place, COUNT, SIZE, element_construct, element_destroy))                         \
+  FORM("new[](56) ", 1, "delete[] ", 1, __vec_new_eh(0, COUNT, SIZE, element_construct, element_destroy))             \
+  FORM("", 0, "", 0, __vec_cctor(in_place, COUNT, SIZE, element_copy, source))                                        \
+  FORM("", 1, "", 0, __vec_cctor_eh(in_place, COUNT, SIZE, element_copy, source, element_destroy))                    \
+  FORM("new[](56) ", 1, "delete[] ", 1, __vec_cctor_eh(0, COUNT, SIZE, element_copy, source, element_destroy))        \
+  FORM("mine(56) ", 1, "free ", 1,                                                                                    \
+       __array_new(COUNT, SIZE, element_construct, element_destroy, MINE, (a_routine)free_mine, 0))                   \
+  FORM("mine(56) ", 1, "free(%d) ", 1,                                                                                \
+       __array_new(COUNT, SIZE, element_construct, element_destroy, MINE, (a_routine)free_sized, 1))                  \
+  /* without a destructor nothing counts as constructed */                                                            \
   FORM("mine(56) ", 0, "free(8) ", 1, __array_new(COUNT, SIZE, element_construct, 0, MINE, (a_routine)free_sized, 1)) \
-  FORM("new[](56) ", 1, "delete[] ", 1, __array_new(COUNT, SIZE, element_construct, element_destroy, 0, 0, 0))  \
+  FORM("new[](56) ", 1, "delete[] ", 1, __array_new(COUNT, SIZE, element_construct, element_destroy, 0, 0, 0))        \
   FORM("", 1, "", 1, __placement_array_new(ELEMENTS, COUNT, SIZE, element_construct, element_destroy))
-#define DELETIONS(FORM)                                                                                  \
-  FORM("", "", __vec_delete(ELEMENTS, COUNT, SIZE, element_destroy, 0))                                  \
-  FORM("delete[] ", "delete[] ", __vec_delete(ELEMENTS, COUNT, SIZE, element_destroy, 1))                \
-  FORM("delete[] ", "delete[] ", __vec_delete(ELEMENTS, PLX_COUNT_FROM_COOKIE, SIZE, element_destroy, 1)) \
-  FORM("free ", "free ", __array_delete(ELEMENTS, COUNT, SIZE, element_destroy, (a_routine)free_mine, 0)) \
-  /* an explicit count says nothing of the block */                                                      \
+#define DELETIONS(FORM)                                                                                           \
+  FORM("", "", __vec_delete(ELEMENTS, COUNT, SIZE, element_destroy, 0))                                           \
+  FORM("delete[] ", "delete[] ", __vec_delete(ELEMENTS, COUNT, SIZE, element_destroy, 1))                         \
+  FORM("delete[] ", "delete[] ", __vec_delete(ELEMENTS, PLX_COUNT_FROM_COOKIE, SIZE, element_destroy, 1))         \
+  FORM("free ", "free ", __array_delete(ELEMENTS, COUNT, SIZE, element_destroy, (a_routine)free_mine, 0))         \
+  /* an explicit count says nothing of the block */                                                               \
   FORM("free(8) ", "free(%d) ", __array_delete(ELEMENTS, COUNT, SIZE, element_destroy, (a_routine)free_sized, 1)) \
-  FORM("free(56) ", "free(%d) ",                                                                         \
-       __array_delete(ELEMENTS, PLX_COUNT_FROM_COOKIE, SIZE, element_destroy, (a_routine)free_sized, 1)) \
+  FORM("free(56) ", "free(%d) ",                                                                                  \
+       __array_delete(ELEMENTS, PLX_COUNT_FROM_COOKIE, SIZE, element_destroy, (a_routine)free_sized, 1))          \
   FORM("delete[] ", "delete[] ", __array_delete(ELEMENTS, COUNT, SIZE, element_destroy, 0, 0))
 
 /* Runs a form of construction or deletion, or what is neither, and traces what was caught. */
@@ -98,15 +98,17 @@ static NOINLINE void run(int kind, int which) {
   int n = 0;
   result = 0;
   TRY(catch_int)
-#define CALL(before, destroys, after, cookie, call) if (kind == CONSTRUCTION && which == n++) result = call;
-    FORMS(CALL)
-#define CALL_DELETION(good, bad, call) if (kind == DELETION && which == n++) call;
-    DELETIONS(CALL_DELETION)
-    if (kind == AT_ONCE) result = __zor_fast_vec_new(which ? ELEMENTS : 0, COUNT, SIZE, (a_routine)whole);
-    if (kind == DELETION_AT_ONCE)
-      __zor_fast_vec_delete(ELEMENTS, which & 2 ? COUNT : PLX_COUNT_FROM_COOKIE, SIZE, (a_routine)whole, which & 1);
-    if (kind == FAILING_ALLOCATION)
-      result = __array_new(COUNT, SIZE, 0, 0, (a_routine)allocate_failing, (a_routine)free_sized, 1);
+#define CALL(before, destroys, after, cookie, call) \
+  if (kind == CONSTRUCTION && which == n++) result = call;
+  FORMS(CALL)
+#define CALL_DELETION(good, bad, call) \
+  if (kind == DELETION && which == n++) call;
+  DELETIONS(CALL_DELETION)
+  if (kind == AT_ONCE) result = __zor_fast_vec_new(which ? ELEMENTS : 0, COUNT, SIZE, (a_routine)whole);
+  if (kind == DELETION_AT_ONCE)
+    __zor_fast_vec_delete(ELEMENTS, which & 2 ? COUNT : PLX_COUNT_FROM_COOKIE, SIZE, (a_routine)whole, which & 1);
+  if (kind == FAILING_ALLOCATION)
+    result = __array_new(COUNT, SIZE, 0, 0, (a_routine)allocate_failing, (a_routine)free_sized, 1);
   HANDLERS trace("caught-%d", *(int *)caught);
   END_TRY
   trace(""); /* ends with a blank */
@@ -114,7 +116,12 @@ static NOINLINE void run(int kind, int which) {
 }
 
 static void constructed(void) {
-  static const struct { const char *before; int destroys; const char *after; int cookie; } forms[] = {
+  static const struct {
+    const char *before;
+    int destroys;
+    const char *after;
+    int cookie;
+  } forms[] = {
 #define ROW(before, destroys, after, cookie, call) {before, destroys, after, cookie},
       FORMS(ROW)};
   unsigned form;
@@ -158,7 +165,9 @@ static void constructed(void) {
 
 /* Last to first; the element whose destructor throws is done with, the ones before it still die. */
 static void destroyed(void) {
-  static const struct { const char *good, *bad; } forms[] = {
+  static const struct {
+    const char *good, *bad;
+  } forms[] = {
 #define DELETION_ROW(good, bad, call) {good, bad},
       DELETIONS(DELETION_ROW)};
   unsigned form;

@@ -1,5 +1,6 @@
-/* Static objects and exit: the order of destructors and of functions given to atexit, records that come and go while the
- * list is processed, exit inside try blocks, a shared object that is unloaded. Each case is a process of its own. */
+/* Static objects and exit: the order of destructors and of functions given to atexit, records that come and go while
+ * the list is processed, exit inside try blocks, a shared object that is unloaded. Each case is a process of its own.
+ */
 #include "classes.h"
 #include "../heap.h"
 
@@ -60,10 +61,10 @@ static void perform_inside(const char *actions) {
   static const a_region_record regions[] = {{DESTRUCTOR(destroy), 0, PLX_NO_REGION, 0}};
   static void *addresses[] = {(void *)"local"};
   TRY(catch_fault)
-    FUNCTION(regions, addresses, 0)
-      REGION(0);
-      perform(actions);
-    END_FUNCTION
+  FUNCTION(regions, addresses, 0)
+  REGION(0);
+  perform(actions);
+  END_FUNCTION
   HANDLERS perform(strchr(actions, '!') + 1);
   END_TRY
 }
@@ -131,9 +132,18 @@ static void ranges(void) {
     unsigned size1;
     const char *start2;
     unsigned size2;
-  } rows[] = {{0, 0, 0, 0}, {data, 0, data, 0}, {data, 16, data, 16}, {data + 17, 40, data + 17, 40},
-              {in_range, sizeof in_data, 0, 0}, {data + 16, 1, 0, 0}, {0, 0, data, 17}, {0, 0, in_range, sizeof in_data},
-              {destructor, 1, 0, 0}, {destructor - 1, 1, destructor + 1, 1}, {0, 0, destructor, 1}, {code(f), 1, 0, 0}};
+  } rows[] = {{0, 0, 0, 0},
+              {data, 0, data, 0},
+              {data, 16, data, 16},
+              {data + 17, 40, data + 17, 40},
+              {in_range, sizeof in_data, 0, 0},
+              {data + 16, 1, 0, 0},
+              {0, 0, data, 17},
+              {0, 0, in_range, sizeof in_data},
+              {destructor, 1, 0, 0},
+              {destructor - 1, 1, destructor + 1, 1},
+              {0, 0, destructor, 1},
+              {code(f), 1, 0, 0}};
   unsigned i, k;
   for (i = 0; i < sizeof rows / sizeof *rows; ++i) {
     for (k = 0; k < 4; ++k) {
@@ -179,6 +189,7 @@ static const struct {
   int status;
   const char *text;
 } cases[] = {
+    /* clang-format off */
     {"mafbgcX", 0, 4, "c g b f a "}, {"mabC", 0, 6, "b a "}, {"aV", 0, 7, "a "}, /* V does without _main */
     {"mGaX", 0, 4, "g a "}, {"manoX", 0, 4, "g a "}, {"?M?MmaX", 0, 4, "not-scheduled scheduled a "},
     {"abLPLSbDP", 0, 0, "linked b a unlinked b "}, {"abb", 0, -SIGABRT, ""}, {"aa", 0, -SIGABRT, ""}, {"mm", 0, -SIGABRT, ""},
@@ -186,6 +197,7 @@ static const struct {
     {"mawX", 0, 3, "terminated"}, {"akPe", 0, 0, "catching a empty "}, {"mtl(C", 0, 3, "looking throwing terminated"},
     {"mtl(V", 0, 3, "looking throwing terminated"}, {"mtl(!V", 0, 3, "local looking throwing terminated"},
     {"m(EeQ", 0, 0, "empty "},
+/* clang-format on */
 #if HEAP_IS_COUNTED
     {"", without_memory, 0, "f freed"},
 #endif

@@ -20,18 +20,20 @@ static int live_at_depth;
 static NOINLINE void nested(int depth, int size) {
   TRY(catch_big) throw_big(size, depth);
   HANDLERS
-    if (depth > 1) nested(depth - 1, size);
-    else live_at_depth = heap_live;
-    CHECK(holds((char *)caught, size, depth));
+  if (depth > 1)
+    nested(depth - 1, size);
+  else
+    live_at_depth = heap_live;
+  CHECK(holds((char *)caught, size, depth));
   END_TRY
 }
 static NOINLINE void rethrown(int depth, int is_last) {
   TRY(catch_big)
-    if (depth == 0) throw_big(100, 'r');
-    rethrown(depth - 1, 0);
+  if (depth == 0) throw_big(100, 'r');
+  rethrown(depth - 1, 0);
   HANDLERS
-    CHECK(holds((char *)caught, 100, 'r'));
-    if (!is_last) __rethrow();
+  CHECK(holds((char *)caught, 100, 'r'));
+  if (!is_last) __rethrow();
   END_TRY
 }
 
@@ -46,8 +48,10 @@ static NOINLINE void *plain_array(unsigned bytes) { return _Znaj(bytes); }
 static NOINLINE void *nothrow(unsigned bytes) { return _ZnwjRKSt9nothrow_t(bytes, 0); }
 static NOINLINE void *nothrow_array(unsigned bytes) { return _ZnajRKSt9nothrow_t(bytes, 0); }
 static NOINLINE void release(unsigned form, void *block) {
-  if (form % 2) _ZdaPv(block);
-  else _ZdlPv(block);
+  if (form % 2)
+    _ZdaPv(block);
+  else
+    _ZdlPv(block);
 }
 static void *(*const forms[])(unsigned) = {plain, plain_array, nothrow, nothrow_array};
 
@@ -57,9 +61,9 @@ static NOINLINE int outcome(void *(*form)(unsigned), unsigned bytes) {
       {&exhausted, 0}, {&__TI_St9bad_alloc, 0}, {&__TI_i, PLX_TYPE_LAST}};
   volatile int result = 0;
   TRY(clauses)
-    void *const block = form(bytes);
-    result = block ? 5 : 4;
-    _ZdlPv(block);
+  void *const block = form(bytes);
+  result = block ? 5 : 4;
+  _ZdlPv(block);
   HANDLERS result = clause;
   END_TRY
   return result;
@@ -88,8 +92,8 @@ static void new_handlers(void) {
   static const struct {
     a_handler handler;
     int calls, thrown, quiet;
-  } cases[] = {{__default_new_handler, 0, 2, 4}, {0, 0, 2, 4}, {third_time_gives_up, 3, 2, 4}, {throws_derived, 1, 1, 4},
-               {throws_int, 1, 3, 3}, {finds_memory, 2, 5, 5}};
+  } cases[] = {{__default_new_handler, 0, 2, 4}, {0, 0, 2, 4},          {third_time_gives_up, 3, 2, 4},
+               {throws_derived, 1, 1, 4},        {throws_int, 1, 3, 3}, {finds_memory, 2, 5, 5}};
   unsigned i, form;
   CHECK(_ZSt15set_new_handlerPFvvE(0) == __default_new_handler);
   _ZSt14set_unexpectedPFvvE(unexpected_int);
@@ -118,8 +122,8 @@ static void new_handlers(void) {
 /* What one exception of each size takes from the heap: nothing until 8192 bytes are alive. The object that just leaves
  * 56 bytes of the initial block still fits there, and its record then needs a block of its own. */
 static void sizes(void) {
-  static const int cases[][2] = {{1, 0}, {7000, 0}, {8136, 8192}, {8137, 16384}, {8144, 16384}, {8192, 16384}, {12288, 16384},
-                                 {12289, 24576}, {12296, 24576}, {100000, 106496}};
+  static const int cases[][2] = {{1, 0},        {7000, 0},      {8136, 8192},   {8137, 16384},  {8144, 16384},
+                                 {8192, 16384}, {12288, 16384}, {12289, 24576}, {12296, 24576}, {100000, 106496}};
   const int live = heap_live;
   size_t bytes = heap_bytes;
   unsigned i;
@@ -145,8 +149,8 @@ static void sizes(void) {
   CHECK_INT(heap_live, live);
 }
 
-/* Out of memory at every depth and, for the initial block, at every size that leaves room for the object and not for its
- * record: std::terminate. With memory back, its handler can throw and catch as before. */
+/* Out of memory at every depth and, for the initial block, at every size that leaves room for the object and not for
+ * its record: std::terminate. With memory back, its handler can throw and catch as before. */
 static int terminations, failing_size, failing_block;
 static void terminated(void) {
   heap_fails_at = -1;

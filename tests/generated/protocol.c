@@ -1,5 +1,5 @@
-/* What only generated C can do or see: records of throws, markers, broken stacks and what is said of them, how a program
- * ends. Each case is a process of its own. What exceptions do, random/scenes has.
+/* What only generated C can do or see: records of throws, markers, broken stacks and what is said of them, how a
+ * program ends. Each case is a process of its own. What exceptions do, random/scenes has.
  * test-variants: -O0 | -O2 | -O1 -static */
 #include "classes.h"
 
@@ -28,19 +28,17 @@ static void *both_addresses[] = {&first_local, &second_local};
 /* A specification and another try lie between the handler and the entry of its function. */
 static void far_from_the_function(void) {
   LOCALS
-    REGION(0);
-    SPECIFICATION(catch_all)
-      TRY(catch_double)
-        TRY(catch_int)
-          REGION(1);
-          throw_int(0);
-        HANDLERS
-          CHECK_INT(__eh_curr_region, 0);
-          trace("handler");
-        END_TRY
-      HANDLERS END_TRY
-    END_SPECIFICATION
-    throw_fault(9);
+  REGION(0);
+  SPECIFICATION(catch_all)
+  TRY(catch_double)
+  TRY(catch_int)
+  REGION(1);
+  throw_int(0);
+  HANDLERS
+  CHECK_INT(__eh_curr_region, 0);
+  trace("handler");
+  END_TRY
+  HANDLERS END_TRY END_SPECIFICATION throw_fault(9);
   END_FUNCTION
 }
 
@@ -53,26 +51,26 @@ static void tell(const a_throw_stack_entry *thrown) {
 static void references(void) {
   a_throw_stack_entry *volatile source = 0;
   TRY(catch_all)
-    TRY(catch_fault)
-      TRY(catch_fault) throw_fault(1);
-      PARAMETER
-        source = try_entry.body.try_block.handled_exception;
-        CHECK(source->catch_context == &try_entry);
-        tell(source);
-        __internal_rethrow(); /* takes the marker off itself */
-      END_TRY
-    HANDLERS
-      const a_throw_stack_entry *const again = try_entry.body.try_block.handled_exception;
-      CHECK(again->source == source && again->next == source && again->object == source->object);
-      CHECK(again->catch_context == &try_entry);
-      tell(source);
-      tell(again);
-      TRY(catch_fault) __rethrow();
-      HANDLERS tell(source);
-      END_TRY
-      tell(source);
-      __rethrow();
-    END_TRY
+  TRY(catch_fault)
+  TRY(catch_fault) throw_fault(1);
+  PARAMETER
+  source = try_entry.body.try_block.handled_exception;
+  CHECK(source->catch_context == &try_entry);
+  tell(source);
+  __internal_rethrow(); /* takes the marker off itself */
+  END_TRY
+  HANDLERS
+  const a_throw_stack_entry *const again = try_entry.body.try_block.handled_exception;
+  CHECK(again->source == source && again->next == source && again->object == source->object);
+  CHECK(again->catch_context == &try_entry);
+  tell(source);
+  tell(again);
+  TRY(catch_fault) __rethrow();
+  HANDLERS tell(source);
+  END_TRY
+  tell(source);
+  __rethrow();
+  END_TRY
   HANDLERS tell(source);
   END_TRY
 }
@@ -80,31 +78,31 @@ static void pointer_with_destructor(void) {
   static const an_exception_type_specification clauses[] = {{&type_fault, PLX_TYPE_POINTER | PLX_TYPE_LAST}};
   static fault object;
   TRY(clauses)
-    *(fault **)__throw_setup_dtor(&type_fault, sizeof(fault *), PLX_TYPE_POINTER, fault_destroy) = &object;
-    __throw();
+  *(fault **)__throw_setup_dtor(&type_fault, sizeof(fault *), PLX_TYPE_POINTER, fault_destroy) = &object;
+  __throw();
   HANDLERS trace("%d", *(fault **)caught == &object);
   END_TRY
 }
 /* An exception that has started stays in flight while others come and go; one that leaves meets its marker. */
 static void started_early(void) {
   TRY(catch_fault)
-    void *object = __throw_setup_dtor(&type_fault, sizeof(fault), 0, fault_destroy);
-    __exception_started();
-    TRY(catch_int) throw_int(1);
-    HANDLERS trace("inner");
-    END_TRY
-    trace("%d", _ZSt18uncaught_exceptionv());
-    fault_construct(object, 1);
-    __throw();
+  void *object = __throw_setup_dtor(&type_fault, sizeof(fault), 0, fault_destroy);
+  __exception_started();
+  TRY(catch_int) throw_int(1);
+  HANDLERS trace("inner");
+  END_TRY
+  trace("%d", _ZSt18uncaught_exceptionv());
+  fault_construct(object, 1);
+  __throw();
   HANDLERS trace("%d", _ZSt18uncaught_exceptionv());
   END_TRY
 }
 static void left_after_start(void) {
   LOCALS
-    REGION(1);
-    __throw_setup_dtor(&type_fault, sizeof(fault), 0, fault_destroy);
-    __exception_started();
-    throw_fault(2);
+  REGION(1);
+  __throw_setup_dtor(&type_fault, sizeof(fault), 0, fault_destroy);
+  __exception_started();
+  throw_fault(2);
   END_FUNCTION
 }
 /* What a specification lets pass is not moved to its base. */
@@ -114,10 +112,10 @@ static void not_moved(void) {
   static const an_exception_type_specification clauses[] = {{&derived, PLX_TYPE_LAST}};
   void *volatile object = 0;
   TRY(clauses)
-    SPECIFICATION(catch_fault)
-      object = __throw_setup(&derived, 32, 0);
-      __throw();
-    END_SPECIFICATION
+  SPECIFICATION(catch_fault)
+  object = __throw_setup(&derived, 32, 0);
+  __throw();
+  END_SPECIFICATION
   HANDLERS trace("%d", caught == object);
   END_TRY
 }
@@ -137,20 +135,18 @@ static void ends(void) {
       __call_unexpected();
       break;
     case 4: CHECK(_ZSt14set_unexpectedPFvvE(0) == (a_handler)_ZSt9terminatev); /* fall through */
-    default:
-      SPECIFICATION(catch_int) throw_fault(1);
-      END_SPECIFICATION
+    default: SPECIFICATION(catch_int) throw_fault(1); END_SPECIFICATION
   }
 }
 /* Before the parameter of a handler is initialised. */
 static void parameter_fails(void) {
   LOCALS
-    REGION(1);
-    TRY(catch_fault) throw_fault(1);
-    PARAMETER
-      if (variant) __rethrow();
-      throw_int(5);
-    END_TRY
+  REGION(1);
+  TRY(catch_fault) throw_fault(1);
+  PARAMETER
+  if (variant) __rethrow();
+  throw_int(5);
+  END_TRY
   END_FUNCTION
 }
 
@@ -230,8 +226,8 @@ static void do_harm(void *object, int flags) {
 static const a_region_record harmful[] = {{DESTRUCTOR(do_harm), 0, PLX_NO_REGION, 0}};
 static NOINLINE void leave_harmful(void) {
   FUNCTION(harmful, both_addresses, 0)
-    REGION(0);
-    throw_int(1);
+  REGION(0);
+  throw_int(1);
   END_FUNCTION
 }
 static void spoil(void) { other_entry.kind = 9; }
@@ -250,35 +246,33 @@ static void head_changed_while_unwinding(void) {
 static void head_changed_in_the_function(void) {
   harm = leave_entry;
   FUNCTION(harmful, both_addresses, 0)
-    TRY(catch_all)
-      REGION(0);
-      throw_int(1);
-    HANDLERS END_TRY
-  END_FUNCTION
+  TRY(catch_all)
+  REGION(0);
+  throw_int(1);
+  HANDLERS END_TRY END_FUNCTION
 }
 static void handled_twice(void) {
   TRY(catch_all) throw_int(1);
   HANDLERS
-    a_throw_stack_entry *const handled = try_entry.body.try_block.handled_exception;
-    if (variant == 0) __free_thrown_object();
-    if (variant == 1) ++handled->reference_count; /* a reference that nobody holds */
-    if (variant == 2) handled->object = &other_entry;
+  a_throw_stack_entry *const handled = try_entry.body.try_block.handled_exception;
+  if (variant == 0) __free_thrown_object();
+  if (variant == 1) ++handled->reference_count; /* a reference that nobody holds */
+  if (variant == 2) handled->object = &other_entry;
   END_TRY
 }
 /* A try without clauses takes everything, but the search goes on, and may meet no specification. */
 static void bare_try(void) {
   TRY(catch_int)
-    TRY(0) throw_int(1);
-    HANDLERS trace("bare%d", clause);
-    END_TRY
+  TRY(0) throw_int(1);
+  HANDLERS trace("bare%d", clause);
+  END_TRY
   HANDLERS END_TRY
 }
 static void bare_try_in_specification(void) {
   SPECIFICATION(catch_int)
-    bare_try();
-    TRY(0) throw_int(1);
-    HANDLERS END_TRY
-  END_SPECIFICATION
+  bare_try();
+  TRY(0) throw_int(1);
+  HANDLERS END_TRY END_SPECIFICATION
 }
 static void debug_to_file(void) {
   close(2);
@@ -287,13 +281,15 @@ static void debug_to_file(void) {
   __suppress_optim_on_vars_in_try();
 }
 #define ASSERTED(line) -SIGABRT, "Assertion failed in file \"libC/throw\", line " #line "\n"
-#define UNCAUGHT(variant, text) {uncaught, variant, -SIGABRT, "plx: uncaught exception of type " text "\n"}
+#define UNCAUGHT(variant, text) \
+  { uncaught, variant, -SIGABRT, "plx: uncaught exception of type " text "\n" }
 
 static const struct {
   void (*body)(void);
   int variant, status;
   const char *text;
 } cases[] = {
+    /* clang-format off */
     {far_from_the_function, 0, 3, "[~2 handler ~1] uncaught=1"},
     {references, 0, 0, "000111:1 010111:1 100111:0 010111:2 010111:1 010111:1 ~e1"},
     {pointer_with_destructor, 0, 0, "1"}, {started_early, 0, 0, "inner 1 0 ~e1"}, {left_after_start, 0, 3, "[] uncaught=1"},
@@ -312,6 +308,7 @@ static const struct {
     {handled_twice, 1, ASSERTED(1399)}, {handled_twice, 2, ASSERTED(436)}, {debug_to_file, 0, ASSERTED(1449)},
     {_array_pointer_not_from_vec_new, 0, -SIGABRT, ""}, {__pure_virtual_called, 0, -SIGABRT, ""},
     {__main_called_more_than_once, 0, -SIGABRT, ""}, {__already_marked_for_destruction, 0, -SIGABRT, ""},
+    /* clang-format on */
 };
 
 static unsigned current;
@@ -324,7 +321,7 @@ static void play(void) {
   printf("%s", test_trace);
   if (__curr_eh_stack_entry || __eh_curr_region) printf(" entries left");
   TRY(catch_int) throw_int(1);
-  HANDLERS  if (try_entry.body.try_block.handled_exception->next) printf(" exceptions left");
+  HANDLERS if (try_entry.body.try_block.handled_exception->next) printf(" exceptions left");
   END_TRY
   if (test_failures) printf(" failures");
 }

@@ -1,5 +1,5 @@
-/* Types: which clause takes what and where the handler finds the object, dynamic_cast, typeid and the conversion to a base,
- * for one set of descriptors. test-variants: -O1 | -O2 -static */
+/* Types: which clause takes what and where the handler finds the object, dynamic_cast, typeid and the conversion to a
+ * base, for one set of descriptors. test-variants: -O1 | -O2 -static */
 #include "classes.h"
 
 #define PUBLIC PLX_BASE_PUBLIC
@@ -7,7 +7,7 @@
 #define VIRTUAL PLX_BASE_VIRTUAL
 #define END PLX_BASE_LAST
 #define LAST PLX_TYPE_LAST
-#define CLASS(type, ...)                                     \
+#define CLASS(type, ...)                                         \
   static const a_base_class_spec type##_bases[] = {__VA_ARGS__}; \
   EMIT_CLASS(type, #type, type##_bases)
 
@@ -20,9 +20,9 @@ static const a_type_info_impl void_again = {PLX_TYPE_INFO_VTABLE, "void", &__TID
 static const a_type_info_impl nameless = {PLX_TYPE_INFO_VTABLE, "nameless", 0, 0};
 static const a_type_info_impl nameless_too = {PLX_TYPE_INFO_VTABLE, "nameless", 0, 0};
 CLASS(both, {&one, 4, PUBLIC}, {&two, 12, PUBLIC | END});
-CLASS(near, {&both, 16, PUBLIC}, {&one, 40, PUBLIC | END}); /* the direct base is meant */
+CLASS(near, {&both, 16, PUBLIC}, {&one, 40, PUBLIC | END});  /* the direct base is meant */
 CLASS(paths, {&both, 0, PUBLIC}, {&both, 20, PUBLIC | END}); /* the first in order of declaration */
-CLASS(private_one, {&one, 0, 0}, {&both, 8, PUBLIC | END}); /* does not end the search; an ambiguous base does */
+CLASS(private_one, {&one, 0, 0}, {&both, 8, PUBLIC | END});  /* does not end the search; an ambiguous base does */
 CLASS(ambiguous_one, {&one, 0, PUBLIC | AMBIGUOUS}, {&both, 8, PUBLIC | END});
 CLASS(ambiguous_both, {&both, 0, PUBLIC | AMBIGUOUS}, {&two, 30, PUBLIC | END});
 CLASS(private_both, {&both, 0, END});
@@ -33,6 +33,7 @@ CLASS(has_nameless, {&one_again, 8, PUBLIC}, {&nameless, 4, PUBLIC | END});
 CLASS(backward, {&one, -8, PUBLIC | END});
 
 /* In an object the word at offset 4 leads 24 bytes ahead. `at` is where the base lies; -1: there is none. */
+/* clang-format off */
 static const struct {
   const a_type_info_impl *from, *to;
   int at;
@@ -46,6 +47,7 @@ static const struct {
             {&private_both, &both, -1}, {&private_last_one, &one, -1}, {&private_last_one, &two, 0},
             {&shares_both, &both, 24}, {&shares_both, &two, 36}, {&below_shared, &one, 28}, {&has_nameless, &nameless, 4},
             {&has_nameless, &nameless_too, -1}, {&has_nameless, &one, 8}, {&backward, &one, -8}};
+/* clang-format on */
 enum { ROWS = sizeof rows / sizeof *rows };
 
 static char storage[128], *const object = storage + 32;
@@ -61,18 +63,19 @@ static NOINLINE int thrown_at(const an_exception_type_specification *clauses, co
   volatile int result = 0;
   moved = -1;
   TRY(catch_all)
-    TRY(clauses)
-      char *thrown = (char *)__throw_setup(type, 64, (unsigned char)flags);
-      base = flags & PLX_TYPE_POINTER ? object : thrown;
-      if (flags & PLX_TYPE_POINTER) *(char **)thrown = object;
-      else fill(thrown);
-      __throw();
-    HANDLERS
-      result = clause;
-      moved = (int)((flags & PLX_TYPE_POINTER ? *(char **)caught : (char *)caught) - base);
-    END_TRY
-  HANDLERS END_TRY
-  return result;
+  TRY(clauses)
+  char *thrown = (char *)__throw_setup(type, 64, (unsigned char)flags);
+  base = flags & PLX_TYPE_POINTER ? object : thrown;
+  if (flags & PLX_TYPE_POINTER)
+    *(char **)thrown = object;
+  else
+    fill(thrown);
+  __throw();
+  HANDLERS
+  result = clause;
+  moved = (int)((flags & PLX_TYPE_POINTER ? *(char **)caught : (char *)caught) - base);
+  END_TRY
+  HANDLERS END_TRY return result;
 }
 static int takes(const a_type_info_impl *type, int flags, const a_type_info_impl *thrown, int thrown_flags, int at) {
   an_exception_type_specification clauses[1];
@@ -112,26 +115,29 @@ static void lists(void) {
   CHECK(thrown_at(failing_first, &both, 0) == 4 && moved == 0);
   CHECK(thrown_at(catch_all, &both, PLX_TYPE_POINTER | PLX_TYPE_CONST) == 1 && moved == 0);
 }
-/* Each handler has a value of its own, made from what was thrown; null stays null, also on its way to a virtual base. */
+/* Each handler has a value of its own, made from what was thrown; null stays null, also on its way to a virtual base.
+ */
 static void again(const a_type_info_impl *type, int flags, int at) {
   an_exception_type_specification by_two[1], by_type[1];
   by_two[0].type = &two;
   by_type[0].type = type;
   by_two[0].flags = by_type[0].flags = (unsigned char)(flags | LAST);
   TRY(by_type)
-    TRY(by_two)
-      void *thrown = __throw_setup(type, 64, (unsigned char)flags);
-      if (flags) *(void **)thrown = 0;
-      else fill((char *)thrown);
-      __throw();
-    HANDLERS
-      const char *found = flags ? *(char **)caught : (char *)caught;
-      CHECK_INT(found - (flags ? 0 : (char *)try_entry.body.try_block.handled_exception->object), at);
-      if (flags) *(void **)caught = &found;
-      __rethrow();
-    END_TRY
+  TRY(by_two)
+  void *thrown = __throw_setup(type, 64, (unsigned char)flags);
+  if (flags)
+    *(void **)thrown = 0;
+  else
+    fill((char *)thrown);
+  __throw();
   HANDLERS
-    CHECK((flags ? *(void **)caught : caught) == (flags ? 0 : try_entry.body.try_block.handled_exception->object));
+  const char *found = flags ? *(char **)caught : (char *)caught;
+  CHECK_INT(found - (flags ? 0 : (char *)try_entry.body.try_block.handled_exception->object), at);
+  if (flags) *(void **)caught = &found;
+  __rethrow();
+  END_TRY
+  HANDLERS
+  CHECK((flags ? *(void **)caught : caught) == (flags ? 0 : try_entry.body.try_block.handled_exception->object));
   END_TRY
 }
 
@@ -171,16 +177,26 @@ static void access_modes(void) {
     const a_type_info_impl *from, *to;
     const char *string;
     int mode, at, read;
-  } modes[] = {{&both, &one, "YYYY", 1, 4, 1}, {&both, &two, "YYYY", 1, 12, 2}, {&both, &one, "NY", 1, -1, 2},
-               {&both, &two, "NY", 1, 12, 2}, {&both, &two, "YN", 1, -1, 2}, {&private_last_one, &one, "YYYY", 1, 8, 2},
-               {&private_both, &both, "YYYY", 2, 0, 1}, {&private_both, &two, "YYYY", 1, 12, 3},
-               {&ambiguous_both, &one, "NNYY", 1, 4, 3}, {&ambiguous_one, &one, "YYYY", 1, -1, 1}, {&near, &two, "YY", 1, -1, 2},
-               {&both, &one, 0, 1, -1, 0}, {&near, &two, 0, 1, -1, 0}, {&both, &two, "NN", 0, 12, 0}};
+  } modes[] = {{&both, &one, "YYYY", 1, 4, 1},
+               {&both, &two, "YYYY", 1, 12, 2},
+               {&both, &one, "NY", 1, -1, 2},
+               {&both, &two, "NY", 1, 12, 2},
+               {&both, &two, "YN", 1, -1, 2},
+               {&private_last_one, &one, "YYYY", 1, 8, 2},
+               {&private_both, &both, "YYYY", 2, 0, 1},
+               {&private_both, &two, "YYYY", 1, 12, 3},
+               {&ambiguous_both, &one, "NNYY", 1, 4, 3},
+               {&ambiguous_one, &one, "YYYY", 1, -1, 1},
+               {&near, &two, "YY", 1, -1, 2},
+               {&both, &one, 0, 1, -1, 0},
+               {&near, &two, 0, 1, -1, 0},
+               {&both, &two, "NN", 0, 12, 0}};
   unsigned i;
   for (i = 0; i < sizeof modes / sizeof *modes; ++i) {
     char *string = (char *)modes[i].string;
     void *result = 0;
-    CHECK_INT(__derived_to_base_conversion(object, &result, modes[i].from, modes[i].to, &string, modes[i].mode), modes[i].at != -1);
+    CHECK_INT(__derived_to_base_conversion(object, &result, modes[i].from, modes[i].to, &string, modes[i].mode),
+              modes[i].at != -1);
     CHECK(result == (modes[i].at == -1 ? 0 : object + modes[i].at) && string - modes[i].string == modes[i].read);
   }
 }

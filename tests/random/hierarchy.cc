@@ -1,5 +1,6 @@
-// One random hierarchy of classes (classes.h, by hierarchies.sh): makes an object of each class and prints where dynamic_cast
-// leads from each of its subobjects to each class; throws each class, and a pointer to it, at a handler of each.
+// One random hierarchy of classes (classes.h, by hierarchies.sh): makes an object of each class and prints where
+// dynamic_cast leads from each of its subobjects to each class; throws each class, and a pointer to it, at a handler of
+// each.
 #include <cstdio>
 
 // The subobjects of one object, in order of construction: the whole comes last.
@@ -12,7 +13,9 @@ static void enter(int number, void *place) {
   entries[count].number = number;
   entries[count++].place = static_cast<char *>(place);
 }
-static void print(const void *part) { std::printf("%d ", part ? (int)((const char *)part - entries[count - 1].place) : -1); }
+static void print(const void *part) {
+  std::printf("%d ", part ? (int)((const char *)part - entries[count - 1].place) : -1);
+}
 
 template <int n> struct numbered;
 #include "classes.h"
@@ -29,9 +32,17 @@ static void *(*casts[classes][classes])(void *);
 template <class From, class To> static void handle() {
   From object;
   count = 0;
-  try { throw From(); } catch (To &part) { print(&part); } catch (...) { print(0); }
+  try {
+    throw From();
+  } catch (To &part) { print(&part); } catch (...) {
+    print(0);
+  }
   entries[count - 1].place = reinterpret_cast<char *>(&object);
-  try { throw &object; } catch (To *part) { print(part); } catch (...) { print(0); }
+  try {
+    throw &object;
+  } catch (To *part) { print(part); } catch (...) {
+    print(0);
+  }
 }
 template <class T> static void cast_all() {
   count = 0;

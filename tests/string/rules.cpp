@@ -99,6 +99,12 @@ static void sharing() {
     text.reserve(reserved[i][0]);
     CHECK_INT(text.capacity(), reserved[i][1]);
   }
+  string shared("shared");
+  const string sharer(shared);
+  for (unsigned int n = 40; n < 400; n += 21) {
+    shared.reserve(n);
+    CHECK(broken_invariant(shared) == 0 && shared.capacity() == n / 32 * 32 + 32 && sharer.data() == shared.data());
+  }
   first.reserve(100);
   CHECK(rep_of(first) == null_rep() && string().capacity() == 128 && (first += "x").capacity() == 32);
 #if __cplusplus >= 201103L

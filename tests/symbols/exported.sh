@@ -1,4 +1,4 @@
-#!/bin/sh
+#!/bin/bash
 # The symbols that libplx.so exports are a checked-in list: what came or went without being meant to is a fault. Names of
 # the list are C++ names as the linker sees them, one in a line, sorted; data objects have a D and their size, because
 # programs hold copies of them.
@@ -8,43 +8,27 @@
 set -u
 export LC_ALL=C
 list=$PLX_SOURCE/tests/symbols/exported.txt
-folder=$(mktemp -d) || exit 1
-trap 'rm -rf "$folder"' EXIT
-actual=$folder/actual
 
 # Sanitized objects are larger, and the sanitizers export symbols of their own.
-if [ -n "${PLX_SANITIZE:-}" ]; then
-  echo "skipped: the list is of the library as it is used"
-  exit 77
-fi
+[ -z "${PLX_SANITIZE:-}" ] || { echo "skipped: the list is of the library as it is used"; exit 77; }
 
 # The records of fundamental types that C++ does not have (128-bit integers, half and decimal numbers) are left out: which
 # of them there are depends on the compiler of the library. So are the tables of classes under construction (_ZTC), which
 # only the library's own constructors use: not every compiler exports them.
-readelf --dyn-syms -W "$PLX_PREFIX/lib/libplx.so.3" |
+actual=$(readelf --dyn-syms -W "$PLX_PREFIX/lib/libplx.so.3" |
   awk '$7 != "UND" && ($5 == "GLOBAL" || $5 == "WEAK" || $5 == "UNIQUE") {
     # The name of the version node is an object of its own.
     if ($8 == "PLX_3") next
     if (!sub(/@@PLX_3$/, "", $8)) $8 = $8 " without a version of ours"
     print $8 ($4 == "OBJECT" ? " D " $3 : "")
-  }' | grep -Ev '^_ZT[IS](P|PK)?(n|o|D[defh]) |^_ZTC' | sort > "$actual"
-[ -s "$actual" ] || { echo "no symbols: cannot read $PLX_PREFIX/lib/libplx.so.3"; exit 1; }
+  }' | grep -Ev '^_ZT[IS](P|PK)?(n|o|D[defh]) |^_ZTC' | sort)
+[ -n "$actual" ] || { echo "no symbols: cannot read $PLX_PREFIX/lib/libplx.so.3"; exit 1; }
 
+diff "$list" - <<< "$actual" | sed -n 's/^</gone:/p; s/^>/new: /p' | c++filt -n | grep . || exit 0
 if [ "${1:-}" = --update ]; then
-  [ -f "$list" ] && diff "$list" "$actual" | grep '^[<>]' | sed 's/^</gone:/; s/^>/new: /'
-  cp "$actual" "$list"
+  echo "$actual" > "$list"
   echo "$(wc -l < "$list") symbols are in tests/symbols/exported.txt"
   exit
 fi
-
-if [ ! -f "$list" ]; then
-  echo "there is no tests/symbols/exported.txt yet: ./dev symbols --update writes it"
-  exit 1
-fi
-diff "$list" "$actual" > "$folder/difference" && exit 0
-echo "the exported symbols changed; ./dev symbols --update accepts this:"
-grep '^[<>]' "$folder/difference" | sed 's/^</gone:/; s/^>/new: /' | while read -r what name rest; do
-  printf '%-5s %s%s\n' "$what" "$name" "${rest:+ $rest}"
-  command -v c++filt > /dev/null && case $name in _Z*) printf '        %s\n' "$(c++filt "$name")" ;; esac
-done
+echo "the exported symbols changed; ./dev symbols --update accepts this"
 exit 1

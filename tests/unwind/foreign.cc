@@ -1,5 +1,6 @@
-// Exceptions of two C++ libraries in one process, which do not see each other's. This is both a C library that keeps the
-// host's C++ library and its unwinder behind its interface (FOREIGN), and a program of ours, which ends as its argument says.
+// Exceptions of two C++ libraries in one process, which do not see each other's. This is both a C library that keeps
+// the host's C++ library and its unwinder behind its interface (FOREIGN), and a program of ours, which ends as its
+// argument says.
 #include <cstdio>
 #include <cstdlib>
 #include <dlfcn.h>
@@ -34,9 +35,7 @@ void MINE(catches)(callback f, int n) {
   try {
     noisy inner = {n + 20};
     f(n);
-  } catch (std::exception &e) {
-    std::printf(SIDE " caught %s ", e.what());
-  } catch (int k) {
+  } catch (std::exception &e) { std::printf(SIDE " caught %s ", e.what()); } catch (int k) {
     std::printf(SIDE " caught %d ", k);
   }
 }
@@ -48,7 +47,9 @@ void MINE(calls)(callback f, int n) {
     f(n);
     std::ostringstream text;
     text << SIDE << " line " << n;
-    try { throw std::runtime_error(text.str()); } catch (std::exception &e) { std::printf("%s ", e.what()); }
+    try {
+      throw std::runtime_error(text.str());
+    } catch (std::exception &e) { std::printf("%s ", e.what()); }
   }
 }
 }

@@ -45,8 +45,10 @@ int main(int, char **argv) {
     for (char **file = argv + 2; *file; ++file) {
       void *const handle = open(*file);
       *(void **)&pass = dlsym(handle, "pass");
-      if (services_of(handle)) cross(services_of(handle));
-      else std::printf("%d %d ", catch_one(pass_on, 4), catch_one(pass_on, 5));
+      if (services_of(handle))
+        cross(services_of(handle));
+      else
+        std::printf("%d %d ", catch_one(pass_on, 4), catch_one(pass_on, 5));
       void *const address = dlsym(handle, pass ? "pass" : "plugin");
       again += address == last;
       last = address;
@@ -74,6 +76,7 @@ int main(int, char **argv) {
     dlclose(handle);
     if (i == 100) before = mallinfo().uordblks;
   }
-  if (mallinfo().uordblks > before + 1000) std::fprintf(stderr, "grew by %d\n", mallinfo().uordblks - before), std::exit(2);
+  if (mallinfo().uordblks > before + 1000)
+    std::fprintf(stderr, "grew by %d\n", mallinfo().uordblks - before), std::exit(2);
   return 0;
 }

@@ -17,9 +17,7 @@ struct side {
 struct both : shared_base, side {
   explicit both(int k) : shared_base(k) {}
 };
-template <class T> struct wrapped {
-  int n;
-};
+template <class T> struct wrapped { int n; };
 namespace {
 struct internal {
   int n;
@@ -66,6 +64,7 @@ static int catch_one(thrower f, int kind) {
   try {
     cleanup inner = local;
     f(kind);
+    // clang-format off
   } catch (internal &) { return 100;
   } catch (shared_error &e) { return 200 + e.n + room[NUMBER * 40] * 1000;
   } catch (side *s) { return 300 + (dynamic_cast<both *>(s) ? dynamic_cast<shared_base &>(*s).n : 99);
@@ -83,5 +82,6 @@ static int catch_one(thrower f, int kind) {
   } catch (void (wrapped<opaque>::*)()) { return 1005;
   } catch (...) { return 1;
   }
+  // clang-format on
   return 0;
 }

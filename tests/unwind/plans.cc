@@ -1,5 +1,5 @@
-// The memory of plans (unwind/plans.cpp) against a map, with more addresses than it keeps: what it answers is the plan of the
-// address that was asked for, also after plans gave way, and what it keeps it does not make again at once.
+// The memory of plans (unwind/plans.cpp) against a map, with more addresses than it keeps: what it answers is the plan
+// of the address that was asked for, also after plans gave way, and what it keeps it does not make again at once.
 #include "unwind/plans.cpp"
 
 #include <stdio.h>
@@ -32,7 +32,8 @@ int main() {
         wrong += plan->rules ? plan->rules->arguments_size != address : address % 7 == 0;
         wrong += is_remembered(plan) != (address % 64 != 5);
         const unsigned first = made;
-        wrong += find_plan(address)->landing_pad != address * 3 || (made != first) != (address % 64 == 5) || first > before + 1;
+        wrong += find_plan(address)->landing_pad != address * 3 || (made != first) != (address % 64 == 5) ||
+                 first > before + 1;
       }
     }
     // A round over fewer than it keeps: each is made at most once.

@@ -1,6 +1,6 @@
-// Compares what unwind/ reads from the unwind tables of 32-bit files with what readelf prints of them: read_tables FILE...
-// Every row of every function: where it begins and ends, the CFA, each register, pushed arguments; of exception tables, that
-// they can be read and lead into described code. And what expressions mean.
+// read_tables FILE... compares what unwind/ reads from the unwind tables of 32-bit files with what readelf prints of
+// them. Every row of every function: where it begins and ends, the CFA, each register, pushed arguments; of exception
+// tables, that they can be read and lead into described code. And what expressions mean.
 #include <elf.h>
 #include <fcntl.h>
 #include <stdio.h>
@@ -123,7 +123,8 @@ static void check_exception_table(const char *file, const an_object &object, uns
 }
 
 static void compare_interpretation(const char *file, const an_object &object) {
-  FILE *const text = popen((std::string("readelf -W --debug-dump=frames-interp ") + file + " 2>/dev/null").c_str(), "r");
+  FILE *const text =
+      popen((std::string("readelf -W --debug-dump=frames-interp ") + file + " 2>/dev/null").c_str(), "r");
   std::map<unsigned, a_row> common;
   std::map<unsigned, bool> is_signal_frame;
   a_row row;
@@ -177,12 +178,14 @@ static void compare_interpretation(const char *file, const an_object &object) {
 
 // Operations of expressions, most of which no compiler emits, and what they leave on the stack; ebx leads to some words
 // there.
+// clang-format off
 enum an_operation : byte {
   deref = 0x06, const1u = 0x08, const1s, const2u, const2s, const4u, constu = 0x10, consts, dup_top, drop, over, pick, swap_two,
   rot, abs_value = 0x19, and_bits, divide, minus_two, modulo, times, negate_top, not_bits, or_bits, plus_two, plus_uconst, shl,
   shr, shra, xor_bits, bra, eq, ge, gt, le, lt, ne, skip, lit0 = 0x30, reg3 = 0x53, breg3 = 0x73, bregx = 0x92,
   deref_size = 0x94, nop = 0x96
 };
+// clang-format on
 static void check_operations() {
   unsigned words[] = {0, 0x12345678, 0x9ABCDEF0};
   const unsigned place = reinterpret_cast<unsigned>(words);
@@ -190,7 +193,7 @@ static void check_operations() {
   const struct {
     std::vector<byte> code;
     unsigned value;
-  } rows[] = {
+  } rows[] = {// clang-format off
       {{const1u, 200}, 200}, {{const1s, 200}, -56u}, {{const2u, 0, 128}, 0x8000}, {{const2s, 0, 128}, 0xFFFF8000},
       {{const4u, 1, 2, 3, 4}, 0x04030201}, {{constu, 0xE5, 0x8E, 0x26}, 624485}, {{consts, 0x9B, 0xF1, 0x59}, -624485u},
       {{reg3}, place}, {{breg3, 0x7C}, place - 4}, {{bregx, 3, 4}, place + 4}, {{breg3, 4, deref}, 0x12345678},
@@ -208,6 +211,7 @@ static void check_operations() {
       {{const1s, 200, lit0, gt}, 0}, {{lit0 + 3, lit0 + 3, ge}, 1}, {{lit0 + 3, lit0 + 3, gt}, 0}, {{lit0 + 3, lit0 + 3, le}, 1},
       {{lit0 + 9, skip, 1, 0, drop, nop}, 9}, {{lit0 + 9, lit0, bra, 1, 0, dup_top}, 9}, {{lit0 + 9, lit0 + 8, lit0 + 1, bra, 1, 0, drop}, 8},
       {{skip, 0xFD, 0xFF}, wrong_code}, {{skip, 9, 0}, wrong_code}, {{lit0, lit0, 0xE0}, wrong_code}};
+  // clang-format on
   a_machine_frame frame = {};
   frame.registers[register_esp] = place - 16;
   frame.registers[register_ebx] = place;
@@ -217,6 +221,26 @@ static void check_operations() {
     unsigned value = wrong_code;
     if (!evaluate(everywhere, code.data(), frame, 1, value)) value = wrong_code;
     if (value != row.value) report("expression", static_cast<unsigned>(&row - rows), std::to_string(value));
+  }
+}
+
+// Pointers as compilers' tables have none.
+static void check_pointers() {
+  static const byte bytes[] = {0xFE, 0xFF, 0x81, 0x7D};
+  const unsigned place = reinterpret_cast<unsigned>(bytes);
+  const struct {
+    unsigned encoding, value;
+  } rows[] = {{pointer_udata2, 0xFFFE},
+              {pointer_sdata2, -2u},
+              {pointer_udata4, 0x7D81FFFE},
+              {pointer_uleb, 0xFA07FFE},
+              {pointer_sleb, 0xFFA07FFE},
+              {pointer_sdata2 | pointer_to_data, 8},
+              {pointer_udata2 | pointer_to_itself, place + 0xFFFE},
+              {pointer_omitted, 0}};
+  for (const auto &row : rows) {
+    const unsigned value = a_byte_reader(everywhere, bytes).pointer(row.encoding, 10);
+    if (value != row.value) report("pointer", row.encoding, std::to_string(value));
   }
 }
 
@@ -232,10 +256,12 @@ int main(int argc, char **argv) {
     for (unsigned back = 1; i == argc - 1 && back < 4; ++back) {
       a_frame_entry entry;
       a_frame_rules rules;
-      if (!rules_at(object, last_end - back, entry, rules) || rules.arguments_size != 144) report(argv[i], back, "pushed");
+      if (!rules_at(object, last_end - back, entry, rules) || rules.arguments_size != 144)
+        report(argv[i], back, "pushed");
     }
   }
   check_operations();
+  check_pointers();
   printf("%d files, %ld rows, %ld with pushed arguments, %ld addresses in calls, %ld with a landing pad; %d wrong\n",
          argc - 1, rows, argument_sizes, calls, pads, wrong);
   return wrong != 0 || rows < 10000 || !argument_sizes || !pads;

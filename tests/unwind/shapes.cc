@@ -1,4 +1,5 @@
-// Frames of every shape that an exception passes and is caught in; prints what happened and what locals held afterwards.
+// Frames of every shape that an exception passes and is caught in; prints what happened and what locals held
+// afterwards.
 #include <alloca.h>
 #include <csignal>
 #include <cstdio>
@@ -60,12 +61,15 @@ static void realigned(int n) {
   try {
     hidden(n);
   } catch (int k) {
-    std::printf("wide %d %d %g %d ", k, int(reinterpret_cast<unsigned long>(&local) % 64), local.values[15], array[n - 1]);
+    std::printf("wide %d %d %g %d ", k, int(reinterpret_cast<unsigned long>(&local) % 64), local.values[15],
+                array[n - 1]);
     throw;
   }
 }
 
-static int many(int a, double b, int c, long long d, const noisy &e, int f) { return a + int(b) + c + int(d) + e.n + f; }
+static int many(int a, double b, int c, long long d, const noisy &e, int f) {
+  return a + int(b) + c + int(d) + e.n + f;
+}
 static void arguments(int n) {
   // Only one argument may leave a trace: their order is the compiler's.
   int sum = 0;
@@ -93,8 +97,8 @@ static void in_registers_c(int n) {
 }
 static void in_cleanup_c(int n) { with_cleanup_c(in_plain_c, n); }
 
-// A signal that an instruction of the program raised; the handler's stack is the program's or one of its own. clang makes
-// no landing pad for an instruction, so the frames that clean up are those that call.
+// A signal that an instruction of the program raised; the handler's stack is the program's or one of its own. clang
+// makes no landing pad for an instruction, so the frames that clean up are those that call.
 static void on_signal(int) { throw 5; }
 static int read_from(int *p) { return *p; }
 static int (*volatile hidden_read)(int *) = read_from;
@@ -112,9 +116,7 @@ static void signals(int n) {
     try {
       noisy local(19);
       std::printf("%d", hidden_read(reinterpret_cast<int *>(zero)));
-    } catch (int k) {
-      std::printf("signal %d ", k);
-    }
+    } catch (int k) { std::printf("signal %d ", k); }
   }
   hidden(n);
 }
@@ -144,15 +146,13 @@ static void coroutines(int n) {
       noisy local(21);
       swapcontext(&caller, &coroutine);
       hidden(n);
-    } catch (int k) {
-      std::printf("caller %d ", k);
-    }
+    } catch (int k) { std::printf("caller %d ", k); }
   }
   hidden(n);
 }
 
-// More clean-ups than a throw notes at once, with arguments on the stack that the table counts: the walk begins again from
-// the last that was noted. By a pointer, lest a compiler passes arguments in registers.
+// More clean-ups than a throw notes at once, with arguments on the stack that the table counts: the walk begins again
+// from the last that was noted. By a pointer, lest a compiler passes arguments in registers.
 static noisy &sixth = *new noisy(6);
 static int passed;
 static int far(int depth, int a, int b, int c);
@@ -168,9 +168,7 @@ static void pushed(int n) {
   for (int depth = 28; depth < 36; ++depth) {
     try {
       far(depth, n, n, n);
-    } catch (int k) {
-      std::printf("pushed %d %d ", k, passed);
-    }
+    } catch (int k) { std::printf("pushed %d %d ", k, passed); }
   }
   hidden(n);
 }
@@ -179,9 +177,15 @@ int main() {
   static const struct {
     const char *name;
     callback run;
-  } shapes[] = {{"variable length", variable_length}, {"realigned", realigned}, {"arguments", arguments},
-                {"C", in_plain_c}, {"nested C", in_nested_c}, {"registers of C", in_registers_c},
-                {"C that cleans up", in_cleanup_c}, {"signals", signals}, {"coroutines", coroutines},
+  } shapes[] = {{"variable length", variable_length},
+                {"realigned", realigned},
+                {"arguments", arguments},
+                {"C", in_plain_c},
+                {"nested C", in_nested_c},
+                {"registers of C", in_registers_c},
+                {"C that cleans up", in_cleanup_c},
+                {"signals", signals},
+                {"coroutines", coroutines},
                 {"pushed", pushed}};
   wide local;
   for (int i = 0; i < 16; ++i) local.values[i] = i;
@@ -191,9 +195,7 @@ int main() {
       noisy outer(99);
       shapes[i / 2].run(3 + i % 2);
       std::printf("nothing thrown ");
-    } catch (int n) {
-      std::printf("%s: %d, %g %g\n", shapes[i / 2].name, n, kept, local.values[i % 16]);
-    }
+    } catch (int n) { std::printf("%s: %d, %g %g\n", shapes[i / 2].name, n, kept, local.values[i % 16]); }
   }
   return 0;
 }

@@ -389,6 +389,10 @@ public:
   PLX_LATER basic_string &replace(const_iterator _first, const_iterator _last, initializer_list<_Ct> _list) {
     return replace(_first, _last, _list.begin(), _list.size());
   }
+  // Or a list for a string by iterators that are not constant would be ambiguous.
+  PLX_LATER basic_string &replace(iterator _first, iterator _last, initializer_list<_Ct> _list) {
+    return replace(_first, _last, _list.begin(), _list.size());
+  }
 #endif
 
   // Copies characters out; writes no terminator.

@@ -1,15 +1,18 @@
-// What typeid and type_info say, and dynamic_cast while constructors and destructors run; random/hierarchies has the rest.
+// What typeid and type_info say, and dynamic_cast while constructors and destructors run.
 // prints: 6 lines
 // test-variants: -O0 | -O2
 #include <stdio.h>
 #include <string.h>
 #include <typeinfo>
 
+// clang-format off
 struct base { int tag; virtual ~base() {} };
 struct second { int tag; virtual ~second() {} };
 struct third { int tag; virtual ~third() {} };
 struct part { int tag; };
 struct derived : base { int more; };
+// clang-format on
+
 // What a part is while its constructor and destructor run.
 struct asks : third {
   asks() { ask("asks"); }
@@ -21,7 +24,9 @@ struct asks_more : second, asks {
   asks_more() { ask("more"); }
   ~asks_more() { ask("~more"); }
 };
-struct asks_most : base, asks_more { asks_most() { ask("most"); } };
+struct asks_most : base, asks_more {
+  asks_most() { ask("most"); }
+};
 void asks::ask(const char *when) {
   printf("%s: %s %d %d %d %d\n", when, typeid(*this).name(), dynamic_cast<second *>(this) != 0,
          dynamic_cast<asks_more *>(this) != 0, dynamic_cast<base *>(this) != 0, dynamic_cast<void *>(this) == this);
@@ -34,10 +39,27 @@ int main() {
   derived p;
   { asks_most m; }
 
-  const std::type_info *types[] = {&typeid(int), &typeid(const int), &typeid(int &), &typeid(int *), &typeid(const int *),
-    &typeid(int *const), &typeid(char), &typeid(signed char), &typeid(wchar_t), &typeid(int[3]), &typeid(int[4]),
-    &typeid(void), &typeid(void (*)(int)), &typeid(void(int)), &typeid(int part::*), &typeid(int base::*),
-    &typeid(void (part::*)()), &typeid(void (part::*)() const), &typeid(part), &typeid(base), &typeid(derived *)};
+  const std::type_info *types[] = {&typeid(int),
+                                   &typeid(const int),
+                                   &typeid(int &),
+                                   &typeid(int *),
+                                   &typeid(const int *),
+                                   &typeid(int *const),
+                                   &typeid(char),
+                                   &typeid(signed char),
+                                   &typeid(wchar_t),
+                                   &typeid(int[3]),
+                                   &typeid(int[4]),
+                                   &typeid(void),
+                                   &typeid(void (*)(int)),
+                                   &typeid(void(int)),
+                                   &typeid(int part::*),
+                                   &typeid(int base::*),
+                                   &typeid(void(part::*)()),
+                                   &typeid(void(part::*)() const),
+                                   &typeid(part),
+                                   &typeid(base),
+                                   &typeid(derived *)};
   const int count = sizeof types / sizeof types[0];
   int equal = 0, ordered = 0, transitive = 1;
   for (int i = 0; i < count; ++i)
@@ -53,10 +75,13 @@ int main() {
   base *volatile null = 0;
   printf(" %d%d", typeid(evaluate(no_virtuals)) == typeid(part) && typeid(*null_part) == typeid(part), evaluated);
   printf(" %s%d", typeid(evaluate(as_base)).name(), evaluated);
-  try { puts(typeid(*null).name()); }
-  catch (std::exception &e) {
-    puts(typeid(e) == typeid(std::bad_typeid) && dynamic_cast<std::bad_typeid *>(&e) && !dynamic_cast<std::bad_cast *>(&e) ?
-         " bad_typeid" : " other");
+  try {
+    puts(typeid(*null).name());
+  } catch (std::exception &e) {
+    puts(typeid(e) == typeid(std::bad_typeid) && dynamic_cast<std::bad_typeid *>(&e) &&
+                 !dynamic_cast<std::bad_cast *>(&e)
+             ? " bad_typeid"
+             : " other");
   }
   return 0;
 }

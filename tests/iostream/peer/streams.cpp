@@ -5,7 +5,7 @@
 // two libraries can be compared. Not done there are moves in an empty buffer, and groups in texts without a point.
 //
 // prints: 77654 lines
-// test-variants: -O0 | -O2
+// test-variants: -O0 | -O1
 #include <fstream>
 #include <strstream>
 #include <vector>

@@ -12,14 +12,16 @@ extern const char _ZTS8cpp_type[], _ZTSPi[];
 #define LAST PLX_TYPE_LAST
 #define POINTER PLX_TYPE_POINTER
 #define CONST PLX_TYPE_CONST
-#define TYPE(type, identity, bases) static const a_type_info_impl type##_type = {PLX_TYPE_INFO_VTABLE, #type, identity, bases}
+#define TYPE(type, identity, bases) \
+  static const a_type_info_impl type##_type = {PLX_TYPE_INFO_VTABLE, #type, identity, bases}
 TYPE(first, _ZTS5first, 0);
 TYPE(second, _ZTS6second, 0);
 static const a_base_class_spec joined_bases[] = {{&first_type, 0, PUBLIC}, {&second_type, 4, PUBLIC | END}};
 TYPE(joined, _ZTS6joined, joined_bases);
 static const a_base_class_spec secret_bases[] = {{&first_type, 0, END}};
 TYPE(secret, _ZTS6secret, secret_bases);
-static const a_base_class_spec twice_bases[] = {{&first_type, 0, PUBLIC | PLX_BASE_AMBIGUOUS}, {&joined_type, 4, PUBLIC | END}};
+static const a_base_class_spec twice_bases[] = {{&first_type, 0, PUBLIC | PLX_BASE_AMBIGUOUS},
+                                                {&joined_type, 4, PUBLIC | END}};
 TYPE(twice, _ZTS5twice, twice_bases);
 TYPE(shared, _ZTS6shared, 0);
 /* Of this file only, with a virtual base: the pointer at offset 4 leads to it. */
@@ -30,9 +32,7 @@ static const a_type_info_impl int_pointer = {PLX_TYPE_INFO_VTABLE, "int *", _ZTS
 
 static void destroy(void *object, int flags) { say("~%d/%d", *(int *)object, flags); }
 
-static struct {
-  int one, two, three;
-} static_joined = {11, 22, 33};
+static struct { int one, two, three; } static_joined = {11, 22, 33};
 static int number = 44, *pointer_to_number = &number;
 
 void c_throws(int what) {
@@ -76,26 +76,34 @@ void c_throws(int what) {
   }
 }
 
-static const an_exception_type_specification clauses[] = {
-    {&__TI_i, 0}, {&__TI_c, POINTER | CONST}, {&second_type, 0}, {&first_type, 0}, {&second_type, POINTER},
-    {&__TI_St11logic_error, 0}, {&__TI_St9bad_alloc, 0}, {&__TI_St9exception, 0}, {&int_pointer, POINTER}, {&__TI_v, POINTER},
-    {&shared_type, 0}, {0, PLX_TYPE_ELLIPSIS | LAST}};
+static const an_exception_type_specification clauses[] = {{&__TI_i, 0},
+                                                          {&__TI_c, POINTER | CONST},
+                                                          {&second_type, 0},
+                                                          {&first_type, 0},
+                                                          {&second_type, POINTER},
+                                                          {&__TI_St11logic_error, 0},
+                                                          {&__TI_St9bad_alloc, 0},
+                                                          {&__TI_St9exception, 0},
+                                                          {&int_pointer, POINTER},
+                                                          {&__TI_v, POINTER},
+                                                          {&shared_type, 0},
+                                                          {0, PLX_TYPE_ELLIPSIS | LAST}};
 void c_catches(thrower throws, int what) {
   TRY(clauses)
-    throws(what);
-    say("nothing");
+  throws(what);
+  say("nothing");
   HANDLERS
-    switch (clause) {
-      case 2: say("text=%s", *(const char **)caught); break;
-      case 5: say("second*%d", *(second **)caught ? (*(second **)caught)->two : 0); break;
-      case 6:
-      case 8: say("exception%d=%s", clause, cpp_what(caught)); break;
-      case 7: say("bad_alloc"); break;
-      case 9: say("int**%d", ***(int ***)caught); break;
-      case 10: say("void*"); break;
-      case 12: say("any"); break;
-      default: say("%d:%d", clause, *(int *)caught);
-    }
+  switch (clause) {
+    case 2: say("text=%s", *(const char **)caught); break;
+    case 5: say("second*%d", *(second **)caught ? (*(second **)caught)->two : 0); break;
+    case 6:
+    case 8: say("exception%d=%s", clause, cpp_what(caught)); break;
+    case 7: say("bad_alloc"); break;
+    case 9: say("int**%d", ***(int ***)caught); break;
+    case 10: say("void*"); break;
+    case 12: say("any"); break;
+    default: say("%d:%d", clause, *(int *)caught);
+  }
   END_TRY
 }
 static void destroy_record(void *object, int flags) { printf(flags == 2 ? "%s " : "flags ", (char *)object); }
@@ -120,9 +128,13 @@ typedef struct polymorphic {
   int n;
 } polymorphic;
 static polymorphic a_base = {base_table, 1}, a_whole[2] = {{whole_table, 2}, {other_table, 3}};
-static void *cast(polymorphic *object, const a_type_info_impl *target) { return __dynamic_cast(object, object->table, target); }
+static void *cast(polymorphic *object, const a_type_info_impl *target) {
+  return __dynamic_cast(object, object->table, target);
+}
 int c_casts(void) { /* how many do what they must */
   return (cast(&a_whole[1], &base_type) == a_whole) + (cast(&a_whole[0], &other_type) == 0) +
          (cast(&a_base, &whole_type) == 0) + (cast(&a_base, &c_view_of_cpp_type) == 0);
 }
-void c_failing_cast(int what) { what ? (void)__dynamic_cast_ref(&a_base, a_base.table, &whole_type) : (void)__get_typeid(0); }
+void c_failing_cast(int what) {
+  what ? (void)__dynamic_cast_ref(&a_base, a_base.table, &whole_type) : (void)__get_typeid(0);
+}

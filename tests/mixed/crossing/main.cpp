@@ -1,6 +1,6 @@
-// Types across the worlds: C++ and generated C throw what they have at each other, each takes the other's classes, bases and
-// pointers; type_info objects compare as the types they stand for; casts work on both sides. Two units of C++ that know
-// different classes, unwind/objects has. test-variants: -O0 | -O2 | -O2 -static
+// Types across the worlds: C++ and generated C throw what they have at each other, each takes the other's classes,
+// bases and pointers; type_info objects compare as the types they stand for; casts work on both sides. Two units of C++
+// that know different classes, unwind/objects has. test-variants: -O0 | -O2 | -O2 -static
 #include "shared.h"
 
 #include <plx/runtime.h>
@@ -22,7 +22,7 @@ struct cpp_type {
 };
 // Only typeid makes a compiler emit the names that C uses as identities.
 extern const std::type_info *const emitted[];
-const std::type_info *const emitted[] = {&typeid(first), &typeid(second), &typeid(joined), &typeid(secret),
+const std::type_info *const emitted[] = {&typeid(first), &typeid(second), &typeid(joined),  &typeid(secret),
                                          &typeid(twice), &typeid(shared), &typeid(cpp_type)};
 
 extern "C" void say(const char *format, ...) {
@@ -33,7 +33,9 @@ extern "C" void say(const char *format, ...) {
   va_end(arguments);
   trace("%s", text);
 }
-extern "C" const char *cpp_what(const void *exception) { return static_cast<const std::exception *>(exception)->what(); }
+extern "C" const char *cpp_what(const void *exception) {
+  return static_cast<const std::exception *>(exception)->what();
+}
 
 struct offset_base {
   double d;
@@ -91,6 +93,7 @@ static void cpp_catches(thrower throws, int what) {
   try {
     throws(what);
     say("nothing");
+    // clang-format off
   } catch (const int **) { say("const int**");
   } catch (int **p) { say("int**%d", **p);
   } catch (int n) { say("int%d", n);
@@ -106,11 +109,13 @@ static void cpp_catches(thrower throws, int what) {
   } catch (std::exception &e) { say("exception=%s", e.what());
   } catch (...) { say("any");
   }
+  // clang-format on
 }
 // By the class itself; an ambiguous or private base is passed over, and const pointers are taken by reference.
 static void own_classes_catch(thrower throws, int what) {
   try {
     throws(what);
+    // clang-format off
   } catch (twice &t) { say("twice%d", t.three);
   } catch (secret &) { say("secret");
   } catch (joined &j) { say("joined%d", j.one + j.two * 10 + j.three * 100);
@@ -120,6 +125,7 @@ static void own_classes_catch(thrower throws, int what) {
   } catch (long long n) { say("%lld", n);
   } catch (...) { say("any");
   }
+  // clang-format on
 }
 
 static const struct {
@@ -127,14 +133,18 @@ static const struct {
   void (*catches)(thrower, int);
   const char *wants;  // of 0, 1, ...
 } crossings[] = {
-    {c_throws, cpp_catches, "nothing|int101|double2.5|text=from C|second2 ~1/2|any|second62|shared70 ~7/2|second*22|const void*|"
-                            "second*0|bad_alloc|exception=Bad Cast Exception|any|int**44"},
-    {c_throws, own_classes_catch, "|any|any|text=from C|joined321 ~1/2|secret|twice63|any ~7/2|joined*33|joined*33|joined*0|any|any|"
-                                  "78187493530|int**44"},
-    {c_throws, c_catches, "nothing|1:101|any|text=from C|3:2 ~1/2|any|3:62|11:70 ~7/2|second*22|any|second*0|bad_alloc|"
-                          "exception8=Bad Cast Exception|any|int**44"},
-    {cpp_throws, c_catches, "nothing|1:5|text=text|3:9|3:9|4:8|second*9|second*9|any|exception6=bad|bad_alloc|exception8=own|any|"
-                            "void*|11:77|second*0|3:0|any !20|any|int**8|any|void*"},
+    {c_throws, cpp_catches,
+     "nothing|int101|double2.5|text=from C|second2 ~1/2|any|second62|shared70 ~7/2|second*22|const void*|"
+     "second*0|bad_alloc|exception=Bad Cast Exception|any|int**44"},
+    {c_throws, own_classes_catch,
+     "|any|any|text=from C|joined321 ~1/2|secret|twice63|any ~7/2|joined*33|joined*33|joined*0|any|any|"
+     "78187493530|int**44"},
+    {c_throws, c_catches,
+     "nothing|1:101|any|text=from C|3:2 ~1/2|any|3:62|11:70 ~7/2|second*22|any|second*0|bad_alloc|"
+     "exception8=Bad Cast Exception|any|int**44"},
+    {cpp_throws, c_catches,
+     "nothing|1:5|text=text|3:9|3:9|4:8|second*9|second*9|any|exception6=bad|bad_alloc|exception8=own|any|"
+     "void*|11:77|second*0|3:0|any !20|any|int**8|any|void*"},
 };
 
 static bool same(const std::type_info &a, const std::type_info &b) {
@@ -190,8 +200,12 @@ int main() {
     }
   }
   type_information();
-  try { c_failing_cast(1); } catch (std::bad_cast &e) { trace("%s", e.what()); }
-  try { c_failing_cast(0); } catch (std::bad_typeid &e) { trace("%s.", e.what()); }
+  try {
+    c_failing_cast(1);
+  } catch (std::bad_cast &e) { trace("%s", e.what()); }
+  try {
+    c_failing_cast(0);
+  } catch (std::bad_typeid &e) { trace("%s.", e.what()); }
   CHECK_TRACE("Bad Cast Exception .");
   CHECK_ENDS(leave_in_order, 0, "last atexit c-function c-record first ");
   CHECK_ABORTS(uncaught, "plx: uncaught exception of type joined\n");

@@ -1,5 +1,5 @@
-/* What a unit of C++ and one of generated C, which describes the same classes, throw at each other. A catcher writes what it
- * saw into the trace. */
+/* What a unit of C++ and one of generated C, which describes the same classes, throw at each other. A catcher writes
+ * what it saw into the trace. */
 #ifndef SHARED_H
 #define SHARED_H
 

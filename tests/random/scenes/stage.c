@@ -1,8 +1,9 @@
-/* Plays scenes, with a choice of worlds for their nodes, and prints their traces; WORLDS is 1 for generated C alone, 2 for
- * C++ alone, 3 for both.
+/* Plays scenes, with a choice of worlds for their nodes, and prints their traces; WORLDS is 1 for generated C alone, 2
+ * for C++ alone, 3 for both.
  *
  *   program FIRST COUNT                         scenes at random
- *   program SCENE UNEXPECTED TERMINATE CHOICE   this one with many choices until a trace differs, and what handlers run */
+ *   program SCENE UNEXPECTED TERMINATE CHOICE   this one with many choices until a trace differs, and what handlers run
+ */
 #include "scenes.h"
 
 #include <stdarg.h>
@@ -76,8 +77,10 @@ void run(const char *script) {
 #elif WORLDS == 2
     node_cpp(script);
 #else
-    if (is_of_cpp(script) || choice >> 13 & 1) node_cpp(script);
-    else node_c(script);
+    if (is_of_cpp(script) || choice >> 13 & 1)
+      node_cpp(script);
+    else
+      node_c(script);
 #endif
   }
 }
@@ -177,9 +180,12 @@ static void write_node(int depth, int flags) {
   switch (random_below(depth > 0 ? 17 : 3)) {
     case 0: put(".%d", random_below(10)); break;
     case 1:
-      if (inside) put("r", 0);
-      else if (flags & may_jump) put("j", 0);
-      else put(".x", 0);
+      if (inside)
+        put("r", 0);
+      else if (flags & may_jump)
+        put("j", 0);
+      else
+        put(".x", 0);
       break;
     case 2:
     case 3:

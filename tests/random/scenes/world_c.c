@@ -104,10 +104,10 @@ static NOINLINE void throw_node(const char *node) {
 static NOINLINE void try_node(const char *node) {
   a_place *const before = place;
   TRY(clauses(node[1]))
-    run(block(node, 0));
+  run(block(node, 0));
   HANDLERS
-    place = before;
-    handle(taken_by(node[1]), clause, caught, node);
+  place = before;
+  handle(taken_by(node[1]), clause, caught, node);
   END_TRY
 }
 
@@ -131,18 +131,18 @@ static NOINLINE void function_node(const char *node) {
   addresses[0] = &outer;
   addresses[1] = &inner;
   FUNCTION(two_objects, addresses, 0)
-    REGION(0);
-    TRY(int_or_fault)
-      REGION(1);
-      run(block(node, 0));
-      REGION(0);
-      destroy_local(&inner, 2);
-    HANDLERS
-      check_region(0);
-      handle("if", clause, caught, node);
-    END_TRY
-    REGION(PLX_NO_REGION);
-    destroy_local(&outer, 2);
+  REGION(0);
+  TRY(int_or_fault)
+  REGION(1);
+  run(block(node, 0));
+  REGION(0);
+  destroy_local(&inner, 2);
+  HANDLERS
+  check_region(0);
+  handle("if", clause, caught, node);
+  END_TRY
+  REGION(PLX_NO_REGION);
+  destroy_local(&outer, 2);
   END_FUNCTION
 }
 /* The members are gone when the handlers run, which end in `throw;`. */
@@ -152,14 +152,14 @@ static NOINLINE void constructor_node(const char *node) {
   addresses[0] = &first;
   addresses[1] = &second;
   TRY(int_or_fault)
-    FUNCTION(two_objects, addresses, 0)
-      REGION(1);
-      run(block(node, 0));
-      REGION(PLX_NO_REGION);
-    END_FUNCTION
+  FUNCTION(two_objects, addresses, 0)
+  REGION(1);
+  run(block(node, 0));
+  REGION(PLX_NO_REGION);
+  END_FUNCTION
   HANDLERS
-    handle("if", clause, caught, node);
-    __rethrow();
+  handle("if", clause, caught, node);
+  __rethrow();
   END_TRY
   destroy_local(&second, 2);
   destroy_local(&first, 2);
@@ -172,11 +172,11 @@ static NOINLINE void local_node(const char *node) {
   object.number = node[1] - '0';
   object.script = block(node, 1);
   FUNCTION(two_objects, addresses, 0)
-    REGION(0);
-    run(block(node, 0));
-    check_region(0);
-    REGION(PLX_NO_REGION);
-    destroy_local(&object, 2);
+  REGION(0);
+  run(block(node, 0));
+  check_region(0);
+  REGION(PLX_NO_REGION);
+  destroy_local(&object, 2);
   END_FUNCTION
 }
 
@@ -203,11 +203,11 @@ static NOINLINE void array_node(const char *node) {
     return;
   }
   FUNCTION(array_regions, addresses, three)
-    __vec_new_eh(array, 3, sizeof(int), construct_element, destroy_element);
-    REGION(0);
-    run(block(node, 1));
-    REGION(PLX_NO_REGION);
-    __vec_delete(array, 3, sizeof(int), destroy_element, 0);
+  __vec_new_eh(array, 3, sizeof(int), construct_element, destroy_element);
+  REGION(0);
+  run(block(node, 1));
+  REGION(PLX_NO_REGION);
+  __vec_delete(array, 3, sizeof(int), destroy_element, 0);
   END_FUNCTION
 }
 
@@ -217,7 +217,7 @@ static NOINLINE void library_node(const char *node) {
     run(block(node, 0));
   } else {
     TRY(all)
-      run(block(node, 0));
+    run(block(node, 0));
     HANDLERS END_TRY
   }
   say("L");
@@ -225,7 +225,7 @@ static NOINLINE void library_node(const char *node) {
 
 static NOINLINE void specification_node(const char *node) {
   SPECIFICATION(node[1] == 'i' ? int_list : int_or_fault)
-    run(block(node, 0));
+  run(block(node, 0));
   END_SPECIFICATION
 }
 
@@ -249,9 +249,9 @@ void node_c(const char *node) {
 int is_quiet_c(void) {
   volatile int quiet = __curr_eh_stack_entry == 0 && __eh_curr_region == 0;
   TRY(all)
-    THROW(__TI_i, int, 0, 1);
+  THROW(__TI_i, int, 0, 1);
   HANDLERS
-    quiet = quiet && try_entry.body.try_block.handled_exception->next == 0;
+  quiet = quiet && try_entry.body.try_block.handled_exception->next == 0;
   END_TRY
   return quiet;
 }

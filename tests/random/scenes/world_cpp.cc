@@ -27,24 +27,22 @@ APART throw_node(const char *node) {
 
 APART try_node(const char *node) {
   a_place *const before = place;
-#define HANDLERS(letter, clauses)          \
-  case letter:                             \
-    try {                                  \
-      run(block(node, 0));                 \
-    }                                      \
-    clauses;                               \
+#define HANDLERS(letter, clauses)         \
+  case letter: try { run(block(node, 0)); \
+    }                                     \
+    clauses;                              \
     break;
-#define CLAUSE(parameter, ...)             \
-  catch (parameter) {                      \
-    place = before;                        \
-    report(__VA_ARGS__);                   \
-    run(block(node, 1));                   \
+#define CLAUSE(parameter, ...) \
+  catch (parameter) {          \
+    place = before;            \
+    report(__VA_ARGS__);       \
+    run(block(node, 1));       \
   }
   switch (node[1]) {
-    HANDLERS('f', CLAUSE(fault &f, 1, &f, 0))
-    HANDLERS('s', CLAUSE(special &s, 1, &s, 0))
+    HANDLERS('f', CLAUSE(fault & f, 1, &f, 0))
+    HANDLERS('s', CLAUSE(special & s, 1, &s, 0))
     HANDLERS('i', CLAUSE(int i, 1, 0, i))
-    HANDLERS('m', CLAUSE(int i, 1, 0, i) CLAUSE(special &s, 2, &s, 0) CLAUSE(fault &f, 3, &f, 0))
+    HANDLERS('m', CLAUSE(int i, 1, 0, i) CLAUSE(special & s, 2, &s, 0) CLAUSE(fault & f, 3, &f, 0))
     HANDLERS('p', CLAUSE(const fault *p, 1, 0, p->id))
     HANDLERS('q', CLAUSE(const void *, 1, 0, 0) CLAUSE(..., 2, 0, 0))
     HANDLERS('e', CLAUSE(std::exception &, 1, 0, 0))
@@ -79,9 +77,7 @@ APART function_node(const char *node) {
 
 struct parts {
   local first, second;
-  explicit parts(const char *node) try : first(20, ""), second(21, "") {
-    run(block(node, 0));
-  } catch (int i) {
+  explicit parts(const char *node) try : first(20, ""), second(21, "") { run(block(node, 0)); } catch (int i) {
     report(1, 0, i);
     run(block(node, 1));
   } catch (fault &f) {
