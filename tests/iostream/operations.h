@@ -223,12 +223,9 @@ inline std::string perform(std::iostream &s, const an_operation &o, bool compara
       const std::string copy(o.n % 2 ? got : std::string()), before(copy.data(), copy.size());
       if (o.n % 3 == 0 && !got.empty()) got[0] = 'Z';
       if (s.width() > 0) s.width(1 + n);
-      if (o.what == in_string)
-        s >> got;
-      else if (o.what == get_string_line)
-        std::getline(s, got);
-      else
-        std::getline(s, got, o.c);
+      if (o.what == in_string) s >> got;
+      if (o.what == get_string_line) std::getline(s, got);
+      if (o.what == get_string_part) std::getline(s, got, o.c);
       return copy == before && got.data()[got.size()] == 0 ? got : "spoilt";
     }
     case in_array:
@@ -244,16 +241,10 @@ inline std::string perform(std::iostream &s, const an_operation &o, bool compara
     case ignore_some: s.ignore(o.width % 100 == 9 ? 2147483647 : o.n, o.n % 2 ? o.c : -1); return "";
     case read_some: s.read(array, n); return std::string(array, s.gcount() + (comparable ? 0 : 2));
     case get_line:
-      if (o.width % 2)
-        s.getline(array, comparable ? 11000 : n, o.c);
-      else
-        s.getline(array, comparable ? n + 2 : n);
+      o.width % 2 ? s.getline(array, comparable ? 11000 : n, o.c) : s.getline(array, comparable ? n + 2 : n);
       return std::string(array, strlen(array) + (comparable ? 0 : 3));
     case get_part:
-      if (!comparable && o.width % 2)
-        s.get(array, n);
-      else
-        s.get(array, comparable ? 11000 : n, o.c);
+      !comparable &&o.width % 2 ? s.get(array, n) : s.get(array, comparable ? 11000 : n, o.c);
       return std::string(array, strlen(array) + (comparable ? 0 : 3));
     case skip_space: s >> std::ws; return "";
     case take_and_give:
@@ -263,10 +254,7 @@ inline std::string perform(std::iostream &s, const an_operation &o, bool compara
     case give_back: s.unget(); return "";
     case get_buffer: {
       a_destination to(comparable ? 11000 : n);
-      if (o.c == '\n')
-        s.get(to);
-      else
-        s.get(to, o.c);
+      o.c == '\n' ? s.get(to) : s.get(to, o.c);
       return to.text;
     }
     case in_buffer: {

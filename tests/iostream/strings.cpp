@@ -100,10 +100,8 @@ void strings() {
   const char *const block = b.block();
   b.str("ab");
   CHECK(b.block() == block && b.room() == 2);
-  b.str(std::string(64, 'x'));
-  CHECK(b.block() == block);  // 64 characters fill the block
-  b.str("");
-  CHECK(!b.block() && b.str() == "");
+  b.str(std::string(64, 'x'));  // which fill the block
+  CHECK(b.block() == block && (b.str(""), !b.block()) && b.str() == "");
   CHECK(appending.sputc('d') == 'd' && appending.str() == "abcd" && at_end.sputc('d') == 'd' && at_end.str() == "dbc");
   // Called with room left, overflow makes the area longer by a null character.
   derived odd("abcdQ", in | out);

@@ -7,12 +7,10 @@
 #include <termios.h>
 
 #include <fstream>
-#include <iostream>
-#include <string>
 
 #include "../buffers.h"
 #include "../harness.h"
-#include "../random.h"
+#include "operations.h"
 
 namespace {
 
@@ -104,15 +102,10 @@ void prompts() {
     }
 }
 
-std::string decimal(int value) {
-  char text[12];
-  return std::string(text, sprintf(text, "%d", value));
-}
-
 // Everything goes to one file, which is what was written in the order in which it was written.
 void any_order() {
   std::string numbers, wanted;
-  for (int i = 0; i < 60000; ++i) numbers += decimal(i) + ' ';
+  for (int i = 0; i < 60000; ++i) numbers += operations::number("%lld", i) + ' ';
   const own_file input("turns.input", numbers), output("turns.output");
   CHECK(freopen(input.name(), "r", stdin) && freopen(output.name(), "a", stdout));
   const own_file other("turns.other");
@@ -125,12 +118,12 @@ void any_order() {
   const int errors = dup(2);
   dup2(fileno(stdout), 2);
   for (int i = 0; i < 60000; ++i) {
-    const std::string text = decimal(i) + '\n';
+    const std::string text = operations::number("%lld", i) + '\n';
     int value;
     switch (random_below(16)) {
       case 0: scanf("%d", &value), wrong += value != read++; continue;
       case 1: printf("%s", text.c_str()); break;
-      case 2: puts(decimal(i).c_str()); break;
+      case 2: puts(text.substr(0, text.size() - 1).c_str()); break;
       case 3: std::cerr << text; break;
       case 4: std::clog << i << std::endl; break;
       case 5: i % 64 ? std::cout << text : std::cout << text << std::flush; break;
