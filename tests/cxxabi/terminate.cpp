@@ -1,5 +1,5 @@
-// The ends of a program of C++, and what it says then: uncaught exceptions of all sorts, a parameter that fails, exit
-// from everywhere, pure virtual calls, statics in a circle. What runs before, random/scenes has.
+// The ends of a program of C++, and what it says then: uncaught exceptions of all sorts, a parameter that fails,
+// what is thrown at exit, statics in a circle. What runs before, random/scenes has.
 // test-variants: -O0 | -O2 | -O1 -std=gnu++17
 #include <exception>
 #include <new>
@@ -36,29 +36,11 @@ struct fragile {
   fragile() {}
   fragile(const fragile &) { throw 77; }
 };
-struct exits {
-  ~exits() { exit(9); }
-};
 static void throw_at_exit() { throw 2; }
-static void handle_at_exit() {
-  try {
-    throw 3;
-  } catch (int n) { printf("handled %d ", n); }
-}
-struct abstract {
-  abstract() { call(); }
-  virtual ~abstract() {}
-  void call() { pure(); }
-  virtual void pure() = 0;
-};
-struct concrete : abstract {
-  virtual void pure() { puts("wrong"); }
-};
 static int recursive(int n) {
   static int value = recursive(n + 1);
   return value;
 }
-static void nothing_thrown() throw() { throw 1; }
 static void say_terminate() {
   printf("terminate:%d", std::uncaught_exception());
   fflush(stdout);
@@ -68,44 +50,28 @@ static void say_terminate() {
 static int which;
 static void end() {
   switch (which) {
-    case 0: throw 1;
-    case 1: throw "text";
-    case 2: throw shop::sold_out();
-    case 3: throw std::out_of_range("index 7 of 3");
-    case 4: throw std::range_error("too long");
-    case 5: throw carton<carton<const shop::sold_out *, -3>, 2>();
-    case 6: throw shop::own_text();
-    case 7: throw shop::hides_text();
-    case 8: throw std::bad_alloc();
-    case 9: std::string("abc").at(5); break;
-    case 10: throw std::logic_error(std::string(3000, 'x'));
-    case 11: throw;
-    case 12: nothing_thrown(); break;
-    case 13: try { throw std::runtime_error("again");
+    case 0: throw "text";
+    case 1: throw shop::sold_out();
+    case 2: throw std::out_of_range("index 7 of 3");
+    case 3: throw carton<carton<const shop::sold_out *, -3>, 2>();
+    case 4: throw shop::own_text();
+    case 5: throw shop::hides_text();
+    case 6: throw std::bad_alloc();
+    case 7: throw std::logic_error(std::string(3000, 'x'));
+    case 8: throw;
+    case 9: try { throw std::runtime_error("again");
       } catch (std::exception &) { throw; }
-    case 14:
+    case 10:
       std::set_terminate(say_terminate);
       try {
         throw fragile();
       } catch (fragile) { puts("wrong"); }
       break;
-    case 15: {
-      const says local = {"wrong"};
-      exit(*local.name);
-    }
-    case 16: try { throw std::runtime_error("text");
-      } catch (std::exception &e) { exit(*e.what()); }
-    case 17: {
-      exits local;
-      throw 1;
-    }
-    case 18: atexit(handle_at_exit); exit(0);
-    case 19:
+    case 11:
       std::set_terminate(say_terminate);
       atexit(throw_at_exit);
       exit(0);
-    case 20: delete new concrete; break;
-    case 21: recursive(0); break;
+    case 12: recursive(0); break;
     default:
       if (std::set_terminate(say_terminate) != say_terminate && std::set_terminate(0) == say_terminate) puts("was set");
   }
@@ -125,14 +91,12 @@ int main() {
     const char *text;
   } wants[] = {
       // clang-format off
-      UNCAUGHT("int"), UNCAUGHT("char const*"), UNCAUGHT("shop::sold_out"),
-      UNCAUGHT("std::out_of_range: index 7 of 3"), UNCAUGHT("std::range_error: too long"),
+      UNCAUGHT("char const*"), UNCAUGHT("shop::sold_out"),
+      UNCAUGHT("std::out_of_range: index 7 of 3"),
       UNCAUGHT("carton<carton<shop::sold_out const*, -3>, 2>"), UNCAUGHT("shop::own_text: text of its own"),
       UNCAUGHT("shop::hides_text"), UNCAUGHT("std::bad_alloc: Allocation Failure"),
-      {-SIGABRT, "plx: uncaught exception of type std::out_of_range: "}, {-SIGABRT, "xxx\n"},
-      {-SIGABRT, "plx: terminated: throw; while no exception is being handled\n"}, {-SIGABRT, "plx: "},
-      UNCAUGHT("std::runtime_error: again"), {3, "terminate:"}, {'w', "~static "}, {'t', "~static "}, {9, "~static "},
-      {0, "handled 3 ~static "}, {3, "terminate:"}, {-SIGABRT, ""},
+      {-SIGABRT, "xxx\n"}, {-SIGABRT, "plx: terminated: throw; while no exception is being handled\n"},
+      UNCAUGHT("std::runtime_error: again"), {3, "terminate:"}, {3, "terminate:"},
       {-SIGABRT, "plx: the initialiser of a local static object uses that object\n"}, {0, "was set"},
       // clang-format on
   };

@@ -19,37 +19,23 @@ template <int kind> struct attempt {
     std::string local("destroyed on the way out, whatever it is that goes by");
     try {
       switch (kind) {
-        case 0: {
-          const std::exception made(text);
-          break;
-        }
-        case 1: {
-          const std::out_of_range made(message);
-          break;
-        }
-        case 2: {
-          const std::out_of_range made(exposed);
-          break;
-        }
-        case 3: {
-          const std::runtime_error made(source);
-          break;
-        }
+        case 0: static_cast<void>(std::exception(text)); break;
+        case 1: static_cast<void>(std::out_of_range(message)); break;
+        case 2: static_cast<void>(std::out_of_range(exposed)); break;
+        case 3: static_cast<void>(std::runtime_error(source)); break;
         case 4: target = source; break;
         case 5: std::length_error::__throw(text);
         case 6: by_expression();
         case 7: try { by_expression();
-          } catch (std::logic_error &e) { throw std::domain_error(e.what()); }
-        case 8: try { by_expression();
           } catch (std::logic_error &e) {
             const std::logic_error copied(e);
             throw std::logic_error(std::string(copied.what()));
           }
-        case 9: local.insert(1000, "x");
+        case 8: local.insert(1000, "x");
       }
     } catch (const std::logic_error &e) {
       arrived = true;
-      CHECK_TEXT(e.what(), kind == 9 ? "Out of range exception occurred" : text);
+      CHECK_TEXT(e.what(), kind == 8 ? "Out of range exception occurred" : text);
     }
   }
   void check(bool failed) {
@@ -62,11 +48,11 @@ template <int kind> struct attempt {
 int main() {
   const long before = live_blocks;
   // The object that holds the message, and the message; and the local string of the attempt.
-  static const int least[] = {3, 2, 3, 3, 3, 2, 2, 4, 4, 3};
+  static const int least[] = {3, 2, 3, 3, 3, 2, 2, 4, 3};
 #define ATTEMPT(kind) fail_each_allocation<attempt<kind> >
   int (*const attempts[])() = {ATTEMPT(0), ATTEMPT(1), ATTEMPT(2), ATTEMPT(3), ATTEMPT(4),
-                               ATTEMPT(5), ATTEMPT(6), ATTEMPT(7), ATTEMPT(8), ATTEMPT(9)};
-  for (int i = 0; i < 10; ++i) {
+                               ATTEMPT(5), ATTEMPT(6), ATTEMPT(7), ATTEMPT(8)};
+  for (int i = 0; i < 9; ++i) {
     const int made = attempts[i]();
     if (i < 5) CHECK_INT(made, least[i]);
     CHECK(made >= least[i]);

@@ -221,25 +221,18 @@ static void always_throws(void *object, int flags) {
   trace("~%d", (int)((element *)object - first));
   throw_int(flags);
 }
+/* Cookies that say nonsense: the total, the count, and the size that the caller gives. */
+enum { TOTAL = COUNT * SIZE };
+static const unsigned broken[][3] = {
+    {TOTAL + 1, ~COUNT, SIZE}, {TOTAL, COUNT, SIZE}, {TOTAL, ~COUNT, SIZE / 2}, {0, ~1u, 0}};
 static void end(void) {
-  unsigned words[4] = {0, ~1u, 0, 0};
-  write_cookie(COUNT, SIZE);
+  _ZSt13set_terminatePFvvE(terminated);
   test_trace[0] = 0;
   first = ELEMENTS;
-  _ZSt13set_terminatePFvvE(terminated);
-  switch (ending) {
-    case 0:
-      ++block.cookie.total;
-      __vec_delete(ELEMENTS, PLX_COUNT_FROM_COOKIE, SIZE, element_destroy, 1);
-      break;
-    case 1:
-      block.cookie.inverted_count = COUNT;
-      __array_delete(ELEMENTS, PLX_COUNT_FROM_COOKIE, SIZE, element_destroy, 0, 0);
-      break;
-    case 2: __vec_delete(ELEMENTS, PLX_COUNT_FROM_COOKIE, SIZE / 2, element_destroy, 1); break;
-    case 3: __vec_delete(words + 2, PLX_COUNT_FROM_COOKIE, 0, 0, 0); break;
-    default: __vec_delete(ELEMENTS, COUNT, SIZE, always_throws, 1);
-  }
+  if (ending == 4) __vec_delete(ELEMENTS, COUNT, SIZE, always_throws, 1);
+  block.cookie.total = broken[ending][0];
+  block.cookie.inverted_count = broken[ending][1];
+  __vec_delete(ELEMENTS, PLX_COUNT_FROM_COOKIE, broken[ending][2], element_destroy, 1);
 }
 
 int main(void) {

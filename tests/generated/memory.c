@@ -27,21 +27,9 @@ static NOINLINE void nested(int depth, int size) {
   CHECK(holds((char *)caught, size, depth));
   END_TRY
 }
-static NOINLINE void rethrown(int depth, int is_last) {
-  TRY(catch_big)
-  if (depth == 0) throw_big(100, 'r');
-  rethrown(depth - 1, 0);
-  HANDLERS
-  CHECK(holds((char *)caught, 100, 'r'));
-  if (!is_last) __rethrow();
-  END_TRY
-}
-
 /* ---- operator new: what comes out of each form, with each handler */
 
 #define TOO_MUCH 0xF0000000u
-static const a_base_class_spec exhausted_bases[] = {{&__TI_St9bad_alloc, 0, PLX_BASE_PUBLIC | PLX_BASE_LAST}};
-EMIT_CLASS(exhausted, "exhausted", exhausted_bases);
 /* Not inlined: a compiler may take an allocation away together with its release. */
 static NOINLINE void *plain(unsigned bytes) { return _Znwj(bytes); }
 static NOINLINE void *plain_array(unsigned bytes) { return _Znaj(bytes); }
@@ -57,8 +45,7 @@ static void *(*const forms[])(unsigned) = {plain, plain_array, nothrow, nothrow_
 
 /* The clause of what comes out; 4: null, 5: a block. */
 static NOINLINE int outcome(void *(*form)(unsigned), unsigned bytes) {
-  static const an_exception_type_specification clauses[] = {
-      {&exhausted, 0}, {&__TI_St9bad_alloc, 0}, {&__TI_i, PLX_TYPE_LAST}};
+  static const an_exception_type_specification clauses[] = {{&__TI_St9bad_alloc, 0}, {&__TI_i, PLX_TYPE_LAST}};
   volatile int result = 0;
   TRY(clauses)
   void *const block = form(bytes);
@@ -71,11 +58,6 @@ static NOINLINE int outcome(void *(*form)(unsigned), unsigned bytes) {
 static volatile int calls;
 static void third_time_gives_up(void) {
   if (++calls == 3) __default_new_handler();
-}
-static void throws_derived(void) {
-  ++calls;
-  __throw_setup(&exhausted, 16, 0);
-  __throw();
 }
 static void throws_int(void) {
   ++calls;
@@ -92,8 +74,10 @@ static void new_handlers(void) {
   static const struct {
     a_handler handler;
     int calls, thrown, quiet;
-  } cases[] = {{__default_new_handler, 0, 2, 4}, {0, 0, 2, 4},          {third_time_gives_up, 3, 2, 4},
-               {throws_derived, 1, 1, 4},        {throws_int, 1, 3, 3}, {finds_memory, 2, 5, 5}};
+    /* clang-format off */
+  } cases[] = {{__default_new_handler, 0, 1, 4}, {0, 0, 1, 4}, {third_time_gives_up, 3, 1, 4}, {throws_int, 1, 2, 2},
+               {finds_memory, 2, 5, 5}};
+  /* clang-format on */
   unsigned i, form;
   CHECK(_ZSt15set_new_handlerPFvvE(0) == __default_new_handler);
   _ZSt14set_unexpectedPFvvE(unexpected_int);
@@ -145,7 +129,6 @@ static void sizes(void) {
   CHECK(live_at_depth > live + 5 && heap_bytes - bytes == 8192u * (live_at_depth - live));
   nested(50, 9000);
   CHECK_INT(live_at_depth, live + 50);
-  rethrown(200, 1);
   CHECK_INT(heap_live, live);
 }
 
@@ -157,7 +140,6 @@ static void terminated(void) {
   if (++terminations == 1) {
     nested(3, 16);
     nested(3, 5000);
-    rethrown(1, 1);
   }
   printf("terminated %d, %d failed", terminations, test_failures);
   fflush(stdout);
@@ -198,8 +180,6 @@ int main(void) {
   nested(3, 0);
   nested(200, 100);
   nested(50, 9000);
-  nested(2, 70000);
-  rethrown(300, 1);
   new_handlers();
   CHECK_QUIET();
 #if HEAP_IS_COUNTED

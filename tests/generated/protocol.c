@@ -158,31 +158,17 @@ static const char *what_of_failure(const void *self) {
 static void no_destructor(void) {}
 static const a_base_class_spec failure_bases[] = {{&__TI_St9exception, 4, PLX_BASE_PUBLIC | PLX_BASE_LAST}};
 EMIT_CLASS(failure, "storage::failure", failure_bases);
-static const a_base_class_spec hidden_bases[] = {{&__TI_St9exception, 4, PLX_BASE_LAST}};
-EMIT_CLASS(hidden_failure, "storage::hidden", hidden_bases);
-static void throw_failure_of(const a_type_info_impl *type) {
+static void throw_failure(void) {
   static a_routine table[] = {0, 0, no_destructor, no_destructor, (a_routine)what_of_failure};
-  void **object = (void **)__throw_setup(type, 16, 0);
+  void **object = (void **)__throw_setup(&failure, 16, 0);
   memset(object, 0, 16);
   object[1] = (void *)(table + 2);
   __throw();
 }
 static void uncaught(void) {
   _ZSt13set_terminatePFvvE(variant % 2 ? 0 : (a_handler)abort);
-  switch (variant) {
-    case 0: throw_int(1); break;
-    case 1: throw_failure_of(&failure); break;
-    case 2: throw_failure_of(&hidden_failure); break;
-    case 3: __throw_bad_cast(); break;
-    case 4: __default_new_handler(); break;
-    case 5: __rethrow(); break;
-    case 6:
-      TRY(catch_fault) throw_fault(1);
-      HANDLERS __rethrow();
-      END_TRY
-      break;
-    default: THROW(type_fault, void *, PLX_TYPE_POINTER | PLX_TYPE_CONST | PLX_TYPE_VOLATILE, 0);
-  }
+  if (variant == 0) throw_failure();
+  THROW(type_fault, void *, PLX_TYPE_POINTER | PLX_TYPE_CONST | PLX_TYPE_VOLATILE, 0);
 }
 
 /* ---- broken stacks; the entries are static, so that the harm outlives who does it */
@@ -238,17 +224,12 @@ static void unknown_kind_while_unwinding(void) {
   harm = spoil;
   leave_harmful();
 }
-static void head_changed_while_unwinding(void) {
-  harm = leave_entry;
-  TRY(catch_all) leave_harmful();
-  HANDLERS END_TRY
-}
-static void head_changed_in_the_function(void) {
+static void head_changed(void) {
   harm = leave_entry;
   FUNCTION(harmful, both_addresses, 0)
   TRY(catch_all)
   REGION(0);
-  throw_int(1);
+  variant ? throw_int(1) : leave_harmful();
   HANDLERS END_TRY END_FUNCTION
 }
 static void handled_twice(void) {
@@ -296,15 +277,12 @@ static const struct {
     {not_moved, 0, 0, "1"}, {ends, 0, 3, "[] uncaught=0"}, {ends, 1, -SIGABRT, ""}, {ends, 2, 3, "[] uncaught=1"},
     {ends, 3, 3, "returned [] uncaught=0"}, {ends, 4, 3, "[] uncaught=0"}, {ends, 5, 3, "[] uncaught=0"},
     {parameter_fails, 0, 3, "[] uncaught=1"}, {parameter_fails, 1, 3, "[] uncaught=1"},
-    UNCAUGHT(0, "int"), UNCAUGHT(1, "storage::failure: disk is full"), UNCAUGHT(2, "storage::hidden"),
-    UNCAUGHT(3, "std::bad_cast: Bad Cast Exception"), UNCAUGHT(4, "std::bad_alloc: Allocation Failure"),
-    {uncaught, 5, -SIGABRT, "plx: terminated: throw; while no exception is being handled\n"},
-    UNCAUGHT(6, "fault"), UNCAUGHT(7, "fault const volatile*"), {without_throw, 0, ASSERTED(849)},
+    UNCAUGHT(0, "storage::failure: disk is full"), UNCAUGHT(1, "fault const volatile*"), {without_throw, 0, ASSERTED(849)},
     {without_throw, 1, ASSERTED(849)}, {without_throw, 2, ASSERTED(916)}, {without_throw, 3, ASSERTED(916)},
     {without_throw, 4, ASSERTED(916)}, {without_throw, 5, ASSERTED(1003)}, {without_throw, 6, ASSERTED(1387)},
     {bare_try_in_specification, 0, ASSERTED(1003)}, {bare_try, 0, 0, "bare1"},
-    {unknown_kind_while_unwinding, 0, ASSERTED(1055)}, {head_changed_while_unwinding, 0, ASSERTED(1099)},
-    {head_changed_in_the_function, 0, ASSERTED(1099)}, {handled_twice, 0, ASSERTED(1387)},
+    {unknown_kind_while_unwinding, 0, ASSERTED(1055)}, {head_changed, 0, ASSERTED(1099)}, {head_changed, 1, ASSERTED(1099)},
+    {handled_twice, 0, ASSERTED(1387)},
     {handled_twice, 1, ASSERTED(1399)}, {handled_twice, 2, ASSERTED(436)}, {debug_to_file, 0, ASSERTED(1449)},
     {_array_pointer_not_from_vec_new, 0, -SIGABRT, ""}, {__pure_virtual_called, 0, -SIGABRT, ""},
     {__main_called_more_than_once, 0, -SIGABRT, ""}, {__already_marked_for_destruction, 0, -SIGABRT, ""},

@@ -101,19 +101,14 @@ static void thrown(int i) {
 
 /* The order of the list decides; what comes after the last is not looked at; who fails leaves the object alone. */
 static void lists(void) {
-  typedef const an_exception_type_specification a_list[];
-  static a_list base_first = {{&two, 0}, {&both, LAST}};
-  static a_list derived_first = {{&both, 0}, {&two, LAST}};
-  static a_list all_first = {{0, PLX_TYPE_ELLIPSIS}, {&both, LAST}};
-  static a_list ended = {{&__TI_i, 0}, {&__TI_d, LAST}, {&both, LAST}};
-  static a_list failing_first = {{&two, PLX_TYPE_POINTER}, {&near, 0}, {&unrelated, 0}, {&both, LAST}};
+  static const an_exception_type_specification base_first[] = {{&two, 0}, {&both, LAST}};
+  static const an_exception_type_specification all_first[] = {{0, PLX_TYPE_ELLIPSIS}, {&both, LAST}};
+  static const an_exception_type_specification ended[] = {{&__TI_i, 0}, {&__TI_d, LAST}, {&both, LAST}};
+  static const an_exception_type_specification last[] = {{&two, PLX_TYPE_POINTER}, {&near, 0}, {&both, LAST}};
   CHECK(thrown_at(base_first, &both, 0) == 1 && moved == 12);
-  CHECK(thrown_at(derived_first, &both, 0) == 1 && moved == 0);
-  CHECK_INT(thrown_at(derived_first, &two, 0), 2);
   CHECK_INT(thrown_at(all_first, &both, 0), 1);
   CHECK_INT(thrown_at(ended, &both, 0), 0);
-  CHECK(thrown_at(failing_first, &both, 0) == 4 && moved == 0);
-  CHECK(thrown_at(catch_all, &both, PLX_TYPE_POINTER | PLX_TYPE_CONST) == 1 && moved == 0);
+  CHECK(thrown_at(last, &both, 0) == 3 && moved == 0);
 }
 /* Each handler has a value of its own, made from what was thrown; null stays null, also on its way to a virtual base.
  */
@@ -177,20 +172,14 @@ static void access_modes(void) {
     const a_type_info_impl *from, *to;
     const char *string;
     int mode, at, read;
-  } modes[] = {{&both, &one, "YYYY", 1, 4, 1},
-               {&both, &two, "YYYY", 1, 12, 2},
-               {&both, &one, "NY", 1, -1, 2},
-               {&both, &two, "NY", 1, 12, 2},
-               {&both, &two, "YN", 1, -1, 2},
-               {&private_last_one, &one, "YYYY", 1, 8, 2},
-               {&private_both, &both, "YYYY", 2, 0, 1},
-               {&private_both, &two, "YYYY", 1, 12, 3},
-               {&ambiguous_both, &one, "NNYY", 1, 4, 3},
-               {&ambiguous_one, &one, "YYYY", 1, -1, 1},
-               {&near, &two, "YY", 1, -1, 2},
-               {&both, &one, 0, 1, -1, 0},
-               {&near, &two, 0, 1, -1, 0},
-               {&both, &two, "NN", 0, 12, 0}};
+  } modes[] = {/* clang-format off */
+      {&both, &one, "YYYY", 1, 4, 1}, {&both, &two, "YYYY", 1, 12, 2}, {&both, &one, "NY", 1, -1, 2},
+      {&both, &two, "NY", 1, 12, 2}, {&both, &two, "YN", 1, -1, 2}, {&private_last_one, &one, "YYYY", 1, 8, 2},
+      {&private_both, &both, "YYYY", 2, 0, 1}, {&private_both, &two, "YYYY", 1, 12, 3},
+      {&ambiguous_both, &one, "NNYY", 1, 4, 3}, {&ambiguous_one, &one, "YYYY", 1, -1, 1},
+      {&near, &two, "YY", 1, -1, 2}, {&both, &one, 0, 1, -1, 0}, {&near, &two, 0, 1, -1, 0},
+      {&both, &two, "NN", 0, 12, 0}};
+  /* clang-format on */
   unsigned i;
   for (i = 0; i < sizeof modes / sizeof *modes; ++i) {
     char *string = (char *)modes[i].string;

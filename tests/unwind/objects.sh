@@ -88,34 +88,7 @@ for identity in '__attribute__((__weak__)):error' '__attribute__((__weak__)):err
     -o part$number.so 2> log || wrong "part.c does not build"
 done
 
-# What a constructor of C loaded before the program's start, and later gives way to others.
-cat > early.c << 'END'
-#include <dlfcn.h>
-void *early;
-__attribute__((constructor)) static void load(void) { early = dlopen("host/pass1.so", RTLD_NOW); }
-END
-cat > early.cpp << 'END'
-#include <cstdio>
-#include <dlfcn.h>
-extern "C" void *early;
-static void thrower(int n) { throw n; }
-int main() {
-  for (int i = 1; i < 5; ++i) {
-    void (*pass)(void (*)(int), int);
-    *(void **)&pass = dlsym(early, "pass");
-    for (int k = 0; k < 2; ++k) {
-      try { pass(thrower, i); } catch (int n) { std::printf("%d", n); }
-    }
-    dlclose(early);
-    char name[20];
-    std::sprintf(name, "host/pass%d.so", i % 4 + 1);
-    early = dlopen(name, RTLD_NOW);
-  }
-}
-END
-gcc -m32 -fPIC -shared early.c -o libearly.so
 table << 'END'
 plx-cc -O1 parts.c -ldl -o parts && ./parts => 1122211222221222221222221
-plx-c++ -O1 early.cpp -L. -learly -Wl,-rpath,. -o early && ./early => 11223344
 END
 finish

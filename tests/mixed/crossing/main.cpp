@@ -11,9 +11,8 @@
 
 #include "../../harness.h"
 
-#pragma clang diagnostic ignored "-Wpotentially-evaluated-expression"  // that it throws is tested
-#pragma clang diagnostic ignored "-Winaccessible-base"                 // ambiguous bases are tested
-#pragma clang diagnostic ignored "-Wexceptions"                        // and clauses that must be passed over
+#pragma clang diagnostic ignored "-Winaccessible-base"  // ambiguous bases are tested
+#pragma clang diagnostic ignored "-Wexceptions"         // and clauses that must be passed over
 
 struct secret : private first {};
 struct twice : first, joined {};
@@ -49,13 +48,6 @@ struct own_error : std::invalid_argument {
 struct own_exception : offset_base, std::exception {
   virtual const char *what() const throw() { return "own"; }
 };
-struct error {
-  int code;
-  explicit error(int c) : code(c) {}
-  error(const error &other) : code(other.code) {}
-  ~error() { trace("!%d", code); }
-};
-
 static void cpp_throws(int what) {
   static cpp_joined object;
   static int number = 8, *to_number = &number;
@@ -65,27 +57,22 @@ static void cpp_throws(int what) {
   object.two = 9;
   switch (what) {
     case 0: return;
-    case 1: throw 5;
-    case 2: throw "text";
-    case 3: throw static_cast<joined &>(object);
-    case 4: throw object;
-    case 5: throw static_cast<first &>(object);
-    case 6: throw &object;
-    case 7: throw static_cast<second *>(&object);
-    case 8: throw static_cast<const joined *>(&object);
-    case 9: throw own_error("bad");
-    case 10: ::operator new(0xF0000000u);
-    case 11: throw own_exception();
-    case 12: throw secret();
-    case 13: throw &number;
-    case 14: throw v;
-    case 15: throw static_cast<cpp_joined *>(0);
-    case 16: throw twice();
-    case 17: throw error(20);
-    case 18: throw static_cast<const volatile char *>("v");
-    case 19: throw &to_number;
-    case 20: throw static_cast<int first::*>(0);
-    case 21: throw static_cast<const int **>(0);
+    case 1: throw "text";
+    case 2: throw object;
+    case 3: throw &object;
+    case 4: throw static_cast<second *>(&object);
+    case 5: throw static_cast<const joined *>(&object);
+    case 6: throw own_error("bad");
+    case 7: ::operator new(0xF0000000u);
+    case 8: throw own_exception();
+    case 9: throw secret();
+    case 10: throw &number;
+    case 11: throw v;
+    case 12: throw static_cast<cpp_joined *>(0);
+    case 13: throw static_cast<const volatile char *>("v");
+    case 14: throw &to_number;
+    case 15: throw static_cast<int first::*>(0);
+    case 16: throw static_cast<const int **>(0);
   }
 }
 
@@ -111,23 +98,6 @@ static void cpp_catches(thrower throws, int what) {
   }
   // clang-format on
 }
-// By the class itself; an ambiguous or private base is passed over, and const pointers are taken by reference.
-static void own_classes_catch(thrower throws, int what) {
-  try {
-    throws(what);
-    // clang-format off
-  } catch (twice &t) { say("twice%d", t.three);
-  } catch (secret &) { say("secret");
-  } catch (joined &j) { say("joined%d", j.one + j.two * 10 + j.three * 100);
-  } catch (const joined *const &p) { say("joined*%d", p ? p->three : 0);
-  } catch (const char *const &p) { say("text=%s", p);
-  } catch (int **const &p) { say("int**%d", **p);
-  } catch (long long n) { say("%lld", n);
-  } catch (...) { say("any");
-  }
-  // clang-format on
-}
-
 static const struct {
   thrower throws;
   void (*catches)(thrower, int);
@@ -135,16 +105,13 @@ static const struct {
 } crossings[] = {
     {c_throws, cpp_catches,
      "nothing|int101|double2.5|text=from C|second2 ~1/2|any|second62|shared70 ~7/2|second*22|const void*|"
-     "second*0|bad_alloc|exception=Bad Cast Exception|any|int**44"},
-    {c_throws, own_classes_catch,
-     "|any|any|text=from C|joined321 ~1/2|secret|twice63|any ~7/2|joined*33|joined*33|joined*0|any|any|"
-     "78187493530|int**44"},
+     "second*0|bad_alloc|exception=Bad Cast Exception|int**44"},
     {c_throws, c_catches,
      "nothing|1:101|any|text=from C|3:2 ~1/2|any|3:62|11:70 ~7/2|second*22|any|second*0|bad_alloc|"
-     "exception8=Bad Cast Exception|any|int**44"},
+     "exception8=Bad Cast Exception|int**44"},
     {cpp_throws, c_catches,
-     "nothing|1:5|text=text|3:9|3:9|4:8|second*9|second*9|any|exception6=bad|bad_alloc|exception8=own|any|"
-     "void*|11:77|second*0|3:0|any !20|any|int**8|any|void*"},
+     "nothing|text=text|3:9|second*9|second*9|any|exception6=bad|bad_alloc|exception8=own|any|"
+     "void*|11:77|second*0|any|int**8|any|void*"},
 };
 
 static bool same(const std::type_info &a, const std::type_info &b) {
@@ -161,32 +128,19 @@ extern "C" const a_type_info_impl c_view_of_cpp_type, *const c_class;
 static void type_information() {
   struct derived : cpp_type {};
   derived object;
-  cpp_type *volatile p = &object;
+  cpp_type *volatile p = &object, &of_derived = object;
   CHECK(same(typeid(int), as_type_info(__TI_i)) && same(typeid(unsigned long long), as_type_info(__TI_y)));
   CHECK(same(typeid(void), as_type_info(__TI_v)) && same(typeid(std::exception), as_type_info(__TI_St9exception)));
   CHECK(same(typeid(cpp_type), as_type_info(c_view_of_cpp_type)));
   CHECK(different(typeid(long), as_type_info(__TI_i)) && different(typeid(int *), as_type_info(__TI_i)));
-  CHECK(different(typeid(*p), as_type_info(c_view_of_cpp_type)) && different(typeid(cpp_type), as_type_info(*c_class)));
+  CHECK(different(typeid(of_derived), as_type_info(c_view_of_cpp_type)) &&
+        different(typeid(cpp_type), as_type_info(*c_class)));
   CHECK_TEXT(as_type_info(*c_class).name(), "whole");
   CHECK(dynamic_cast<derived *>(p) == &object);
   CHECK_INT(c_casts(), 4);
 }
 
 static void uncaught() { c_throws(4); }
-
-// Static objects of both worlds, and functions that are given to atexit, end in one order.
-struct watched {
-  const char *name;
-  ~watched() { printf("%s ", name); }
-};
-static void at_exit() { printf("atexit "); }
-static void leave_in_order() {
-  static watched first = {"first"};
-  c_registers();
-  std::atexit(at_exit);
-  static watched last = {"last"};
-  exit(first.name == last.name);
-}
 
 int main() {
   for (unsigned i = 0; i < sizeof crossings / sizeof *crossings; ++i) {
@@ -200,14 +154,6 @@ int main() {
     }
   }
   type_information();
-  try {
-    c_failing_cast(1);
-  } catch (std::bad_cast &e) { trace("%s", e.what()); }
-  try {
-    c_failing_cast(0);
-  } catch (std::bad_typeid &e) { trace("%s.", e.what()); }
-  CHECK_TRACE("Bad Cast Exception .");
-  CHECK_ENDS(leave_in_order, 0, "last atexit c-function c-record first ");
   CHECK_ABORTS(uncaught, "plx: uncaught exception of type joined\n");
   return TEST_RESULT();
 }

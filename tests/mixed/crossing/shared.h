@@ -10,9 +10,7 @@ typedef void (*thrower)(int what);
 void say(const char *format, ...);
 void c_throws(int what);
 void c_catches(thrower throws, int what);
-void c_registers(void);
 int c_casts(void);
-void c_failing_cast(int what);
 const char *cpp_what(const void *exception);
 
 typedef struct first {

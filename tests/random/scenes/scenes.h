@@ -1,19 +1,23 @@
+/* clang-format off */
 /* Scenes: a small language about exceptions, and two worlds that play it with the same trace: generated C (world_c.c)
  * and C++ (world_cpp.cc). stage.c writes scenes at random and says which world plays which node; what is right, the
  * host's library says (../scenes.sh).
  *
  *   tXN{A}{B}  throws X with the number N: a fault (f), a class with a fault as base behind other members (s), before
- * 3000 bytes (b), as virtual (v) or hidden (h) base; an int (i), a double (d), a pointer to a fault (p). A runs while a
- * fault is constructed, B when it is destroyed ?X{A}{B}   A in a try block with the clauses X (see clauses()), B in its
- * handlers +N{A}{B}   A with a local object whose destructor runs B F{A}{B}    the same in one function with two
- * objects, one of them inside, which takes int and fault C{A}{B}    A in a constructor of two members, B in the
- * handlers of its function try block aN{A}{B}   B with an array of three, of which element N % 3 runs A while it is
- * constructed; on the heap from 3 on LN{A}      A called by the C++ or C library: by sort, set, vector, streambuf,
- * ostream, qsort, bsearch (C++ only) !X{A}      A in a function with an exception specification: int (i), int and fault
- * (m); in C++ only, which checks what the unexpected handler throws, int (o), int and bad_exception (b) JN{A}  j   A
- * behind a setjmp; a jump to it with the value N r  .N      throw; and a word in the trace
+ *              3000 bytes (b), as virtual (v) or hidden (h) base; an int (i), a double (d), a pointer to a fault (p).
+ *              A runs while a fault is constructed, B when it is destroyed
+ *   ?X{A}{B}   A in a try block with the clauses X (see `choices`), B in its handlers
+ *   +N{A}{B}   A with a local object whose destructor runs B
+ *   F{A}{B}    the same in one function with two objects, one of them inside, which takes int and fault
+ *   aN{A}{B}   B with an array of three, of which element N % 3 runs A while it is constructed; on the heap from 3 on
+ *   LN{A}      A called by the C++ or C library: by sort, set, vector, streambuf, ostream, qsort (C++ only)
+ *   !X{A}      A in a function with an exception specification: int (i), int and fault (m); in C++ only, which checks
+ *              what the unexpected handler throws, int (o), int and bad_exception (b)
+ *   JN{A}  j   A behind a setjmp; a jump to it with the value N
+ *   r  .N      throw; and a word in the trace
  *
  * A word of the trace ends in a star while std::uncaught_exception() is true. */
+/* clang-format on */
 #ifndef SCENES_H
 #define SCENES_H
 

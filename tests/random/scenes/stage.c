@@ -48,8 +48,8 @@ const char *block(const char *node, int which) {
 static const struct {
   char letter;
   int words, blocks;
-} shapes[] = {{'t', 3, 2}, {'?', 2, 2}, {'+', 2, 2}, {'a', 2, 2}, {'F', 1, 2}, {'C', 1, 2},
-              {'L', 2, 1}, {'!', 2, 1}, {'J', 2, 1}, {'r', 1, 0}, {'j', 1, 0}, {'.', 2, 0}};
+} shapes[] = {{'t', 3, 2}, {'?', 2, 2}, {'+', 2, 2}, {'a', 2, 2}, {'F', 1, 2}, {'L', 2, 1},
+              {'!', 2, 1}, {'J', 2, 1}, {'r', 1, 0}, {'j', 1, 0}, {'.', 2, 0}};
 static const char *after(const char *node) {
   int i = 0, blocks, depth = 0;
   while (shapes[i].letter != *node) ++i;
@@ -217,12 +217,12 @@ static void write_node(int depth, int flags) {
       break;
     case 10:
     case 11:
-      put("%c", "FC"[random_below(2)]);
+      put("F", 0);
       block_of(depth - 1, inside);
       block_of(depth - 1, in_handler);
       break;
     case 12:
-      put("L%d", random_below(7));
+      put("L%d", random_below(6));
       block_of(depth - 1, inside);
       break;
     default:
