@@ -13,7 +13,10 @@
 
 static long *const faults[] = {&tracked::copies_to_fail, &tracked::comparisons_to_fail, &allocation_to_fail};
 
-// A case is copied for each failure and made anew; the sum of what failed.
+// A case is copied for each failure and made anew; `kind` says which it is of its sort. The sum of what failed.
+struct failing {
+  unsigned int kind;
+};
 template <class Case> static int fail_each(const Case &of) {
   int sum = 0;
   for (int fault = 0; fault < 3 && test_failures < 5; ++fault)
@@ -31,7 +34,7 @@ template <class Case> static int fail_each(const Case &of) {
         const bool fired = *faults[fault] == 0;
         *faults[fault] = 0;
         const bool good = one.good(failed) && fired == failed;
-        if (!good) fprintf(stderr, "%s: failure %ld of kind %d\n", one.name(), n, fault);
+        if (!good) fprintf(stderr, "%s, kind %u: failure %ld of %d\n", __PRETTY_FUNCTION__, of.kind, n, fault);
         CHECK(good);
       }
       CHECK(tracked::live == live && live_blocks == blocks);
@@ -66,15 +69,11 @@ template <class T> static bool is_strong(const std::deque<T> &, unsigned int kin
 }
 template <class T> static bool is_strong(const std::list<T> &, unsigned int kind, int, int) { return kind < adds; }
 
-template <class S> struct changed {
+template <class S> struct changed : failing {
   typedef made_of<typename S::value_type> made;
-  unsigned int kind, before;
+  unsigned int before;
   int size, spare, p, some;
   S s;
-  const char *name() const {
-    static char text[100];
-    return sprintf(text, "sequence: %u at %d of %d, %d", kind, p, size, some), text;
-  }
   void make() {
     for (int i = 0; i < size + spare; ++i) s.push_back(made::make(i % 100 + 1));
     for (int i = 0; i < spare; ++i) s.pop_back();
@@ -106,18 +105,16 @@ struct reader : input_archetype<int> {
   reader(const int *at, const int **reached) : input_archetype<int>(at, reached) {}
   int operator*() const { return tracked::may_fail(tracked::copies_to_fail), input_archetype<int>::operator*(); }
 };
-struct bits {
-  int p;
+struct bits : failing {
   std::vector<bool> v;
-  const char *name() const { return "bits"; }
   void make() { v.assign(40, true); }
   void run(long *armed, long n) {
     const int from[9] = {0}, *reached = from;
     *armed = n;
-    v.insert(v.begin() + p, reader(from, &reached), reader(from + 9, 0));
+    v.insert(v.begin() + kind, reader(from, &reached), reader(from + 9, 0));
   }
   bool good(bool failed) {
-    return valid(v) && (failed ? v == std::vector<bool>(40, true) : v.size() == 49 && !v[p + 8]);
+    return valid(v) && (failed ? v == std::vector<bool>(40, true) : v.size() == 49 && !v[kind + 8]);
   }
 };
 
@@ -128,16 +125,14 @@ void *_take_scratch(size_t bytes) PLX_NOTHROW { return has_scratch ? malloc(byte
 void _give_scratch(void *block) PLX_NOTHROW { free(block); }
 }  // namespace __zor
 static bool greater(const tracked &a, const tracked &b) { return b < a; }
-struct sorted {
-  bool down;
+struct sorted : failing {
   std::list<tracked> a, b;
-  const char *name() const { return "list"; }
   void make() {
     for (int i = 0; i < 211; ++i) a.push_back(tracked(i * 37 % 211)), b.push_back(tracked(i));
   }
   void run(long *armed, long n) {
     *armed = n;
-    down ? (a.sort(greater), b.reverse(), a.merge(b, greater)) : (a.sort(), a.merge(b));
+    kind == 1 ? (a.sort(greater), b.reverse(), a.merge(b, greater)) : (a.sort(), a.merge(b));
   }
   bool good(bool failed) {
     int sum = 0;
@@ -150,31 +145,18 @@ struct sorted {
 
 // ---- Trees
 
-template <class K> struct number_as {
-  static K key(int n) { return K(n); }
-};
-template <> struct number_as<std::string> {
-  static std::string key(int n) { return std::string(30, 'a') + static_cast<char>(n); }
-};
-template <class K> static const K &key_of(const K &key) { return key; }
-template <class K, class T> static const K &key_of(const std::pair<const K, T> &element) { return element.first; }
-template <class K> static K element_of(const K *, int n) { return number_as<K>::key(n); }
+template <class K> static K element_of(const K *, int n) { return made_of<K>::make(n); }
 template <class K, class T> static std::pair<const K, T> element_of(const std::pair<const K, T> *, int n) {
-  return std::pair<const K, T>(number_as<K>::key(n), number_as<T>::key(n));
+  return std::pair<const K, T>(made_of<K>::make(n), made_of<T>::make(n));
 }
 template <class C, class K> static void index_by(C &, const K &) {}
 template <class K, class T> static void index_by(std::map<K, T> &map, const K &key) { map[key]; }
 
 enum { tree_operations = 11, into_range = 3 };
 
-template <class C> struct tree {
-  typedef number_as<typename C::key_type> as;
-  int operation;
+template <class C> struct tree : failing {
+  typedef made_of<typename C::key_type> as;
   C c, other, before;
-  const char *name() const {
-    static char text[40];
-    return sprintf(text, "tree: %d", operation), text;
-  }
   static typename C::value_type element(int n) { return element_of(static_cast<typename C::value_type *>(0), n); }
   void make() {
     for (int i = 0; i < 20; ++i) c.insert(element(i * 7 % 20));
@@ -183,9 +165,9 @@ template <class C> struct tree {
   }
   void run(long *armed, long n) {
     const typename C::value_type nine(element(9)), last(element(30));
-    const typename C::key_type key(as::key(9)), absent(as::key(25));
+    const typename C::key_type key(as::make(9)), absent(as::make(25));
     *armed = n;
-    switch (operation) {
+    switch (kind) {
       case 0: c.insert(nine); break;
       case 1: c.insert(c.end(), last); break;
       case 2: c.insert(c.begin(), last); break;
@@ -200,15 +182,15 @@ template <class C> struct tree {
     }
   }
   bool good(bool failed) {
-    const bool good = validate(c) + validate(other) == 0 && (!failed || operation == into_range || c == before);
+    const bool good = validate(c) + validate(other) == 0 && (!failed || kind == into_range || c == before);
     c.insert(element(27));
-    return good && validate(c) == 0 && c.count(as::key(27)) == 1;
+    return good && validate(c) == 0 && c.count(as::make(27)) == 1;
   }
 };
 template <class C> static int all_operations() {
   int sum = 0;
-  tree<C> one;
-  for (one.operation = 0; one.operation < tree_operations; ++one.operation) sum += fail_each(one);
+  tree<C> one = tree<C>();
+  for (one.kind = 0; one.kind < tree_operations; ++one.kind) sum += fail_each(one);
   return sum;
 }
 
@@ -217,11 +199,10 @@ template <class C> static int all_operations() {
 template class __zor::lw_vector<long>;
 template class __zor::lw_vector<void *>;
 
-struct own_array {
+struct own_array : failing {
   __zor::lw_vector<tracked> v;
-  const char *name() const { return "own array"; }
-  explicit own_array() {}
-  own_array(const own_array &) {}
+  own_array() {}
+  own_array(const own_array &) : failing() {}
   void make() {
     const long calls = allocation_calls, live = tracked::live;
     v.resize(0, tracked(1));
@@ -232,12 +213,9 @@ struct own_array {
     CHECK(&v[0] == block && tracked::live == live + 3 && allocation_calls == calls + 1);
     v[1] = tracked(8);
   }
-  void run(long *armed, long n) {
-    *armed = n;
-    v.resize(6, v[1]);  // a copy of one of its own
-  }
+  void run(long *armed, long n) { *armed = n, v.resize(6, v[1]); }  // a copy of one of its own
   bool good(bool failed) {
-    return v.size() == (failed ? 3 : 6) && v[2].key == 4 && v[1].key == 8 && (failed || v[5].key == 8);
+    return v[2].key == 4 && v[1].key == 8 && v.size() == (failed ? 3 : 6) && (failed || v[5].key == 8);
   }
 };
 
@@ -270,10 +248,10 @@ int main() {
 #if __cplusplus >= 201103L
   all_changes<std::vector<moving> >(), all_changes<std::deque<moving> >();
 #endif
-  for (bits one = bits(); one.p <= 40; one.p += 20) CHECK(fail_each(one) >= 9);
+  for (bits one = bits(); one.kind <= 40; one.kind += 20) CHECK(fail_each(one) >= 9);
   for (int i = 0; i < 4; ++i) {
     sorted both = sorted();
-    both.down = i % 2 != 0;
+    both.kind = i % 2;
     has_scratch = i < 2;
     CHECK(fail_each(both) > 300);
   }

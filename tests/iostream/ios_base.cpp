@@ -34,7 +34,7 @@ void first_state() {
   three buffer;
   stream good(&buffer), bad(0);
   CHECK(good.flags() == (b::skipws | b::dec) && good.precision() == 6 && good.width() == 0 && good.fill() == ' ');
-  CHECK(good && good.rdbuf() == &buffer && !good.tie() && bad.rdstate() == b::badbit && !bad && !bad.eof());
+  CHECK(good && good.rdbuf() == &buffer && !good.tie() && bad.rdstate() == b::badbit && !bad);
   CHECK(good.setf(b::hex, b::basefield) == (b::skipws | b::dec) && good.flags() == (b::skipws | b::hex));
   const int first = b::xalloc();
   CHECK_INT(b::xalloc(), first + 1);
@@ -117,9 +117,7 @@ void buffer_base() {
   CHECK(p.pubseekoff(0, b::cur) == std::streampos(-1) && p.pubseekpos(0) == -1 && p.pubsetbuf(0, 0) == &p);
   CHECK(p.pubsync() == 0 && p.sgetc() == -1 && p.sbumpc() == -1 && p.sputc('c') == -1 && p.in_avail() == 0);
   const std::streampos at = std::streampos(5) + 2;
-  const long long wide = 1;
-  CHECK(at - 3 == 4 && at - std::streampos(2) == 5 && at != 6 && sizeof at == 12 && at - 1ul == 6);
-  CHECK(at + sizeof(int) * 2u - 5u + 2ul - wide + wide == 12);
+  CHECK(at - 3 == 4 && at - std::streampos(2) == 5 && at != 6 && sizeof at == 12 && at - 1ul + 2u == 8);
   std::istreambuf_iterator<char> in(&d), end, none(0);
   CHECK(!in.equal(end) && in != end && none == end && *in == 'a' && *in++ == 'a');
   const std::istreambuf_iterator<char> second(in++);

@@ -6,6 +6,7 @@
 #include <stdio.h>
 #include <stdlib.h>
 
+#include <algorithm>
 #include <bitset>
 #include <complex>
 #include <iomanip>
@@ -49,6 +50,13 @@ struct an_operation {
 namespace operations {
 
 typedef std::ios_base base;
+
+// The place of a name in a list of them; behind it, when it is not there.
+inline unsigned place_of(const std::string &name, const std::string &list) {
+  const std::string::size_type at = (", " + list + ",").find(", " + name + ",");
+  return static_cast<unsigned>(std::count(list.begin(), list.begin() + std::min(at, list.size()), ',')) +
+         (at > list.size());
+}
 
 inline longest random_integer() {
   static const longest special[] = {0, 1, -1, 9, 10, 99, 32767, -32768, 65535, 2147483647, -2147483647 - 1};
@@ -159,6 +167,19 @@ template <class T> std::string in_number(std::istream &in, const char *format, b
   return text;
 }
 
+template <class T> std::string in_object(std::istream &in, T value) {
+  std::ostringstream to;
+  to.precision(9);
+  in >> value;
+  to << value;
+  return to.str();
+}
+
+inline void copy_rest(std::istream &from, std::ostream &to) {
+  const std::istreambuf_iterator<char> at(from), end;
+  std::copy(at, end, std::ostreambuf_iterator<char>(to));
+}
+
 template <class T> T as(const an_operation &o) { return static_cast<T>(o.integer); }
 
 // Takes so many characters.
@@ -192,11 +213,7 @@ inline std::string perform(std::iostream &s, const an_operation &o, bool compara
     case in_double: return in_number<double>(s, "%a", comparable, 77);
     case in_long_double: return in_number<long double>(s, "%La", comparable, 77);
     case in_pointer: return in_number<void *>(s, "%p", comparable, array);
-    case in_bool: {
-      bool b = o.n & 1;
-      s >> b;
-      return b ? "yes" : "no";
-    }
+    case in_bool: return in_number<bool>(s, "%d", comparable, o.n & 1);
     case in_char: s >> c; return std::string(1, c);
     case in_string:
     case get_string_line:
@@ -206,12 +223,9 @@ inline std::string perform(std::iostream &s, const an_operation &o, bool compara
       const std::string copy(o.n % 2 ? got : std::string()), before(copy.data(), copy.size());
       if (o.n % 3 == 0 && !got.empty()) got[0] = 'Z';
       if (s.width() > 0) s.width(1 + n);
-      if (o.what == in_string)
-        s >> got;
-      else if (o.what == get_string_line)
-        std::getline(s, got);
-      else
-        std::getline(s, got, o.c);
+      if (o.what == in_string) s >> got;
+      if (o.what == get_string_line) std::getline(s, got);
+      if (o.what == get_string_part) std::getline(s, got, o.c);
       return copy == before && got.data()[got.size()] == 0 ? got : "spoilt";
     }
     case in_array:
@@ -227,16 +241,10 @@ inline std::string perform(std::iostream &s, const an_operation &o, bool compara
     case ignore_some: s.ignore(o.width % 100 == 9 ? 2147483647 : o.n, o.n % 2 ? o.c : -1); return "";
     case read_some: s.read(array, n); return std::string(array, s.gcount() + (comparable ? 0 : 2));
     case get_line:
-      if (o.width % 2)
-        s.getline(array, comparable ? 11000 : n, o.c);
-      else
-        s.getline(array, comparable ? n + 2 : n);
+      o.width % 2 ? s.getline(array, comparable ? 11000 : n, o.c) : s.getline(array, comparable ? n + 2 : n);
       return std::string(array, strlen(array) + (comparable ? 0 : 3));
     case get_part:
-      if (!comparable && o.width % 2)
-        s.get(array, n);
-      else
-        s.get(array, comparable ? 11000 : n, o.c);
+      !comparable &&o.width % 2 ? s.get(array, n) : s.get(array, comparable ? 11000 : n, o.c);
       return std::string(array, strlen(array) + (comparable ? 0 : 3));
     case skip_space: s >> std::ws; return "";
     case take_and_give:
@@ -246,10 +254,7 @@ inline std::string perform(std::iostream &s, const an_operation &o, bool compara
     case give_back: s.unget(); return "";
     case get_buffer: {
       a_destination to(comparable ? 11000 : n);
-      if (o.c == '\n')
-        s.get(to);
-      else
-        s.get(to, o.c);
+      o.c == '\n' ? s.get(to) : s.get(to, o.c);
       return to.text;
     }
     case in_buffer: {
@@ -260,28 +265,14 @@ inline std::string perform(std::iostream &s, const an_operation &o, bool compara
     }
     case in_rest: {
       if (o.width % 8) return "";
-      std::istreambuf_iterator<char> from(s), end;
-      if (o.n % 2) return std::string(from, end);
+      if (o.n % 2) return std::string(std::istreambuf_iterator<char>(s), std::istreambuf_iterator<char>());
       std::ostringstream to;
-      std::copy(from, end, std::ostreambuf_iterator<char>(to));
+      copy_rest(s, to);
       return to.str();
     }
-    case enter: {
-      std::istream::sentry ok(s, o.n % 2 != 0);
-      return ok ? "in" : "out";
-    }
-    case in_bits: {
-      std::bitset<7> bits;
-      s >> bits;
-      return number("%lld", bits.to_ulong());
-    }
-    case in_complex: {
-      std::complex<float> z(7, 7);
-      s >> z;
-      char text[64];
-      sprintf(text, "%a %a", z.real(), z.imag());
-      return text;
-    }
+    case enter: return std::istream::sentry(s, o.n % 2 != 0) ? "in" : "out";
+    case in_bits: return in_object(s, std::bitset<7>());
+    case in_complex: return in_object(s, std::complex<float>(7, 7));
     case out_short: s << as<short>(o); break;
     case out_unsigned_short: s << as<unsigned short>(o); break;
     case out_int: s << as<int>(o); break;
@@ -310,15 +301,11 @@ inline std::string perform(std::iostream &s, const an_operation &o, bool compara
     }
     case out_copy: {
       std::istringstream from(o.text);
-      std::copy(std::istreambuf_iterator<char>(from), std::istreambuf_iterator<char>(),
-                std::ostreambuf_iterator<char>(s));
+      copy_rest(from, s);
       break;
     }
     case out_complex: s << std::complex<double>(o.real, o.n); break;
-    case leave: {
-      std::ostream::sentry ok(s);
-      return ok ? "in" : "out";
-    }
+    case leave: return std::ostream::sentry(s) ? "in" : "out";
     case move_get:
     case move_put: {
       // Also to the edges of stdio's buffers.

@@ -17,18 +17,14 @@ __extension__ typedef long long longest;
 __extension__ typedef unsigned long long unsigned_longest;
 
 // The text that is written, and the width that is left, into a buffer without room, with some, and with much.
-#define ROW(written, want, left)                                  \
-  for (int room = 0; room < 90; room += 1 + room * 7) {           \
-    scripted buffer("", 0, room);                                 \
-    std::ostream out(&buffer);                                    \
-    out.fill('*');                                                \
-    out << written;                                               \
-    const std::string text = buffer.taken();                      \
-    const bool same = text == std::string(want, sizeof want - 1); \
-    if (!same) fprintf(stderr, "  %s\n", text.c_str());           \
-    CHECK(same);                                                  \
-    CHECK_INT(out.width(), left);                                 \
-    CHECK(out.good());                                            \
+#define ROW(written, want, left)                                 \
+  for (int room = 0; room < 90; room += 1 + room * 7) {          \
+    scripted buffer("", 0, room);                                \
+    std::ostream out(&buffer);                                   \
+    out.fill('*');                                               \
+    out << written;                                              \
+    CHECK(buffer.taken() == std::string(want, sizeof want - 1)); \
+    CHECK(out.width() == left && out.good());                    \
   }
 
 void rows() {
@@ -67,18 +63,14 @@ void rows() {
 // A position that its class has moved beyond the end of the put area is no room.
 void beyond() {
   struct area : std::streambuf {
-    char own[9];
-    std::string more;
-    area() {
-      memset(own, '.', sizeof own);
-      setp(own, own + 4), pbump(6);
-    }
+    std::string own, more;
+    area() : own(9, '.') { setp(&own[0], &own[4]), pbump(6); }
     virtual int overflow(int c) { return more += static_cast<char>(c), c & 0xFF; }
   } a;
   std::ostream out(&a);
   out << "ab" << 'c' << 12 << 1.5 << std::setw(3) << "d" << std::setw(3) << 7 << std::string("s");
   out.put('e').write("fg", 2);
-  CHECK(memcmp(a.own, ".........", 9) == 0 && a.more == "abc121.5d    7sefg");
+  CHECK(a.own == "........." && a.more == "abc121.5d    7sefg");
 }
 
 // What the parts of the old sentry do, and single characters of a stream that failed.
@@ -89,33 +81,18 @@ void states() {
   CHECK(out.opfx());
   out.osfx(), out.setstate(b::eofbit);
   CHECK(!out.opfx() && out.rdstate() == b::eofbit && buffer.calls[syncs] == 1);
-  CHECK((out << 1).rdstate() == (b::eofbit | b::failbit) && buffer.calls[syncs] == 2);
   CHECK((out << 'c').rdstate() == (b::eofbit | b::failbit) && out.put('y').bad() && buffer.taken() == "");
-  out.clear(), out.tie(&out);
-  CHECK((out << 1).good());
 }
 
-// A buffer that is inserted: what is refused stays, none at all is a failure, and a file is copied behind itself.
+// A file is copied behind itself, and from one buffer over it to another.
 void buffers() {
-  for (int kind = 0; kind < 2; ++kind) {
-    scripted to, slow("abcdef");
-    std::stringbuf quick("abcdef");
-    std::streambuf &from = kind ? static_cast<std::streambuf &>(quick) : slow;
-    std::ostream out(&to);
-    to.most = 2;
-    out << std::setw(9) << &from;
-    CHECK(out.good() && out.width() == 9 && to.taken() == "ab" && from.sgetc() == 'c');
-    CHECK((out << &from).rdstate() == b::failbit && from.sgetc() == 'c');
-    out.clear();
-    CHECK_INT((out << static_cast<std::streambuf *>(0)).rdstate(), b::failbit);
-  }
   const own_file path("output", "0123456789");
   std::filebuf file;
   file.open(path.name(), b::in | b::out);
   std::ostream out(&file);
   file.pubseekpos(7);
   CHECK(out << &file && path.content().substr(0, 8) == "01234567" && path.content().size() >= 10);
-  {  // two buffers over one file, each of whose characters is read where the one before was written
+  {  // each of whose characters is read where the one before was written
     FILE *const shared = fopen(path.name(), "w+");
     fputs("abcdefghij", shared);
     rewind(shared);
@@ -130,25 +107,6 @@ void buffers() {
   asked.open(path.name(), b::in | b::out);
   CHECK(asked.sputn("AB", 2) == 2 && asked.in_avail() == 9 && asked.sputc('C') == 'C' && asked.sgetc() == 'd');
   CHECK(asked.close() && path.content() == "ABCdefghij!");
-  std::stringbuf text("text");
-  std::ifstream closed;
-  std::ostream nowhere(closed.rdbuf());
-  CHECK((nowhere << &text).rdstate() == b::failbit && text.sgetc() == 't');
-}
-
-// In an alphabet of the program's.
-struct coded : std::ctype<char> {
-  virtual char do_widen(char c) const { return static_cast<char>(c ^ 0x40); }
-  virtual const char *do_widen(const char *from, const char *end, char *to) const {
-    while (from != end) *to++ = do_widen(*from++);
-    return end;
-  }
-};
-void alphabet() {
-  std::ostringstream out;
-  out.imbue(std::locale(out.getloc(), new coded));
-  out << 12 << -3.5 << true << std::hex << 0xabu;
-  CHECK(out.str() == "qrms.uq!\"");
 }
 
 // What manipulators clear and set, and what those of one bit are undone by.
@@ -163,8 +121,7 @@ void manipulators() {
   static const int sets[] = {b::internal,  b::left,    b::right,      b::dec,       b::hex,
                              b::oct,       b::fixed,   b::scientific, b::boolalpha, b::showbase,
                              b::showpoint, b::showpos, b::skipws,     b::uppercase, b::unitbuf},
-                   clears[] = {adjust, adjust, adjust, base, base, base, form, form},
-                   bases[][2] = {{8, b::oct}, {10, b::dec}, {16, b::hex}, {0, 0}, {2, 0}, {-8, 0}};
+                   clears[] = {adjust, adjust, adjust, base, base, base, form, form};
   scripted buffer;
   std::iostream s(&buffer);
   for (int i = 0; i < 15; ++i) {
@@ -175,14 +132,12 @@ void manipulators() {
     s.flags(every);
     CHECK(i < 8 || ((s >> undo[i - 8]) && s.flags() == (every & ~sets[i])));
   }
-  for (int i = 0; i < 6; ++i) {
-    s.flags(b::dec | b::showbase), s << std::setbase(bases[i][0]);
-    CHECK_INT(s.flags(), bases[i][1] | b::showbase);
+  for (int i = -8; i <= 16; ++i) {
+    s.flags(b::dec | b::showbase), s << std::setbase(i);
+    CHECK_INT(s.flags(), (i == 8 ? b::oct : i == 10 ? b::dec : i == 16 ? b::hex : 0) | b::showbase);
   }
-  CHECK(s << std::setw(7) << std::setprecision(-3) << std::setfill(0x141));
+  CHECK(s >> std::setw(7) >> std::setprecision(-3) >> std::setfill(0x141));
   CHECK(s.width() == 7 && s.precision() == -3 && s.fill() == 0x41);
-  CHECK(s >> std::setw(9) >> std::setprecision(1) >> std::setfill('-'));
-  CHECK(s.width() == 9 && s.precision() == 1 && s.fill() == '-');
   s << std::setiosflags(b::hex | b::showbase) << std::resetiosflags(b::showbase);
   CHECK_INT(s.flags(), b::hex);
 }
@@ -194,7 +149,6 @@ int main() {
   beyond();
   states();
   buffers();
-  alphabet();
   manipulators();
   // Room that a stream gives its buffer beforehand is no text: there is no position in it.
   std::stringstream fresh;

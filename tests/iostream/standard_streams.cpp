@@ -27,7 +27,7 @@ std::string make_text() {
   return text + "no end";
 }
 
-enum { characters, blocks, lines, array_lines, iterators, by_stdio, stdio_blocks, buffer_out, buffer_in, all, means };
+enum { characters, blocks, lines, iterators, by_stdio, stdio_blocks, buffer_out, buffer_in, all, means };
 
 void filter(int which) {
   static char block[70001];
@@ -45,8 +45,6 @@ void filter(int which) {
         break;
       case lines:
         if (std::getline(cin, line)) cout << line << (cin.eof() ? "" : "\n");
-        break;
-      case array_lines:
         if (cin.getline(block, sizeof block)) cout.write(block, cin.gcount() - !cin.eof()) << (cin.eof() ? "" : "\n");
         break;
       case iterators: {
@@ -56,12 +54,10 @@ void filter(int which) {
         if (from == end) return;
         break;
       }
-      case by_stdio: {
-        const int c = i % 2 ? getchar() : cin.rdbuf()->sbumpc();
-        if (c == -1) return;
-        i % 3 ? putchar(c) : cout.rdbuf()->sputc(static_cast<char>(c));
+      case by_stdio:
+        if ((*block = static_cast<char>(i % 2 ? getchar() : cin.rdbuf()->sbumpc()), feof(stdin))) return;
+        i % 3 ? putchar(*block) : cout.rdbuf()->sputc(*block);
         break;
-      }
       case stdio_blocks:
         fwrite(block, 1, fread(block, 1, n, stdin), stdout);
         if (feof(stdin)) return;

@@ -57,7 +57,6 @@ template <class Buffer> void sizes() {
   for (int mode = out; mode <= (out | in); mode += in) {
     Buffer b(mode);
     std::ostream s(&b);
-    std::string all;
     for (unsigned i = 0; i < sizeof rows / sizeof *rows; ++i) {
       const std::string text(rows[i].n, static_cast<char>('a' + i));
       traced = true;
@@ -67,8 +66,6 @@ template <class Buffer> void sizes() {
       if (rows[i].how == 's') b.str(text);
       CHECK_TRACE(rows[i].blocks);
       traced = false;
-      all = rows[i].how == 's' ? text : i + 1 == sizeof rows / sizeof *rows ? text + all.substr(1) : all + text;
-      CHECK(b.str() == all);
     }
   }
 }
@@ -103,25 +100,19 @@ void strings() {
   const char *const block = b.block();
   b.str("ab");
   CHECK(b.block() == block && b.room() == 2);
-  b.str(std::string(64, 'x'));
-  CHECK(b.block() == block);  // 64 characters fill the block
-  b.str("");
-  CHECK(!b.block() && b.str() == "");
+  b.str(std::string(64, 'x'));  // which fill the block
+  CHECK(b.block() == block && (b.str(""), !b.block()) && b.str() == "");
   CHECK(appending.sputc('d') == 'd' && appending.str() == "abcd" && at_end.sputc('d') == 'd' && at_end.str() == "dbc");
   // Called with room left, overflow makes the area longer by a null character.
-  derived odd("abcdQ", in | out), only("ab", out);
+  derived odd("abcdQ", in | out);
   odd.str("abcd");
   CHECK(odd.overflow('x') == 'x' && odd.sputn("yz", 2) == 2 && odd.pubseekpos(3, in) == 3);
-  CHECK(only.overflow('x') == 'x' && only.sputn("yz", 2) == 2 && only.pubseekpos(0, out) == 0 && only.str() == "xyz");
-  CHECK(odd.pubseekoff(0, end, out) == 5 && odd.str() == std::string("xyzd\0", 5));
-  CHECK(odd.pubseekoff(1, cur) == -1 && odd.pubseekoff(1, beg) == 1 && odd.sgetc() == 'y' && odd.room() == 4);
-  // At the end of its room, it makes a block for what was written; what was read of the old one is forgotten, as far as
-  // the new one does not reach.
+  CHECK(odd.pubseekoff(0, end, out) == 5 && odd.str() == std::string("xyzd\0", 5) && odd.pubseekoff(1, cur) == -1);
+  CHECK(odd.pubseekoff(1, beg) == 1 && odd.sgetc() == 'y' && odd.room() == 4);
+  // At the end of its room, it makes a block for what was written; what was read of the old one is forgotten.
   derived smaller(std::string(191, 't'), in | out);
   CHECK(smaller.pubseekpos(191) == 191 && smaller.sputc('u') == 'u');
   CHECK(smaller.pubseekpos(0, out) == 0 && smaller.overflow('v') == 'v' && smaller.sgetc() == -1);
-  for (int i = 1; i < 80; ++i) smaller.sputc(static_cast<char>(i));
-  CHECK(smaller.sgetc() == 64 && smaller.in_avail() == 16 && smaller.str().size() == 80);
   // The block belongs to whoever has the areas; a move does not cut what was written into an array of the program's.
   char array[] = "....";
   {
@@ -131,9 +122,8 @@ void strings() {
     delete[] first, delete[] taken.take_block();
     taken.write_to(array, 4);
     CHECK(taken.sputn("1234", 4) == 4 && taken.pubseekpos(1, out) == 1 && taken.str() == "1234");
-    CHECK(taken.pubseekoff(0, end, out) == 4 && taken.str() == "1234" && taken.pubseekoff(0, beg, out) == 0);
-    CHECK(taken.str() == "1234" && taken.pubseekpos(4, out) == 4);
-    CHECK(taken.sputn("56789", 5) == 5 && taken.block() != array && taken.str() == "123456789");  // moves to a block
+    CHECK(taken.pubseekoff(0, end, out) == 4 && taken.sputn("56789", 5) == 5);
+    CHECK(taken.block() != array && taken.str() == "123456789");  // moves to a block
     taken.write_to(array, 4);
   }
   CHECK(memcmp(array, "1234", 4) == 0);
@@ -216,12 +206,10 @@ void arrays() {
   int i = 0, k = 0;
   CHECK(whole >> i >> i && part >> k >> k && i == 34 && k == 3 && whole.eof() && part.eof() && whole.str() == text);
   // seekg never changes the state, and does nothing to one that has failed.
-  static const int steps[][3] = {{0, beg, '1'}, {-1, end, '3'}, {9, beg, '3'}};
-  for (int n = 0; n < 4; ++n) {
-    if (n == 3) part.clear(std::ios_base::failbit);
-    n % 2 ? part.seekg(steps[n % 3][0], std::ios_base::seekdir(steps[n % 3][1])) : part.seekg(n == 0 ? 0 : 9);
-    CHECK(part.rdbuf()->sgetc() == (n ? '3' : '1') && part.rdstate() == (n < 3 ? part.eofbit : part.failbit));
-  }
+  CHECK(part.seekg(0).eof() && part.rdbuf()->sgetc() == '1' && part.seekg(9).eof());
+  CHECK(part.seekg(-1, end).eof() && part.rdbuf()->sgetc() == '3' && part.seekg(9, beg).eof());
+  part.clear(part.failbit);
+  CHECK(part.seekg(0).rdstate() == part.failbit && part.rdbuf()->sgetc() == '3');
   static const struct {
     const char *before, *written, *after;
     int mode;
@@ -235,11 +223,6 @@ void arrays() {
     s << all[n].written;
     CHECK(memcmp(text, all[n].after, 12) == 0);
   }
-  strcpy(text, "7 ");
-  std::strstream both(text, 8, in | out | app);
-  both << 42 << ' ';
-  CHECK(both >> i >> k && i == 7 && k == 42 && both.pcount() == 3);
-
   // 0..5 readable, 6..9 to be written. The read position moves, also before the move fails.
   strcpy(array, "0123456789");
   probe p(array, 4, array + 6);

@@ -7,12 +7,10 @@
 #include <termios.h>
 
 #include <fstream>
-#include <iostream>
-#include <string>
 
 #include "../buffers.h"
 #include "../harness.h"
-#include "../random.h"
+#include "operations.h"
 
 namespace {
 
@@ -22,49 +20,40 @@ int next() {
   return value;
 }
 
-void reads() { next(), next(); }
-void reads_lines() {
+// Reads what comes behind the prompt, in one of these ways, or after one of these changes.
+const int last_acts = 9;
+void last_act(int which) {
+  static char block[5000];
   std::string line;
-  while (line != "5") getline(std::cin, line);
+  int value = 0;
+  switch (which) {
+    case 0: break;
+    case 1:
+      while (line != "5") getline(std::cin, line);
+      return;
+    case 2: std::cin.rdbuf()->sgetn(block, sizeof block); return;
+    case 3:
+      while (value != 5 && scanf("%d", &value) == 1) continue;
+      return;
+    case 4:
+      while (getchar() != '5') continue;
+      return;
+    case 5: std::istream(new std::filebuf(stdin)).ignore(5); return;
+    case 6: std::cin.tie(0); break;
+    case 7: std::cout.setstate(std::ios::badbit); break;
+    case 8: std::cout.rdbuf(0); break;
+  }
+  next(), next();
 }
-void reads_block() {
-  char block[5000];
-  std::cin.rdbuf()->sgetn(block, sizeof block);
-}
-void scans() {
-  for (int value = 0; value != 5;)
-    if (scanf("%d", &value) != 1) break;
-}
-void gets_characters() {
-  while (getchar() != '5') continue;
-}
-void unties() {
-  std::cin.tie(0);
-  reads();
-}
-void fails() {
-  std::cout.setstate(std::ios::badbit);
-  reads();
-}
-void leaves_buffer() {
-  std::cout.rdbuf(0);
-  reads();
-}
-void reads_a_file() {
-  std::filebuf in(stdin);
-  std::istream(&in).ignore(5);
-}
-void (*const last_acts[])() = {reads,  reads_lines, reads_block,   scans,       gets_characters,
-                               unties, fails,       leaves_buffer, reads_a_file};
 
-void play(void (*last_act)(), bool buffered) {
+void play(int act, bool buffered) {
   if (!buffered) setvbuf(stdin, 0, _IONBF, 0);
   next();
   std::cout << "promp";
   next();
   std::cout << 't';
   next();
-  last_act();
+  last_act(act);
   _exit(0);
 }
 
@@ -81,7 +70,7 @@ std::string text_until(int from, const std::string &end) {
 
 void prompts() {
   for (unsigned way = 0; way < 4; ++way)
-    for (unsigned act = 0; act < sizeof last_acts / sizeof *last_acts; ++act) {
+    for (int act = 0; act < last_acts; ++act) {
       const bool at_terminal = way & 1, buffered = way & 2;
       int to[2], from[2];
       if (at_terminal) {
@@ -98,12 +87,12 @@ void prompts() {
         alarm(20);
         dup2(to[0], 0), dup2(from[1], 1);
         for (int i = 0; i < 2; ++i) close(to[i]), close(from[i]);
-        play(last_acts[act], buffered);
+        play(act, buffered);
       }
       CHECK(write(to[1], "1 2 3 4\n", 8) == 8);
       const std::string got = text_until(from[0], "prompt");
-      test_report(got == "prompt", __FILE__, __LINE__, "the prompt is there before the program waits");
-      if (got != "prompt") fprintf(stderr, "  got \"%s\" with last act %u, way %u\n", got.c_str(), act, way);
+      CHECK_TEXT(got.c_str(), "prompt");
+      if (got != "prompt") fprintf(stderr, "  with last act %d, way %u\n", act, way);
       CHECK(write(to[1], "5\n\4", at_terminal ? 3 : 2) > 1);
       if (!at_terminal) close(to[1]);
       int status = -1;
@@ -113,15 +102,10 @@ void prompts() {
     }
 }
 
-std::string decimal(int value) {
-  char text[12];
-  return std::string(text, sprintf(text, "%d", value));
-}
-
 // Everything goes to one file, which is what was written in the order in which it was written.
 void any_order() {
   std::string numbers, wanted;
-  for (int i = 0; i < 60000; ++i) numbers += decimal(i) + ' ';
+  for (int i = 0; i < 60000; ++i) numbers += operations::number("%lld", i) + ' ';
   const own_file input("turns.input", numbers), output("turns.output");
   CHECK(freopen(input.name(), "r", stdin) && freopen(output.name(), "a", stdout));
   const own_file other("turns.other");
@@ -134,12 +118,12 @@ void any_order() {
   const int errors = dup(2);
   dup2(fileno(stdout), 2);
   for (int i = 0; i < 60000; ++i) {
-    const std::string text = decimal(i) + '\n';
+    const std::string text = operations::number("%lld", i) + '\n';
     int value;
     switch (random_below(16)) {
       case 0: scanf("%d", &value), wrong += value != read++; continue;
       case 1: printf("%s", text.c_str()); break;
-      case 2: puts(decimal(i).c_str()); break;
+      case 2: puts(text.substr(0, text.size() - 1).c_str()); break;
       case 3: std::cerr << text; break;
       case 4: std::clog << i << std::endl; break;
       case 5: i % 64 ? std::cout << text : std::cout << text << std::flush; break;

@@ -1,6 +1,8 @@
 // Static objects that outlive the classic locale and use the default one in their destructors: they get a living one,
-// whether its first implementation is gone by then or held by others. Freed memory is overwritten here, so that use of
-// it shows.
+// whether its first implementation is gone by then or held by others. The C library overwrites what is freed here, so
+// that use of it shows.
+#include <malloc.h>
+
 #include <iostream>
 #include <locale>
 #include <new>
@@ -8,17 +10,8 @@
 
 #include "../harness.h"
 
-void *operator new(std::size_t bytes) {
-  std::size_t *const block = static_cast<std::size_t *>(malloc(bytes + 8));
-  *block = bytes;
-  return block + 2;
-}
-void operator delete(void *place) throw() {
-  if (!place) return;
-  std::size_t *const block = static_cast<std::size_t *>(place) - 2;
-  memset(place, 0xDD, *block);
-  free(block);
-}
+void *operator new(std::size_t bytes) throw(std::bad_alloc) { return malloc(bytes); }
+void operator delete(void *place) throw() { free(place); }
 
 static bool used_before;
 static std::locale *keeper;
@@ -42,8 +35,7 @@ struct late {
   ~late() {
     use(name);
     if (!keeper) return;
-    delete keeper;
-    keeper = 0;
+    delete keeper, keeper = 0;
     use("without keeper");
   }
 };
@@ -58,22 +50,17 @@ __attribute__((__destructor__)) static void at_unloading() {
   fflush(stdout);
 }
 
-static void plain() {
-  std::locale::classic();
-  exit(0);
-}
-static void with_a_keeper() {
-  keeper = new std::locale;
-  exit(0);
-}
-static void with_a_global() {
-  std::locale::global(std::locale(std::locale(), new std::ctype<char>));
+template <int how> static void end() {
+  if (how == 0) std::locale::classic();
+  if (how == 1) keeper = new std::locale;
+  if (how == 2) std::locale::global(std::locale(std::locale(), new std::ctype<char>));
   exit(0);
 }
 
 int main() {
-  CHECK_ENDS(plain, 0, "before last: C\nlast: C\nunloading: C\n");
-  CHECK_ENDS(with_a_keeper, 0, "before last: C\nwithout keeper: C\nlast: C\nunloading: C\n");
-  CHECK_ENDS(with_a_global, 0, "before last: *\nlast: *\nunloading: *\n");
+  mallopt(M_PERTURB, 0x22);
+  CHECK_ENDS(end<0>, 0, "before last: C\nlast: C\nunloading: C\n");
+  CHECK_ENDS(end<1>, 0, "before last: C\nwithout keeper: C\nlast: C\nunloading: C\n");
+  CHECK_ENDS(end<2>, 0, "before last: *\nlast: *\nunloading: *\n");
   return TEST_RESULT();
 }

@@ -13,38 +13,33 @@ struct money_rules {
 };
 
 template <bool Intl> struct chosen_money : std::moneypunct<char, Intl> {
-  typedef std::money_base::pattern pattern;
   explicit chosen_money(const money_rules &by) : rules_(by) {}
 
 protected:
   char do_decimal_point() const { return asked(), '.'; }
   char do_thousands_sep() const { return asked(), ','; }
-  std::string do_grouping() const { return asked(), rules_.grouping; }
-  std::string do_curr_symbol() const { return asked(), rules_.symbol; }
-  std::string do_positive_sign() const { return asked(), rules_.plus; }
-  std::string do_negative_sign() const { return asked(), rules_.minus; }
-  int do_frac_digits() const { return asked(), rules_.decimals; }
-  pattern do_pos_format() const {
-    asked();
+  std::string do_grouping() const { return asked().grouping; }
+  std::string do_curr_symbol() const { return asked().symbol; }
+  std::string do_positive_sign() const { return asked().plus; }
+  std::string do_negative_sign() const { return asked().minus; }
+  int do_frac_digits() const { return asked().decimals; }
+  std::money_base::pattern do_pos_format() const {
     static const char letters[] = "0 $-v";
-    static const std::money_base::part parts[] = {std::money_base::none, std::money_base::space,
-                                                  std::money_base::symbol, std::money_base::sign,
-                                                  std::money_base::value};
-    pattern made;
-    for (int i = 0; i < 4; ++i) made.field[i] = parts[strchr(letters, rules_.pattern[i]) - letters];
+    static const char parts[] = {std::money_base::none, std::money_base::space, std::money_base::symbol,
+                                 std::money_base::sign, std::money_base::value};
+    std::money_base::pattern made;
+    for (int i = 0; i < 4; ++i) made.field[i] = parts[strchr(letters, asked().pattern[i]) - letters];
     return made;
   }
-  pattern do_neg_format() const { return do_pos_format(); }
+  std::money_base::pattern do_neg_format() const { return do_pos_format(); }
 
 private:
-  void asked() const {
-    if (rules_.asked) rules_.asked();
-  }
+  const money_rules &asked() const { return rules_.asked ? rules_.asked() : void(), rules_; }
   const money_rules rules_;
 };
 inline std::locale with_money(const money_rules &rules) {
-  return std::locale(std::locale(std::locale::classic(), new chosen_money<false>(rules)),
-                     new chosen_money<true>(rules));
+  const std::locale local(std::locale::classic(), new chosen_money<false>(rules));
+  return std::locale(local, new chosen_money<true>(rules));
 }
 
 // Over strings.
@@ -53,9 +48,8 @@ typedef own_facet<std::money_put<char, money_out> > money_writer;
 typedef own_facet<std::money_get<char, const char *> > money_reader;
 
 struct money_stream : std::ios {
-  explicit money_stream(const std::locale &loc, int flags = 0) : std::ios(0) {
-    imbue(loc);
-    this->flags(std::ios_base::fmtflags(flags));
+  explicit money_stream(const std::locale &loc, int wanted = 0) : std::ios(0) {
+    imbue(loc), flags(std::ios_base::fmtflags(wanted));
   }
 };
 

@@ -1,14 +1,9 @@
 // numpunct and moneypunct: the values of each of the C library's locales are those of its localeconv, patterns are
 // those that its fields mean; names that are refused, the C library's locale afterwards, and memory that runs out.
 // data/money has amounts in each locale.
-#include <locale.h>
-
-#include <stdexcept>
 
 #include "../fail_allocation.h"
 #include "locale_check.h"
-#include "named_locales.h"
-#include "reading.h"
 
 using std::string;
 typedef own_facet<std::numpunct<char> > numbers;
@@ -46,21 +41,11 @@ static void check_locale(const char *name) {
   const std::numpunct<char> *const all[] = {&std::use_facet<std::numpunct<char> >(loc), &alone, &present,
                                             &std::use_facet<std::numpunct<char> >(by_name)};
   for (int i = 0; i < 4; ++i) check_numbers(*all[i], *c.decimal_point, *c.thousands_sep, c.grouping);
-  CHECK_INT(numbers("xx_DE").thousands_sep(), '.');
   CHECK_THROWS(std::runtime_error, "Invalid locale name\n", numbers("no such locale"));
-  CHECK_THROWS(std::runtime_error, "Invalid locale name\n", money("no such locale"));
   CHECK_THROWS(std::runtime_error, "Invalid locale name\n", international("no such locale"));
   CHECK_TEXT(setlocale(LC_ALL, 0), name);
   setlocale(LC_ALL, "C");
 }
-
-// Facets by name, made while the C library is in another locale.
-template <class Facet> struct naming {
-  naming() { setlocale(LC_ALL, "xx_FR"); }
-  ~naming() { setlocale(LC_ALL, "C"); }
-  void run() { const Facet indian("xx_IN"); }
-  void check(bool) { CHECK_TEXT(setlocale(LC_ALL, 0), "xx_FR"); }
-};
 
 int main() {
   for (int i = 0; i < 32; ++i) {
@@ -77,8 +62,7 @@ int main() {
   check_numbers(std::use_facet<std::numpunct<char> >(std::locale::classic()), '.', 0, "");
   check_numbers(numbers(), '.', ',', "");
   if (!named_locales_setup()) return TEST_RESULT();
-  static const char *const names[] = {"xx_DE", "xx_FR", "xx_IN", "xx_JP"};
-  for (int i = 0; i < 4; ++i) check_locale(names[i]);
+  check_locale("xx_DE"), check_locale("xx_FR"), check_locale("xx_IN"), check_locale("xx_JP");
   // A sign in parentheses is followed by "()"; the international form has one pattern.
   CHECK_TEXT(described(money("xx_IN")).c_str(), "46,44,2 Rs \3\2 + -() ?- v -?0v");
   CHECK_TEXT(described(international("xx_FR")).c_str(), "44,-30,3 EUR  \3  - ?-0v ?-0v");
@@ -89,7 +73,6 @@ int main() {
   CHECK_THROWS(std::runtime_error, "Invalid locale name\n", money("no such locale"));
   CHECK_TEXT(setlocale(LC_ALL, 0), mixture.c_str());
   setlocale(LC_ALL, "C");
-  CHECK(fail_each_allocation<naming<numbers> >() >= 3);
-  CHECK(fail_each_allocation<naming<money> >() >= 3);
+  CHECK(fail_each_allocation<naming<numbers> >() >= 3 && fail_each_allocation<naming<money> >() >= 3);
   return TEST_RESULT();
 }

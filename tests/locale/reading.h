@@ -23,6 +23,17 @@ template <class Base> struct own_facet : Base {
   ~own_facet() {}
 };
 
+struct chosen_punctuation : std::numpunct<char> {
+  const std::string sizes;
+  const char point;
+  explicit chosen_punctuation(const std::string &grouping, char p = '.') : sizes(grouping), point(p) {}
+  virtual char do_decimal_point() const { return point; }
+  virtual char do_thousands_sep() const { return ','; }
+  virtual std::string do_grouping() const { return sizes; }
+  virtual std::string do_truename() const { return "oui"; }
+  virtual std::string do_falsename() const { return sizes == "=" ? "oui" : "on ne sait pas"; }
+};
+
 // Shows its text in get areas of `step` characters.
 struct pieces : std::streambuf {
   std::string text;

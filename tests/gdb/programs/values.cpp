@@ -26,91 +26,16 @@ using namespace std;
 
 extern "C" void stop() { __asm__ volatile(""); }
 
-struct point {
-  int x, y;
-};
-struct named : public vector<int> {
+struct named : vector<int> {
   string name;
 };
-struct aligned_key {
-  char tag;
-  long double weight;
-  bool operator<(const aligned_key &other) const { return tag < other.tag; }
-};
-struct by_length {
-  bool operator()(const string &left, const string &right) const { return left.size() < right.size(); }
-};
 
-static void strings() {
+static void strings_and_values() {
   string empty, plain("hello"), copy(plain), zeros("a\0b", 3), quotes("say \"x\"\n"), reserved("r");
   string shared("shared"), second(shared), third(second), lengthy(300, 'x');
   reserved.reserve(100);
   string::iterator at = plain.begin() + 1;
   string &other = copy;
-  stop();
-}
-
-static void sequences() {
-  vector<int> none, numbers(3, 7);
-  numbers.reserve(8);
-  vector<string> words(2, "word");
-  vector<bool> flags(40);
-  flags[1] = flags[33] = true;
-  deque<int> queue_of_none, blocks;
-  for (int i = 0; i < 45; ++i) blocks.push_back(i);
-  blocks.push_front(-1);
-  list<string> no_links, links;
-  links.push_back("first");
-  links.push_back("second");
-  list<long double> wide(1, 2.5L);
-  stack<int> pile;
-  pile.push(4);
-  priority_queue<int> first_first;
-  first_first.push(2);
-  valarray<double> values(1.5, 2);
-  named derived;
-  derived.push_back(1);
-  derived.name = "base";
-  vector<int>::iterator number = numbers.begin();
-  vector<int>::reverse_iterator backwards = numbers.rbegin();
-  deque<int>::reverse_iterator backwards_in_blocks(blocks.begin() + 31);  // the first place of a block
-  list<string>::reverse_iterator backwards_over_links = links.rbegin();
-  vector<bool>::reverse_iterator backwards_over_flags(flags.begin() + 34);
-  std::reverse_iterator<const char *> backwards_over_text("ab" + 2);
-  vector<bool>::iterator flag = flags.begin() + 33;
-  deque<int>::iterator in_block = blocks.begin() + 20;
-  list<string>::iterator link = links.begin();
-  vector<point> points(1);
-  stop();
-}
-
-static void trees() {
-  map<string, int> ages, nobody, one, two;
-  ages["one"] = one["key"] = two["b"] = 1;
-  ages["two"] = two["a"] = 2;
-  ages["three"] = 3;
-  multimap<int, string> many;
-  many.insert(make_pair(3, "x"));
-  many.insert(make_pair(3, "y"));
-  map<string, short, by_length> lengths;
-  lengths["abc"] = 3;
-  set<long long> numbers;
-  for (int i = 0; i < 100; ++i) numbers.insert(i * 7 % 100);
-  set<aligned_key> keys;
-  const aligned_key key = {'k', 0.5L};
-  keys.insert(key);
-  multiset<string> words;
-  words.insert("w");
-  map<string, int>::iterator first = ages.begin(), end = ages.end();
-  map<string, int>::const_iterator end_of_none = nobody.end(), end_of_one = one.end(), end_of_two = two.end();
-  map<string, int>::iterator only = one.begin(), last_of_two = --two.end();
-  set<long long>::iterator last = --numbers.end();
-  set<long long>::reverse_iterator backwards = numbers.rbegin(), in_the_middle(numbers.find(64)),
-                                   backwards_end = numbers.rend();
-  stop();
-}
-
-static void values() {
   bitset<10> bits(5ul);
   bitset<70> wide;
   wide.set(69).set(32).set(0);
@@ -123,15 +48,65 @@ static void values() {
   stop();
 }
 
+static void sequences() {
+  vector<int> none, numbers(3, 7);
+  numbers.reserve(8);
+  vector<string> words(2, "word");
+  vector<bool> flags(40);
+  flags[1] = flags[33] = true;
+  deque<int> queue_of_none, blocks;
+  for (int i = -1; i < 45; ++i) blocks.push_back(i);
+  list<string> no_links, links(1, "first");
+  links.push_back("second");
+  list<long double> wide(1, 2.5L);
+  stack<int> pile(deque<int>(1, 4));
+  priority_queue<int> first_first(less<int>(), vector<int>(1, 2));
+  valarray<double> values(1.5, 2);
+  named derived;
+  derived.push_back(1);
+  derived.name = "base";
+  vector<int>::iterator number = numbers.begin();
+  vector<int>::reverse_iterator backwards = numbers.rbegin();
+  deque<int>::reverse_iterator backwards_in_blocks(blocks.begin() + 30);  // the first place of a block
+  list<string>::reverse_iterator backwards_over_links = links.rbegin();
+  vector<bool>::reverse_iterator backwards_over_flags(flags.begin() + 34);
+  std::reverse_iterator<const char *> backwards_over_text("ab" + 2);
+  vector<bool>::iterator flag = flags.begin() + 33;
+  deque<int>::iterator in_block = blocks.begin() + 20;
+  list<string>::iterator link = links.begin();
+  vector<pair<int, int> > points(1);
+  stop();
+}
+
+static void trees() {
+  map<string, int> ages, nobody, one, two;
+  ages["one"] = one["key"] = two["b"] = 1, ages["two"] = two["a"] = 2, ages["three"] = 3;
+  multimap<int, string> many;
+  many.insert(make_pair(3, "x")), many.insert(make_pair(3, "y"));
+  map<string, short, greater<string> > lengths;
+  lengths["abc"] = 3;
+  set<long long> numbers;
+  for (int i = 0; i < 100; ++i) numbers.insert(i * 7 % 100);
+  set<pair<char, long double> > keys;
+  keys.insert(make_pair('k', 0.5L));
+  multiset<string> words;
+  words.insert("w");
+  map<string, int>::iterator first = ages.begin(), end = ages.end();
+  map<string, int>::const_iterator end_of_none = nobody.end(), end_of_one = one.end(), end_of_two = two.end();
+  map<string, int>::iterator only = one.begin(), last_of_two = --two.end();
+  set<long long>::iterator last = --numbers.end();
+  set<long long>::reverse_iterator backwards = numbers.rbegin(), in_the_middle(numbers.find(64)),
+                                   backwards_end = numbers.rend();
+  stop();
+}
+
 // A program's own buffer and stream.
-class upper : public streambuf {
-public:
+struct upper : streambuf {
   upper() : count(7), room() { setp(room, room + sizeof room); }
   int count;
   char room[8];
 };
-class shouting : public ostream {
-public:
+struct shouting : ostream {
   shouting() : ostream(&letters) {}
   upper letters;
 };
@@ -147,16 +122,11 @@ static void streams() {
   int number = 0;
   in >> number;
   stringstream both("0123456789");
-  both.seekg(3);
-  both << "ab";
-  both.get();
-  istringstream failed("x");
-  failed >> number;
-  istringstream ended("1");
-  ended >> number;
+  both.seekg(3), both << "ab", both.get();
+  istringstream failed("x"), ended("1");
+  failed >> number, ended >> number;
   ostream none(0);
-  out.exceptions(ios::badbit | ios::failbit);
-  out.tie(&cout);
+  out.exceptions(ios::badbit | ios::failbit), out.tie(&cout);
   ostringstream empty, noted("start", ios::out | ios::ate);
   noted.iword(1) = 42;
   noted.register_callback(noticed, 0);
@@ -185,9 +155,8 @@ static void streams() {
 }
 
 int main() {
-  strings();
+  strings_and_values();
   sequences();
   trees();
-  values();
   streams();
 }

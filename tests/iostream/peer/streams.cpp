@@ -56,6 +56,25 @@ struct grouping : std::numpunct<char> {
   virtual std::string do_truename() const { return "yes"; }
 };
 
+// 'w' and the null character are white space, too; a line ends with ';', and digits may be others.
+struct letters : std::ctype<char> {
+  const int digits;
+  explicit letters(int other_digits) : std::ctype<char>(own_table()), digits(other_digits) {}
+  static const mask *own_table() {
+    static mask own[table_size];
+    std::copy(classic_table(), classic_table() + table_size, own);
+    own[int('w')] |= space, own[0] |= space;
+    return own;
+  }
+  virtual char do_widen(char c) const {
+    return static_cast<char>(c == '\n' ? ';' : c >= '0' && c <= '9' ? c ^ digits : c);
+  }
+  virtual const char *do_widen(const char *from, const char *end, char *to) const {
+    for (; from != end; ++from) *to++ = do_widen(*from);
+    return end;
+  }
+};
+
 // A file that is read and written in any order ends where an array does.
 // What was put back stands before the position, but never before the beginning; a move, a write and sync drop it.
 class array_file : public std::streambuf {
@@ -204,6 +223,8 @@ void reading(int round, bool comparable, const own_file &path) {
   all.add("derived string", &derived), all.add("derived file", &other_file);
   if (!text.empty()) all.add("array", &array), all.add("derived array", &other_array);  // else they have no end
   if (round % 4 == 0 && is_plx) all.tie();
+  for (unsigned k = 0; k < all.size() && round % 6 == 5; ++k)
+    all[k].imbue(std::locale(std::locale::classic(), new letters(0)));
   for (int i = 0; i < 30 && all.same(); ++i) {
     const an_operation o = random_operation(0, comparable ? comparable_reads : reads, comparable);
     one.calls[pbackfails] = 0;
@@ -234,6 +255,7 @@ void writing(int round, bool comparable, const own_file *path) {
   for (unsigned k = 0; k < all.size(); ++k) {
     const std::locale old = all[k].rdbuf()->getloc();
     if (groups) all[k].imbue(std::locale(std::locale::classic(), new grouping(round / 5)));
+    if (round % 5 == 2) all[k].imbue(std::locale(old, new letters(0x40)));
     all[k].rdbuf()->pubimbue(old);
   }
   if (round % 7 == 0 && is_plx) all.tie();

@@ -83,6 +83,8 @@ static string random_text(unsigned most) {
   return made;
 }
 
+static unsigned long place_in(string &s, string::iterator at) { return at - s.begin(); }
+
 static int sign(int order) { return order < 0 ? -1 : order > 0; }
 
 // Letters of either case are equal.
@@ -223,18 +225,11 @@ static void step(int number) {
         case 27: s.append(s.begin() + in, s.begin() + to), s.assign(s.begin() + in, s.begin() + to); break;
         case 28: s.insert(s.begin() + in, given.rbegin(), given.rend()), s.insert(s.begin() + in, 3, 'j'); break;
         case 29: s.insert(s.begin() + in, digits(int(a)), digits(8)); break;
-        case 30: {
-          const string::iterator put = s.insert(s.begin() + in, 'i');
-          result = (put - s.begin()) * 7;
-          const string::iterator left = s.erase(s.begin() + in / 2);
-          result += left - s.begin();
+        case 30:
+          result = place_in(s, s.insert(s.begin() + in, 'i')) * 7;
+          result += place_in(s, s.erase(s.begin() + in / 2));
           break;
-        }
-        case 31: {
-          const string::iterator left = s.erase(s.begin() + in, s.begin() + to);
-          result = left - s.begin();
-          break;
-        }
+        case 31: result = place_in(s, s.erase(s.begin() + in, s.begin() + to)); break;
         case 32: s.replace(s.begin() + in, s.begin() + to, what).replace(s.begin(), s.begin() + in, few, 'r'); break;
         case 33: s.replace(s.begin() + in, s.begin() + to, w).replace(s.begin(), s.begin() + in, w, 1); break;
         case 34: s.replace(s.begin() + in, s.begin() + to, b ? s.rbegin() : s.rend(), s.rend()); break;
