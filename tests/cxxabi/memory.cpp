@@ -89,7 +89,7 @@ static void throw_of_size(int size) {
   __throw();
 }
 static void full_blocks() {
-  for (int size = 3000; size < 4600; size += 8) try {
+  for (int size = 1000; size < 4600; size += 8) try {
       throw sized<20000>();
     } catch (sized<20000> &) {
       try {

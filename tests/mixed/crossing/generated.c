@@ -104,7 +104,7 @@ TYPE(base, 0, 0);
 TYPE(other, 0, 0);
 static const a_base_class_spec whole_bases[] = {{&base_type, 0, PUBLIC}, {&other_type, 8, END}};
 TYPE(whole, 0, whole_bases);
-const a_type_info_impl c_view_of_cpp_type = {PLX_TYPE_INFO_VTABLE, "cpp_type", _ZTS8cpp_type, 0};
+const a_type_info_impl c_view_of_cpp_type = {PLX_TYPE_INFO_VTABLE, "another name", _ZTS8cpp_type, 0};
 const a_type_info_impl *const c_class = &whole_type;
 static const a_virtual_table_slot base_table[] = {{0, 0, &base_type}}, whole_table[] = {{0, 0, &whole_type}},
                                   other_table[] = {{8, 0, &whole_type}};

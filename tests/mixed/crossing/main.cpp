@@ -82,11 +82,11 @@ static void cpp_catches(thrower throws, int what) {
     say("nothing");
     // clang-format off
   } catch (const int **) { say("const int**");
-  } catch (int **p) { say("int**%d", **p);
+  } catch (int **const &p) { say("int**%d", **p);
   } catch (int n) { say("int%d", n);
   } catch (double d) { say("double%g", d);
   } catch (char *) { say("wrong");
-  } catch (const char *s) { say("text=%s", s);
+  } catch (const char *const &s) { say("text=%s", s);
   } catch (second &s) { say("second%d", s.two);
   } catch (const first &f) { say("first%d", f.one);
   } catch (second *p) { say("second*%d", p ? p->two : 0);
