@@ -125,7 +125,7 @@ void _merge_neighbours(_Iterator _first, _Iterator _middle, _Iterator _last, _Di
   while (_m != 0 && _n != 0) {
     if (_m <= _n && _m <= _room) {
       __zor::_merge_forward(_first, _middle, _last, _buffer, _before,
-                            typename _truth<_partitioned_by_blocks<_Iterator>::value>::_type());
+                            typename _truth<_partitioned_as_scalars<_Iterator>::value>::_type());
       return;
     }
     if (_n <= _room) {

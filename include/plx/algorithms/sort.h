@@ -70,14 +70,14 @@ template <class _Iterator, class _Before> void _choose_pivot(_Iterator _first, _
 
 // ---- Partitions ----------------------------------------------------------------------------------------------------
 
-template <class _Iterator> struct _partitioned_by_blocks { static const bool value = false; };
-template <class _T> struct _partitioned_by_blocks<_T *> {
+template <class _Iterator> struct _partitioned_as_scalars { static const bool value = false; };
+template <class _T> struct _partitioned_as_scalars<_T *> {
   static const bool value = _is_arithmetic<_T>::value || _is_pointer<_T>::value;
 };
 
 // The pivot stands first and goes to its final place, which is returned: before it is less, after it is not less.
 // `_ordered` tells that nothing had to move.
-template <bool _by_blocks> struct _pivot_partition {
+template <bool _as_scalars> struct _pivot_partition {
   template <class _Iterator, class _Before>
   static _Iterator _run(_Iterator _first, _Iterator _last, _Before &_before, bool &_ordered) {
     _Iterator _left = _first, _right = _last;
@@ -182,7 +182,7 @@ void _quick_sort(_Iterator _first, _Iterator _last, _Before &_before, int _uneve
     }
     bool _ordered;
     const _Iterator _pivot =
-        _pivot_partition<_partitioned_by_blocks<_Iterator>::value>::_run(_first, _last, _before, _ordered);
+        _pivot_partition<_partitioned_as_scalars<_Iterator>::value>::_run(_first, _last, _before, _ordered);
     const _distance_type _left = _pivot - _first, _right = _last - _pivot - 1;
     if (_left < _n / 8 || _right < _n / 8) {
       if (--_uneven_allowed < 0) {
@@ -220,7 +220,7 @@ void _select(_Iterator _first, _Iterator _nth, _Iterator _last, _Before &_before
     }
     bool _ordered;
     const _Iterator _pivot =
-        _pivot_partition<_partitioned_by_blocks<_Iterator>::value>::_run(_first, _last, _before, _ordered);
+        _pivot_partition<_partitioned_as_scalars<_Iterator>::value>::_run(_first, _last, _before, _ordered);
     if (_pivot == _nth) return;
     const _distance_type _left = _pivot - _first, _right = _last - _pivot - 1;
     if (_left < _n / 8 || _right < _n / 8) {
