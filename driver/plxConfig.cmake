@@ -22,7 +22,7 @@ elseif(NOT TARGET plx::plx)
   # No imported library: CMake would take its place out of programs when it installs them. The folder plx-3 has empty
   # archives for the C++ libraries that compilers add.
   set_target_properties(plx::plx PROPERTIES
-    INTERFACE_COMPILE_OPTIONS "-m32;$<$<COMPILE_LANGUAGE:CXX>:-nostdinc++>"
+    INTERFACE_COMPILE_OPTIONS "-m32;$<$<COMPILE_LANGUAGE:CXX>:-nostdinc++;-fvisibility-inlines-hidden>"
     INTERFACE_INCLUDE_DIRECTORIES "${_plx_prefix}/include/plx-3"
     INTERFACE_LINK_OPTIONS "-m32;-L${_plx_lib};-L${_plx_lib}/plx-3;LINKER:--as-needed;LINKER:-rpath,${_plx_lib}"
     INTERFACE_LINK_LIBRARIES "$<$<LINK_LANGUAGE:CXX>:-lplx;-lgcc>;$<$<LINK_LANGUAGE:C>:-l:libplx.so.3;-Wl,-u,__zor_object_end;-l:libplx_start.a>")

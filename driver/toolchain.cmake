@@ -9,7 +9,7 @@ set(CMAKE_C_COMPILER "${_plx_prefix}/bin/plx-cc")
 set(CMAKE_CXX_COMPILER "${_plx_prefix}/bin/plx-c++")
 # The drivers do this by themselves; here it is for those who read compile_commands.json, such as clangd.
 set(CMAKE_C_FLAGS_INIT -m32)
-set(CMAKE_CXX_FLAGS_INIT "-m32 -std=gnu++98 -nostdinc++")
+set(CMAKE_CXX_FLAGS_INIT "-m32 -std=gnu++98 -nostdinc++ -fvisibility-inlines-hidden")
 set(CMAKE_C_STANDARD_INCLUDE_DIRECTORIES "${_plx_prefix}/include/plx-3")
 set(CMAKE_CXX_STANDARD_INCLUDE_DIRECTORIES "${_plx_prefix}/include/plx-3")
 # For find_package(plx).

@@ -4,13 +4,13 @@
 . "$PLX_SOURCE/tests/driver/common.bash"
 here=$PLX_SOURCE/tests/unwind
 [ -z "${PLX_SANITIZE:-}" ] || { echo "skipped: sanitizers bring the host's unwinder along"; exit 77; }
-g++ -m32 -O1 -fPIC -shared -DFOREIGN "$here/foreign.cc" -o libforeign.so || exit 1
+g++ -m32 -O0 -fPIC -shared -DFOREIGN "$here/foreign.cc" -o libforeign.so || exit 1
 common='~ours3 ~ours23 ours caught 3 ~ours13 theirs line 3 ours line 3 
 ~ours1 ~ours21 ours caught ours ~ours11 ~theirs1 ~ours21 ~ours11 ~theirs21 theirs caught theirs ~theirs11 
 ~ours2 ~ours22 ours caught 2 ~ours12 ~theirs2 ~ours22 ~ours12 ~theirs22 theirs caught 2 ~theirs12 '
 for compiler in g++ clang++-14; do
   command -v $compiler > /dev/null || continue
-  for flags in '-O2 -fPIE -pie' '-O2 -no-pie -std=gnu++98'; do
+  for flags in '-O2 -fPIE -pie' '-O0 -no-pie -std=gnu++98'; do
     # shellcheck disable=SC2086 # words
     PLX_CXX=$compiler plx-c++ -w $flags "$here/foreign.cc" -L. -lforeign -Wl,-rpath,. -o program 2> log ||
       { wrong "$compiler $flags: does not build"; continue; }
