@@ -17,7 +17,10 @@ static void throw_and_tell(const char *when) {
     local l = {when};
     if (*when == 'u') throw std::logic_error("before main");
     std::string("abc").at(100);
-  } catch (std::out_of_range &e) { printf(dynamic_cast<std::logic_error *>(&e) && e.what()[0] ? "range " : "wrong "); }
+  } catch (std::out_of_range &e) {
+    std::exception &base = e;
+    printf(dynamic_cast<std::logic_error *>(&base) && e.what()[0] ? "range " : "wrong ");
+  }
   fflush(stdout);
 }
 struct early {

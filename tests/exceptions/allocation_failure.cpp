@@ -25,12 +25,13 @@ template <int kind> struct attempt {
         case 3: static_cast<void>(std::runtime_error(source)); break;
         case 4: target = source; break;
         case 5: std::length_error::__throw(text);
-        case 6: by_expression();
+        case 6: by_expression(); break;
         case 7: try { by_expression();
           } catch (std::logic_error &e) {
             const std::logic_error copied(e);
             throw std::logic_error(std::string(copied.what()));
           }
+          break;
         case 8: local.insert(1000, "x");
       }
     } catch (const std::logic_error &e) {

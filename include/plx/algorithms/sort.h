@@ -103,7 +103,7 @@ template <bool _as_scalars> struct _pivot_partition {
 // moves on by one or by none. What is in descending order becomes ascending before, where branches are foreseen.
 template <> struct _pivot_partition<true> {
   template <class _T, class _Before> static _T *_run(_T *_first, _T *_last, _Before &_before, bool &_ordered) {
-    const _T _pivot = *_first;
+    _T _pivot = *_first;  // not constant: an order may take its arguments by reference
     _T *_left = _first + 1, *_right = _last;
     while (_left < _last && bool(_before(*_left, _pivot))) ++_left;
     while (_left < _right && !bool(_before(*(_right - 1), _pivot))) --_right;
@@ -111,7 +111,7 @@ template <> struct _pivot_partition<true> {
     for (; _left < _right && !bool(_before(*_left, _pivot)) && bool(_before(*(_right - 1), _pivot)); ++_left)
       std::swap(*_left, *--_right);
     for (_T *_at = _left; _at < _right; ++_at) {
-      const _T _value = *_at;
+      _T _value = *_at;
       *_at = *_left;
       *_left = _value;
       _left += bool(_before(_value, _pivot));
