@@ -85,9 +85,10 @@ template <class Part> static void change(ints a, const Part &part, size_t count)
   const ints &view = a;
   ints taken(count);
   taken = a[part], print_all(taken), print_all(ints(view[part]));
-#define CHANGE(symbol, n) a[part] symbol ints(some(count) + n), print_all(a)
-  CHANGE(=, 0), CHANGE(*=, 0), CHANGE(+=, 0), CHANGE(-=, 0), CHANGE(/=, 0), CHANGE(%=, 9);
-  CHANGE(^=, 0), CHANGE(|=, 0), CHANGE(&=, 999), CHANGE(<<=, -20), CHANGE(>>=, -20);
+#define CHANGE(symbol, values) a[part] symbol ints(values), print_all(a)
+#define BY(symbol) CHANGE(symbol, some(count))
+  BY(=), BY(*=), BY(+=), BY(-=), BY(/=), CHANGE(%=, some(count) + 9), BY(^=), BY(|=), CHANGE(&=, some(count) + 999);
+  BY(=), CHANGE(<<=, some(count) % 5), CHANGE(>>=, some(count) % 5);
   a[part] = 4, print_all(a);
   printf("\n");
 }
