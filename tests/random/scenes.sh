@@ -30,6 +30,8 @@ done
 export ASAN_OPTIONS=detect_stack_use_after_return=1:detect_leaks=0
 [ -n "${PLX_SANITIZE:-}" ] || plays sanitized $((count / 4)) "${both[@]}" -O1 -fsanitize=address
 
+# An end by abort stays one.
+export ASAN_OPTIONS=detect_leaks=0:handle_abort=0 UBSAN_OPTIONS=handle_abort=0
 while read -r worlds row; do
   IFS='|' read -r scene unexpected terminate <<< "${row%% => *}"
   for program in c0 c2 both-*; do
