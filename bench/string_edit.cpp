@@ -102,19 +102,10 @@ unsigned long const_index(unsigned long iterations) {
   return sum;
 }
 
-unsigned long index_for_writing(unsigned long iterations) {
+template <void (*change)(std::string &)> unsigned long change_letters(unsigned long iterations) {
   std::string text(1000, 'x');
   for (unsigned long i = 0; i < iterations; ++i) {
-    next_letters(text);
-    BENCH_TOUCH(&text);
-  }
-  return sum_of(text);
-}
-
-unsigned long iterate_for_writing(unsigned long iterations) {
-  std::string text(1000, 'x');
-  for (unsigned long i = 0; i < iterations; ++i) {
-    next_letters_by_iterator(text);
+    change(text);
     BENCH_TOUCH(&text);
   }
   return sum_of(text);
@@ -131,8 +122,8 @@ const bench_case cases[] = {
     {"a + b + c, 90 characters in all", 1, 1, concatenate_lines},
     {"folder + \"/\" + name", 1, 1, concatenate_path},
     {"operator[] in a loop, const", 1, 1000, const_index},
-    {"operator[] in a loop, for writing", 0.9, 1000, index_for_writing},
-    {"iterators in a loop, for writing", 0.9, 1000, iterate_for_writing},
+    {"operator[] in a loop, for writing", 0.9, 1000, change_letters<next_letters>},
+    {"iterators in a loop, for writing", 0.9, 1000, change_letters<next_letters_by_iterator>},
 };
 
 }  // namespace

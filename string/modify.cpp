@@ -39,15 +39,20 @@ void write_moved(char *gap, text_source source, unsigned n, bool inside) {
 }
 void write_moved(char *gap, fill_source source, unsigned n, bool) { source.write(gap, n); }
 
+// Ends a change in a private representation's own room: references into it are none any more.
+inline void changed_in_place(b_str_ref *rep, unsigned length, unsigned capacity) {
+  set_length(rep, length);
+  rep->capacity = capacity;
+  rep->count = 1;
+}
+
 template <class Source> void assign(b_str_ref *&rep, Source source, unsigned n) {
   if (n == _string_npos) fail_length();
   if (_string_is_private(rep)) {
     const unsigned capacity = rep->capacity <= n ? capacity_for(n) : rep->capacity;
     if (has_room(rep, n, capacity)) {
       source.write(rep->data, n);
-      set_length(rep, n);
-      rep->capacity = capacity;
-      rep->count = 1;
+      changed_in_place(rep, n, capacity);
       return;
     }
   }
@@ -66,9 +71,7 @@ template <class Source> void append(b_str_ref *&rep, Source source, unsigned n) 
     const unsigned capacity = new_length >= rep->capacity ? capacity_for(new_length) : rep->capacity;
     if (has_room(rep, new_length, capacity)) {
       source.write(rep->data + length, n);
-      set_length(rep, new_length);
-      rep->capacity = capacity;
-      rep->count = 1;
+      changed_in_place(rep, new_length, capacity);
       return;
     }
     room = grown_room(rep);
@@ -107,9 +110,7 @@ template <class Source> void exchange(b_str_ref *&rep, unsigned pos, unsigned xl
         move_characters(at + n, at + xlen, tail);
         source.write(at, n);
       }
-      set_length(rep, new_length);
-      rep->capacity = capacity;
-      rep->count = 1;
+      changed_in_place(rep, new_length, capacity);
       return;
     }
     room = grown_room(rep);
@@ -158,9 +159,7 @@ template <class Source> void replace(b_str_ref *&rep, unsigned pos, unsigned n1,
     erase(rep, pos, xlen);
   } else if (xlen == n2 && _string_is_private(rep) && has_room(rep, length + n2, capacity)) {
     source.write(rep->data + pos, n2);  // nothing moves, so the source may lie anywhere
-    set_length(rep, length);
-    rep->capacity = capacity;
-    rep->count = 1;
+    changed_in_place(rep, length, capacity);
   } else {
     exchange(rep, pos, xlen, source, n2);
   }
@@ -201,9 +200,7 @@ void _string_resize(b_str_ref *&rep, unsigned n, char c) {
     const unsigned capacity = rep->capacity < n ? capacity_for(n) : rep->capacity;
     if (has_room(rep, n, capacity)) {
       fill_characters(rep->data + kept, n - kept, c);
-      set_length(rep, n);
-      rep->capacity = capacity;
-      rep->count = 1;
+      changed_in_place(rep, n, capacity);
       return;
     }
     room = grown_room(rep);

@@ -29,12 +29,7 @@ PLX_NOINLINE b_str_ref *make_filled(unsigned n, char c) {
 
 PLX_NOINLINE b_str_ref *make_other(const char *text, unsigned n) {
   if (n == _string_npos) fail_out_of_range();
-  if (!text) return make_filled(n, 0);
-  b_str_ref *rep = make_representation(capacity_for(n));
-  memcpy(own_buffer(rep), text, n);
-  rep->length = n;
-  own_buffer(rep)[n] = 0;
-  return rep;
+  return text ? make_text(text, n) : make_filled(n, 0);
 }
 
 }  // namespace

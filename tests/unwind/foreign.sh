@@ -1,5 +1,5 @@
 #!/bin/bash
-# A C library that holds the host's C++ library and unwinder, linked: each side works, exceptions of the one are
+# A C library that holds the host's C++ library and unwinder, linked and opened: each side works, exceptions of the one are
 # none to the other, and our frames are cleaned up when the other unwinder passes (foreign.cc).
 . "$PLX_SOURCE/tests/driver/common.bash"
 here=$PLX_SOURCE/tests/unwind
@@ -10,9 +10,11 @@ common='~ours3 ~ours23 ours caught 3 ~ours13 theirs line 3 ours line 3
 ~ours2 ~ours22 ours caught 2 ~ours12 ~theirs2 ~ours22 ~ours12 ~theirs22 theirs caught 2 ~theirs12 '
 for compiler in g++ clang++-14; do
   command -v $compiler > /dev/null || continue
-  for flags in '-O2 -fPIE -pie' '-O0 -no-pie -std=gnu++98'; do
+  for flags in '-O2 -fPIE -pie' '-O0 -no-pie -std=gnu++98' '-O0 -DOPENED'; do
+    library="-L. -lforeign -Wl,-rpath,."
+    [ "${flags%OPENED}" = "$flags" ] || library=
     # shellcheck disable=SC2086 # words
-    PLX_CXX=$compiler plx-c++ -w $flags "$here/foreign.cc" -L. -lforeign -Wl,-rpath,. -o program 2> log ||
+    PLX_CXX=$compiler plx-c++ -w $flags "$here/foreign.cc" $library -o program 2> log ||
       { wrong "$compiler $flags: does not build"; continue; }
     while IFS=: read -r how status end; do
       { ./program "$how"; } > got 2>&1
