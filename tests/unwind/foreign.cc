@@ -84,6 +84,7 @@ int main(int, char **argv) {
     std::printf("\n");
   }
   switch (argv[1][0]) {
+    case 'e': leave(3);
     case 'c': their_catches(leave, 3);
     case 'n': let_none_pass(1);
     case 'u': their_catches(our_throws, 1);

@@ -22,6 +22,7 @@ for compiler in g++ clang++-14; do
       [ "$(head -n 3 got)" = "$common" ] && grep -q -- "$end" got || wrong "$compiler $flags, $how: $(cat got)"
     done << 'END'
 -:0:the library ends
+e:0:~ours3 the library ends
 c:0:~ours3 ~theirs23 ~theirs13 the library ends
 n:134:terminate
 u:134:uncaught exception of type std::runtime_error: ours

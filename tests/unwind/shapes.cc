@@ -1,5 +1,7 @@
 // Frames of every shape that an exception passes and is caught in; prints what happened and what locals held
 // afterwards.
+#include <alloca.h>
+
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
@@ -11,6 +13,7 @@
 typedef void (*callback)(int);
 extern "C" {
 void plain_c(callback f, int n);
+void nested_c(callback f, int n);
 void registers_c(callback f, int n);
 void with_cleanup_c(callback f, int n);
 }
@@ -29,6 +32,22 @@ static callback volatile hidden = leaf;
 static int value(int n) {
   hidden(n);
   return n + zero;
+}
+
+static void variable_length(int n) {
+  char array[n * 10 + zero];
+  std::memset(array, n, sizeof array);
+  noisy local(1);
+  char *const block = static_cast<char *>(alloca(n * 100));
+  block[0] = 3;
+  try {
+    int inner[n + zero];
+    inner[0] = n;
+    hidden(inner[0]);
+  } catch (int) {
+    std::printf("array %d %d ", array[n * 10 - 1], block[0]);
+    throw;
+  }
 }
 
 struct __attribute__((__aligned__(64))) wide {
@@ -65,13 +84,51 @@ static void arguments(int n) {
   }
 }
 
+__attribute__((__cold__)) static void APART unlikely(int n) {
+  noisy local(8);
+  hidden(n);
+}
+static void split(int n) {
+  noisy first(9);
+  for (int i = 0; i < 3; ++i) {
+    if (__builtin_expect(i == 2, 0)) {
+      noisy second(10);
+      try {
+        unlikely(n);
+      } catch (int k) {
+        std::printf("cold %d ", k);
+        unlikely(n);
+      }
+    }
+    value(0);
+  }
+}
+
+__attribute__((__regparm__(3))) static int APART by_registers(int a, int b, int c) {
+  noisy local(a);
+  return value(b) + c;
+}
+__attribute__((__fastcall__)) static int APART fast(int a, int b, int c) {
+  noisy local(b);
+  return by_registers(a, b, c) + c;
+}
+__attribute__((__stdcall__)) static int APART popped_by_callee(int a, int b, int c) {
+  noisy local(c);
+  return fast(a, b, c) + b;
+}
+static void conventions(int n) { popped_by_callee(11, n, 12); }
+
 static void in_plain_c(int n) {
   noisy local(16);
   plain_c(hidden, n);
 }
+static void in_nested_c(int n) {
+  noisy local(17);
+  nested_c(in_plain_c, n);
+}
 static void in_registers_c(int n) {
   noisy local(18);
-  registers_c(in_plain_c, n);
+  registers_c(in_nested_c, n);
 }
 static void in_cleanup_c(int n) { with_cleanup_c(in_plain_c, n); }
 
@@ -145,7 +202,8 @@ int main() {
     const char *name;
     callback run;
   } shapes[] = {// clang-format off
-      {"realigned", realigned}, {"arguments", arguments}, {"C", in_plain_c},
+      {"variable length", variable_length}, {"realigned", realigned}, {"arguments", arguments}, {"hot and cold", split},
+      {"conventions", conventions}, {"C", in_plain_c}, {"nested C", in_nested_c},
       {"registers of C", in_registers_c}, {"C that cleans up", in_cleanup_c}, {"signals", signals},
       {"coroutines", coroutines}, {"pushed", pushed}};
   // clang-format on

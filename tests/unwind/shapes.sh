@@ -25,7 +25,8 @@ done << 'LIST'
 -O2 -fPIE -pie
 -Os -fomit-frame-pointer
 -O2 -mstackrealign -msse2 -mfpmath=sse
--O3 -fPIC -flto
+-O3 -fPIC -Wl,-z,now
+-O2 -flto
 -O2 -static
 -O2 -static-pie -fPIE
 -O1 -ffunction-sections -Wl,--gc-sections -std=gnu++98

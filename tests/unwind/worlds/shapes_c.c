@@ -7,6 +7,20 @@ void plain_c(callback f, int n) {
   kept = 0;
 }
 
+static __attribute__((__noinline__)) void call(callback f, int n) {
+  f(n);
+  __asm__("" ::: "memory");
+}
+void nested_c(callback f, int n) {
+  volatile int kept = n;
+  void inner(int k) {
+    f(k);
+    kept = k;
+  }
+  call(inner, n);
+  kept = 0;
+}
+
 void registers_c(callback f, int n) {
   int a = n, b = n * 2, c = n * 3;
   __asm__("" : "+b"(a), "+S"(b), "+D"(c));
