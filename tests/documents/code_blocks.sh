@@ -40,11 +40,9 @@ split() {
     }
     inside && $0 == fence { inside = 0; close(target); blank = 1; next }
     inside { print substr($0, indent + 1) > target; next }
-    /^ *```/ {
-      match($0, /^ */); indent = RLENGTH
-      fence = substr($0, 1, indent) "```"
-      inside = 1
-      target = begin(substr($0, indent + 4))
+    match($0, /^ *```/) {
+      indent = RLENGTH - 3; fence = substr($0, 1, RLENGTH); inside = 1
+      target = begin(substr($0, RLENGTH + 1))
       next
     }
     /^(    |\t)/ && blank && !list { fault("a block without a fence") }
@@ -67,21 +65,20 @@ build() {
     $(attribute with) -o program > log 2>&1
 }
 
-# lacks: is there no command or file of the prefix that the block needs?
-lacks() {
+# missing: the commands and files of the prefix that the block needs and that are not there.
+missing() {
   local tool
   for tool in $(attribute needs); do
-    case $tool in /*) [ -f "$PLX$tool" ] ;; *) command -v "$tool" > /dev/null ;; esac || { echo "$where: not run: there is no $tool"; return; }
+    case $tool in /*) [ -f "$PLX$tool" ] ;; *) command -v "$tool" > log ;; esac || echo "$tool"
   done
-  return 1
 }
 
 ran=0
 # run_block: what it printed is in `printed`.
 run_block() {
-  local status refused command=(timeout 200 sh -eu "./$file")
+  local status refused command="timeout 200 sh -eu ./$file"
   if [ "$kind" != sh ]; then
-    command=(timeout 60 ./program)
+    command="timeout 60 ./program"
     rm -f program
     refused=$(attribute refused)
     if build; then
@@ -91,11 +88,11 @@ run_block() {
     fi
     [ -x program ] || return
   fi
-  { "${command[@]}" > printed 2>&1 < /dev/null; } 2> log
+  { $command > printed 2>&1 < /dev/null; } 2> log
   status=$?
   ran=$((ran + 1))
   cp printed log
-  [ $status -eq "$(attribute status | grep . || echo 0)" ] || wrong "$where: status $status"
+  [ "$status" = "$(attribute status | grep . || echo 0)" ] || wrong "$where: status $status"
 }
 
 for document; do
@@ -118,14 +115,13 @@ DEV
       output)
         [ -n "$before" ] || wrong "$where: output of nothing"
         [ "$before" = skipped ] || sed '$a\' printed | diff -Z "$file" - > log || wrong "$where: the block before prints something else" ;;
-      cpp | c | sh)
-        before=skipped
-        lacks && continue
-        run_block
-        before=1
-        continue ;;
     esac
     before=
+    case $kind in
+      cpp | c | sh)
+        before=skipped lacking=$(missing)
+        if [ -n "$lacking" ]; then echo "$where: not run: there is no" $lacking; else run_block && before=1; fi ;;
+    esac
   done < plan
 done
 echo "$ran blocks ran"
