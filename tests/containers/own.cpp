@@ -29,7 +29,6 @@ template <class T> struct counted : std::allocator<T> {
   void construct(T *place, const T &value) { ++books->values, ::new (static_cast<void *>(place)) T(value); }
   void destroy(T *object) { --books->values, object->~T(); }
   bool operator==(const counted &other) const { return books == other.books; }
-  bool operator!=(const counted &other) const { return books != other.books; }
   account *books;
 };
 
@@ -92,8 +91,6 @@ static void counting_allocators() {
   CHECK(books.is(0, 0) && common.is(0, 0));
 }
 
-template <class T> static void reserve(std::vector<T> &v, unsigned int n) { v.reserve(n); }
-template <class S> static void reserve(S &, unsigned int) {}
 // Which error it is, and its text.
 template <class S> static const char *error_of(S &s, int which, unsigned int n) {
   const S &view = s;
@@ -107,7 +104,7 @@ template <class S> static const char *error_of(S &s, int which, unsigned int n) 
       case 3: s.assign(n, value); break;
       case 4: s.at(n) = view.at(n / 2); break;
       case 5: view.at(n); break;
-      default: reserve(s, n);
+      default: std::vector<typename S::value_type>(s.begin(), s.end()).reserve(n);
     }
   } catch (const std::logic_error &e) {
     text = std::string(dynamic_cast<const std::length_error *>(&e) ? "length_error: " : "out_of_range: ") + e.what();
@@ -187,7 +184,7 @@ static void small_rules() {
   l.merge(l);
   l.splice(l.begin(), l, l.begin(), l.end());
   l.splice(l.begin(), l, l.begin());
-  CHECK(l.size() == 3 && valid(l));
+  CHECK(l.size() == 3 && hash_of(l) == hash_of(std::list<int>(3, 1)));
 }
 
 // Thousands of elements of many sizes come and go: each size of node has its own store, which does not serve all blocks

@@ -4,9 +4,7 @@
 #
 #   ```cpp [file=NAME] [with=FILE,...] [in=FOLDER] [options=OPTION,...] [status=N] [refused=TEXT]
 #                                 built by plx-c++, C by plx-cc, as if it stood in that folder of the sources
-#   ```sh [status=N] [needs=COMMAND,...]
-#                                 run in the document's folder, where file= put the earlier blocks; $PLX is the prefix.
-#                                 Left out without one of the commands, or, with / in front, files of the prefix
+#   ```sh [status=N]              run in the document's folder, where file= put the earlier blocks; $PLX is the prefix
 #   ```make file=NAME             (cmake, cpp and c headers too) a file for the blocks around it
 #   ```output   ```text           compared; never looked at
 #   ```... not-run: REASON        of any kind
@@ -27,7 +25,7 @@ split() {
       kind = word[1]; attributes = ""; target = ++number "." kind
       if (kind !~ /^(cpp|c|sh|make|cmake|gdb|output|text)$/) fault("no kind of block: \"" info "\"")
       for (i = 2; i <= n && word[i] != "not-run:"; ++i) {
-        if (word[i] !~ /^(file|with|in|needs|options|status|refused)=./) fault("no attribute: " word[i])
+        if (word[i] !~ /^(file|with|in|options|status|refused)=./) fault("no attribute: " word[i])
         if (word[i] ~ /^file=/) target = substr(word[i], 6)
         attributes = attributes " " word[i]
       }
@@ -63,14 +61,6 @@ build() {
   # shellcheck disable=SC2046 # words
   $driver -Wall -Wextra -Werror -iquote "$PLX_SOURCE/$(attribute in)" $(attribute options) "${link[@]}" "$file" \
     $(attribute with) -o program > log 2>&1
-}
-
-# missing: the commands and files of the prefix that the block needs and that are not there.
-missing() {
-  local tool
-  for tool in $(attribute needs); do
-    case $tool in /*) [ -f "$PLX$tool" ] ;; *) command -v "$tool" > log ;; esac || echo "$tool"
-  done
 }
 
 ran=0
@@ -114,14 +104,10 @@ DEV
       fault) wrong "$where: $file" ;;
       output)
         [ -n "$before" ] || wrong "$where: output of nothing"
-        [ "$before" = skipped ] || sed '$a\' printed | diff -Z "$file" - > log || wrong "$where: the block before prints something else" ;;
+        sed '$a\' printed | diff -Z "$file" - > log || wrong "$where: the block before prints something else" ;;
+      cpp | c | sh) run_block; before=1; continue ;;
     esac
     before=
-    case $kind in
-      cpp | c | sh)
-        before=skipped lacking=$(missing)
-        if [ -n "$lacking" ]; then echo "$where: not run: there is no" $lacking; else run_block && before=1; fi ;;
-    esac
   done < plan
 done
 echo "$ran blocks ran"

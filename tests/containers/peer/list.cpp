@@ -1,20 +1,21 @@
 // list: random runs of what all sequences have, nodes that move between two lists and within them, and sorts of every
 // length around a run, also without memory for it; printed and compared with the host's library.
 // prints: 20059 lines
-// test-variants: -O1 | -O2 -DWITHOUT_SCRATCH
+// test-variants: -O1 | -O2 -std=gnu++20
 #include "../sequence_operations.h"
 
 #include <functional>
 
-static int asked = 1000;
-#if defined(WITHOUT_SCRATCH) && defined(PLX_CONFIG_H)
+static bool has_scratch;
+static int asked;
+#ifdef PLX_CONFIG_H
 namespace __zor {
-void *_take_scratch(size_t) PLX_NOTHROW { return ++asked, static_cast<void *>(0); }
-void _give_scratch(void *) PLX_NOTHROW {}
+void *_take_scratch(size_t bytes) PLX_NOTHROW { return ++asked, has_scratch ? malloc(bytes) : 0; }
+void _give_scratch(void *block) PLX_NOTHROW { free(block); }
 }  // namespace __zor
-static const int least_asked = 1040;
+static const int least_asked = 40;
 #else
-static const int least_asked = 1000;
+static const int least_asked = 0;
 #endif
 
 static bool odd(const tracked &e) { return e.key % 2 != 0; }
@@ -26,6 +27,7 @@ static void moving_nodes() {
   std::list<tracked> both[2];
   for (int i = 0; i < 12000; ++i) {
     const unsigned int which = random_below(2), kind = random_below(13);
+    has_scratch = random_below(2);
     std::list<tracked> &a = both[which], &b = random_below(3) ? both[1 - which] : a;
     const int to = static_cast<int>(random_below(static_cast<unsigned int>(a.size()) + 1)), n = size_of(b);
     const int first = static_cast<int>(random_below(static_cast<unsigned int>(n) + 1));
@@ -77,16 +79,17 @@ static void sorting() {
       numbers.push_back(static_cast<int>(key * 2654435761u));
       texts.push_back(std::string(random_below(6), static_cast<char>(key * 37)) + static_cast<char>(key));
     }
+    has_scratch = n % 2;
     elements.sort(), texts.sort(), numbers.sort();
     printf("%u: %u %u %u", n, hash_of(elements), hash_of(texts), hash_of(numbers));
+    has_scratch = !has_scratch;
     texts.sort(std::greater<std::string>()), numbers.sort(std::greater<int>());
     printf(" %u %u\n", hash_of(texts), hash_of(numbers));
   }
 }
 
 int main() {
-  random_run<std::list<int> >("numbers", 2000);
-  random_run<std::list<std::string> >("texts", 2000);
+  random_run<std::list<int> >("numbers", 2000), random_run<std::list<std::string> >("texts", 2000);
   random_run<std::list<tracked> >("elements", 4000);
   moving_nodes();
   sorting();
