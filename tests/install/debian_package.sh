@@ -14,12 +14,6 @@ for zone in UTC Asia/Tokyo; do
   (cd "$PLX_PREFIX" && TZ=$zone cpack -B "$work/$zone") > log 2>&1 || { wrong "making it"; finish; }
 done
 package=$work/UTC/plx_3.3.0_amd64.deb root=$work/root
-# needless: what it depends on and this machine does not have.
-needless() {
-  for name in $(dpkg-deb -f "$package" Depends | sed 's/([^)]*)//g; s/| [^,]*//g; s/,//g'); do
-    dpkg-query -W -f '${db:Status-Abbrev}\n' "$name" 2> log | grep -q '^.i' || echo "$name"
-  done
-}
 files() { (cd "$root" && find . ! -path './var/lib/dpkg/*' | LC_ALL=C sort); }
 own_dpkg() { dpkg --root="$root" --log=/dev/null --force-depends --force-script-chrootless "$@" > log 2>&1; }
 PATH=$root/usr/bin:$PATH
