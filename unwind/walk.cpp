@@ -150,7 +150,7 @@ struct a_recorder {
 template <class Visitor> inline void walk(a_machine_frame &frame, an_eh_stack_entry *entry, Visitor &visitor) {
   const unsigned stack_pointer = frame.registers[register_esp];
   const unsigned stack_end = reinterpret_cast<unsigned>(__libc_stack_end);
-  unsigned entry_position = position_of(entry, stack_pointer, stack_end);
+  unsigned entry_position = entry ? position_of(entry, stack_pointer, stack_end) : 0xFFFFFFFF;
   a_plan *plan = find_plan(frame.address);
   for (;;) {
     unsigned cfa;
