@@ -45,7 +45,8 @@ static void numbers() {
     const string text = i ? "12.3" : all;
     ios_base::iostate err = ios_base::goodbit;
     long double value = 7;
-    money_reader().get(text.data(), text.data() + text.size(), false, stream, err, value);
+    own_facet<std::money_get<char, const char *> >().get(text.data(), text.data() + text.size(), false, stream, err,
+                                                         value);
     CHECK(value == (i ? 7 : greatest) && err == (i ? ios_base::failbit | ios_base::eofbit : ios_base::eofbit));
   }
   // Amounts that no number holds, and decimals without an end.

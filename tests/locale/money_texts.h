@@ -45,7 +45,6 @@ inline std::locale with_money(const money_rules &rules) {
 // Over strings.
 typedef std::back_insert_iterator<std::string> money_out;
 typedef own_facet<std::money_put<char, money_out> > money_writer;
-typedef own_facet<std::money_get<char, const char *> > money_reader;
 
 struct money_stream : std::ios {
   explicit money_stream(const std::locale &loc, int wanted = 0) : std::ios(0) {
@@ -61,14 +60,23 @@ std::string money_text(std::ios &stream, bool intl, const Amount &amount, int wi
   return text;
 }
 
+struct amount_reading {
+  std::ios *stream;
+  bool intl;
+  std::string digits;
+  template <class Iterator> Iterator read(Iterator in, Iterator end, std::ios_base::iostate &err) {
+    return own_facet<std::money_get<char, Iterator> >().get(in, end, intl, *stream, err, digits);
+  }
+  bool same(const amount_reading &other) const { return digits == other.digits; }
+};
+
 // "digits" or "!" for failure, then '.' when the input ended, then what was left.
-inline std::string money_read(std::ios &stream, bool intl, const std::string &text) {
-  std::string digits = "?";
-  std::ios_base::iostate err = std::ios_base::goodbit;
-  const char *const end = text.data() + text.size();
-  const char *const stop = money_reader().get(text.data(), end, intl, stream, err, digits);
-  return digits + (err & std::ios_base::failbit ? "!" : "") + (err & std::ios_base::eofbit ? "." : "") +
-         std::string(stop, end);
+inline std::string money_read(std::ios &stream, bool intl, const std::string &text, size_t step = 5) {
+  amount_reading got = {&stream, intl, "?"};
+  int err;
+  const std::string left = read_all_ways(text, step, got, err);
+  must(left.empty() == bool(err & std::ios_base::eofbit), "eofbit", text);
+  return got.digits + (err & std::ios_base::failbit ? "!" : "") + (left.empty() ? "." : "") + left;
 }
 
 #endif

@@ -2,8 +2,8 @@
 // sees of the reading. fuzz/num_get has random texts, num_put the values, iostream/faults what throws.
 // test-variants: -O1 | -O2 -std=gnu++17
 #include "locale_check.h"
+#include "number_model.h"
 
-typedef std::ios_base base;
 typedef std::istreambuf_iterator<char> iterator;
 
 static long double number(void *value) { return reinterpret_cast<size_t>(value); }
@@ -42,28 +42,23 @@ static void table(bool named) {
     for (unsigned i = 0; i < 6; ++i)
       if (row[0] == types[i]) CHECK_TEXT(readings[i](flags, row[2], loc).c_str(), row[3].c_str());
   }
-  CHECK(count == 76 || !named);
+  CHECK(count == 77 || !named);
 }
 
 // As many digits and groups as there may be, and a grouping as long as it likes to be.
 static void without_end() {
-  const int dec = base::dec | base::skipws;
-  const std::locale &classic = std::locale::classic();
-  CHECK_TEXT(read<bool>(base::boolalpha, "oui", std::locale(classic, new chosen_punctuation("="))).c_str(), "1!.3");
-  CHECK_TEXT(read<long>(dec, std::string(5000, '0') + "12", classic).c_str(), "12.5002");
-  CHECK_TEXT(read<long>(dec, std::string(5000, '9'), classic).c_str(), "2147483647!.5000");
-  const std::locale odd(classic, new chosen_punctuation(std::string(100, '\1') + std::string(100, '\2'))),
-      threes(classic, new chosen_punctuation("\3"));
-  std::string ones = "1", many = "1";
+  std::ios stream(0);
+  std::string groupings[] = {"", "\3", std::string(100, '\1') + std::string(100, '\2')}, ones = "1", threes = "1";
   for (int i = 0; i < 100; ++i) ones = "00," + ones + (i ? ",0" : "");
-  for (int i = 0; i < 3000; ++i) many += ",000";
-  CHECK(read<double>(dec, "1," + ones + "e-99", odd).find('!') == std::string::npos);
-  CHECK(read<double>(dec, "1," + ones + ",0", odd).find('!') != std::string::npos);
-  CHECK_TEXT(read<double>(dec, many + "e-9000", threes).c_str(), "1.12007");
-  for (int at = 1; at < 11000; at += 1999) {
-    std::string wrong = many;
-    wrong.erase(wrong.find(',', at) + 1, 1);
-    CHECK_TEXT(read<double>(dec, wrong, threes).c_str(), "77!.12000");
+  for (int i = 0; i < 3000; ++i) threes += ",000";
+  std::string texts[10] = {std::string(5000, '0') + "12", std::string(5000, '9'), threes + "e-9000",
+                           "1," + ones + "e-99", "1," + ones + ",0"};
+  for (int i = 5; i < 10; ++i) (texts[i] = threes).erase(i * 2200 - 8799, 1);
+  for (int i = 0; i < 30; ++i) {
+    const chosen_punctuation *const how = new chosen_punctuation(groupings[i % 3]);
+    stream.imbue(std::locale(std::locale::classic(), how));
+    integer<long>(number_model(texts[i / 3], stream, *how));
+    real(number_model(texts[i / 3], stream, *how), strtod);
   }
 }
 

@@ -6,12 +6,10 @@
 #include <float.h>
 #include <math.h>
 
-#include <sstream>
-
 #include "locale_check.h"
+#include "number_model.h"
 
 using std::string;
-typedef std::ios_base base;
 struct to_text : std::num_put<char, char *> {};
 
 static char text[20000];
@@ -76,11 +74,13 @@ struct a_format {
   int flags, width, precision;
   string sizes;
   char point, separator, code;  // the code is what an alphabet changes
+  const char *name;             // of a locale; null is the program's own punctuation
   string coded(string text) const {
     for (size_t i = 0; i < text.size(); ++i) text[i] = static_cast<char>(text[i] ^ code);
     return text;
   }
   std::locale locale() const {
+    if (name) return std::locale(name);
     const std::locale digits(std::locale::classic(), new chosen_punctuation(sizes, point));
     return code ? std::locale(digits, new alphabet) : digits;
   }
@@ -147,6 +147,7 @@ template <class T> void check(const a_format &f, const std::locale &loc, T value
   std::ostream out(&buffer);
   out.imbue(loc);
   out.fill('#');
+  setlocale(LC_ALL, during);
   for (int how = 0; how < 2; ++how) {
     out.flags(base::fmtflags(f.flags)), out.width(f.width), out.precision(f.precision);
     soil_the_stack();
@@ -157,29 +158,37 @@ template <class T> void check(const a_format &f, const std::locale &loc, T value
     if (got != want) fprintf(stderr, "  flags %x width %d precision %d\n", f.flags, f.width, f.precision);
     if (test_failures > 20) exit(TEST_RESULT());
   }
+  setlocale(LC_ALL, "C");
 }
 
-static a_format random_format(bool grouping) {
+// Of the classic locale, with a program's punctuation (1), or with that of a name.
+static a_format random_format(int kind) {
   static const int sides[] = {0, base::left, base::right, base::internal, base::left | base::right},
                    styles[] = {0, base::fixed, base::scientific, base::fixed | base::scientific},
                    bases[] = {0, base::dec, base::hex, base::oct, base::hex | base::oct},
                    more[] = {base::showpos, base::showbase, base::showpoint, base::uppercase},
                    widths[] = {63, 64, 65, 16, 17, 200};
-  static const char *const sizes[] = {"\3", "\2\3", "\1", "\3\177", "\2\xFF", "\1\2\3", "\62", "\177", ""};
-  a_format f = {sides[random_below(5)] | styles[random_below(7) % 4] | bases[random_below(5)], 0, 6, "", '.', ',', 0};
+  static const char *const sizes[] = {"\3", "\2\3", "\1", "\3\177", "\2\xFF", "\1\2\3", "\62", "\177", ""},
+                           *const names[] = {"xx_DE", "xx_IN", "xx_FR"},
+                           *const named_sizes[] = {"\3\3", "\3\2", "\3\3"};
+  a_format f = {
+      sides[random_below(5)] | styles[random_below(7) % 4] | bases[random_below(5)], 0, 6, "", '.', ',', 0, 0};
   if (random_below(2)) f.width = random_below(3) ? between(0, 29) : widths[random_below(6)];
   if (random_below(9) < 8) f.precision = random_below(4) ? between(0, 19) : between(-3, 136);
-  if (grouping) f.sizes = sizes[random_below(9)], f.point = ';', f.code = random_below(3) ? 0 : 0x40;
-  if (grouping && random_below(4) == 0) f.sizes += string("\0\3", 2);  // which ends them
+  if (kind == 1) f.sizes = sizes[random_below(9)], f.point = ';', f.code = random_below(3) ? 0 : 0x40;
+  if (kind == 1 && random_below(4) == 0) f.sizes += string("\0\3", 2);  // which ends them
+  if (kind > 1) f.name = names[kind - 2], f.sizes = named_sizes[kind - 2], f.point = kind == 3 ? '.' : ',';
+  if (kind > 1) f.separator = ".,\xE2"[kind - 2];  // of three bytes the first
   for (int i = 0; i < 4; ++i)
     if (random_below(4) == 0) f.flags |= more[i];
   return f;
 }
 
-static void texts() {
-  for (int round = 0; round < 60000; ++round) {
-    const a_format f = random_format(round % 8 == 0);
-    const std::locale loc = round % 8 ? std::locale::classic() : f.locale();
+static void texts(int count, bool named) {
+  for (int round = 0; round < count; ++round) {
+    const int kind = named ? round % 4 + (round % 4 != 0) : round % 8 == 0;
+    const a_format f = random_format(kind);
+    const std::locale loc = kind ? f.locale() : std::locale::classic();
     const double real = random_double();
     const long double longer = random_long_double();
     // Where a digit more is needed, and others.
@@ -192,7 +201,7 @@ static void texts() {
     set_mode(usual_mode);
     if (round % 4 == 1) check(f, loc, integer, want(f, "ld", integer));
     if (round % 4 == 2) check(f, loc, natural, want(f, "lu", natural));
-    if (round % 40 != 8) continue;
+    if (kind != 1 || round % 5 != 0) continue;
     // Pointers are filled in front with `left`, behind with `right`; bools never.
     const void *const at = reinterpret_cast<const void *>(natural);
     char printed[40];
@@ -204,24 +213,6 @@ static void texts() {
     out.flags(base::fmtflags(f.flags)), out.width(7);
     out << (natural % 2 == 0) << std::boolalpha << true << false;
     CHECK(out.str() == f.coded(natural % 2 ? "0" : "1") + "ouion ne sait pas" && out.width() == 7);
-  }
-}
-
-// By name; the process's locale has no say, but for a text that the program had printf make.
-static void named() {
-  static const char *const names[] = {"xx_DE", "xx_IN", "xx_FR"}, *const sizes[] = {"\3\3", "\3\2", "\3\3"};
-  for (int i = 0; i < 1500; ++i) {
-    a_format f = random_format(false), plain = f;
-    f.sizes = sizes[i % 3];
-    f.point = i % 3 == 1 ? '.' : ',';
-    f.separator = ".,\xE2"[i % 3];  // of three bytes the first
-    const double value = random_double();
-    const string wanted = want(f, "f", value), classic = want(plain, "f", value);
-    if (i % 2) setlocale(LC_ALL, "xx_DE");
-    check(f, std::locale(names[i % 3]), value, wanted);
-    setlocale(LC_ALL, i % 2 ? "xx_DE" : "xx_JP");
-    check(plain, std::locale::classic(), value, classic);
-    setlocale(LC_ALL, "C");
   }
 }
 
@@ -260,35 +251,24 @@ static void own_members() {
 
 // ---- Values of texts
 
-static const char *during = "C";  // the C library's locale while a number is read
-static void parse(const char *from, float &v) { v = strtof(from, 0); }
-static void parse(const char *from, double &v) { v = strtod(from, 0); }
-static void parse(const char *from, long double &v) { v = strtold(from, 0); }
-
-template <class Real> void check_one(const string &from) {
-  static std::istringstream quick;
-  number_reading<Real> got[2] = {{&quick, 7}, {&quick, 7}}, want = {0, 7};
-  parse(from.c_str(), want.value);
-  quick.clear();
-  quick.str(from + ";;;;;;;;;");
-  std::ios_base::iostate err = std::ios_base::goodbit;
-  setlocale(LC_ALL, during);
-  quick >> got[0].value;
-  got[1].read(from.data(), from.data() + from.size(), err);
-  setlocale(LC_ALL, "C");
-  const bool right = quick.get() == ';' && err == std::ios_base::eofbit && got[0].same(want) && got[1].same(want);
-  CHECK(right);
-  if (!right)
-    fprintf(stderr, "  %.200s as %u bytes: %La\n", from.c_str(), unsigned(sizeof(Real)),
-            static_cast<long double>(got[1].value));
+template <class Real> void check_one(const string &from, Real (*parse)(const char *, char **)) {
+  static std::ios stream(0);
+  static const chosen_punctuation plain("");
+  real(number_model(from, stream, plain, 1 + from.size() / 5), parse);
 }
 static void check_all(const string &from) {
-  check_one<float>(from), check_one<double>(from), check_one<long double>(from);
+  check_one(from, strtof), check_one(from, strtod), check_one(from, strtold);
 }
 
 // The number exactly between two neighbours, in all its digits, and texts that differ from it at the very end.
 static void check_border(long double a, long double b) {
-  sprintf(text, "%.*Le", 11000, (a + b) / 2);
+  sprintf(text, "%.*Le", 11600, a + b);
+  int rest = 0;
+  for (char *digit = text; *digit != 'e'; ++digit) {
+    if (*digit == '.') continue;
+    rest = rest % 2 * 10 + *digit - '0';
+    *digit = static_cast<char>('0' + rest / 2);
+  }
   string all = text;
   const size_t e = all.find('e'), last = all.find_last_not_of('0', e - 1);
   const string exponent = all.substr(e);
@@ -301,7 +281,7 @@ static void check_border(long double a, long double b) {
   check_all(all + "99999999999999999999" + exponent);
 }
 static void borders() {
-  for (int i = 0; i < 50; ++i) {
+  for (int i = 0; i < 20; ++i) {
     const double any = fabs(random_double()), place = any < 1e300 ? any : DBL_MAX;
     check_border(place, nextafter(place, 0));
     const float nearest = place < 1e38 ? static_cast<float>(place) : FLT_MAX;
@@ -313,29 +293,14 @@ static void borders() {
     check_border(small, nextafter(small, 1)), check_border(tiny, nextafterf(tiny, 1));
   }
   check_border(DBL_MAX, 0x1p+1024L), check_border(FLT_MAX, 0x1p+128L);
-  check_border(0x1p-149L, 0x1p-148L), check_border(0x1p-1074L, 0x1p-1073L);
+  check_border(0x1p-149L, 0x1p-148L), check_border(0x1p-1074L, 0x1p-1073L), check_border(0x1p-16445L, 0x1p-16444L);
   for (int i = 0; i < 20000; ++i) {  // with one bit less
     const double part = 1 + static_cast<double>(random_bits() >> 12) * 0x1p-52;
     sprintf(text, "%.*e", 14 + i % 5, ldexp(part, -1023));
-    check_one<double>(text);
+    check_one(text, strtod);
     sprintf(text, "%.*e", 8 + i % 11, ldexp(part, -127));
-    check_one<float>(text);
+    check_one(text, strtof);
   }
-}
-
-// Half-way between the two smallest long doubles, 1 / 2^16445 and its double: 3 / 2^16446, in all of its digits.
-static void between_the_smallest() {
-  string digits("3");
-  for (int i = 0, carry = 0; i < 16446; ++i, carry = 0) {
-    for (size_t d = digits.size(); d-- > 0; carry /= 10) {
-      carry += (digits[d] - '0') * 5;
-      digits[d] = static_cast<char>('0' + carry % 10);
-    }
-    if (carry) digits = static_cast<char>('0' + carry) + digits;
-  }
-  check_one<long double>(digits + "e-16446"), check_one<long double>(digits + ".01e-16446");
-  *digits.rbegin() = '4';  // of a 5
-  check_one<long double>(digits + "e-16446");
 }
 
 static void random_texts(int count) {
@@ -354,37 +319,31 @@ static void random_texts(int count) {
 }
 
 static void far_texts() {
-  const string zeros(20000, '0'), all[] = {"0." + zeros + "1e20001",
-                                           "1." + zeros + "e00001",
-                                           "1" + zeros + "1e-20000",
-                                           "9007199254740993." + zeros + "1",
-                                           "1.000000059604644776",
-                                           "18446744073709551615",
-                                           "1e99999999999999999999",
-                                           "-1e-99999999999999999999",
-                                           "-1e4294967297",
-                                           "1e999",
-                                           "1e39",
-                                           "-1e-999",
-                                           "987654321.9876543210987e-00000000012",
-                                           "9007199254740993.00000000000000000001",
-                                           "0." + string(400, '1')};
-  for (size_t i = 0; i < sizeof all / sizeof *all; ++i) check_all(all[i]);
+  const string zeros(20000, '0');
+  std::istringstream all("0." + zeros + "1e20001 1." + zeros + "e00001 1" + zeros + "1e-20000 9007199254740993." +
+                         zeros +
+                         "1 1e99999999999999999999 -1e-99999999999999999999 -1e4294967297 1e999 1e39 -1e-999 "
+                         "1.000000059604644776 18446744073709551615 987654321.9876543210987e-00000000012 "
+                         "9007199254740993.00000000000000000001 0." +
+                         string(400, '1'));
+  for (string one; all >> one;) check_all(one);
 }
 
 int main() {
-  texts();
+  texts(60000, false);
   let_go();
   far_texts();
   borders();
-  between_the_smallest();
   random_texts(40000);
   for (int i = 0; i < 5; ++i) set_mode(unusual_mode[i]), random_texts(2000);
   set_mode(usual_mode);
   if (!named_locales_setup()) return TEST_RESULT();
-  named();
   own_members();
+  texts(1000, true);
+  during = "xx_DE";
+  texts(1000, true);
   during = "xx_JP";  // whose point is of two bytes
+  texts(1000, true);
   random_texts(2000);
   far_texts();
   return TEST_RESULT();

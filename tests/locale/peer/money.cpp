@@ -19,7 +19,7 @@ static std::string mutated(std::string text, const std::string &characters) {
 
 int main() {
   static const char *const signs[][2] = {{"", "-"}, {"+", "-"}, {"", "()"}, {"+", "(cr"}, {"p", ""}, {"(+)", "(-)"}};
-  static const char *const groupings[] = {"", "\3", "\3\2", "\2\177"};
+  static const char *const groupings[] = {"", "\3", "\3\2", "\2\177", "\2\1\3", "\x7e", "\177", "\1"};
   static const int adjusts[] = {0, std::ios_base::left, std::ios_base::right, std::ios_base::internal};
   for (int i = 0; i < 300; ++i) {
     std::string pattern = "$-v";
@@ -30,7 +30,7 @@ int main() {
                                gap == 1 ? "USD" : "$",
                                signs[sign][0],
                                signs[sign][1],
-                               groupings[random_below(4)],
+                               groupings[random_below(8)],
                                int(random_below(4)),
                                0};
     money_stream stream(with_money(rules));
@@ -43,7 +43,7 @@ int main() {
       const std::string text = money_text(stream, k & 1, amount, int(random_below(3) * 11), ' '),
                         given = mutated(text, "0123456789.,$-+()USD p");
       stream.flags(random_below(2) ? std::ios_base::showbase : std::ios_base::fmtflags());
-      const std::string got = money_read(stream, k & 1, given);
+      const std::string got = money_read(stream, k & 1, given, 1 + k % 16);
       // What is stored, and how far is read, of what is no amount is nobody's rule.
       printf("%s \"%s\" \"%s\" %s\n", pattern.c_str(), text.c_str(), given.c_str(),
              got.find('!') == std::string::npos ? got.c_str() : "failed");
