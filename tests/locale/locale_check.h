@@ -21,6 +21,23 @@
 #include "../rows.h"
 #include "reading.h"
 
+// The flags that letters in data/ stand for.
+static TEST_UNUSED std::ios_base::fmtflags flags_of(const std::string &letters) {
+  typedef std::ios_base base;
+  static const base::fmtflags flags[] = {
+      base::left,       base::right,   base::internal, base::dec,       base::oct,       base::hex,       base::fixed,
+      base::scientific, base::showpos, base::showbase, base::showpoint, base::uppercase, base::boolalpha, base::skipws};
+  base::fmtflags all = base::fmtflags(0);
+  for (int i = 0; i < 14; ++i)
+    if (letters.find("lridohfs+#.uaw"[i]) != std::string::npos) all |= flags[i];
+  return all;
+}
+// The locale of a name, or with digits in groups.
+static TEST_UNUSED std::locale locale_of(const std::string &what, char point) {
+  if (what.compare(0, 3, "xx_") == 0) return std::locale(what.c_str());
+  return std::locale(std::locale::classic(), new chosen_punctuation(what, point));
+}
+
 static int noted_alive;
 
 class noted : public std::locale::facet {

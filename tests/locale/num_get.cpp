@@ -10,10 +10,10 @@ static long double number(void *value) { return reinterpret_cast<size_t>(value);
 template <class T> static long double number(T value) { return value; }
 
 // The value, 77 if it was left alone, "!" failbit, "." eofbit, and how far it was read.
-template <class T> static std::string read(int flags, const std::string &text, const std::locale &loc) {
+template <class T> static std::string read(base::fmtflags flags, const std::string &text, const std::locale &loc) {
   std::ios s(0);
   s.imbue(loc);
-  s.flags(base::fmtflags(flags));
+  s.flags(flags);
   number_reading<T> got = {&s, (T)77};
   int err;
   const unsigned stop = unsigned(text.size() - read_all_ways(text, 3, got, err).size());
@@ -22,27 +22,16 @@ template <class T> static std::string read(int flags, const std::string &text, c
   return made;
 }
 
-static void table(bool named) {
-  int count = 0;
-  typedef std::string reading(int, const std::string &, const std::locale &);
+static void table() {
+  typedef std::string reading(base::fmtflags, const std::string &, const std::locale &);
   static reading *const readings[] = {read<long>,   read<double>,         read<bool>,
                                       read<void *>, read<unsigned short>, read<unsigned long>};
   static const char *const types[] = {"long", "double", "bool", "pointer", "unsigned_short", "unsigned_long"};
-  for (rows row(__FILE__, "data/num_get"); row.next(); ++count) {
-    static const int bits[] = {base::dec, base::hex, base::oct, base::skipws, base::boolalpha};
-    int flags = 0;
-    for (int i = 0; i < 5; ++i)
-      if (row[1].find("dhosa"[i]) != std::string::npos) flags |= bits[i];
-    const bool by_name = row[4].find("xx_") == 0;
-    if (by_name && !named) continue;
-    const std::locale plain, own(plain, new chosen_punctuation(row[4])),
-        loc = by_name          ? std::locale(row[4].c_str())
-              : row[4].empty() ? plain
-                               : own;
+  for (rows row(__FILE__, "data/num_get"); row.next();) {
+    const std::locale loc = row[4].empty() ? std::locale::classic() : locale_of(row[4], '.');
     for (unsigned i = 0; i < 6; ++i)
-      if (row[0] == types[i]) CHECK_TEXT(readings[i](flags, row[2], loc).c_str(), row[3].c_str());
+      if (row[0] == types[i]) CHECK_TEXT(readings[i](flags_of(row[1]), row[2], loc).c_str(), row[3].c_str());
   }
-  CHECK(count == 77 || !named);
 }
 
 // As many digits and groups as there may be, and a grouping as long as it likes to be.
@@ -79,7 +68,8 @@ static void sources() {
 }
 
 int main() {
-  table(named_locales_setup());
+  if (!named_locales_setup()) return TEST_SKIP;
+  table();
   without_end();
   sources();
   return TEST_RESULT();

@@ -112,9 +112,8 @@ struct spelling : writer {
 };
 
 static void table() {
-  int count = 0;
   CHECK_INT(std::use_facet<std::time_get<char> >(std::locale()).date_order(), std::time_base::mdy);
-  for (rows row(__FILE__, "data/time"); row.next(); ++count) {
+  for (rows row(__FILE__, "data/time"); row.next();) {
     tm t = some_time();
     const string got = row[0] == "put" ? put(row[1]) : read(row[0][0], row[1], t);
     CHECK_TEXT(got.c_str(), row[4].c_str());
@@ -122,7 +121,6 @@ static void table() {
     static const string names("sec  min  hour mday mon  year wday");
     if (row[0] != "put") CHECK_INT(members[names.find(row[2]) / 5], row.number(3));
   }
-  CHECK_INT(count, 38);
   const tm t = some_time();
   CHECK_TEXT(put("%a %x%%%E", t, spelling()).c_str(), "<a> <m>/<d>/<y><%><E>");
   std::ios stream(0);
