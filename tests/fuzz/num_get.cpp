@@ -1,7 +1,10 @@
 // num_get, and the extractors of streams, against a model: the first three bytes of an input choose flags, punctuation,
 // type and manner of reading, the rest is the text.
+#include <stdint.h>
+
 #include "../locale/number_model.h"
-#include "fuzz_check.h"
+
+extern const char *const fuzz_words[];
 
 const char *const fuzz_words[] = {
     "0",   "1",  "12", "999",  "4294967295", "2147483648", "0x", "-", "+",    " ",     ",", ".",  "e",  "E-",
