@@ -18,17 +18,12 @@ locale::id other_noted::id;
 static const char *c_library() { return setlocale(LC_ALL, 0); }
 static unsigned int quick(const locale &loc) { return loc._get_imp()->_get_quick() & 15u; }
 static unsigned int references(const locale &loc) { return (*reinterpret_cast<unsigned int *const *>(&loc))[1]; }
-// The letter when two locales share the facet.
-template <class Facet> static std::string common(const locale &left, const locale &right, char letter) {
-  return std::string(&std::use_facet<Facet>(left) == &std::use_facet<Facet>(right), letter);
-}
+// Which of the library's facets two locales share, by their numbers.
 static std::string shared(const locale &a, const locale &b) {
-  return common<std::numpunct<char> >(a, b, 'n') + common<std::num_get<char> >(a, b, 'g') +
-         common<std::num_put<char> >(a, b, 'p') + common<std::ctype<char> >(a, b, 'c') + common<conversion>(a, b, 'v') +
-         common<std::collate<char> >(a, b, 'k') + common<std::time_put<char> >(a, b, 't') +
-         common<std::time_get<char> >(a, b, 'T') + common<std::moneypunct<char, true> >(a, b, 'i') +
-         common<std::moneypunct<char> >(a, b, 'M') + common<std::money_put<char> >(a, b, 'P') +
-         common<std::money_get<char> >(a, b, 'G');
+  std::string all;
+  for (unsigned i = 1; i < 13; ++i)
+    if (a._get_imp()->_get(i) == b._get_imp()->_get(i)) all += " ngpcvktTiMPG"[i];
+  return all;
 }
 
 // Numbers from 1 on, in the order in which classes are first asked for: the classic locale's facets come first. A table
