@@ -151,16 +151,14 @@ static void table() {
 // What is read of random texts is the same after it was written.
 static void random_texts() {
   std::istringstream source(
-      "Sun Monday tue WEDNESDAY Thurs day Jan February mar May June jul y Sept ember 12 : 3 / 31 59 60 61 00 69 68 "
-      "1996 "
-      "2026 099 , 24:00:00 23:59:60 2/29/2000 13/1/70 12/31/1999 x");
+      "Sun Monday tue WEDNESDAY Thurs day Jan February mar May June jul y Sept ember 12 : 3 / 31 59 60 61 00 69 68 , x "
+      "1996 2026 099 24:00:00 23:59:60 2/29/2000 13/1/70 12/31/1999");
   const std::vector<string> words((std::istream_iterator<string>(source)), std::istream_iterator<string>());
   static const char *const patterns[] = {"%X", "%m/%d/%Y", "%A", "%b", "%Y"};
-  for (int i = 0; i < 100000; ++i) {
+  for (int i = 0; i < 40000; ++i) {
     string text;
     for (unsigned n = random_below(9) + 1; n > 0; --n) text += words[random_below(static_cast<unsigned>(words.size()))];
-    if (random_below(4) == 0)
-      text[random_below(static_cast<unsigned>(text.size()))] = static_cast<char>(random_below(128));
+    if (random_below(4) == 0) text.erase(random_below(static_cast<unsigned>(text.size())), 1);
     tm t = some_time(), again = t;
     // strftime writes years below 1000 without leading zeros: those would be read as two digits.
     if (read("tdwmy"[i % 5], text, t)[0] == '!' || t.tm_year < -900) continue;
