@@ -1,8 +1,8 @@
-// num_get, and the extractors of streams, against a model: the first three bytes of an input choose flags, punctuation,
+// num_get, and the extractors of streams: the first three bytes of an input choose flags, punctuation,
 // type and manner of reading, the rest is the text.
 #include <stdint.h>
 
-#include "../locale/number_model.h"
+#include "../locale/read_number.h"
 
 extern const char *const fuzz_words[];
 
@@ -26,16 +26,16 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
       new chosen_punctuation(groupings[kind & 7], kind & 16 ? ',' : '.', kind & 8 ? '.' : ',');
   const std::locale loc(std::locale::classic(), how);
   if (kind & 23) stream.imbue(loc);  // otherwise as the classic locale has it
-  const number_model want(text, stream, *how, 1 + (data[1] >> 4));
+  const size_t step = 1 + (data[1] >> 4);
   switch (data[1] & 7) {
-    case 0: integer<unsigned short>(want); break;
-    case 1: integer<long>(want); break;
-    case 2: integer<unsigned int>(want); break;
-    case 3: integer<unsigned long>(want); break;
+    case 0: check_number<unsigned short>(stream, *how, text, step); break;
+    case 1: check_number<long>(stream, *how, text, step); break;
+    case 2: check_number<unsigned int>(stream, *how, text, step); break;
+    case 3: check_number<unsigned long>(stream, *how, text, step); break;
     case 4:
-    case 5: real(want, strtof); break;
-    case 6: real(want, strtod); break;
-    default: real(want, strtold);
+    case 5: check_number<float>(stream, *how, text, step); break;
+    case 6: check_number<double>(stream, *how, text, step); break;
+    default: check_number<long double>(stream, *how, text, step);
   }
   return 0;
 }

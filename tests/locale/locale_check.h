@@ -33,9 +33,9 @@ static TEST_UNUSED std::ios_base::fmtflags flags_of(const std::string &letters) 
   return all;
 }
 // The locale of a name, or with digits in groups.
-static TEST_UNUSED std::locale locale_of(const std::string &what, char point) {
+static TEST_UNUSED std::locale locale_of(const std::string &what, char point, char separator = ',') {
   if (what.compare(0, 3, "xx_") == 0) return std::locale(what.c_str());
-  return std::locale(std::locale::classic(), new chosen_punctuation(what, point));
+  return std::locale(std::locale::classic(), new chosen_punctuation(what, point, separator));
 }
 
 static int noted_alive;

@@ -2,7 +2,7 @@
 // sees of the reading. fuzz/num_get has random texts, num_put the values, iostream/faults what throws.
 // test-variants: -O1 | -O2 -std=gnu++17
 #include "locale_check.h"
-#include "number_model.h"
+#include "read_number.h"
 
 typedef std::istreambuf_iterator<char> iterator;
 
@@ -14,11 +14,11 @@ template <class T> static std::string read(base::fmtflags flags, const std::stri
   std::ios s(0);
   s.imbue(loc);
   s.flags(flags);
-  number_reading<T> got = {&s, (T)77};
+  T value = (T)77;
   int err;
-  const unsigned stop = unsigned(text.size() - read_all_ways(text, 3, got, err).size());
+  const unsigned stop = unsigned(text.size() - read_number(s, text, 3, value, err).size());
   char made[100];
-  sprintf(made, "%.20Lg%s%s%u", number(got.value), err & base::failbit ? "!" : "", err & base::eofbit ? "." : "", stop);
+  sprintf(made, "%.20Lg%s%s%u", number(value), err & base::failbit ? "!" : "", err & base::eofbit ? "." : "", stop);
   return made;
 }
 
@@ -28,26 +28,32 @@ static void table() {
                                       read<void *>, read<unsigned short>, read<unsigned long>};
   static const char *const types[] = {"long", "double", "bool", "pointer", "unsigned_short", "unsigned_long"};
   for (rows row(__FILE__, "data/num_get"); row.next();) {
-    const std::locale loc = row[4].empty() ? std::locale::classic() : locale_of(row[4], '.');
+    const char *const marks = row[5].empty() ? ",." : row[5].c_str();
+    const std::locale loc = row[4].empty() ? std::locale::classic() : locale_of(row[4], marks[1], marks[0]);
     for (unsigned i = 0; i < 6; ++i)
       if (row[0] == types[i]) CHECK_TEXT(readings[i](flags_of(row[1]), row[2], loc).c_str(), row[3].c_str());
   }
 }
 
 // As many digits and groups as there may be, and a grouping as long as it likes to be.
-static void without_end() {
+template <class T> static std::string grouped(const std::string &grouping, const std::string &text) {
   std::ios stream(0);
-  std::string groupings[] = {"", "\3", std::string(100, '\1') + std::string(100, '\2')}, ones = "1", threes = "1";
+  const chosen_punctuation *const how = new chosen_punctuation(grouping);
+  stream.imbue(std::locale(std::locale::classic(), how));
+  return check_number<T>(stream, *how, text, 3);
+}
+static void without_end() {
+  const std::string odd = std::string(100, '\1') + std::string(100, '\2');
+  std::string ones = "1", threes = "1";
   for (int i = 0; i < 100; ++i) ones = "00," + ones + (i ? ",0" : "");
   for (int i = 0; i < 3000; ++i) threes += ",000";
-  std::string texts[10] = {std::string(5000, '0') + "12", std::string(5000, '9'), threes + "e-9000",
-                           "1," + ones + "e-99", "1," + ones + ",0"};
-  for (int i = 5; i < 10; ++i) (texts[i] = threes).erase(i * 2200 - 8799, 1);
-  for (int i = 0; i < 30; ++i) {
-    const chosen_punctuation *const how = new chosen_punctuation(groupings[i % 3]);
-    stream.imbue(std::locale(std::locale::classic(), how));
-    integer<long>(number_model(texts[i / 3], stream, *how));
-    real(number_model(texts[i / 3], stream, *how), strtod);
+  CHECK(grouped<long>("", std::string(5000, '0') + "12") == "" && grouped<long>("", std::string(5000, '9')) == "!");
+  CHECK(grouped<double>(odd, "1," + ones + "e-99") == "" && grouped<double>(odd, "1," + ones + ",0") == "!");
+  CHECK(grouped<double>("\3", threes + "e-9000") == "");
+  for (int at = 1; at < 11000; at += 1999) {
+    std::string wrong = threes;
+    wrong.erase(wrong.find(',', at) + 1, 1);
+    CHECK(grouped<double>("\3", wrong) == "!");
   }
 }
 

@@ -7,7 +7,7 @@
 #include <math.h>
 
 #include "locale_check.h"
-#include "number_model.h"
+#include "read_number.h"
 
 using std::string;
 struct to_text : std::num_put<char, char *> {};
@@ -185,13 +185,13 @@ static void own_members() {
 
 // ---- Values of texts
 
-template <class Real> void check_one(const string &from, Real (*parse)(const char *, char **)) {
+template <class Real> void check_one(const string &from) {
   static std::ios stream(0);
   static const chosen_punctuation plain("");
-  real(number_model(from, stream, plain, 1 + from.size() / 5), parse);
+  must(check_number<Real>(stream, plain, from, 1 + from.size() / 5).empty(), "not a number", from);
 }
 static void check_all(const string &from) {
-  check_one(from, strtof), check_one(from, strtod), check_one(from, strtold);
+  check_one<float>(from), check_one<double>(from), check_one<long double>(from);
 }
 
 // The number exactly between two neighbours, in all its digits, and texts that differ from it at the very end.
@@ -231,9 +231,9 @@ static void borders() {
   for (int i = 0; i < 20000; ++i) {  // with one bit less
     const double part = 1 + static_cast<double>(random_bits() >> 12) * 0x1p-52;
     sprintf(text, "%.*e", 14 + i % 5, ldexp(part, -1023));
-    check_one(text, strtod);
+    check_one<double>(text);
     sprintf(text, "%.*e", 8 + i % 11, ldexp(part, -127));
-    check_one(text, strtof);
+    check_one<float>(text);
   }
 }
 
