@@ -15,12 +15,11 @@ static const struct {
   a_ctype::mask mask;
   int (*is)(int);
   bool (*is_in)(char, const std::locale &);
-} a_class[] = {{a_ctype::space, isspace, std::isspace},    {a_ctype::print, isprint, std::isprint},
-               {a_ctype::cntrl, iscntrl, std::iscntrl},    {a_ctype::upper, isupper, std::isupper},
-               {a_ctype::lower, islower, std::islower},    {a_ctype::alpha, isalpha, std::isalpha},
-               {a_ctype::digit, isdigit, std::isdigit},    {a_ctype::punct, ispunct, std::ispunct},
-               {a_ctype::xdigit, isxdigit, std::isxdigit}, {a_ctype::alnum, isalnum, std::isalnum},
-               {a_ctype::graph, isgraph, std::isgraph}};
+} a_class[] = {
+#define CLASS(name) \
+  { a_ctype::name, is##name, std::is##name }
+    CLASS(space), CLASS(print), CLASS(cntrl),  CLASS(upper), CLASS(lower), CLASS(alpha),
+    CLASS(digit), CLASS(punct), CLASS(xdigit), CLASS(alnum), CLASS(graph)};
 
 // Bytes from 0x80 on and the null character are of no class and have no other case, unless a locale is named.
 static void classes(const std::locale &loc, const char *named = 0) {
