@@ -194,6 +194,17 @@ static void check_all(const string &from) {
   check_one<float>(from), check_one<double>(from), check_one<long double>(from);
 }
 
+// Also the text that the facet keeps for the C library, in its room, where the last of many digits are dropped.
+static void check_kept(const string &from) {
+  std::istringstream stream(from);
+  std::istreambuf_iterator<char> begin(stream), end;
+  char kept[201];
+  kept[200] = '#';
+  const bool scanned = std::num_get<char>::scan_float_type(begin, end, stream, kept);
+  must(scanned && kept[200] == '#' && strtof(kept, 0) == strtof(from.c_str(), 0), "not kept", from);
+  check_all(from);
+}
+
 // The number exactly between two neighbours, in all its digits, and texts that differ from it at the very end.
 static void check_border(long double a, long double b) {
   sprintf(text, "%.*Le", 11600, a + b);
@@ -248,7 +259,7 @@ static void random_texts(int count) {
       case 2: sprintf(text, "0.%0*u%u", between(0, 19), 0, a); break;
       default: sprintf(text, "-%u.%uE%+d", a >> random_below(32), c, between(-350, 349) >> random_below(9));
     }
-    check_all(text);
+    check_kept(text);
   }
 }
 
@@ -260,7 +271,7 @@ static void far_texts() {
                          "1.000000059604644776 18446744073709551615 987654321.9876543210987e-00000000012 "
                          "9007199254740993.00000000000000000001 0." +
                          string(400, '1'));
-  for (string one; all >> one;) check_all(one);
+  for (string one; all >> one;) check_kept(one);
 }
 
 int main() {
