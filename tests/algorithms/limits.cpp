@@ -76,7 +76,7 @@ struct throwing_less {
     return tracked::may_fail(tracked::comparisons_to_fail), a < b;
   }
   bool operator()(const tracked &e) const { return !(e == tracked(e.key / 2 * 2 + 1)); }
-  bool operator()(const std::string &s) const { return !(*this)(s, "k"); }
+  bool operator()(const std::string &s) const { return !(*this)(s, std::string("k")); }
 };
 
 // ---- Comparisons
