@@ -15,11 +15,12 @@ struct shape {
 struct circle : shape {};
 static shape a_shape, *volatile some_shape = &a_shape, *volatile no_shape;
 
-#define CLASSES(CLASS)                                                                                    \
-  CLASS(logic_error)                                                                                      \
-  CLASS(domain_error)                                                                                     \
-  CLASS(invalid_argument) CLASS(length_error) CLASS(out_of_range) CLASS(runtime_error) CLASS(range_error) \
-      CLASS(overflow_error) CLASS(underflow_error)
+#define CLASSES(CLASS)                                                                                  \
+  CLASS(logic_error)                                                                                    \
+  CLASS(domain_error)                                                                                   \
+  CLASS(invalid_argument)                                                                               \
+  CLASS(length_error) CLASS(out_of_range) CLASS(runtime_error) CLASS(range_error) CLASS(overflow_error) \
+      CLASS(underflow_error)
 static void throw_one(int which) {
   int n = 0;
 #define THROW(type)                          \
