@@ -1,10 +1,10 @@
 // The exception classes as a program sees them: which handlers take which, thrown by an expression or by a helper,
-// their texts, what a copy and an assignment keep. test-variants: -O0 | -O2 | -O1 -std=gnu++17
+// their texts, what a copy and an assignment keep; and without memory. test-variants: -O0 | -O2 | -O1 -std=gnu++17
 #include <new>
 #include <stdexcept>
 #include <typeinfo>
 
-#include "../harness.h"
+#include "../fail_allocation.h"
 
 #pragma clang diagnostic ignored "-Wpotentially-evaluated-expression"
 #pragma clang diagnostic ignored "-Wself-assign-overloaded"
@@ -15,12 +15,12 @@ struct shape {
 struct circle : shape {};
 static shape a_shape, *volatile some_shape = &a_shape, *volatile no_shape;
 
-#define CLASSES(CLASS)                                                                                  \
-  CLASS(logic_error)                                                                                    \
-  CLASS(domain_error)                                                                                   \
-  CLASS(invalid_argument)                                                                               \
-  CLASS(length_error) CLASS(out_of_range) CLASS(runtime_error) CLASS(range_error) CLASS(overflow_error) \
-      CLASS(underflow_error)
+#define CLASSES(CLASS)    \
+  CLASS(logic_error)      \
+  CLASS(domain_error)     \
+  CLASS(invalid_argument) \
+  CLASS(length_error)     \
+  CLASS(out_of_range) CLASS(runtime_error) CLASS(range_error) CLASS(overflow_error) CLASS(underflow_error)
 static void throw_one(int which) {
   int n = 0;
 #define THROW(type)                          \
@@ -83,6 +83,53 @@ static void copies() {
   other = memory;
   trace("%s %s %s.", plain.what(), std::bad_alloc(other).what(), std::exception("").what());
 }
+
+// ---- Memory that cannot be had: constructing, copying, assigning and throwing with each allocation failing gives
+// bad_alloc, leaks nothing and leaves what was there as it was; afterwards everything works again.
+
+static const char long_text[] =
+    "a message that is too long for anything but a block of its own, so that every step allocates";
+
+// Each kind makes an exception in its way; those from 5 on throw it, and what arrives is that or bad_alloc.
+static void by_expression() { throw std::invalid_argument(long_text); }
+template <int kind> struct attempt {
+  std::string message, exposed;
+  std::runtime_error source, target;
+  bool arrived;
+  attempt() : message(long_text), exposed(long_text), source(long_text), target("before"), arrived(false) {
+    exposed[0] = 'a';
+  }
+  void run() {
+    std::string local("destroyed on the way out, whatever it is that goes by");
+    try {
+      switch (kind) {
+        case 0: static_cast<void>(std::exception(long_text)); break;
+        case 1: static_cast<void>(std::out_of_range(message)); break;
+        case 2: static_cast<void>(std::out_of_range(exposed)); break;
+        case 3: static_cast<void>(std::runtime_error(source)); break;
+        case 4: target = source; break;
+        case 5: std::length_error::__throw(long_text);
+        case 6: by_expression(); break;
+        case 7: try { by_expression();
+          } catch (std::logic_error &e) {
+            const std::logic_error copied(e);
+            throw std::logic_error(std::string(copied.what()));
+          }
+          break;
+        case 8: local.insert(1000, "x");
+      }
+    } catch (const std::logic_error &e) {
+      arrived = true;
+      CHECK_TEXT(e.what(), kind == 8 ? "Out of range exception occurred" : long_text);
+    }
+  }
+  void check(bool failed) {
+    CHECK(arrived == (kind >= 5 && !failed) && !std::uncaught_exception());
+    CHECK_TEXT(target.what(), kind == 4 && !failed ? long_text : "before");
+    CHECK(message == long_text && exposed == long_text && strcmp(source.what(), long_text) == 0);
+  }
+};
+
 static void to_stderr() { std::exception::__issue_msg_to_stderr("to standard error\n"); }
 
 int main() {
@@ -94,6 +141,12 @@ int main() {
       "ba=Bad Cast Exception,Bad Cast Exception ba=Allocation Failure, ba=Allocation Failure, ba=, ba=, ba=, ba=,");
   copies();
   CHECK_TRACE("whose text cut says something else kept kept kept says something else Allocation Failure .");
+  const long before = live_blocks;
+  // The object that holds the message, and the message; and the local string of the attempt.
+#define ATTEMPT(kind) fail_each_allocation<attempt<kind> >()
+  CHECK(ATTEMPT(0) == 3 && ATTEMPT(1) == 2 && ATTEMPT(2) == 3 && ATTEMPT(3) == 3 && ATTEMPT(4) == 3);
+  CHECK(ATTEMPT(5) >= 2 && ATTEMPT(6) >= 2 && ATTEMPT(7) >= 4 && ATTEMPT(8) >= 3);
+  CHECK_INT(live_blocks, before);
   CHECK_ENDS(to_stderr, 0, "to standard error\n");
   return TEST_RESULT();
 }
