@@ -17,8 +17,8 @@ static const char *during = "C";  // the C library's locale while plx reads or w
 // Returns what is left.
 template <class T> std::string read_number(std::ios &stream, const std::string &text, size_t step, T &value, int &err) {
   number_reading<T> got = {&stream, value}, extracted = got;
-  // With more behind, so that the extractors see the end in their window.
-  const std::string behind(";;;;;;;;");
+  // With more behind, which is next to digits, so that the extractors see the end in their window.
+  const std::string behind(8, ":/@G`g"[text.size() % 6]);
   std::istringstream in(text + behind);
   in.copyfmt(stream);
   setlocale(LC_ALL, during);
