@@ -25,23 +25,6 @@ static local first_local = {1}, second_local = {2};
 static void *both_addresses[] = {&first_local, &second_local};
 #define LOCALS FUNCTION(both_regions, both_addresses, 0)
 
-/* A specification and another try lie between the handler and the entry of its function. */
-static void far_from_the_function(void) {
-  LOCALS
-  REGION(0);
-  SPECIFICATION(catch_all)
-  TRY(catch_double)
-  TRY(catch_int)
-  REGION(1);
-  throw_int(0);
-  HANDLERS
-  CHECK_INT(__eh_curr_region, 0);
-  trace("handler");
-  END_TRY
-  HANDLERS END_TRY END_SPECIFICATION throw_fault(9);
-  END_FUNCTION
-}
-
 /* ---- references */
 
 static void tell(const a_throw_stack_entry *thrown) {
@@ -271,7 +254,6 @@ static const struct {
   const char *text;
 } cases[] = {
     /* clang-format off */
-    {far_from_the_function, 0, 3, "[~2 handler ~1] uncaught=1"},
     {references, 0, 0, "000111:1 010111:1 100111:0 010111:2 010111:1 010111:1 ~e1"},
     {pointer_with_destructor, 0, 0, "1"}, {started_early, 0, 0, "inner 1 0 ~e1"}, {left_after_start, 0, 3, "[] uncaught=1"},
     {not_moved, 0, 0, "1"}, {ends, 0, 3, "[] uncaught=0"}, {ends, 1, -SIGABRT, ""}, {ends, 2, 3, "[] uncaught=1"},

@@ -95,7 +95,7 @@ extern fault pointed;
 
 /* Each world has its own. */
 static void jump_node(const char *node) {
-  a_place here, *volatile before = place;
+  a_place here;
   here.value = node[1] - '0';
   place = &here;
   switch (setjmp(here.buffer)) {
@@ -103,6 +103,5 @@ static void jump_node(const char *node) {
     case 1: say("J1"); break;
     default: say("J%d", here.value);
   }
-  place = before;
 }
 #endif

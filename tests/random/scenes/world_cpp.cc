@@ -26,7 +26,6 @@ APART throw_node(const char *node) {
 }
 
 APART try_node(const char *node) {
-  a_place *const before = place;
 #define HANDLERS(letter, clauses)         \
   case letter: try { run(block(node, 0)); \
     }                                     \
@@ -34,7 +33,6 @@ APART try_node(const char *node) {
     break;
 #define CLAUSE(parameter, ...) \
   catch (parameter) {          \
-    place = before;            \
     report(__VA_ARGS__);       \
     run(block(node, 1));       \
   }
