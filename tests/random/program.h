@@ -61,14 +61,10 @@ struct N {
   }
 };
 
-struct P {
-  virtual ~P() {}
-};
-struct Q : P {};
-static P *volatile cast_source = new P;
+static std::exception *volatile known = new std::bad_cast;
 static volatile size_t too_much = 0xF0000000u;
 static void fail_in_library(int n) {
-  if (n == 0) T("%p", (void *)&dynamic_cast<Q &>(*cast_source));
+  if (n == 0) T("%p", (void *)&dynamic_cast<std::bad_alloc &>(*known));
   if (n == 1) T("%p", ::operator new(too_much));
   throw std::bad_alloc();
 }

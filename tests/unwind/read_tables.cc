@@ -27,32 +27,28 @@ static void report(const char *file, unsigned pc, const std::string &what) {
   if (++wrong < 20) printf("%s: %x: %s\n", file, pc, what.c_str());
 }
 
-// The file as it lies in memory; no relocations, since tables need none but for personalities.
+// The file as it lies in memory, from address 0 on; no relocations, since tables need none but for personalities.
 static bool load(const char *file, an_object &object) {
   const int descriptor = open(file, O_RDONLY);
-  const off_t length = lseek(descriptor, 0, SEEK_END);
-  void *const bytes = mmap(nullptr, length, PROT_READ, MAP_PRIVATE, descriptor, 0);
-  close(descriptor);
-  if (bytes == MAP_FAILED) return false;
-  const auto *header = static_cast<const Elf32_Ehdr *>(bytes);
-  if (memcmp(bytes, ELFMAG, SELFMAG) != 0 || header->e_machine != EM_386) return false;
-  const auto *segments = reinterpret_cast<const Elf32_Phdr *>(static_cast<char *>(bytes) + header->e_phoff);
-  unsigned low = ~0u, high = 0, index = 0;
-  for (int i = 0; i < header->e_phnum; ++i) {
-    if (segments[i].p_type == PT_GNU_EH_FRAME) index = segments[i].p_vaddr;
-    if (segments[i].p_type != PT_LOAD) continue;
-    if (segments[i].p_vaddr < low) low = segments[i].p_vaddr;
-    if (segments[i].p_vaddr + segments[i].p_memsz > high) high = segments[i].p_vaddr + segments[i].p_memsz;
+  const size_t room = 16 << 20;
+  byte *const image =
+      static_cast<byte *>(mmap(nullptr, room, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0));
+  Elf32_Ehdr header = {};
+  std::vector<Elf32_Phdr> segments(100);
+  pread(descriptor, &header, sizeof header, 0);
+  if (memcmp(&header, ELFMAG, SELFMAG) != 0 || header.e_machine != EM_386 || header.e_phnum > segments.size())
+    return false;
+  segments.resize(header.e_phnum);
+  pread(descriptor, segments.data(), segments.size() * sizeof segments[0], header.e_phoff);
+  object = {{image, image}, nullptr, image};
+  for (const Elf32_Phdr &segment : segments) {
+    if (segment.p_type == PT_GNU_EH_FRAME) object.index = image + segment.p_vaddr;
+    if (segment.p_type != PT_LOAD || segment.p_vaddr + segment.p_memsz > room) continue;
+    pread(descriptor, image + segment.p_vaddr, segment.p_filesz, segment.p_offset);
+    object.range.end = image + segment.p_vaddr + segment.p_memsz;
   }
-  void *const image = mmap(nullptr, high - low, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
-  if (!index || image == MAP_FAILED) return false;
-  byte *const base = static_cast<byte *>(image) - low;
-  for (int i = 0; i < header->e_phnum; ++i)
-    if (segments[i].p_type == PT_LOAD)
-      memcpy(base + segments[i].p_vaddr, static_cast<char *>(bytes) + segments[i].p_offset, segments[i].p_filesz);
-  munmap(bytes, length);
-  object = {{base + low, base + high}, base + index, base};
-  return true;
+  close(descriptor);
+  return object.index != nullptr;
 }
 
 static unsigned in_memory(const an_object &object, unsigned pc) { return reinterpret_cast<unsigned>(object.map) + pc; }

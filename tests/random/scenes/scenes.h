@@ -46,8 +46,9 @@ typedef struct a_place {
 } a_place;
 extern a_place *place;
 
-void node_c(const char *node);
-void node_cpp(const char *node);
+/* Who plays `t`, `?`, `+`, `F`, `a`, `!`, `L`, `J`, `j`, `r`. */
+typedef void a_player(const char *node);
+extern a_player *const nodes_c[], *const nodes_cpp[];
 int is_quiet_c(void);
 #ifdef __cplusplus
 }
@@ -103,5 +104,9 @@ static void jump_node(const char *node) {
     case 1: say("J1"); break;
     default: say("J%d", here.value);
   }
+}
+static void jump_back_node(const char *node) {
+  (void)node;
+  longjmp(place->buffer, place->value);
 }
 #endif

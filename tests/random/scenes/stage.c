@@ -22,8 +22,8 @@ fault pointed = {0x0FA17000, 77, "}"};
 const char *element_node;
 int element_index;
 a_place *place;
-#pragma weak node_c
-#pragma weak node_cpp
+#pragma weak nodes_c
+#pragma weak nodes_cpp
 
 void say(const char *format, ...) {
   size_t used = strlen(text);
@@ -56,8 +56,9 @@ static int is_of_cpp(const char *node) {
 }
 static unsigned choice;
 void run(const char *script) {
+  static const char letters[] = "t?+Fa!LJjr";
   a_place *const outer = place;
-  void (*play_node)(const char *);
+  a_player *const *players;
   for (; *script && *script != '}'; script = after(script)) {
     place = outer; /* whatever ended before */
     if (*script == '.') {
@@ -65,8 +66,8 @@ void run(const char *script) {
       continue;
     }
     choice = choice * 5 + 1;
-    play_node = (WORLDS == 3 ? is_of_cpp(script) || choice >> 13 & 1 : WORLDS == 2) ? node_cpp : node_c;
-    play_node(script);
+    players = (WORLDS == 3 ? is_of_cpp(script) || choice >> 13 & 1 : WORLDS == 2) ? nodes_cpp : nodes_c;
+    players[strchr(letters, *script) - letters](script);
   }
 }
 

@@ -135,8 +135,7 @@ static NOINLINE void function_node(const char *node) {
   check_region(0);
   handle("if", clause, caught, node);
   END_TRY
-  HANDLERS END_TRY END_SPECIFICATION
-  REGION(PLX_NO_REGION);
+  HANDLERS END_TRY END_SPECIFICATION REGION(PLX_NO_REGION);
   destroy_local(&outer, 2);
   END_FUNCTION
 }
@@ -204,20 +203,12 @@ static NOINLINE void specification_node(const char *node) {
   END_SPECIFICATION
 }
 
-void node_c(const char *node) {
-  switch (*node) {
-    case 't': throw_node(node); break;
-    case '?': try_node(node); break;
-    case '+': local_node(node); break;
-    case 'F': function_node(node); break;
-    case 'a': array_node(node); break;
-    case '!': specification_node(node); break;
-    case 'L': library_node(node); break;
-    case 'J': jump_node(node); break;
-    case 'j': longjmp(place->buffer, place->value);
-    default: __rethrow();
-  }
+static void rethrow_node(const char *node) {
+  (void)node;
+  __rethrow();
 }
+a_player *const nodes_c[] = {throw_node,         try_node,     local_node, function_node,  array_node,
+                             specification_node, library_node, jump_node,  jump_back_node, rethrow_node};
 
 /* Both stacks are empty: a throw sees none below it. */
 int is_quiet_c(void) {
