@@ -19,11 +19,10 @@
 #include <fstream>
 #include <iostream>
 #include <map>
+#include <random>
 #include <sstream>
 #include <string>
 #include <vector>
-
-#include "../random.h"
 
 struct an_alternative {
   int weight;
@@ -39,6 +38,8 @@ static std::map<char, std::string> ranges;
 static std::map<char, int> counts;
 static int labels, current, fuel;  // $#, $k, and how often rules that need n may still be used
 
+static std::mt19937 engine;
+static unsigned random_below(unsigned n) { return engine() % n; }
 static bool chance(unsigned percent) { return random_below(100) < percent; }
 static int between(const std::string &range) {
   int low = 0, high = 0;
@@ -176,8 +177,7 @@ int main(int, char **arguments) {
   read(arguments[1]);
   const unsigned first = std::stoul(arguments[2]), count = std::stoul(arguments[3]);
   for (unsigned number = first; number < first + count; ++number) {
-    random_state = number * 2654435761u;
-    for (int i = 0; i < 3; ++i) random_below(2);
+    engine.seed(number);
     labels = current = 0;
     many_bases = 20 + random_below(40);
     often_virtual = random_below(70);
