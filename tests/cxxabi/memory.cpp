@@ -1,6 +1,6 @@
 // Throwing when the C library has no memory left: small exceptions still travel, also ones of classes never thrown
 // before; one that is too big for what is set aside terminates, and the terminate handler may still throw and catch.
-// What operator new and its handler do, generated/memory tells. test-variants: -O0 | -O2
+// And what comes out of each form of operator new, with each handler. test-variants: -O0 | -O2
 #include <exception>
 #include <new>
 
@@ -100,8 +100,75 @@ static void full_blocks() {
   test_trace[0] = 0;
 }
 
+// ---- operator new
+
+// By pointers: compilers take an allocation away together with its release.
+static void *plain(unsigned bytes) { return ::operator new(bytes); }
+static void *array(unsigned bytes) { return ::operator new[](bytes); }
+static void *nothrow(unsigned bytes) { return ::operator new(bytes, std::nothrow); }
+static void *nothrow_array(unsigned bytes) { return ::operator new[](bytes, std::nothrow); }
+static void *(*volatile forms[])(unsigned) = {plain, array, nothrow, nothrow_array};
+static void release(int form, void *block) { form % 2 ? ::operator delete[](block) : ::operator delete(block); }
+
+static const char *outcome_of(int form, unsigned bytes) {
+  try {
+    void *const block = forms[form](bytes);
+    release(form, block);
+    return block ? "block" : "null";
+  } catch (std::bad_alloc &) { return "bad_alloc"; } catch (int) {
+    return "int";
+  }
+}
+static volatile int calls;
+static void third_time_gives_up() {
+  if (++calls == 3) __default_new_handler();
+}
+static void throws_int() {
+  ++calls;
+  throw 5;
+}
+static void finds_memory() {
+  if (++calls == 2) heap_fails_at = -1;
+}
+static void unexpected_int() {
+  trace("unexpected");
+  throw 6;
+}
+static void new_handlers() {
+  static const struct {
+    std::new_handler handler;
+    int calls;
+    const char *thrown, *quiet;
+  } cases[] = {{__default_new_handler, 0, "bad_alloc", "null"},
+               {0, 0, "bad_alloc", "null"},
+               {third_time_gives_up, 3, "bad_alloc", "null"},
+               {throws_int, 1, "int", "int"},
+               {finds_memory, 2, "block", "block"}};
+  CHECK(std::set_new_handler(0) == __default_new_handler);
+  std::set_unexpected(unexpected_int);
+  for (unsigned i = 0; i < sizeof cases / sizeof *cases - !HEAP_IS_COUNTED; ++i)
+    for (int form = 0; form < 4; ++form) {
+      const bool exhausts = cases[i].handler == finds_memory;
+      calls = 0;
+      std::set_new_handler(cases[i].handler);
+      if (exhausts) heap_fails_at = 0;
+      CHECK_TEXT(outcome_of(form, exhausts ? 16 : 0xF0000000u), form < 2 ? cases[i].thrown : cases[i].quiet);
+      CHECK_INT(calls, cases[i].calls);
+      CHECK_TRACE(cases[i].handler == throws_int ? "unexpected" : "");
+      CHECK(std::set_new_handler(0) == cases[i].handler && !__curr_eh_stack_entry);
+    }
+  for (int form = 0; form < 4; ++form) {
+    void *const first = forms[form](0), *const second = forms[form](0);
+    CHECK(first && second && first != second);
+    release(form, first);
+    release(form, second);
+    release(form, 0);
+  }
+}
+
 int main() {
-  if (!HEAP_IS_COUNTED) return TEST_SKIP;  // a sanitizer's heap cannot be made to fail
+  new_handlers();
+  if (!HEAP_IS_COUNTED) return TEST_RESULT();  // a sanitizer's heap cannot be made to fail
   for (int which = 0; which < 4; ++which) CHECK_INT(round_trip(which), which);
   CHECK_INT(round_trip(24), 14);
   clean_ups();

@@ -1,6 +1,7 @@
 // The ends of a program of C++, and what it says then: uncaught exceptions of all sorts, a parameter that fails,
-// what is thrown at exit, statics in a circle. What runs before, random/scenes has.
-// test-variants: -O0 | -O2 | -O1 -std=gnu++17
+// what is thrown at exit, statics in a circle, noexcept; exceptions before main begins and after it has ended. What
+// runs before an end, random/scenes has.
+// test-variants: -O0 | -O2 -static | -O1 -std=gnu++17
 #include <exception>
 #include <new>
 #include <stdexcept>
@@ -37,6 +38,24 @@ struct fragile {
   fragile(const fragile &) { throw 77; }
 };
 static void throw_at_exit() { throw 2; }
+static void thrower() {
+  const says local = {"local"};
+  throw 1;
+}
+static void (*volatile hidden)() = thrower;
+// Whether the function that nothing may leave ends its own objects first, is the compiler's affair.
+static void never() PLX_NOTHROW {
+  const says outer = {"outer"};
+  hidden();
+}
+#if __cplusplus >= 201103L
+struct noexcept_by_itself {
+  ~noexcept_by_itself() { hidden(); }
+};
+static void destructor() { noexcept_by_itself local; }
+#else
+#define destructor never
+#endif
 static int recursive(int n) {
   static int value = recursive(n + 1);
   return value;
@@ -45,6 +64,31 @@ static void say_terminate() {
   printf("terminate:%d", std::uncaught_exception());
   fflush(stdout);
   _exit(3);
+}
+
+// In static objects and in constructors and destructors of the program, which an environment variable asks for.
+static const char *mode() { return getenv("TEST_EXCEPTIONS"); }
+static void throw_and_tell(const char *when) {
+  if (!mode()) return;
+  try {
+    const says local = {when};
+    if (*mode() == 'u') throw std::logic_error("before main");
+    std::string("abc").at(100);
+  } catch (std::out_of_range &e) {
+    std::exception &base = e;
+    printf(dynamic_cast<std::logic_error *>(&base) && e.what()[0] ? "range " : "wrong ");
+  }
+  fflush(stdout);
+}
+struct early {
+  early() { throw_and_tell("early"); }
+  ~early() { throw_and_tell("static"); }
+};
+static early one __attribute__((__init_priority__(101)));
+__attribute__((__destructor__)) static void very_last() { throw_and_tell("last"); }
+static void run_again(const char *how) {
+  setenv("TEST_EXCEPTIONS", how, 1);
+  execl("/proc/self/exe", "terminate", (char *)0);
 }
 
 static int which;
@@ -72,6 +116,13 @@ static void end() {
       atexit(throw_at_exit);
       exit(0);
     case 12: recursive(0); break;
+    case 13: run_again("handled"); break;
+    case 14: run_again("uncaught"); break;
+    case 15:
+    case 16:
+      std::set_terminate(say_terminate);
+      which == 15 ? never() : destructor();
+      break;
     default:
       if (std::set_terminate(say_terminate) != say_terminate && std::set_terminate(0) == say_terminate) puts("was set");
   }
@@ -86,6 +137,7 @@ static void run() {
 #define UNCAUGHT(text) \
   { -SIGABRT, "plx: uncaught exception of type " text "\n" }
 int main() {
+  if (mode()) return 0;
   static const struct {
     int status;
     const char *text;
@@ -97,7 +149,8 @@ int main() {
       UNCAUGHT("shop::hides_text"), UNCAUGHT("std::bad_alloc: Allocation Failure"),
       {-SIGABRT, "xxx\n"}, {-SIGABRT, "plx: terminated: throw; while no exception is being handled\n"},
       UNCAUGHT("std::runtime_error: again"), {3, "terminate:"}, {3, "terminate:"},
-      {-SIGABRT, "plx: the initialiser of a local static object uses that object\n"}, {0, "was set"},
+      {-SIGABRT, "plx: the initialiser of a local static object uses that object\n"}, {0, "~early range ~static range ~last range "}, UNCAUGHT("std::logic_error: before main"),
+      {3, "~local "}, {3, "terminate:"}, {0, "was set"},
       // clang-format on
   };
   for (; which < (int)(sizeof wants / sizeof *wants); ++which) {

@@ -35,8 +35,6 @@ static TEST_UNUSED NOINLINE void throw_fault(int id) {
 
 static TEST_UNUSED NOINLINE void throw_int(int value) { THROW(__TI_i, int, 0, value); }
 
-static TEST_UNUSED NOINLINE void throw_double(double value) { THROW(__TI_d, double, 0, value); }
-
 /* A class with a destructor whose objects are locals; its trace is ~ and its number. */
 typedef struct local {
   int id;
@@ -48,7 +46,6 @@ static TEST_UNUSED void local_destroy(void *object, int flags) {
 
 static TEST_UNUSED const an_exception_type_specification catch_all[] = {{0, PLX_TYPE_ELLIPSIS | PLX_TYPE_LAST}};
 static TEST_UNUSED const an_exception_type_specification catch_int[] = {{&__TI_i, PLX_TYPE_LAST}};
-static TEST_UNUSED const an_exception_type_specification catch_double[] = {{&__TI_d, PLX_TYPE_LAST}};
 static TEST_UNUSED const an_exception_type_specification catch_fault[] = {{&type_fault, PLX_TYPE_LAST}};
 
 /* Both stacks are empty and the region is the one the process started with. */

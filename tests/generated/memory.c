@@ -1,5 +1,5 @@
-/* Memory in generated C: where thrown objects live and what happens when there is none for the next; operator new, its
- * handler and its forms. The heap is the C library's behind counters. test-variants: -O0 | -O2 */
+/* Memory in generated C: where thrown objects live and what happens when there is none for the next. operator new,
+ * cxxabi/memory has. The heap is the C library's behind counters. test-variants: -O0 | -O2 */
 #include "classes.h"
 #include "../heap.h"
 
@@ -26,80 +26,6 @@ static NOINLINE void nested(int depth, int size) {
     live_at_depth = heap_live;
   CHECK(holds((char *)caught, size, depth));
   END_TRY
-}
-/* ---- operator new: what comes out of each form, with each handler */
-
-#define TOO_MUCH 0xF0000000u
-/* Not inlined: a compiler may take an allocation away together with its release. */
-static NOINLINE void *plain(unsigned bytes) { return _Znwj(bytes); }
-static NOINLINE void *plain_array(unsigned bytes) { return _Znaj(bytes); }
-static NOINLINE void *nothrow(unsigned bytes) { return _ZnwjRKSt9nothrow_t(bytes, 0); }
-static NOINLINE void *nothrow_array(unsigned bytes) { return _ZnajRKSt9nothrow_t(bytes, 0); }
-static NOINLINE void release(unsigned form, void *block) {
-  if (form % 2)
-    _ZdaPv(block);
-  else
-    _ZdlPv(block);
-}
-static void *(*const forms[])(unsigned) = {plain, plain_array, nothrow, nothrow_array};
-
-/* The clause of what comes out; 4: null, 5: a block. */
-static NOINLINE int outcome(void *(*form)(unsigned), unsigned bytes) {
-  static const an_exception_type_specification clauses[] = {{&__TI_St9bad_alloc, 0}, {&__TI_i, PLX_TYPE_LAST}};
-  volatile int result = 0;
-  TRY(clauses)
-  void *const block = form(bytes);
-  result = block ? 5 : 4;
-  _ZdlPv(block);
-  HANDLERS result = clause;
-  END_TRY
-  return result;
-}
-static volatile int calls;
-static void third_time_gives_up(void) {
-  if (++calls == 3) __default_new_handler();
-}
-static void throws_int(void) {
-  ++calls;
-  throw_int(5);
-}
-static void finds_memory(void) {
-  if (++calls == 2) heap_fails_at = -1;
-}
-static void unexpected_int(void) {
-  trace("unexpected");
-  throw_int(6);
-}
-static void new_handlers(void) {
-  static const struct {
-    a_handler handler;
-    int calls, thrown, quiet;
-    /* clang-format off */
-  } cases[] = {{__default_new_handler, 0, 1, 4}, {0, 0, 1, 4}, {third_time_gives_up, 3, 1, 4}, {throws_int, 1, 2, 2},
-               {finds_memory, 2, 5, 5}};
-  /* clang-format on */
-  unsigned i, form;
-  CHECK(_ZSt15set_new_handlerPFvvE(0) == __default_new_handler);
-  _ZSt14set_unexpectedPFvvE(unexpected_int);
-  for (i = 0; i < sizeof cases / sizeof *cases - !HEAP_IS_COUNTED; ++i)
-    for (form = 0; form < 4; ++form) {
-      const int exhausts = cases[i].handler == finds_memory;
-      calls = 0;
-      _ZSt15set_new_handlerPFvvE(cases[i].handler);
-      if (exhausts) heap_fails_at = 0;
-      CHECK_INT(outcome(forms[form], exhausts ? 16 : TOO_MUCH), form < 2 ? cases[i].thrown : cases[i].quiet);
-      CHECK_INT(calls, cases[i].calls);
-      CHECK_TRACE(cases[i].handler == throws_int ? "unexpected" : "");
-      CHECK(_ZSt15set_new_handlerPFvvE(0) == cases[i].handler);
-      CHECK(__curr_eh_stack_entry == 0);
-    }
-  for (form = 0; form < 4; ++form) {
-    void *const first = forms[form](0), *const second = forms[form](0);
-    CHECK(first && second && first != second);
-    release(form, first);
-    release(form, second);
-    release(form, 0);
-  }
 }
 
 #if HEAP_IS_COUNTED
@@ -178,8 +104,6 @@ static void negative(void) { __throw_setup(&big, -8, 0); }
 int main(void) {
   char bytes[8];
   nested(3, 0);
-  new_handlers();
-  CHECK_QUIET();
 #if HEAP_IS_COUNTED
   sizes();
   exhausted_heap();

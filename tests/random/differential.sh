@@ -1,13 +1,13 @@
 #!/bin/bash
-# Random exception programs (generate.cc), built for plx in many ways and for the host's C++ library: all must print the
+# Random exception programs (programs.rules), built for plx in many ways and for the host's C++ library: all must print the
 # same trace. PLX_RANDOM_SEEDS is how many programs (30), PLX_RANDOM_FIRST the first seed (1), PLX_RANDOM_WAYS in how many
 # ways each is built (1); PLX_RANDOM_KEEP=DIR keeps programs whose traces differ there, and the traces.
 . "$PLX_SOURCE/tests/driver/common.bash"
 seeds=${PLX_RANDOM_SEEDS:-$([ -z "${PLX_SANITIZE:-}" ] && echo 30 || echo 4)} # sanitizers make all of it slower
 first=${PLX_RANDOM_FIRST:-1}
-echo 'int main() { return 0; }' > empty.cpp
-g++ -m32 empty.cpp -o empty 2> log || { echo "skipped: g++ -m32 is not there to compare with"; exit 77; }
-g++ -O1 -std=gnu++98 "$PLX_SOURCE/tests/random/generate.cc" -o generate || exit 1
+echo 'int main() {}' | g++ -m32 -x c++ - 2> log || { echo "skipped: g++ -m32 is not there to compare with"; exit 77; }
+here=$PLX_SOURCE/tests/random
+cp "$here/program.h" . && g++ -O1 "$here/generate.cc" -o generate || exit 1
 
 # Those that begin with `split` put a third of the functions into a shared object.
 ways=('-O0 -no-pie' '-O2 -fPIE -pie' 'split -O1' '-Os -fomit-frame-pointer -fPIE -pie' 'split -O3'
@@ -36,7 +36,7 @@ build() {
 
 checked=0
 for ((seed = first; seed < first + seeds; ++seed)); do
-  ./generate "$seed" > random.cpp
+  ./generate "$here/programs.rules" "$seed" 1 > random.cpp
   g++ -m32 -std=gnu++98 -w -O0 random.cpp -o host 2> log || { wrong "seed $seed is no test: it does not build with g++"; continue; }
   run host want
   { grep -qx 'main ends' want && ! grep -q '^ended with' want; } ||

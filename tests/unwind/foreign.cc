@@ -1,6 +1,6 @@
 // Exceptions of two C++ libraries in one process, which do not see each other's. This is both a C library that keeps
 // the host's C++ library and its unwinder behind its interface (FOREIGN), and a program of ours, which ends as its
-// argument says, and has the library linked or opens it (OPENED).
+// argument says, and has the library linked or opens it (OPENED is its name, or 0).
 #include <bitset>
 #include <complex>
 #include <cstdio>
@@ -61,11 +61,7 @@ static struct at_end {
   ~at_end() { std::printf("the library ends\n"); }
 } end;
 #else
-#ifdef OPENED
 static void (*their_throws)(int), (*their_catches)(callback, int), (*their_calls)(callback, int);
-#else
-extern "C" void their_throws(int), their_catches(callback, int), their_calls(callback, int);
-#endif
 
 static void ours_pass_theirs(int n) { their_catches(our_throws, n); }
 static void theirs_pass_ours(int n) { our_catches(their_throws, n); }
@@ -79,12 +75,10 @@ static void leave(int n) {
 
 int main(int, char **argv) {
   std::setvbuf(stdout, 0, _IONBF, 0);
-#ifdef OPENED
-  void *const library = dlopen("./libforeign.so", RTLD_NOW | RTLD_LOCAL);
+  void *const library = dlopen(OPENED, RTLD_NOW | RTLD_LOCAL);  // null: what is linked
   *(void **)&their_throws = dlsym(library, "their_throws");
   *(void **)&their_catches = dlsym(library, "their_catches");
   *(void **)&their_calls = dlsym(library, "their_calls");
-#endif
   our_calls(call_theirs, 3);
   std::printf("\n");
   for (int n = 1; n < 3; ++n) {

@@ -10,9 +10,9 @@ common='~ours3 ~ours23 ours caught 3 ~ours13 theirs says 11C(1,0) ours says 11C(
 ~ours2 ~ours22 ours caught 2 ~ours12 ~theirs2 ~ours22 ~ours12 ~theirs22 theirs caught 2 ~theirs12 '
 for compiler in g++ clang++-14; do
   command -v $compiler > /dev/null || continue
-  for flags in '-O2 -fPIE -pie' '-O0 -no-pie -std=gnu++98' '-O0 -DOPENED'; do
-    library="-L. -lforeign -Wl,-rpath,."
-    [ "${flags%OPENED}" = "$flags" ] || library=
+  for flags in '-O2 -fPIE -pie -DOPENED=0' '-O0 -no-pie -std=gnu++98 -DOPENED=0' '-O0 -DOPENED="./libforeign.so"'; do
+    library="-Wl,--no-as-needed -L. -lforeign -Wl,-rpath,."
+    [ "${flags%OPENED=0}" != "$flags" ] || library=
     # shellcheck disable=SC2086 # words
     PLX_CXX=$compiler plx-c++ -w $flags "$here/foreign.cc" $library -o program 2> log ||
       { wrong "$compiler $flags: does not build"; continue; }

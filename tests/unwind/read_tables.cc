@@ -1,6 +1,6 @@
-// read_tables FILE... compares what unwind/ reads from the unwind tables of 32-bit files with what readelf prints of
-// them. Every row of every function: where it begins and ends, the CFA, each register, pushed arguments; of exception
-// tables, that they can be read and lead into described code. And what expressions mean.
+// read_tables EXPRESSIONS FILE... compares what unwind/ reads from the unwind tables of 32-bit files with what readelf
+// prints of them. Every row of every function: where it begins and ends, the CFA, each register, pushed arguments; of
+// exception tables, that they can be read and lead into described code. And what expressions mean.
 #include <elf.h>
 #include <fcntl.h>
 #include <stdio.h>
@@ -9,6 +9,7 @@
 #include <sys/mman.h>
 #include <unistd.h>
 
+#include <fstream>
 #include <map>
 #include <sstream>
 #include <string>
@@ -20,38 +21,34 @@
 using namespace __zor;
 
 static int wrong;
-static long rows, argument_sizes, calls, pads;
+static long rows, argument_sizes, calls, pads, expressions;
 
 static void report(const char *file, unsigned pc, const std::string &what) {
   if (++wrong < 20) printf("%s: %x: %s\n", file, pc, what.c_str());
 }
 
-// The file as it lies in memory; no relocations, since tables need none but for personalities.
+// The file as it lies in memory, from address 0 on; no relocations, since tables need none but for personalities.
 static bool load(const char *file, an_object &object) {
   const int descriptor = open(file, O_RDONLY);
-  const off_t length = lseek(descriptor, 0, SEEK_END);
-  void *const bytes = mmap(nullptr, length, PROT_READ, MAP_PRIVATE, descriptor, 0);
-  close(descriptor);
-  if (bytes == MAP_FAILED) return false;
-  const auto *header = static_cast<const Elf32_Ehdr *>(bytes);
-  if (memcmp(bytes, ELFMAG, SELFMAG) != 0 || header->e_machine != EM_386) return false;
-  const auto *segments = reinterpret_cast<const Elf32_Phdr *>(static_cast<char *>(bytes) + header->e_phoff);
-  unsigned low = ~0u, high = 0, index = 0;
-  for (int i = 0; i < header->e_phnum; ++i) {
-    if (segments[i].p_type == PT_GNU_EH_FRAME) index = segments[i].p_vaddr;
-    if (segments[i].p_type != PT_LOAD) continue;
-    if (segments[i].p_vaddr < low) low = segments[i].p_vaddr;
-    if (segments[i].p_vaddr + segments[i].p_memsz > high) high = segments[i].p_vaddr + segments[i].p_memsz;
+  const size_t room = 16 << 20;
+  byte *const image =
+      static_cast<byte *>(mmap(nullptr, room, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0));
+  Elf32_Ehdr header = {};
+  std::vector<Elf32_Phdr> segments(100);
+  pread(descriptor, &header, sizeof header, 0);
+  if (memcmp(&header, ELFMAG, SELFMAG) != 0 || header.e_machine != EM_386 || header.e_phnum > segments.size())
+    return false;
+  segments.resize(header.e_phnum);
+  pread(descriptor, segments.data(), segments.size() * sizeof segments[0], header.e_phoff);
+  object = {{image, image}, nullptr, image};
+  for (const Elf32_Phdr &segment : segments) {
+    if (segment.p_type == PT_GNU_EH_FRAME) object.index = image + segment.p_vaddr;
+    if (segment.p_type != PT_LOAD || segment.p_vaddr + segment.p_memsz > room) continue;
+    pread(descriptor, image + segment.p_vaddr, segment.p_filesz, segment.p_offset);
+    object.range.end = image + segment.p_vaddr + segment.p_memsz;
   }
-  void *const image = mmap(nullptr, high - low, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
-  if (!index || image == MAP_FAILED) return false;
-  byte *const base = static_cast<byte *>(image) - low;
-  for (int i = 0; i < header->e_phnum; ++i)
-    if (segments[i].p_type == PT_LOAD)
-      memcpy(base + segments[i].p_vaddr, static_cast<char *>(bytes) + segments[i].p_offset, segments[i].p_filesz);
-  munmap(bytes, length);
-  object = {{base + low, base + high}, base + index, base};
-  return true;
+  close(descriptor);
+  return object.index != nullptr;
 }
 
 static unsigned in_memory(const an_object &object, unsigned pc) { return reinterpret_cast<unsigned>(object.map) + pc; }
@@ -130,12 +127,16 @@ static void compare_interpretation(const char *file, const an_object &object) {
   a_row row;
   unsigned start = 0, end = 0, cie = 0, last = 0;
   bool in_entry = false, is_ours = false;
-  auto finish = [&] {
-    if (in_entry && end > start) {
-      compare_row(file, object, last, row, start, end, is_signal_frame[cie]);
-      compare_row(file, object, end - 1, row, start, end, is_signal_frame[cie]);
-      check_exception_table(file, object, start, end);
-    }
+  // A row holds up to the next one: nowhere, where that begins at the same address, or beyond the function's end.
+  const auto compare_up_to = [&](unsigned next) {
+    if (!in_entry || next <= last) return;
+    compare_row(file, object, last, row, start, end, is_signal_frame[cie]);
+    compare_row(file, object, next - 1, row, start, end, is_signal_frame[cie]);
+    last = next;
+  };
+  const auto finish = [&] {
+    compare_up_to(end);
+    if (in_entry) check_exception_table(file, object, start, end);
     in_entry = false;
   };
   char line[1000];
@@ -159,13 +160,8 @@ static void compare_interpretation(const char *file, const an_object &object) {
         if (word != "LOC") row.columns.push_back(word);
     } else if (sscanf(line, "%x", &offset) == 1 && line[8] == ' ' && !strstr(line, "ZERO")) {
       std::istringstream words(line + 8);
-      // A row holds up to the next one: nowhere, where that begins at the same address, or beyond the function's end.
       if (in_entry && offset >= end) continue;
-      if (in_entry && offset > last) {
-        compare_row(file, object, last, row, start, end, is_signal_frame[cie]);
-        compare_row(file, object, offset - 1, row, start, end, is_signal_frame[cie]);
-        last = offset;
-      }
+      compare_up_to(offset);
       row.rules.clear();
       for (std::string word; words >> word;)
         if (word[0] != '(') row.rules.push_back(word);  // "r0 (eax)" is one rule
@@ -176,51 +172,31 @@ static void compare_interpretation(const char *file, const an_object &object) {
   pclose(text);
 }
 
-// Operations of expressions, most of which no compiler emits, and what they leave on the stack; ebx leads to some words
-// there.
-// clang-format off
-enum an_operation : byte {
-  deref = 0x06, const1u = 0x08, const1s, const2u, const2s, const4u, constu = 0x10, consts, dup_top, drop, over, pick, swap_two,
-  rot, abs_value = 0x19, and_bits, divide, minus_two, modulo, times, negate_top, not_bits, or_bits, plus_two, plus_uconst, shl,
-  shr, shra, xor_bits, bra, eq, ge, gt, le, lt, ne, skip, lit0 = 0x30, reg3 = 0x53, breg3 = 0x73, bregx = 0x92,
-  deref_size = 0x94, nop = 0x96
-};
-// clang-format on
-static void check_operations() {
+// What expressions mean: data/expressions.
+static void check_operations(const char *file) {
   unsigned words[] = {0, 0x12345678, 0x9ABCDEF0};
-  const unsigned place = reinterpret_cast<unsigned>(words);
-  const unsigned wrong_code = 0xBAD;
-  const struct {
-    std::vector<byte> code;
-    unsigned value;
-  } rows[] = {// clang-format off
-      {{const1u, 200}, 200}, {{const1s, 200}, -56u}, {{const2u, 0, 128}, 0x8000}, {{const2s, 0, 128}, 0xFFFF8000},
-      {{const4u, 1, 2, 3, 4}, 0x04030201}, {{constu, 0xE5, 0x8E, 0x26}, 624485}, {{consts, 0x9B, 0xF1, 0x59}, -624485u},
-      {{reg3}, place}, {{breg3, 0x7C}, place - 4}, {{bregx, 3, 4}, place + 4}, {{breg3, 4, deref}, 0x12345678},
-      {{breg3, 8, deref_size, 2}, 0xDEF0}, {{breg3, 8, deref_size, 5}, wrong_code}, {{lit0 + 31}, 31}, {{lit0 + 8, deref}, wrong_code},
-      {{lit0 + 2, lit0 + 3, dup_top, times, plus_two}, 11}, {{lit0 + 2, lit0 + 3, drop}, 2}, {{lit0 + 2, lit0 + 3, over}, 2},
-      {{lit0 + 4, lit0 + 2, lit0 + 3, pick, 2}, 4}, {{lit0 + 2, lit0 + 3, swap_two, minus_two}, 1}, {{lit0, lit0, pick, 9}, wrong_code},
-      {{lit0 + 9, lit0 + 2, lit0 + 3, rot}, 2}, {{lit0 + 9, lit0 + 2, lit0 + 3, rot, drop}, 9}, {{drop, drop}, wrong_code},
-      {{const1s, 200, abs_value}, 56}, {{lit0 + 5, abs_value, negate_top}, -5u}, {{lit0 + 5, not_bits}, ~5u},
-      {{lit0 + 12, lit0 + 10, and_bits}, 8}, {{lit0 + 12, lit0 + 10, or_bits}, 14}, {{lit0 + 12, lit0 + 10, xor_bits}, 6},
-      {{const1s, 200, lit0 + 10, divide}, -5u}, {{const1s, 200, const1s, 255, divide}, 56}, {{lit0 + 7, lit0, divide}, wrong_code},
-      {{const1s, 200, lit0 + 10, modulo}, 0}, {{lit0 + 7, lit0, modulo}, wrong_code}, {{lit0 + 5, plus_uconst, 0x80, 1}, 133},
-      {{lit0 + 3, lit0 + 4, shl}, 48}, {{const1s, 200, lit0 + 28, shr}, 15}, {{const1s, 200, lit0 + 3, shra}, -7u},
-      {{lit0 + 1, const1u, 32, shl}, 0}, {{const1s, 200, const1u, 33, shr}, 0}, {{const1s, 200, const1u, 40, shra}, ~0u},
-      {{lit0 + 3, lit0 + 3, eq}, 1}, {{lit0 + 3, lit0 + 3, ne}, 0}, {{const1s, 200, lit0, lt}, 1}, {{lit0, lit0, lt}, 0},
-      {{const1s, 200, lit0, gt}, 0}, {{lit0 + 3, lit0 + 3, ge}, 1}, {{lit0 + 3, lit0 + 3, gt}, 0}, {{lit0 + 3, lit0 + 3, le}, 1},
-      {{lit0 + 9, skip, 1, 0, drop, nop}, 9}, {{lit0 + 9, lit0, bra, 1, 0, dup_top}, 9}, {{lit0 + 9, lit0 + 8, lit0 + 1, bra, 1, 0, drop}, 8},
-      {{skip, 0xFD, 0xFF}, wrong_code}, {{skip, 9, 0}, wrong_code}, {{lit0, lit0, 0xE0}, wrong_code}};
-  // clang-format on
+  const unsigned place = reinterpret_cast<unsigned>(words), invalid = 0xBAD;
+  std::map<std::string, unsigned> known = {
+      {"place", place}, {"place-4", place - 4}, {"place+4", place + 4}, {"invalid", invalid}};
   a_machine_frame frame = {};
   frame.registers[register_esp] = place - 16;
   frame.registers[register_ebx] = place;
-  for (const auto &row : rows) {
-    std::vector<byte> code = row.code;
-    code.insert(code.begin(), static_cast<byte>(code.size()));
-    unsigned value = wrong_code;
-    if (!evaluate(everywhere, code.data(), frame, 1, value)) value = wrong_code;
-    if (value != row.value) report("expression", static_cast<unsigned>(&row - rows), std::to_string(value));
+  const auto number = [&](const std::string &text) {
+    return known.count(text) ? known[text] : unsigned(std::stoul(text, nullptr, 0));
+  };
+  std::ifstream in(file);
+  for (std::string line, name, sign, word; std::getline(in, line);) {
+    std::istringstream parts(line);
+    std::vector<byte> code(1);
+    unsigned value = invalid;
+    parts >> name >> sign;
+    if (name == "#") continue;
+    while (parts >> word) code.push_back(static_cast<byte>(number(word)));
+    code[0] = static_cast<byte>(code.size() - 1);
+    if (sign == "=") known[name] = code[1];
+    if (sign == ":" && !evaluate(everywhere, code.data(), frame, 1, value)) value = invalid;
+    if (sign == ":" && value != number(name)) report(line.c_str(), 0, std::to_string(value));
+    expressions += sign == ":";
   }
 }
 
@@ -245,7 +221,7 @@ static void check_pointers() {
 }
 
 int main(int argc, char **argv) {
-  for (int i = 1; i < argc; ++i) {
+  for (int i = 2; i < argc; ++i) {
     an_object object;
     if (!load(argv[i], object)) {
       report(argv[i], 0, "no program with tables");
@@ -260,9 +236,9 @@ int main(int argc, char **argv) {
         report(argv[i], back, "pushed");
     }
   }
-  check_operations();
+  check_operations(argv[1]);
   check_pointers();
   printf("%d files, %ld rows, %ld with pushed arguments, %ld addresses in calls, %ld with a landing pad; %d wrong\n",
-         argc - 1, rows, argument_sizes, calls, pads, wrong);
-  return wrong != 0 || rows < 10000 || !argument_sizes || !pads;
+         argc - 2, rows, argument_sizes, calls, pads, wrong);
+  return wrong != 0 || rows < 10000 || !argument_sizes || !pads || !expressions;
 }

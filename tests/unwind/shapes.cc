@@ -118,9 +118,13 @@ __attribute__((__stdcall__)) static int APART popped_by_callee(int a, int b, int
 }
 static void conventions(int n) { popped_by_callee(11, n, 12); }
 
+static void below_plain_c(int n) {
+  noisy local(15);
+  hidden(n);
+}
 static void in_plain_c(int n) {
   noisy local(16);
-  plain_c(hidden, n);
+  plain_c(below_plain_c, n);
 }
 static void in_nested_c(int n) {
   noisy local(17);
@@ -197,7 +201,8 @@ static void pushed(int n) {
   hidden(n);
 }
 
-int main() {
+int main(int count, char **) {
+  if (count > 1) std::setvbuf(stdout, 0, _IONBF, 0);
   static const struct {
     const char *name;
     callback run;

@@ -35,6 +35,6 @@ built g++ "-O3 -fno-dwarf2-cfi-asm -freorder-blocks-and-partition $PLX_SOURCE/te
 built gcc "$PLX_SOURCE/tests/unwind/data/rare.s"
 g++ -m32 -O1 -std=c++17 -I "$PLX_SOURCE" -I . "$PLX_SOURCE/tests/unwind/plans.cc" -o plans && timeout 60 ./plans > log || wrong plans
 # shellcheck disable=SC2046 # a list of files
-./read_tables $(cat files) > log || wrong "read_tables: $(tail -n 1 log)"
+./read_tables "$PLX_SOURCE/tests/unwind/data/expressions" $(cat files) > log || wrong "read_tables: $(tail -n 1 log)"
 cat log
 finish

@@ -1,6 +1,7 @@
 // Which clause takes which exception, and which specification lets it pass: every type of the list is thrown at every
 // clause. A clause says what it sees through the reference or pointer that it got, so that a wrong address shows.
-// prints: 75 lines
+// Ambiguous and protected bases, random/hierarchies has.
+// prints: 69 lines
 // test-variants: -O0 | -O2
 #include <exception>
 #include <stdexcept>
@@ -13,8 +14,6 @@ struct second { char tag; second() : tag('s') {} virtual ~second() {} };
 struct derived : plain, base { char tag; derived() : tag('d') {} };
 struct joined : second, derived { char tag; joined() : tag('j') {} };
 struct hidden : private base, second { char tag; hidden() : tag('h') {} };
-struct below_hidden : hidden { char tag; below_hidden() : tag('H') {} };
-struct guarded : protected plain { char tag; guarded() : tag('g') {} };
 struct left : virtual base { char tag; left() : tag('l') {} };
 struct right : virtual base { char tag; right() : tag('r') {} };
 struct diamond : left, right { char tag; diamond() : tag('D') {} };
@@ -22,11 +21,6 @@ struct lowest : second, virtual diamond { char tag; lowest() : tag('w') {} };
 struct hides_virtually : private virtual base { char tag; hides_virtually() : tag('x') {} };
 struct both_ways : hides_virtually, left { char tag; both_ways() : tag('y') {} };  // the public way counts
 struct other_way : left, hides_virtually { char tag; other_way() : tag('z') {} };
-struct part_a : plain { char tag; part_a() : tag('1') {} };
-struct part_b : plain { char tag; part_b() : tag('2') {} };
-struct twice : part_a, part_b { char tag; twice() : tag('t') {} };
-struct twice_below : twice, derived { char tag; twice_below() : tag('T') {} };
-struct mixed : left, derived { char tag; mixed() : tag('m') {} };  // base once virtual, once not
 template <class T> struct box : plain { char tag; box() : tag('o') {} };
 namespace { struct local : base { char tag; local() : tag('L') {} }; }
 namespace named { struct base : ::base { char tag; base() : tag('n') {} }; }
@@ -68,11 +62,11 @@ static int throw_one(int which) {
   THROW((base **)0); THROW((derived **)0); THROW(function); THROW(other_function);
   THROW((int plain::*)0); THROW((const int plain::*)0); THROW((int derived::*)0); THROW((void (plain::*)())0);
   THROW((void (plain::*)() const)0); THROW((box<int> *)0);
-  THROW(base()); THROW(derived()); THROW(joined()); THROW(hidden()); THROW(below_hidden()); THROW(guarded());
-  THROW(diamond()); THROW(lowest()); THROW(both_ways()); THROW(twice()); THROW(twice_below()); THROW(mixed());
+  THROW(base()); THROW(derived()); THROW(joined()); THROW(hidden());
+  THROW(diamond()); THROW(lowest()); THROW(both_ways());
   THROW(box<int>()); THROW(box<char>()); THROW(local()); THROW(named::base()); THROW(std::bad_exception());
   THROW(&the<joined>()); THROW(&constant<joined>()); THROW(&changing<joined>()); THROW(&the<hidden>());
-  THROW(&the<lowest>()); THROW(&the<twice>()); THROW(&the<both_ways>()); THROW((joined *)0);
+  THROW(&the<lowest>()); THROW(&the<both_ways>()); THROW((joined *)0);
   THROW(constant<joined>()); THROW((lowest *)0); THROW(other_way());
   THROW((int plain::**)0); THROW((int plain::*const *)0); THROW((plain_function *)0); THROW((int ***)0);
   THROW((int *__restrict *)0);
@@ -129,7 +123,7 @@ int main() {
     putchar(' ');
     CLASS(base) CLASS(plain) CLASS(second) CLASS(derived) CLASS(joined) CLASS(hidden)
     putchar(' ');
-    CLASS(left) CLASS(diamond) CLASS(hides_virtually) CLASS(part_a) CLASS(twice) CLASS(box<int>)
+    CLASS(left) CLASS(diamond) CLASS(hides_virtually) CLASS(box<int>)
     CLAUSE(local &, c.tag) CLAUSE(named::base &, c.tag) SAME(std::exception &) SAME(std::logic_error &)
         // clang-format on
         printf(" %d\n", taken);

@@ -30,36 +30,28 @@ TYPE(holder, 0, holder_bases);
 /* `int *`, for `int **`: the name object of C++ is the identity. */
 static const a_type_info_impl int_pointer = {PLX_TYPE_INFO_VTABLE, "int *", _ZTSPi, 0};
 
-static void destroy(void *object, int flags) { say("~%d/%d", *(int *)object, flags); }
+static void destroy(void *object, int flags) { say(flags == 2 ? "~%d" : "flags", *(int *)object); }
 
 static struct { int one, two, three; } static_joined = {11, 22, 33};
 static int number = 44, *pointer_to_number = &number;
 
+static NOINLINE int *made(const a_type_info_impl *type, a_destructor destructor, int first_word) {
+  int *const object = (int *)__throw_setup_dtor(type, 16, 0, destructor);
+  object[0] = first_word;
+  object[1] = first_word * 10 + 1;
+  object[2] = first_word * 10 + 2;
+  return object;
+}
 void c_throws(int what) {
   switch (what) {
-    case 0: return;
     case 1: THROW(__TI_i, int, 0, 101);
     case 2: THROW(__TI_d, double, 0, 2.5);
-    case 3: THROW(__TI_c, const char *, POINTER | CONST, "from C");
-    case 4: {
-      int *object = (int *)__throw_setup_dtor(&joined_type, 12, 0, destroy);
-      object[0] = 1;
-      object[1] = 2;
-      object[2] = 3;
-      __throw();
-    }
+    case 3: THROW(__TI_c, const char *, POINTER | CONST, "text");
+    case 4: made(&joined_type, destroy, 1), __throw();
     case 5: THROW(secret_type, int, 0, 5);
-    case 6: {
-      int *object = (int *)__throw_setup(&twice_type, 16, 0);
-      object[0] = 6;
-      object[2] = 62;
-      object[3] = 63;
-      __throw();
-    }
+    case 6: made(&twice_type, 0, 6), __throw();
     case 7: {
-      int *object = (int *)__throw_setup_dtor(&holder_type, 12, 0, destroy);
-      object[0] = 7;
-      object[2] = 70;
+      int *const object = made(&holder_type, destroy, 7);
       ((int **)object)[1] = object + 2;
       __throw();
     }
@@ -78,28 +70,33 @@ void c_throws(int what) {
 
 /* clang-format off */
 static const an_exception_type_specification clauses[] = {
-    {&__TI_i, 0}, {&__TI_c, POINTER | CONST}, {&second_type, 0}, {&first_type, 0}, {&second_type, POINTER},
+    {&__TI_i, 0}, {&__TI_d, 0}, {&__TI_c, POINTER | CONST}, {&second_type, 0}, {&first_type, 0}, {&second_type, POINTER},
     {&__TI_St11logic_error, 0}, {&__TI_St9bad_alloc, 0}, {&__TI_St9exception, 0}, {&int_pointer, POINTER},
-    {&__TI_v, POINTER}, {&shared_type, 0}, {0, PLX_TYPE_ELLIPSIS | LAST}};
-/* clang-format on */
+    {&__TI_v, POINTER}, {&__TI_v, POINTER | CONST}, {&shared_type, 0}, {0, PLX_TYPE_ELLIPSIS | LAST}};
 void c_catches(thrower throws, int what) {
   TRY(clauses)
   throws(what);
   say("nothing");
   HANDLERS
   switch (clause) {
-    case 2: say("text=%s", *(const char **)caught); break;
-    case 5: say("second*%d", *(second **)caught ? (*(second **)caught)->two : 0); break;
-    case 6:
-    case 8: say("exception%d=%s", clause, cpp_what(caught)); break;
-    case 7: say("bad_alloc"); break;
-    case 9: say("int**%d", ***(int ***)caught); break;
-    case 10: say("void*"); break;
-    case 12: say("any"); break;
-    default: say("%d:%d", clause, *(int *)caught);
+    case 1: say("int%d", *(int *)caught); break;
+    case 2: say("double%g", *(double *)caught); break;
+    case 3: say("text=%s", *(const char **)caught); break;
+    case 4: say("second%d", *(int *)caught); break;
+    case 5: say("first%d", *(int *)caught); break;
+    case 6: say("second*%d", *(second **)caught ? (*(second **)caught)->two : 0); break;
+    case 7:
+    case 9: say("exception=%s", cpp_what(caught)); break;
+    case 8: say("bad_alloc"); break;
+    case 10: say("int**%d", ***(int ***)caught); break;
+    case 11: say("void*"); break;
+    case 12: say("const void*"); break;
+    case 13: say("shared%d", *(int *)caught); break;
+    default: say("any");
   }
   END_TRY
 }
+/* clang-format on */
 /* struct base { virtual ...; int n; };  struct other { virtual ...; };  struct whole : base, private other {}; */
 TYPE(base, 0, 0);
 TYPE(other, 0, 0);

@@ -46,8 +46,9 @@ typedef struct a_place {
 } a_place;
 extern a_place *place;
 
-void node_c(const char *node);
-void node_cpp(const char *node);
+/* Who plays `t`, `?`, `+`, `F`, `a`, `!`, `L`, `J`, `j`, `r`. */
+typedef void a_player(const char *node);
+extern a_player *const nodes_c[], *const nodes_cpp[];
 int is_quiet_c(void);
 #ifdef __cplusplus
 }
@@ -95,7 +96,7 @@ extern fault pointed;
 
 /* Each world has its own. */
 static void jump_node(const char *node) {
-  a_place here, *volatile before = place;
+  a_place here;
   here.value = node[1] - '0';
   place = &here;
   switch (setjmp(here.buffer)) {
@@ -103,6 +104,9 @@ static void jump_node(const char *node) {
     case 1: say("J1"); break;
     default: say("J%d", here.value);
   }
-  place = before;
+}
+static void jump_back_node(const char *node) {
+  (void)node;
+  longjmp(place->buffer, place->value);
 }
 #endif

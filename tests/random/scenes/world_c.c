@@ -31,6 +31,7 @@ static a_list several = {{&__TI_i, 0}, {&special_type, 0}, {&fault_type, LAST}};
 static a_list pointer = {{&fault_type, POINTER | LAST}};
 static a_list pointer_or_all = {{&__TI_v, POINTER}, {0, PLX_TYPE_ELLIPSIS | LAST}};
 static a_list exception = {{&__TI_St9exception, LAST}};
+static a_list never = {{&__TI_f, LAST}};
 static a_list all = {{0, PLX_TYPE_ELLIPSIS | LAST}};
 static a_list int_or_fault = {{&__TI_i, 0}, {&fault_type, LAST}};
 
@@ -95,11 +96,9 @@ static NOINLINE void throw_node(const char *node) {
 }
 
 static NOINLINE void try_node(const char *node) {
-  a_place *const before = place;
   TRY(chosen(node[1])->clauses)
   run(block(node, 0));
   HANDLERS
-  place = before;
   handle(chosen(node[1])->taken, clause, caught, node);
   END_TRY
 }
@@ -117,7 +116,7 @@ static void check_region(int region) {
 }
 static const a_region_record two_objects[] = {{(a_routine)destroy_local, 0, PLX_NO_REGION, 0},
                                               {(a_routine)destroy_local, 1, 0, 0}};
-/* Try block, its locals and those around it in one function. */
+/* A try block, its locals and those around it in one function, a specification and another try between. */
 static NOINLINE void function_node(const char *node) {
   local outer = {10, ""}, inner = {11, ""};
   void *addresses[2];
@@ -125,6 +124,8 @@ static NOINLINE void function_node(const char *node) {
   addresses[1] = &inner;
   FUNCTION(two_objects, addresses, 0)
   REGION(0);
+  SPECIFICATION(all)
+  TRY(never)
   TRY(int_or_fault)
   REGION(1);
   run(block(node, 0));
@@ -134,7 +135,7 @@ static NOINLINE void function_node(const char *node) {
   check_region(0);
   handle("if", clause, caught, node);
   END_TRY
-  REGION(PLX_NO_REGION);
+  HANDLERS END_TRY END_SPECIFICATION REGION(PLX_NO_REGION);
   destroy_local(&outer, 2);
   END_FUNCTION
 }
@@ -202,20 +203,12 @@ static NOINLINE void specification_node(const char *node) {
   END_SPECIFICATION
 }
 
-void node_c(const char *node) {
-  switch (*node) {
-    case 't': throw_node(node); break;
-    case '?': try_node(node); break;
-    case '+': local_node(node); break;
-    case 'F': function_node(node); break;
-    case 'a': array_node(node); break;
-    case '!': specification_node(node); break;
-    case 'L': library_node(node); break;
-    case 'J': jump_node(node); break;
-    case 'j': longjmp(place->buffer, place->value);
-    default: __rethrow();
-  }
+static void rethrow_node(const char *node) {
+  (void)node;
+  __rethrow();
 }
+a_player *const nodes_c[] = {throw_node,         try_node,     local_node, function_node,  array_node,
+                             specification_node, library_node, jump_node,  jump_back_node, rethrow_node};
 
 /* Both stacks are empty: a throw sees none below it. */
 int is_quiet_c(void) {

@@ -26,7 +26,6 @@ APART throw_node(const char *node) {
 }
 
 APART try_node(const char *node) {
-  a_place *const before = place;
 #define HANDLERS(letter, clauses)         \
   case letter: try { run(block(node, 0)); \
     }                                     \
@@ -34,7 +33,6 @@ APART try_node(const char *node) {
     break;
 #define CLAUSE(parameter, ...) \
   catch (parameter) {          \
-    place = before;            \
     report(__VA_ARGS__);       \
     run(block(node, 1));       \
   }
@@ -141,17 +139,6 @@ APART int_or_bad(const char *node) throw(int, std::bad_exception) { run(block(no
 static void (*volatile specified[])(const char *) = {int_only, int_or_fault, int_or_bad};
 APART specification_node(const char *node) { specified[node[1] == 'm' ? 1 : node[1] == 'b' ? 2 : 0](node); }
 
-void node_cpp(const char *node) {
-  switch (*node) {
-    case 't': throw_node(node); break;
-    case '?': try_node(node); break;
-    case '+': local_node(node); break;
-    case 'F': function_node(node); break;
-    case 'a': array_node(node); break;
-    case '!': specification_node(node); break;
-    case 'L': library_node(node); break;
-    case 'J': jump_node(node); break;
-    case 'j': longjmp(place->buffer, place->value);
-    default: throw;
-  }
-}
+APART rethrow_node(const char *) { throw; }
+a_player *const nodes_cpp[] = {throw_node,         try_node,     local_node, function_node,  array_node,
+                               specification_node, library_node, jump_node,  jump_back_node, rethrow_node};
