@@ -37,6 +37,7 @@ enum a_kind { OPERATIONS, kinds };
 const unsigned comparable_reads = get_buffer + 1, reads = give_back + 1, comparable_writes = out_line + 1,
                writes = leave + 1;
 
+typedef std::ios base;
 struct an_operation {
   unsigned what;
   int n, width, precision;
@@ -44,7 +45,9 @@ struct an_operation {
   longest integer;
   double real;
   std::string text;
-  std::ios_base::fmtflags flags;
+  base::fmtflags flags;
+  explicit an_operation(unsigned kind = 0, int number = 0, base::fmtflags with = base::skipws | base::dec)
+      : what(kind), n(number), width(number), precision(6), c('\n'), fill('*'), integer(0), real(0), flags(with) {}
 };
 
 namespace operations {
