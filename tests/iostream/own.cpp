@@ -7,8 +7,10 @@
 
 #include <fstream>
 #include <iomanip>
+#include <stdexcept>
 
 #include "../buffers.h"
+#include "../fail_allocation.h"
 #include "../rows.h"
 #include "operations.h"
 
@@ -112,7 +114,10 @@ void positions() {
 }
 
 void iterators() {
-  std::istringstream numbers("1 2 3 x"), words("alpha beta"), high("\xff\xfe");
+  std::istringstream numbers("1 2 3 x"), words("alpha beta"),
+      high(
+          "\xff\xfe\xfd"
+          "ab");
   int sum = 0;
   for (std::istream_iterator<int> at(numbers), end; at != end; ++at) sum += *at;
   CHECK(sum == 6 && numbers.rdstate() == numbers.failbit);
@@ -121,6 +126,21 @@ void iterators() {
   CHECK(++at == std::istream_iterator<std::string>());
   // In code that is small enough to have it inline.
   CHECK(high.peek() == 0xFF && high.gcount() == 0 && high.get() == 0xFF && high.gcount() == 1 && high.get() == 0xFE);
+  std::istreambuf_iterator<char> in(high), end, none(0);
+  CHECK(!in.equal(end) && in != end && none == end && *in == '\xfd' && *in++ == '\xfd');
+  const std::istreambuf_iterator<char> second(in++);
+  CHECK_INT(*second, 'b');
+  scripted two;
+  two.most = 2;
+  std::ostreambuf_iterator<char> out(&two), nowhere(static_cast<std::streambuf *>(0));
+  for (int i = 0; i < 9; ++i) *out++ = 'o';
+  CHECK(out.failed() && nowhere.failed() && two.calls[overflows] == 3);  // nothing after the first that fails
+  const std::streampos place = std::streampos(5) + 2;
+  CHECK(place - 3 == 4 && place - std::streampos(2) == 5 && place != 6 && sizeof place == 12 && place - 1ul + 2u == 8);
+  struct plain : std::streambuf {
+  } p;
+  CHECK(p.pubseekoff(0, b::cur) == std::streampos(-1) && p.pubseekpos(0) == -1 && p.pubsetbuf(0, 0) == &p);
+  CHECK(p.pubsync() == 0 && p.sgetc() == -1 && p.sbumpc() == -1 && p.sputc('c') == -1 && p.in_avail() == 0);
   // What is read into a string may be shared again, though a reference was in use.
   std::istringstream text("a line\na_word_that_is_longer_than_sixteen short ");
   std::string got("block");
@@ -180,6 +200,60 @@ void beyond() {
   CHECK(a.own == "........." && a.more == "abc121.5d    7sefg");
 }
 
+struct stream : std::ios {
+  explicit stream(std::streambuf *buffer) { init(buffer); }
+};
+void tell(b::event what, std::ios_base &, int index) { trace("%d:%c", what, index); }
+void refuse(b::event, std::ios_base &, int) { throw 1; }
+
+// What a callback or the buffer throws passes: before a copy nothing has changed, after it only the mask has not. At
+// the end it is discarded, and the older ones hear. A word has no negative place.
+void bases() {
+  struct refusing : std::streambuf {
+    bool refuses;
+    virtual void imbue(const std::locale &) { refuses ? throw 1 : 0; }
+  } buffer;
+  stream from(&buffer), to(&buffer), also_to(&buffer);
+  const std::locale other(std::locale::classic(), new std::ctype<char>);
+  from.exceptions(b::eofbit);
+  from.iword(0) = 1;
+  from.register_callback(refuse, 0), to.register_callback(refuse, 0);
+  for (int i = 0; i < 5; ++i) {
+    stream last(&buffer), &changed = i ? also_to : to;
+    last.register_callback(tell, 'L');
+    buffer.refuses = i == 3;
+    try {
+      i < 2 ? void(changed.copyfmt(from)) : i < 4 ? void((i == 2 ? to : last).imbue(other)) : void(from.iword(-1) = 1);
+      CHECK(!"nothing was thrown");
+    } catch (int) {
+    } catch (const std::length_error &) { CHECK(i == 4 && from.good()); }
+    CHECK(i > 1 || (changed.iword(0) == i && changed.exceptions() == 0));
+    CHECK(i != 3 || (last.getloc() == other && buffer.getloc() == std::locale::classic()));
+    last.register_callback(refuse, 0);
+  }
+  CHECK_TRACE("0:L 0:L 0:L 1:L 0:L 0:L");
+  // A text of the program's own is kept whole; the base's copy ends at a null character.
+  const b::failure own(std::string("a\0b", 3)), copied(own);
+  CHECK_TEXT(copied.what(), "a");
+}
+
+struct growing {
+  std::stringbuf buffer;
+  stream from, to;
+  growing() : from(&buffer), to(&buffer) { to.iword(0) = 3; }
+  void run() {
+    from.iword(9) = 1, from.pword(4) = this;
+    for (int i = 0; i < 6; ++i) from.register_callback(tell, 'a');
+    std::string exposed(80, 'x');
+    exposed[0] = 'A';
+    b::failure one(exposed), two(one);
+    two = one;
+    CHECK_TEXT(two.what(), exposed.c_str());
+    to.copyfmt(from);
+  }
+  void check(bool failed) { CHECK_INT(to.iword(0), failed ? 3 : 0); }
+};
+
 // What the parts of the old sentry do, and single characters of a stream that failed.
 void states() {
   scripted buffer;
@@ -230,5 +304,7 @@ int main() {
   beyond();
   states();
   buffers();
+  bases();
+  CHECK(fail_each_allocation<growing>() >= 10);
   return TEST_RESULT();
 }

@@ -226,7 +226,8 @@ void reading(int round, bool comparable, const own_file &path) {
   for (unsigned k = 0; k < all.size() && round % 6 == 5; ++k)
     all[k].imbue(std::locale(std::locale::classic(), new letters(0)));
   for (int i = 0; i < 30 && all.same(); ++i) {
-    const an_operation o = random_operation(0, comparable ? comparable_reads : reads, comparable);
+    const an_operation o =
+        comparable ? random_operation(comparable_reads, comparable_reads_end, true) : random_operation(0, reads, false);
     one.calls[pbackfails] = 0;
     const std::string got = all.step(o, i);
     if (comparable) print(got);
@@ -260,7 +261,7 @@ void writing(int round, bool comparable, const own_file *path) {
   }
   if (round % 7 == 0 && is_plx) all.tie();
   for (int i = 0; i < 30 && all.same(); ++i) {
-    const unsigned last = !comparable ? writes : groups ? unsigned(out_pointer) : comparable_writes;
+    const unsigned last = !comparable ? writes : groups ? unsigned(out_pointer) : comparable_writes_end;
     an_operation o = random_operation(reads, last, comparable);
     if (groups && comparable && o.what >= out_float && o.what <= out_long_double) {
       o.flags = (o.flags & ~(base::floatfield | base::uppercase)) | base::fixed | base::showpoint;
@@ -298,8 +299,8 @@ an_operation any_operation(int mode, bool comparable) {
     return random_below(3) ? o : random_operation(writes, kinds, false);
   }
   const unsigned kind = mode == in ? 5 + random_below(7) : random_below(12);
-  const unsigned last = kind < 5 ? comparable_writes : kind < 9 ? comparable_reads : 1;
-  an_operation o = random_operation(kind < 5 ? reads : 0, last, true);
+  an_operation o = kind < 5 ? random_operation(reads, comparable_writes_end, true)
+                            : random_operation(comparable_reads, comparable_reads_end, true);
   if (kind >= 9) o.what = move_get + kind - 9;
   if (o.what == in_double) o.what = in_string;
   if ((o.what >= out_float && o.what <= out_long_double) || o.what == out_line) o.what = out_string;
@@ -355,6 +356,70 @@ void both_ways(int round, bool comparable, const own_file *path) {
   delete[] array.str(), delete[] other_array.str();
 }
 
+// Streams without operations: states, masks, formats, words, callbacks and locales.
+struct bare : std::ios {
+  explicit bare(std::streambuf *buffer) { init(buffer); }
+};
+void tell(base::event what, std::ios_base &of, int index) { printf("%d:%d:%ld ", what, index, of.iword(index)); }
+void bases() {
+  const std::locale locales[] = {std::locale::classic(), std::locale(std::locale::classic(), new letters(0))};
+  std::stringbuf buffers[2];
+  std::ostream tied(buffers);
+  bare *all[] = {new bare(buffers), new bare(buffers), new bare(0)};
+  for (int i = 0; i < 6000; ++i) {
+    const unsigned what = random_below(13), n = random_below(8);
+    bare *&a = all[random_below(3)], &b = *all[random_below(3)];
+    const char *thrown = "";
+    printf("%u of %u: ", what, n);
+    try {
+      switch (what) {
+        case 0: a->setstate(base::iostate(n)); break;
+        case 1: a->clear(base::iostate(n)); break;
+        case 2: a->exceptions(base::iostate(random_below(4) ? 0 : n)); break;
+        case 3: a->iword(n * n) += i; break;
+        case 4: a->pword(n) = &tied; break;
+        case 5: a->register_callback(tell, n); break;
+        case 6: a->imbue(locales[n % 2]); break;
+        case 7: a->copyfmt(b); break;
+        case 8: a->width(n), a->precision(i), a->fill(char('a' + n)); break;
+        case 9: a->setf(n % 2 ? base::hex : base::left, n % 4 < 2 ? base::basefield : base::adjustfield); break;
+        case 10: a->rdbuf(n < 2 ? 0 : buffers + n % 2); break;
+        case 11: a->tie(n % 2 ? &tied : 0); break;
+        case 12: delete a, a = 0, a = new bare(n ? buffers + n % 2 : 0); break;
+      }
+    } catch (const std::ios_base::failure &) { thrown = "failure"; }
+    printf("%s %d %d %d ", thrown, a->rdstate(), a->exceptions(), a->good() + 2 * a->fail() + 4 * !*a + 8 * a->eof());
+    printf("%d %d %c %d ", int(a->width()), int(a->precision()), a->fill(), (a->flags() & base::hex) != 0);
+    printf("%d %d %d ", (a->flags() & base::left) != 0, (a->flags() & base::skipws) != 0, a->getloc() == locales[0]);
+    printf("%ld %ld %d ", a->iword(n), a->iword(n * n), a->pword(n) == 0 ? 0 : a->pword(n) == &tied ? 1 : 2);
+    printf("%d %d\n", (a->rdbuf() == buffers) + 2 * !a->rdbuf(), a->tie() == &tied);
+  }
+  for (int i = 0; i < 3; ++i) delete all[i];
+  printf("\n");
+}
+
+// A class's own buffer, by all that streambuf has.
+void calls() {
+  for (int round = 0; round < 300; ++round) {
+    scripted b("abc\xFF\xFExyz \xFF", random_below(4), random_below(5));
+    for (int i = 0; i < 12; ++i) {
+      char got[9] = "........";
+      const int what = int(random_below(9)), n = int(random_below(7));
+      const long value = what == 0   ? b.sgetc()
+                         : what == 1 ? b.sbumpc()
+                         : what == 2 ? b.snextc()
+                         : what == 3 ? b.sungetc() == -1
+                         : what == 4 ? b.sputbackc("abc\xFFxyz"[n]) == -1
+                         : what == 5 ? long(b.sgetn(got, n - 1))
+                         : what == 6 ? long(b.sputn("123\xFF-6789AB", n * 2 - 1))
+                         : what == 7 ? b.sputc("0\xFF"[n % 2])
+                                     : b.pubsync();
+      printf("%d %d %ld %s ", what, n, value, got);
+      print(b.rest() + '|' + b.taken());
+    }
+  }
+}
+
 // What is read into the place it is read from, by each means, with each distance.
 void in_place() {
   for (int distance = -40; distance <= 40; ++distance)
@@ -397,6 +462,9 @@ int main() {
       random_state = ~random_state * 7;
       if (round >= 700) both_ways(round, comparable, paths);
     }
+  random_state = 1;
+  bases();
+  calls();
   if (is_plx) in_place();
   return test_failures != 0;
 }
