@@ -52,7 +52,6 @@ struct an_operation {
 
 namespace operations {
 
-
 // The place of a name in a list of them; behind it, when it is not there.
 inline unsigned place_of(const std::string &name, const std::string &list) {
   const std::string::size_type at = (", " + list + ",").find(", " + name + ",");
@@ -236,7 +235,9 @@ inline std::string perform(std::iostream &s, const an_operation &o, bool compara
       if (o.what == in_string) s >> got;
       if (o.what == get_string_line) std::getline(s, got);
       if (o.what == get_string_part) std::getline(s, got, o.c);
-      return copy == before && got.data()[got.size()] == 0 ? got : "spoilt";
+      // What was read may be shared again, though a reference was in use.
+      const bool shares = comparable || !s || got.data() == std::string(got).data();
+      return copy == before && shares && got.data()[got.size()] == 0 ? got : "spoilt";
     }
     case in_array:
       if (s.width() > 0) s.width(1 + (n < 0 ? 0 : n));
@@ -275,9 +276,11 @@ inline std::string perform(std::iostream &s, const an_operation &o, bool compara
     }
     case in_rest: {
       if (o.width % 8) return "";
-      if (o.n % 2) return std::string(std::istreambuf_iterator<char>(s), std::istreambuf_iterator<char>());
       std::ostringstream to;
-      copy_rest(s, to);
+      if (o.n % 3 == 0) to << std::string(std::istreambuf_iterator<char>(s), std::istreambuf_iterator<char>());
+      if (o.n % 3 == 1) copy_rest(s, to);
+      if (o.n % 3 == 2)
+        for (std::istream_iterator<std::string> at(s), end; at != end; ++at) to << at->size() << *at;
       return to.str();
     }
     case enter: return std::istream::sentry(s, o.n % 2 != 0) ? "in" : "out";

@@ -357,18 +357,15 @@ void both_ways(int round, bool comparable, const own_file *path) {
 }
 
 // Streams without operations: states, masks, formats, words, callbacks and locales.
-struct bare : std::ios {
-  explicit bare(std::streambuf *buffer) { init(buffer); }
-};
 void tell(base::event what, std::ios_base &of, int index) { printf("%d:%d:%ld ", what, index, of.iword(index)); }
 void bases() {
   const std::locale locales[] = {std::locale::classic(), std::locale(std::locale::classic(), new letters(0))};
   std::stringbuf buffers[2];
   std::ostream tied(buffers);
-  bare *all[] = {new bare(buffers), new bare(buffers), new bare(0)};
+  std::iostream *all[] = {new std::iostream(buffers), new std::iostream(buffers), new std::iostream(0)};
   for (int i = 0; i < 6000; ++i) {
     const unsigned what = random_below(13), n = random_below(8);
-    bare *&a = all[random_below(3)], &b = *all[random_below(3)];
+    std::iostream *&a = all[random_below(3)], &b = *all[random_below(3)];
     const char *thrown = "";
     printf("%u of %u: ", what, n);
     try {
@@ -385,7 +382,7 @@ void bases() {
         case 9: a->setf(n % 2 ? base::hex : base::left, n % 4 < 2 ? base::basefield : base::adjustfield); break;
         case 10: a->rdbuf(n < 2 ? 0 : buffers + n % 2); break;
         case 11: a->tie(n % 2 ? &tied : 0); break;
-        case 12: delete a, a = 0, a = new bare(n ? buffers + n % 2 : 0); break;
+        case 12: delete a, a = 0, a = new std::iostream(n ? buffers + n % 2 : 0); break;
       }
     } catch (const std::ios_base::failure &) { thrown = "failure"; }
     printf("%s %d %d %d ", thrown, a->rdstate(), a->exceptions(), a->good() + 2 * a->fail() + 4 * !*a + 8 * a->eof());
