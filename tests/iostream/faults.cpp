@@ -3,15 +3,8 @@
 // mask asks for it; what was thrown becomes badbit, nothing leaks, and no character goes missing. data/faults has the
 // operations. And what is tied is flushed so often, and no more.
 // test-variants: -O0 | -O2
-#include <algorithm>
-#include <fstream>
-#include <iostream>
-#include <sstream>
-#include <strstream>
 #include <typeinfo>
-#include <vector>
 
-#include "../buffers.h"
 #include "../fail_allocation.h"
 #include "../rows.h"
 #include "operations.h"

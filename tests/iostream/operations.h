@@ -3,19 +3,21 @@
 #ifndef TESTS_IOSTREAM_OPERATIONS_H
 #define TESTS_IOSTREAM_OPERATIONS_H
 
-#include <stdio.h>
-#include <stdlib.h>
-
 #include <algorithm>
 #include <bitset>
 #include <complex>
+#include <fstream>
 #include <iomanip>
 #include <iostream>
 #include <iterator>
 #include <limits>
 #include <sstream>
 #include <string>
+#include <strstream>
+#include <vector>
 
+#include "../buffers.h"
+#include "../harness.h"
 #include "../random.h"
 
 __extension__ typedef long long longest;

@@ -6,12 +6,6 @@
 //
 // prints: 128409 lines
 // test-variants: -O0 | -O1
-#include <fstream>
-#include <strstream>
-#include <vector>
-
-#include "../../buffers.h"
-#include "../../harness.h"
 #include "../operations.h"
 
 using namespace operations;
