@@ -285,21 +285,21 @@ void unreadable() {
   _exit(ok ? 7 : 8);
 }
 
-// A derived object, whose areas follow the rule.
-class derived : public std::stringbuf {
-public:
-  explicit derived(int mode) : std::stringbuf(mode) {}
-  derived(const std::string &text, int mode) : std::stringbuf(text, mode) {}
-  int room() const { return static_cast<int>(epptr() - pptr()); }
-  const char *block() const { return pbase(); }
-  char *take_block() {
-    char *const taken = pbase();
-    setp(0, 0), setg(0, 0, 0);
-    return taken;
-  }
-  void write_to(char *array, int n) { setp(array, array + n); }
-  using std::stringbuf::overflow;
+// A derived object, whose areas follow the rule, and can be seen.
+template <class Buffer> struct shown : Buffer {
+  template <class A> explicit shown(A a) : Buffer(a) {}
+  template <class A, class B> shown(A a, B b) : Buffer(a, b) {}
+  template <class A, class B, class C> shown(A a, B b, C c) : Buffer(a, b, c) {}
+  int room() const { return static_cast<int>(this->epptr() - this->pptr()); }
+  int at() const { return static_cast<int>(this->gptr() - this->eback()); }
+  using Buffer::overflow;
+  using Buffer::pbase;
+  using Buffer::setg;
+  using Buffer::setp;
+  using Buffer::underflow;
 };
+typedef shown<std::stringbuf> derived;
+typedef shown<std::strstreambuf> probe;
 
 // Characters, C strings and blocks to be written, or texts to be set, and what is taken and given back for each.
 template <class Buffer> void sizes() {
@@ -320,10 +320,14 @@ template <class Buffer> void sizes() {
   }
 }
 
+void ignore(ios_base::event, ios_base &, int) {}
 struct writing {
-  std::stringstream s;
+  std::stringstream s, copied;
   std::string text;
-  writing() : text(30, 'x') { s.exceptions(ios_base::badbit); }
+  writing() : text(30, 'x') {
+    s.exceptions(ios_base::badbit);
+    copied.iword(0) = 3;
+  }
   void run() {
     try {
       for (int i = 0; i < 9; ++i) s << text << i << '.';
@@ -334,8 +338,16 @@ struct writing {
     const std::stringstream both(s.str());
     std::stringbuf b(s.str());
     CHECK(one.str() == text + text + text && to.str() == one.str() && both.str() == b.str() && b.str() == to.str());
+    s.iword(9) = 1, s.pword(4) = this;
+    for (int i = 0; i < 6; ++i) s.register_callback(ignore, i);
+    text[0] = 'X';
+    ios_base::failure failed(text), other(failed);
+    other = failed;
+    CHECK_TEXT(other.what(), text.c_str());
+    copied.copyfmt(s);
   }
-  void check(bool) {
+  void check(bool failed) {
+    CHECK_INT(copied.iword(0), failed ? 3 : 0);
     s.clear(), s.exceptions(ios_base::goodbit);
     const std::string all = s.str();
     for (unsigned i = 0; i < all.size() && all.size() != 90; ++i)
@@ -347,11 +359,11 @@ struct writing {
 
 void strings() {
   derived b("123456789", out), appending("abc", out | app), at_end("abc", out | ios_base::ate);
-  const char *const block = b.block();
+  const char *const block = b.pbase();
   b.str("ab");
-  CHECK(b.block() == block && b.room() == 2);
+  CHECK(b.pbase() == block && b.room() == 2);
   b.str(std::string(64, 'x'));  // which fill the block
-  CHECK(b.block() == block && (b.str(""), !b.block()) && b.str() == "");
+  CHECK(b.pbase() == block && (b.str(""), !b.pbase()) && b.str() == "");
   CHECK(appending.sputc('d') == 'd' && appending.str() == "abcd" && at_end.sputc('d') == 'd' && at_end.str() == "dbc");
   // Called with room left, overflow makes the area longer by a null character.
   derived odd("abcdQ", in | out);
@@ -367,14 +379,15 @@ void strings() {
   char array[] = "....";
   {
     derived taken("abcdef", in | out);
-    char *const first = taken.take_block();
+    char *const first = taken.pbase();
+    taken.setp(0, 0), taken.setg(0, 0, 0);
     CHECK(memcmp(first, "abcdef", 6) == 0 && taken.str() == "" && taken.sputn("xyz", 3) == 3 && taken.str() == "xyz");
-    delete[] first, delete[] taken.take_block();
-    taken.write_to(array, 4);
+    delete[] first, delete[] taken.pbase();
+    taken.setg(0, 0, 0), taken.setp(array, array + 4);
     CHECK(taken.sputn("1234", 4) == 4 && taken.pubseekpos(1, out) == 1 && taken.str() == "1234");
     CHECK(taken.pubseekoff(0, end, out) == 4 && taken.sputn("56789", 5) == 5);
-    CHECK(taken.block() != array && taken.str() == "123456789");  // moves to a block
-    taken.write_to(array, 4);
+    CHECK(taken.pbase() != array && taken.str() == "123456789");  // moves to a block
+    taken.setp(array, array + 4);
   }
   CHECK(memcmp(array, "1234", 4) == 0);
 }
@@ -395,17 +408,6 @@ void give_back(void *p) {
   std::strstreambuf::default_free(p);
 }
 
-class probe : public std::strstreambuf {
-public:
-  probe(void *(*palloc)(size_t), void (*pfree)(void *)) : std::strstreambuf(palloc, pfree) {}
-  probe(char *array, int n, char *pbeg) : std::strstreambuf(array, n, pbeg) {}
-  probe(const char *array, int n) : std::strstreambuf(array, n) {}
-  int room() const { return static_cast<int>(epptr() - pptr()); }
-  int at() const { return static_cast<int>(gptr() - eback()); }
-  using std::strstreambuf::overflow;
-  using std::strstreambuf::underflow;
-};
-
 void growing() {
   probe b(take, give);
   CHECK(b.sputn("0123456789", 10) == 10 && b.room() == 0 && b.sbumpc() == '0' && b.sbumpc() == '1');
@@ -424,7 +426,9 @@ void growing() {
   CHECK(b.pcount() == 32 && b.sputn("xy", 2) == 2);
   CHECK_TRACE("+48 +48 +48 -16");
   // A function to release alone sees every array that is left.
-  probe released(0, give_back), own(take, 0);
+  void *(*const no_take)(size_t) = 0;
+  void (*const no_give)(void *) = 0;
+  probe released(no_take, give_back), own(take, no_give);
   for (int i = 0; i < 33; ++i) CHECK_INT(released.sputc('x'), 'x');
   give_back(released.str());
   CHECK_INT(own.sputc('x'), 'x');

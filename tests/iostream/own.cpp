@@ -7,7 +7,6 @@
 
 #include <stdexcept>
 
-#include "../fail_allocation.h"
 #include "../rows.h"
 #include "operations.h"
 
@@ -216,23 +215,6 @@ void bases() {
   CHECK_TEXT(copied.what(), "a");
 }
 
-struct growing {
-  std::stringbuf buffer;
-  std::iostream from, to;
-  growing() : from(&buffer), to(&buffer) { to.iword(0) = 3; }
-  void run() {
-    from.iword(9) = 1, from.pword(4) = this;
-    for (int i = 0; i < 6; ++i) from.register_callback(tell, 'a');
-    std::string exposed(80, 'x');
-    exposed[0] = 'A';
-    b::failure one(exposed), two(one);
-    two = one;
-    CHECK_TEXT(two.what(), exposed.c_str());
-    to.copyfmt(from);
-  }
-  void check(bool failed) { CHECK_INT(to.iword(0), failed ? 3 : 0); }
-};
-
 // A file is copied behind itself, and from one buffer over it to another.
 void buffers() {
   const own_file path("own", "0123456789");
@@ -264,6 +246,5 @@ int main() {
   output();
   buffers();
   bases();
-  CHECK(fail_each_allocation<growing>() >= 10);
   return TEST_RESULT();
 }
