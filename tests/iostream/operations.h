@@ -172,22 +172,14 @@ template <class T> std::string in_value(std::istream &in, bool comparable) {
   return to.str();
 }
 // As OPERATIONS has them.
+typedef std::bitset<7> bits;
+typedef std::complex<float> complex;
 typedef std::string (*a_reader)(std::istream &, bool);
-const a_reader readers[] = {in_value<short>,
-                            in_value<unsigned>,
-                            in_value<longest>,
-                            in_value<unsigned_longest>,
-                            in_value<float>,
-                            in_value<long double>,
-                            in_value<bool>,
-                            in_value<void *>,
-                            in_value<std::bitset<7> >,
-                            in_value<std::complex<float> >,
-                            in_value<int>,
-                            in_value<long>,
-                            in_value<unsigned short>,
-                            in_value<unsigned long>,
-                            in_value<double>};
+const a_reader readers[] = {
+    in_value<short>,          in_value<unsigned>,      in_value<longest>, in_value<unsigned_longest>,
+    in_value<float>,          in_value<long double>,   in_value<bool>,    in_value<void *>,
+    in_value<bits>,           in_value<complex>,       in_value<int>,     in_value<long>,
+    in_value<unsigned short>, in_value<unsigned long>, in_value<double>};
 
 template <class T> void out_number(std::ostream &out, const an_operation &o) {
   const T real = static_cast<T>(static_cast<T>(o.real) / (sizeof real > 8 ? 3 : 1));
@@ -199,18 +191,8 @@ const a_writer writers[] = {
     out_number<long>,  out_number<unsigned long>,  out_number<longest>,    out_number<unsigned_longest>,
     out_number<float>, out_number<double>,         out_number<long double>};
 
-inline void copy_rest(std::istream &from, std::ostream &to) {
-  const std::istreambuf_iterator<char> at(from), end;
-  std::copy(at, end, std::ostreambuf_iterator<char>(to));
-}
-
-// Takes so many characters.
-struct a_destination : std::streambuf {
-  int left;
-  std::string text;
-  explicit a_destination(int room) : left(room) {}
-  virtual int overflow(int c) { return left-- > 0 ? (text += static_cast<char>(c), c & 0xFF) : -1; }
-};
+typedef std::istreambuf_iterator<char> from_buffer;
+typedef std::ostreambuf_iterator<char> to_buffer;
 
 inline std::string perform(std::iostream &s, const an_operation &o, bool comparable) {
   static char array[400000];
@@ -266,21 +248,23 @@ inline std::string perform(std::iostream &s, const an_operation &o, bool compara
       return s.unget(), got += static_cast<char>(s.get()), s.putback(got[0]), got;
     case give_back: s.unget(); return "";
     case get_buffer: {
-      a_destination to(comparable ? 11000 : n);
+      scripted to;
+      to.most = comparable ? 11000 : n;
       o.c == '\n' ? s.get(to) : s.get(to, o.c);
-      return to.text;
+      return to.taken();
     }
     case in_buffer: {
-      a_destination to(n);
+      scripted to;
+      to.most = n;
       std::stringbuf whole;
       s >> (o.width % 4 ? static_cast<std::streambuf *>(&to) : o.width ? &whole : 0);
-      return to.text + whole.str();
+      return to.taken() + whole.str();
     }
     case in_rest: {
       if (o.width % 8) return "";
       std::ostringstream to;
-      if (o.n % 3 == 0) to << std::string(std::istreambuf_iterator<char>(s), std::istreambuf_iterator<char>());
-      if (o.n % 3 == 1) copy_rest(s, to);
+      if (o.n % 3 == 0) to << std::string(from_buffer(s), from_buffer());
+      if (o.n % 3 == 1) std::copy(from_buffer(s), from_buffer(), to_buffer(to));
       if (o.n % 3 == 2)
         for (std::istream_iterator<std::string> at(s), end; at != end; ++at) to << at->size() << *at;
       return to.str();
@@ -303,7 +287,7 @@ inline std::string perform(std::iostream &s, const an_operation &o, bool compara
     }
     case out_copy: {
       std::istringstream from(o.text);
-      copy_rest(from, s);
+      std::copy(from_buffer(from), from_buffer(), to_buffer(s));
       break;
     }
     case out_complex: s << std::complex<double>(o.real, o.n); break;
