@@ -5,6 +5,7 @@
 
 #include "../libC/foreign.h"
 #include "abi_match.h"
+#include "library_types.h"
 
 using namespace __cxxabiv1;
 
@@ -16,6 +17,8 @@ const abi_type_info *abi_record(const void *type) {
 }
 
 }  // namespace
+
+const char *library_identity_of_clause(const void *clause) { return library_identity(abi_record(clause)); }
 
 bool catch_clause_matches_by_rules(const void *clause, a_throw_stack_entry *thrown, void **adjusted) {
   const a_type_info_impl *native = native_type(thrown);

@@ -42,8 +42,9 @@ void search_entries(an_eh_stack_entry *entry, a_throw_stack_entry *thrown);
 // Runs the clean-up that the entry stands for. The marker's link has passed it.
 void unwind_entry(an_eh_stack_entry *entry);
 
-// The marker's link has reached the handler. With a detour, std::unexpected's frames are led to it.
-[[noreturn]] void enter_handler(an_eh_stack_entry *entry, a_throw_stack_entry *thrown, a_detour *detour);
+// The marker's link has reached the handler. `frame`, if there are any of C++, is the one that has been reached:
+// std::unexpected's own frames are led to it.
+[[noreturn]] void enter_handler(an_eh_stack_entry *entry, a_throw_stack_entry *thrown, const a_landing *frame);
 
 // Everything was unwound, and nobody handles the exception.
 [[noreturn]] void end_without_handler(a_throw_stack_entry *thrown);

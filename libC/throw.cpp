@@ -155,17 +155,19 @@ void unwind_entries(a_throw_stack_entry *thrown, an_eh_stack_entry *last) {
   }
 }
 
-void enter_handler(an_eh_stack_entry *entry, a_throw_stack_entry *thrown, a_detour *detour) {
+void enter_handler(an_eh_stack_entry *entry, a_throw_stack_entry *thrown, const a_landing *frame) {
   // A landing in a frame of C++ may well have this entry before it, and be inside of what waits here.
   if (pending_throws) end_waits_at(entry);
   if (__curr_eh_stack_entry != &thrown->marker) assertion_failed(1099);
   if (entry->kind == PLX_EH_TRY_BLOCK) handle_in_try(entry, thrown);
   thrown->handled = 1;
   __curr_eh_stack_entry = entry->next;
-  if (detour) {
-    detour->entry.kind = eh_detour;
-    detour->entry.next = entry->next;
-    __curr_eh_stack_entry = &detour->entry;
+  a_detour detour;
+  if (frame) {
+    detour.next = *frame;
+    detour.entry.kind = eh_detour;
+    detour.entry.next = entry->next;
+    __curr_eh_stack_entry = &detour.entry;
   }
   if (entry->kind == eh_unexpected_guard) guard_at(entry)->replace(guard_at(entry), thrown);
   begin_wait(thrown, a_pending_step::unexpected, entry->next, &entry);

@@ -212,32 +212,31 @@ bool find_cfa(const a_frame_rules &rules, const a_machine_frame &frame, unsigned
 }
 
 bool step_by_rules(const a_frame_rules &rules, unsigned cfa, a_machine_frame &frame) {
-  const a_machine_frame old = frame;
   unsigned values[register_count];
   for (unsigned i = 0; i < register_count; ++i) {
     const a_rule &rule = rules.registers[i];
     const unsigned beside_cfa = cfa + static_cast<unsigned>(rule.offset);
-    unsigned value = i < register_eip ? old.registers[i] : 0;
+    unsigned value = i < register_eip ? frame.registers[i] : 0;
     switch (rule.kind) {
       case a_rule::same:
       case a_rule::undefined: break;
       case a_rule::at_offset:
-        if (!read_word(old, beside_cfa, value)) return false;
+        if (!read_word(frame, beside_cfa, value)) return false;
         break;
       case a_rule::is_offset: value = beside_cfa; break;
-      case a_rule::in_register: value = old.registers[rule.reg]; break;
+      case a_rule::in_register: value = frame.registers[rule.reg]; break;
       case a_rule::at_expression:
-        if (!evaluate(rules.range, rule.expression, old, cfa, value) || !read_word(old, value, value)) return false;
+        if (!evaluate(rules.range, rule.expression, frame, cfa, value) || !read_word(frame, value, value)) return false;
         break;
       case a_rule::is_expression:
-        if (!evaluate(rules.range, rule.expression, old, cfa, value)) return false;
+        if (!evaluate(rules.range, rule.expression, frame, cfa, value)) return false;
         break;
     }
     values[i] = value;
   }
   // Unless the table says otherwise the stack pointer after the return is the CFA itself.
   if (rules.registers[register_esp].kind == a_rule::same) values[register_esp] = cfa;
-  __builtin_memcpy(frame.registers, values, sizeof frame.registers);
+  for (unsigned i = 0; i < register_eip; ++i) frame.registers[i] = values[i];
   frame.address = values[register_eip];
   return true;
 }

@@ -53,9 +53,7 @@ inline an_exception_header *prepare_header(a_throw_stack_entry *thrown) {
   unwind_entries(thrown, next->next_entry);
   if (!next->landing_pad) {
     if (!next->selector) end_without_handler(thrown);
-    a_detour detour;
-    detour.next = *next;
-    enter_handler(next->next_entry, thrown, &detour);
+    enter_handler(next->next_entry, thrown, next);
   }
   if (__curr_eh_stack_entry != &thrown->marker) assertion_failed(1099);
   if (pending_throws) end_waits_below(next->esp);
@@ -67,11 +65,9 @@ void throw_and_land(a_throw_stack_entry *thrown, const a_saved_frame *thrower) {
   if (__asan_handle_no_return) __asan_handle_no_return();
   a_throw_state &state = state_of(thrown);
   an_exception_header *header = prepare_header(thrown);
-  void *records = eh_extend_on_stack(thrown, landing_records * sizeof(a_landing));
-  state.records = records ? static_cast<a_landing *>(records) : &state.spare;
+  state.records = &state.spare;
   state.position = 0;
-  a_machine_frame frame = frame_of(*thrower);
-  search_from(frame, thrown);
+  search_from(*thrower, thrown);
   if (header == &state.stand_in.header) state.stand_in.pointer = state.adjusted;
   if (state.records->pace == fast_pace) land(header, state.records);
   go_on(thrown);

@@ -12,8 +12,8 @@
 namespace __zor {
 
 struct a_clause {
-  const void *type;  // null: any
-  int selector;      // that it lands with; 0: there is no clause
+  const void *type;              // null: any
+  const char *library_identity;  // of the library's descriptor of the type; null: there is none
 };
 
 struct a_plan {
@@ -39,7 +39,8 @@ struct a_plan {
   byte cfa_register;
   bool caller_is_interrupted;  // a signal frame: the caller was at the very instruction
   int cfa_offset;
-  short saved[4];  // of ebx, esi, edi, ebp: distance from the CFA; 0: in the register still
+  signed char saved[4];  // of ebx, esi, edi, ebp: words from the CFA; 0: in the register still
+  short selectors[2];    // that the clauses land with; 0: there is no clause
   unsigned landing_pad;
   unsigned arguments_size;
   a_clause clauses[2];

@@ -1,5 +1,6 @@
 // Makes a plan from the tables of the object that an address lies in.
 
+#include "../cxxabi/foreign_match.h"
 #include "../libC/if_linked.h"
 #include "plan.h"
 
@@ -27,7 +28,7 @@ bool is_plain(const a_frame_entry &entry, const a_frame_rules &rules) {
       case register_edi:
       case register_ebp:
         if (rule.kind == a_rule::same || rule.kind == a_rule::undefined) break;
-        if (rule.kind != a_rule::at_offset || rule.offset >= 0 || rule.offset < -32768) return false;
+        if (rule.kind != a_rule::at_offset || rule.offset >= 0 || rule.offset < -512 || rule.offset % 4) return false;
         break;
       default:
         if (rule.kind != a_rule::same && rule.kind != a_rule::undefined) return false;
@@ -62,7 +63,7 @@ void take_rules(const a_frame_entry &entry, a_frame_rules &rules, a_plan &plan) 
     plan.cfa_offset = rules.cfa.offset;
     for (unsigned i = 0; i < 4; ++i) {
       const a_rule &rule = rules.registers[kept_registers[i]];
-      plan.saved[i] = rule.kind == a_rule::at_offset ? static_cast<short>(rule.offset) : 0;
+      plan.saved[i] = rule.kind == a_rule::at_offset ? static_cast<signed char>(rule.offset / 4) : 0;
     }
   } else {
     plan.shape = !entry.is_signal_frame && is_realigned(rules, plan) ? a_plan::realigned : a_plan::general;
@@ -76,8 +77,10 @@ a_plan::a_handling take_clauses(const an_exception_table &table, a_plan &plan) {
   for (const byte *next = plan.action; next;) {
     const int filter = table.next_action(next);
     if (filter == 0 && !next) return clauses ? a_plan::one_or_two_and_clean_up : a_plan::clean_up;
-    if (filter <= 0 || clauses == 2) return a_plan::actions;
-    plan.clauses[clauses++] = {table.type(static_cast<unsigned>(filter)), filter};
+    if (filter <= 0 || filter > 32767 || clauses == 2) return a_plan::actions;
+    const void *type = table.type(static_cast<unsigned>(filter));
+    plan.clauses[clauses] = {type, type ? library_identity_of_clause(type) : nullptr};
+    plan.selectors[clauses++] = static_cast<short>(filter);
   }
   return a_plan::one_or_two;
 }

@@ -45,7 +45,9 @@ PLX_ALWAYS_INLINE bool cfa_of(const a_plan *plan, const a_machine_frame &frame, 
     cfa = 0xFFFFFFFF;  // all entries are inner to it
     return true;
   } else {
-    if (!find_cfa(*plan->rules, frame, cfa)) return false;
+    unsigned found;  // so that the caller's can stay in a register
+    if (!find_cfa(*plan->rules, frame, found)) return false;
+    cfa = found;
     // A signal handler may run on a stack of its own.
     if (plan->caller_is_interrupted) return true;
   }
@@ -55,10 +57,11 @@ PLX_ALWAYS_INLINE bool cfa_of(const a_plan *plan, const a_machine_frame &frame, 
 PLX_ALWAYS_INLINE bool step(const a_plan *plan, unsigned cfa, a_machine_frame &frame) {
   if (__builtin_expect(plan->shape != a_plan::plain, 0))
     return plan->shape != a_plan::outermost && step_by_rules(*plan->rules, cfa, frame);
-  if (plan->saved[0]) frame.registers[register_ebx] = stack_word(cfa + plan->saved[0]);
-  if (plan->saved[1]) frame.registers[register_esi] = stack_word(cfa + plan->saved[1]);
-  if (plan->saved[2]) frame.registers[register_edi] = stack_word(cfa + plan->saved[2]);
-  if (plan->saved[3]) frame.registers[register_ebp] = stack_word(cfa + plan->saved[3]);
+  const unsigned *words = reinterpret_cast<const unsigned *>(cfa);
+  if (plan->saved[0]) frame.registers[register_ebx] = words[plan->saved[0]];
+  if (plan->saved[1]) frame.registers[register_esi] = words[plan->saved[1]];
+  if (plan->saved[2]) frame.registers[register_edi] = words[plan->saved[2]];
+  if (plan->saved[3]) frame.registers[register_ebp] = words[plan->saved[3]];
   frame.registers[register_esp] = cfa;
   frame.address = stack_word(cfa - 4);
   return true;
@@ -74,9 +77,9 @@ a_verdict choose_by_actions(const a_plan *plan, a_throw_stack_entry *thrown, int
     const int filter = table.next_action(at);
     if (filter == 0) {
       has_cleanup = true;
-    } else if (filter > 0
-                   ? catch_clause_matches(table.type(static_cast<unsigned>(filter)), thrown, &state_of(thrown).adjusted)
-                   : !allowed_by(table, filter, thrown)) {
+    } else if (filter > 0 ? catch_clause_matches(table.type(static_cast<unsigned>(filter)), nullptr, thrown,
+                                                 &state_of(thrown).adjusted)
+                          : !allowed_by(table, filter, thrown)) {
       selector = filter;
       return a_verdict::handle;
     }
@@ -89,18 +92,20 @@ PLX_ALWAYS_INLINE a_verdict choose(const a_plan *plan, a_throw_stack_entry *thro
   selector = 0;
   if (__builtin_expect(plan->handling == a_plan::clean_up, 1)) return a_verdict::clean_up;
   if (plan->handling == a_plan::actions) return choose_by_actions(plan, thrown, selector);
-  for (const a_clause &clause : plan->clauses) {
-    if (clause.selector == 0) break;
-    if (catch_clause_matches(clause.type, thrown, &state_of(thrown).adjusted)) {
-      selector = clause.selector;
+  for (int i = 0; i < 2 && plan->selectors[i]; ++i) {
+    const a_clause &clause = plan->clauses[i];
+    if (catch_clause_matches(clause.type, clause.library_identity, thrown, &state_of(thrown).adjusted)) {
+      selector = plan->selectors[i];
       return a_verdict::handle;
     }
   }
   return plan->handling == a_plan::one_or_two ? a_verdict::pass : a_verdict::clean_up;
 }
 
-// Where records go. The last record is followed by one that only says that there are no more.
+// Where records go. The last record is followed by one that only says that there are no more. Room for many is asked
+// for when the first comes: a throw that lands nowhere on its way needs none.
 struct a_recorder {
+  a_throw_stack_entry *thrown;
   a_landing *next, *end;
   an_eh_stack_entry *last_entry;  // the unwinder stands here after the record before
   a_pace least_pace;              // slow where waits may end at any landing
@@ -108,7 +113,7 @@ struct a_recorder {
 
   void note(const a_machine_frame &frame, const a_plan *plan, unsigned cfa, int selector,
             an_eh_stack_entry *next_entry) {
-    if (next == end) {
+    if (next == end && !find_room()) {
       closing = more_landings;
       return;
     }
@@ -118,6 +123,15 @@ struct a_recorder {
     ++next;
   }
   void close() { next->pace = closing; }
+
+  PLX_ALWAYS_INLINE bool find_room() {
+    a_throw_state &state = state_of(thrown);
+    if (next != &state.spare) return false;
+    void *room = eh_extend_on_stack(thrown, landing_records * sizeof(a_landing));
+    if (room) state.records = next = static_cast<a_landing *>(room);
+    end = next + (room ? landing_records - 1 : 1);
+    return true;
+  }
 
   static void fill(a_landing &landing, const a_machine_frame &frame, const a_plan *plan, unsigned cfa, int selector,
                    an_eh_stack_entry *next_entry) {
@@ -136,7 +150,7 @@ struct a_recorder {
 template <class Visitor> inline void walk(a_machine_frame &frame, an_eh_stack_entry *entry, Visitor &visitor) {
   const unsigned stack_pointer = frame.registers[register_esp];
   const unsigned stack_end = reinterpret_cast<unsigned>(__libc_stack_end);
-  unsigned entry_position = position_of(entry, stack_pointer, stack_end);
+  unsigned entry_position = entry ? position_of(entry, stack_pointer, stack_end) : 0xFFFFFFFF;
   a_plan *plan = find_plan(frame.address);
   for (;;) {
     unsigned cfa;
@@ -144,11 +158,15 @@ template <class Visitor> inline void walk(a_machine_frame &frame, an_eh_stack_en
     while (__builtin_expect(entry_position < cfa, 0)) {
       an_eh_stack_entry *passed = entry;
       // A function's matters on the way out only.
-      const bool matters = passed->kind != PLX_EH_FUNCTION;
-      if (matters && visitor.entry(passed, frame, plan, cfa)) return;
+      if (passed->kind == PLX_EH_FUNCTION) {
+        entry = passed->next;
+        entry_position = position_of(entry, stack_pointer, stack_end);
+        continue;
+      }
+      if (visitor.entry(passed, frame, plan, cfa)) return;
       entry = passed->next;
       entry_position = position_of(entry, stack_pointer, stack_end);
-      if (matters && passed->kind == eh_detour) {
+      if (passed->kind == eh_detour) {
         frame = frame_of(reinterpret_cast<const a_detour *>(passed)->next);
         plan = find_plan(frame.address);
         goto next_frame;
@@ -255,8 +273,8 @@ struct a_second_walk {
 
 a_recorder start_recorder(a_throw_stack_entry *thrown) {
   a_throw_state &state = state_of(thrown);
-  const unsigned room = state.records == &state.spare ? 1 : landing_records - 1;
-  return {state.records, state.records + room, thrown->marker.next, pending_throws ? slow_pace : fast_pace};
+  const unsigned room = state.records == &state.spare ? 0 : landing_records - 1;
+  return {thrown, state.records, state.records + room, thrown->marker.next, pending_throws ? slow_pace : fast_pace};
 }
 
 }  // namespace
@@ -265,11 +283,12 @@ bool allowed_by(const an_exception_table &table, int filter, a_throw_stack_entry
   a_byte_reader list(table.range(), table.allowed_types(filter));
   void *ignored;
   while (unsigned index = list.uleb())
-    if (catch_clause_matches(table.type(index), thrown, &ignored)) return true;
+    if (catch_clause_matches(table.type(index), nullptr, thrown, &ignored)) return true;
   return false;
 }
 
-void search_from(a_machine_frame &frame, a_throw_stack_entry *thrown) {
+void search_from(const a_saved_frame &thrower, a_throw_stack_entry *thrown) {
+  a_machine_frame frame = frame_of(thrower);
   a_search search = {thrown, state_of(thrown).final, start_recorder(thrown)};
   search.final.next_entry = nullptr;
   walk(frame, thrown->marker.next, search);

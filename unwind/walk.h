@@ -5,9 +5,9 @@
 
 namespace __zor {
 
-// Looks for the handler of `thrown` from a frame outwards, and notes in its state where to land on the way: in `final`
-// the handler, or, without one, the end of the stack; in the records what comes before.
-void search_from(a_machine_frame &frame, a_throw_stack_entry *thrown);
+// Looks for the handler of `thrown` from where it was thrown outwards, and notes in its state where to land on the way:
+// in `final` the handler, or, without one, the end of the stack; in the records what comes before.
+void search_from(const a_saved_frame &thrower, a_throw_stack_entry *thrown);
 
 // Notes the landings that follow the last recorded one, once those are used up.
 void record_more(a_throw_stack_entry *thrown, const a_landing &last);
@@ -15,14 +15,13 @@ void record_more(a_throw_stack_entry *thrown, const a_landing &last);
 // Whether a specification's list of allowed types allows the exception to pass.
 bool allowed_by(const an_exception_table &table, int filter, a_throw_stack_entry *thrown);
 
-// Where an entry stands that does not lie on the searcher's stack.
+// Where an entry stands that does not lie on the searcher's stack, or is none.
 unsigned position_elsewhere(an_eh_stack_entry *entry);
 
 // The stack address of an entry, beyond all for none; `stack_pointer` is the searcher's.
 inline unsigned position_of(an_eh_stack_entry *entry, unsigned stack_pointer, unsigned stack_end) {
-  if (!entry) return 0xFFFFFFFF;
   const unsigned address = reinterpret_cast<unsigned>(entry);
-  return address >= stack_pointer && address < stack_end ? address : position_elsewhere(entry);
+  return address - stack_pointer < stack_end - stack_pointer ? address : position_elsewhere(entry);
 }
 
 }  // namespace __zor

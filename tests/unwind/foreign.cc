@@ -1,10 +1,15 @@
 // Exceptions of two C++ libraries in one process, which do not see each other's. This is both a C library that keeps
 // the host's C++ library and its unwinder behind its interface (FOREIGN), and a program of ours, which ends as its
 // argument says, and has the library linked or opens it (OPENED).
+#include <bitset>
+#include <complex>
 #include <cstdio>
 #include <cstdlib>
 #include <dlfcn.h>
+#include <locale>
+#include <memory>
 #include <pthread.h>
+#include <sstream>
 #include <stdexcept>
 #include <string>
 
@@ -42,7 +47,11 @@ void MINE(calls)(callback f, int n) {
     std::string("x").at(n);
   } catch (std::out_of_range &) {
     f(n);
-    std::printf(SIDE " line %d ", n);
+    // Function templates and inline functions of the same names are in both.
+    std::ostringstream text;
+    text << std::bitset<2>(n) << std::locale(text.getloc()).name() << std::complex<float>(1);
+    std::get_temporary_buffer<int>(n);
+    std::printf(SIDE " says %s ", text.str().c_str());
   }
 }
 }

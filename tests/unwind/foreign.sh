@@ -4,8 +4,8 @@
 . "$PLX_SOURCE/tests/driver/common.bash"
 here=$PLX_SOURCE/tests/unwind
 [ -z "${PLX_SANITIZE:-}" ] || { echo "skipped: sanitizers bring the host's unwinder along"; exit 77; }
-g++ -m32 -O0 -fPIC -shared -DFOREIGN "$here/foreign.cc" -o libforeign.so || exit 1
-common='~ours3 ~ours23 ours caught 3 ~ours13 theirs line 3 ours line 3 
+g++ -m32 -O0 -w -fPIC -shared -DFOREIGN "$here/foreign.cc" -o libforeign.so || exit 1
+common='~ours3 ~ours23 ours caught 3 ~ours13 theirs says 11C(1,0) ours says 11C(1,0) 
 ~ours1 ~ours21 ours caught ours ~ours11 ~theirs1 ~ours21 ~ours11 ~theirs21 theirs caught theirs ~theirs11 
 ~ours2 ~ours22 ours caught 2 ~ours12 ~theirs2 ~ours22 ~ours12 ~theirs22 theirs caught 2 ~theirs12 '
 for compiler in g++ clang++-14; do

@@ -126,7 +126,7 @@ template <class _Forward, class _T> inline _Forward upper_bound(_Forward _first,
 
 // Halves until an equal element is met, and looks for one border on each side of it.
 template <class _Forward, class _T, class _Compare>
-pair<_Forward, _Forward> equal_range(_Forward _first, _Forward _last, const _T &_value, _Compare _before) {
+PLX_HIDDEN pair<_Forward, _Forward> equal_range(_Forward _first, _Forward _last, const _T &_value, _Compare _before) {
   typedef typename iterator_traits<_Forward>::difference_type _distance_type;
   for (_distance_type _n = std::distance(_first, _last); _n > 0;) {
     const _distance_type _half = _n / 2;

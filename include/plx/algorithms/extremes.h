@@ -8,7 +8,8 @@
 
 namespace std {
 
-template <class _Forward, class _Compare> _Forward min_element(_Forward _first, _Forward _last, _Compare _before) {
+template <class _Forward, class _Compare>
+PLX_HIDDEN _Forward min_element(_Forward _first, _Forward _last, _Compare _before) {
   if (_first == _last) return _last;
   _Forward _least = _first;
   while (++_first != _last)
@@ -19,7 +20,8 @@ template <class _Forward> inline _Forward min_element(_Forward _first, _Forward 
   return std::min_element(_first, _last, __zor::_by_less());
 }
 
-template <class _Forward, class _Compare> _Forward max_element(_Forward _first, _Forward _last, _Compare _before) {
+template <class _Forward, class _Compare>
+PLX_HIDDEN _Forward max_element(_Forward _first, _Forward _last, _Compare _before) {
   if (_first == _last) return _last;
   _Forward _most = _first;
   while (++_first != _last)
@@ -33,7 +35,7 @@ template <class _Forward> inline _Forward max_element(_Forward _first, _Forward 
 // The last place where an element is before its successor changes; everything after it is in descending order, and is
 // reversed. Without such a place the range starts again from the first permutation, and the result is false.
 template <class _Bidirectional, class _Compare>
-bool next_permutation(_Bidirectional _first, _Bidirectional _last, _Compare _before) {
+PLX_HIDDEN bool next_permutation(_Bidirectional _first, _Bidirectional _last, _Compare _before) {
   if (_first == _last) return false;
   _Bidirectional _at = _last;
   --_at;
@@ -56,7 +58,7 @@ template <class _Bidirectional> inline bool next_permutation(_Bidirectional _fir
 }
 
 template <class _Bidirectional, class _Compare>
-bool prev_permutation(_Bidirectional _first, _Bidirectional _last, _Compare _before) {
+PLX_HIDDEN bool prev_permutation(_Bidirectional _first, _Bidirectional _last, _Compare _before) {
   if (_first == _last) return false;
   _Bidirectional _at = _last;
   --_at;

@@ -280,7 +280,7 @@ void inplace_merge(_Iterator _first, _Iterator _middle, _Iterator _last, _Before
 namespace std {
 
 template <class _A, class _Bt, class _Out, class _Compare>
-_Out merge(_A _first, _A _last, _Bt _other, _Bt _other_last, _Out _out, _Compare _before) {
+PLX_HIDDEN _Out merge(_A _first, _A _last, _Bt _other, _Bt _other_last, _Out _out, _Compare _before) {
   for (; bool(_first != _last) && bool(_other != _other_last); ++_out) {
     if (_before(*_other, *_first)) {
       *_out = *_other;

@@ -120,7 +120,7 @@ template <class _In, class _Predicate> inline _In find_if(_In _first, _In _last,
 }
 
 template <class _A, class _Bt, class _Equal>
-_A find_end(_A _first, _A _last, _Bt _other, _Bt _other_last, _Equal _same) {
+PLX_HIDDEN _A find_end(_A _first, _A _last, _Bt _other, _Bt _other_last, _Equal _same) {
   if (_other == _other_last) return _last;
   _A _result = _last;
   for (;; ++_first) {
@@ -140,7 +140,7 @@ template <class _A, class _Bt> inline _A find_end(_A _first, _A _last, _Bt _othe
 }
 
 template <class _A, class _Bt, class _Equal>
-_A find_first_of(_A _first, _A _last, _Bt _other, _Bt _other_last, _Equal _same) {
+PLX_HIDDEN _A find_first_of(_A _first, _A _last, _Bt _other, _Bt _other_last, _Equal _same) {
   for (; _first != _last; ++_first)
     for (_Bt _wanted = _other; _wanted != _other_last; ++_wanted)
       if (_same(*_first, *_wanted)) return _first;
@@ -150,7 +150,8 @@ template <class _A, class _Bt> inline _A find_first_of(_A _first, _A _last, _Bt 
   return std::find_first_of(_first, _last, _other, _other_last, __zor::_by_equal());
 }
 
-template <class _Forward, class _Equal> _Forward adjacent_find(_Forward _first, _Forward _last, _Equal _same) {
+template <class _Forward, class _Equal>
+PLX_HIDDEN _Forward adjacent_find(_Forward _first, _Forward _last, _Equal _same) {
   if (_first == _last) return _last;
   for (_Forward _next = _first; ++_next != _last; _first = _next)
     if (_same(*_first, *_next)) return _first;

@@ -8,7 +8,7 @@
 namespace std {
 
 template <class _A, class _Bt, class _Compare>
-bool includes(_A _first, _A _last, _Bt _other, _Bt _other_last, _Compare _before) {
+PLX_HIDDEN bool includes(_A _first, _A _last, _Bt _other, _Bt _other_last, _Compare _before) {
   while (bool(_first != _last) && bool(_other != _other_last)) {
     if (_before(*_other, *_first)) return false;
     if (!bool(_before(*_first, *_other))) ++_other;
@@ -21,7 +21,7 @@ template <class _A, class _Bt> inline bool includes(_A _first, _A _last, _Bt _ot
 }
 
 template <class _A, class _Bt, class _Out, class _Compare>
-_Out set_union(_A _first, _A _last, _Bt _other, _Bt _other_last, _Out _out, _Compare _before) {
+PLX_HIDDEN _Out set_union(_A _first, _A _last, _Bt _other, _Bt _other_last, _Out _out, _Compare _before) {
   for (; bool(_first != _last) && bool(_other != _other_last); ++_out) {
     if (_before(*_first, *_other)) {
       *_out = *_first;
@@ -43,7 +43,7 @@ inline _Out set_union(_A _first, _A _last, _Bt _other, _Bt _other_last, _Out _ou
 }
 
 template <class _A, class _Bt, class _Out, class _Compare>
-_Out set_intersection(_A _first, _A _last, _Bt _other, _Bt _other_last, _Out _out, _Compare _before) {
+PLX_HIDDEN _Out set_intersection(_A _first, _A _last, _Bt _other, _Bt _other_last, _Out _out, _Compare _before) {
   while (bool(_first != _last) && bool(_other != _other_last)) {
     if (_before(*_first, *_other)) {
       ++_first;
@@ -64,7 +64,7 @@ inline _Out set_intersection(_A _first, _A _last, _Bt _other, _Bt _other_last, _
 }
 
 template <class _A, class _Bt, class _Out, class _Compare>
-_Out set_difference(_A _first, _A _last, _Bt _other, _Bt _other_last, _Out _out, _Compare _before) {
+PLX_HIDDEN _Out set_difference(_A _first, _A _last, _Bt _other, _Bt _other_last, _Out _out, _Compare _before) {
   while (bool(_first != _last) && bool(_other != _other_last)) {
     if (_before(*_first, *_other)) {
       *_out = *_first;
@@ -85,7 +85,8 @@ inline _Out set_difference(_A _first, _A _last, _Bt _other, _Bt _other_last, _Ou
 }
 
 template <class _A, class _Bt, class _Out, class _Compare>
-_Out set_symmetric_difference(_A _first, _A _last, _Bt _other, _Bt _other_last, _Out _out, _Compare _before) {
+PLX_HIDDEN _Out set_symmetric_difference(_A _first, _A _last, _Bt _other, _Bt _other_last, _Out _out,
+                                         _Compare _before) {
   while (bool(_first != _last) && bool(_other != _other_last)) {
     if (_before(*_first, *_other)) {
       *_out = *_first;

@@ -9,9 +9,11 @@ namespace std {
 
 // A generator is changed in its place; a temporary one can be given where the dialect has references to such.
 #if __cplusplus >= 201103L
-template <class _Random, class _Generator> void random_shuffle(_Random _first, _Random _last, _Generator &&_below) {
+template <class _Random, class _Generator>
+PLX_HIDDEN void random_shuffle(_Random _first, _Random _last, _Generator &&_below) {
 #else
-template <class _Random, class _Generator> void random_shuffle(_Random _first, _Random _last, _Generator &_below) {
+template <class _Random, class _Generator>
+PLX_HIDDEN void random_shuffle(_Random _first, _Random _last, _Generator &_below) {
 #endif
   typedef typename iterator_traits<_Random>::difference_type _distance_type;
   const _distance_type _n = _last - _first;
@@ -21,7 +23,7 @@ template <class _Random, class _Generator> void random_shuffle(_Random _first, _
   }
 }
 
-template <class _Random> void random_shuffle(_Random _first, _Random _last) {
+template <class _Random> PLX_HIDDEN void random_shuffle(_Random _first, _Random _last) {
   typedef typename iterator_traits<_Random>::difference_type _distance_type;
   const _distance_type _n = _last - _first;
   for (_distance_type _i = 1; _i < _n; ++_i) {

@@ -282,7 +282,7 @@ template <class _Random> inline void partial_sort(_Random _first, _Random _middl
 }
 
 template <class _In, class _Random, class _Compare>
-_Random partial_sort_copy(_In _first, _In _last, _Random _out, _Random _out_last, _Compare _before) {
+PLX_HIDDEN _Random partial_sort_copy(_In _first, _In _last, _Random _out, _Random _out_last, _Compare _before) {
   typedef typename iterator_traits<_Random>::difference_type _distance_type;
   _Random _end = _out;
   for (; bool(_first != _last) && bool(_end != _out_last); ++_first, (void)++_end) *_end = *_first;

@@ -11,7 +11,8 @@
 #endif
 
 // Attributes, here only. -fvisibility=hidden is for definitions: what is declared PLX_HIDDEN is reached directly,
-// without the global offset table, where its definition is not seen.
+// without the global offset table, where its definition is not seen. Function templates of namespace std that are not
+// inline are hidden too: a shared object with another C++ library has some of the same names.
 #define PLX_API __attribute__((__visibility__("default")))
 #define PLX_HIDDEN __attribute__((__visibility__("hidden")))
 #define PLX_REGPARM __attribute__((__regparm__(3)))  // the first three words of arguments in registers

@@ -10,7 +10,7 @@
 
 namespace std {
 
-template <class _T> pair<_T *, ptrdiff_t> get_temporary_buffer(ptrdiff_t _n) PLX_NOTHROW {
+template <class _T> PLX_HIDDEN pair<_T *, ptrdiff_t> get_temporary_buffer(ptrdiff_t _n) PLX_NOTHROW {
   const ptrdiff_t _most = static_cast<ptrdiff_t>(static_cast<size_t>(-1) / 2 / sizeof(_T));
   if (_n > _most) _n = _most;
   for (; _n > 0; _n /= 2) {
@@ -20,7 +20,7 @@ template <class _T> pair<_T *, ptrdiff_t> get_temporary_buffer(ptrdiff_t _n) PLX
   return pair<_T *, ptrdiff_t>(static_cast<_T *>(0), 0);
 }
 
-template <class _T> void return_temporary_buffer(_T *_block) PLX_NOTHROW {
+template <class _T> PLX_HIDDEN void return_temporary_buffer(_T *_block) PLX_NOTHROW {
   ::operator delete(static_cast<void *>(_block));
 }
 

@@ -42,14 +42,14 @@ private:
 namespace std {
 
 template <class _Ct, class _T, size_t _Nv>
-basic_istream<_Ct, _T> &operator>>(basic_istream<_Ct, _T> &_in, bitset<_Nv> &_bits) {
+PLX_HIDDEN basic_istream<_Ct, _T> &operator>>(basic_istream<_Ct, _T> &_in, bitset<_Nv> &_bits) {
   __zor::_bits_to_come<bitset<_Nv> > _read(_bits);
   __zor::_extract_bits(_in, _read._text, _Nv);
   return _in;
 }
 
 template <class _Ct, class _T, size_t _Nv>
-basic_ostream<_Ct, _T> &operator<<(basic_ostream<_Ct, _T> &_out, const bitset<_Nv> &_bits) {
+PLX_HIDDEN basic_ostream<_Ct, _T> &operator<<(basic_ostream<_Ct, _T> &_out, const bitset<_Nv> &_bits) {
   return _out << _bits.template to_string<_Ct, _T, allocator<_Ct> >();
 }
 

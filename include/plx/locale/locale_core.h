@@ -39,7 +39,7 @@ public:
   // The default locale: the classic one, until a program sets another by global(). The first call may throw bad_alloc.
   locale();
 
-  locale(const locale &_other) PLX_NOTHROW;
+  inline locale(const locale &_other) PLX_NOTHROW;
 
   // All categories of one of the C library's locales; "" is the environment's. Throws runtime_error with
   // "Invalid locale name\n" when `_name` is null or unknown. The C library's locale is switched for the time of the
@@ -56,7 +56,7 @@ public:
   template <class _Facet> locale(const locale &_other, _Facet *_facet)
       : _imp_(_with(_other, const_cast<facet *>(static_cast<const facet *>(_facet)), _Facet::id)) {}
 
-  ~locale() PLX_NOTHROW;
+  inline ~locale() PLX_NOTHROW;
   const locale &operator=(const locale &_other) PLX_NOTHROW;
 
   // A copy of this locale, without a name, that has _Facet from `_other`. Throws runtime_error when `_other` has none.
@@ -90,7 +90,7 @@ public:
   void set_cat(imp *_source, category _categories);
 
   imp *_get_imp() const PLX_NOTHROW { return _imp_; }  // never null
-  void _release() PLX_NOTHROW;                         // what the destructor does
+  inline void _release() PLX_NOTHROW;                  // what the destructor does
 
 private:
   explicit locale(imp *_adopted) PLX_NOTHROW : _imp_(_adopted) {}

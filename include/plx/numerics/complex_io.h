@@ -37,7 +37,7 @@ private:
 namespace std {
 
 template <class _T, class _Ct, class _Traits>
-basic_istream<_Ct, _Traits> &operator>>(basic_istream<_Ct, _Traits> &_in, complex<_T> &_z) {
+PLX_HIDDEN basic_istream<_Ct, _Traits> &operator>>(basic_istream<_Ct, _Traits> &_in, complex<_T> &_z) {
   _T _re = _T(), _im = _T();
   _Ct _c = _Ct();
   typename basic_istream<_Ct, _Traits>::sentry _ready(_in);
@@ -56,7 +56,7 @@ basic_istream<_Ct, _Traits> &operator>>(basic_istream<_Ct, _Traits> &_in, comple
 }
 
 template <class _T, class _Ct, class _Traits>
-basic_ostream<_Ct, _Traits> &operator<<(basic_ostream<_Ct, _Traits> &_out, const complex<_T> &_z) {
+PLX_HIDDEN basic_ostream<_Ct, _Traits> &operator<<(basic_ostream<_Ct, _Traits> &_out, const complex<_T> &_z) {
   __zor::_complex_text<_Ct, _Traits> _buffer;
   basic_ostream<_Ct, _Traits> _text(&_buffer);
   _text.flags(_out.flags());
