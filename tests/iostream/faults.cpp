@@ -163,12 +163,13 @@ void flushes() {
     const int kind = i % kinds;
     const bool writes_text = o.what >= reads && o.what <= out_put, writes_any = o.what >= reads && o.what < writes;
     const bool waits = o.flushes && o.what != skip_space && o.what != flush_out;
-    path.hold("-2 (3,4)\n");
+    path.hold("--2 (3,4)\n");
     scripted buffer("12 (3,4)\n");
     a_tied_buffer flushed;
     std::stringbuf text("12 (3,4)\n");
     std::filebuf file;
     file.open(path.name(), b::in | b::out);
+    file.sputc('-');  // stdio has its buffer
     std::streambuf *const all[] = {&buffer, &text, &buffer, &buffer, &buffer, &buffer, &file, 0, &text, &text};
     std::iostream s(all[kind]);
     std::ostream tied(&flushed);
@@ -188,7 +189,7 @@ void flushes() {
            s.rdstate());
     if (kind < ends) says(seen == (kind == at_end ? 0 : o.flushes), "flushes", o, kind, seen);
     if (kind == unit && writes_text) says(buffer.calls[syncs] == o.flushes, "synchronises", o, kind, 0);
-    if (kind == unit_file && writes_text) says(path.content()[0] != '-', "is written", o, kind, 0);
+    if (kind == unit_file && writes_text) says(path.content()[1] != '-', "is written", o, kind, 0);
     if (kind >= over_file) says(held == !o.flushes, "a tied file is written", o, kind, held);
     if (kind == over_both) says((seen != 0) == (o.flushes != 0), "what is tied to it is flushed", o, kind, seen);
     if (!waits || (kind != at_end && kind != none && (kind != ends || !writes_any))) continue;
