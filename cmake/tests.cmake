@@ -5,8 +5,7 @@
 # All sets are tested with the library built by clang++; with the others too where the compiler's level matters, which is
 # where exceptions pass, and elsewhere the first set alone.
 # tests/<folder>/peer/<name>.cpp must print the same with plx and, by the same compiler, with the library of the host, in
-# each variant; a line `test-peer: <dialects>` says that a test holds for the host's library too, and makes a test
-# <folder>/<name>:peer of that. See tests/peer.
+# each variant: see tests/peer.
 # Programs are built with the rest of the tree, so that a test runs again at once when nothing changed.
 
 # Programs are built by the compiler that the library was built by: both are tried, in the presets.
@@ -137,7 +136,7 @@ foreach(file IN LISTS peer_files)
   if(NOT PLX_TEST_ONCE AND NOT "/tests/${file}" MATCHES "${PLX_LEVELS_MATTER}")
     set(variants first)
   endif()
-  plx_add_test(${name} ${CMAKE_SOURCE_DIR}/tests/peer compare ${CMAKE_SOURCE_DIR}/tests/${file} ${variants})
+  plx_add_test(${name} ${CMAKE_SOURCE_DIR}/tests/peer ${CMAKE_SOURCE_DIR}/tests/${file} ${variants})
 endforeach()
 
 include(cmake/fuzz.cmake)
@@ -148,16 +147,6 @@ list(JOIN test_targets "\n" test_targets)
 file(WRITE ${CMAKE_BINARY_DIR}/tests/targets "${test_targets}\n")
 
 if(PLX_TEST_ONCE)
-  foreach(file IN LISTS test_files)
-    file(STRINGS tests/${file} dialects LIMIT_INPUT 2000 LIMIT_COUNT 1 REGEX "^// test-peer: ")
-    if(dialects)
-      string(REGEX REPLACE "^// test-peer: " "" dialects "${dialects}")
-      separate_arguments(dialects)
-      cmake_path(REMOVE_EXTENSION file OUTPUT_VARIABLE name)
-      plx_add_test(${name}:peer ${CMAKE_SOURCE_DIR}/tests/peer run ${CMAKE_SOURCE_DIR}/tests/${file} ${dialects})
-    endif()
-  endforeach()
-
   # Each public header, and C's own in our include path.
   file(GLOB headers CONFIGURE_DEPENDS RELATIVE ${CMAKE_SOURCE_DIR}/include include/[a-z]* include/plx/*.h
        include/plx/*/*.h)

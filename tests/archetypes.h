@@ -27,27 +27,15 @@ public:
   T *operator->() const { return at_; }
   archetype &operator++() { return ++at_, *this; }
   archetype operator++(int) { return archetype(at_++); }
-  archetype &operator--() {
-    ARCHETYPE_NEEDS(bidirectional);
-    return --at_, *this;
-  }
-  archetype operator--(int) {
-    ARCHETYPE_NEEDS(bidirectional);
-    return archetype(at_--);
-  }
+  archetype &operator--() { return ARCHETYPE_NEEDS(bidirectional), --at_, *this; }
+  archetype operator--(int) { return ARCHETYPE_NEEDS(bidirectional), archetype(at_--); }
   T &operator[](ptrdiff_t n) const { return *(*this + n); }
-  archetype &operator+=(ptrdiff_t n) {
-    ARCHETYPE_NEEDS(random_access);
-    return at_ += n, *this;
-  }
+  archetype &operator+=(ptrdiff_t n) { return ARCHETYPE_NEEDS(random_access), at_ += n, *this; }
   archetype &operator-=(ptrdiff_t n) { return *this += -n; }
   friend archetype operator+(archetype a, ptrdiff_t n) { return a += n; }
   friend archetype operator+(ptrdiff_t n, archetype a) { return a += n; }
   friend archetype operator-(archetype a, ptrdiff_t n) { return a += -n; }
-  friend ptrdiff_t operator-(archetype a, archetype b) {
-    ARCHETYPE_NEEDS(random_access);
-    return a.at_ - b.at_;
-  }
+  friend ptrdiff_t operator-(archetype a, archetype b) { return ARCHETYPE_NEEDS(random_access), a.at_ - b.at_; }
   friend bool operator==(archetype a, archetype b) { return a.at_ == b.at_; }
   friend bool operator!=(archetype a, archetype b) { return a.at_ != b.at_; }
   friend bool operator<(archetype a, archetype b) { return a - b < 0; }

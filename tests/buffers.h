@@ -31,18 +31,12 @@ enum a_buffer_call { BUFFER_CALLS, buffer_calls };
 class scripted : public std::streambuf {
 public:
   int calls[buffer_calls];
-  int most;    // characters that overflow takes
-  int spoilt;  // of the room, which nobody had used
+  int most;                       // characters that overflow takes
+  int spoilt;                     // of the room, which nobody had used
+  std::ios_base::openmode asked;  // of the last position
   explicit scripted(const std::string &text = "", std::size_t step = 0, std::size_t room = 0)
-      : most(1 << 30),
-        spoilt(0),
-        text_(text),
-        at_(0),
-        step_(step),
-        room_(room, '.'),
-        fault_(buffer_calls),
-        calm_(0),
-        fired_(false) {
+      : most(1 << 30), spoilt(0), text_(text), at_(0), step_(step), room_(room, '.') {
+    let_fail(buffer_calls, 0, false);
     memset(calls, 0, sizeof calls);
     show_room();
   }
@@ -81,10 +75,7 @@ protected:
     const std::size_t before = position();
     if (fails(pbackfails) || before == 0) return -1;
     if (c != -1) text_[before - 1] = static_cast<char>(c);
-    if (step_ == 0)
-      --at_;
-    else
-      show(before - 1, 1);
+    step_ == 0 ? (void)--at_ : show(before - 1, 1);
     return byte(before - 1);
   }
   virtual std::streamsize showmanyc() {
@@ -92,8 +83,7 @@ protected:
   }
   virtual int_type overflow(int_type c) {
     if (fails(overflows) || most-- <= 0) return -1;
-    taken_ += std::string(pbase(), pptr());
-    show_room();
+    taken_ = taken();
     if (c != -1) taken_ += static_cast<char>(c);
     return c == -1 ? 0 : c & 0xFF;
   }
@@ -109,9 +99,6 @@ protected:
     return fails(seeks) ? std::streampos(-1) : to;
   }
   virtual int sync() { return fails(syncs) ? -1 : 0; }
-
-public:
-  std::ios_base::openmode asked;  // of the last position
 
 private:
   bool fails(a_buffer_call now) {
@@ -213,10 +200,8 @@ struct own_file {
   std::string content() const {
     std::string text;
     FILE *const file = fopen(name(), "r");
-    if (!file) return "(none)";
-    for (int c; (c = getc(file)) != EOF;) text += static_cast<char>(c);
-    fclose(file);
-    return text;
+    for (int c; file && (c = getc(file)) != EOF;) text += static_cast<char>(c);
+    return file ? fclose(file), text : "(none)";
   }
 };
 

@@ -14,13 +14,14 @@
 
 class rows {
 public:
-  rows(const char *source, const char *name) {
+  rows(const char *source, const char *name) : count_(0) {
     std::string path = source;
     path.replace(path.find_last_of('/') + 1, std::string::npos, name);
     file_ = fopen(path.c_str(), "r");
     CHECK(file_ != 0);
   }
   ~rows() {
+    CHECK(count_ != 0);
     if (file_) fclose(file_);
   }
   bool next() {
@@ -28,6 +29,7 @@ public:
     do {
       if (!file_ || !fgets(line, sizeof line, file_)) return false;
     } while (*line == '#');
+    ++count_;
     for (int i = 0; i < 12; ++i) fields_[i] = "";
     std::string *field = fields_;
     for (const char *at = line; *at && *at != '\n'; ++at)
@@ -50,6 +52,7 @@ private:
     return static_cast<char>(strtol(digits, 0, 16));
   }
   FILE *file_;
+  int count_;
   std::string fields_[12];
 };
 

@@ -40,14 +40,8 @@ public:
   static void may_fail(long &left) {
     if (left != 0 && --left == 0) throw refused();
   }
-  friend bool operator<(const tracked &a, const tracked &b) {
-    compared(a, b);
-    return a.key < b.key;
-  }
-  friend bool operator==(const tracked &a, const tracked &b) {
-    compared(a, b);
-    return a.key == b.key;
-  }
+  friend bool operator<(const tracked &a, const tracked &b) { return compared(a, b), a.key < b.key; }
+  friend bool operator==(const tracked &a, const tracked &b) { return compared(a, b), a.key == b.key; }
 
 private:
   static void compared(const tracked &a, const tracked &b) {

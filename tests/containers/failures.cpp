@@ -8,7 +8,7 @@
 
 #include <plx/containers/lw_vector.h>
 
-#include "containers/rb_tree_validator.h"
+#include "containers/tree_rules.h"
 #include "containers/sequence_operations.h"
 
 static long *const faults[] = {&tracked::copies_to_fail, &tracked::comparisons_to_fail, &allocation_to_fail};
@@ -132,11 +132,12 @@ struct sorted : failing {
   }
   void run(long *armed, long n) {
     *armed = n;
-    kind == 1 ? (a.sort(greater), b.reverse(), a.merge(b, greater)) : (a.sort(), a.merge(b));
+    kind % 2 ? (a.sort(greater), b.reverse(), a.merge(b, greater)) : (a.sort(), a.merge(b));
   }
   bool good(bool failed) {
     int sum = 0;
-    const bool good = valid(a) && valid(b) && a.size() + b.size() == 422 && (failed || b.empty());
+    const bool good = std::distance(a.begin(), a.end()) + std::distance(b.begin(), b.end()) == 422 &&
+                      a.size() + b.size() == 422 && (failed || b.empty());
     a.splice(a.end(), b);
     for (; !a.empty(); a.pop_back()) sum += a.back().key;
     return good && sum == 211 * 210;
@@ -182,9 +183,9 @@ template <class C> struct tree : failing {
     }
   }
   bool good(bool failed) {
-    const bool good = validate(c) + validate(other) == 0 && (!failed || kind == into_range || c == before);
+    const bool good = whole(c) && whole(other) && (!failed || kind == into_range || c == before);
     c.insert(element(27));
-    return good && validate(c) == 0 && c.count(as::make(27)) == 1;
+    return good && whole(c) && c.count(as::make(27)) == 1;
   }
 };
 template <class C> static int all_operations() {
@@ -203,16 +204,7 @@ struct own_array : failing {
   __zor::lw_vector<tracked> v;
   own_array() {}
   own_array(const own_array &) : failing() {}
-  void make() {
-    const long calls = allocation_calls, live = tracked::live;
-    v.resize(0, tracked(1));
-    CHECK(v.size() == 0 && allocation_calls == calls);
-    v.resize(5, tracked(4));
-    const tracked *const block = &v[0];
-    for (int i = 0; i < 2; ++i) v.resize(3, tracked(0));
-    CHECK(&v[0] == block && tracked::live == live + 3 && allocation_calls == calls + 1);
-    v[1] = tracked(8);
-  }
+  void make() { v.resize(5, tracked(4)), v.resize(3, tracked(0)), v[1] = tracked(8); }
   void run(long *armed, long n) { *armed = n, v.resize(6, v[1]); }  // a copy of one of its own
   bool good(bool failed) {
     return v[2].key == 4 && v[1].key == 8 && v.size() == (failed ? 3 : 6) && (failed || v[5].key == 8);
@@ -222,46 +214,41 @@ struct own_array : failing {
 // Every block comes from the program's own operator new, and goes back to it, whatever the road. A queue uses its room
 // again.
 static void own_operator_new() {
+  std::vector<int> numbers;
+  std::deque<int> queue;
+  std::list<int> list;
+  std::set<int> set;
   const long blocks = live_blocks, calls = allocation_calls;
-  {
-    std::vector<int> numbers;
-    for (int i = 0; i < 1000; ++i) numbers.push_back(i);
-    CHECK(allocation_calls - calls == 8 && live_blocks == blocks + 1);
-    std::deque<int> queue;
-    std::list<int> list;
-    std::set<int> set;
-    for (int i = 0; i < 1000; ++i) list.push_back(i), set.insert(i), queue.push_front(i);
-    CHECK(allocation_calls - calls > 2050 && live_blocks - blocks > 2050);
-    const long now = live_blocks, then = allocation_calls;
-    for (int i = 0; i < 10000; ++i) queue.push_back(i), queue.pop_front();
-    CHECK(live_blocks - now < 5 && queue.front() == 9000 && allocation_calls - then >= 500);
-    numbers.insert(numbers.begin() + 5, 5000u, 7), numbers.reserve(9000);
-    CHECK(numbers[4] == 4 && numbers[5004] == 7 && numbers[5005] == 5 && numbers[5999] == 999);
-  }
-  CHECK_INT(live_blocks, blocks);
+  for (int i = 0; i < 1000; ++i) numbers.push_back(i);
+  CHECK(allocation_calls - calls == 8 && live_blocks == blocks + 1);
+  for (int i = 0; i < 1000; ++i) list.push_back(i), set.insert(i), queue.push_front(i);
+  CHECK(allocation_calls - calls > 2050 && live_blocks - blocks > 2050);
+  const long now = live_blocks, then = allocation_calls;
+  for (int i = 0; i < 10000; ++i) queue.push_back(i), queue.pop_front();
+  CHECK(live_blocks - now < 5 && queue.front() == 9000 && allocation_calls - then >= 500);
+  numbers.insert(numbers.begin() + 5, 5000u, 7), numbers.reserve(9000);
+  CHECK(numbers[4] == 4 && numbers[5004] == 7 && numbers[5005] == 5 && numbers[5999] == 999);
 }
 
 int main() {
+  const long blocks = live_blocks;
   own_operator_new();
+  CHECK_INT(live_blocks, blocks);
   all_changes<std::vector<tracked> >(), all_changes<std::deque<tracked> >(), all_changes<std::list<tracked> >();
   all_changes<std::vector<std::string> >(), all_changes<std::deque<std::string> >();
 #if __cplusplus >= 201103L
   all_changes<std::vector<moving> >(), all_changes<std::deque<moving> >();
 #endif
   for (bits one = bits(); one.kind <= 40; one.kind += 20) CHECK(fail_each(one) >= 9);
-  for (int i = 0; i < 4; ++i) {
-    sorted both = sorted();
-    both.kind = i % 2;
-    has_scratch = i < 2;
+  for (sorted both = sorted(); both.kind < 4; ++both.kind) {
+    has_scratch = both.kind < 2;
     CHECK(fail_each(both) > 300);
   }
-  CHECK(all_operations<std::set<tracked> >() > 150);
-  CHECK(all_operations<std::multiset<tracked> >() > 150);
+  CHECK(all_operations<std::set<tracked> >() > 150 && all_operations<std::multiset<tracked> >() > 150);
   CHECK((all_operations<std::map<tracked, std::string> >() > 180));
   CHECK((all_operations<std::multimap<tracked, tracked> >() > 200));
   CHECK((all_operations<std::map<std::string, std::string> >() > 50));
-  CHECK(all_operations<std::multiset<std::string> >() > 50);
-  CHECK_INT(fail_each(own_array()), 7);
+  CHECK(all_operations<std::multiset<std::string> >() > 50 && fail_each(own_array()) == 7);
   CHECK_INT(tracked::live, 0);
   return TEST_RESULT();
 }

@@ -1,24 +1,22 @@
 // The untyped tree core, which serves compiled programs as it stands: random operations on nodes made by hand, also
-// copies that end half-way, against the typed tree that containers have; and the order of its virtual functions.
-#include <set>
+// copies that end half-way, against a model; and the order of its virtual functions.
+#include <algorithm>
+#include <vector>
 
-#include "containers/rb_tree_validator.h"
+#include "containers/tree_rules.h"
 #include "harness.h"
 #include "random.h"
 
 using namespace __zor;
 
-namespace {
-
 struct out_of_nodes {};
 struct int_node : rb_tree_node_base {
   int value;
 };
-int value_of(const rb_tree_node_base *n) { return static_cast<const int_node *>(n)->value; }
-bool in_order(const rb_tree_node_base *a, const rb_tree_node_base *b) { return value_of(a) <= value_of(b); }
+static int value_of(const rb_tree_node_base *n) { return static_cast<const int_node *>(n)->value; }
 
-int live_nodes;
-int nodes_to_fail;  // counts down; 0: none
+static int live_nodes;
+static int nodes_to_fail;  // counts down; 0: none
 
 // Public doors to what the core expects of a typed tree.
 class int_tree : public rb_tree_base {
@@ -35,90 +33,66 @@ public:
     ++live_nodes;
     return made;
   }
-  _node *insert(int value) {
+  // Part of the contract: destroy_node is the first of the virtual functions, create_node the second.
+  void insert(int value) {
+    typedef _node *(*maker)(int_tree *, const void *);
     _node *parent = header, *right_of = 0;
-    for (_node *at = header->parent; at;) {
-      parent = at;
-      const bool left = value < value_of(at);
-      right_of = left ? 0 : at;
-      at = left ? at->left : at->right;
-    }
-    return __finish_insert(create_node(&value), parent, right_of);
+    for (_node *at = header->parent; at; at = right_of ? at->right : at->left)
+      parent = at, right_of = value < value_of(at) ? 0 : at;
+    _node *const made = reinterpret_cast<maker>((*reinterpret_cast<void ***>(this))[1])(this, &value);
+    CHECK(__finish_insert(made, parent, right_of) == made);
   }
   _node *place(unsigned n) {
     _node *at = leftmost;
     while (n-- != 0) at = __next(at);
     return at;
   }
-  int valid() const { return tree_validator<bool (*)(const _node *, const _node *)>(*this, in_order).run(); }
+  bool holds(const std::vector<int> &values) const {
+    const _node *at = header->parent ? leftmost : header;
+    for (unsigned i = 0; i < values.size() && at != header; ++i, at = __next(at))
+      if (value_of(at) != values[i]) return false;
+    return at == header && node_count == values.size() && tree_rules(*this).hold();
+  }
 };
 
-bool same_shape(const rb_tree_node_base *a, const rb_tree_node_base *b) {
-  if (!a || !b) return a == b;
-  return a != b && a->color == b->color && value_of(a) == value_of(b) && same_shape(a->left, b->left) &&
-         same_shape(a->right, b->right);
-}
-
 // Where the n-th node cannot be made, the rest hangs below the header, and nothing is lost.
-void copy(const int_tree &from, int n) {
+static void copy(const int_tree &from, int n, const std::vector<int> &values) {
   int_tree to;
   const int before = live_nodes;
   nodes_to_fail = n;
   try {
     to.__copy(from, sizeof(rb_tree_node_base));
-    CHECK(to.valid() == 0 && same_shape(from.header->parent, to.header->parent));
+    CHECK(to.holds(values));
   } catch (const out_of_nodes &) { CHECK(live_nodes == before + n - 1 && n <= static_cast<int>(from.node_count)); }
   nodes_to_fail = 0;
   to.__clear();
-  CHECK(live_nodes == before && to.valid() == 0);
+  CHECK(live_nodes == before && to.holds(std::vector<int>()));
 }
-
-void random_run() {
-  int_tree tree;
-  std::multiset<int> model;
-  for (int i = 0; i < 6000; ++i) {
-    const unsigned size = tree.node_count, kind = random_below(size > 60 ? 8 : 20);
-    const unsigned first = random_below(size + 1), last = first + random_below((size - first) / 3 + 1);
-    rb_tree_node_base *const from = tree.place(first), *const to = tree.place(last);
-    std::multiset<int>::iterator in_model = model.begin(), behind;
-    std::advance(in_model, first);
-    std::advance(behind = in_model, last - first);
-    if (kind == 0 && random_below(9) == 0) {
-      tree.__clear(), model.clear();
-    } else if (kind < 3) {
-      CHECK(tree.__count(from, to) == last - first && tree.__erase(from, to) == last - first);
-      model.erase(in_model, behind);
-    } else if (kind < 8) {
-      if (first != size) tree.__erase(from), model.erase(in_model);
-    } else if (kind == 8) {
-      copy(tree, static_cast<int>(first) + 1);
-    } else {
-      const int value = static_cast<int>(random_below(50));
-      CHECK(value_of(tree.insert(value)) == value), model.insert(value);
-    }
-    CHECK(tree.valid() == 0 && tree.node_count == model.size());
-    const rb_tree_node_base *at = tree.leftmost;
-    for (std::multiset<int>::iterator m = model.begin(); m != model.end(); ++m, at = int_tree::__next(at))
-      CHECK_INT(value_of(at), *m);
-  }
-}
-
-// Part of the contract: destroy_node, create_node.
-void virtual_functions() {
-  int_tree tree;
-  void **const slots = *reinterpret_cast<void ***>(&tree);
-  const int value = 77, before = live_nodes;
-  rb_tree_node_base *made = reinterpret_cast<rb_tree_node_base *(*)(int_tree *, const void *)>(slots[1])(&tree, &value);
-  CHECK(value_of(made) == 77 && live_nodes == before + 1);
-  reinterpret_cast<void (*)(int_tree *, rb_tree_node_base *)>(slots[0])(&tree, made);
-  CHECK_INT(live_nodes, before);
-}
-
-}  // namespace
 
 int main() {
-  virtual_functions();
-  random_run();
+  {
+    int_tree tree;
+    std::vector<int> model;
+    for (int i = 0; i < 6000; ++i) {
+      const unsigned size = tree.node_count, kind = random_below(size > 60 ? 8 : 20);
+      const unsigned first = random_below(size + 1), last = first + random_below((size - first) / 3 + 1);
+      rb_tree_node_base *const from = tree.place(first), *const to = tree.place(last);
+      if (kind == 0 && random_below(9) == 0) {
+        tree.__clear(), model.clear();
+      } else if (kind < 3) {
+        CHECK(tree.__count(from, to) == last - first && tree.__erase(from, to) == last - first);
+        model.erase(model.begin() + first, model.begin() + last);
+      } else if (kind < 8) {
+        if (first != size) tree.__erase(from), model.erase(model.begin() + first);
+      } else if (kind == 8) {
+        copy(tree, static_cast<int>(first) + 1, model);
+      } else {
+        const int value = static_cast<int>(random_below(50));
+        tree.insert(value), model.insert(std::upper_bound(model.begin(), model.end(), value), value);
+      }
+      CHECK(tree.holds(model));
+    }
+  }
   CHECK_INT(live_nodes, 0);
   return TEST_RESULT();
 }

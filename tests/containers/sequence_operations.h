@@ -51,33 +51,24 @@ template <class S> int index_of(S &s, typename S::iterator at) {
 }
 template <class S> int size_of(const S &s) { return static_cast<int>(s.size()); }
 
+template <class S> bool valid(const S &) { return true; }
 #ifdef PLX_CONFIG_H
-template <class T, class A> bool valid(const std::vector<T, A> &v) {
-  return v.size() <= v.capacity() && v.end() - v.begin() == static_cast<int>(v.size());
-}
 // The bits behind the last are zero: that is what comparing by words stands on.
 template <class A> bool valid(const std::vector<bool, A> &v) {
-  return v.end() - v.begin() == static_cast<int>(v.size()) &&
-         (v.size() % 32 == 0 || *v.end()._word >> v.size() % 32 == 0);
+  return v.size() % 32 == 0 || *v.end()._word >> v.size() % 32 == 0;
 }
 // Every element lies in the block of its map entry.
 template <class T, class A> bool valid(const std::deque<T, A> &d) {
-  typedef typename std::deque<T, A>::const_iterator iterator;
-  const iterator first = d.begin(), end = d.end();
-  bool good = end - first == size_of(d) && first._cur >= *first._node && first._cur < first._last;
-  iterator at = first;
-  for (unsigned int i = 0; i < d.size(); ++i, ++at) good = good && &*at == &d[i] && at._last == *at._node + 20;
-  return good && at == end && end._cur >= *end._node && end._cur < end._last && end._last == *end._node + 20;
-}
-template <class T, class A> bool valid(const std::list<T, A> &l) {
-  const __zor::_list_links *const end = l.end()._node, *at = end;
-  unsigned int n = 0;
-  for (bool more = true; more && n <= l.size() && at->_next->_prev == at; ++n) more = (at = at->_next) != end;
-  return n == l.size() + 1 && at == end;
+  typename std::deque<T, A>::const_iterator at = d.begin();
+  bool good = true;
+  for (int i = 0; good; ++i, ++at) {
+    good = at._cur >= *at._node && at._cur < at._last && at._last == *at._node + 20 && at == d.begin() + i;
+    if (at == d.end()) return good && i == size_of(d);
+  }
+  return false;
 }
 template <class T> const T &own_value(const T &value) { return value; }
 #else
-template <class S> bool valid(const S &) { return true; }
 template <class T> T own_value(const T &value) { return value; }  // the standard asks for a copy
 #endif
 

@@ -4,9 +4,7 @@
 #
 #   ```cpp [file=NAME] [with=FILE,...] [in=FOLDER] [options=OPTION,...] [status=N] [refused=TEXT]
 #                                 built by plx-c++, C by plx-cc, as if it stood in that folder of the sources
-#   ```sh [status=N] [needs=COMMAND,...]
-#                                 run in the document's folder, where file= put the earlier blocks; $PLX is the prefix.
-#                                 Left out without one of the commands, or, with / in front, files of the prefix
+#   ```sh [status=N]              run in the document's folder, where file= put the earlier blocks; $PLX is the prefix
 #   ```make file=NAME             (cmake, cpp and c headers too) a file for the blocks around it
 #   ```output   ```text           compared; never looked at
 #   ```... not-run: REASON        of any kind
@@ -27,7 +25,7 @@ split() {
       kind = word[1]; attributes = ""; target = ++number "." kind
       if (kind !~ /^(cpp|c|sh|make|cmake|gdb|output|text)$/) fault("no kind of block: \"" info "\"")
       for (i = 2; i <= n && word[i] != "not-run:"; ++i) {
-        if (word[i] !~ /^(file|with|in|needs|options|status|refused)=./) fault("no attribute: " word[i])
+        if (word[i] !~ /^(file|with|in|options|status|refused)=./) fault("no attribute: " word[i])
         if (word[i] ~ /^file=/) target = substr(word[i], 6)
         attributes = attributes " " word[i]
       }
@@ -40,11 +38,9 @@ split() {
     }
     inside && $0 == fence { inside = 0; close(target); blank = 1; next }
     inside { print substr($0, indent + 1) > target; next }
-    /^ *```/ {
-      match($0, /^ */); indent = RLENGTH
-      fence = substr($0, 1, indent) "```"
-      inside = 1
-      target = begin(substr($0, indent + 4))
+    match($0, /^ *```/) {
+      indent = RLENGTH - 3; fence = substr($0, 1, RLENGTH); inside = 1
+      target = begin(substr($0, RLENGTH + 1))
       next
     }
     /^(    |\t)/ && blank && !list { fault("a block without a fence") }
@@ -67,21 +63,12 @@ build() {
     $(attribute with) -o program > log 2>&1
 }
 
-# lacks: is there no command or file of the prefix that the block needs?
-lacks() {
-  local tool
-  for tool in $(attribute needs); do
-    case $tool in /*) [ -f "$PLX$tool" ] ;; *) command -v "$tool" > /dev/null ;; esac || { echo "$where: not run: there is no $tool"; return; }
-  done
-  return 1
-}
-
 ran=0
 # run_block: what it printed is in `printed`.
 run_block() {
-  local status refused command=(timeout 200 sh -eu "./$file")
+  local status refused command="timeout 200 sh -eu ./$file"
   if [ "$kind" != sh ]; then
-    command=(timeout 60 ./program)
+    command="timeout 60 ./program"
     rm -f program
     refused=$(attribute refused)
     if build; then
@@ -91,11 +78,11 @@ run_block() {
     fi
     [ -x program ] || return
   fi
-  { "${command[@]}" > printed 2>&1 < /dev/null; } 2> log
+  { $command > printed 2>&1 < /dev/null; } 2> log
   status=$?
   ran=$((ran + 1))
   cp printed log
-  [ $status -eq "$(attribute status | grep . || echo 0)" ] || wrong "$where: status $status"
+  [ "$status" = "$(attribute status | grep . || echo 0)" ] || wrong "$where: status $status"
 }
 
 for document; do
@@ -117,13 +104,8 @@ DEV
       fault) wrong "$where: $file" ;;
       output)
         [ -n "$before" ] || wrong "$where: output of nothing"
-        [ "$before" = skipped ] || sed '$a\' printed | diff -Z "$file" - > log || wrong "$where: the block before prints something else" ;;
-      cpp | c | sh)
-        before=skipped
-        lacks && continue
-        run_block
-        before=1
-        continue ;;
+        sed '$a\' printed | diff -Z "$file" - > log || wrong "$where: the block before prints something else" ;;
+      cpp | c | sh) run_block; before=1; continue ;;
     esac
     before=
   done < plan

@@ -3,38 +3,30 @@
 # files that docs/internals.md leads to, and for each row of docs/deviations.md a test. The reference names every entry
 # point of the header that it explains; the changelog keeps its form.
 . "$PLX_SOURCE/tests/driver/common.bash"
-documents() { (cd "$PLX_SOURCE" && ls README.md CONTRIBUTING.md CHANGELOG.md docs/*.md); }
+cd "$PLX_SOURCE" || exit 1
 # The text of a document without its blocks of code.
-text_of() { awk '/^ *```/ { inside = !inside; next } !inside' "$PLX_SOURCE/$1"; }
-
+text_of() { awk '/^ *```/ { inside = !inside; next } !inside' "$1"; }
 # Anchors are made of a heading as web pages of repositories make them.
-anchors() {
-  text_of "$1" | sed -nE 's/^#+ +//p' | tr 'A-Z' 'a-z' | sed -E 's/[^a-z0-9 _-]//g; s/ /-/g'
-}
-for document in $(documents); do
-  text_of "$document" | grep -oE '\]\([^)]+\)' | tr -d ']()' | while read -r link; do
-    case $link in http://* | https://*) continue ;; esac
-    target=${link%%#*}
-    target=$([ -n "$target" ] && realpath -m --relative-to="$PLX_SOURCE" "$PLX_SOURCE/$(dirname "$document")/$target" || echo "$document")
-    [ -e "$PLX_SOURCE/$target" ] || { echo "$document: a link to nothing: $link"; continue; }
+anchors() { text_of "$1" | sed -nE 's/^#+ +//p' | tr 'A-Z' 'a-z' | sed -E 's/[^a-z0-9 _-]//g; s/ /-/g'; }
+quoted() { grep -oE '`[^`]+`' | tr -d '\140'; }
+folders=$(ls -d -- [a-zA-Z]*/ | grep -v build | tr -s '/\n' '|')
+./dev help > "$work/help" || wrong "./dev help"
+for document in README.md CONTRIBUTING.md CHANGELOG.md docs/*.md; do
+  text_of "$document" | grep -oE '\]\([^)]+\)' | tr -d ']()' | grep -vE '^https?://' | while read -r link; do
+    target=$(dirname "$document")/${link%%#*}
+    case $link in '#'*) target=$document ;; esac
+    [ -e "$target" ] || echo "$document: a link to nothing: $link"
     case $link in *'#'*) anchors "$target" | grep -qx -- "${link#*#}" || echo "$document: no such heading: $link" ;; esac
   done
-done > missing
-# Names in code quotes that look like files of this tree: `folder/name`. A comma list or a pattern counts by its parts.
-folders=$(cd "$PLX_SOURCE" && ls -d -- [a-zA-Z]*/ | grep -v build | tr -s '/\n' '|')
-for document in $(documents); do
-  text_of "$document" | grep -oE '`[^` ]+`' | tr -d '\140' | grep -E "^(${folders%|})/" | grep -vE 'NAME|FOLDER' | sort -u | while read -r name; do
-    compgen -G "$PLX_SOURCE/$name" > found && continue
-    # Tests go by their names too.
-    compgen -G "$PLX_SOURCE/tests/${name#tests/}*" > found || echo "$document: no such file: $name"
+  # Names in code quotes that look like files of this tree: `folder/name`. Tests go by their names too.
+  text_of "$document" | quoted | grep -E "^(${folders%|})/[^ ]*$" | grep -vE 'NAME|FOLDER' | sort -u | while read -r name; do
+    compgen -G "$name" > "$work/found" || compgen -G "tests/${name#tests/}*" > "$work/found" || echo "$document: no such file: $name"
   done
-done >> missing
-"$PLX_SOURCE/dev" help > help || wrong "./dev help"
-for document in $(documents); do
-  grep -oE '\./dev( --preset[ =][a-z]+)? [a-z]+' "$PLX_SOURCE/$document" | awk '{ print $NF }' | sort -u | while read -r verb; do
-    [ "$verb" = help ] || grep -q "^  $verb\b" help || echo "$document: ./dev does not know $verb"
+  grep -oE '\./dev( --preset[ =][a-z]+)? [a-z]+' "$document" | awk '{ print $NF }' | sort -u | while read -r verb; do
+    grep -q "^  $verb\b" "$work/help" || echo "$document: ./dev does not know $verb"
   done
-done >> missing
+done > "$work/missing"
+cd "$work" || exit 1
 [ ! -s missing ] || wrong "$(cat missing)"
 
 # In docs/internals.md a row `file` | `name`, ... says where names are.
@@ -42,7 +34,7 @@ awk -F '|' 'NF == 5 && $3 ~ /^ `[^`]+` $/ && $4 ~ /`/ { print $3 "|" $4 }' "$PLX
 [ "$(wc -l < steps)" -ge 30 ] || wrong "docs/internals.md: only $(wc -l < steps) steps were found"
 while IFS='|' read -r file names; do
   file=$(tr -d '\140 ' <<< "$file")
-  grep -oE '`[^`]+`' <<< "$names" | tr -d '\140' | while read -r name; do
+  quoted <<< "$names" | while read -r name; do
     grep -qF -- "$name" "$PLX_SOURCE/$file" || echo "docs/internals.md: $file has no $name"
   done
 done < steps > missing

@@ -11,6 +11,7 @@
 # Addresses are compared as 0xN, places in the source by their text instead of a number. The last line that is printed
 # says how it went.
 
+import linecache
 import os
 import re
 
@@ -18,15 +19,11 @@ import gdb
 
 transcript = os.environ["PLX_TRANSCRIPT"]
 stop = os.environ.get("PLX_STOP", "stop")
-sources = {}
 
 
 def line_of_source(found):
-    name, number = found.groups()
-    if name not in sources:
-        file = gdb.lookup_symbol("main")[0].symtab.fullname()
-        sources[name] = open(os.path.join(os.path.dirname(file), name)).readlines()
-    return "%s: %s" % (name, sources[name][int(number) - 1].strip())
+    folder = os.path.dirname(gdb.lookup_symbol("main")[0].symtab.fullname())
+    return "%s: %s" % (found[1], linecache.getline(os.path.join(folder, found[1]), int(found[2])).strip())
 
 
 def comparable(text):
@@ -34,23 +31,11 @@ def comparable(text):
     text = re.sub(r"(?:/\S*/)?([\w.]+\.(?:cpp|c)):(\d+)", line_of_source, text)
     # What the library's own functions are called is its compiler's affair.
     text = re.sub("(0xN  (?:array|try block)) in (?!.* at ).*", r"\1", text)
-    return [line.rstrip() for line in text.splitlines()]
-
-
-def steps():
-    command, expected = None, []
-    for line in open(transcript):
-        if line.startswith("(gdb) "):
-            if command:
-                yield command, expected
-            command, expected = line[6:].strip(), []
-        elif not line.startswith(";;"):
-            expected.append(line.rstrip("\n"))
-    yield command, expected
+    return re.sub(" +$", "", text, flags=re.M).rstrip("\n")
 
 
 def stopped_at():
-    return re.search(r"breakpoint (\d+)", gdb.execute("info program", to_string=True)).group(1)
+    return re.search(r"breakpoint (\d+)", gdb.execute("info program", to_string=True))[1]
 
 
 def go_on(command):
@@ -65,7 +50,7 @@ def trail():
         if frame.find_sal().symtab and frame.name() and frame.type() == gdb.NORMAL_FRAME:
             names.append(re.sub(r"\(.*", "", frame.name()))
         frame = frame.older()
-    return stopped_at() + ": " + " ".join(names) + "\n"
+    return stopped_at() + ": " + " ".join(names)
 
 
 def spoiled(name, change):
@@ -81,40 +66,31 @@ def spoiled(name, change):
         process.write_memory(address, kept)
 
 
-def execute(command):
-    if command == "trail":
-        return trail()
-    if command.startswith("spoiled "):
-        return spoiled(*command[8:].split(" with "))
-    return gdb.execute(command, to_string=True)
-
-
 def printed(command):
     try:
-        return comparable(execute(command))
+        if command == "trail":
+            return trail()
+        if command.startswith("spoiled "):
+            return spoiled(*command[8:].split(" with "))
+        return gdb.execute(command, to_string=True)
     except gdb.error as error:
-        return comparable("error: %s" % error)
+        return "error: %s" % error
 
 
-def run():
-    for setting in ("pagination off", "width 0", "confirm off"):
-        gdb.execute("set " + setting)
-    gdb.execute("break " + stop, to_string=True)
-    go_on("run")
-    wrong = count = 0
-    for command, expected in steps():
-        count += 1
-        if command == "continue":
-            go_on(command)
-            continue
-        expected, actual = comparable("\n".join(expected)), printed(command)
-        # Where `up` leads is said on the terminal only.
-        if actual != expected and not command.startswith("up"):
-            wrong += 1
-            print("%s: %s" % (os.path.basename(transcript), command))
-            print("\n".join(["  expected: " + line for line in expected] + ["  printed:  " + line for line in actual]))
-    gdb.execute("kill", to_string=True)
-    print("transcript: %d commands, %s" % (count, "%d not as expected" % wrong if wrong else "all as expected"))
-
-
-run()
+for setting in ("pagination off", "width 0", "confirm off"):
+    gdb.execute("set " + setting)
+gdb.execute("break " + stop, to_string=True)
+go_on("run")
+steps = re.findall(r"^\(gdb\) (.*)\n((?:(?!\(gdb\) ).*\n)*)", re.sub(r"(?m)^;;.*\n", "", open(transcript).read()), re.M)
+wrong = 0
+for command, expected in steps:
+    if command == "continue":
+        go_on(command)
+        continue
+    expected, actual = comparable(expected), comparable(printed(command))
+    # Where `up` leads is said on the terminal only.
+    if actual != expected and not command.startswith("up"):
+        wrong += 1
+        print("%s: %s\n  expected: %s\n  printed:  %s" % (os.path.basename(transcript), command, expected, actual))
+gdb.execute("kill", to_string=True)
+print("transcript: %d commands, %s" % (len(steps), "%d not as expected" % wrong if wrong else "all as expected"))

@@ -12,7 +12,6 @@ moved_prefix() {
   mv "$work/first place" "$work/moved"
   prefix=$work/moved
   PATH=$prefix/bin:$PATH
-  hash -r
 }
 
 # need COMMAND...: skips the test where one of them is not there.

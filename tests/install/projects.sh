@@ -9,10 +9,12 @@ cp -r "$PLX_SOURCE/tests/install/projects" .
 cp "$PLX_SOURCE"/examples/{hello.c,two_worlds/*} projects
 
 export PKG_CONFIG_PATH=$prefix/share/pkgconfig
-[ "$(pkg-config --modversion plx)" = 3.3.0 ] || wrong "pkg-config knows another version"
-make -C projects/make check > log 2>&1 || wrong "the project of make and pkg-config"
-ldd projects/make/worlds | grep -E 'stdc|gcc_s' && wrong "the host's C++ library is linked"
-ldd projects/make/hello | grep -qF "$prefix/" || wrong "C linked by pkg-config uses another library"
+table <<'END'
+pkg-config --modversion plx => 3.3.0
+make -C projects/make check > log 2>&1 =>
+ldd projects/make/worlds | grep -E 'stdc|gcc_s' => !1
+ldd projects/make/hello | grep -cF "$prefix/" => 1
+END
 unset PKG_CONFIG_PATH
 
 # build_cmake NAME OPTION...: with the drivers, or with a compiler that knows nothing of plx; the programs are installed.

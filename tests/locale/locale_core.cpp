@@ -1,7 +1,8 @@
 // Handles by plx's own rules: identities, what combining carries over and what not, names, the default locale and the C
 // library's; and memory that runs out at each allocation: nothing is lost, no facet is deleted twice or not at all.
-// What the standard fixes, and when facets die, is in peer/handles.
+// What the standard fixes, and when facets die, is in peer/handles. And messages.
 // test-variants: -O0 | -O2
+#include <algorithm>
 
 #include "../fail_allocation.h"
 #include "locale_check.h"
@@ -18,17 +19,12 @@ locale::id other_noted::id;
 static const char *c_library() { return setlocale(LC_ALL, 0); }
 static unsigned int quick(const locale &loc) { return loc._get_imp()->_get_quick() & 15u; }
 static unsigned int references(const locale &loc) { return (*reinterpret_cast<unsigned int *const *>(&loc))[1]; }
-// The letter when two locales share the facet.
-template <class Facet> static std::string common(const locale &left, const locale &right, char letter) {
-  return std::string(&std::use_facet<Facet>(left) == &std::use_facet<Facet>(right), letter);
-}
+// Which of the library's facets two locales share, by their numbers.
 static std::string shared(const locale &a, const locale &b) {
-  return common<std::numpunct<char> >(a, b, 'n') + common<std::num_get<char> >(a, b, 'g') +
-         common<std::num_put<char> >(a, b, 'p') + common<std::ctype<char> >(a, b, 'c') + common<conversion>(a, b, 'v') +
-         common<std::collate<char> >(a, b, 'k') + common<std::time_put<char> >(a, b, 't') +
-         common<std::time_get<char> >(a, b, 'T') + common<std::moneypunct<char, true> >(a, b, 'i') +
-         common<std::moneypunct<char> >(a, b, 'M') + common<std::money_put<char> >(a, b, 'P') +
-         common<std::money_get<char> >(a, b, 'G');
+  std::string all;
+  for (unsigned i = 1; i < 13; ++i)
+    if (a._get_imp()->_get(i) == b._get_imp()->_get(i)) all += " ngpcvktTiMPG"[i];
+  return all;
 }
 
 // Numbers from 1 on, in the order in which classes are first asked for: the classic locale's facets come first. A table
@@ -155,12 +151,40 @@ template <int how> struct making {
   }
 };
 
+// No locale holds messages by itself. Catalogs made by gencat, many at once; texts that are not there, catalogs that
+// are not open.
+static void messages() {
+  CHECK_THROWS(std::bad_cast, "Facet not present\n", std::use_facet<std::messages<char> >(locale()));
+  const locale loc(locale(), new std::messages_byname<char>("C"));
+  const std::messages<char> &facet = std::use_facet<std::messages<char> >(loc);
+  CHECK(facet.open("/no/such/catalog", loc) < 0);
+  CHECK(facet.get(-1, 1, 1, "none") == "none" && facet.get(1000, 1, 1, "none") == "none");
+  facet.close(-1);
+  char made[] = "/tmp/messages.XXXXXX";
+  const std::string folder = mkdtemp(made), catalog = folder + "/catalog";
+  const std::string make =
+      "cd " + folder + " && printf '$set 1\\n1 first\\n2\\n$set 3\\n7 of another set\\n' > source " +
+      "&& gencat catalog source || (echo skipped: there is no gencat; rm -r " + folder + "; exit 1)";
+  if (system(make.c_str()) != 0) return;
+  int open[20];
+  for (int i = 0; i < 20; ++i) open[i] = facet.open(catalog, loc);
+  for (int i = 0; i < 20; ++i) {
+    CHECK(open[i] >= 0 && std::count(open, open + 20, open[i]) == 1);
+    CHECK(facet.get(open[i], 1, 1, "none") == "first" && facet.get(open[i], 3, 7, "none") == "of another set");
+    if (i % 2) facet.close(open[i]), facet.close(open[i]);
+    CHECK(facet.get(open[i], i % 2, 1, "none") == "none" && facet.get(open[i], 2, 1, "none") == "none");
+  }
+  CHECK(facet.get(open[4], 1, 1, "none") == "first" && facet.open(catalog, loc) == open[1]);
+  CHECK_INT(system(("rm -r " + folder).c_str()), 0);
+}
+
 static void report() { __vexil_report_error("so far 100%"); }
 
 int main() {
   identities();
   combining();
   names();
+  messages();
   CHECK_ENDS(report, 1, "so far 100%\n");
   if (setlocale(LC_ALL, "C.UTF-8")) {  // not the one that locales are built in
     CHECK(fail_each_allocation<making<0> >() > 5 && fail_each_allocation<making<1> >() > 5 &&

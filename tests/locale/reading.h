@@ -25,10 +25,11 @@ template <class Base> struct own_facet : Base {
 
 struct chosen_punctuation : std::numpunct<char> {
   const std::string sizes;
-  const char point;
-  explicit chosen_punctuation(const std::string &grouping, char p = '.') : sizes(grouping), point(p) {}
+  const char point, separator;
+  explicit chosen_punctuation(const std::string &grouping, char p = '.', char s = ',')
+      : sizes(grouping), point(p), separator(s) {}
   virtual char do_decimal_point() const { return point; }
-  virtual char do_thousands_sep() const { return ','; }
+  virtual char do_thousands_sep() const { return separator; }
   virtual std::string do_grouping() const { return sizes; }
   virtual std::string do_truename() const { return "oui"; }
   virtual std::string do_falsename() const { return sizes == "=" ? "oui" : "on ne sait pas"; }

@@ -17,13 +17,11 @@ while [ $# -gt 0 ]; do
   case $1 in -k) word=$2; shift 2 ;; *) lists+=("tests/mutants/${1##*/}.txt"); shift ;; esac
 done
 [ ${#lists[@]} -gt 0 ] || lists=(tests/mutants/*.txt)
-copy=${PLX_BUILD:-$PWD/build}/mutants
-build=$copy.build
+copy=${PLX_BUILD:-$PWD/build}/mutants build=${PLX_BUILD:-$PWD/build}/mutants.build
 mkdir -p "$copy"
 # By contents: what is the same keeps its time, so that nothing is built again.
 (git ls-files -co --exclude-standard; cd "$copy" && find . -type f -printf '%P\n') | sort -u | while read -r file; do
-  if [ ! -f "$file" ]; then rm -f "$copy/$file"; continue; fi
-  cmp -s "$file" "$copy/$file" || cp --parents "$file" "$copy"
+  if [ ! -f "$file" ]; then rm -f "$copy/$file"; else cmp -s "$file" "$copy/$file" || cp --parents "$file" "$copy"; fi
 done
 # Configured anew in any case: tests come and go.
 (cd "$copy" && cmake --preset release -B "$build" -DCMAKE_CXX_FLAGS_RELEASE=-O1 > /dev/null) || exit
@@ -37,39 +35,33 @@ passes() {
   case " $* " in *" unwind"*) targets+=" plx_static plx_pie" ;; esac  # static programs are among these
   # shellcheck disable=SC2086 # a list of words
   ninja -C "$build" --quiet -j"$(nproc)" plx $targets > "$build/log" 2>&1 || return 2
-  (ulimit -v 4000000; timeout "$limit" ctest --test-dir "$build" -j2 --stop-on-failure --no-tests=error -R "$pattern") \
+  (ulimit -v 4000000; ctest --test-dir "$build" -j2 --stop-on-failure --no-tests=error -R "$pattern") \
     > "$build/log" 2>&1
 }
 
 try() {
-  local text rest verdict test
-  case $file in '') return ;; include/* | */program/*) [ "$pass" = headers ] || return ;; *) [ "$pass" = sources ] || return ;; esac
-  case "$what$file$tests$old$new" in *"$word"*) ;; *) return ;; esac
+  local text rest verdict=survived test tests=$tests kind=sources
+  case $file in '') return ;; include/* | */program/*) kind=headers ;; esac
+  [ $kind = "$pass" ] && [[ $what$file$tests$old$new = *"$word"* ]] || return
   old=${old%$'\n'} new=${new%$'\n'} text=$(cat "$file")
   rest=${text#*"$old"}
-  if [ "$rest" = "$text" ] || [ "${rest#*"$old"}" != "$rest" ]; then
-    verdict="is not there, or twice"
-  else
-    printf '%s\n' "${text%%"$old"*}$new$rest" > "$copy/$file"
-    verdict=survived
-    for test in $tests; do
-      passes "$test"
-      case $? in 0) continue ;; 2) verdict="does not build" ;; *) verdict=killed ;; esac
-      break
-    done
-    cp "$file" "$copy/$file"
-  fi
-  edits=$((edits + 1))
-  [ "$verdict" = killed ] && killed=$((killed + 1))
+  [ "$rest" != "$text" ] && [ "${rest#*"$old"}" = "$rest" ] || tests='' verdict="is not there, or twice"
+  printf '%s\n' "${text%%"$old"*}$new$rest" > "$copy/$file"
+  for test in $tests; do
+    passes "$test"
+    case $? in 0) continue ;; 2) verdict="does not build" ;; *) verdict=killed ;; esac
+    break
+  done
+  cp "$file" "$copy/$file"
+  verdicts+=("$verdict")
   printf '%s: %s: %s\n' "$verdict" "$file" "$what"
 }
 
-edits=0 killed=0 file='' what='' pass=all limit=1800
+verdicts=() file='' what='' pass=all
 export PLX_RANDOM_SEEDS=${PLX_RANDOM_SEEDS:-10}
 trap '[ -z "$file" ] || cp "$file" "$copy/$file"; exit 130' INT TERM
 # shellcheck disable=SC2046 # a list of words
 passes $(sed -n 's/^[^#<>:]*: //p' "${lists[@]}" | tr ' ' '\n' | sort -u) || { tail -30 "$build/log"; echo "fails without a fault"; exit 1; }
-limit=300
 for pass in sources headers; do
   while IFS= read -r line; do
     case $line in
@@ -81,4 +73,4 @@ for pass in sources headers; do
     esac
   done < <(for list in "${lists[@]}"; do cat "$list"; echo; done)
 done
-echo "$edits faults, $killed killed"
+echo "${#verdicts[@]} faults, $(printf '%s\n' "${verdicts[@]}" | grep -cx killed) killed"

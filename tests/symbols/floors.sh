@@ -2,7 +2,7 @@
 # Folders are floors, from below; rooms of one floor are joined by a comma. Sources: an object needs no symbol that only
 # a higher floor defines, but for those listed below. Headers: none includes one of a higher floor, directly or through
 # a header with a standard name.
-set -u
+. "$PLX_SOURCE/tests/driver/common.bash"
 sources="libC,cxxabi unwind string exceptions containers numbers locale iostream"
 headers="base string,algorithms containers,numerics locale streambuf facets iostream"
 
@@ -19,11 +19,6 @@ floors_of='function floors_of(list, a, b, i, j, n) {
   n = split(list, a, " ")
   for (i = 1; i <= n; i++) { split(a[i], b, ","); for (j in b) floor[b[j]] = i }
 }'
-failures=0
-check() {
-  [ -z "$found" ] && return
-  echo "$1:"; echo "$found"; failures=1
-}
 
 cd "$PLX_SOURCE" || exit 1
 # Objects of sources that are gone may still lie there.
@@ -46,7 +41,7 @@ done | xargs nm -AP | sed 's|^[^/]*/||; s|\.o: | |' | awk -v list="$sources" -v 
     for (name in count) if (floor[name] == 99) print name " is on no floor"
     if (length(count) < 7) print "objects are missing"
   }' | sort)
-check "an object needs what stands above it"
+[ -z "$found" ] || wrong "an object needs what stands above it: $found"
 
 found=$(grep -HoE '^ *# *include <[^>]+>' include/*[a-z] include/plx/*/*.h 2> /dev/null | sed 's/^include.//; s/: *# *include </ /; s/>$//' |
   awk -v list="$headers" "$floors_of"'
@@ -61,5 +56,5 @@ found=$(grep -HoE '^ *# *include <[^>]+>' include/*[a-z] include/plx/*/*.h 2> /d
   BEGIN { floors_of(list) }
   { includes[$1] = includes[$1] " " $2 }
   END { for (header in includes) if (header ~ /^plx\//) { look(header, header); n++ } if (n < 100) print "headers are missing" }' | sort -u)
-check "a header includes what stands above it"
-exit $failures
+[ -z "$found" ] || wrong "a header includes what stands above it: $found"
+finish

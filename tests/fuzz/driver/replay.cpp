@@ -1,25 +1,29 @@
 // Runs a fuzzer's target as an ordinary test: on every file of its corpus, tests/fuzz/corpus/<name of this program>,
 // where inputs that once failed are kept, and on random rows of its words behind random first bytes. The target aborts
 // when one fails.
+#include <errno.h>
 #include <glob.h>
+#include <stdint.h>
+#include <stdio.h>
+#include <stdlib.h>
 
 #include <fstream>
 #include <iterator>
 
 #include "../../random.h"
-#include "../fuzz_check.h"
+
+extern const char *const fuzz_words[];  // of which good inputs are made, null at the end
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size);
 
 static void run(const std::string &input) {
   LLVMFuzzerTestOneInput(reinterpret_cast<const uint8_t *>(input.data()), input.size());
 }
 
-int main(int, char **argv) {
-  std::string name = argv[0];
-  name = name.substr(name.find_last_of('/') + 1);
-  name = name.substr(0, name.find('.'));
+int main() {
   const char *const source = getenv("PLX_SOURCE");
+  const std::string corpus = (source ? source : ".") + std::string("/tests/fuzz/corpus/");
   glob_t files;
-  if (glob(((source ? source : ".") + ("/tests/fuzz/corpus/" + name + "/*")).c_str(), 0, 0, &files) != 0) return 1;
+  if (glob((corpus + program_invocation_short_name + "/*").c_str(), 0, 0, &files) != 0) return 1;
   for (size_t i = 0; i < files.gl_pathc; ++i) {
     fprintf(stderr, "%s\n", files.gl_pathv[i]);
     std::ifstream file(files.gl_pathv[i]);

@@ -41,51 +41,45 @@ static void owns(void) {
   int object = 0, elements[6], conditional = 0, exists = 0;
   void *block = &elements[1];
   void *addresses[5];
-  an_eh_stack_entry entry, inner;
-  EMIT_FUNCTION(entry, regions, addresses, arrays);
   addresses[0] = &object, addresses[1] = elements, addresses[2] = &block;
   addresses[3] = &conditional, addresses[4] = &exists;
-  __eh_curr_region = 5;
-  EMIT_FUNCTION(inner, regions, addresses, arrays);
-  __eh_curr_region = 0;
+  FUNCTION(regions, addresses, arrays)
+  REGION(5);
+  FUNCTION(regions, addresses, arrays)
+  REGION(0);
   array();
-  EMIT_LEAVE_FUNCTION(inner);
-  EMIT_LEAVE_FUNCTION(entry);
+  END_FUNCTION
+  END_FUNCTION
 }
 
 static void specified(void) {
-  an_eh_stack_entry entry;
-  EMIT_SPECIFICATION(entry, allowed);
+  SPECIFICATION(allowed)
   owns();
-  EMIT_LEAVE_SPECIFICATION(entry);
+  END_SPECIFICATION
 }
 
 static void throws(void) {
-  an_eh_stack_entry entry, nothing;
-  void *addresses[1];
   int object = 0;
+  void *addresses[1];
   const char **text;
-  EMIT_SPECIFICATION(nothing, 0);
-  EMIT_LEAVE_SPECIFICATION(nothing);
-  EMIT_FUNCTION(entry, regions, addresses, 0);
   addresses[0] = &object;
-  __eh_curr_region = 0;
+  FUNCTION(regions, addresses, 0)
+  REGION(0);
   text = (const char **)__throw_setup(&__TI_c, sizeof *text, PLX_TYPE_POINTER | PLX_TYPE_CONST);
   *text = "thrown";
   to_stop();
   __throw();
+  END_FUNCTION
 }
 
 static void tries(void (*body)(void)) {
-  an_eh_stack_entry entry;
-  EMIT_TRY(entry, clauses) { body(); }
-  EMIT_HANDLERS {
-    to_stop();
-    __exception_caught();
-    to_stop();
-    __free_thrown_object();
-  }
-  EMIT_END_TRY(entry);
+  TRY(clauses)
+  body();
+  PARAMETER
+  to_stop();
+  HANDLER
+  to_stop();
+  END_TRY
 }
 
 static int object;
@@ -95,15 +89,12 @@ int main(void) {
   an_eh_stack_entry everything;
   _main();
   __record_needed_destruction(&record);
+  memset(&everything, 0, sizeof everything);
   everything.kind = PLX_EH_TRY_BLOCK;
-  everything.next = __curr_eh_stack_entry;
-  everything.body.try_block.clause_list = 0;
-  everything.body.try_block.handled_exception = 0;
   __curr_eh_stack_entry = &everything;
   tries(specified);
-  __curr_eh_stack_entry = everything.next;
-  tries(throws);
   __curr_eh_stack_entry = 0;
+  tries(throws);
   to_stop();
   return 0;
 }

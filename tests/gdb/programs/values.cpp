@@ -30,7 +30,7 @@ struct named : vector<int> {
   string name;
 };
 
-static void strings_and_values() {
+static void values_and_containers() {
   string empty, plain("hello"), copy(plain), zeros("a\0b", 3), quotes("say \"x\"\n"), reserved("r");
   string shared("shared"), second(shared), third(second), lengthy(300, 'x');
   reserved.reserve(100);
@@ -45,10 +45,7 @@ static void strings_and_values() {
   runtime_error failure("no such file");
   const exception &base = failure;
   bad_alloc silent;
-  stop();
-}
 
-static void sequences() {
   vector<int> none, numbers(3, 7);
   numbers.reserve(8);
   vector<string> words(2, "word");
@@ -58,7 +55,7 @@ static void sequences() {
   for (int i = -1; i < 45; ++i) blocks.push_back(i);
   list<string> no_links, links(1, "first");
   links.push_back("second");
-  list<long double> wide(1, 2.5L);
+  list<long double> doubles(1, 2.5L);
   stack<int> pile(deque<int>(1, 4));
   priority_queue<int> first_first(less<int>(), vector<int>(1, 2));
   valarray<double> values(1.5, 2);
@@ -75,28 +72,25 @@ static void sequences() {
   deque<int>::iterator in_block = blocks.begin() + 20;
   list<string>::iterator link = links.begin();
   vector<pair<int, int> > points(1);
-  stop();
-}
 
-static void trees() {
   map<string, int> ages, nobody, one, two;
   ages["one"] = one["key"] = two["b"] = 1, ages["two"] = two["a"] = 2, ages["three"] = 3;
   multimap<int, string> many;
   many.insert(make_pair(3, "x")), many.insert(make_pair(3, "y"));
   map<string, short, greater<string> > lengths;
   lengths["abc"] = 3;
-  set<long long> numbers;
-  for (int i = 0; i < 100; ++i) numbers.insert(i * 7 % 100);
+  set<long long> hundred;
+  for (int i = 0; i < 100; ++i) hundred.insert(i * 7 % 100);
   set<pair<char, long double> > keys;
   keys.insert(make_pair('k', 0.5L));
-  multiset<string> words;
-  words.insert("w");
+  multiset<string> letters;
+  letters.insert("w");
   map<string, int>::iterator first = ages.begin(), end = ages.end();
   map<string, int>::const_iterator end_of_none = nobody.end(), end_of_one = one.end(), end_of_two = two.end();
   map<string, int>::iterator only = one.begin(), last_of_two = --two.end();
-  set<long long>::iterator last = --numbers.end();
-  set<long long>::reverse_iterator backwards = numbers.rbegin(), in_the_middle(numbers.find(64)),
-                                   backwards_end = numbers.rend();
+  set<long long>::iterator last = --hundred.end();
+  set<long long>::reverse_iterator downward = hundred.rbegin(), in_the_middle(hundred.find(64)),
+                                   backwards_end = hundred.rend();
   stop();
 }
 
@@ -155,8 +149,6 @@ static void streams() {
 }
 
 int main() {
-  strings_and_values();
-  sequences();
-  trees();
+  values_and_containers();
   streams();
 }

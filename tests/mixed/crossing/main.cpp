@@ -81,9 +81,7 @@ static __attribute__((noinline)) void catches_int(thrower throws, int what) {
   try {
     throws(what);
     say("nothing");
-  } catch (int n) {
-    say("int%d", n);
-  }
+  } catch (int n) { say("int%d", n); }
 }
 
 static void cpp_catches(thrower throws, int what) {
