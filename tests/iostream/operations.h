@@ -3,18 +3,21 @@
 #ifndef TESTS_IOSTREAM_OPERATIONS_H
 #define TESTS_IOSTREAM_OPERATIONS_H
 
-#include <stdio.h>
-#include <stdlib.h>
-
 #include <algorithm>
 #include <bitset>
 #include <complex>
+#include <fstream>
 #include <iomanip>
 #include <iostream>
 #include <iterator>
+#include <limits>
 #include <sstream>
 #include <string>
+#include <strstream>
+#include <vector>
 
+#include "../buffers.h"
+#include "../harness.h"
 #include "../random.h"
 
 __extension__ typedef long long longest;
@@ -22,11 +25,10 @@ __extension__ typedef unsigned long long unsigned_longest;
 
 // clang-format off
 #define OPERATIONS \
-  in_int, in_long, in_unsigned_short, in_unsigned_long, in_double, in_char, in_string, in_array, get_string_line, \
-  get_string_part, get_one, get_into, peek_one, ignore_some, read_some, get_line, get_part, skip_space, take_and_give, \
-  get_buffer, \
   in_short, in_unsigned, in_longest, in_unsigned_longest, in_float, in_long_double, in_bool, in_pointer, in_bits, \
-  in_complex, in_buffer, in_rest, enter, give_back, \
+  in_complex, in_int, in_long, in_unsigned_short, in_unsigned_long, in_double, in_char, in_string, in_array, \
+  get_string_line, get_string_part, get_one, get_into, peek_one, ignore_some, read_some, get_line, get_part, \
+  skip_space, take_and_give, get_buffer, in_buffer, in_rest, enter, give_back, \
   out_short, out_unsigned_short, out_int, out_unsigned, out_long, out_unsigned_long, out_longest, \
   out_unsigned_longest, out_float, out_double, out_long_double, out_bool, out_pointer, out_char, out_c_string, \
   out_signed_c_string, out_unsigned_c_string, out_string, out_block, out_put, out_line, \
@@ -34,9 +36,10 @@ __extension__ typedef unsigned long long unsigned_longest;
   move_get, move_put, tell_both, flush_out, sync_in, ready_some, give_other
 // clang-format on
 enum a_kind { OPERATIONS, kinds };
-const unsigned comparable_reads = get_buffer + 1, reads = give_back + 1, comparable_writes = out_line + 1,
-               writes = leave + 1;
+const unsigned reads = give_back + 1, writes = leave + 1, comparable_reads = in_int, comparable_reads_end = in_buffer,
+               comparable_writes_end = out_buffer;
 
+typedef std::ios base;
 struct an_operation {
   unsigned what;
   int n, width, precision;
@@ -44,12 +47,12 @@ struct an_operation {
   longest integer;
   double real;
   std::string text;
-  std::ios_base::fmtflags flags;
+  base::fmtflags flags;
+  explicit an_operation(unsigned kind = 0, int number = 0, base::fmtflags with = base::skipws | base::dec)
+      : what(kind), n(number), width(number), precision(6), c('\n'), fill('*'), integer(0), real(0), flags(with) {}
 };
 
 namespace operations {
-
-typedef std::ios_base base;
 
 // The place of a name in a list of them; behind it, when it is not there.
 inline unsigned place_of(const std::string &name, const std::string &list) {
@@ -161,34 +164,35 @@ inline std::string number(const char *format, longest value) {
   return text;
 }
 
-template <class T> std::string in_number(std::istream &in, const char *format, bool comparable, T value) {
-  char text[64] = "";
-  if (in >> value || !comparable) sprintf(text, format, value);
-  return text;
-}
-
-template <class T> std::string in_object(std::istream &in, T value) {
+template <class T> std::string in_value(std::istream &in, bool comparable) {
+  T value = T(77);
   std::ostringstream to;
-  to.precision(9);
-  in >> value;
-  to << value;
+  to.precision(30);
+  if (in >> value || !comparable) to << value;
   return to.str();
 }
+// As OPERATIONS has them.
+typedef std::bitset<7> bits;
+typedef std::complex<float> complex;
+typedef std::string (*a_reader)(std::istream &, bool);
+const a_reader readers[] = {
+    in_value<short>,          in_value<unsigned>,      in_value<longest>, in_value<unsigned_longest>,
+    in_value<float>,          in_value<long double>,   in_value<bool>,    in_value<void *>,
+    in_value<bits>,           in_value<complex>,       in_value<int>,     in_value<long>,
+    in_value<unsigned short>, in_value<unsigned long>, in_value<double>};
 
-inline void copy_rest(std::istream &from, std::ostream &to) {
-  const std::istreambuf_iterator<char> at(from), end;
-  std::copy(at, end, std::ostreambuf_iterator<char>(to));
+template <class T> void out_number(std::ostream &out, const an_operation &o) {
+  const T real = static_cast<T>(static_cast<T>(o.real) / (sizeof real > 8 ? 3 : 1));
+  out << (std::numeric_limits<T>::is_integer ? static_cast<T>(o.integer) : real);
 }
+typedef void (*a_writer)(std::ostream &, const an_operation &);
+const a_writer writers[] = {
+    out_number<short>, out_number<unsigned short>, out_number<int>,        out_number<unsigned>,
+    out_number<long>,  out_number<unsigned long>,  out_number<longest>,    out_number<unsigned_longest>,
+    out_number<float>, out_number<double>,         out_number<long double>};
 
-template <class T> T as(const an_operation &o) { return static_cast<T>(o.integer); }
-
-// Takes so many characters.
-struct a_destination : std::streambuf {
-  int left;
-  std::string text;
-  explicit a_destination(int room) : left(room) {}
-  virtual int overflow(int c) { return left-- > 0 ? (text += static_cast<char>(c), c & 0xFF) : -1; }
-};
+typedef std::istreambuf_iterator<char> from_buffer;
+typedef std::ostreambuf_iterator<char> to_buffer;
 
 inline std::string perform(std::iostream &s, const an_operation &o, bool comparable) {
   static char array[400000];
@@ -200,20 +204,9 @@ inline std::string perform(std::iostream &s, const an_operation &o, bool compara
   s.precision(o.precision);
   s.width(o.what < reads && (comparable || o.what < in_string) ? 0 : o.width);
   memset(array, '#', n < 300 ? 400 : 12000);
+  if (o.what <= in_double) return readers[o.what](s, comparable);
+  if (o.what >= out_short && o.what <= out_long_double) return writers[o.what - out_short](s, o), "";
   switch (o.what) {
-    case in_short: return in_number<short>(s, "%hd", comparable, 77);
-    case in_unsigned_short: return in_number<unsigned short>(s, "%hu", comparable, 77);
-    case in_int: return in_number<int>(s, "%d", comparable, 77);
-    case in_unsigned: return in_number<unsigned>(s, "%u", comparable, 77);
-    case in_long: return in_number<long>(s, "%ld", comparable, 77);
-    case in_unsigned_long: return in_number<unsigned long>(s, "%lu", comparable, 77);
-    case in_longest: return in_number<longest>(s, "%lld", comparable, 77);
-    case in_unsigned_longest: return in_number<unsigned_longest>(s, "%llu", comparable, 77);
-    case in_float: return in_number<float>(s, "%a", comparable, 77);
-    case in_double: return in_number<double>(s, "%a", comparable, 77);
-    case in_long_double: return in_number<long double>(s, "%La", comparable, 77);
-    case in_pointer: return in_number<void *>(s, "%p", comparable, array);
-    case in_bool: return in_number<bool>(s, "%d", comparable, o.n & 1);
     case in_char: s >> c; return std::string(1, c);
     case in_string:
     case get_string_line:
@@ -226,7 +219,9 @@ inline std::string perform(std::iostream &s, const an_operation &o, bool compara
       if (o.what == in_string) s >> got;
       if (o.what == get_string_line) std::getline(s, got);
       if (o.what == get_string_part) std::getline(s, got, o.c);
-      return copy == before && got.data()[got.size()] == 0 ? got : "spoilt";
+      // What was read may be shared again, though a reference was in use.
+      const bool shares = comparable || !s || got.data() == std::string(got).data();
+      return copy == before && shares && got.data()[got.size()] == 0 ? got : "spoilt";
     }
     case in_array:
       if (s.width() > 0) s.width(1 + (n < 0 ? 0 : n));
@@ -253,39 +248,30 @@ inline std::string perform(std::iostream &s, const an_operation &o, bool compara
       return s.unget(), got += static_cast<char>(s.get()), s.putback(got[0]), got;
     case give_back: s.unget(); return "";
     case get_buffer: {
-      a_destination to(comparable ? 11000 : n);
+      scripted to;
+      to.most = comparable ? 11000 : n;
       o.c == '\n' ? s.get(to) : s.get(to, o.c);
-      return to.text;
+      return to.taken();
     }
     case in_buffer: {
-      a_destination to(n);
+      scripted to;
+      to.most = n;
       std::stringbuf whole;
       s >> (o.width % 4 ? static_cast<std::streambuf *>(&to) : o.width ? &whole : 0);
-      return to.text + whole.str();
+      return to.taken() + whole.str();
     }
     case in_rest: {
       if (o.width % 8) return "";
-      if (o.n % 2) return std::string(std::istreambuf_iterator<char>(s), std::istreambuf_iterator<char>());
       std::ostringstream to;
-      copy_rest(s, to);
+      if (o.n % 3 == 0) to << std::string(from_buffer(s), from_buffer());
+      if (o.n % 3 == 1) std::copy(from_buffer(s), from_buffer(), to_buffer(to));
+      if (o.n % 3 == 2)
+        for (std::istream_iterator<std::string> at(s), end; at != end; ++at) to << at->size() << *at;
       return to.str();
     }
     case enter: return std::istream::sentry(s, o.n % 2 != 0) ? "in" : "out";
-    case in_bits: return in_object(s, std::bitset<7>());
-    case in_complex: return in_object(s, std::complex<float>(7, 7));
-    case out_short: s << as<short>(o); break;
-    case out_unsigned_short: s << as<unsigned short>(o); break;
-    case out_int: s << as<int>(o); break;
-    case out_unsigned: s << as<unsigned>(o); break;
-    case out_long: s << as<long>(o); break;
-    case out_unsigned_long: s << as<unsigned long>(o); break;
-    case out_longest: s << o.integer; break;
-    case out_unsigned_longest: s << as<unsigned_longest>(o); break;
-    case out_float: s << static_cast<float>(o.real); break;
-    case out_double: s << o.real; break;
-    case out_long_double: s << static_cast<long double>(o.real) / 3; break;
     case out_bool: s << (o.integer % 2 != 0); break;
-    case out_pointer: s << reinterpret_cast<const void *>(as<unsigned>(o) | (comparable ? 1 : 0)); break;
+    case out_pointer: s << reinterpret_cast<const void *>(static_cast<unsigned>(o.integer) | comparable); break;
     case out_char: s << o.text[0] << static_cast<signed char>('s') << static_cast<unsigned char>(o.fill); break;
     case out_c_string: s << o.text.c_str(); break;
     case out_signed_c_string: s << reinterpret_cast<const signed char *>(o.text.c_str()); break;
@@ -301,7 +287,7 @@ inline std::string perform(std::iostream &s, const an_operation &o, bool compara
     }
     case out_copy: {
       std::istringstream from(o.text);
-      copy_rest(from, s);
+      std::copy(from_buffer(from), from_buffer(), to_buffer(s));
       break;
     }
     case out_complex: s << std::complex<double>(o.real, o.n); break;
