@@ -10,14 +10,8 @@
 #include <malloc.h>
 #include <sys/stat.h>
 
-#include <fstream>
-#include <iostream>
-#include <sstream>
-#include <strstream>
-
-#include "../buffers.h"
 #include "../fail_allocation.h"
-#include "../rows.h"
+#include "operations.h"
 
 using std::ios_base;
 
@@ -256,11 +250,7 @@ void give_back(void *p) {
   std::strstreambuf::default_free(p);
 }
 
-std::string number(long n) {
-  char text[20];
-  sprintf(text, "%ld", n);
-  return text;
-}
+std::string number(long n) { return operations::number("%lld", n); }
 std::string character(int c) { return c > ' ' && c < 127 ? std::string(1, static_cast<char>(c)) : number(c); }
 
 // Does a step of a row, which is an operation with its arguments, and says what it gave.
