@@ -6,7 +6,6 @@
 #include <typeinfo>
 
 #include "../fail_allocation.h"
-#include "../rows.h"
 #include "operations.h"
 
 using namespace operations;

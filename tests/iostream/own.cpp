@@ -7,7 +7,6 @@
 
 #include <stdexcept>
 
-#include "../rows.h"
 #include "operations.h"
 
 using namespace operations;

@@ -4,8 +4,6 @@
 #include "locale_check.h"
 #include "read_number.h"
 
-typedef std::istreambuf_iterator<char> iterator;
-
 static long double number(void *value) { return reinterpret_cast<size_t>(value); }
 template <class T> static long double number(T value) { return value; }
 

@@ -234,10 +234,12 @@ static void random_texts(int count) {
     const unsigned a = static_cast<unsigned>(random_bits()), c = random_below(1 << 24) * 256;
     long double value = i % 8 ? random_double() : random_long_double();
     if (value - value != 0) value = DBL_MIN;
-    switch (i % 4) {
+    const double part = 1 + static_cast<double>(random_bits() >> 12) * 0x1p-52;
+    switch (i % 5) {
       case 0: sprintf(text, "%.*Le", between(0, 21), value); break;
       case 1: sprintf(text, "%u%09ue%d", a, c % 1000000000, between(-40, 39)); break;
       case 2: sprintf(text, "0.%0*u%u", between(0, 19), 0, a); break;
+      case 3: sprintf(text, "%.*e", between(8, 18), ldexp(part, i % 2 ? -1023 : -127)); break;  // with one bit less
       default: sprintf(text, "-%u.%uE%+d", a >> random_below(32), c, between(-350, 349) >> random_below(9));
     }
     check_kept(text);
@@ -261,7 +263,7 @@ int main() {
   table();
   far_texts();
   borders();
-  random_texts(40000);
+  random_texts(80000);
   for (int i = 0; i < 5; ++i) set_mode(unusual_mode[i]), random_texts(2000);
   set_mode(usual_mode);
   own_members();
