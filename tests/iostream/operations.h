@@ -45,11 +45,9 @@ const unsigned reads = give_back + 1, writes = leave + 1, comparable_reads = in_
 
 typedef std::ios base;
 struct flags : base {
-  static const fmtflags *all() {
-    static const fmtflags own[] = {FLAGS};
-    return own;
-  }
+  static const fmtflags all[];
 };
+const flags::fmtflags flags::all[] = {FLAGS};
 struct an_operation {
   unsigned what;
   int n, width, precision;

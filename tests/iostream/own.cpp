@@ -29,7 +29,7 @@ std::string done(std::iostream &s, scripted &buffer, const std::string &step) {
   std::stringbuf to;
   if (part[2] == "begin") o.c = 'b';
   if (part[0] == "none") s.flags(0);
-  if (place_of(part[0], NAMES(FLAGS)) < 15) s.setf(flags::all()[place_of(part[0], NAMES(FLAGS))]);
+  if (place_of(part[0], NAMES(FLAGS)) < 15) s.setf(flags::all[place_of(part[0], NAMES(FLAGS))]);
   if (part[0] == "eof") s.setstate(s.eofbit);
   if (part[0] == "fail") s.setstate(s.failbit);
   if (part[0] == "ignore_255") s.ignore(n, 255);

@@ -140,8 +140,6 @@ static void table() {
   CHECK(c.get_week_day(std::locale(), 'a', 7) == "?" && c.get_week_day(std::locale(), 'a', -1) == "?");
   const string all = c.get_date_time_format() + '|' + c.get_date_format() + '|' + c.get_time_format();
   CHECK_TEXT(all.c_str(), "%a %b %d %H:%M:%S %Y|%m/%d/%y|%H:%M:%S");
-  static const char widths[] = "d2Y4A0j3u1w1";
-  for (const char *at = widths; *at; at += 2) CHECK_INT(c.get_spec_conv_width(*at), at[1] - '0');
 }
 
 // Names come from the environment, at the time of the call, whatever the stream's locale and the C library's.

@@ -354,13 +354,13 @@ void bases() {
         case 9: *a << manipulators[random_below(22)]; break;
         case 10: a->rdbuf(n < 2 ? 0 : buffers + n % 2); break;
         case 11: a->tie(n % 2 ? &tied : 0); break;
-        case 12: *a << setiosflags(flags::all()[n * 2]) << resetiosflags(flags::all()[random_below(15)]); break;
+        case 12: *a << setiosflags(flags::all[n * 2]) << resetiosflags(flags::all[random_below(15)]); break;
         case 13: delete a, a = 0, a = new std::iostream(n ? buffers + n % 2 : 0); break;
       }
     } catch (const std::ios_base::failure &) { thrown = "failure"; }
     printf("%s %d %d %d ", thrown, a->rdstate(), a->exceptions(), a->good() + 2 * a->fail() + 4 * !*a + 8 * a->eof());
     printf("%d %d %c %d ", int(a->width()), int(a->precision()), a->fill(), a->getloc() == locales[0]);
-    for (int k = 0; k < 15; ++k) printf("%d ", (a->flags() & flags::all()[k]) != 0);
+    for (int k = 0; k < 15; ++k) printf("%d ", (a->flags() & flags::all[k]) != 0);
     printf("%ld %ld %d ", a->iword(n), a->iword(n * n), a->pword(n) == 0 ? 0 : a->pword(n) == &tied ? 1 : 2);
     printf("%d %d\n", (a->rdbuf() == buffers) + 2 * !a->rdbuf(), a->tie() == &tied);
   }
