@@ -154,37 +154,6 @@ static NOINLINE void local_node(const char *node) {
   END_FUNCTION
 }
 
-static void construct_element(void *object, int a, int b, int c, int d, int e, int f, int g, int h) {
-  (void)(a + b + c + d + e + f + g + h);
-  element((int *)object);
-}
-static void destroy_element(void *object, int flags) {
-  check_flags(flags);
-  end_of_local(*(int *)object, "}");
-}
-static const an_array_record three[] = {{0, sizeof(int), 3}};
-static const a_region_record array_regions[] = {{(a_routine)destroy_element, 0, PLX_NO_REGION, PLX_REGION_ARRAY}};
-static NOINLINE void array_node(const char *node) {
-  int array[3];
-  void *addresses[1], *heap;
-  addresses[0] = array;
-  element_node = node;
-  element_index = 0;
-  if (node[1] >= '3') {
-    heap = __array_new(3, sizeof(int), construct_element, destroy_element, 0, 0, 0);
-    __array_delete(heap, PLX_COUNT_FROM_COOKIE, sizeof(int), destroy_element, 0, 0);
-    run(block(node, 1));
-    return;
-  }
-  FUNCTION(array_regions, addresses, three)
-  __vec_new_eh(array, 3, sizeof(int), construct_element, destroy_element);
-  REGION(0);
-  run(block(node, 1));
-  REGION(PLX_NO_REGION);
-  __vec_delete(array, 3, sizeof(int), destroy_element, 0);
-  END_FUNCTION
-}
-
 /* Where no library is between: a stream keeps the exception. */
 static NOINLINE void library_node(const char *node) {
   if ((node[1] - '0') % 6 != 4) {
@@ -207,8 +176,8 @@ static void rethrow_node(const char *node) {
   (void)node;
   __rethrow();
 }
-a_player *const nodes_c[] = {throw_node,         try_node,     local_node, function_node,  array_node,
-                             specification_node, library_node, jump_node,  jump_back_node, rethrow_node};
+a_player *const nodes_c[] = {throw_node,   try_node,  local_node,     function_node, specification_node,
+                             library_node, jump_node, jump_back_node, rethrow_node};
 
 /* Both stacks are empty: a throw sees none below it. */
 int is_quiet_c(void) {
