@@ -4,7 +4,7 @@
  * host's library says (../scenes.sh).
  *
  *   tXN{A}{B}  throws X with the number N: a fault (f), a class with a fault as base behind other members (s), before
- *              3000 bytes (b), as virtual (v) or hidden (h) base; an int (i), a double (d), a pointer to a fault (p).
+ *              3000 bytes (b), as virtual base (v); an int (i), a double (d), a pointer to a fault (p).
  *              A runs while a fault is constructed, B when it is destroyed
  *   ?X{A}{B}   A in a try block with the clauses X (see `choices`), B in its handlers
  *   +N{A}{B}   A with a local object whose destructor runs B
@@ -70,9 +70,6 @@ struct big : fault {
 };
 struct shared : room, virtual fault {
   explicit shared(const char *node) : fault(node) {}
-};
-struct hidden : room, private fault {
-  explicit hidden(const char *node) : fault(node) {}
 };
 #else
 struct fault {

@@ -3,22 +3,20 @@
 
 #include "emit.h"
 
-#define BASES(type, offset, flags) \
-  static const a_base_class_spec type##_bases[] = {{&fault_type, offset, (flags) | PLX_BASE_LAST}}
+#define BASES(type, offset) \
+  static const a_base_class_spec type##_bases[] = {{&fault_type, offset, PLX_BASE_PUBLIC | PLX_BASE_LAST}}
 #if WORLDS == 1
 EMIT_CLASS(fault_type, "fault", 0);
 #define DERIVED(type, name) EMIT_CLASS(type##_type, #type, type##_bases)
 #else
-extern const char _ZTS5fault[], _ZTS7special[], _ZTS3big[], _ZTS6hidden[];
+extern const char _ZTS5fault[], _ZTS7special[], _ZTS3big[];
 static const a_type_info_impl fault_type = {PLX_TYPE_INFO_VTABLE, "fault", _ZTS5fault, 0};
 #define DERIVED(type, name) \
   static const a_type_info_impl type##_type = {PLX_TYPE_INFO_VTABLE, #type, name, type##_bases}
 #endif
-BASES(special, 8, PLX_BASE_PUBLIC);
+BASES(special, 8);
 DERIVED(special, _ZTS7special);
-BASES(hidden, 8, 0);
-DERIVED(hidden, _ZTS6hidden);
-BASES(big, 0, PLX_BASE_PUBLIC);
+BASES(big, 0);
 DERIVED(big, _ZTS3big);
 
 #define LAST PLX_TYPE_LAST
@@ -73,8 +71,8 @@ static void destroy_special(void *object, int flags) {
   destroy(&((special *)object)->part);
 }
 
-static NOINLINE void throw_special(const a_type_info_impl *type, const char *node) {
-  special *object = (special *)__throw_setup_dtor(type, sizeof(special), 0, destroy_special);
+static NOINLINE void throw_special(const char *node) {
+  special *object = (special *)__throw_setup_dtor(&special_type, sizeof(special), 0, destroy_special);
   construct(&object->part, node);
   __throw();
 }
@@ -87,8 +85,7 @@ static NOINLINE void throw_node(const char *node) {
     case 'i': THROW(__TI_i, int, 0, node[2] - '0');
     case 'd': THROW(__TI_d, double, 0, node[2] - '0');
     case 'p': THROW(fault_type, fault *, PLX_TYPE_POINTER, &pointed);
-    case 's': throw_special(&special_type, node);
-    case 'h': throw_special(&hidden_type, node);
+    case 's': throw_special(node);
     case 'b':
     case 'v': throw_fault(&big_type, sizeof(big), node); /* v is of C++; this one is caught alike */
     default: throw_fault(&fault_type, sizeof(fault), node);

@@ -20,7 +20,6 @@ APART throw_node(const char *node) {
     case 's': throw special(node);
     case 'b': throw big(node);
     case 'v': throw shared(node);
-    case 'h': throw hidden(node);
     default: throw fault(node);
   }
 }
