@@ -37,6 +37,7 @@ static void register_itself(void *object, int flags) {
 static void throwing_function(void) { throw_int(1); }
 static void throw_it(void *object, int flags) {
   destroy(object, flags);
+  if (__curr_eh_stack_entry->next) say("exit-left-entries ");
   throw_int(1);
 }
 RECORD(throwing, throw_it);
@@ -46,7 +47,7 @@ static void perform(const char *actions);
 static void perform_inside(const char *actions) {
   static const a_region_record regions[] = {{DESTRUCTOR(destroy), 0, PLX_NO_REGION, 0}};
   static void *addresses[] = {(void *)"local"};
-  TRY(catch_all)
+  TRY(catch_fault)
   FUNCTION(regions, addresses, 0)
   REGION(0);
   perform(actions);
