@@ -213,8 +213,6 @@ void swap(thing &a, thing &b) {
   ++swaps;
   std::swap(a.value, b.value);
 }
-template <class A, class B> void distance(A, B) { CHECK(!"found by the arguments"); }
-template <class A, class B, class C> void lower_bound(A, B, C, int) { CHECK(!"found by the arguments"); }
 bool operator<(const thing &a, const thing &b) { return a.value < b.value; }
 }  // namespace other
 struct by_template {
@@ -231,7 +229,7 @@ static void names_and_types() {
   CHECK_INT(other::swaps, 15);
   std::stable_sort(things, things + 30);
   std::rotate(things, things + 7, things + 30);
-  CHECK(things[29].value == 6 && std::equal_range(things, things + 23, things[4]).first == things + 4);
+  CHECK_INT(things[29].value, 6);
   by_template c[2] = {{1}, {2}}, d[2];
   std::copy(c, c + 2, d);
   bool flags[5];

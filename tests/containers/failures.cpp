@@ -153,7 +153,7 @@ template <class K, class T> static std::pair<const K, T> element_of(const std::p
 template <class C, class K> static void index_by(C &, const K &) {}
 template <class K, class T> static void index_by(std::map<K, T> &map, const K &key) { map[key]; }
 
-enum { tree_operations = 11, into_range = 3 };
+enum { tree_operations = 9, into_range = 3 };
 
 template <class C> struct tree : failing {
   typedef made_of<typename C::key_type> as;
@@ -177,8 +177,6 @@ template <class C> struct tree : failing {
       case 5: C(c.begin(), c.end()).size(); break;
       case 6: c = other; break;
       case 7: c.erase(key); break;
-      case 8: c.find(key), c.count(key), c.lower_bound(key), c.upper_bound(key), c.equal_range(key); break;
-      case 9: c.swap(other), other.swap(c), other.clear(); break;
       default: index_by(c, absent);
     }
   }
@@ -219,15 +217,11 @@ static void own_operator_new() {
   std::list<int> list;
   std::set<int> set;
   const long blocks = live_blocks, calls = allocation_calls;
-  for (int i = 0; i < 1000; ++i) numbers.push_back(i);
-  CHECK(allocation_calls - calls == 8 && live_blocks == blocks + 1);
-  for (int i = 0; i < 1000; ++i) list.push_back(i), set.insert(i), queue.push_front(i);
+  for (int i = 0; i < 1000; ++i) numbers.push_back(i), list.push_back(i), set.insert(i), queue.push_front(i);
   CHECK(allocation_calls - calls > 2050 && live_blocks - blocks > 2050);
   const long now = live_blocks, then = allocation_calls;
   for (int i = 0; i < 10000; ++i) queue.push_back(i), queue.pop_front();
   CHECK(live_blocks - now < 5 && queue.front() == 9000 && allocation_calls - then >= 500);
-  numbers.insert(numbers.begin() + 5, 5000u, 7), numbers.reserve(9000);
-  CHECK(numbers[4] == 4 && numbers[5004] == 7 && numbers[5005] == 5 && numbers[5999] == 999);
 }
 
 int main() {

@@ -133,11 +133,7 @@ template <unsigned N> static void size(unsigned steps) {
   for (int which = 0; which < 6; ++which)
     printf("%u %s %s %s\n", unsigned(std::bitset<N>().size()), error_of<N>(which, N - 1), error_of<N>(which, N),
            error_of<N>(which, ~0u));
-  for (unsigned i = 0; i < 15; ++i) {
-    std::string wrong(N, '1');
-    wrong[i * 16 % N] = "2/ \xB0"[i % 4];
-    printf("%s %s %s\n", error_of<N>(6, i, "x101"), error_of<N>(6, 0, wrong), error_of<N>(5, i * 16 % N));
-  }
+  for (unsigned i = 0; i < 15; ++i) printf("%s %s\n", error_of<N>(6, i, "x101"), error_of<N>(5, i * 16 % N));
   const unsigned seed = random_state;
   own<N>();
   random_state = seed;

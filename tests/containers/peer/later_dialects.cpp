@@ -68,13 +68,6 @@ template <class S> static void random_sequence() {
 }
 
 static void others() {
-  struct fixed {
-    fixed() {}
-    fixed(const fixed &) = delete;
-    int n = 3;
-  };
-  std::map<int, fixed> made_in_place;
-  CHECK_INT(made_in_place[1].n, 3);
   std::map<int, only_moved> map;
   CHECK(map.insert(std::pair<const int, only_moved>(1, only_moved(2))).second && int(map.at(1)) == 2);
   map[1] = only_moved(7);
