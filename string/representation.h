@@ -2,6 +2,8 @@
 // except to give a representation up.
 #pragma once
 
+#include <stddef.h>
+
 #include <plx/string/string_core.h>
 
 #include "../libC/i386/short_copy.h"
@@ -10,6 +12,11 @@
 namespace __zor {
 
 constexpr unsigned no_limit = 0xFFFFFFFFu;
+
+// Programs hold these offsets.
+static_assert(offsetof(b_str_ref, count) == 4 && offsetof(b_str_ref, data) == 8 && offsetof(b_str_ref, length) == 12 &&
+                  offsetof(b_str_ref, capacity) == 16,
+              "the layout of a representation");
 
 // The capacity for n characters: the next multiple of 32 above n, and 0 where that is no 32-bit number.
 inline unsigned capacity_for(unsigned n) { return (n & ~31u) + 32; }

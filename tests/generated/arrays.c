@@ -109,10 +109,10 @@ static NOINLINE void run(int kind, int which) {
     __zor_fast_vec_delete(ELEMENTS, which & 2 ? COUNT : PLX_COUNT_FROM_COOKIE, SIZE, (a_routine)whole, which & 1);
   if (kind == FAILING_ALLOCATION)
     result = __array_new(COUNT, SIZE, 0, 0, (a_routine)allocate_failing, (a_routine)free_sized, 1);
+  CHECK(__curr_eh_stack_entry == &try_entry);
   HANDLERS trace("caught-%d", *(int *)caught);
   END_TRY
   trace(""); /* ends with a blank */
-  CHECK(__curr_eh_stack_entry == 0);
 }
 
 static void constructed(void) {

@@ -76,16 +76,6 @@ static void out_of_memory(void) {
   heap_fails_at = failing_block;
   nested(1000, failing_size);
 }
-static void still_no_memory(void) {
-  printf("handler;");
-  fflush(stdout);
-  nested(1000, 100);
-}
-static void no_memory_in_handler(void) {
-  _ZSt13set_terminatePFvvE(still_no_memory);
-  heap_fails_at = 0;
-  nested(1000, 100);
-}
 static void no_memory(void) {
   heap_fails_at = 0;
   nested(1, 9000);
@@ -93,7 +83,6 @@ static void no_memory(void) {
 static void exhausted_heap(void) {
   for (failing_size = 8; failing_size < 9000; failing_size += failing_size >= 7840 && failing_size < 8136 ? 8 : 808)
     for (failing_block = 0; failing_block < 3; ++failing_block) CHECK_ENDS(out_of_memory, 3, "terminated 1, 0 failed");
-  CHECK_ABORTS(no_memory_in_handler, "handler;");
   CHECK_ABORTS(no_memory, "plx: terminated: no memory for an exception\n");
 }
 #endif

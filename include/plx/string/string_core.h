@@ -26,11 +26,7 @@ struct PLX_API b_str_ref {
   unsigned int _block;    // bytes of the block that starts here, and a flag of the library's in bit 0
 };
 
-typedef char _b_str_ref_layout[sizeof(b_str_ref) == 28 && offsetof(b_str_ref, count) == 4 &&
-                                       offsetof(b_str_ref, data) == 8 && offsetof(b_str_ref, length) == 12 &&
-                                       offsetof(b_str_ref, capacity) == 16
-                                   ? 1
-                                   : -1];
+typedef char _b_str_ref_layout[sizeof(b_str_ref) == 28 ? 1 : -1];
 
 const unsigned int _string_npos = 0xFFFFFFFFu;
 

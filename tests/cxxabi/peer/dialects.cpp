@@ -1,5 +1,5 @@
-// What later dialects bring to exceptions: move construction of the exception object, nullptr and the new characters as
-// exceptions, pointers to noexcept functions, alignment, thread_local. Ends by noexcept, cxxabi/terminate has.
+// What later dialects bring to exceptions: nullptr and the new characters as exceptions, pointers to noexcept
+// functions, alignment, thread_local. Ends by noexcept, cxxabi/terminate has.
 // prints: 2 lines
 // test-variants: -O0 -std=gnu++11 | -O2 -std=gnu++17 | -O1 -std=gnu++20
 #include <exception>
@@ -7,14 +7,7 @@
 #include <stdio.h>
 #include <typeinfo>
 
-// ---- the exception object
-
-struct movable {
-  int n;
-  explicit movable(int k) : n(k) {}
-  movable(const movable &o) : n(o.n + 100) {}
-  movable(movable &&o) noexcept : n(o.n + 1000) { o.n = 0; }
-};
+struct part;
 template <class First, class Second, class T> static const char *which(T value) {
   try {
     throw value;
@@ -29,16 +22,12 @@ static void quiet_function() noexcept {}
 static void plain_function() {}
 static void objects() {
   try {
-    movable local(5);
-    throw local;
-  } catch (movable &m) { printf("%d ", m.n); }
-  try {
     throw nullptr;
-  } catch (int movable::*p) { printf("%d ", p == nullptr); }
+  } catch (int part::*p) { printf("%d ", p == nullptr); }
   printf("%s", which<int, decltype(nullptr)>(nullptr));
   printf("%s", which<int *const &, const char *>(nullptr));
-  printf("%s", which<int, int movable::*>(nullptr));
-  printf("%s", which<int, void (movable::*)()>(nullptr));
+  printf("%s", which<int, int part::*>(nullptr));
+  printf("%s", which<int, void (part::*)()>(nullptr));
   printf("%s", which<unsigned short, char16_t>(char16_t('x')));
   printf("%s", which<unsigned, char32_t>(char32_t('x')));
   printf("%s", which<unsigned char, char8_t>(char8_t('z')));
@@ -105,10 +94,6 @@ struct noisy {
   ~noisy() { printf("~%d ", n); }
 };
 static thread_local noisy thread_object;
-struct quiet_destructor {
-  noisy n;
-  ~quiet_destructor() {}
-};
 
 int main() {
   objects();
@@ -117,5 +102,5 @@ int main() {
   all_aligned<aligned<128> >();
   if (!no_memory([] { return __cxa_throw_bad_array_new_length(), nullptr; })) printf("got it");
   printf(" %d %d\n", typeid(int) == typeid(const int), thread_object.n);
-  return noexcept(quiet_function()) + noexcept(plain_function()) + noexcept(quiet_destructor()) - 2;
+  return 0;
 }

@@ -6,6 +6,7 @@
 //
 // prints: 128409 lines
 // test-variants: -O0 | -O1
+#include "../../locale/reading.h"
 #include "../operations.h"
 
 using namespace operations;
@@ -41,14 +42,6 @@ std::string converted(const std::string &text) {
   for (unsigned i = 0; i < text.size(); ++i) made += converting::of(text[i], shifted);
   return shifted ? made + '>' : made;
 }
-struct grouping : std::numpunct<char> {
-  int which;
-  explicit grouping(int by) : which(by) {}
-  virtual char do_thousands_sep() const { return '\''; }
-  virtual char do_decimal_point() const { return which % 2 ? ',' : '.'; }
-  virtual std::string do_grouping() const { return which % 3 == 0 ? "\3" : which % 3 == 1 ? "\2\3" : "\1"; }
-  virtual std::string do_truename() const { return "yes"; }
-};
 
 // 'w' and the null character are white space, too; a line ends with ';', and digits may be others.
 struct letters : std::ctype<char> {
@@ -227,9 +220,12 @@ void writing(int round, bool comparable, const own_file *path) {
                                      &small,  &larger, &both,     &derived,  &array};
   crowd all(comparable, buffers, 11);
   const bool groups = round % 5 == 1;
+  static const char *const groupings[] = {"\3", "\2\3", "\1"};
   for (unsigned k = 0; k < all.size(); ++k) {
     const std::locale old = all[k].rdbuf()->getloc();
-    if (groups) all[k].imbue(std::locale(std::locale::classic(), new grouping(round / 5)));
+    if (groups)
+      all[k].imbue(std::locale(std::locale::classic(),
+                               new chosen_punctuation(groupings[round / 5 % 3], round / 5 % 2 ? ',' : '.', '\'')));
     if (round % 5 == 2) all[k].imbue(std::locale(old, new letters(0x40)));
     all[k].rdbuf()->pubimbue(old);
     if (round % 7 == 0) all[k].tie(all.tied());
@@ -332,12 +328,15 @@ void both_ways(int round, bool comparable, const own_file *path) {
 // Streams without operations: states, masks, formats, words, callbacks and locales.
 void tell(base::event what, std::ios_base &of, int index) { printf("%d:%d:%ld ", what, index, of.iword(index)); }
 void bases() {
+  using namespace std;
+  static ios_base &(*const manipulators[])(ios_base &) = {FLAGS,     noboolalpha, noshowbase,  noshowpoint,
+                                                          noshowpos, noskipws,    nouppercase, nounitbuf};
   const std::locale locales[] = {std::locale::classic(), std::locale(std::locale::classic(), new letters(0))};
   std::stringbuf buffers[2];
   std::ostream tied(buffers);
   std::iostream *all[] = {new std::iostream(buffers), new std::iostream(buffers), new std::iostream(0)};
   for (int i = 0; i < 6000; ++i) {
-    const unsigned what = random_below(13), n = random_below(8);
+    const unsigned what = random_below(14), n = random_below(8);
     std::iostream *&a = all[random_below(3)], &b = *all[random_below(3)];
     const char *thrown = "";
     printf("%u of %u: ", what, n);
@@ -351,16 +350,17 @@ void bases() {
         case 5: a->register_callback(tell, n); break;
         case 6: a->imbue(locales[n % 2]); break;
         case 7: a->copyfmt(b); break;
-        case 8: a->width(n), a->precision(i), a->fill(char('a' + n)); break;
-        case 9: a->setf(n % 2 ? base::hex : base::left, n % 4 < 2 ? base::basefield : base::adjustfield); break;
+        case 8: *a >> setw(n) >> setprecision(i - 99) >> setfill(char('a' + n)) >> setbase(int(n + 1) * 2); break;
+        case 9: *a << manipulators[random_below(22)]; break;
         case 10: a->rdbuf(n < 2 ? 0 : buffers + n % 2); break;
         case 11: a->tie(n % 2 ? &tied : 0); break;
-        case 12: delete a, a = 0, a = new std::iostream(n ? buffers + n % 2 : 0); break;
+        case 12: *a << setiosflags(flags::all()[n * 2]) << resetiosflags(flags::all()[random_below(15)]); break;
+        case 13: delete a, a = 0, a = new std::iostream(n ? buffers + n % 2 : 0); break;
       }
     } catch (const std::ios_base::failure &) { thrown = "failure"; }
     printf("%s %d %d %d ", thrown, a->rdstate(), a->exceptions(), a->good() + 2 * a->fail() + 4 * !*a + 8 * a->eof());
-    printf("%d %d %c %d ", int(a->width()), int(a->precision()), a->fill(), (a->flags() & base::hex) != 0);
-    printf("%d %d %d ", (a->flags() & base::left) != 0, (a->flags() & base::skipws) != 0, a->getloc() == locales[0]);
+    printf("%d %d %c %d ", int(a->width()), int(a->precision()), a->fill(), a->getloc() == locales[0]);
+    for (int k = 0; k < 15; ++k) printf("%d ", (a->flags() & flags::all()[k]) != 0);
     printf("%ld %ld %d ", a->iword(n), a->iword(n * n), a->pword(n) == 0 ? 0 : a->pword(n) == &tied ? 1 : 2);
     printf("%d %d\n", (a->rdbuf() == buffers) + 2 * !a->rdbuf(), a->tie() == &tied);
   }

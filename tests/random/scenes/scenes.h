@@ -4,12 +4,11 @@
  * host's library says (../scenes.sh).
  *
  *   tXN{A}{B}  throws X with the number N: a fault (f), a class with a fault as base behind other members (s), before
- *              3000 bytes (b), as virtual (v) or hidden (h) base; an int (i), a double (d), a pointer to a fault (p).
+ *              3000 bytes (b), as virtual base (v); an int (i), a double (d), a pointer to a fault (p).
  *              A runs while a fault is constructed, B when it is destroyed
  *   ?X{A}{B}   A in a try block with the clauses X (see `choices`), B in its handlers
  *   +N{A}{B}   A with a local object whose destructor runs B
  *   F{A}{B}    the same in one function with two objects, one of them inside, which takes int and fault
- *   aN{A}{B}   B with an array of three, of which element N % 3 runs A while it is constructed; on the heap from 3 on
  *   LN{A}      A called by the C++ or C library: by sort, set, vector, streambuf, ostream, qsort (C++ only)
  *   !X{A}      A in a function with an exception specification: int (i), int and fault (m); in C++ only, which checks
  *              what the unexpected handler throws, int (o), int and bad_exception (b)
@@ -34,10 +33,7 @@ void construct(fault *self, const char *node);
 void destroy(fault *self);
 void report(int clause, fault *object, int value); /* what a handler got */
 void end_of_local(int number, const char *script);
-void element(int *place);
 void not_expected(void);
-extern const char *element_node;
-extern int element_index;
 
 /* Where `j` leads. */
 typedef struct a_place {
@@ -46,7 +42,7 @@ typedef struct a_place {
 } a_place;
 extern a_place *place;
 
-/* Who plays `t`, `?`, `+`, `F`, `a`, `!`, `L`, `J`, `j`, `r`. */
+/* Who plays `t`, `?`, `+`, `F`, `!`, `L`, `J`, `j`, `r`. */
 typedef void a_player(const char *node);
 extern a_player *const nodes_c[], *const nodes_cpp[];
 int is_quiet_c(void);
@@ -74,9 +70,6 @@ struct big : fault {
 };
 struct shared : room, virtual fault {
   explicit shared(const char *node) : fault(node) {}
-};
-struct hidden : room, private fault {
-  explicit hidden(const char *node) : fault(node) {}
 };
 #else
 struct fault {

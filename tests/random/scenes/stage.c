@@ -19,8 +19,6 @@ static char text[20000];
 static int alive, ending; /* faults, and those whose destructors run */
 static const char *kind;
 fault pointed = {0x0FA17000, 77, "}"};
-const char *element_node;
-int element_index;
 a_place *place;
 #pragma weak nodes_c
 #pragma weak nodes_cpp
@@ -56,7 +54,7 @@ static int is_of_cpp(const char *node) {
 }
 static unsigned choice;
 void run(const char *script) {
-  static const char letters[] = "t?+Fa!LJjr";
+  static const char letters[] = "t?+F!LJjr";
   a_place *const outer = place;
   a_player *const *players;
   for (; *script && *script != '}'; script = after(script)) {
@@ -101,15 +99,6 @@ void end_of_local(int number, const char *script) {
   say("~%d", number);
   run(script);
 }
-void element(int *object) {
-  const char *const node = element_node;
-  const int index = element_index;
-  if (index == (node[1] - '0') % 3) run(block(node, 0));
-  element_node = node;
-  element_index = index + 1;
-  *object = 100 + index;
-  say("+%d", *object);
-}
 
 static const char *replacement;
 void not_expected(void) {
@@ -133,7 +122,6 @@ static void terminated(void) {
 static void play(const char *script) {
   text[0] = 0;
   alive = 0;
-  element_index = 0;
   run(script);
   if (alive) say("%d-alive", alive);
 #if WORLDS & 1

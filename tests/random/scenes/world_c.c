@@ -3,22 +3,20 @@
 
 #include "emit.h"
 
-#define BASES(type, offset, flags) \
-  static const a_base_class_spec type##_bases[] = {{&fault_type, offset, (flags) | PLX_BASE_LAST}}
+#define BASES(type, offset) \
+  static const a_base_class_spec type##_bases[] = {{&fault_type, offset, PLX_BASE_PUBLIC | PLX_BASE_LAST}}
 #if WORLDS == 1
 EMIT_CLASS(fault_type, "fault", 0);
 #define DERIVED(type, name) EMIT_CLASS(type##_type, #type, type##_bases)
 #else
-extern const char _ZTS5fault[], _ZTS7special[], _ZTS3big[], _ZTS6hidden[];
+extern const char _ZTS5fault[], _ZTS7special[], _ZTS3big[];
 static const a_type_info_impl fault_type = {PLX_TYPE_INFO_VTABLE, "fault", _ZTS5fault, 0};
 #define DERIVED(type, name) \
   static const a_type_info_impl type##_type = {PLX_TYPE_INFO_VTABLE, #type, name, type##_bases}
 #endif
-BASES(special, 8, PLX_BASE_PUBLIC);
+BASES(special, 8);
 DERIVED(special, _ZTS7special);
-BASES(hidden, 8, 0);
-DERIVED(hidden, _ZTS6hidden);
-BASES(big, 0, PLX_BASE_PUBLIC);
+BASES(big, 0);
 DERIVED(big, _ZTS3big);
 
 #define LAST PLX_TYPE_LAST
@@ -73,8 +71,8 @@ static void destroy_special(void *object, int flags) {
   destroy(&((special *)object)->part);
 }
 
-static NOINLINE void throw_special(const a_type_info_impl *type, const char *node) {
-  special *object = (special *)__throw_setup_dtor(type, sizeof(special), 0, destroy_special);
+static NOINLINE void throw_special(const char *node) {
+  special *object = (special *)__throw_setup_dtor(&special_type, sizeof(special), 0, destroy_special);
   construct(&object->part, node);
   __throw();
 }
@@ -87,8 +85,7 @@ static NOINLINE void throw_node(const char *node) {
     case 'i': THROW(__TI_i, int, 0, node[2] - '0');
     case 'd': THROW(__TI_d, double, 0, node[2] - '0');
     case 'p': THROW(fault_type, fault *, PLX_TYPE_POINTER, &pointed);
-    case 's': throw_special(&special_type, node);
-    case 'h': throw_special(&hidden_type, node);
+    case 's': throw_special(node);
     case 'b':
     case 'v': throw_fault(&big_type, sizeof(big), node); /* v is of C++; this one is caught alike */
     default: throw_fault(&fault_type, sizeof(fault), node);
@@ -154,37 +151,6 @@ static NOINLINE void local_node(const char *node) {
   END_FUNCTION
 }
 
-static void construct_element(void *object, int a, int b, int c, int d, int e, int f, int g, int h) {
-  (void)(a + b + c + d + e + f + g + h);
-  element((int *)object);
-}
-static void destroy_element(void *object, int flags) {
-  check_flags(flags);
-  end_of_local(*(int *)object, "}");
-}
-static const an_array_record three[] = {{0, sizeof(int), 3}};
-static const a_region_record array_regions[] = {{(a_routine)destroy_element, 0, PLX_NO_REGION, PLX_REGION_ARRAY}};
-static NOINLINE void array_node(const char *node) {
-  int array[3];
-  void *addresses[1], *heap;
-  addresses[0] = array;
-  element_node = node;
-  element_index = 0;
-  if (node[1] >= '3') {
-    heap = __array_new(3, sizeof(int), construct_element, destroy_element, 0, 0, 0);
-    __array_delete(heap, PLX_COUNT_FROM_COOKIE, sizeof(int), destroy_element, 0, 0);
-    run(block(node, 1));
-    return;
-  }
-  FUNCTION(array_regions, addresses, three)
-  __vec_new_eh(array, 3, sizeof(int), construct_element, destroy_element);
-  REGION(0);
-  run(block(node, 1));
-  REGION(PLX_NO_REGION);
-  __vec_delete(array, 3, sizeof(int), destroy_element, 0);
-  END_FUNCTION
-}
-
 /* Where no library is between: a stream keeps the exception. */
 static NOINLINE void library_node(const char *node) {
   if ((node[1] - '0') % 6 != 4) {
@@ -207,8 +173,8 @@ static void rethrow_node(const char *node) {
   (void)node;
   __rethrow();
 }
-a_player *const nodes_c[] = {throw_node,         try_node,     local_node, function_node,  array_node,
-                             specification_node, library_node, jump_node,  jump_back_node, rethrow_node};
+a_player *const nodes_c[] = {throw_node,   try_node,  local_node,     function_node, specification_node,
+                             library_node, jump_node, jump_back_node, rethrow_node};
 
 /* Both stacks are empty: a throw sees none below it. */
 int is_quiet_c(void) {

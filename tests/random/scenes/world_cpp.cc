@@ -20,7 +20,6 @@ APART throw_node(const char *node) {
     case 's': throw special(node);
     case 'b': throw big(node);
     case 'v': throw shared(node);
-    case 'h': throw hidden(node);
     default: throw fault(node);
   }
 }
@@ -69,23 +68,6 @@ APART function_node(const char *node) {
     run(block(node, 1));
   } catch (fault &f) {
     report(2, &f, 0);
-    run(block(node, 1));
-  }
-}
-
-APART array_node(const char *node) {
-  struct cell {
-    int number;
-    cell() { element(&number); }
-    ~cell() { end_of_local(number, "}"); }
-  };
-  element_node = node;
-  element_index = 0;
-  if (node[1] >= '3') {
-    delete[] new cell[3];
-    run(block(node, 1));
-  } else {
-    cell array[3];
     run(block(node, 1));
   }
 }
@@ -140,5 +122,5 @@ static void (*volatile specified[])(const char *) = {int_only, int_or_fault, int
 APART specification_node(const char *node) { specified[node[1] == 'm' ? 1 : node[1] == 'b' ? 2 : 0](node); }
 
 APART rethrow_node(const char *) { throw; }
-a_player *const nodes_cpp[] = {throw_node,         try_node,     local_node, function_node,  array_node,
-                               specification_node, library_node, jump_node,  jump_back_node, rethrow_node};
+a_player *const nodes_cpp[] = {throw_node,   try_node,  local_node,     function_node, specification_node,
+                               library_node, jump_node, jump_back_node, rethrow_node};
