@@ -187,6 +187,7 @@ void other_file() {
 int buffering;
 void interleaved() {
   setvbuf(stdout, 0, buffering, BUFSIZ);
+  CHECK(std::ios_base::sync_with_stdio(false));
   cout << "ab" << 'c' << 1 << '\n' << std::string("d");
   fputs("|", stderr);
   putchar('e'), printf("%d", 2);

@@ -11,24 +11,15 @@
 
 // ---- complex, to the digits that a function may lose
 
-template <class T> struct shown {
-  enum { digits = 4 };
-};
-template <> struct shown<double> {
-  enum { digits = 11 };
-};
-template <> struct shown<long double> {
-  enum { digits = 14 };
-};
-
 template <class T> static void print(const std::complex<T> &z, int less = 0) {
+  const int digits = sizeof(T) == 4 ? 4 : sizeof(T) == 8 ? 11 : 14;
   const long double parts[] = {z.real(), z.imag()}, size = std::abs(std::complex<long double>(z.real(), z.imag()));
   for (int i = 0; i < 2; ++i) {
     long double part = parts[i];
     // What is nothing but the other part's rounding, and the sign of a zero, are left out.
     if (size < 1e4000L && part * part < size * size * (sizeof(T) == 4 ? 1e-10L : sizeof(T) == 8 ? 1e-24L : 1e-28L))
       part = 0;
-    part != part ? printf(" nan") : printf(" %.*Lg", shown<T>::digits - less, part + 0);
+    part != part ? printf(" nan") : printf(" %.*Lg", digits - less, part + 0);
   }
 }
 template <class T> static void print(const T &x) { print(std::complex<T>(x)); }
