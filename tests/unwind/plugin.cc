@@ -21,6 +21,7 @@ static shared_base *make() {
   return new both(NUMBER);
 }
 static bool is_type(const std::type_info &type, bool of_internal) {
-  return type == (of_internal ? typeid(internal) : typeid(wrapped<shared_error>));
+  const std::type_info &own = of_internal ? typeid(internal) : typeid(wrapped<shared_error>);
+  return type == own && !type.before(own) && !own.before(type);
 }
 extern "C" const services plugin = {throw_one, catch_one, make, is_type};
