@@ -184,8 +184,10 @@ const a_reader readers[] = {
     in_value<unsigned short>, in_value<unsigned long>, in_value<double>};
 
 template <class T> void out_number(std::ostream &out, const an_operation &o) {
-  const T real = static_cast<T>(static_cast<T>(o.real) / (sizeof real > 8 ? 3 : 1));
-  out << (std::numeric_limits<T>::is_integer ? static_cast<T>(o.integer) : real);
+  if (std::numeric_limits<T>::is_integer)
+    out << static_cast<T>(o.integer);
+  else
+    out << static_cast<T>(static_cast<T>(o.real) / (sizeof(T) > 8 ? 3 : 1));
 }
 typedef void (*a_writer)(std::ostream &, const an_operation &);
 const a_writer writers[] = {
