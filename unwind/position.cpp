@@ -40,7 +40,6 @@ unsigned position_of_marker(const an_eh_stack_entry *marker) {
 }  // namespace
 
 unsigned position_elsewhere(an_eh_stack_entry *entry) {
-  if (!entry) return 0xFFFFFFFF;
   switch (entry->kind) {
     case PLX_EH_IN_PROGRESS: return position_of_marker(entry);
     // The entry is not in the frame of its function, but the jump leads there.

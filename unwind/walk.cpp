@@ -63,7 +63,7 @@ PLX_ALWAYS_INLINE bool step(const a_plan *plan, unsigned cfa, a_machine_frame &f
   if (plan->saved[2]) frame.registers[register_edi] = words[plan->saved[2]];
   if (plan->saved[3]) frame.registers[register_ebp] = words[plan->saved[3]];
   frame.registers[register_esp] = cfa;
-  frame.address = stack_word(cfa - 4);
+  frame.address = words[-1];
   return true;
 }
 
@@ -150,22 +150,18 @@ struct a_recorder {
 template <class Visitor> inline void walk(a_machine_frame &frame, an_eh_stack_entry *entry, Visitor &visitor) {
   const unsigned stack_pointer = frame.registers[register_esp];
   const unsigned stack_end = reinterpret_cast<unsigned>(__libc_stack_end);
-  unsigned entry_position = entry ? position_of(entry, stack_pointer, stack_end) : 0xFFFFFFFF;
+  unsigned entry_position = position_of(entry, stack_pointer, stack_end);
   a_plan *plan = find_plan(frame.address);
   for (;;) {
     unsigned cfa;
     if (plan->shape >= a_plan::untabled || !cfa_of(plan, frame, stack_end, cfa)) return visitor.end(frame, plan, entry);
     while (__builtin_expect(entry_position < cfa, 0)) {
       an_eh_stack_entry *passed = entry;
-      // A function's matters on the way out only.
-      if (passed->kind == PLX_EH_FUNCTION) {
-        entry = passed->next;
-        entry_position = position_of(entry, stack_pointer, stack_end);
-        continue;
-      }
-      if (visitor.entry(passed, frame, plan, cfa)) return;
       entry = passed->next;
       entry_position = position_of(entry, stack_pointer, stack_end);
+      // A function's matters on the way out only.
+      if (passed->kind == PLX_EH_FUNCTION) continue;
+      if (visitor.entry(passed, frame, plan, cfa)) return;
       if (passed->kind == eh_detour) {
         frame = frame_of(reinterpret_cast<const a_detour *>(passed)->next);
         plan = find_plan(frame.address);

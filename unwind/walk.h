@@ -15,13 +15,14 @@ void record_more(a_throw_stack_entry *thrown, const a_landing &last);
 // Whether a specification's list of allowed types allows the exception to pass.
 bool allowed_by(const an_exception_table &table, int filter, a_throw_stack_entry *thrown);
 
-// Where an entry stands that does not lie on the searcher's stack, or is none.
+// Where an entry stands that does not lie on the searcher's stack.
 unsigned position_elsewhere(an_eh_stack_entry *entry);
 
 // The stack address of an entry, beyond all for none; `stack_pointer` is the searcher's.
 inline unsigned position_of(an_eh_stack_entry *entry, unsigned stack_pointer, unsigned stack_end) {
   const unsigned address = reinterpret_cast<unsigned>(entry);
-  return address - stack_pointer < stack_end - stack_pointer ? address : position_elsewhere(entry);
+  if (address - stack_pointer < stack_end - stack_pointer) return address;
+  return entry ? position_elsewhere(entry) : 0xFFFFFFFF;
 }
 
 }  // namespace __zor

@@ -1,6 +1,6 @@
 #!/bin/bash
 # What libplx.so is to the dynamic linker: its name, what it needs, no relocations in code, no executable stack; and what
-# libplx_start.a is to the linker of programs.
+# libplx_start.a is to the linker of programs. And what programs show to it of the headers.
 . "$PLX_SOURCE/tests/driver/common.bash"
 library=$PLX_PREFIX/lib/libplx.so.3
 readelf -dW "$library" > dynamic || exit 1
