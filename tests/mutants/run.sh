@@ -57,7 +57,7 @@ try() {
   printf '%s: %s: %s\n' "$verdict" "$file" "$what"
 }
 
-verdicts=() file='' what='' pass=all
+verdicts=() file='' tests='' what='' pass=all
 export PLX_RANDOM_SEEDS=${PLX_RANDOM_SEEDS:-10}
 trap '[ -z "$file" ] || cp "$file" "$copy/$file"; exit 130' INT TERM
 # shellcheck disable=SC2046 # a list of words
