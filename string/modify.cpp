@@ -46,34 +46,45 @@ inline void changed_in_place(b_str_ref *rep, unsigned length, unsigned capacity)
   rep->count = 1;
 }
 
-template <class Source> void assign(b_str_ref *&rep, Source source, unsigned n) {
+// Ways in place: in the block that is there; false when that has no room, or is shared. `widen` tells whether a private
+// representation holds n characters, and gives it the capacity for them; no length comes near the largest number.
+constexpr unsigned most_in_place = _string_npos - 32;
+PLX_ALWAYS_INLINE bool widen(b_str_ref *rep, unsigned n) {
+  return _string_is_private(rep) && (n < rep->capacity || _string_widen(rep, n));
+}
+
+template <class Source> PLX_ALWAYS_INLINE bool assign_in_place(b_str_ref *rep, Source source, unsigned n) {
+  if (n > most_in_place || !widen(rep, n)) return false;
+  source.write(rep->data, n);
+  set_length(rep, n);
+  rep->count = 1;
+  return true;
+}
+
+template <class Source> PLX_ALWAYS_INLINE bool append_in_place(b_str_ref *rep, Source source, unsigned n) {
+  const unsigned length = rep->length;
+  if (n > most_in_place - length || !widen(rep, length + n)) return false;
+  char *const at = rep->data + length;
+  set_length(rep, length + n);
+  rep->count = 1;
+  source.write(at, n);
+  return true;
+}
+
+template <class Source> void assign_by_new_block(b_str_ref *&rep, Source source, unsigned n) {
   if (n == _string_npos) fail_length();
-  if (_string_is_private(rep)) {
-    const unsigned capacity = rep->capacity <= n ? capacity_for(n) : rep->capacity;
-    if (has_room(rep, n, capacity)) {
-      source.write(rep->data, n);
-      changed_in_place(rep, n, capacity);
-      return;
-    }
-  }
   b_str_ref *made = make_representation(capacity_for(n));
   source.write(made->data, n);
   set_length(made, n);
   take_over(rep, made);
 }
 
-template <class Source> void append(b_str_ref *&rep, Source source, unsigned n) {
+template <class Source> void append_by_new_block(b_str_ref *&rep, Source source, unsigned n) {
   const unsigned length = rep->length;
   if (n >= ~length) fail_length();
   const unsigned new_length = length + n;
   unsigned room = 0;
   if (_string_is_private(rep)) {
-    const unsigned capacity = new_length >= rep->capacity ? capacity_for(new_length) : rep->capacity;
-    if (has_room(rep, new_length, capacity)) {
-      source.write(rep->data + length, n);
-      changed_in_place(rep, new_length, capacity);
-      return;
-    }
     room = grown_room(rep);
     b_str_ref *extended = source.lies_in(rep) ? nullptr : extend_representation(rep, capacity_for(new_length), room);
     if (extended) {
@@ -90,7 +101,6 @@ template <class Source> void append(b_str_ref *&rep, Source source, unsigned n) 
   set_length(made, new_length);
   take_over(rep, made);
 }
-
 // Puts n characters in the place of xlen at pos. The capacity is that of both together: the new characters are there
 // before the old ones go.
 template <class Source> void exchange(b_str_ref *&rep, unsigned pos, unsigned xlen, Source source, unsigned n) {
@@ -167,12 +177,34 @@ template <class Source> void replace(b_str_ref *&rep, unsigned pos, unsigned n1,
 
 }  // namespace
 
-void _string_assign(b_str_ref *&rep, const char *text, unsigned n) { assign(rep, text_source{text}, n); }
-void _string_assign_filled(b_str_ref *&rep, unsigned n, char c) { assign(rep, fill_source{c}, n); }
+// Not of this file alone: the compiler would give them another calling convention, and no tail calls.
+PLX_HIDDEN PLX_NOINLINE PLX_REGPARM void assign_text_by_new_block(b_str_ref *&rep, const char *text, unsigned n) {
+  assign_by_new_block(rep, text_source{text}, n);
+}
+PLX_HIDDEN PLX_NOINLINE PLX_REGPARM void assign_fill_by_new_block(b_str_ref *&rep, unsigned n, char c) {
+  assign_by_new_block(rep, fill_source{c}, n);
+}
+PLX_HIDDEN PLX_NOINLINE PLX_REGPARM void append_text_by_new_block(b_str_ref *&rep, const char *text, unsigned n) {
+  append_by_new_block(rep, text_source{text}, n);
+}
+PLX_HIDDEN PLX_NOINLINE PLX_REGPARM void append_fill_by_new_block(b_str_ref *&rep, unsigned n, char c) {
+  append_by_new_block(rep, fill_source{c}, n);
+}
 
-void _string_append(b_str_ref *&rep, const char *text, unsigned n) { append(rep, text_source{text}, n); }
-void _string_append_filled(b_str_ref *&rep, unsigned n, char c) { append(rep, fill_source{c}, n); }
-void _string_append_one(b_str_ref *&rep, char c) { append(rep, fill_source{c}, 1); }
+void _string_assign(b_str_ref *&rep, const char *text, unsigned n) {
+  if (!assign_in_place(rep, text_source{text}, n)) assign_text_by_new_block(rep, text, n);
+}
+void _string_assign_filled(b_str_ref *&rep, unsigned n, char c) {
+  if (!assign_in_place(rep, fill_source{c}, n)) assign_fill_by_new_block(rep, n, c);
+}
+
+void _string_append(b_str_ref *&rep, const char *text, unsigned n) {
+  if (!append_in_place(rep, text_source{text}, n)) append_text_by_new_block(rep, text, n);
+}
+void _string_append_filled(b_str_ref *&rep, unsigned n, char c) {
+  if (!append_in_place(rep, fill_source{c}, n)) append_fill_by_new_block(rep, n, c);
+}
+void _string_append_one(b_str_ref *&rep, char c) { append_fill_by_new_block(rep, 1, c); }
 
 void _string_insert(b_str_ref *&rep, unsigned pos, const char *text, unsigned n) {
   if (n != 0 && text) insert(rep, pos, text_source{text}, n);
