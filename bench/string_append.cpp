@@ -52,12 +52,27 @@ unsigned long short_strings(unsigned long iterations) {
   return sum;
 }
 
+unsigned long literals(unsigned long iterations) {
+  unsigned long sum = 0;
+  for (unsigned long i = 0; i < iterations; ++i) {
+    std::string text;
+    for (int k = 0; k < 32; ++k) {
+      text += "key";
+      text += ",";
+    }
+    BENCH_TOUCH(&text);
+    sum += text.size();
+  }
+  return sum;
+}
+
 const bench_case cases[] = {
     {"append of a character, up to 64 KB", 1, 65536 / 64 * 201, characters<65536>},
     {"append of a character, up to 1 MB", 1, 1048576 / 64 * 201, characters<1048576>},
     {"append of 64 characters, up to 1 MB", 1, 16384 / 64 * 201, blocks<64, 16384>},
     {"append of 4 KB, up to 1 MB", 1, 256 / 64 * 201, blocks<4096, 256>},
     {"append of 4 short strings to an empty one", 1, 4, short_strings},
+    {"append of words and commas", 1, 64, literals},
 };
 
 }  // namespace

@@ -208,7 +208,11 @@ public:
     return append(_other._from(_pos), _other._clipped(_pos, _n));
   }
   basic_string &append(const _Ct *_text, size_type _n) {
-    __zor::_string_append(_rep_, _text, _n);
+    // As in text += ",".
+    if (__builtin_constant_p(_n) && _n == 1)
+      push_back(*_text);
+    else
+      __zor::_string_append(_rep_, _text, _n);
     return *this;
   }
   basic_string &append(const _Ct *_text) { return append(_text, _T::length(_text)); }
