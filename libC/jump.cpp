@@ -28,12 +28,10 @@ void end_throws_down_to(a_throw_stack_entry *newest) {
   while (curr_throw_stack_entry != newest) {
     thrown = curr_throw_stack_entry;
     end_wait(thrown);
-    if (thrown->thrown)
-      release(thrown);
-    else
-      abandon(thrown);
-    // A rethrow that was ended may still share the object with an older handler that goes on.
-    free_finished_throws();
+    release(thrown);
+    // A rethrow that was ended may still share the object with an older handler that goes on. The newest that stays may
+    // be finished: a rethrow whose object's destructor set up the jump.
+    free_finished_throws(newest);
     if (curr_throw_stack_entry == thrown) return;
   }
 }

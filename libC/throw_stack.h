@@ -134,10 +134,10 @@ inline void release(a_throw_stack_entry *thrown) {
   if (owner->thrown && owner->destructor && !(owner->flags & PLX_TYPE_POINTER)) destroy_object(owner);
 }
 
-// Frees what is finished, from the top down to the first entry that is not.
-PLX_ALWAYS_INLINE void free_finished_throws() {
+// Frees what is finished, from the top down to the first entry that is not, or to `kept`.
+PLX_ALWAYS_INLINE void free_finished_throws(const a_throw_stack_entry *kept = nullptr) {
   while (a_throw_stack_entry *thrown = curr_throw_stack_entry) {
-    if (!thrown->released || state_of(thrown).step != a_pending_step::none) break;
+    if (thrown == kept || !thrown->released || state_of(thrown).step != a_pending_step::none) break;
     curr_throw_stack_entry = thrown->next;
     if (thrown->is_rethrow || state_of(thrown).has_header) {
       eh_free_on_stack(thrown);
