@@ -86,7 +86,10 @@ template <class T> string want(const a_format &f, string conversion, T value) {
   string all = printed;
   const size_t e = all.find('e') == string::npos ? all.size() : all.find('e');
   if (f.flags & base::uppercase && all.find('.') < e && e < all.size()) all[e] = 'E';
-  return all.insert(e, wanted - most, '0');
+  all.insert(e, wanted - most, '0');
+  const int adjust = f.flags & base::adjustfield;
+  const size_t gap = adjust == base::left ? all.size() : adjust == base::internal ? all[0] == '-' || all[0] == '+' : 0;
+  return int(all.size()) < f.width ? all.insert(gap, f.width - all.size(), '#') : all;
 }
 
 // What the facet writes, and what the inserter does.
@@ -111,12 +114,13 @@ template <class T> void check(const a_format &f, const std::locale &loc, T value
 
 static void texts(int count) {
   static const int styles[] = {0, base::fixed, base::scientific, base::fixed | base::scientific},
-                   more[] = {base::showpos, base::showpoint, base::uppercase};
+                   more[] = {base::showpos, base::showpoint, base::uppercase, base::left, base::internal};
   for (int round = 0; round < count; ++round) {
     a_format f = {styles[random_below(7) % 4], 0, 6};
     if (random_below(9) < 8) f.precision = random_below(4) ? between(0, 19) : between(-3, 136);
-    for (int i = 0; i < 3; ++i)
+    for (int i = 0; i < 5; ++i)
       if (random_below(4) == 0) f.flags |= more[i];
+    if (random_below(2)) f.width = between(0, 40);
     const double real = random_double();
     const long double longer = random_long_double();
     set_mode(round % 15 ? usual_mode : unusual_mode[round / 15 % 5]);

@@ -64,7 +64,12 @@ static volatile size_t too_much = 0xF0000000u;
 template <class T> static void all_aligned() {
   try {
     throw 'c';  // eight bytes, which shift the next
-  } catch (char) { throw_and_check<T>(); }
+  } catch (char) {
+    throw_and_check<T>();
+    try {
+      throw 'd';
+    } catch (char &c) { putchar('0' + (reinterpret_cast<unsigned long>(&c) % 16 == 0)); }
+  }
   try {
     throw T();
   } catch (T &outer) {
