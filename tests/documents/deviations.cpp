@@ -8,6 +8,7 @@
 
 #include <plx/runtime.h>
 
+#include "../buffers.h"
 #include "../harness.h"
 
 // The inner specification allows what the first report throws, the outer what the second throws. Merged, as from -O1
@@ -50,6 +51,11 @@ static void streams() {
   char text[] = "abcdef";
   CHECK(from.get() == 'a' && from.readsome(text, 2) == 0 && from.rdstate() == std::ios::eofbit);
   close(ends[1]);
+  scripted one_by_one;
+  std::ostream puts(&one_by_one);
+  puts << "abc" << 'd' << 42;
+  CHECK_INT(one_by_one.calls[overflows], 6);
+  CHECK_INT(one_by_one.calls[xsputns], 0);
   std::strstreambuf array(text, 3, text + 3);
   CHECK(array.sbumpc() == 'a' && array.sputbackc('x') == -1 && array.sputbackc('a') == 'a');
   CHECK_TEXT(text, "abcdef");

@@ -19,7 +19,7 @@
 
 namespace __zor {
 
-template <> struct plx_strings_use_only_the_standard_allocator<std::allocator<char> > { typedef int _type; };
+template <class _Ct> struct plx_strings_use_only_the_standard_allocator<std::allocator<_Ct> > { typedef int _type; };
 
 // A range as contiguous characters: those of pointers and of string iterators as they are. Of any other range a string
 // is made first, since its iterators may throw, or look into the string that is about to change.
