@@ -52,4 +52,21 @@ expect_untabled '' untabled.o
 expect_untabled ' (plain_c)' -L. -luntabled -Wl,-rpath,.
 expect_untabled '' untabled.o -static
 
+# g++ says by an empty call site table that nothing may leave a function.
+cat > quiet.cc << 'CODE'
+#include <cstdlib>
+#include <exception>
+static void ended() { _Exit(3); }
+static void (*volatile thrower)() = [] { throw 1; };
+static void quiet() noexcept { thrower(); }
+int main() {
+  std::set_terminate(ended);
+  try {
+    quiet();
+  } catch (int) {}
+}
+CODE
+PLX_CXX=g++ plx-c++ -std=gnu++17 -w -O1 quiet.cc -o quiet 2> log && ./quiet
+[ $? -eq 3 ] || wrong "an exception leaves a function that says noexcept"
+
 finish

@@ -99,6 +99,8 @@ struct noisy {
   ~noisy() { printf("~%d ", n); }
 };
 static thread_local noisy thread_object;
+struct unknown;
+struct as_unknown;
 
 int main() {
   objects();
@@ -106,6 +108,7 @@ int main() {
   all_aligned<aligned<32> >();
   all_aligned<aligned<128> >();
   if (!no_memory([] { return __cxa_throw_bad_array_new_length(), nullptr; })) printf("got it");
-  printf(" %d %d\n", typeid(int) == typeid(const int), thread_object.n);
+  printf(" %d %d ", typeid(int) == typeid(const int), thread_object.n);
+  printf("%d %d\n", typeid(unknown *) == typeid(unknown *), typeid(unknown *) == typeid(as_unknown *));
   return 0;
 }
