@@ -58,7 +58,7 @@ cat > quiet.cc << 'CODE'
 #include <exception>
 static void ended() { _Exit(3); }
 static void (*volatile thrower)() = [] { throw 1; };
-__attribute__((__noinline__)) static void quiet() noexcept { thrower(); }
+static void (*volatile quiet)() = []() noexcept { thrower(); };
 int main() {
   std::set_terminate(ended);
   try {
