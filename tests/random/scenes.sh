@@ -38,7 +38,7 @@ while read -r worlds row; do
   for program in c0 c2 both-*; do
     [ "$worlds" = any ] || [[ $program == "$worlds"* ]] || continue
     for choice in 1 2 3 4; do
-      got=$({ echo "|${row%% => *}" | tr -d ' ' | "./$program" 50 $choice; } 2> log; [ $? -lt 128 ] || echo aborted)
+      got=$({ echo "|${row%% => *}" | tr -d ' ' | timeout 10 "./$program" 50 $choice; } 2> log; [ $? -lt 128 ] || echo aborted)
       got=${got##*=> }
       [ "${got% }" = "${row##* => }" ] || wrong "$program, choice $choice: ${row%% => *} => $got"
     done
