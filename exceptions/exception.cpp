@@ -8,19 +8,27 @@
 #include <string>
 
 #include "../libC/eh_tools.h"
+#include "../string/representation.h"
 
-using __zor::eh_local;
+using namespace __zor;
 
 namespace {
+
+// The string object lies in a block as its characters do: the free lists have one at hand. It takes the block's first
+// word, which nobody reads until the block is free again.
+static_assert(sizeof(std::string) <= offsetof(b_str_ref, count), "the block still knows its size");
 
 // The text is built first, where unwinding finds it; what follows leaks nothing when memory runs out.
 template <class Source> std::string *heap_string(const Source &source) {
   eh_local<std::string> text(source);
-  // A call, not a new-expression: a compiler may assume that the allocation of a new-expression reads no memory of the
-  // program's, and would move the stores of the eh stack entry behind it.
-  std::string *owned = new (operator new(sizeof(std::string))) std::string;
+  std::string *owned = new (make_representation(capacity_for(0))) std::string;
   owned->swap(text.get());
   return owned;
+}
+
+void free_heap_string(std::string *owned) {
+  owned->~basic_string();
+  free_representation(reinterpret_cast<b_str_ref *>(owned));
 }
 
 }  // namespace
@@ -38,14 +46,14 @@ exception::exception(const exception &other) : _message_(nullptr), _has_message_
 exception &exception::operator=(const exception &other) {
   if (this == &other) return *this;
   string *copied = other._has_message_ ? heap_string(other.what()) : nullptr;
-  if (_has_message_) delete _message_;
+  if (_has_message_) free_heap_string(_message_);
   _message_ = copied;
   _has_message_ = copied != nullptr;
   return *this;
 }
 
 exception::~exception() PLX_NOTHROW {
-  if (_has_message_) delete _message_;
+  if (_has_message_) free_heap_string(_message_);
 }
 
 const char *exception::what() const PLX_NOTHROW { return _has_message_ ? _message_->c_str() : ""; }
