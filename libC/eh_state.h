@@ -87,19 +87,21 @@ struct a_throw_state {
 
   // The way out. The handler is `final`, whether or not it stands among the records as well.
   an_exception_header *exception;
-  a_landing *records;  // landings before the handler's, as far as there is room
+  a_landing *records;  // landings up to the handler's, as far as there is room; `final` if that is the first
   unsigned position;   // of the marker while no frame was landed in
   // What the header held of an older throw of the same object.
   a_landing *older_landed;
   a_throw_stack_entry *older_thrown;
 
   a_landing final;
-  // Records when exception memory has no room for more: one, and what ends them.
+  // Records when exception memory has no room for more: one, and what ends them, or `final`.
   a_landing spare;
   a_pace spare_end;
   a_stand_in stand_in;
 };
 
+static_assert(offsetof(a_throw_state, spare) == offsetof(a_throw_state, final) + sizeof(a_landing),
+              "what follows `final` as a record ends the records");
 static_assert(sizeof(a_throw_state) <= sizeof(an_eh_stack_entry) - offsetof(an_eh_stack_entry, body),
               "the marker's body must hold the state of a throw");
 

@@ -107,10 +107,10 @@ inline void start(a_throw_stack_entry *thrown) {
   thrown->started = 1;
 }
 
-// The landings that were recorded beside the entry are behind it.
+// The landings that were recorded beside the entry are behind it, but for those that are its own.
 inline void give_back_records(a_throw_stack_entry *thrown) {
   a_throw_state &state = state_of(thrown);
-  if (state.records && state.records != &state.spare) eh_shrink_on_stack(thrown, landing_records * sizeof(a_landing));
+  if (state.records > &state.spare) eh_shrink_on_stack(thrown, landing_records * sizeof(a_landing));
   state.records = nullptr;
 }
 

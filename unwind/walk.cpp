@@ -122,6 +122,14 @@ struct a_recorder {
     last_entry = next_entry;
     ++next;
   }
+  // The handler is the first place to land in: it needs no record beside `final`.
+  bool lead_to(a_landing &final, an_eh_stack_entry *next_entry) {
+    a_throw_state &state = state_of(thrown);
+    if (next != &state.spare) return false;
+    state.records = &final;
+    final.pace = next_entry == last_entry ? least_pace : slow_pace;
+    return true;
+  }
   void close() { next->pace = closing; }
 
   PLX_ALWAYS_INLINE bool find_room() {
@@ -210,7 +218,7 @@ struct a_search {
       case a_verdict::handle: break;
     }
     a_recorder::fill(final, frame, plan, cfa, selector, entry);
-    recorder.note(frame, plan, cfa, selector, entry);
+    if (!recorder.lead_to(final, entry)) recorder.note(frame, plan, cfa, selector, entry);
     return true;
   }
 
