@@ -15,7 +15,7 @@ namespace {
 a_throw_stack_entry *older_unthrown(const void *object) {
   a_throw_stack_entry *thrown = curr_throw_stack_entry;
   while (thrown && (thrown->object != object || thrown->thrown)) thrown = thrown->next;
-  if (!thrown) assertion_failed(916);
+  if (!thrown) assertion_failed(nothing_to_throw);
   return thrown;
 }
 
@@ -69,7 +69,7 @@ PLX_API void *__cxa_begin_catch(an_exception_header *exception) PLX_NOTHROW {
   thrown->handled = 1;
   state.caught = true;
   PLX_PROBE("catch", thrown->object, exception->native);
-  if (__curr_eh_stack_entry != &thrown->marker) assertion_failed(849);
+  if (__curr_eh_stack_entry != &thrown->marker) assertion_failed(nothing_to_catch);
   __curr_eh_stack_entry = thrown->marker.next;
   give_back_records(thrown);
   return state.adjusted;
@@ -79,7 +79,7 @@ PLX_API void *__cxa_begin_catch(an_exception_header *exception) PLX_NOTHROW {
 PLX_API void __cxa_end_catch() {
   a_throw_stack_entry *thrown = curr_throw_stack_entry;
   while (thrown && (!state_of(thrown).caught || thrown->released)) thrown = thrown->next;
-  if (!thrown) assertion_failed(1387);
+  if (!thrown) assertion_failed(nothing_to_free);
   release(thrown);
   free_finished_throws();
 }

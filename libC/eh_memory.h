@@ -9,6 +9,8 @@
 
 #include <plx/runtime.h>
 
+#include "assertion.h"
+
 namespace __zor {
 
 struct a_mem_block_descr {
@@ -39,8 +41,6 @@ extern a_mem_allocation *mem_allocation_stack;
 
 void alloc_new_mem_block(unsigned int bytes);
 void leave_empty_mem_block();
-[[noreturn]] void assertion_failed(int line);
-[[noreturn]] void terminate_because(const char *reason);
 
 inline void *add_header(a_mem_allocation *header, a_mem_allocation *below, unsigned int size) {
   header->next = below;
@@ -51,7 +51,7 @@ inline void *add_header(a_mem_allocation *header, a_mem_allocation *below, unsig
 }
 
 inline void *alloc_in_mem_block(unsigned int size) {
-  if (size % 8) assertion_failed(342);
+  if (size % 8) assertion_failed(piece_is_not_aligned);
   a_mem_block_descr *block = curr_mem_block_descr;
   auto *header = reinterpret_cast<a_mem_allocation *>(block->base + block->used);
   block->used += size + sizeof(a_mem_allocation);
@@ -93,7 +93,7 @@ inline void *eh_alloc_two_on_stack(unsigned int lower_bytes, unsigned int upper_
 
 inline void free_in_mem_block(void *piece) {
   a_mem_allocation *header = mem_allocation_stack;
-  if (!header || header->address != piece) assertion_failed(436);
+  if (!header || header->address != piece) assertion_failed(piece_is_not_newest);
   mem_allocation_stack = header->next;
   curr_mem_block_descr->used -= header->size + sizeof(a_mem_allocation);
 }

@@ -5,6 +5,8 @@
 #include <plx/base/config.h>
 #include <plx/runtime.h>
 
+#include "assertion.h"
+
 namespace __zor {
 
 // Kinds of eh stack entry that generated code never makes. Their numbers are far from the contract's.
@@ -115,12 +117,6 @@ inline const a_type_info_impl *native_type(a_throw_stack_entry *thrown) {
 }
 
 extern int terminate_called;
-
-// Terminates for a reason that is not the newest exception's; the text completes "plx: terminated: ".
-[[noreturn]] void terminate_because(const char *reason);
-
-// Prints the runtime's assertion message with the line number that the contract gives the condition, and aborts.
-[[noreturn]] void assertion_failed(int line);
 
 // Matching; see match.cpp. Returns the 1-based index of the first element that matches, or 0. When `object` is given
 // and a conversion to a base matches, *object becomes the base's address.

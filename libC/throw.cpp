@@ -76,7 +76,7 @@ PLX_ALWAYS_INLINE bool looks_at(an_eh_stack_entry *entry, a_throw_stack_entry *t
     }
     case PLX_EH_SPECIFICATION: {
       // After a try without a list the search could not end here; generated code never makes such a stack.
-      if (state.final.next_entry) assertion_failed(1003);
+      if (state.final.next_entry) assertion_failed(unknown_kind_in_search);
       const an_exception_type_specification *list = entry->body.specification.allowed_list;
       describe(thrown);
       return !(list && match_list(list, thrown, nullptr)) && choose(state, entry);
@@ -84,13 +84,13 @@ PLX_ALWAYS_INLINE bool looks_at(an_eh_stack_entry *entry, a_throw_stack_entry *t
     case eh_unexpected_guard:
       return !state.final.next_entry && guard_at(entry)->stops(guard_at(entry), thrown) && choose(state, entry);
     case PLX_EH_IN_PROGRESS:
-      if (state.final.next_entry) assertion_failed(1003);
+      if (state.final.next_entry) assertion_failed(unknown_kind_in_search);
       stop_at(entry, thrown);
     case eh_terminate_barrier: stop_at(entry, thrown);
     case PLX_EH_FUNCTION:
     case PLX_EH_ARRAY:
     case eh_detour: return false;
-    default: assertion_failed(1003);
+    default: assertion_failed(unknown_kind_in_search);
   }
 }
 
@@ -102,7 +102,7 @@ PLX_ALWAYS_INLINE bool looks_at(an_eh_stack_entry *entry, a_throw_stack_entry *t
     while (function && function->kind != PLX_EH_FUNCTION) function = function->next;
     if (function) clean_up_regions(function, __eh_curr_region, region);
     __eh_curr_region = region;
-    if (__curr_eh_stack_entry != &thrown->marker) assertion_failed(1099);
+    if (__curr_eh_stack_entry != &thrown->marker) assertion_failed(head_has_changed);
   }
   thrown->handled = 1;
   PLX_PROBE("catch", thrown->object, thrown->type);
@@ -143,7 +143,7 @@ void unwind_entry(an_eh_stack_entry *entry) {
     case PLX_EH_IN_PROGRESS:
     case eh_detour:
     case eh_unexpected_guard: break;
-    default: assertion_failed(1055);
+    default: assertion_failed(unknown_kind_in_unwinding);
   }
 }
 
@@ -158,7 +158,7 @@ void unwind_entries(a_throw_stack_entry *thrown, an_eh_stack_entry *last) {
 void enter_handler(an_eh_stack_entry *entry, a_throw_stack_entry *thrown, const a_landing *frame) {
   // A landing in a frame of C++ may well have this entry before it, and be inside of what waits here.
   if (pending_throws) end_waits_at(entry);
-  if (__curr_eh_stack_entry != &thrown->marker) assertion_failed(1099);
+  if (__curr_eh_stack_entry != &thrown->marker) assertion_failed(head_has_changed);
   if (entry->kind == PLX_EH_TRY_BLOCK) handle_in_try(entry, thrown);
   thrown->handled = 1;
   __curr_eh_stack_entry = entry->next;
@@ -176,7 +176,7 @@ void enter_handler(an_eh_stack_entry *entry, a_throw_stack_entry *thrown, const 
 
 void throw_exception(a_throw_stack_entry *thrown, const a_saved_frame *thrower) {
   if (!thrown->started) start(thrown);
-  if (__curr_eh_stack_entry != &thrown->marker) assertion_failed(916);
+  if (__curr_eh_stack_entry != &thrown->marker) assertion_failed(nothing_to_throw);
   a_throw_state &state = state_of(thrown);
   state.final.next_entry = nullptr;
   if (throw_across_frames) throw_across_frames(thrown, thrower);
@@ -199,7 +199,7 @@ extern "C" {
 
 [[noreturn]] PLX_REGPARM PLX_HIDDEN __attribute__((__used__)) void __zor_throw_from(const a_saved_frame *thrower) {
   a_throw_stack_entry *thrown = curr_throw_stack_entry;
-  if (!thrown) assertion_failed(916);
+  if (!thrown) assertion_failed(nothing_to_throw);
   end_wait(thrown);
   thrown->thrown = 1;
   PLX_PROBE("throw", thrown->object, thrown->type);
@@ -221,4 +221,4 @@ void __internal_rethrow() {
 
 void __eh_exit_processing() { __curr_eh_stack_entry = nullptr; }
 
-void __suppress_optim_on_vars_in_try() { assertion_failed(1449); }
+void __suppress_optim_on_vars_in_try() { assertion_failed(is_never_called); }

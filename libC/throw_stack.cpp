@@ -113,18 +113,18 @@ void *__throw_setup_dtor(const a_type_info_impl *type, int size, unsigned char f
 }
 
 void __exception_started() {
-  if (!curr_throw_stack_entry) assertion_failed(916);
+  if (!curr_throw_stack_entry) assertion_failed(nothing_to_throw);
   start(curr_throw_stack_entry);
 }
 
 void __exception_caught() {
   an_eh_stack_entry *head = __curr_eh_stack_entry;
-  if (!head || head->kind != PLX_EH_IN_PROGRESS) assertion_failed(849);
+  if (!head || head->kind != PLX_EH_IN_PROGRESS) assertion_failed(nothing_to_catch);
   __curr_eh_stack_entry = head->next;
 }
 
 void __free_thrown_object() {
-  if (!curr_throw_stack_entry) assertion_failed(1387);
+  if (!curr_throw_stack_entry) assertion_failed(nothing_to_free);
   release(curr_throw_stack_entry);
   free_finished_throws();
 }

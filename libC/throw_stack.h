@@ -142,7 +142,7 @@ PLX_ALWAYS_INLINE void free_finished_throws(const a_throw_stack_entry *kept = nu
     if (thrown->is_rethrow || state_of(thrown).has_header) {
       eh_free_on_stack(thrown);
     } else {
-      if (!thrown->destroyed) assertion_failed(1399);
+      if (!thrown->destroyed) assertion_failed(object_is_not_destroyed);
       eh_free_two_on_stack(thrown->object, thrown);
     }
   }

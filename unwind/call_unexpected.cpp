@@ -48,7 +48,7 @@ extern "C" PLX_API PLX_NORETURN void __cxa_call_unexpected(an_exception_header *
   guard.replace = replace;
   guard.plan = &plan;
   guard.filter = state.final.selector;
-  if (__curr_eh_stack_entry != &thrown->marker) assertion_failed(1099);
+  if (__curr_eh_stack_entry != &thrown->marker) assertion_failed(head_has_changed);
   give_back_records(thrown);
   thrown->handled = 1;
   guard.entry.next = thrown->marker.next;

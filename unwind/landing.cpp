@@ -40,7 +40,8 @@ inline an_exception_header *prepare_header(a_throw_stack_entry *thrown) {
   an_exception_header *header = state.exception;
   a_landing *landed = header->landed;
   // A handler that goes on as a clean-up does was told that it handles.
-  if (landed && landed->cfa == state.final.cfa && landed->address == state.final.address) assertion_failed(1055);
+  if (landed && landed->cfa == state.final.cfa && landed->address == state.final.address)
+    assertion_failed(unknown_kind_in_unwinding);
   a_landing *next = landed ? landed + 1 : state.records;
   if (next->pace == more_landings) {
     record_more(thrown, *landed);
@@ -55,7 +56,7 @@ inline an_exception_header *prepare_header(a_throw_stack_entry *thrown) {
     if (!next->selector) end_without_handler(thrown);
     enter_handler(next->next_entry, thrown, next);
   }
-  if (__curr_eh_stack_entry != &thrown->marker) assertion_failed(1099);
+  if (__curr_eh_stack_entry != &thrown->marker) assertion_failed(head_has_changed);
   if (pending_throws) end_waits_below(next->esp);
   land(header, next);
 }
