@@ -33,8 +33,9 @@ inline long double as_float(unsigned long long value) {
 
 constexpr long double largest_scaled = 9e18L;
 
-// Whether `scaled` is so near to a half that the true product may round the other way. Without an error of the power
-// only a half itself is: one rounding of the processor's passes no number that it can represent.
+// Whether `scaled` is so near to a half that the true product may round the other way. Where the power is exact that
+// is a half itself only: the product was rounded once, to nearest, which never carries it past a half, since that is
+// a long double.
 inline bool is_doubtful(long double scaled, long double whole, long double error) {
   return __builtin_expect(0.5L - __builtin_fabsl(scaled - whole) <= error, 0);
 }

@@ -28,7 +28,7 @@ template <class _T, class _V> struct _find_road_of<_T *, _V> {
                                                                            : _find_each;
 };
 
-template <_find_road _road> struct _finder;
+template <_find_road _path> struct _finder;
 
 template <class _In, class _V> inline _In _find_range(_In _first, _In _last, const _V &_value) {
   return _finder<_find_road_of<_In, _V>::value>::_run(_first, _last, _value);

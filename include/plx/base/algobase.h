@@ -102,7 +102,7 @@ template <> struct _transfer<true> {
   template <class _In, class _Out> static void assign(_In &_from, _Out &_to) { *_to = __zor::_move_from(_from); }
 };
 
-enum _copy_road { _copy_each, _copy_counted, _copy_bytes, _copy_from_blocks, _copy_to_blocks };
+enum _copy_path { _copy_each, _copy_counted, _copy_bytes, _copy_from_blocks, _copy_to_blocks };
 
 template <class _Iterator> struct _is_random_access {
   static const bool value =
@@ -112,21 +112,21 @@ template <class _Iterator> struct _is_segmented {
   static const bool value = _same_type<typename _segmented_iterator_traits<_Iterator>::_is_segmented, _yes>::value;
 };
 
-template <class _In, class _Out> struct _copy_road_of {
-  static const _copy_road value = _copied_as_bytes<_In, _Out>::value                      ? _copy_bytes
+template <class _In, class _Out> struct _copy_path_of {
+  static const _copy_path value = _copied_as_bytes<_In, _Out>::value                      ? _copy_bytes
                                   : _is_segmented<_In>::value                             ? _copy_from_blocks
                                   : _is_pointer<_In>::value && _is_segmented<_Out>::value ? _copy_to_blocks
                                   : _is_random_access<_In>::value                         ? _copy_counted
                                                                                           : _copy_each;
 };
 
-template <bool _moving, _copy_road _road> struct _copier;
+template <bool _moving, _copy_path _path> struct _copier;
 
 template <bool _moving, class _In, class _Out> inline _Out _copy_range(_In _first, _In _last, _Out _out) {
-  return _copier<_moving, _copy_road_of<_In, _Out>::value>::_forward(_first, _last, _out);
+  return _copier<_moving, _copy_path_of<_In, _Out>::value>::_forward(_first, _last, _out);
 }
 template <bool _moving, class _In, class _Out> inline _Out _copy_range_backward(_In _first, _In _last, _Out _out) {
-  return _copier<_moving, _copy_road_of<_In, _Out>::value>::_backward(_first, _last, _out);
+  return _copier<_moving, _copy_path_of<_In, _Out>::value>::_backward(_first, _last, _out);
 }
 
 template <bool _moving> struct _copier<_moving, _copy_each> {
@@ -272,20 +272,20 @@ inline _longest _count_of(float _n) PLX_NOTHROW { return static_cast<_longest>(_
 inline _longest _count_of(double _n) PLX_NOTHROW { return static_cast<_longest>(_n); }
 inline _longest _count_of(long double _n) PLX_NOTHROW { return static_cast<_longest>(_n); }
 
-enum _fill_road { _fill_each, _fill_scalars, _fill_bytes, _fill_blocks };
+enum _fill_path { _fill_each, _fill_scalars, _fill_bytes, _fill_blocks };
 
-template <class _Out, class _V, bool _segmented> struct _fill_road_of {
-  static const _fill_road value = _segmented ? _fill_blocks : _fill_each;
+template <class _Out, class _V, bool _segmented> struct _fill_path_of {
+  static const _fill_path value = _segmented ? _fill_blocks : _fill_each;
 };
-template <class _T, class _V> struct _fill_road_of<_T *, _V, false> {
+template <class _T, class _V> struct _fill_path_of<_T *, _V, false> {
   static const bool _both_scalar = _is_scalar<_T>::value && _is_scalar<_V>::value;
-  static const _fill_road value = !_both_scalar ? _fill_each : sizeof(_T) == 1 ? _fill_bytes : _fill_scalars;
+  static const _fill_path value = !_both_scalar ? _fill_each : sizeof(_T) == 1 ? _fill_bytes : _fill_scalars;
 };
 
-template <_fill_road _road> struct _filler;
+template <_fill_path _path> struct _filler;
 
 template <class _Out, class _V> inline void _fill_range(_Out _first, _Out _last, const _V &_value) {
-  _filler<_fill_road_of<_Out, _V, _is_segmented<_Out>::value>::value>::_run(_first, _last, _value);
+  _filler<_fill_path_of<_Out, _V, _is_segmented<_Out>::value>::value>::_run(_first, _last, _value);
 }
 
 template <> struct _filler<_fill_each> {

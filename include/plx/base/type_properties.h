@@ -1,5 +1,5 @@
-// What the compiler knows of a type, for choosing the fast road: plain types move as bytes, scalars are compared and
-// kept in registers. A type of which nothing is known takes the road that the standard describes.
+// What the compiler knows of a type, for choosing the fast path: plain types move as bytes, scalars are compared and
+// kept in registers. A type of which nothing is known takes the path that the standard describes.
 #ifndef PLX_TYPE_PROPERTIES_H
 #define PLX_TYPE_PROPERTIES_H
 

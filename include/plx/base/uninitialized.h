@@ -82,22 +82,22 @@ private:
 
 // Numbers are made by assigning to them, whatever the iterators are. Bytes are copied where both are pointers; whether
 // such elements can be assigned is not asked.
-enum _making_road { _make_each, _make_by_assignment, _make_by_bytes };
+enum _making_path { _make_each, _make_by_assignment, _make_by_bytes };
 
-template <class _In, class _Out> struct _making_road_of {
-  static const _making_road value = _is_arithmetic<typename std::iterator_traits<_Out>::value_type>::value &&
+template <class _In, class _Out> struct _making_path_of {
+  static const _making_path value = _is_arithmetic<typename std::iterator_traits<_Out>::value_type>::value &&
                                             _is_arithmetic<typename std::iterator_traits<_In>::value_type>::value
                                         ? _make_by_assignment
                                         : _make_each;
 };
-template <class _T> struct _making_road_of<_T *, _T *> {
-  static const _making_road value = _is_made_as_bytes<_T, _T &>::value ? _make_by_bytes : _make_each;
+template <class _T> struct _making_path_of<_T *, _T *> {
+  static const _making_path value = _is_made_as_bytes<_T, _T &>::value ? _make_by_bytes : _make_each;
 };
-template <class _T> struct _making_road_of<const _T *, _T *> {
-  static const _making_road value = _is_made_as_bytes<_T, const _T &>::value ? _make_by_bytes : _make_each;
+template <class _T> struct _making_path_of<const _T *, _T *> {
+  static const _making_path value = _is_made_as_bytes<_T, const _T &>::value ? _make_by_bytes : _make_each;
 };
 
-template <bool _moving, _making_road _road> struct _uninitialized_copier {
+template <bool _moving, _making_path _path> struct _uninitialized_copier {
   template <class _In, class _Out> static _Out _run(_In _first, _In _last, _Out _out) {
     typedef typename std::iterator_traits<_Out>::value_type _value_type;
     _construction_guard<_Out> _guard(_out);
@@ -130,7 +130,7 @@ template <bool _moving> struct _uninitialized_copier<_moving, _make_by_bytes> {
 };
 
 template <bool _moving, class _In, class _Out> inline _Out _uninitialized_copy_range(_In _first, _In _last, _Out _out) {
-  return _uninitialized_copier<_moving, _making_road_of<_In, _Out>::value>::_run(_first, _last, _out);
+  return _uninitialized_copier<_moving, _making_path_of<_In, _Out>::value>::_run(_first, _last, _out);
 }
 
 // As uninitialized_copy, but elements may be moved from where the dialect can: for buffers.
@@ -145,13 +145,13 @@ template <class _In, class _Out> inline _Out _uninitialized_move(_In _first, _In
 template <class _T, class _V> struct _filling_road_of {
   static const bool _scalars =
       (_is_arithmetic<_T>::value && _is_arithmetic<_V>::value) || (_same_type<_T, _V>::value && _is_scalar<_T>::value);
-  static const _making_road value = _scalars ? _make_by_assignment
+  static const _making_path value = _scalars ? _make_by_assignment
                                     : _same_type<_T, _V>::value && _is_made_as_bytes<_T, const _T &>::value
                                         ? _make_by_bytes
                                         : _make_each;
 };
 
-template <_making_road _road> struct _uninitialized_filler {
+template <_making_path _path> struct _uninitialized_filler {
   template <class _Forward, class _V> static void _range(_Forward _first, _Forward _last, const _V &_value) {
     _construction_guard<_Forward> _guard(_first);
     for (; _guard.current != _last; ++_guard.current) __zor::construct(__zor::_address_of(*_guard.current), _value);

@@ -22,7 +22,7 @@ PLX_API PLX_REGPARM void *_grow_block(void *_block, size_t _used, size_t _bytes)
 
 // ---- Types ---------------------------------------------------------------------------------------------------------
 
-// The road for elements _T with the allocator A. Another allocator's construct and destroy are called for each.
+// The path for elements _T with the allocator A. Another allocator's construct and destroy are called for each.
 // Containers ask in their functions only: a class may have a container of itself as a member, where it is still
 // incomplete.
 template <class _T, class _A> struct _element_traits {

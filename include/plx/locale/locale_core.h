@@ -134,7 +134,7 @@ public:
 #if __cplusplus >= 201103L
   constexpr id() noexcept : _value_(0) {}
 #else
-  id() {}  // a static object: zero already, and perhaps numbered before its turn to be constructed
+  id() {}  // leaves the zero of a static object: a facet may be installed before the id's own initialisation
 #endif
   unsigned int init() const PLX_NOTHROW;  // the number, handed out now if there was none
 
