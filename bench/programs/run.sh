@@ -183,7 +183,7 @@ run_cccc() {
   [ "$(grep '^diff prn.*\.dbref' tests.log | tee compared | wc -l)" -ge 13 ] && cat compared
 }
 
-timed="groff minisat qhull hunspell calculator lzip tinyxml"
+timed="groff minisat qhull hunspell cryptopp calculator lzip tinyxml"
 
 # ---- Building and comparing ----------------------------------------------------------------------------------------
 
