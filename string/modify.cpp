@@ -204,7 +204,9 @@ void _string_append(b_str_ref *&rep, const char *text, unsigned n) {
 void _string_append_filled(b_str_ref *&rep, unsigned n, char c) {
   if (!append_in_place(rep, fill_source{c}, n)) append_fill_by_new_block(rep, n, c);
 }
-void _string_append_one(b_str_ref *&rep, char c) { append_fill_by_new_block(rep, 1, c); }
+void _string_append_one(b_str_ref *&rep, char c) {
+  if (!append_in_place(rep, fill_source{c}, 1)) append_fill_by_new_block(rep, 1, c);
+}
 
 void _string_insert(b_str_ref *&rep, unsigned pos, const char *text, unsigned n) {
   if (n != 0 && text) insert(rep, pos, text_source{text}, n);

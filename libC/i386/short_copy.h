@@ -11,7 +11,6 @@
 namespace __zor {
 
 PLX_HIDDEN PLX_NOINLINE PLX_REGPARM void copy_long(char *to, const char *from, unsigned n);
-PLX_HIDDEN PLX_NOINLINE PLX_REGPARM void move_long(char *to, const char *from, unsigned n);
 PLX_HIDDEN PLX_NOINLINE PLX_REGPARM void fill_long(char *to, unsigned n, char c);
 
 constexpr unsigned short_copy = 32;
@@ -47,7 +46,10 @@ inline void copy_characters(char *to, const char *from, unsigned n) {
 }
 // The regions may overlap: all is read before anything is written.
 inline void move_characters(char *to, const char *from, unsigned n) {
-  if (n > 16) return move_long(to, from, n);
+  if (n > 16) {
+    memmove(to, from, n);
+    return;
+  }
   if (n > 8) {
     const four_bytes a = *words(from), b = *words(from + 4), c = *words(from + n - 8), d = *words(from + n - 4);
     *words(to) = a;

@@ -194,7 +194,10 @@ static void step(int number) {
           CHECK(was.changed(s, more == size ? kept : resized, more));
           break;
         case 11:
-          for (unsigned k = 0; k < many; ++k) s.push_back('p');
+          for (unsigned k = 0; k < many; ++k) {
+            s.push_back('p');
+            if (k == 0) CHECK(was.changed(s, grown, size + 1));
+          }
           marked = many == 0 && exposed[i];
           break;
         case 12:
