@@ -14,24 +14,24 @@ PLX_API PLX_REGPARM const unsigned int *_find_word(const unsigned int *_first, c
 
 namespace _functions {
 
-enum _find_road { _find_each, _find_bytes, _find_words, _find_blocks };
+enum _find_path { _find_each, _find_bytes, _find_words, _find_blocks };
 
 // A value of the elements' own type in an array of integers or pointers is sought by its bytes.
-template <class _In, class _V> struct _find_road_of {
-  static const _find_road value = _is_segmented<_In>::value ? _find_blocks : _find_each;
+template <class _In, class _V> struct _find_path_of {
+  static const _find_path value = _is_segmented<_In>::value ? _find_blocks : _find_each;
 };
-template <class _T, class _V> struct _find_road_of<_T *, _V> {
+template <class _T, class _V> struct _find_path_of<_T *, _V> {
   typedef typename _without_const<_T>::_type _element;
   static const bool _by_bytes = _same_type<_element, _V>::value && _equal_as_bytes<_element>::value;
-  static const _find_road value = _by_bytes && sizeof(_T) == 1             ? _find_bytes
+  static const _find_path value = _by_bytes && sizeof(_T) == 1             ? _find_bytes
                                   : _by_bytes && sizeof(_T) == sizeof(int) ? _find_words
                                                                            : _find_each;
 };
 
-template <_find_road _path> struct _finder;
+template <_find_path _path> struct _finder;
 
 template <class _In, class _V> inline _In _find_range(_In _first, _In _last, const _V &_value) {
-  return _finder<_find_road_of<_In, _V>::value>::_run(_first, _last, _value);
+  return _finder<_find_path_of<_In, _V>::value>::_run(_first, _last, _value);
 }
 
 template <> struct _finder<_find_each> {
