@@ -142,7 +142,7 @@ template <class _In, class _Out> inline _Out _uninitialized_move(_In _first, _In
 // ---- Fills ---------------------------------------------------------------------------------------------------------
 
 // Scalars are made by assigning to them. What is made as bytes needs no guard, and its value may be copied first.
-template <class _T, class _V> struct _filling_road_of {
+template <class _T, class _V> struct _filling_path_of {
   static const bool _scalars =
       (_is_arithmetic<_T>::value && _is_arithmetic<_V>::value) || (_same_type<_T, _V>::value && _is_scalar<_T>::value);
   static const _making_path value = _scalars ? _make_by_assignment
@@ -197,14 +197,14 @@ template <class _In, class _Forward> inline _Forward uninitialized_copy(_In _fir
 
 template <class _Forward, class _T> inline void uninitialized_fill(_Forward _first, _Forward _last, const _T &_value) {
   typedef typename iterator_traits<_Forward>::value_type _value_type;
-  __zor::_uninitialized_filler<__zor::_filling_road_of<_value_type, _T>::value>::_range(__zor::_unwrap(_first),
+  __zor::_uninitialized_filler<__zor::_filling_path_of<_value_type, _T>::value>::_range(__zor::_unwrap(_first),
                                                                                         __zor::_unwrap(_last), _value);
 }
 
 template <class _Forward, class _Size, class _T>
 inline _Forward uninitialized_fill_n(_Forward _first, _Size _n, const _T &_value) {
   typedef typename iterator_traits<_Forward>::value_type _value_type;
-  return __zor::_rewrap(_first, __zor::_uninitialized_filler<__zor::_filling_road_of<_value_type, _T>::value>::_counted(
+  return __zor::_rewrap(_first, __zor::_uninitialized_filler<__zor::_filling_path_of<_value_type, _T>::value>::_counted(
                                     __zor::_unwrap(_first), __zor::_count_of(_n), _value));
 }
 
