@@ -71,7 +71,7 @@ template <class Source> PLX_ALWAYS_INLINE bool append_in_place(b_str_ref *rep, S
   return true;
 }
 
-template <class Source> void assign_by_new_block(b_str_ref *&rep, Source source, unsigned n) {
+template <class Source> PLX_NOINLINE void assign_by_new_block(b_str_ref *&rep, Source source, unsigned n) {
   if (n == _string_npos) fail_length();
   b_str_ref *made = make_representation(capacity_for(n));
   source.write(made->data, n);
@@ -79,7 +79,7 @@ template <class Source> void assign_by_new_block(b_str_ref *&rep, Source source,
   take_over(rep, made);
 }
 
-template <class Source> void append_by_new_block(b_str_ref *&rep, Source source, unsigned n) {
+template <class Source> PLX_NOINLINE void append_by_new_block(b_str_ref *&rep, Source source, unsigned n) {
   const unsigned length = rep->length;
   if (n >= ~length) fail_length();
   const unsigned new_length = length + n;
@@ -101,6 +101,15 @@ template <class Source> void append_by_new_block(b_str_ref *&rep, Source source,
   set_length(made, new_length);
   take_over(rep, made);
 }
+
+// What only new blocks need is out of line, so that the ways in place save few registers.
+template <class Source> void assign(b_str_ref *&rep, Source source, unsigned n) {
+  if (!assign_in_place(rep, source, n)) assign_by_new_block(rep, source, n);
+}
+template <class Source> void append(b_str_ref *&rep, Source source, unsigned n) {
+  if (!append_in_place(rep, source, n)) append_by_new_block(rep, source, n);
+}
+
 // Puts n characters in the place of xlen at pos. The capacity is that of both together: the new characters are there
 // before the old ones go.
 template <class Source> void exchange(b_str_ref *&rep, unsigned pos, unsigned xlen, Source source, unsigned n) {
@@ -177,36 +186,12 @@ template <class Source> void replace(b_str_ref *&rep, unsigned pos, unsigned n1,
 
 }  // namespace
 
-// Not of this file alone: the compiler would give them another calling convention, and no tail calls.
-PLX_HIDDEN PLX_NOINLINE PLX_REGPARM void assign_text_by_new_block(b_str_ref *&rep, const char *text, unsigned n) {
-  assign_by_new_block(rep, text_source{text}, n);
-}
-PLX_HIDDEN PLX_NOINLINE PLX_REGPARM void assign_fill_by_new_block(b_str_ref *&rep, unsigned n, char c) {
-  assign_by_new_block(rep, fill_source{c}, n);
-}
-PLX_HIDDEN PLX_NOINLINE PLX_REGPARM void append_text_by_new_block(b_str_ref *&rep, const char *text, unsigned n) {
-  append_by_new_block(rep, text_source{text}, n);
-}
-PLX_HIDDEN PLX_NOINLINE PLX_REGPARM void append_fill_by_new_block(b_str_ref *&rep, unsigned n, char c) {
-  append_by_new_block(rep, fill_source{c}, n);
-}
+void _string_assign(b_str_ref *&rep, const char *text, unsigned n) { assign(rep, text_source{text}, n); }
+void _string_assign_filled(b_str_ref *&rep, unsigned n, char c) { assign(rep, fill_source{c}, n); }
 
-void _string_assign(b_str_ref *&rep, const char *text, unsigned n) {
-  if (!assign_in_place(rep, text_source{text}, n)) assign_text_by_new_block(rep, text, n);
-}
-void _string_assign_filled(b_str_ref *&rep, unsigned n, char c) {
-  if (!assign_in_place(rep, fill_source{c}, n)) assign_fill_by_new_block(rep, n, c);
-}
-
-void _string_append(b_str_ref *&rep, const char *text, unsigned n) {
-  if (!append_in_place(rep, text_source{text}, n)) append_text_by_new_block(rep, text, n);
-}
-void _string_append_filled(b_str_ref *&rep, unsigned n, char c) {
-  if (!append_in_place(rep, fill_source{c}, n)) append_fill_by_new_block(rep, n, c);
-}
-void _string_append_one(b_str_ref *&rep, char c) {
-  if (!append_in_place(rep, fill_source{c}, 1)) append_fill_by_new_block(rep, 1, c);
-}
+void _string_append(b_str_ref *&rep, const char *text, unsigned n) { append(rep, text_source{text}, n); }
+void _string_append_filled(b_str_ref *&rep, unsigned n, char c) { append(rep, fill_source{c}, n); }
+void _string_append_one(b_str_ref *&rep, char c) { append(rep, fill_source{c}, 1); }
 
 void _string_insert(b_str_ref *&rep, unsigned pos, const char *text, unsigned n) {
   if (n != 0 && text) insert(rep, pos, text_source{text}, n);

@@ -118,17 +118,21 @@ struct a_recorder {
       return;
     }
     fill(*next, frame, plan, cfa, selector, next_entry);
-    next->pace = next_entry == last_entry ? least_pace : slow_pace;
+    next->pace = pace_before(next_entry);
     last_entry = next_entry;
     ++next;
   }
-  // The handler is the first place to land in: it needs no record beside `final`.
-  bool lead_to(a_landing &final, an_eh_stack_entry *next_entry) {
+
+  // Whether the handler is the first place to land in: then `final` is the only record.
+  bool leads_to_final(an_eh_stack_entry *next_entry) {
     a_throw_state &state = state_of(thrown);
     if (next != &state.spare) return false;
-    state.records = &final;
-    final.pace = next_entry == last_entry ? least_pace : slow_pace;
+    state.records = &state.final;
+    state.final.pace = pace_before(next_entry);
     return true;
+  }
+  a_pace pace_before(const an_eh_stack_entry *next_entry) const {
+    return next_entry == last_entry ? least_pace : slow_pace;
   }
   void close() { next->pace = closing; }
 
@@ -218,7 +222,7 @@ struct a_search {
       case a_verdict::handle: break;
     }
     a_recorder::fill(final, frame, plan, cfa, selector, entry);
-    if (!recorder.lead_to(final, entry)) recorder.note(frame, plan, cfa, selector, entry);
+    if (!recorder.leads_to_final(entry)) recorder.note(frame, plan, cfa, selector, entry);
     return true;
   }
 

@@ -1,13 +1,9 @@
 #!/bin/bash
 # Random exception programs (programs.rules), built for plx in many ways and for the host's C++ library: all must print the
-# same trace. PLX_RANDOM_SEEDS is how many programs (30 or fewer), PLX_RANDOM_FIRST the first seed (1), PLX_RANDOM_WAYS in how
-# many ways each is built (1); PLX_RANDOM_KEEP=DIR keeps programs whose traces differ there, and the traces.
+# same trace. PLX_RANDOM_SEEDS is how many programs (30), PLX_RANDOM_FIRST the first seed (1), PLX_RANDOM_WAYS in how many
+# ways each is built (1); PLX_RANDOM_KEEP=DIR keeps programs whose traces differ there, and the traces.
 . "$PLX_SOURCE/tests/driver/common.bash"
-# Fewer where the library is tested once more: built by g++, and with sanitizers, which make all of it slower.
-usual=30
-[[ $PLX_PREFIX != */gcc ]] || usual=12
-[ -z "${PLX_SANITIZE:-}" ] || usual=4
-seeds=${PLX_RANDOM_SEEDS:-$usual}
+seeds=${PLX_RANDOM_SEEDS:-$([ -z "${PLX_SANITIZE:-}" ] && echo 30 || echo 4)} # sanitizers make all of it slower
 first=${PLX_RANDOM_FIRST:-1}
 echo 'int main() {}' | g++ -m32 -x c++ - 2> log || { echo "skipped: g++ -m32 is not there to compare with"; exit 77; }
 here=$PLX_SOURCE/tests/random
