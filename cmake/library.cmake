@@ -8,7 +8,9 @@ file(GLOB PLX_COMMON_SOURCES CONFIGURE_DEPENDS RELATIVE ${CMAKE_SOURCE_DIR} ${PL
 file(GLOB PLX_SHARED_SOURCES CONFIGURE_DEPENDS RELATIVE ${CMAKE_SOURCE_DIR} */shared/*.cpp)
 file(GLOB PLX_STATIC_SOURCES CONFIGURE_DEPENDS RELATIVE ${CMAKE_SOURCE_DIR} */archive/*.cpp)
 file(GLOB_RECURSE PLX_HEADERS CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/include/[a-z]*)
-include(cmake/start_order.cmake)
+# The 8 KB of exception memory stand behind all other zero-initialised data, so that what a start writes lies on one page.
+list(REMOVE_ITEM PLX_COMMON_SOURCES libC/eh_memory.cpp)
+list(APPEND PLX_COMMON_SOURCES libC/eh_memory.cpp)
 
 # What is large and does no work of its own, or seldom: blocks are moved by the C library, and names of days are read once
 # in a while. Not the deques: small code takes half as long again to insert and erase in the middle.
@@ -70,8 +72,10 @@ endfunction()
 add_library(plx_common OBJECT ${PLX_COMMON_SOURCES})
 plx_compile(plx_common ${PLX_PROGRAM_FLAGS})
 set_target_properties(plx_common PROPERTIES POSITION_INDEPENDENT_CODE ON)
-add_library(plx SHARED $<TARGET_OBJECTS:plx_common> ${PLX_SHARED_SOURCES})
-plx_compile(plx ${PLX_PROGRAM_FLAGS})
+add_library(plx_loaded OBJECT ${PLX_SHARED_SOURCES})
+plx_compile(plx_loaded ${PLX_PROGRAM_FLAGS})
+set_target_properties(plx_loaded PROPERTIES POSITION_INDEPENDENT_CODE ON)
+add_library(plx SHARED $<TARGET_OBJECTS:plx_loaded> $<TARGET_OBJECTS:plx_common>)
 
 # Linked as C: the compiler then adds the C library and nothing of the host's C++ library.
 set(CMAKE_CXX_IMPLICIT_LINK_LIBRARIES "")
@@ -79,17 +83,16 @@ set_target_properties(plx PROPERTIES
   LINKER_LANGUAGE C
   VERSION ${PROJECT_VERSION}
   SOVERSION ${PROJECT_VERSION_MAJOR}
-  POSITION_INDEPENDENT_CODE ON
   LIBRARY_OUTPUT_DIRECTORY ${PLX_LIB})
 # References inside the library go straight to their target, except to the replaceable operators new and delete, to
-# functions that are compared, and to data of which programs for a fixed address hold copies. Code and constants share
-# pages: two mappings fewer at every start.
+# functions that are compared, and to data of which programs for a fixed address hold copies that count. Code and
+# constants share pages: two mappings fewer at every start.
 target_link_options(plx PRIVATE -m32 -static-libgcc ${PLX_PROGRAM_FLAGS}
   LINKER:-O1,--hash-style=gnu,--as-needed,--gc-sections,-z,text,-z,relro,-z,noexecstack,-z,noseparate-code
   LINKER:--dynamic-list-cpp-new,--dynamic-list=${CMAKE_SOURCE_DIR}/cmake/preemptible.list
-  LINKER:--version-script=${CMAKE_SOURCE_DIR}/cmake/version.map)
+  LINKER:--version-script=${CMAKE_SOURCE_DIR}/cmake/version.map,-T,${CMAKE_SOURCE_DIR}/cmake/start.ld)
 set_target_properties(plx PROPERTIES LINK_DEPENDS
-  "${CMAKE_SOURCE_DIR}/cmake/preemptible.list;${CMAKE_SOURCE_DIR}/cmake/version.map")
+  "${CMAKE_SOURCE_DIR}/cmake/preemptible.list;${CMAKE_SOURCE_DIR}/cmake/start.ld;${CMAKE_SOURCE_DIR}/cmake/version.map")
 # What -lplx finds: the library and what each program of C++ needs of it beside.
 add_custom_command(TARGET plx POST_BUILD
   COMMAND ${CMAKE_COMMAND} -E rm -f ${PLX_LIB}/libplx.so

@@ -17,7 +17,7 @@ namespace {
 // they are too when the block starts this much later.
 constexpr unsigned shift = block_step - sizeof(b_str_ref);
 
-chunk_source chunks = {4096, nullptr, 0};
+chunk_source chunks = {1024, nullptr, 0};  // the first serves the strings of the standard streams' start
 
 b_str_ref *describe(void *memory, unsigned bytes, unsigned special) {
   b_str_ref *rep = static_cast<b_str_ref *>(memory);
