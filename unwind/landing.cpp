@@ -35,6 +35,16 @@ inline an_exception_header *prepare_header(a_throw_stack_entry *thrown) {
   return header;
 }
 
+// Unwinds the entries before the next landing, and ends the throw where that is none.
+PLX_ALWAYS_INLINE void leave_entries(a_throw_stack_entry *thrown, a_landing &next) {
+  // Destructors of entries run on top of this frame: what they throw meets the marker before any frame below.
+  state_of(thrown).position = reinterpret_cast<unsigned>(__builtin_frame_address(0));
+  unwind_entries(thrown, next.next_entry);
+  if (next.landing_pad) return;
+  if (!next.selector) end_without_handler(thrown);
+  enter_handler(next.next_entry, thrown, &next);
+}
+
 [[noreturn]] void go_on(a_throw_stack_entry *thrown) {
   a_throw_state &state = state_of(thrown);
   an_exception_header *header = state.exception;
@@ -48,14 +58,8 @@ inline an_exception_header *prepare_header(a_throw_stack_entry *thrown) {
     next = state.records;
   }
   if (next->pace >= no_more_landings) next = &state.final;
-  // Destructors of entries run on top of this frame: what they throw meets the marker before any frame below.
   header->landed = nullptr;
-  state.position = reinterpret_cast<unsigned>(&next);
-  unwind_entries(thrown, next->next_entry);
-  if (!next->landing_pad) {
-    if (!next->selector) end_without_handler(thrown);
-    enter_handler(next->next_entry, thrown, next);
-  }
+  leave_entries(thrown, *next);
   if (__curr_eh_stack_entry != &thrown->marker) assertion_failed(head_has_changed);
   if (pending_throws) end_waits_below(next->esp);
   land(header, next);
@@ -65,10 +69,12 @@ inline an_exception_header *prepare_header(a_throw_stack_entry *thrown) {
 void throw_and_land(a_throw_stack_entry *thrown, const a_saved_frame *thrower) {
   if (__asan_handle_no_return) __asan_handle_no_return();
   a_throw_state &state = state_of(thrown);
-  an_exception_header *header = prepare_header(thrown);
   state.records = &state.spare;
   state.position = 0;
   search_from(*thrower, thrown);
+  // Where only entries are on the way no code of C++ sees the header.
+  if (state.records->pace == no_more_landings) leave_entries(thrown, state.final);
+  an_exception_header *header = prepare_header(thrown);
   if (header == &state.stand_in.header) state.stand_in.pointer = state.adjusted;
   if (state.records->pace == fast_pace) land(header, state.records);
   go_on(thrown);

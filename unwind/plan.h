@@ -49,10 +49,15 @@ struct a_plan {
   const byte *exception_table;
   a_frame_rules *rules;
 
+  // As most frames are: plain, and nothing to land at. One look at two fields.
+  bool is_passed() const { return *reinterpret_cast<const unsigned short *>(&shape) == 0; }
   // What it leads to has been checked.
   an_exception_table table() const { return {everywhere, exception_table, function}; }
 };
 static_assert(sizeof(a_plan) == 64, "one line of the cache");
+static_assert(a_plan::plain == 0 && a_plan::none == 0 && offsetof(a_plan, handling) == offsetof(a_plan, shape) + 1 &&
+                  offsetof(a_plan, shape) % 2 == 0,
+              "is_passed looks at both at once");
 
 // The plan of a return address; never null. It is valid until the next call.
 a_plan *find_plan(unsigned address);

@@ -34,10 +34,20 @@ PLX_NOINLINE a_plan *find_caller(a_plan *plan, unsigned address) {
 inline unsigned stack_word(unsigned address) { return *reinterpret_cast<const unsigned *>(address); }
 
 // A frame's CFA must lie above what the frame calls, and on the stack: a damaged table must not lead in a circle.
+PLX_ALWAYS_INLINE bool is_above(unsigned cfa, const a_machine_frame &frame, unsigned stack_end) {
+  return cfa > frame.registers[register_esp] && cfa <= stack_end;
+}
+
+PLX_ALWAYS_INLINE bool plain_cfa_of(const a_plan *plan, const a_machine_frame &frame, unsigned stack_end,
+                                    unsigned &cfa) {
+  cfa = frame.registers[plan->cfa_register] + static_cast<unsigned>(plan->cfa_offset);
+  return is_above(cfa, frame, stack_end);
+}
+
 PLX_ALWAYS_INLINE bool cfa_of(const a_plan *plan, const a_machine_frame &frame, unsigned stack_end, unsigned &cfa) {
-  if (__builtin_expect(plan->shape == a_plan::plain, 1)) {
-    cfa = frame.registers[plan->cfa_register] + static_cast<unsigned>(plan->cfa_offset);
-  } else if (plan->shape == a_plan::realigned) {
+  if (__builtin_expect(plan->shape == a_plan::plain, 1)) return plain_cfa_of(plan, frame, stack_end, cfa);
+  if (plan->shape >= a_plan::untabled) return false;
+  if (plan->shape == a_plan::realigned) {
     const unsigned place = frame.registers[plan->cfa_register] + static_cast<unsigned>(plan->cfa_offset);
     if (!is_on_stack(frame, place)) return false;
     cfa = stack_word(place);
@@ -51,12 +61,10 @@ PLX_ALWAYS_INLINE bool cfa_of(const a_plan *plan, const a_machine_frame &frame, 
     // A signal handler may run on a stack of its own.
     if (plan->caller_is_interrupted) return true;
   }
-  return cfa > frame.registers[register_esp] && cfa <= stack_end;
+  return is_above(cfa, frame, stack_end);
 }
 
-PLX_ALWAYS_INLINE bool step(const a_plan *plan, unsigned cfa, a_machine_frame &frame) {
-  if (__builtin_expect(plan->shape != a_plan::plain, 0))
-    return plan->shape != a_plan::outermost && step_by_rules(*plan->rules, cfa, frame);
+PLX_ALWAYS_INLINE void plain_step(const a_plan *plan, unsigned cfa, a_machine_frame &frame) {
   const unsigned *words = reinterpret_cast<const unsigned *>(cfa);
   if (plan->saved[0]) frame.registers[register_ebx] = words[plan->saved[0]];
   if (plan->saved[1]) frame.registers[register_esi] = words[plan->saved[1]];
@@ -64,6 +72,12 @@ PLX_ALWAYS_INLINE bool step(const a_plan *plan, unsigned cfa, a_machine_frame &f
   if (plan->saved[3]) frame.registers[register_ebp] = words[plan->saved[3]];
   frame.registers[register_esp] = cfa;
   frame.address = words[-1];
+}
+
+PLX_ALWAYS_INLINE bool step(const a_plan *plan, unsigned cfa, a_machine_frame &frame) {
+  if (__builtin_expect(plan->shape != a_plan::plain, 0))
+    return plan->shape != a_plan::outermost && step_by_rules(*plan->rules, cfa, frame);
+  plain_step(plan, cfa, frame);
   return true;
 }
 
@@ -166,7 +180,7 @@ template <class Visitor> inline void walk(a_machine_frame &frame, an_eh_stack_en
   a_plan *plan = find_plan(frame.address);
   for (;;) {
     unsigned cfa;
-    if (plan->shape >= a_plan::untabled || !cfa_of(plan, frame, stack_end, cfa)) return visitor.end(frame, plan, entry);
+    if (!cfa_of(plan, frame, stack_end, cfa)) return visitor.end(frame, plan, entry);
     while (__builtin_expect(entry_position < cfa, 0)) {
       an_eh_stack_entry *passed = entry;
       entry = passed->next;
@@ -180,8 +194,12 @@ template <class Visitor> inline void walk(a_machine_frame &frame, an_eh_stack_en
         goto next_frame;
       }
     }
-    if (plan->handling != a_plan::none && visitor.frame(frame, plan, cfa, entry)) return;
-    if (!step(plan, cfa, frame)) return visitor.end(frame, plan, entry);
+    if (plan->is_passed()) {
+      plain_step(plan, cfa, frame);
+    } else {
+      if (plan->handling != a_plan::none && visitor.frame(frame, plan, cfa, entry)) return;
+      if (!step(plan, cfa, frame)) return visitor.end(frame, plan, entry);
+    }
     if (__builtin_expect(plan->caller->address == frame.address, 1)) {
       plan = plan->caller;
     } else {
@@ -240,9 +258,12 @@ struct a_search {
       end_unhandled(0xFFFFFFFF, nullptr);
   }
 
-  // `next_entry` names the handler, as search_entry left it.
+  // `next_entry` names the handler, as search_entry left it. A try block has the registers it jumps to itself.
   void end_at_entry(const a_machine_frame &frame, unsigned cfa) {
-    note_frame(final, frame, 0);
+    if (final.next_entry->kind == PLX_EH_TRY_BLOCK)
+      final.address = 0;
+    else
+      note_frame(final, frame, 0);
     final.landing_pad = 0;
     final.cfa = cfa;
   }
