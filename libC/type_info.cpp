@@ -25,7 +25,8 @@ namespace std {
 type_info::~type_info() {}
 
 bool type_info::equal(const type_info &other) const PLX_NOTHROW {
-  return same_type(record_of(this), record_of(&other));
+  const a_type_info_impl *left = record_of(this), *right = record_of(&other);
+  return is_foreign(left) && is_foreign(right) ? foreign_same_name(left, right) : same_type(left, right);
 }
 
 bool type_info::before(const type_info &other) const PLX_NOTHROW {

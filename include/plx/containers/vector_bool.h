@@ -315,12 +315,15 @@ public:
   const_reference back() const PLX_NOTHROW { return (*this)[_size_ - 1]; }
 
   void push_back(const bool &_value) {
-    if (__builtin_expect(_size_ == capacity(), 0)) {
-      append(1, _value);
-      return;
-    }
     unsigned int *const _word = _words_.first + _size_ / 32;
-    if (_size_ % 32 == 0) _words_._last = _word + 1, *_word = 0;
+    // Capacities are whole words.
+    if (__builtin_expect(_size_ % 32 == 0, 0)) {
+      if (_size_ == capacity()) {
+        append(1, _value);
+        return;
+      }
+      _words_._last = _word + 1, *_word = 0;
+    }
     *_word |= static_cast<unsigned int>(_value) << _size_ % 32;
     ++_size_;
   }
