@@ -321,7 +321,10 @@ run_size() {
     for build in "${size_builds[@]}"; do
       case $build in
         plx-*-static | gcc* | clang*) files+=("$work/$name.$build") ;;
-        *) without_search_path "$build" "$name" && files+=("$work/$name.$build.installed:$prefix/lib/libplx.so.3") ;;
+        *)
+          without_search_path "$build" "$name" || { fail "$name does not link without a search path"; return; }
+          files+=("$work/$name.$build.installed:$prefix/lib/libplx.so.3")
+          ;;
       esac
     done
   done
@@ -352,9 +355,9 @@ run_size() {
       printf "hello by <iostream> from fork to exit, of %s'"'"'s time: %.2f by the least, %.2f by the median (target 0.60)\n",
              peer, a / c, b / d }' "$work/startup"
   done
-  awk -v c="$work/hello_c" -v ours="$work/hello_iostream.plx-gcc" -v shared=.installed '{ least[$3] = $1 } END {
+  awk -v c="$work/hello_c" -v ours="$work/hello_iostream.plx-gcc.installed" -v static="$work/hello_iostream.plx-gcc-static" '{ least[$3] = $1 } END {
     printf "hello in C: %s us, static %s us; hello by <iostream> of that: %.2f, static %.2f (target 1.15)\n", least[c],
-           least[c "-static"], least[ours shared] / least[c], least[ours "-static"] / least[c "-static"] }' "$work/startup"
+           least[c "-static"], least[ours] / least[c], least[static] / least[c "-static"] }' "$work/startup"
   [ -f "$work/hello_throw.plx-gcc-static.members" ] || return
   printf '\n%-50s %10s %10s\n' "objects of libplx.a in a static program" throw iostream
   for folder in libC exceptions string containers numbers locale iostream cxxabi unwind; do

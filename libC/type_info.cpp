@@ -25,8 +25,7 @@ namespace std {
 type_info::~type_info() {}
 
 bool type_info::equal(const type_info &other) const PLX_NOTHROW {
-  const a_type_info_impl *left = record_of(this), *right = record_of(&other);
-  return is_foreign(left) && is_foreign(right) ? foreign_same_name(left, right) : same_type(left, right);
+  return same_type(record_of(this), record_of(&other));
 }
 
 bool type_info::before(const type_info &other) const PLX_NOTHROW {

@@ -34,20 +34,12 @@ PLX_NOINLINE a_plan *find_caller(a_plan *plan, unsigned address) {
 inline unsigned stack_word(unsigned address) { return *reinterpret_cast<const unsigned *>(address); }
 
 // A frame's CFA must lie above what the frame calls, and on the stack: a damaged table must not lead in a circle.
-PLX_ALWAYS_INLINE bool is_above(unsigned cfa, const a_machine_frame &frame, unsigned stack_end) {
-  return cfa > frame.registers[register_esp] && cfa <= stack_end;
-}
-
-PLX_ALWAYS_INLINE bool plain_cfa_of(const a_plan *plan, const a_machine_frame &frame, unsigned stack_end,
-                                    unsigned &cfa) {
-  cfa = frame.registers[plan->cfa_register] + static_cast<unsigned>(plan->cfa_offset);
-  return is_above(cfa, frame, stack_end);
-}
-
 PLX_ALWAYS_INLINE bool cfa_of(const a_plan *plan, const a_machine_frame &frame, unsigned stack_end, unsigned &cfa) {
-  if (__builtin_expect(plan->shape == a_plan::plain, 1)) return plain_cfa_of(plan, frame, stack_end, cfa);
-  if (plan->shape >= a_plan::untabled) return false;
-  if (plan->shape == a_plan::realigned) {
+  if (__builtin_expect(plan->shape == a_plan::plain, 1)) {
+    cfa = frame.registers[plan->cfa_register] + static_cast<unsigned>(plan->cfa_offset);
+  } else if (plan->shape >= a_plan::untabled) {
+    return false;
+  } else if (plan->shape == a_plan::realigned) {
     const unsigned place = frame.registers[plan->cfa_register] + static_cast<unsigned>(plan->cfa_offset);
     if (!is_on_stack(frame, place)) return false;
     cfa = stack_word(place);
@@ -61,7 +53,7 @@ PLX_ALWAYS_INLINE bool cfa_of(const a_plan *plan, const a_machine_frame &frame, 
     // A signal handler may run on a stack of its own.
     if (plan->caller_is_interrupted) return true;
   }
-  return is_above(cfa, frame, stack_end);
+  return cfa > frame.registers[register_esp] && cfa <= stack_end;
 }
 
 PLX_ALWAYS_INLINE void plain_step(const a_plan *plan, unsigned cfa, a_machine_frame &frame) {

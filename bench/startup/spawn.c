@@ -1,7 +1,8 @@
 /* Measures how long programs take from fork to exit: runs each of the given programs in turn, ROUNDS times, with
  * standard output discarded, and prints the least and the median in microseconds and its name for each, in the order
  * given. PROGRAM:LIBRARY is a program for which this library is loaded by its path, at once, as the dynamic linker
- * finds what is installed for the system; a search path in the program would cost tens of system calls.
+ * finds what is installed for the system; a search path in the program would cost tens of system calls. All start
+ * with an environment that is empty but for that.
  *
  *   spawn ROUNDS PROGRAM[:LIBRARY]...
  */
