@@ -9,35 +9,20 @@ namespace __zor {
 
 namespace {
 
-// The sources of characters: text, and one character many times.
-struct text_source {
-  const char *text;
-
-  void write(char *to, unsigned n) const { move_characters(to, text, n); }
-  bool lies_in(const b_str_ref *rep) const { return text >= rep->data && text <= rep->data + rep->length; }
-};
-
-struct fill_source {
-  char c;
-
-  void write(char *to, unsigned n) const { fill_characters(to, n, c); }
-  bool lies_in(const b_str_ref *) const { return false; }
-};
+// The sources of characters: a text, and one character many times. Plain values, which are passed in registers.
+void write(char *to, const char *text, unsigned n) { move_characters(to, text, n); }
+void write(char *to, char c, unsigned n) { fill_characters(to, n, c); }
+bool lies_in(const b_str_ref *rep, const char *text) { return text >= rep->data && text <= rep->data + rep->length; }
+bool lies_in(const b_str_ref *, char) { return false; }
 
 // For a text inside the string whose tail from `gap` on was moved up by n: its part before the gap, then the rest.
-void write_split(char *gap, const char *text, unsigned n) {
+void write_moved(char *gap, const char *text, unsigned n) {
   const unsigned distance = text < gap ? static_cast<unsigned>(gap - text) : 0;
   const unsigned before = distance < n ? distance : n;
   move_characters(gap, text, before);
   move_characters(gap + before, text + before + n, n - before);
 }
-void write_moved(char *gap, text_source source, unsigned n, bool inside) {
-  if (inside)
-    write_split(gap, source.text, n);
-  else
-    source.write(gap, n);
-}
-void write_moved(char *gap, fill_source source, unsigned n, bool) { source.write(gap, n); }
+void write_moved(char *, char, unsigned) {}
 
 // Ends a change in a private representation's own room: references into it are none any more.
 inline void changed_in_place(b_str_ref *rep, unsigned length, unsigned capacity) {
@@ -46,67 +31,94 @@ inline void changed_in_place(b_str_ref *rep, unsigned length, unsigned capacity)
   rep->count = 1;
 }
 
-// Ways in place: in the block that is there; false when that has no room, or is shared. `widen` tells whether a private
-// representation holds n characters, and gives it the capacity for them; no length comes near the largest number.
+// A private representation gets the capacity for n characters, where its block has room for them; no length comes near
+// the largest number.
 constexpr unsigned most_in_place = _string_npos - 32;
 PLX_ALWAYS_INLINE bool widen(b_str_ref *rep, unsigned n) {
-  return _string_is_private(rep) && (n < rep->capacity || _string_widen(rep, n));
+  return n < rep->capacity || (n <= most_in_place && _string_widen(rep, n));
 }
 
-template <class Source> PLX_ALWAYS_INLINE bool assign_in_place(b_str_ref *rep, Source source, unsigned n) {
-  if (n > most_in_place || !widen(rep, n)) return false;
-  source.write(rep->data, n);
-  set_length(rep, n);
-  rep->count = 1;
+// Assignment of a short text: no calls but for a new block.
+PLX_ALWAYS_INLINE bool assign_short(b_str_ref *&rep, const char *text, unsigned n) {
+  b_str_ref *const old = rep;
+  if (n > short_move) return false;
+  if (!_string_is_private(old)) {
+    b_str_ref *made = make_text(text, n);
+    --old->count;
+    rep = made;
+    return true;
+  }
+  if (!widen(old, n)) return false;
+  move_characters(old->data, text, n);
+  set_length(old, n);
+  old->count = 1;
   return true;
 }
 
+// Appending in place.
 template <class Source> PLX_ALWAYS_INLINE bool append_in_place(b_str_ref *rep, Source source, unsigned n) {
   const unsigned length = rep->length;
-  if (n > most_in_place - length || !widen(rep, length + n)) return false;
+  if (!_string_is_private(rep)) return false;
+  if (n >= rep->capacity - length && (n > most_in_place - length || !_string_widen(rep, length + n))) return false;
   char *const at = rep->data + length;
   set_length(rep, length + n);
   rep->count = 1;
-  source.write(at, n);
+  write(at, source, n);
   return true;
 }
 
-template <class Source> PLX_NOINLINE void assign_by_new_block(b_str_ref *&rep, Source source, unsigned n) {
+// Appending to a string that shares its representation, as all empty ones do.
+template <class Source> PLX_ALWAYS_INLINE void append_to_copy(b_str_ref *&rep, Source source, unsigned n) {
+  b_str_ref *const old = rep;
+  const unsigned length = old->length;
+  b_str_ref *made = make_representation(capacity_for(length + n));
+  copy_characters(made->data, old->data, length);
+  write(made->data + length, source, n);
+  set_length(made, length + n);
+  --old->count;
+  rep = made;
+}
+
+}  // namespace
+
+// What is left of assigning and appending. Not in the unnamed namespace, where clang passes fewer arguments in
+// registers.
+template <class Source> PLX_HIDDEN PLX_NOINLINE PLX_REGPARM void assign(b_str_ref *&rep, Source source, unsigned n) {
+  if (_string_is_private(rep) && widen(rep, n)) {
+    write(rep->data, source, n);
+    set_length(rep, n);
+    rep->count = 1;
+    return;
+  }
   if (n == _string_npos) fail_length();
   b_str_ref *made = make_representation(capacity_for(n));
-  source.write(made->data, n);
+  write(made->data, source, n);
   set_length(made, n);
   take_over(rep, made);
 }
 
-template <class Source> PLX_NOINLINE void append_by_new_block(b_str_ref *&rep, Source source, unsigned n) {
+template <class Source>
+PLX_HIDDEN PLX_NOINLINE PLX_REGPARM void append_by_new_block(b_str_ref *&rep, Source source, unsigned n) {
   const unsigned length = rep->length;
   if (n >= ~length) fail_length();
-  const unsigned new_length = length + n;
-  unsigned room = 0;
-  if (_string_is_private(rep)) {
-    room = grown_room(rep);
-    b_str_ref *extended = source.lies_in(rep) ? nullptr : extend_representation(rep, capacity_for(new_length), room);
-    if (extended) {
-      rep = extended;
-      source.write(rep->data + length, n);
-      set_length(rep, new_length);
-      return;
-    }
+  if (!_string_is_private(rep)) return append_to_copy(rep, source, n);
+  const unsigned capacity = capacity_for(length + n), room = grown_room(rep);
+  b_str_ref *made = lies_in(rep, source) ? nullptr : extend_representation(rep, capacity, room);
+  if (!made) {
+    made = make_roomy_representation(capacity, room);
+    copy_characters(made->data, rep->data, length);
+    write(made->data + length, source, n);
+    free_representation(rep);
+  } else {
+    write(made->data + length, source, n);
   }
-  b_str_ref *made =
-      room ? make_roomy_representation(capacity_for(new_length), room) : make_representation(capacity_for(new_length));
-  copy_characters(made->data, rep->data, length);
-  source.write(made->data + length, n);
-  set_length(made, new_length);
-  take_over(rep, made);
+  set_length(made, length + n);
+  rep = made;
 }
 
-// What only new blocks need is out of line, so that the ways in place save few registers.
-template <class Source> void assign(b_str_ref *&rep, Source source, unsigned n) {
-  if (!assign_in_place(rep, source, n)) assign_by_new_block(rep, source, n);
-}
-template <class Source> void append(b_str_ref *&rep, Source source, unsigned n) {
+namespace {
+
+template <class Source> PLX_ALWAYS_INLINE void append(b_str_ref *&rep, Source source, unsigned n) {
   if (!append_in_place(rep, source, n)) append_by_new_block(rep, source, n);
 }
 
@@ -121,13 +133,13 @@ template <class Source> void exchange(b_str_ref *&rep, unsigned pos, unsigned xl
   if (_string_is_private(rep)) {
     if (has_room(rep, length + n, capacity)) {
       char *at = rep->data + pos;
-      if (source.lies_in(rep)) {
+      if (lies_in(rep, source)) {
         move_characters(at + n, at, length - pos + 1);  // the source may include the terminator
-        write_moved(at, source, n, true);
+        write_moved(at, source, n);
         move_characters(at + n, at + n + xlen, tail);
       } else {
         move_characters(at + n, at + xlen, tail);
-        source.write(at, n);
+        write(at, source, n);
       }
       changed_in_place(rep, new_length, capacity);
       return;
@@ -136,7 +148,7 @@ template <class Source> void exchange(b_str_ref *&rep, unsigned pos, unsigned xl
   }
   b_str_ref *made = room ? make_roomy_representation(capacity, room) : make_representation(capacity);
   copy_characters(made->data, rep->data, pos);
-  source.write(made->data + pos, n);
+  write(made->data + pos, source, n);
   copy_characters(made->data + pos + n, rep->data + pos + xlen, tail);
   set_length(made, new_length);
   take_over(rep, made);
@@ -177,7 +189,7 @@ template <class Source> void replace(b_str_ref *&rep, unsigned pos, unsigned n1,
   if (n2 == 0) {
     erase(rep, pos, xlen);
   } else if (xlen == n2 && _string_is_private(rep) && has_room(rep, length + n2, capacity)) {
-    source.write(rep->data + pos, n2);  // nothing moves, so the source may lie anywhere
+    write(rep->data + pos, source, n2);  // nothing moves, so the source may lie anywhere
     changed_in_place(rep, length, capacity);
   } else {
     exchange(rep, pos, xlen, source, n2);
@@ -186,25 +198,32 @@ template <class Source> void replace(b_str_ref *&rep, unsigned pos, unsigned n1,
 
 }  // namespace
 
-void _string_assign(b_str_ref *&rep, const char *text, unsigned n) { assign(rep, text_source{text}, n); }
-void _string_assign_filled(b_str_ref *&rep, unsigned n, char c) { assign(rep, fill_source{c}, n); }
+void _string_assign(b_str_ref *&rep, const char *text, unsigned n) {
+  if (!assign_short(rep, text, n)) assign(rep, text, n);
+}
+void _string_assign_filled(b_str_ref *&rep, unsigned n, char c) { assign(rep, c, n); }
 
-void _string_append(b_str_ref *&rep, const char *text, unsigned n) { append(rep, text_source{text}, n); }
-void _string_append_filled(b_str_ref *&rep, unsigned n, char c) { append(rep, fill_source{c}, n); }
-void _string_append_one(b_str_ref *&rep, char c) { append(rep, fill_source{c}, 1); }
+void _string_append(b_str_ref *&rep, const char *text, unsigned n) { append(rep, text, n); }
+void _string_append_filled(b_str_ref *&rep, unsigned n, char c) { append(rep, c, n); }
+void _string_append_one(b_str_ref *&rep, char c) {
+  if (!_string_is_private(rep) && rep->length < most_in_place)
+    append_to_copy(rep, c, 1);
+  else
+    append(rep, c, 1);
+}
 
 void _string_insert(b_str_ref *&rep, unsigned pos, const char *text, unsigned n) {
-  if (n != 0 && text) insert(rep, pos, text_source{text}, n);
+  if (n != 0 && text) insert(rep, pos, text, n);
 }
 void _string_insert_filled(b_str_ref *&rep, unsigned pos, unsigned n, char c) {
-  if (n != 0) insert(rep, pos, fill_source{c}, n);
+  if (n != 0) insert(rep, pos, c, n);
 }
 
 void _string_replace(b_str_ref *&rep, unsigned pos, unsigned n1, const char *text, unsigned n2) {
-  replace(rep, pos, n1, text_source{text}, text ? n2 : 0);
+  replace(rep, pos, n1, text, text ? n2 : 0);
 }
 void _string_replace_filled(b_str_ref *&rep, unsigned pos, unsigned n1, unsigned n2, char c) {
-  replace(rep, pos, n1, fill_source{c}, n2);
+  replace(rep, pos, n1, c, n2);
 }
 
 void _string_erase(b_str_ref *&rep, unsigned pos, unsigned n) { erase(rep, pos, n); }

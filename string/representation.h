@@ -4,6 +4,7 @@
 
 #include <stddef.h>
 
+#include <plx/base/prefetch.h>
 #include <plx/string/string_core.h>
 
 #include "../libC/i386/short_copy.h"
@@ -37,6 +38,7 @@ PLX_ALWAYS_INLINE b_str_ref *make_representation(unsigned capacity) {
     if (__builtin_expect(head != nullptr, true)) {
       b_str_ref *rep = reinterpret_cast<b_str_ref *>(head);
       head = head->next;
+      _prefetch_unless_null(head, rep);  // where many were freed, the next has left the cache
       rep->count = 1;
       rep->capacity = capacity;
       return rep;

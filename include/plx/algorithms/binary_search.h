@@ -6,6 +6,7 @@
 #include <plx/base/algobase.h>
 #include <plx/base/functions.h>
 #include <plx/base/ordering.h>
+#include <plx/base/prefetch.h>
 
 namespace __zor {
 namespace _functions {
@@ -56,11 +57,11 @@ inline _T *_scalar_bound(_T *_first, _T *_last, const _V _value, _Before &_befor
   std::size_t _n = static_cast<std::size_t>(_last - _first);
   if (_n == 0) return _first;
   // While the range is longer than the first cache, both elements that the next step may compare are prefetched.
-  // Processors without SSE take the instruction for a no-op; __builtin_prefetch emits nothing for i686.
   for (std::size_t _half; _n > _cached; _n -= _half) {
     _half = _n / 2;
-    const _T *const _lower = _first + (_n - _half) / 2, *const _higher = _lower + _half;
-    __asm__ volatile("prefetcht0 %0\n\tprefetcht0 %1" : : "m"(*_lower), "m"(*_higher));
+    const _T *const _lower = _first + (_n - _half) / 2;
+    __zor::_prefetch(_lower);
+    __zor::_prefetch(_lower + _half);
     std::size_t _beyond = _upper ? !_before(_value, _first[_half - 1]) : _before(_first[_half - 1], _value);
     _beyond = -_beyond;
     PLX_OPAQUE(_beyond);

@@ -7,6 +7,7 @@
 #include <stddef.h>
 
 #include <plx/base/config.h>
+#include <plx/base/prefetch.h>
 #include <plx/base/string_fwd.h>
 #include <plx/base/type_properties.h>
 
@@ -106,7 +107,7 @@ template <class _T> struct _list_plain_entry {
 
   void set(_list_links *_n) { _node = _n; }
   _T &value() const { return static_cast<_list_node<_T> *>(_node)->value; }
-  void _fetch() const { __builtin_prefetch(__zor::_address_of(value())); }
+  void _fetch() const { __zor::_prefetch(__zor::_address_of(value())); }
 };
 
 // Strings in their own order: the first four characters are the key, and the rest is only looked at where they agree.

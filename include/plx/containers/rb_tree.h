@@ -595,7 +595,7 @@ private:
     header->parent = _to;
     for (;;) {
       while (_from->left) {
-        _rb_tree_prefetch(_from->right, _from);
+        __zor::_prefetch_unless_null(_from->right, _from);
         _from = _from->left;
         _to->left = _copy_node(_from, _to);
         _to = _to->left;
@@ -632,7 +632,7 @@ private:
     while (_n) {
       _node *const _left = _n->left;
       _node *const _right = _n->right;
-      _rb_tree_prefetch(_left, _n);
+      __zor::_prefetch_unless_null(_left, _n);
       _destroy_typed(_n);
       if (_left && _right) _destroy_below(_right);
       _n = _left ? _left : _right;

@@ -14,6 +14,7 @@
 #include <stddef.h>
 
 #include <plx/base/config.h>
+#include <plx/base/prefetch.h>
 
 namespace __zor {
 
@@ -68,17 +69,10 @@ inline rb_tree_node_base *_rb_tree_child(const rb_tree_node_base *_n, bool _on_t
   return _left;
 }
 
-// Prefetches a node that will be needed a few steps later. The prefetch of a null pointer costs a TLB miss, so a node
-// that is at hand stands in for it. Processors without SSE take the instruction for a no-op.
-inline void _rb_tree_prefetch(const rb_tree_node_base *_n, const rb_tree_node_base *_otherwise) PLX_NOTHROW {
-  const rb_tree_node_base *_at = _n ? _n : _otherwise;
-  __asm__ volatile("prefetcht0 %0" : : "m"(*_at));
-}
-
 // An in-order walk comes to the right children next, so they are prefetched on the way down.
 inline rb_tree_node_base *_rb_tree_first(rb_tree_node_base *_n) PLX_NOTHROW {
   for (;; _n = _n->left) {
-    _rb_tree_prefetch(_n->right, _n);
+    _prefetch_unless_null(_n->right, _n);
     if (!_n->left) return _n;
   }
 }
@@ -99,7 +93,7 @@ inline rb_tree_node_base *_rb_tree_prev(const rb_tree_node_base *_n) PLX_NOTHROW
   rb_tree_node_base *_at = _n->left;
   if (_at) {
     for (;; _at = _at->right) {
-      _rb_tree_prefetch(_at->left, _at);
+      _prefetch_unless_null(_at->left, _at);
       if (!_at->right) return _at;
     }
   }
