@@ -38,23 +38,6 @@ PLX_ALWAYS_INLINE bool widen(b_str_ref *rep, unsigned n) {
   return n < rep->capacity || (n <= most_in_place && _string_widen(rep, n));
 }
 
-// Assignment of a short text: no calls but for a new block.
-PLX_ALWAYS_INLINE bool assign_short(b_str_ref *&rep, const char *text, unsigned n) {
-  b_str_ref *const old = rep;
-  if (n > short_move) return false;
-  if (!_string_is_private(old)) {
-    b_str_ref *made = make_text(text, n);
-    --old->count;
-    rep = made;
-    return true;
-  }
-  if (!widen(old, n)) return false;
-  move_characters(old->data, text, n);
-  set_length(old, n);
-  old->count = 1;
-  return true;
-}
-
 // Appending in place.
 template <class Source> PLX_ALWAYS_INLINE bool append_in_place(b_str_ref *rep, Source source, unsigned n) {
   const unsigned length = rep->length;
@@ -199,7 +182,17 @@ template <class Source> void replace(b_str_ref *&rep, unsigned pos, unsigned n1,
 }  // namespace
 
 void _string_assign(b_str_ref *&rep, const char *text, unsigned n) {
-  if (!assign_short(rep, text, n)) assign(rep, text, n);
+  if (n > short_move) return assign(rep, text, n);
+  b_str_ref *const old = rep;
+  if (_string_is_private(old)) {  // any capacity is larger
+    move_characters(old->data, text, n);
+    set_length(old, n);
+    old->count = 1;
+  } else {
+    b_str_ref *made = make_text(text, n);
+    --old->count;
+    rep = made;
+  }
 }
 void _string_assign_filled(b_str_ref *&rep, unsigned n, char c) { assign(rep, c, n); }
 

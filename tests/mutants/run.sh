@@ -32,7 +32,7 @@ passes() {
   local pattern targets=
   pattern="^($(IFS='|'; echo "$*"))(\$|[/:])"
   [ "$pass" = sources ] || targets="plx_start $(awk -v pattern="$pattern" '$1 ~ pattern { print $2 }' "$build/tests/targets")"
-  case " $* " in *" unwind"*) targets+=" plx_static plx_pie" ;; esac  # static programs are among these
+  case " $* " in *" unwind"* | *" driver"*) targets+=" plx_static plx_pie" ;; esac  # static programs are among these
   # shellcheck disable=SC2086 # a list of words
   ninja -C "$build" --quiet -j"$(nproc)" plx $targets > "$build/log" 2>&1 || return 2
   (ulimit -v 4000000; ctest --test-dir "$build" -j2 --stop-on-failure --no-tests=error -R "$pattern") \
