@@ -24,6 +24,14 @@ void write_moved(char *gap, const char *text, unsigned n) {
 }
 void write_moved(char *, char, unsigned) {}
 
+// What stands behind a change is moved by functions that need the GOT pointer anyway.
+void move_tail(char *to, const char *from, unsigned n) {
+  if (n > short_move)
+    memmove(to, from, n);
+  else
+    move_characters(to, from, n);
+}
+
 // Ends a change in a private representation's own room: references into it are none any more.
 inline void changed_in_place(b_str_ref *rep, unsigned length, unsigned capacity) {
   set_length(rep, length);
@@ -121,7 +129,7 @@ template <class Source> void exchange(b_str_ref *&rep, unsigned pos, unsigned xl
         write_moved(at, source, n);
         move_characters(at + n, at + n + xlen, tail);
       } else {
-        move_characters(at + n, at + xlen, tail);
+        move_tail(at + n, at + xlen, tail);
         write(at, source, n);
       }
       changed_in_place(rep, new_length, capacity);
@@ -150,7 +158,7 @@ PLX_ALWAYS_INLINE void erase(b_str_ref *&rep, unsigned pos, unsigned n) {
   if (n == 0) return;
   const unsigned tail = length - pos - n;
   if (_string_is_private(rep)) {
-    move_characters(rep->data + pos, rep->data + pos + n, tail);
+    move_tail(rep->data + pos, rep->data + pos + n, tail);
     set_length(rep, length - n);
     rep->count = 1;
   } else {
