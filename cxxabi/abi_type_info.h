@@ -23,7 +23,7 @@ public:
   // Two characters, a class's length and first letter, tell most names apart without a call.
   bool has_same_name(const abi_type_info *other) const {
     return _name_ == other->_name_ ||
-           (_name_[0] == other->_name_[0] && _name_[1] == other->_name_[1] && is_same_text(other));
+           (_name_[0] == other->_name_[0] && _name_[1] == other->_name_[1] && _name_[0] != '*' && is_same_text(other));
   }
 
 private:

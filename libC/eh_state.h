@@ -122,7 +122,7 @@ extern int terminate_called;
 // and a conversion to a base matches, *object becomes the base's address.
 int match_specification(const an_exception_type_specification *list, const a_type_info_impl *type, unsigned char flags,
                         char *qualifier_string, unsigned char access_value, void **object);
-bool same_type(const a_type_info_impl *left, const a_type_info_impl *right);
+PLX_HIDDEN bool same_type(const a_type_info_impl *left, const a_type_info_impl *right);
 
 void clean_up_regions(an_eh_stack_entry *entry, unsigned short from, unsigned short to);
 

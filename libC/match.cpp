@@ -13,6 +13,16 @@ const char *identity_of(const a_type_info_impl *type) {
   return is_foreign(type) ? foreign_identity(type) : type->identity;
 }
 
+// Of types that are not both foreign.
+PLX_NOINLINE bool same_identity(const a_type_info_impl *left, const a_type_info_impl *right) {
+  const char *identity = identity_of(left);
+  if (identity && identity == identity_of(right)) return true;
+  if (is_foreign(left) || is_foreign(right)) return false;
+  // Objects that were loaded apart have identity objects of their own; what a file keeps to itself is its own type.
+  return identity && right->identity && strcmp(left->name, right->name) == 0 &&
+         are_exported_alike(identity, right->identity);
+}
+
 bool has_bases(const a_type_info_impl *type) { return is_foreign(type) || type->bases; }
 
 bool element_matches(const an_exception_type_specification *element, const a_type_info_impl *type, unsigned char flags,
@@ -39,13 +49,7 @@ bool element_matches(const an_exception_type_specification *element, const a_typ
 bool same_type(const a_type_info_impl *left, const a_type_info_impl *right) {
   if (left == right) return true;
   // Foreign records of one type have one name, whatever their identities.
-  if (is_foreign(left) && is_foreign(right)) return foreign_same_name(left, right);
-  const char *identity = identity_of(left);
-  if (identity && identity == identity_of(right)) return true;
-  if (is_foreign(left) || is_foreign(right)) return false;
-  // Objects that were loaded apart have identity objects of their own; what a file keeps to itself is its own type.
-  return identity && right->identity && strcmp(left->name, right->name) == 0 &&
-         are_exported_alike(identity, right->identity);
+  return is_foreign(left) && is_foreign(right) ? foreign_same_name(left, right) : same_identity(left, right);
 }
 
 int match_specification(const an_exception_type_specification *list, const a_type_info_impl *type, unsigned char flags,

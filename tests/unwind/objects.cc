@@ -24,7 +24,7 @@ static void cross(const services *to) {
                 to->catch_one(to->throw_one, kind));
   shared_base *const made = to->make();
   std::printf("cast %d types %d%d\n", dynamic_cast<both *>(made) ? dynamic_cast<side *>(made) != 0 : -1,
-              to->is_type(typeid(wrapped<shared_error>), false), to->is_type(typeid(internal), true));
+              to->is_type(typeid(wrapped<shared_error>), false), to->is_type(hidden_type(), true));
   delete made;
 }
 

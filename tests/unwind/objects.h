@@ -23,6 +23,15 @@ struct internal {
   int n;
 };
 }  // namespace
+// Of a function that others do not see; clang's names do not tell it.
+static const std::type_info &hidden_type() {
+  struct local {};
+#ifdef __clang__
+  return typeid(internal);
+#else
+  return typeid(local);
+#endif
+}
 struct opaque;  // defined in plugin.cc only
 
 typedef void (*thrower)(int kind);
@@ -30,7 +39,7 @@ struct services {
   thrower throw_one;
   int (*catch_one)(thrower, int kind);
   shared_base *(*make)();
-  bool (*is_type)(const std::type_info &, bool internal);
+  bool (*is_type)(const std::type_info &, bool hidden);
 };
 
 // Throws and catches, the same in the program and in each object.

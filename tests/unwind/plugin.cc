@@ -20,8 +20,8 @@ static shared_base *make() {
   static says local("local");
   return new both(NUMBER);
 }
-static bool is_type(const std::type_info &type, bool of_internal) {
-  const std::type_info &own = of_internal ? typeid(internal) : typeid(wrapped<shared_error>);
+static bool is_type(const std::type_info &type, bool hidden) {
+  const std::type_info &own = hidden ? hidden_type() : typeid(wrapped<shared_error>);
   return type == own && !type.before(own) && !own.before(type);
 }
 extern "C" const services plugin = {throw_one, catch_one, make, is_type};
