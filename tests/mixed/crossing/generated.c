@@ -103,3 +103,9 @@ void c_catches(thrower throws, int what) {
 const a_type_info_impl c_view_of_cpp_type = {PLX_TYPE_INFO_VTABLE, "another name", _ZTS8cpp_type, 0};
 TYPE(whole, 0, 0);
 const a_type_info_impl *const c_class = &whole_type;
+/* In a program that has the casts of C++, too. */
+int c_casts(void) {
+  static const a_virtual_table_slot table[] = {{0, 0, &joined_type}};
+  return __dynamic_cast(&static_joined, table, &second_type) == &static_joined.two &&
+         !__dynamic_cast(&static_joined, table, &c_view_of_cpp_type);
+}

@@ -10,6 +10,7 @@ typedef void (*thrower)(int what);
 void say(const char *format, ...);
 void c_throws(int what);
 void c_catches(thrower throws, int what);
+int c_casts(void);
 const char *cpp_what(const void *exception);
 
 typedef struct first {
