@@ -1,6 +1,7 @@
 // vector, also of bits, deque, the adaptors that stand over it, and list: random runs of every operation, nodes that
-// move between two lists and within them, and sorts of every length around a run, also without memory for it; printed
-// and compared with the host's library. Each kind in one dialect, strings in a vector in both.
+// move between two lists and within them, and sorts of every length around a run, also without memory for it; elements
+// that can only be moved, and what else later dialects have; printed and compared with the host's library. Each kind in
+// the old dialect or in the later ones, strings in a vector in all.
 // prints: 47109 lines
 // test-variants: -O1 | -O2 -std=gnu++20 | -O0 -std=gnu++11
 #include "../sequence_operations.h"
