@@ -56,7 +56,7 @@ void table() {
       CHECK_TEXT(written.c_str(), row[3].c_str());
       CHECK(written == row[3] && (written.empty() || s.width() == row.number(4)));
     }
-  CHECK_INT(count, 107);
+  CHECK_INT(count, 108);
 }
 
 // Counts of what never ends go to their largest value, and no further.
@@ -112,8 +112,8 @@ void iterators() {
   CHECK(p.pubsync() == 0 && p.sgetc() == -1 && p.sbumpc() == -1 && p.sputc('c') == -1 && p.in_avail() == 0);
 }
 
-// A position that its class has moved beyond the end of the put area is no room. Null texts are empty; and what the
-// parts of the old sentry do.
+// A position that its class has moved beyond the end of the put area is no room. Null texts are empty, but
+// a null buffer is none; and what the parts of the old sentry do. Texts and numbers are put one by one.
 void output() {
   struct area : std::streambuf {
     std::string own, more;
@@ -129,6 +129,10 @@ void output() {
   CHECK(out.opfx() && out.width() == 4);
   out.osfx(), out.setstate(b::eofbit);
   CHECK(!out.opfx() && out.rdstate() == b::eofbit);
+  scripted one_by_one;
+  std::ostream puts(&one_by_one);
+  CHECK((puts << "abc" << 'd' << 42) && one_by_one.calls[overflows] == 6 && one_by_one.calls[xsputns] == 0);
+  CHECK_INT((puts << static_cast<std::streambuf *>(0)).rdstate(), b::failbit);
   CHECK(a.own == "........." && a.more == std::string("abc121.5d    7sefg  \0!", 22));
 }
 

@@ -1,12 +1,15 @@
 // vector, also of bits, deque, the adaptors that stand over it, and list: random runs of every operation, nodes that
-// move between two lists and within them, and sorts of every length around a run, also without memory for it; printed
-// and compared with the host's library. Each kind in one dialect, strings in a vector in both.
-// prints: 32059 lines
-// test-variants: -O1 | -O2 -std=gnu++20
+// move between two lists and within them, and sorts of every length around a run, also without memory for it; elements
+// that can only be moved, and what else later dialects have; printed and compared with the host's library. Each kind in
+// the old dialect or in the later ones, strings in a vector in all.
+// prints: 47109 lines
+// test-variants: -O1 | -O2 -std=gnu++20 | -O0 -std=gnu++11
 #include "../sequence_operations.h"
 
 #include <functional>
+#include <map>
 #include <queue>
+#include <set>
 #include <stack>
 
 template class std::stack<std::string>;
@@ -51,12 +54,13 @@ template <class Stack, class Queue, class Heap, class Before> static void adapto
 }
 
 #else
+static int below(int n) { return static_cast<int>(random_below(static_cast<unsigned>(n))); }
+
 // Bits by iterators, in jumps over words, and by references.
 static void bits() {
   for (int i = 0; i < 2000; ++i) {
     std::vector<bool> b(random_below(150) + 1);
-    const int n = size_of(b), k = static_cast<int>(random_below(b.size())),
-              m = static_cast<int>(random_below(b.size()));
+    const int n = size_of(b), k = below(n), m = below(n);
     for (int j = 0; j < n; ++j) b[static_cast<unsigned int>(j)] = random_below(3) == 0;
     std::vector<bool>::iterator at = b.begin() + k;
     const bool ordered =
@@ -88,10 +92,8 @@ static void moving_nodes() {
     const unsigned int which = random_below(2), kind = random_below(13);
     has_scratch = random_below(2);
     std::list<tracked> &a = both[which], &b = random_below(3) ? both[1 - which] : a;
-    const int to = static_cast<int>(random_below(static_cast<unsigned int>(a.size()) + 1)), n = size_of(b);
-    const int first = static_cast<int>(random_below(static_cast<unsigned int>(n) + 1));
-    const int last = first + static_cast<int>(random_below(static_cast<unsigned int>(n - first) + 1));
-    const tracked key(static_cast<int>(random_below(8)), i % 1000);
+    const int to = below(size_of(a) + 1), n = size_of(b), first = below(n + 1), last = first + below(n - first + 1);
+    const tracked key(below(8), i % 1000);
     switch (kind) {
       case 0: a.push_front(key); break;
       case 1:
@@ -147,12 +149,93 @@ static void sorting() {
   }
 }
 
+// ---- Elements that can only be moved, and what later dialects have
+
+// What it was moved from is worth nothing any more.
+struct only_moved : tracked {
+  explicit only_moved(int n = 0) : tracked(n) {}
+  only_moved(only_moved &&from) : tracked(int(from)) { from.key = -1; }
+  only_moved &operator=(only_moved &&from) {
+    check();
+    key = int(from);
+    if (&from != this) from.key = -1;
+    return *this;
+  }
+  explicit operator int() const { return check(), key; }
+};
+
+template <class T> static void add_in_front(std::vector<T> &to, int n) { to.emplace(to.cbegin(), n); }
+template <class S> static void add_in_front(S &to, int n) {
+  n % 2 ? to.push_front(typename S::value_type(n)) : (void)to.emplace_front(n);
+}
+template <class S> static void shrink(S &s) { s.shrink_to_fit(); }
+template <class T> static void shrink(std::list<T> &l) {
+  l.sort(), l.merge(std::list<T>()), l.splice(l.cend(), std::list<T>());
+}
+
+template <class S> static void random_sequence() {
+  typedef typename S::value_type element;
+  S s;
+  const S &view = s;
+  for (int step = 0; step < 3000; ++step) {
+    const int size = size_of(s), at = below(size + 1), n = 1 + below(1000);
+    const auto here = place(view, at);
+    int result = 0;
+    switch (random_below(13)) {
+      case 0: s.push_back(element(n)); break;
+      case 1: s.emplace_back(n); break;
+      case 2: add_in_front(s, n); break;
+      case 3:
+      case 4: result = int(*s.insert(here, element(n))); break;
+      case 5: result = int(*s.emplace(here, n)); break;
+      case 6: result = at == size ? 0 : index_of(s, s.erase(here)); break;
+      case 7: result = index_of(s, s.erase(here, place(view, at + below(size - at + 1) / 2))); break;
+      case 8: s.resize(size + at % 5); break;
+      case 9: s.resize(size - at / 8); break;
+      case 10: {
+        S other(std::move(s)), third(3);
+        result = s.empty();
+        third = std::move(other);
+        s.swap(third);
+        break;
+      }
+      case 11: shrink(s); break;
+      default:
+        if (size > 300) s.clear();
+    }
+    printf("%d %d: %u\n", result, size_of(s), hash_of(s));
+  }
+}
+
+static void others() {
+  std::map<int, only_moved> map;
+  CHECK(map.insert(std::pair<const int, only_moved>(1, only_moved(2))).second && int(map.at(1)) == 2);
+  map[1] = only_moved(7);
+  map.emplace(3, 4), map.emplace_hint(map.cend(), 5, 6);
+  std::map<int, only_moved> moved(std::move(map));
+  map = std::move(moved);
+  CHECK(int(map.at(1)) == 7 && int(map[9]) == 0 && int(map[3]) == 4 && int(map[5]) == 6 && map.size() == 4);
+  std::set<only_moved> set;
+  CHECK(set.insert(only_moved(3)).second && !set.emplace(3).second && set.erase(set.cbegin()) == set.end());
+  set = std::set<only_moved>();
+  std::stack<only_moved> stack;
+  std::queue<only_moved> queue;
+  std::priority_queue<only_moved> heap;
+  for (int i = 0; i < 50; ++i) {
+    stack.push(only_moved(i)), stack.emplace(i + 1), stack.pop();
+    queue.push(only_moved(i)), queue.emplace(i + 1), queue.pop();
+    heap.push(only_moved(i * 7 % 50)), heap.emplace(i * 3 % 50);
+    if (i % 3 == 0) heap.pop();
+    printf("%d %d %d\n", int(stack.top()), int(queue.front()), int(heap.top()));
+  }
+}
+
 #endif
 
 int main() {
   random_run<std::vector<std::string> >("texts", 3000);
 #if __cplusplus < 201103L
-  random_run<std::vector<int> >("numbers", 5059), random_run<std::vector<bool> >("bits", 8000);
+  random_run<std::vector<int> >("numbers", 20109), random_run<std::vector<bool> >("bits", 8000);
   random_run<std::deque<int> >("numbers", 4000), random_run<std::deque<std::string> >("texts", 3000);
   random_run<std::deque<tracked> >("elements", 5000);
   ends();
@@ -165,6 +248,9 @@ int main() {
   bits();
   moving_nodes();
   sorting();
+  random_sequence<std::vector<only_moved> >(), random_sequence<std::deque<only_moved> >();
+  random_sequence<std::list<only_moved> >(), random_sequence<std::vector<long> >(), random_sequence<std::deque<int> >();
+  others();
 #endif
   CHECK_INT(tracked::live, 0);
   return test_failures != 0;

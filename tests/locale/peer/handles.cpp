@@ -10,19 +10,12 @@
 
 using std::locale;
 
-static int live;
 struct comma : std::numpunct<char> {
-  explicit comma(std::size_t refs = 0) : std::numpunct<char>(refs) { ++live; }
-  ~comma() { --live; }
+  explicit comma(std::size_t refs = 0) : std::numpunct<char>(refs) { ++noted_alive; }
+  ~comma() { --noted_alive; }
   virtual char do_decimal_point() const { return ','; }
   virtual std::string do_grouping() const { return "\2"; }
 };
-struct own : locale::facet {
-  static locale::id id;
-  own() { ++live; }
-  virtual ~own() { --live; }
-};
-locale::id own::id;
 
 enum { handles = 5 };
 static locale all[handles];
@@ -32,7 +25,7 @@ static std::string described(const locale &loc) {
   std::ostringstream out;
   out.imbue(loc);
   out << 1234567 << ' ' << 1234.5 << ' ' << std::use_facet<std::moneypunct<char, true> >(loc).curr_symbol()
-      << std::has_facet<own>(loc);
+      << std::has_facet<noted>(loc);
   return out.str();
 }
 
@@ -50,11 +43,11 @@ static void change(locale &to, bool &known, const locale &from, const locale &ot
     case 0: to = locale(name); break;
     case 1: to = locale(from, name, category); break;
     case 2: to = locale(from, other, category); break;
-    case 3: to = from.combine<own>(other); break;
+    case 3: to = from.combine<noted>(other); break;
     case 4: to = locale(from, new comma); break;
     case 5: to = locale(from, &kept); break;
-    case 6: to = locale(from, new own); break;
-    case 7: std::use_facet<own>(from); return;
+    case 6: to = locale(from, new noted); break;
+    case 7: std::use_facet<noted>(from); return;
     case 8: to = others_known ? locale::global(other) : locale::global(locale()); break;
     default: to = locale();
   }
@@ -81,7 +74,7 @@ int main() {
       if (is_known[i] && is_known[to]) printf(" %s%d%d", all[i].name().c_str(), all[i] == all[to], all[to] != all[i]);
     std::ostringstream out;
     out << 1234567;
-    printf(" live %d, default %s, %s\n", live, out.str().c_str(), setlocale(LC_NUMERIC, 0));
+    printf(" live %d, default %s, %s\n", noted_alive, out.str().c_str(), setlocale(LC_NUMERIC, 0));
   }
   return 0;
 }
