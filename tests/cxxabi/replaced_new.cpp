@@ -3,6 +3,8 @@
 // test-variants: -O0 | -O2 -static
 #include "../fail_allocation.h"
 
+#include <vector>
+
 // Each form allocates, and gives back what it got.
 static void *volatile block;
 static void *keep(void *allocated) {
@@ -33,5 +35,13 @@ int main() {
     CHECK_INT(caught_from(forms[form].allocate), !forms[form].is_quiet);
     CHECK(!forms[form].is_quiet || block == 0);
   }
+  // What grows takes a block of the program's each time, though the library's own could be extended.
+  const long calls = allocation_calls, live = live_blocks;
+  {
+    std::vector<int> numbers;
+    for (int i = 0; i < 1000; ++i) numbers.push_back(i);
+    CHECK(allocation_calls >= calls + 5 && live_blocks == live + 1 && numbers[500] == 500);
+  }
+  CHECK_INT(live_blocks, live);
   return TEST_RESULT();
 }
