@@ -355,7 +355,8 @@ run_size() {
       printf "hello by <iostream> from fork to exit, of %s'"'"'s time: %.2f by the least, %.2f by the median (target 0.60)\n",
              peer, a / c, b / d }' "$work/startup"
   done
-  awk -v c="$work/hello_c" -v ours="$work/hello_iostream.plx-gcc.installed" -v static="$work/hello_iostream.plx-gcc-static" '{ least[$3] = $1 } END {
+  awk -v c="$work/hello_c" -v ours="$work/hello_iostream.plx-gcc.installed" \
+    -v static="$work/hello_iostream.plx-gcc-static" '{ least[$3] = $1 } END {
     printf "hello in C: %s us, static %s us; hello by <iostream> of that: %.2f, static %.2f (target 1.15)\n", least[c],
            least[c "-static"], least[ours] / least[c], least[static] / least[c "-static"] }' "$work/startup"
   [ -f "$work/hello_throw.plx-gcc-static.members" ] || return

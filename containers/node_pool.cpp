@@ -38,7 +38,7 @@ void *_take_fresh_node(unsigned bytes) {
 
   bytes = (bytes + _node_step - 1) & ~(_node_step - 1u);
   if (chunks.fresh_bytes < bytes) {
-    char *chunk = chunks.new_chunk();
+    char *chunk = chunks.new_chunk(bytes);
     give_rest();
     chunks.begin(chunk);
   }

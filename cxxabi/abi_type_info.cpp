@@ -20,7 +20,7 @@ __pointer_type_info::~__pointer_type_info() {}
 __pointer_to_member_type_info::~__pointer_to_member_type_info() {}
 
 // Objects that were loaded apart have records, and names, of their own for one class. Types that only one file knows
-// are not the same for having the same name: g++ marks them, and clang's are in an unnamed namespace.
+// are not the same for that: clang's are in an unnamed namespace.
 bool abi_type_info::is_same_text(const abi_type_info *other) const {
   return strcmp(_name_, other->_name_) == 0 && !strstr(_name_, "_GLOBAL__N_");
 }

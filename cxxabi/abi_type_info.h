@@ -20,7 +20,8 @@ public:
   // The type's encoded name, as the C++ ABI writes it. A star before it is g++'s mark of a type that no other file
   // knows.
   const char *encoded_name() const { return _name_ + (*_name_ == '*'); }
-  // Two characters, a class's length and first letter, tell most names apart without a call.
+  // Two characters, a class's length and first letter, tell most names apart without a call. A
+  // marked type is not the same for having the same text.
   bool has_same_name(const abi_type_info *other) const {
     return _name_ == other->_name_ ||
            (_name_[0] == other->_name_[0] && _name_[1] == other->_name_[1] && _name_[0] != '*' && is_same_text(other));

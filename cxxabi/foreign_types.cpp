@@ -23,8 +23,6 @@ const a_type_info_impl *plain_record(const abi_type_info *type) {
 
 }  // namespace
 
-PLX_HIDDEN PLX_NOINLINE bool same_pointer_name(const abi_type_info *one, const abi_type_info *other);
-
 // The address of a name object is the same in the whole program, as an identity must be. Types that the library
 // declares for generated code have an identity of their own.
 const char *foreign_identity(const a_type_info_impl *type) {
@@ -32,15 +30,12 @@ const char *foreign_identity(const a_type_info_impl *type) {
   return known ? known : abi_record(type)->encoded_name();
 }
 
-bool same_pointer_name(const abi_type_info *one, const abi_type_info *other) {
-  return one->has_same_name(other) ||
-         (names_incomplete_class(one, other) && strcmp(one->encoded_name(), other->encoded_name()) == 0);
-}
-
 bool foreign_same_name(const a_type_info_impl *left, const a_type_info_impl *right) {
   const abi_type_info *one = abi_record(left), *other = abi_record(right);
+  if (one->has_same_name(other)) return true;
   const char kind = *one->encoded_name();
-  return kind == 'P' || kind == 'M' ? same_pointer_name(one, other) : one->has_same_name(other);
+  return (kind == 'P' || kind == 'M') && names_incomplete_class(one, other) &&
+         strcmp(one->encoded_name(), other->encoded_name()) == 0;
 }
 
 bool foreign_derived_to_base(void *object, void **converted, const a_type_info_impl *from, const a_type_info_impl *to) {

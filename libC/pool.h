@@ -36,9 +36,10 @@ struct chunk_source {
     return fresh + fresh_bytes;
   }
 
-  // In two steps, so that what is left of the last chunk can be put away between them. The first throws bad_alloc, and
-  // nothing was handed out then; the second leaves out the first bytes of the chunk.
-  char *new_chunk() {
+  // In two steps, so that what is left of the last chunk can be put away between them. The first takes at least so many
+  // bytes, and throws bad_alloc, and nothing was handed out then; the second leaves out the first bytes of the chunk.
+  char *new_chunk(unsigned least) {
+    while (next_chunk < least) next_chunk *= 2;
     if (next_chunk > modest_chunk) {
       if (void *chunk = malloc(next_chunk)) return static_cast<char *>(chunk);
       next_chunk = modest_chunk;

@@ -21,10 +21,7 @@ constexpr unsigned shift = block_step - sizeof(b_str_ref);
 // blocks of whole lines start in front, where a line does, and others at the end.
 constexpr unsigned cache_line = 64;
 
-// Serves the strings of the standard streams' start. The second has room for a block of any size.
-constexpr unsigned first_chunk = 1024, largest_in_first = first_chunk - cache_line - block_step;
-
-chunk_source chunks = {first_chunk, nullptr, 0};
+chunk_source chunks = {1024, nullptr, 0};  // the first serves the strings of the standard streams' start
 
 b_str_ref *describe(void *memory, unsigned bytes, unsigned special) {
   b_str_ref *rep = static_cast<b_str_ref *>(memory);
@@ -53,13 +50,12 @@ b_str_ref *take_block(unsigned bytes) {
     return reinterpret_cast<b_str_ref *>(block);
   }
   if (chunks.fresh_bytes < bytes) {
-    if (bytes > largest_in_first && chunks.next_chunk == first_chunk) chunks.next_chunk *= 2;
-    char *chunk = chunks.new_chunk();
+    char *chunk = chunks.new_chunk(bytes + cache_line + block_step);
     const unsigned rest = chunks.fresh_bytes;
     if (rest > block_step) put(chunks.fresh, rest);
     const unsigned aligned = cache_line - reinterpret_cast<size_t>(chunk) % cache_line;
     chunks.begin(chunk, aligned + shift);
-    chunks.fresh_bytes &= ~(block_step - 1);
+    chunks.fresh_bytes &= ~(block_step - 1);  // blocks at the end are aligned, too
   }
   return describe(bytes % cache_line ? chunks.carve_end(bytes) : chunks.carve(bytes), bytes, 0);
 }

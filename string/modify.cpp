@@ -22,7 +22,7 @@ void write_moved(char *gap, const char *text, unsigned n) {
   move_characters(gap, text, before);
   move_characters(gap + before, text + before + n, n - before);
 }
-void write_moved(char *, char, unsigned) {}
+void write_moved(char *, char, unsigned) {}  // one that lies in the string is a copy
 
 // What stands behind a change is moved by functions that need the GOT pointer anyway.
 void move_tail(char *to, const char *from, unsigned n) {
@@ -39,14 +39,9 @@ inline void changed_in_place(b_str_ref *rep, unsigned length, unsigned capacity)
   rep->count = 1;
 }
 
-// A private representation gets the capacity for n characters, where its block has room for them; no length comes near
-// the largest number.
+// Beyond it a capacity is no 32-bit number.
 constexpr unsigned most_in_place = _string_npos - 32;
-PLX_ALWAYS_INLINE bool widen(b_str_ref *rep, unsigned n) {
-  return n < rep->capacity || (n <= most_in_place && _string_widen(rep, n));
-}
 
-// Appending in place.
 template <class Source> PLX_ALWAYS_INLINE bool append_in_place(b_str_ref *rep, Source source, unsigned n) {
   const unsigned length = rep->length;
   if (!_string_is_private(rep)) return false;
@@ -75,7 +70,7 @@ template <class Source> PLX_ALWAYS_INLINE void append_to_copy(b_str_ref *&rep, S
 // What is left of assigning and appending. Not in the unnamed namespace, where clang passes fewer arguments in
 // registers.
 template <class Source> PLX_HIDDEN PLX_NOINLINE PLX_REGPARM void assign(b_str_ref *&rep, Source source, unsigned n) {
-  if (_string_is_private(rep) && widen(rep, n)) {
+  if (_string_is_private(rep) && (n < rep->capacity || (n <= most_in_place && _string_widen(rep, n)))) {
     write(rep->data, source, n);
     set_length(rep, n);
     rep->count = 1;
@@ -207,10 +202,10 @@ void _string_assign_filled(b_str_ref *&rep, unsigned n, char c) { assign(rep, c,
 void _string_append(b_str_ref *&rep, const char *text, unsigned n) { append(rep, text, n); }
 void _string_append_filled(b_str_ref *&rep, unsigned n, char c) { append(rep, c, n); }
 void _string_append_one(b_str_ref *&rep, char c) {
-  if (!_string_is_private(rep) && rep->length < most_in_place)
-    append_to_copy(rep, c, 1);
-  else
+  if (_string_is_private(rep))
     append(rep, c, 1);
+  else
+    append_to_copy(rep, c, 1);
 }
 
 void _string_insert(b_str_ref *&rep, unsigned pos, const char *text, unsigned n) {

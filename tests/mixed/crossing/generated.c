@@ -66,7 +66,7 @@ void c_throws(int what) {
     case 12: __throw_bad_cast();
     case 13: THROW(int_pointer, int **, POINTER, &pointer_to_number);
     case 14: THROW(__TI_i, int *, POINTER, &number);
-    case 15: THROW(routine_type, a_routine, POINTER, (a_routine)destroy);
+    case 15: THROW(routine_type, a_routine, POINTER, (a_routine)c_throws);
   }
 }
 
