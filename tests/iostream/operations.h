@@ -235,7 +235,6 @@ inline std::string perform(std::iostream &s, const an_operation &o, bool compara
     case get_one: return number("%lld", s.get());
     case get_into: s.get(c); return std::string(1, c);
     case peek_one:
-      if (!comparable && o.n % 4 == 2 && s.good()) return number("%lld", s.rdbuf()->snextc());
       if (comparable && s.peek() == -1) s.clear();
       return number("%lld", s.peek());
     case ignore_some: s.ignore(o.width % 100 == 9 ? 2147483647 : o.n, o.n % 2 ? o.c : -1); return "";

@@ -365,6 +365,10 @@ void bases() {
     printf("%d %d\n", (a->rdbuf() == buffers) + 2 * !a->rdbuf(), a->tie() == &tied);
   }
   for (int i = 0; i < 3; ++i) delete all[i];
+  for (unsigned i = 0; i < 20; ++i) {
+    scripted own("abc\xFF\xFExyz \xFF", i % 4, i % 5);
+    for (int k = 0; k < 12; ++k) printf("%d ", own.snextc());
+  }
   printf("\n");
 }
 
