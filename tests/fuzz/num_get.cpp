@@ -26,16 +26,10 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
       new chosen_punctuation(groupings[kind & 7], kind & 16 ? ',' : '.', kind & 8 ? '.' : ',');
   const std::locale loc(std::locale::classic(), how);
   if (kind & 23) stream.imbue(loc);  // otherwise as the classic locale has it
-  const size_t step = 1 + (data[1] >> 4);
-  switch (data[1] & 7) {
-    case 0: check_number<unsigned short>(stream, *how, text, step); break;
-    case 1: check_number<long>(stream, *how, text, step); break;
-    case 2: check_number<unsigned int>(stream, *how, text, step); break;
-    case 3: check_number<unsigned long>(stream, *how, text, step); break;
-    case 4:
-    case 5: check_number<float>(stream, *how, text, step); break;
-    case 6: check_number<double>(stream, *how, text, step); break;
-    default: check_number<long double>(stream, *how, text, step);
-  }
+  typedef std::string a_check(std::ios &, const chosen_punctuation &, const std::string &, size_t);
+  static a_check *const checks[] = {check_number<unsigned short>, check_number<long>,       check_number<unsigned int>,
+                                    check_number<unsigned long>,  check_number<float>,      check_number<float>,
+                                    check_number<double>,         check_number<long double>};
+  checks[data[1] & 7](stream, *how, text, 1 + (data[1] >> 4));
   return 0;
 }

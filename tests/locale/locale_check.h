@@ -15,7 +15,6 @@
 #include <stdexcept>
 #include <typeinfo>
 
-#include "../buffers.h"
 #include "../harness.h"
 #include "../random.h"
 #include "../rows.h"

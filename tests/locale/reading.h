@@ -1,20 +1,14 @@
 // For tests of facets that read, and for their fuzzers: a text is read over pointers, over an iterator of another kind
-// and over a buffer that shows it piece by piece, and all must be the same. It needs no exceptions and runs with every
-// C++ library.
+// and over a buffer that shows it piece by piece, and all must be the same. It runs with every C++ library.
 #ifndef TESTS_READING_H
 #define TESTS_READING_H
 
-#include <stdio.h>
-#include <stdlib.h>
-#include <string.h>
-
 #include <deque>
 #include <iterator>
-#include <locale>
 #include <ostream>
-#include <streambuf>
-#include <string>
 #include <vector>
+
+#include "../buffers.h"
 
 // A facet for a while, over any iterator.
 template <class Base> struct own_facet : Base {
@@ -33,23 +27,6 @@ struct chosen_punctuation : std::numpunct<char> {
   virtual std::string do_grouping() const { return sizes; }
   virtual std::string do_truename() const { return "oui"; }
   virtual std::string do_falsename() const { return sizes == "=" ? "oui" : "on ne sait pas"; }
-};
-
-// Shows its text in get areas of `step` characters.
-struct pieces : std::streambuf {
-  std::string text;
-  size_t at, step;
-  pieces(const std::string &of, size_t by) : text(of), at(0), step(by) {}
-  size_t position() const { return at - (egptr() - gptr()); }
-
-protected:
-  virtual int_type underflow() {
-    if (at >= text.size()) return -1;
-    const size_t n = step < text.size() - at ? step : text.size() - at;
-    setg(&text[at], &text[at], &text[at] + n);
-    at += n;
-    return static_cast<unsigned char>(*gptr());
-  }
 };
 
 inline void must(bool holds, const char *what, const std::string &text) {
@@ -72,7 +49,7 @@ template <class Reading> std::string read_all_ways(const std::string &text, size
   const std::deque<char>::const_iterator at = others[0].read(copy.begin(), copy.end(), states[1]);
   must(size_t(copy.end() - at) == left.size(), "another iterator", text);
   typedef std::istreambuf_iterator<char> iterator;
-  pieces buffer(text, step);
+  scripted buffer(text, step);
   others[1].read(iterator(&buffer), iterator(), states[2]);
   must(text.size() - buffer.position() == left.size(), "a buffer", text);
   for (int i = 0; i < 2; ++i) must(value.same(others[i]) && states[0] == states[i + 1], "not the same", text);
